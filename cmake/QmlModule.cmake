@@ -1,0 +1,21 @@
+# orvella_qml_module(TARGET URI … QML_FILES … [SOURCES …] [RESOURCES …] [IMPORTS …] [LIBRARIES …] [DEPENDENCIES …])
+# One folder of ui/, as a static QML module under qrc:/qt/qml whose files are compiled ahead of time.
+# Link a program to TARGETplugin to have the module's types registered.
+function(orvella_qml_module target)
+  cmake_parse_arguments(arg "" "URI" "QML_FILES;SINGLETONS;SOURCES;RESOURCES;LIBRARIES;DEPENDENCIES" ${ARGN})
+  set_source_files_properties(${arg_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+  string(REPLACE "." "/" path ${arg_URI})
+  qt_add_library(${target} STATIC)
+  qt_add_qml_module(${target}
+    URI ${arg_URI}
+    VERSION 1.0
+    RESOURCE_PREFIX /qt/qml
+    OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml/${path}
+    IMPORT_PATH ${PROJECT_BINARY_DIR}/qml
+    DEPENDENCIES QtQuick ${arg_DEPENDENCIES}
+    QML_FILES ${arg_SINGLETONS} ${arg_QML_FILES}
+    SOURCES ${arg_SOURCES}
+    RESOURCES ${arg_RESOURCES})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${target} PRIVATE orvella_flags PUBLIC Qt6::Quick ${arg_LIBRARIES})
+endfunction()

@@ -1,0 +1,6 @@
+pragma Singleton
+import QtQuick
+
+QtObject {
+    readonly property color bg: "#F4F4F1"
+}
