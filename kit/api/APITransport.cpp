@@ -1,0 +1,97 @@
+#include "kit/api/APITransport.h"
+
+#include <QLoggingCategory>
+
+namespace orv {
+
+Q_LOGGING_CATEGORY(lcApi, "orvella.api")
+
+std::optional<QString> HTTPAnswer::header(QByteArrayView name) const {
+  for (const auto& [key, value] : headers)
+    if (key.compare(name, Qt::CaseInsensitive) == 0) return QString::fromUtf8(value);
+  return std::nullopt;
+}
+
+void AnswerReceiver::connect(QObject* home, std::function<void()> wake) {
+  const std::lock_guard lock(m_mutex);
+  m_home = home;
+  m_wake = std::move(wake);
+}
+
+void AnswerReceiver::disconnect() {
+  const std::lock_guard lock(m_mutex);
+  m_home = nullptr;
+  m_wake = nullptr;
+}
+
+bool AnswerReceiver::hasListener() {
+  const std::lock_guard lock(m_mutex);
+  return m_home != nullptr;
+}
+
+void AnswerReceiver::receive(ExchangeResult result) {
+  if (!hasListener()) return;
+  // Decoding may take long and must not hold the lock that the asking thread takes to let go.
+  interpret(result);
+  const std::lock_guard lock(m_mutex);
+  if (m_home) QMetaObject::invokeMethod(m_home, m_wake, Qt::QueuedConnection);
+}
+
+namespace detail {
+namespace {
+
+APIError ofFailure(TransportFailure failure) {
+  switch (failure) {
+    case TransportFailure::offline: return APIError::of(APIError::Kind::offline);
+    case TransportFailure::timedOut: return APIError::of(APIError::Kind::timedOut);
+    case TransportFailure::cancelled: return APIError::of(APIError::Kind::cancelled);
+    case TransportFailure::unreachable: return APIError::of(APIError::Kind::unreachable);
+    case TransportFailure::invalidResponse: return APIError::of(APIError::Kind::invalidResponse);
+  }
+  Q_UNREACHABLE();
+}
+
+APIError rateLimit(const HTTPAnswer& answer) {
+  bool isNumber = false;
+  const double seconds = answer.header("Retry-After").value_or(QString()).trimmed().toDouble(&isNumber);
+  return APIError::rateLimited(isNumber ? std::optional(seconds) : std::nullopt);
+}
+
+APIError refusal(const HTTPAnswer& answer) {
+  try {
+    auto problem = decodeJSON<Problem>(answer.body);
+    if (problem.title || problem.detail || problem.code)
+      return APIError::problem(std::move(problem), answer.header("x-request-id"));
+  } catch (const DecodeError&) {
+    // A proxy's HTML page is an answer too; it just says nothing.
+  }
+  return APIError::server(answer.status);
+}
+
+}  // namespace
+
+std::optional<APIError> errorOf(const ExchangeResult& result) {
+  if (const auto* failure = std::get_if<TransportFailure>(&result)) return ofFailure(*failure);
+  const auto& answer = std::get<HTTPAnswer>(result);
+  if (answer.status >= 200 && answer.status < 300) return std::nullopt;
+  const APIError::Context context{answer.status, false};
+  if (answer.status == 429) return rateLimit(answer).withContext(context);
+  if (answer.status == 401) return APIError::of(APIError::Kind::unauthorized).withContext(context);
+  return refusal(answer).withContext(context);
+}
+
+void logDecodeFailure(const DecodeError& error) { qCWarning(lcApi, "Undecodable answer: %s", error.what()); }
+
+}  // namespace detail
+
+WorkspaceTransport::WorkspaceTransport(APITransport& transport, QString slug, QString token)
+    : m_transport(transport), m_slug(std::move(slug)), m_token(std::move(token)) {}
+
+std::unique_ptr<APITransport::Exchange> WorkspaceTransport::exchange(APICall call,
+                                                                     std::shared_ptr<AnswerReceiver> receiver) {
+  if (!call.request.isAccountLevel()) call.slug = m_slug;
+  call.token = m_token;
+  return m_transport.exchange(std::move(call), std::move(receiver));
+}
+
+}  // namespace orv
