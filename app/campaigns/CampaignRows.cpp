@@ -1,0 +1,194 @@
+#include "app/campaigns/CampaignRows.h"
+
+#include <QLocale>
+#include <numeric>
+
+#include "kit/api/Format.h"
+#include "kit/api/PlatformDate.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+constexpr int archiveDays = 30;
+/// Beyond this share of bounces mail providers begin to distrust a sender.
+constexpr double highBounceRate = 0.03;
+const auto nothing = u"–"_s;
+
+double share(qint64 part, qint64 whole) { return whole > 0 ? double(part) / double(whole) : 0; }
+
+QString day(const std::optional<QString>& instant, int daysLater = 0) {
+  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
+  return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
+}
+
+QString facts(const CampaignSummary& campaign) {
+  const QString when = campaign.launchedAt ? u"Launched "_s + day(campaign.launchedAt)
+                                           : u"Created "_s + day(campaign.createdAt);
+  return QStringList{Format::counted(campaign.steps, u"step"_s, u"steps"_s),
+                     Format::counted(campaign.senders, u"inbox"_s, u"inboxes"_s), when}
+      .join(u" · "_s);
+}
+
+QString progressText(const CampaignSummary& campaign) {
+  if (campaign.leads == 0) return u"No leads yet"_s;
+  return Format::grouped(campaign.done.value_or(0)) + u" of "_s + Format::grouped(campaign.leads) +
+         u" leads are through the sequence"_s;
+}
+
+QString figure(const CampaignSummary& campaign, qint64 value) {
+  return campaign.sent == 0 ? nothing : Format::grouped(value);
+}
+
+QString rate(const CampaignSummary& campaign, qint64 value) {
+  return campaign.sent == 0 ? QString() : Format::rate(value, campaign.sent);
+}
+
+/// What a column sorts by; nothing sorts last in either direction.
+std::optional<double> sortValue(const CampaignSummary& campaign, const QString& key) {
+  const auto instant = [](const std::optional<QString>& text) -> std::optional<double> {
+    const auto date = text ? parsePlatformDate(*text) : std::nullopt;
+    return date ? std::optional(double(date->toMSecsSinceEpoch())) : std::nullopt;
+  };
+  if (key == "progress"_L1)
+    return campaign.leads > 0 ? std::optional(share(campaign.done.value_or(0), campaign.leads)) : std::nullopt;
+  if (key == "leads"_L1) return double(campaign.leads);
+  if (key == "sent"_L1) return double(campaign.sent);
+  if (key == "replied"_L1) return double(campaign.replied);
+  if (key == "positive"_L1) return double(campaign.positive);
+  if (key == "bounced"_L1) return double(campaign.bounced);
+  // The day of going for good follows the day of deletion.
+  if (key == "deleted"_L1 || key == "gone"_L1) return instant(campaign.archivedAt);
+  return std::nullopt;
+}
+
+QCollator collator() {
+  QCollator collator;
+  collator.setNumericMode(true);
+  collator.setCaseSensitivity(Qt::CaseInsensitive);
+  return collator;
+}
+
+/// Sorts rows by one key each, highest or lowest first; rows without a key stay last.
+template <class Key>
+void sortByKey(std::vector<qsizetype>& rows, const std::vector<std::optional<Key>>& keys, bool descending) {
+  std::ranges::stable_sort(rows, [&](qsizetype a, qsizetype b) {
+    const auto &left = keys[size_t(a)], &right = keys[size_t(b)];
+    if (!left || !right) return left.has_value() && !right.has_value();
+    return descending ? *right < *left : *left < *right;
+  });
+}
+
+}  // namespace
+
+CampaignIndex::CampaignIndex(QList<CampaignSummary> items) : m_items(std::move(items)) {
+  m_lowerNames.reserve(size_t(m_items.size()));
+  for (const auto& item : std::as_const(m_items)) m_lowerNames.push_back(item.name.toLower());
+}
+
+const CampaignSummary* CampaignIndex::find(const QString& id) const {
+  const auto found = std::ranges::find(m_items, id, &CampaignSummary::id);
+  return found == m_items.end() ? nullptr : &*found;
+}
+
+QStringList CampaignIndex::tags() const {
+  QSet<QString> all;
+  for (const auto& item : m_items)
+    if (item.tags) all.unite({item.tags->begin(), item.tags->end()});
+  QStringList sorted(all.begin(), all.end());
+  std::ranges::sort(sorted, collator());
+  return sorted;
+}
+
+std::vector<CampaignSummary> CampaignIndex::visible(const CampaignQuery& query) const {
+  const QString needle = query.query.trimmed().toLower();
+  const auto matches = [&](qsizetype row) {
+    const CampaignSummary& item = m_items[row];
+    if (query.filter != "all"_L1 && item.status.rawValue != query.filter) return false;
+    if (!needle.isEmpty() && !m_lowerNames[size_t(row)].contains(needle)) return false;
+    if (query.tags.isEmpty()) return true;
+    return item.tags && std::ranges::any_of(*item.tags, [&](const QString& tag) { return query.tags.contains(tag); });
+  };
+  std::vector<qsizetype> rows;
+  for (qsizetype row = 0; row < m_items.size(); ++row)
+    if (matches(row)) rows.push_back(row);
+  if (query.sort) sort(rows, *query.sort);
+
+  std::vector<CampaignSummary> visible;
+  visible.reserve(rows.size());
+  for (const qsizetype row : rows) visible.push_back(m_items[row]);
+  return visible;
+}
+
+void CampaignIndex::sort(std::vector<qsizetype>& rows, const OrvSort& sort) const {
+  if (sort.key == "name"_L1) return sortByName(rows, sort.descending);
+  if (sort.key == "status"_L1) {
+    std::vector<std::optional<QString>> labels(size_t(m_items.size()));
+    for (const qsizetype row : rows) labels[size_t(row)] = m_items[row].status.label();
+    return sortByKey(rows, labels, sort.descending);
+  }
+  std::vector<std::optional<double>> values(size_t(m_items.size()));
+  for (const qsizetype row : rows) values[size_t(row)] = sortValue(m_items[row], sort.key);
+  sortByKey(rows, values, sort.descending);
+}
+
+void CampaignIndex::sortByName(std::vector<qsizetype>& rows, bool descending) const {
+  if (m_nameKeys.empty()) {
+    const QCollator names = collator();
+    m_nameKeys.reserve(size_t(m_items.size()));
+    for (const auto& item : m_items) m_nameKeys.push_back(names.sortKey(item.name));
+  }
+  std::ranges::stable_sort(rows, [&](qsizetype a, qsizetype b) {
+    const int order = m_nameKeys[size_t(a)].compare(m_nameKeys[size_t(b)]);
+    return descending ? order > 0 : order < 0;
+  });
+}
+
+CampaignRowsModel::CampaignRowsModel(const BusySet& busy, QObject* parent)
+    : RecordModel<CampaignSummary>(parent), m_busy(busy) {
+  connect(&busy, &BusySet::changed, this, [this](const QString& id) { touch(id); });
+}
+
+void CampaignRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
+  roles.insert({{BusyRole, "busy"},
+                {StatusWordRole, "statusWord"},
+                {StatusLabelRole, "statusLabel"},
+                {FactsRole, "facts"},
+                {ProgressRole, "progress"},
+                {ProgressTextRole, "progressText"},
+                {LeadsTextRole, "leadsText"},
+                {SentTextRole, "sentText"},
+                {RepliedTextRole, "repliedText"},
+                {RepliedRateRole, "repliedRate"},
+                {PositiveTextRole, "positiveText"},
+                {BouncedTextRole, "bouncedText"},
+                {BouncedRateRole, "bouncedRate"},
+                {BouncesHighRole, "bouncesHigh"},
+                {DeletedTextRole, "deletedText"},
+                {GoneTextRole, "goneText"}});
+}
+
+QVariant CampaignRowsModel::extraData(const CampaignSummary& campaign, int, int role) const {
+  switch (role) {
+    case BusyRole: return m_busy.contains(campaign.id);
+    case StatusWordRole: return campaign.status.rawValue;
+    case StatusLabelRole: return campaign.status.label();
+    case FactsRole: return facts(campaign);
+    case ProgressRole: return share(campaign.done.value_or(0), campaign.leads);
+    case ProgressTextRole: return progressText(campaign);
+    case LeadsTextRole: return Format::grouped(campaign.leads);
+    case SentTextRole: return figure(campaign, campaign.sent);
+    case RepliedTextRole: return figure(campaign, campaign.replied);
+    case RepliedRateRole: return rate(campaign, campaign.replied);
+    case PositiveTextRole: return figure(campaign, campaign.positive);
+    case BouncedTextRole: return figure(campaign, campaign.bounced);
+    case BouncedRateRole: return rate(campaign, campaign.bounced);
+    case BouncesHighRole: return share(campaign.bounced, campaign.sent) > highBounceRate;
+    case DeletedTextRole: return day(campaign.archivedAt);
+    case GoneTextRole: return day(campaign.archivedAt, archiveDays);
+    default: return {};
+  }
+}
+
+}  // namespace orv

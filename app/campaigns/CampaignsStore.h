@@ -1,0 +1,160 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariantList>
+
+#include "app/campaigns/CampaignRows.h"
+#include "app/shell/Actions.h"
+#include "app/shell/NameForm.h"
+#include "app/shell/Resource.h"
+#include "app/shell/Services.h"
+#include "app/shell/Store.h"
+#include "kit/session/records.h"
+
+namespace orv {
+
+/// The campaigns of one workspace: the list with its filters, the archive, and what can be done to a row.
+///
+/// Actions take the campaign's id as it was when the person acted. Each has a Task for C++ callers and a slot of the
+/// same name without "Task" for the page.
+class CampaignsStore final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(orv::ResourceBase* list READ list CONSTANT)
+  Q_PROPERTY(orv::ResourceBase* archived READ archived CONSTANT)
+  Q_PROPERTY(orv::CampaignRowsModel* rows READ rows CONSTANT)
+  Q_PROPERTY(orv::CampaignRowsModel* archivedRows READ archivedRows CONSTANT)
+  Q_PROPERTY(orv::NameForm* newCampaign READ newCampaign CONSTANT)
+  Q_PROPERTY(orv::NameForm* rename READ rename CONSTANT)
+  Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY changed)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
+  Q_PROPERTY(QStringList tags READ tags NOTIFY changed)
+  Q_PROPERTY(QStringList allTags READ allTags NOTIFY figuresChanged)
+  Q_PROPERTY(QString sortKey READ sortKey NOTIFY changed)
+  Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY changed)
+  Q_PROPERTY(QString archivedSortKey READ archivedSortKey NOTIFY changed)
+  Q_PROPERTY(bool archivedSortDescending READ archivedSortDescending NOTIFY changed)
+  Q_PROPERTY(bool showArchived READ showArchived WRITE setShowArchived NOTIFY changed)
+  Q_PROPERTY(int archivedCount READ archivedCount NOTIFY figuresChanged)
+  Q_PROPERTY(QVariantList statusCounts READ statusCounts NOTIFY figuresChanged)
+  Q_PROPERTY(QString summary READ summary NOTIFY figuresChanged)
+  Q_PROPERTY(QString countText READ countText NOTIFY changed)
+  Q_PROPERTY(QString archivedCountText READ archivedCountText NOTIFY changed)
+  Q_PROPERTY(bool canCreate READ canCreate NOTIFY changed)
+  Q_PROPERTY(QString createHint READ createHint NOTIFY changed)
+
+ public:
+  CampaignsStore(APITransport& api, Services& services, QObject* parent = nullptr);
+
+  Resource<CampaignList>* list() { return &m_list; }
+  Resource<CampaignList>* archived() { return &m_archived; }
+  CampaignRowsModel* rows() { return &m_rows; }
+  CampaignRowsModel* archivedRows() { return &m_archivedRows; }
+  NameForm* newCampaign() { return &m_newCampaign; }
+  NameForm* rename() { return &m_rename; }
+  const BusySet& busy() const { return m_busy; }
+
+  /// "all" or a status.
+  QString filter() const { return m_query.filter; }
+  void setFilter(const QString& filter);
+  QString query() const { return m_query.query; }
+  void setQuery(const QString& query);
+  /// The tags filtered by.
+  QStringList tags() const;
+  QStringList allTags() const { return m_index.tags(); }
+  /// Empty for the service's order.
+  QString sortKey() const { return m_query.sort ? m_query.sort->key : QString(); }
+  bool sortDescending() const { return m_query.sort && m_query.sort->descending; }
+  QString archivedSortKey() const { return m_archivedSort ? m_archivedSort->key : QString(); }
+  bool archivedSortDescending() const { return m_archivedSort && m_archivedSort->descending; }
+  bool showArchived() const { return m_showArchived; }
+  void setShowArchived(bool shown);
+
+  /// Archived campaigns there are; -1 while unknown.
+  int archivedCount() const;
+  /// Key, label and count of each status filter.
+  QVariantList statusCounts() const;
+  /// "4 running · 28,448 emails sent · 226 positive replies".
+  QString summary() const;
+  QString countText() const;
+  QString archivedCountText() const;
+  bool canCreate() const;
+  /// Why nothing can be created; empty when it can.
+  QString createHint() const;
+
+  /// The workspace as the account now has it: its address for links, the person's role.
+  void setWorkspace(const WorkspaceSummary& workspace);
+
+  /// Loads when the page is first shown; later calls do nothing.
+  Q_INVOKABLE void ensureLoaded();
+  /// Loads what is on screen again.
+  Q_INVOKABLE void refresh();
+  Q_INVOKABLE void toggleTag(const QString& tag);
+  Q_INVOKABLE void toggleSort(const QString& key);
+  Q_INVOKABLE void toggleArchivedSort(const QString& key);
+  /// Clears the filters.
+  Q_INVOKABLE void showAll();
+
+  Q_INVOKABLE void open(const QString& id);
+  Q_INVOKABLE void beginCreate();
+  Q_INVOKABLE void beginRename(const QString& id);
+  Q_INVOKABLE void pause(const QString& id) { m_tasks.start(pauseTask(id)); }
+  Q_INVOKABLE void resume(const QString& id) { m_tasks.start(resumeTask(id)); }
+  Q_INVOKABLE void duplicate(const QString& id) { m_tasks.start(duplicateTask(id)); }
+  Q_INVOKABLE void remove(const QString& id) { m_tasks.start(removeTask(id)); }
+  Q_INVOKABLE void restore(const QString& id) { m_tasks.start(restoreTask(id)); }
+  Q_INVOKABLE void removeForGood(const QString& id) { m_tasks.start(removeForGoodTask(id)); }
+  Q_INVOKABLE void downloadAnalytics(const QString& id) { m_tasks.start(downloadAnalyticsTask(id)); }
+  Q_INVOKABLE void copyLink(const QString& id);
+
+  Task<void> createTask(QString name);
+  Task<void> renameTask(QString id, QString name);
+  Task<void> pauseTask(QString id);
+  Task<void> resumeTask(QString id);
+  Task<void> duplicateTask(QString id);
+  Task<void> removeTask(QString id);
+  Task<void> restoreTask(QString id);
+  Task<void> removeForGoodTask(QString id);
+  Task<void> downloadAnalyticsTask(QString id);
+
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+  /// What is counted over the whole list. Apart from `changed`, so that a keystroke in the search field counts nothing.
+  void figuresChanged();
+
+ private:
+  Task<void> restoreNamedTask(QString id, QString name);
+  const CampaignSummary* find(const QString& id) const;
+  void watch(Resource<CampaignList>& resource, const QString& whatFailed);
+  void listArrived();
+  void archiveArrived();
+  void ask(const CampaignQuery& query);
+  void showArchivedRows(bool newQuestion);
+  void applyState(const Campaign& campaign);
+  void moveToArchive(const QString& id);
+  void takeFromArchive(const QString& id);
+  void reload();
+
+  APITransport& m_api;
+  Services& m_services;
+  WorkspaceSummary m_workspace;
+  BusySet m_busy;
+  Actions m_actions;
+  Resource<CampaignList> m_list;
+  Resource<CampaignList> m_archived;
+  CampaignIndex m_index;
+  CampaignIndex m_archiveIndex;
+  CampaignRowsModel m_rows;
+  CampaignRowsModel m_archivedRows;
+  NameForm m_newCampaign;
+  NameForm m_rename;
+  QString m_renamedId;
+  CampaignQuery m_query;
+  std::optional<OrvSort> m_archivedSort;
+  bool m_showArchived = false;
+  bool m_loaded = false;
+  bool m_archiveLoaded = false;
+};
+
+}  // namespace orv

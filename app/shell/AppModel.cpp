@@ -1,0 +1,274 @@
+#include "app/shell/AppModel.h"
+
+#include <QLoggingCategory>
+
+#include "kit/session/authRequests.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace orv {
+
+Q_LOGGING_CATEGORY(lcApp, "orvella.app")
+
+namespace {
+
+QString keychainNotice(const KeychainError& error) {
+  if (error.reason() == KeychainError::Reason::locked)
+    return u"Your keyring is locked, so you’re signed out for now. Unlock it and start Orvella again, or sign in."_s;
+  return u"Orvella can’t read your keyring. You can sign in, but you may be asked again next time."_s;
+}
+
+}  // namespace
+
+AppModel::AppModel(Platform platform, QObject* parent)
+    : QObject(parent),
+      m_platform(std::move(platform)),
+      m_store(m_platform.keychain),
+      m_toasts(m_platform.clock),
+      m_router(m_platform.preferences, m_platform.clock),
+      m_appearance(m_platform.preferences),
+      m_signIn(m_platform.api, m_platform.clock, m_platform.browser, m_platform.baseURL, m_platform.device),
+      m_services{m_platform.clock,     m_toasts,
+                 m_overlays,           m_router,
+                 m_platform.clipboard, m_platform.filePanel,
+                 m_platform.revealer,  m_platform.preferences,
+                 m_platform.baseURL},
+      m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
+  m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
+  connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
+}
+
+AppModel::~AppModel() = default;
+
+void AppModel::start() {
+  if (m_platform.demoSession) return restore(m_platform.demoSession);
+  m_boot.start(boot());
+  if (m_phase == Phase::booting) m_bootPatience.start(stopWaitingForKeychain());
+}
+
+Task<void> AppModel::boot() {
+  try {
+    restore(co_await m_store.load());
+  } catch (const KeychainError& error) {
+    qCWarning(lcApp, "No stored session: %s", error.what());
+    restore(std::nullopt);
+    m_signIn.setNotice(keychainNotice(error));
+  }
+}
+
+Task<void> AppModel::stopWaitingForKeychain() {
+  // A keyring may be asking for its password, or never answer at all. Signing in must be possible meanwhile, and the
+  // stored session is still taken when it does come.
+  co_await m_platform.clock.sleep(3s);
+  if (m_phase != Phase::booting) co_return;
+  m_phase = Phase::signedOut;
+  m_signIn.setNotice(u"Waiting for your keyring. Unlock it, or sign in here."_s);
+  m_signIn.checkMethods();
+  Q_EMIT changed();
+}
+
+void AppModel::restore(std::optional<StoredSession> session) {
+  m_bootPatience.cancel();
+  if (session && session->isExpired(m_platform.clock.now())) {
+    qCInfo(lcApp, "The stored session has expired");
+    m_keychain.start(clearSession());
+    session.reset();
+  }
+  if (session && !session->workspaces.isEmpty()) {
+    m_stored = std::move(session);
+    m_phase = Phase::signedIn;
+    m_signIn.reset();
+    openInitialWorkspace();
+    refreshAccount();
+    return;
+  }
+  m_phase = Phase::signedOut;
+  m_signIn.setNotice({});
+  m_signIn.checkMethods();
+  Q_EMIT changed();
+}
+
+void AppModel::adopt(StoredSession session) {
+  m_boot.cancel();
+  m_bootPatience.cancel();
+  m_signIn.reset();
+  if (session.workspaces.isEmpty()) {
+    m_phase = Phase::signedOut;
+    m_signIn.setNotice(
+        u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    Q_EMIT changed();
+    return;
+  }
+  m_stored = std::move(session);
+  m_phase = Phase::signedIn;
+  openInitialWorkspace();
+}
+
+void AppModel::openInitialWorkspace() {
+  const auto& list = m_stored->workspaces;
+  const auto last = std::ranges::find_if(
+      list, [this](const WorkspaceSummary& workspace) { return workspace.slug == m_stored->currentSlug; });
+  open(last != list.end() ? *last : list.first());
+}
+
+void AppModel::open(const WorkspaceSummary& workspace) {
+  const QString token = m_stored->token;
+  m_session = m_sessions.open(workspace.slug, [this, &workspace, &token] {
+    return new WorkspaceSession(workspace, token, m_platform.api, m_services, [this, token] { endSession(token); });
+  });
+  m_session->setWorkspace(workspace);
+  m_current = workspace;
+  m_router.setFeaturesOff(m_session->featuresOff());
+  if (m_stored->currentSlug != workspace.slug || !isDemo()) {
+    m_stored->currentSlug = workspace.slug;
+    m_keychain.start(saveSession(*m_stored));
+  }
+  Q_EMIT changed();
+}
+
+void AppModel::openWorkspace(const QString& slug) {
+  if (m_phase != Phase::signedIn || (m_current && m_current->slug == slug)) return;
+  for (const WorkspaceSummary& workspace : m_stored->workspaces) {
+    if (workspace.slug != slug) continue;
+    m_router.reset();
+    m_overlays.dismissAll();
+    const WorkspaceSummary chosen = workspace;
+    open(chosen);
+    m_remember.start(rememberWorkspace(slug, m_stored->token));
+    return;
+  }
+}
+
+Task<void> AppModel::rememberWorkspace(QString slug, QString token) {
+  try {
+    co_await m_platform.api.send(Requests::setCurrentWorkspace(slug), {}, token);
+  } catch (const APIError& error) {
+    // Only the next start on another machine would have known.
+    qCInfo(lcApp, "Last workspace not recorded: %s", error.what());
+  }
+}
+
+void AppModel::refreshAccount() {
+  if (m_stored && m_account.isIdle()) m_account.start(fetchAccount(m_stored->token));
+}
+
+Task<void> AppModel::fetchAccount(QString token) {
+  try {
+    const MeResponse account = co_await m_platform.api.send(Requests::me(), {}, token);
+    if (!m_stored || m_stored->token != token) co_return;
+    if (account.user)
+      applyAccount(account);
+    else
+      endSession(token);
+  } catch (const APIError& error) {
+    if (error.is(APIError::Kind::unauthorized)) endSession(token);
+  }
+}
+
+void AppModel::applyAccount(const MeResponse& account) {
+  m_stored->user = *account.user;
+  m_stored->workspaces = account.workspaces;
+  if (account.workspaces.isEmpty()) {
+    leave();
+    m_signIn.setNotice(
+        u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    return;
+  }
+  bool currentListed = false;
+  for (const WorkspaceSummary& workspace : account.workspaces) {
+    if (auto* session = m_sessions.find(workspace.slug)) session->setWorkspace(workspace);
+    if (!m_current || workspace.slug != m_current->slug) continue;
+    m_current = workspace;
+    currentListed = true;
+  }
+  if (!currentListed) return openWorkspace(account.workspaces.first().slug);
+  m_keychain.start(saveSession(*m_stored));
+  Q_EMIT changed();
+}
+
+Task<void> AppModel::saveSession(StoredSession session) {
+  if (isDemo()) co_return;
+  try {
+    co_await m_store.save(session);
+  } catch (const KeychainError& error) {
+    qCWarning(lcApp, "The session is kept in memory only: %s", error.what());
+    if (std::exchange(m_toldUnsaved, true)) co_return;
+    m_toasts.show(u"Your sign-in couldn’t be saved"_s, Toasts::Tone::standard, {}, {},
+                  u"The system keyring isn’t available, so Orvella asks again next time."_s);
+  }
+}
+
+Task<void> AppModel::clearSession() {
+  if (isDemo()) co_return;
+  try {
+    co_await m_store.clear();
+  } catch (const KeychainError& error) {
+    qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
+    m_signIn.setNotice(
+        u"You’re signed out, but your sign-in couldn’t be removed from the system keyring. Unlock it and sign out again."_s);
+  }
+}
+
+void AppModel::signOut() {
+  if (!m_stored) return;
+  m_farewells.start(logOut(m_stored->token));
+  leave();
+}
+
+Task<void> AppModel::logOut(QString token) {
+  try {
+    co_await m_platform.api.send(Requests::logOut(), {}, token);
+  } catch (const APIError& error) {
+    qCInfo(lcApp, "Sign-out not heard by the service: %s", error.what());
+  }
+}
+
+void AppModel::endSession(const QString& token) {
+  // An answer to an older sign-in says nothing about this one.
+  if (!m_stored || m_stored->token != token) return;
+  qCInfo(lcApp, "The service no longer knows the session");
+  leave();
+  m_signIn.setNotice(u"Your session ended. Sign in again."_s);
+}
+
+void AppModel::leave() {
+  m_account.cancel();
+  m_remember.cancel();
+  m_overlays.dismissAll();
+  m_toasts.clear();
+  m_stored.reset();
+  m_current.reset();
+  m_session = nullptr;
+  m_phase = Phase::signedOut;
+  m_signIn.reset();
+  m_router.reset();
+  // Screens let go of their stores before the stores go.
+  Q_EMIT changed();
+  m_sessions.clear();
+  m_keychain.start(clearSession());
+  m_signIn.checkMethods();
+}
+
+void AppModel::trim() {
+  if (!m_current) return m_sessions.clear();
+  m_sessions.keepOnly(m_current->slug);
+  m_session->trim();
+}
+
+QString AppModel::userName() const { return m_stored ? m_stored->user.name : QString(); }
+QString AppModel::userEmail() const { return m_stored ? m_stored->user.email : QString(); }
+
+QVariantList AppModel::workspaces() const {
+  QVariantList list;
+  if (!m_stored) return list;
+  for (const WorkspaceSummary& workspace : m_stored->workspaces) {
+    list.append(QVariantMap{{u"slug"_s, workspace.slug},
+                            {u"name"_s, workspace.name},
+                            {u"role"_s, workspace.role.rawValue},
+                            {u"current"_s, m_current && workspace.slug == m_current->slug}});
+  }
+  return list;
+}
+
+}  // namespace orv

@@ -1,0 +1,131 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "app/shell/Appearance.h"
+#include "app/shell/Services.h"
+#include "app/shell/SignInModel.h"
+#include "app/shell/StoreCache.h"
+#include "app/shell/WorkspaceSession.h"
+#include "app/shell/desktop/MemoryPressure.h"
+#include "kit/session/SessionStore.h"
+
+namespace orv {
+
+/// What the process gives the application: everything that touches the network, the desktop or time.
+struct Platform {
+  APITransport& api;
+  Keychain& keychain;
+  Clock& clock;
+  Preferences& preferences;
+  Browser& browser;
+  Clipboard& clipboard;
+  FilePanel& filePanel;
+  FileRevealer& revealer;
+  MemoryPressure& memoryPressure;
+  QUrl baseURL;
+  Device device;
+  /// Set in demo mode: the session that is simply there. Nothing is then read from or written to the keychain.
+  std::optional<StoredSession> demoSession;
+};
+
+/// The application's root: signed out or signed in, and the few workspaces kept warm.
+class AppModel final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(Phase phase READ phase NOTIFY changed)
+  Q_PROPERTY(bool isDemo READ isDemo CONSTANT)
+  Q_PROPERTY(QString userName READ userName NOTIFY changed)
+  Q_PROPERTY(QString userEmail READ userEmail NOTIFY changed)
+  Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY changed)
+  Q_PROPERTY(orv::WorkspaceSession* session READ session NOTIFY changed)
+  Q_PROPERTY(orv::Router* router READ router CONSTANT)
+  Q_PROPERTY(orv::Toasts* toasts READ toasts CONSTANT)
+  Q_PROPERTY(orv::Overlays* overlays READ overlays CONSTANT)
+  Q_PROPERTY(orv::SignInModel* signIn READ signIn CONSTANT)
+  Q_PROPERTY(orv::Appearance* appearance READ appearance CONSTANT)
+
+ public:
+  enum class Phase { booting, signedOut, signedIn };
+  Q_ENUM(Phase)
+
+  static constexpr qsizetype sessionsAtMost = 3;
+
+  explicit AppModel(Platform platform, QObject* parent = nullptr);
+  ~AppModel() override;
+
+  /// Reads the stored session and opens its workspace, or shows sign-in.
+  void start();
+
+  Phase phase() const { return m_phase; }
+  bool isDemo() const { return m_platform.demoSession.has_value(); }
+  const std::optional<StoredSession>& stored() const { return m_stored; }
+  const std::optional<WorkspaceSummary>& current() const { return m_current; }
+  WorkspaceSession* session() const { return m_session; }
+  /// Slugs of the warm workspace sessions, oldest first.
+  const QStringList& sessionOrder() const { return m_sessions.keys(); }
+
+  QString userName() const;
+  QString userEmail() const;
+  /// Name, slug and role of each workspace, in the service's order, with `current` set on the open one.
+  QVariantList workspaces() const;
+
+  Router* router() { return &m_router; }
+  Toasts* toasts() { return &m_toasts; }
+  Overlays* overlays() { return &m_overlays; }
+  SignInModel* signIn() { return &m_signIn; }
+  Appearance* appearance() { return &m_appearance; }
+
+  Q_INVOKABLE void openWorkspace(const QString& slug);
+  Q_INVOKABLE void signOut();
+  /// The window became active: workspaces and roles may have changed meanwhile.
+  Q_INVOKABLE void refreshAccount();
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  Task<void> boot();
+  Task<void> stopWaitingForKeychain();
+  void adopt(StoredSession session);
+  void restore(std::optional<StoredSession> session);
+  void open(const WorkspaceSummary& workspace);
+  void openInitialWorkspace();
+  Task<void> rememberWorkspace(QString slug, QString token);
+  Task<void> fetchAccount(QString token);
+  void applyAccount(const MeResponse& account);
+  Task<void> saveSession(StoredSession session);
+  Task<void> clearSession();
+  Task<void> logOut(QString token);
+  void endSession(const QString& token);
+  void leave();
+  void trim();
+
+  Platform m_platform;
+  SessionStore m_store;
+  Toasts m_toasts;
+  Overlays m_overlays;
+  Router m_router;
+  Appearance m_appearance;
+  SignInModel m_signIn;
+  Services m_services;
+
+  Phase m_phase = Phase::booting;
+  std::optional<StoredSession> m_stored;
+  std::optional<WorkspaceSummary> m_current;
+  WorkspaceSession* m_session = nullptr;
+  StoreCache<WorkspaceSession> m_sessions;
+
+  TaskSlot m_boot;
+  TaskSlot m_bootPatience;
+  TaskSlot m_account;
+  TaskSlot m_remember;
+  /// Keychain writes, one after the other: a save overtaken by the clear of a sign-out would bring the session back.
+  TaskSlot m_keychain;
+  TaskScope m_farewells;
+  bool m_toldUnsaved = false;
+};
+
+}  // namespace orv

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+
+#include "app/shell/ListModel.h"
+#include "app/shell/desktop/Preferences.h"
+
+namespace orv {
+
+/// One thing the palette can do. Choosing it is remembered by `id`, so ids stay the same between starts.
+struct Command {
+  QString id;
+  QString group;
+  QString title;
+  QString subtitle;
+  QString icon;
+  /// Keys as shown, "G C" for a chord; empty for none.
+  QString keys;
+  std::function<void()> run;
+};
+
+/// The command palette: what matches the query, or the recently chosen for an empty one.
+class CommandPalette final : public ListModel {
+  Q_OBJECT
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
+  Q_PROPERTY(QString resultsText READ resultsText NOTIFY countChanged)
+  Q_PROPERTY(QString nothingText READ nothingText NOTIFY queryChanged)
+
+ public:
+  static constexpr qsizetype recentsAtMost = 8;
+  enum Role { IdRole = Qt::UserRole, GroupRole, TitleRole, SubtitleRole, IconRole, KeysRole };
+
+  /// `commands` is asked anew whenever the palette opens.
+  CommandPalette(Preferences& preferences, std::function<QList<Command>()> commands, QObject* parent = nullptr);
+
+  QString query() const { return m_query; }
+  void setQuery(const QString& query);
+  /// "4 results", as it is announced.
+  QString resultsText() const;
+  QString nothingText() const;
+
+  /// Gathers the commands and starts with an empty query.
+  Q_INVOKABLE void prepare();
+  /// Runs the row's command and remembers it. False when the row is gone.
+  Q_INVOKABLE bool choose(int row);
+  /// The same by id, for shortcuts and menus; nothing is remembered.
+  Q_INVOKABLE bool run(const QString& id);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override;
+
+ Q_SIGNALS:
+  void queryChanged();
+
+ private:
+  QList<Command> recents() const;
+  QList<Command> matches() const;
+  void remember(const QString& id);
+  void show();
+
+  Preferences& m_preferences;
+  std::function<QList<Command>()> m_source;
+  QList<Command> m_commands;
+  QList<Command> m_shown;
+  QString m_query;
+};
+
+}  // namespace orv

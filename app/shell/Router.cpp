@@ -1,0 +1,102 @@
+#include "app/shell/Router.h"
+
+using namespace std::chrono_literals;
+
+namespace orv {
+
+Router::Router(Preferences& preferences, Clock& clock, QObject* parent)
+    : QObject(parent), m_preferences(preferences), m_clock(clock), m_collapsed(preferences.sidebarRail()) {}
+
+void Router::open(Page page) {
+  if (!show(page)) return;
+  clearSelections();
+  Q_EMIT changed();
+}
+
+void Router::openCampaign(const QString& id) { select(Page::campaigns, &Router::m_campaign, id); }
+void Router::openInboxThread(const QString& id) { select(Page::inbox, &Router::m_inboxThread, id); }
+void Router::openLeadList(const QString& id) { select(Page::leads, &Router::m_leadList, id); }
+void Router::openRampupTemplate(const QString& id) { select(Page::rampup, &Router::m_rampupTemplate, id); }
+void Router::openInboxSetupProject(const QString& id) {
+  select(Page::inboxSetup, &Router::m_inboxSetupProject, id);
+}
+
+void Router::openSettings(SettingsTab tab) {
+  if (!show(Page::settings)) return;
+  m_settingsTab = tab;
+  Q_EMIT changed();
+}
+
+void Router::setPaletteOpen(bool open) {
+  if (std::exchange(m_paletteOpen, open) != open) Q_EMIT changed();
+}
+
+void Router::setCollapsed(bool collapsed) {
+  if (std::exchange(m_collapsed, collapsed) == collapsed) return;
+  m_preferences.setSidebarRail(collapsed);
+  Q_EMIT changed();
+}
+
+void Router::startGo() {
+  m_goPending = true;
+  m_goTimer.start(endGo());
+  Q_EMIT changed();
+}
+
+bool Router::finishGo(const QString& key) {
+  if (!std::exchange(m_goPending, false)) return false;
+  m_goTimer.cancel();
+  for (const auto& info : Pages::all()) {
+    if (key.compare(QString(info.key), Qt::CaseInsensitive) != 0) continue;
+    open(info.page);
+    Q_EMIT changed();
+    return true;
+  }
+  Q_EMIT changed();
+  return false;
+}
+
+void Router::setFeaturesOff(QSet<QString> features) {
+  m_featuresOff = std::move(features);
+  if (m_featuresOff.contains(Pages::name(m_page))) open(Page::campaigns);
+}
+
+void Router::reset() {
+  clearSelections();
+  m_paletteOpen = false;
+  m_offFeature.clear();
+  m_migrationPick.clear();
+  Q_EMIT changed();
+}
+
+bool Router::show(Page page) {
+  if (m_featuresOff.contains(Pages::name(page))) {
+    m_offFeature = Pages::name(page);
+    Q_EMIT changed();
+    return false;
+  }
+  m_offFeature.clear();
+  m_direction = (page > m_page) - (page < m_page);
+  m_page = page;
+  return true;
+}
+
+void Router::select(Page page, QString Router::*selection, const QString& id) {
+  if (!show(page)) return;
+  this->*selection = id;
+  Q_EMIT changed();
+}
+
+void Router::clearSelections() {
+  for (auto selection : {&Router::m_inboxThread, &Router::m_campaign, &Router::m_leadList, &Router::m_rampupTemplate,
+                         &Router::m_inboxSetupProject})
+    (this->*selection).clear();
+}
+
+Task<void> Router::endGo() {
+  co_await m_clock.sleep(1500ms);
+  m_goPending = false;
+  Q_EMIT changed();
+}
+
+}  // namespace orv

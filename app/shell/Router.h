@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QObject>
+#include <QSet>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+#include "app/shell/Pages.h"
+#include "app/shell/desktop/Preferences.h"
+#include "kit/async/Clock.h"
+#include "kit/async/TaskScope.h"
+
+namespace orv {
+
+/// Where the person is: the open page, what is selected in it, the palette and the sidebar.
+class Router final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(orv::Pages::Page page READ page NOTIFY changed)
+  Q_PROPERTY(int direction READ direction NOTIFY changed)
+  Q_PROPERTY(QString inboxThread READ inboxThread NOTIFY changed)
+  Q_PROPERTY(QString campaign READ campaign NOTIFY changed)
+  Q_PROPERTY(QString leadList READ leadList NOTIFY changed)
+  Q_PROPERTY(QString rampupTemplate READ rampupTemplate NOTIFY changed)
+  Q_PROPERTY(QString inboxSetupProject READ inboxSetupProject NOTIFY changed)
+  Q_PROPERTY(orv::Pages::SettingsTab settingsTab READ settingsTab NOTIFY changed)
+  Q_PROPERTY(QString offFeature READ offFeature NOTIFY changed)
+  Q_PROPERTY(bool paletteOpen READ paletteOpen WRITE setPaletteOpen NOTIFY changed)
+  Q_PROPERTY(bool collapsed READ collapsed WRITE setCollapsed NOTIFY changed)
+  Q_PROPERTY(bool goPending READ goPending NOTIFY changed)
+
+ public:
+  Router(Preferences& preferences, Clock& clock, QObject* parent = nullptr);
+
+  Page page() const { return m_page; }
+  /// 1 when the last change went down the sidebar's order, -1 when up, 0 when nothing changed.
+  int direction() const { return m_direction; }
+  QString inboxThread() const { return m_inboxThread; }
+  QString campaign() const { return m_campaign; }
+  QString leadList() const { return m_leadList; }
+  QString rampupTemplate() const { return m_rampupTemplate; }
+  QString inboxSetupProject() const { return m_inboxSetupProject; }
+  SettingsTab settingsTab() const { return m_settingsTab; }
+  /// Key of the switched-off feature that the person tried to open; empty when none.
+  QString offFeature() const { return m_offFeature; }
+  const QStringList& migrationPick() const { return m_migrationPick; }
+  bool paletteOpen() const { return m_paletteOpen; }
+  bool collapsed() const { return m_collapsed; }
+  bool goPending() const { return m_goPending; }
+
+  /// Opens the page with nothing selected in it, or says that its feature is off.
+  Q_INVOKABLE void open(orv::Pages::Page page);
+  Q_INVOKABLE void openCampaign(const QString& id);
+  Q_INVOKABLE void openInboxThread(const QString& id);
+  Q_INVOKABLE void openLeadList(const QString& id);
+  Q_INVOKABLE void openRampupTemplate(const QString& id);
+  Q_INVOKABLE void openInboxSetupProject(const QString& id);
+  Q_INVOKABLE void openSettings(orv::Pages::SettingsTab tab);
+  void setPaletteOpen(bool open);
+  void setCollapsed(bool collapsed);
+
+  /// First key of the "go to" chord; the second is waited for briefly.
+  Q_INVOKABLE void startGo();
+  /// Second key of the chord. True when it opened a page.
+  Q_INVOKABLE bool finishGo(const QString& key);
+
+  /// Page names of the switched-off features of the open workspace.
+  void setFeaturesOff(QSet<QString> features);
+  /// Forgets the selections of one workspace: an id of one is nothing in the next.
+  void reset();
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  bool show(Page page);
+  void select(Page page, QString Router::*selection, const QString& id);
+  void clearSelections();
+  Task<void> endGo();
+
+  Preferences& m_preferences;
+  Clock& m_clock;
+  QSet<QString> m_featuresOff;
+  Page m_page = Page::campaigns;
+  int m_direction = 0;
+  QString m_inboxThread;
+  QString m_campaign;
+  QString m_leadList;
+  QString m_rampupTemplate;
+  QString m_inboxSetupProject;
+  SettingsTab m_settingsTab = SettingsTab::account;
+  QString m_offFeature;
+  QStringList m_migrationPick;
+  bool m_paletteOpen = false;
+  bool m_collapsed = false;
+  bool m_goPending = false;
+  TaskSlot m_goTimer;
+};
+
+}  // namespace orv

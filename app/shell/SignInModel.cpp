@@ -1,0 +1,291 @@
+#include "app/shell/SignInModel.h"
+
+#include <QLoggingCategory>
+#include <QRegularExpression>
+
+#include "kit/api/APIEnvironment.h"
+#include "kit/api/PlatformDate.h"
+#include "kit/session/authRequests.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace orv {
+
+Q_LOGGING_CATEGORY(lcSignIn, "orvella.signin")
+
+namespace {
+
+constexpr int defaultResendSeconds = 60;
+
+bool looksLikeAddress(const QString& address) {
+  static const QRegularExpression pattern(
+      QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s));
+  return pattern.match(address).hasMatch();
+}
+
+bool isCompleteCode(const QString& code) {
+  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(u"[0-9]{6}"_s));
+  return pattern.match(code).hasMatch();
+}
+
+QString wrongCodeLine(const Problem& problem) {
+  const QString line = u"That code isn’t right."_s;
+  if (!problem.triesLeft) return line;
+  const qint64 left = *problem.triesLeft;
+  return line + u' ' + QString::number(left) + (left == 1 ? " try"_L1 : " tries"_L1) + " left."_L1;
+}
+
+QString errorLine(const APIError& error) {
+  if (error.is(APIError::Kind::rateLimited)) return u"Too many attempts. Wait a few minutes and try again."_s;
+  const QString code = error.code().value_or(QString());
+  if (code == "bad_password"_L1) return u"That password isn’t right."_s;
+  if (code == "wrong_code"_L1) return wrongCodeLine(error.problem());
+  if (code == "code_expired"_L1) return u"That code has expired. Ask for a new one."_s;
+  if (code == "too_soon"_L1) return u"A code was sent a moment ago. Check your inbox, or ask again in a moment."_s;
+  return error.message();
+}
+
+StoredSession storedFrom(const NativeSession& session, const QDateTime& now) {
+  StoredSession stored;
+  stored.token = session.token;
+  stored.issuedAt = now;
+  stored.expiresAt = parsePlatformDate(session.expiresAt).value_or(now);
+  stored.user = session.user;
+  stored.workspaces = session.workspaces;
+  stored.currentSlug = session.lastWorkspace;
+  return stored;
+}
+
+}  // namespace
+
+SignInModel::SignInModel(APITransport& api, Clock& clock, Browser& browser, QUrl baseURL, Device device,
+                         QObject* parent)
+    : QObject(parent),
+      m_api(api),
+      m_clock(clock),
+      m_browser(browser),
+      m_baseURL(std::move(baseURL)),
+      m_device(std::move(device)) {}
+
+QString SignInModel::resendLabel() const {
+  return m_resendIn > 0 ? u"Resend in "_s + QString::number(m_resendIn) : u"Resend code"_s;
+}
+
+bool SignInModel::offersCode() const { return m_codeOffered; }
+
+void SignInModel::setEmail(const QString& email) {
+  if (std::exchange(m_email, email) != email) say({});
+}
+
+void SignInModel::setPassword(const QString& password) {
+  if (std::exchange(m_password, password) != password) say({});
+}
+
+void SignInModel::setCode(const QString& code) {
+  if (std::exchange(m_code, code) != code) say({});
+}
+
+void SignInModel::setNotice(const QString& notice) {
+  m_notice = notice;
+  Q_EMIT changed();
+}
+
+void SignInModel::checkMethods() {
+  if (m_methodsChecked || !m_methods.isIdle()) return;
+  m_methods.start(fetchMethods());
+}
+
+void SignInModel::submitEmail() {
+  if (m_busy) return;
+  const QString address = m_email.trimmed().toLower();
+  if (!looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
+  begin(checkEmail(address));
+}
+
+void SignInModel::submitPassword() {
+  if (m_busy) return;
+  if (m_password.isEmpty()) return say(u"Enter your password."_s);
+  begin(signInWithPassword(m_email.trimmed().toLower(), m_password));
+}
+
+void SignInModel::submitCode() {
+  if (m_busy) return;
+  const QString code = m_code.trimmed();
+  if (!isCompleteCode(code)) return say(u"Enter the 6-digit code from the email."_s);
+  begin(verifyCode(m_codeSentTo, code));
+}
+
+void SignInModel::resendCode() {
+  if (m_busy || m_resendIn > 0) return;
+  begin(startCode(m_codeSentTo));
+}
+
+void SignInModel::useDifferentEmail() {
+  if (m_busy) return;
+  m_step = Step::email;
+  m_password.clear();
+  m_code.clear();
+  say({});
+}
+
+void SignInModel::emailCodeInstead() {
+  if (m_busy) return;
+  begin(startCode(m_email.trimmed().toLower()));
+}
+
+void SignInModel::continueWithGoogle() {
+  if (m_busy || !m_googleClient) return;
+  cancelGoogle();
+  m_google = std::make_shared<GoogleSignIn>();
+  say({});
+  if (!m_browser.open(m_google->startURL(m_baseURL, *m_googleClient))) {
+    m_google.reset();
+    return say(u"Couldn’t open your browser. Sign in with your email instead."_s);
+  }
+  m_googleCall.start(signInWithGoogle(m_google));
+}
+
+void SignInModel::cancelGoogle() {
+  m_googleCall.cancel();
+  m_google.reset();
+  Q_EMIT changed();
+}
+
+void SignInModel::takeGoogleLink(const QString& link) {
+  // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
+  if (!m_google) return say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);
+  if (!m_google->accept(link)) say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
+}
+
+void SignInModel::reset() {
+  m_call.cancel();
+  m_googleCall.cancel();
+  m_countdown.cancel();
+  m_google.reset();
+  m_step = Step::email;
+  m_email.clear();
+  m_password.clear();
+  m_code.clear();
+  m_codeSentTo.clear();
+  m_resendIn = 0;
+  m_busy = false;
+  m_notice.clear();
+  say({});
+}
+
+Task<void> SignInModel::fetchMethods() {
+  try {
+    const AuthMethods methods = co_await m_api.send(Requests::authMethods());
+    m_methodsChecked = true;
+    m_googleClient = methods.google ? std::optional(NativeGoogleClient::macos) : std::nullopt;
+    m_passwordOffered = methods.password.value_or(true);
+    m_codeOffered = methods.email.value_or(true);
+    Q_EMIT changed();
+  } catch (const APIError& error) {
+    // The email step works without knowing; the next visit asks again.
+    qCInfo(lcSignIn, "Sign-in methods unknown: %s", error.what());
+  }
+}
+
+Task<void> SignInModel::checkEmail(QString address) {
+  const EmailCheck check = co_await m_api.send(Requests::checkEmail(address));
+  if (!check.account) {
+    say(u"There’s no Orvella account with that email. Create one at "_s + APIEnvironment::productionHost() +
+        u", or check the spelling."_s);
+    co_return;
+  }
+  if (check.password && m_passwordOffered) {
+    m_step = Step::password;
+    Q_EMIT changed();
+    co_return;
+  }
+  co_await startCode(address);
+}
+
+Task<void> SignInModel::signInWithPassword(QString address, QString password) {
+  finish(co_await m_api.send(Requests::signInWithPassword(address, password)));
+}
+
+Task<void> SignInModel::startCode(QString address) {
+  const EmailStarted started = co_await m_api.send(Requests::startEmail(address));
+  m_codeSentTo = address;
+  m_code.clear();
+  m_step = Step::code;
+  startCountdown(int(started.retryIn.value_or(defaultResendSeconds)));
+  Q_EMIT changed();
+}
+
+Task<void> SignInModel::verifyCode(QString address, QString code) {
+  finish(co_await m_api.send(Requests::verifyEmail(address, code)));
+}
+
+Task<void> SignInModel::signInWithGoogle(std::shared_ptr<GoogleSignIn> flow) {
+  const auto result = co_await flow->wait(m_clock);
+  m_google.reset();
+  Q_EMIT changed();
+  if (result.outcome == GoogleSignIn::Outcome::timedOut) say(u"Google sign-in took too long. Start again."_s);
+  if (result.outcome != GoogleSignIn::Outcome::code || m_busy) co_return;
+  begin(exchangeGoogleCode(result.code, flow->verifier()));
+}
+
+Task<void> SignInModel::exchangeGoogleCode(QString code, QString verifier) {
+  try {
+    finish(co_await m_api.send(Requests::exchangeToken(code, verifier, m_device)));
+  } catch (const APIError& error) {
+    qCWarning(lcSignIn, "Google sign-in failed: %s", error.what());
+    throw;
+  }
+}
+
+void SignInModel::begin(Task<void> call) {
+  m_busy = true;
+  m_error.clear();
+  Q_EMIT changed();
+  m_call.start(guarded(std::move(call)));
+}
+
+Task<void> SignInModel::guarded(Task<void> call) {
+  std::optional<APIError> failure;
+  try {
+    co_await std::move(call);
+  } catch (const APIError& error) {
+    failure = error;
+  }
+  m_busy = false;
+  if (failure) fail(*failure);
+  Q_EMIT changed();
+}
+
+void SignInModel::fail(const APIError& error) {
+  if (error.is(APIError::Kind::cancelled)) return;
+  if (error.code() == u"too_soon"_s && error.problem().retryIn) startCountdown(int(*error.problem().retryIn));
+  say(errorLine(error));
+}
+
+void SignInModel::say(const QString& error) {
+  m_error = error;
+  Q_EMIT changed();
+}
+
+void SignInModel::finish(const NativeSession& session) {
+  cancelGoogle();
+  m_notice.clear();
+  if (onSignedIn) onSignedIn(storedFrom(session, m_clock.now()));
+}
+
+void SignInModel::startCountdown(int seconds) {
+  m_resendIn = std::max(0, seconds);
+  Q_EMIT changed();
+  m_countdown.start(countDown());
+}
+
+Task<void> SignInModel::countDown() {
+  while (m_resendIn > 0) {
+    co_await m_clock.sleep(1s);
+    --m_resendIn;
+    Q_EMIT changed();
+  }
+}
+
+}  // namespace orv

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <optional>
+
+#include "app/shell/GoogleSignIn.h"
+#include "kit/api/APITransport.h"
+#include "kit/async/Clock.h"
+#include "kit/async/TaskScope.h"
+#include "kit/session/StoredSession.h"
+#include "kit/session/records.h"
+
+namespace orv {
+
+/// The signed-out screen: email, then a password or a six-digit code; or Google in the browser.
+class SignInModel final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(Step step READ step NOTIFY changed)
+  Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
+  Q_PROPERTY(QString password READ password WRITE setPassword NOTIFY changed)
+  Q_PROPERTY(QString code READ code WRITE setCode NOTIFY changed)
+  Q_PROPERTY(bool busy READ busy NOTIFY changed)
+  Q_PROPERTY(QString error READ error NOTIFY changed)
+  Q_PROPERTY(QString notice READ notice NOTIFY changed)
+  Q_PROPERTY(int resendIn READ resendIn NOTIFY changed)
+  Q_PROPERTY(QString resendLabel READ resendLabel NOTIFY changed)
+  Q_PROPERTY(QString codeSentTo READ codeSentTo NOTIFY changed)
+  Q_PROPERTY(bool offersGoogle READ offersGoogle NOTIFY changed)
+  Q_PROPERTY(bool offersCode READ offersCode NOTIFY changed)
+  Q_PROPERTY(bool waitingForGoogle READ waitingForGoogle NOTIFY changed)
+
+ public:
+  enum class Step { email, password, code };
+  Q_ENUM(Step)
+
+  /// `api` is used without a credential; `baseURL` is where the Google page starts.
+  SignInModel(APITransport& api, Clock& clock, Browser& browser, QUrl baseURL, Device device,
+              QObject* parent = nullptr);
+
+  std::function<void(StoredSession)> onSignedIn;
+
+  Step step() const { return m_step; }
+  const QString& email() const { return m_email; }
+  const QString& password() const { return m_password; }
+  const QString& code() const { return m_code; }
+  /// A call is in flight; submissions are ignored meanwhile.
+  bool busy() const { return m_busy; }
+  const QString& error() const { return m_error; }
+  const QString& notice() const { return m_notice; }
+  /// Seconds until a new code may be asked for; 0 = now.
+  int resendIn() const { return m_resendIn; }
+  QString resendLabel() const;
+  const QString& codeSentTo() const { return m_codeSentTo; }
+  bool offersGoogle() const { return m_googleClient.has_value(); }
+  bool offersCode() const;
+  bool waitingForGoogle() const { return m_google != nullptr; }
+  bool methodsChecked() const { return m_methodsChecked; }
+
+  void setEmail(const QString& email);
+  void setPassword(const QString& password);
+  void setCode(const QString& code);
+  void setNotice(const QString& notice);
+
+  /// Asks once which ways of signing in the service offers.
+  Q_INVOKABLE void checkMethods();
+  Q_INVOKABLE void submitEmail();
+  Q_INVOKABLE void submitPassword();
+  Q_INVOKABLE void submitCode();
+  Q_INVOKABLE void resendCode();
+  Q_INVOKABLE void useDifferentEmail();
+  Q_INVOKABLE void emailCodeInstead();
+  Q_INVOKABLE void continueWithGoogle();
+  Q_INVOKABLE void cancelGoogle();
+  /// A sign-in link, from the desktop or pasted by hand. One that does not belong to a waiting flow says so.
+  Q_INVOKABLE void takeGoogleLink(const QString& link);
+
+  /// Back to a blank first step; whatever was typed, password included, is forgotten.
+  void reset();
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  Task<void> fetchMethods();
+  Task<void> checkEmail(QString address);
+  Task<void> signInWithPassword(QString address, QString password);
+  Task<void> verifyCode(QString address, QString code);
+  Task<void> signInWithGoogle(std::shared_ptr<GoogleSignIn> flow);
+  Task<void> exchangeGoogleCode(QString code, QString verifier);
+  Task<void> startCode(QString address);
+  Task<void> countDown();
+
+  void begin(Task<void> call);
+  Task<void> guarded(Task<void> call);
+  void fail(const APIError& error);
+  void say(const QString& error);
+  void finish(const NativeSession& session);
+  void startCountdown(int seconds);
+
+  APITransport& m_api;
+  Clock& m_clock;
+  Browser& m_browser;
+  QUrl m_baseURL;
+  Device m_device;
+
+  Step m_step = Step::email;
+  QString m_email;
+  QString m_password;
+  QString m_code;
+  bool m_busy = false;
+  QString m_error;
+  QString m_notice;
+  int m_resendIn = 0;
+  QString m_codeSentTo;
+  std::optional<NativeGoogleClient> m_googleClient;
+  bool m_passwordOffered = true;
+  bool m_codeOffered = true;
+  bool m_methodsChecked = false;
+  std::shared_ptr<GoogleSignIn> m_google;
+
+  TaskSlot m_call;
+  TaskSlot m_googleCall;
+  TaskSlot m_methods;
+  TaskSlot m_countdown;
+};
+
+}  // namespace orv

@@ -1,0 +1,36 @@
+#include "app/shell/WorkspaceSession.h"
+
+namespace orv {
+
+WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, APITransport& transport,
+                                   Services& services, std::function<void()> sessionEnded, QObject* parent)
+    : QObject(parent),
+      m_workspace(std::move(workspace)),
+      m_token(std::move(token)),
+      m_services(services),
+      m_api(transport, m_workspace.slug, m_token),
+      m_campaigns(m_api, services),
+      m_campaignStores(campaignStoresAtMost, StoreCache<CampaignStore>::Order::firstOpening) {
+  m_api.onUnauthorized(std::move(sessionEnded));
+  m_campaigns.setWorkspace(m_workspace);
+}
+
+void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
+  if (m_workspace == workspace) return;
+  m_workspace = workspace;
+  m_campaigns.setWorkspace(workspace);
+  Q_EMIT workspaceChanged();
+}
+
+CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
+  return m_campaignStores.open(id, [this, &id] { return new CampaignStore(id, m_api, m_services); });
+}
+
+void WorkspaceSession::trim() { m_campaignStores.clear(); }
+
+void WorkspaceSession::close() {
+  m_campaigns.close();
+  m_campaignStores.clear();
+}
+
+}  // namespace orv

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QUrl>
+
+namespace orv {
+
+/// The person's web browser.
+class Browser {
+ public:
+  virtual ~Browser() = default;
+  /// False when nothing could be opened. Only http and https are.
+  virtual bool open(const QUrl& url) = 0;
+};
+
+}  // namespace orv

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+
+#include "kit/api/APIEnvironment.h"
+#include "kit/api/APITransport.h"
+
+namespace orv {
+
+/// The network: one per process, with nothing in it but settings. May be called from any thread; answers are decoded on
+/// the network thread and delivered where the call was made.
+///
+/// Every request is sent once, whatever happens to it: nothing is retried and no redirect is followed. Credentials are
+/// an argument of the call; cookies and answers are not kept.
+class APIClient final : public APITransport {
+ public:
+  struct Limits {
+    /// Longest time without a byte, the wait for the first included. A request's own time-out may shorten it.
+    std::chrono::milliseconds idle = std::chrono::seconds(25);
+    std::chrono::milliseconds whole = std::chrono::seconds(90);
+    /// A longer answer is refused as `invalidResponse`.
+    qint64 answerBytes = 256LL << 20;
+  };
+
+  /// This process's environment and identity.
+  APIClient();
+  APIClient(APIEnvironment environment, ClientIdentity identity, Limits limits);
+  /// Closes what is in flight; nothing is delivered afterwards.
+  ~APIClient() override;
+
+  const APIEnvironment& environment() const { return m_environment; }
+  const ClientIdentity& identity() const { return m_identity; }
+
+  std::unique_ptr<Exchange> exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) override;
+
+ private:
+  class Network;
+  class NetworkExchange;
+
+  APIEnvironment m_environment;
+  ClientIdentity m_identity;
+  Limits m_limits;
+  std::shared_ptr<Network> m_network;
+};
+
+}  // namespace orv

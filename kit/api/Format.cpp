@@ -1,0 +1,48 @@
+#include "kit/api/Format.h"
+
+#include <cmath>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::Format {
+
+QString oneDecimal(double value) {
+  const double rounded = std::round(value * 10) / 10;
+  if (rounded == std::trunc(rounded)) return QString::number(qint64(rounded));
+  return QString::number(rounded, 'f', 1);
+}
+
+QString compactCount(qint64 count, const QLocale& locale) {
+  if (count >= 1000000) return oneDecimal(double(count) / 1000000) + u'M';
+  if (count >= 10000) return oneDecimal(double(count) / 1000) + u'K';
+  return grouped(count, locale);
+}
+
+QString money(double amount, const QLocale& locale) {
+  if (!std::isfinite(amount)) return u"$0"_s;
+  return locale.toCurrencyString(std::round(amount), u"$"_s, 0);
+}
+
+QString calendarDay(QDate day) {
+  return u"%1-%2-%3"_s.arg(day.year(), 4, 10, QChar(u'0'))
+      .arg(day.month(), 2, 10, QChar(u'0'))
+      .arg(day.day(), 2, 10, QChar(u'0'));
+}
+
+QString shortDate(QDate day, const QLocale& locale) { return locale.toString(day, u"d MMM"_s); }
+
+QString grouped(qint64 count, const QLocale& locale) {
+  QLocale grouping = locale;
+  grouping.setNumberOptions(grouping.numberOptions() & ~QLocale::OmitGroupSeparator);
+  return grouping.toString(count);
+}
+
+QString counted(qint64 count, const QString& one, const QString& many, const QLocale& locale) {
+  return grouped(count, locale) + u' ' + (count == 1 ? one : many);
+}
+
+QString rate(qint64 part, qint64 whole) {
+  return whole > 0 ? oneDecimal(100.0 * double(part) / double(whole)) + u'%' : u"0%"_s;
+}
+
+}  // namespace orv::Format

@@ -1,0 +1,343 @@
+#pragma once
+
+// The coders themselves. Included by the .cpp files that instantiate them, and by nothing else: the parser's header is
+// the dearest of the program.
+
+#include <simdjson.h>
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <boost/describe/members.hpp>
+#include <boost/mp11/algorithm.hpp>
+#include <bitset>
+#include <functional>
+#include <type_traits>
+
+#include "kit/api/Clearable.h"
+#include "kit/api/JSONCoding.h"
+#include "kit/api/JSONValue.h"
+#include "kit/api/OpenWord.h"
+#include "kit/api/PlatformDate.h"
+#include "kit/api/RecordFields.h"
+
+namespace orv::detail {
+
+/// A decode that failed, on its way up to where its path is known.
+struct DecodeFault {
+  explicit DecodeFault(QString why) : reason(std::move(why)) {}
+  void within(const QString& step) {
+    path = step + (path.isEmpty() || path.startsWith(u'[') ? path : u'.' + path);
+  }
+  QString path;
+  QString reason;
+};
+
+template <class Value>
+Value checked(simdjson::simdjson_result<Value> result) {
+  if (result.error()) throw DecodeFault(QLatin1String(simdjson::error_message(result.error())));
+  return std::move(result).value_unsafe();
+}
+inline bool checked(bool value) { return value; }
+
+inline QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), qsizetype(utf8.size())); }
+
+/// Runs `use` on the parsed text, which lives no longer than that.
+void withDocument(QByteArrayView json, const std::function<void(simdjson::ondemand::document&)>& use);
+
+template <class T>
+using MembersOf = boost::describe::describe_members<T, boost::describe::mod_public>;
+
+template <class T, template <class...> class Template>
+inline constexpr bool isA = false;
+template <class... Args, template <class...> class Template>
+inline constexpr bool isA<Template<Args...>, Template> = true;
+
+/// A key may be missing without making the record undecodable.
+template <class T>
+inline constexpr bool mayBeMissing = isA<T, std::optional> || isA<T, Clearable>;
+
+struct JSONValueCoder {
+  static constexpr int deepest = 256;
+  static JSONValue decode(simdjson::ondemand::value value, int depth = 0);
+  static QJsonValue encode(const JSONValue& value);
+};
+
+template <class T>
+T decodeValue(simdjson::ondemand::value value);
+
+inline qint64 decodeInteger(simdjson::ondemand::value value) {
+  if (const auto integer = value.get_int64(); !integer.error()) return integer.value_unsafe();
+  // Some writers put every number down as a decimal: 3.0 is a three, 3.5 is none.
+  const double number = checked(value.get_double());
+  constexpr double exactUpTo = 9007199254740992.0;
+  if (number != std::trunc(number) || std::abs(number) > exactUpTo) throw DecodeFault(QStringLiteral("not an integer"));
+  return qint64(number);
+}
+
+template <class T>
+QList<T> decodeList(simdjson::ondemand::value value) {
+  QList<T> list;
+  for (auto element : checked(value.get_array())) {
+    try {
+      list.append(decodeValue<T>(checked(element)));
+    } catch (DecodeFault& fault) {
+      fault.within(u'[' + QString::number(list.size()) + u']');
+      throw;
+    }
+  }
+  return list;
+}
+
+template <class T>
+QMap<QString, T> decodeMap(simdjson::ondemand::value value) {
+  QMap<QString, T> map;
+  for (auto member : checked(value.get_object())) {
+    const QString key = text(checked(member.unescaped_key()));
+    try {
+      map.insert(key, decodeValue<T>(checked(member.value())));
+    } catch (DecodeFault& fault) {
+      // The key may be a person's data; the log has no use for it.
+      fault.within(QStringLiteral("*"));
+      throw;
+    }
+  }
+  return map;
+}
+
+template <class Record>
+class RecordDecoder {
+  using Members = MembersOf<Record>;
+  static constexpr size_t count = boost::mp11::mp_size<Members>::value;
+
+ public:
+  static Record decode(simdjson::ondemand::value value) {
+    Record record{};
+    std::bitset<count> seen;
+    // Writers keep the order of a record's keys, so the next key is nearly always the next member.
+    size_t expected = 0;
+    for (auto field : checked(value.get_object())) {
+      const size_t member = memberOf(field, expected);
+      if (member == count) continue;
+      expected = member + 1;
+      seen.set(member);
+      decodeMember(record, member, field);
+    }
+    if (!seen.all()) checkRequired(seen);
+    return record;
+  }
+
+ private:
+  static constexpr std::array<std::string_view, count> names = [] {
+    std::array<std::string_view, count> result;
+    size_t i = 0;
+    boost::mp11::mp_for_each<Members>([&](auto member) { result[i++] = member.name; });
+    return result;
+  }();
+
+  template <class Field>
+  static size_t memberOf(Field& field, size_t expected) {
+    const char* raw = checked(field.key()).raw();
+    for (size_t i = 0; i < count; ++i) {
+      const size_t member = (expected + i) % count;
+      const std::string_view name = names[member];
+      // The raw key ends at a quotation mark, and no name holds one, so the comparison cannot run past it.
+      if (std::char_traits<char>::compare(raw, name.data(), name.size()) == 0 && raw[name.size()] == '"') return member;
+    }
+    return count;
+  }
+
+  template <class Field>
+  static void decodeMember(Record& record, size_t member, Field& field) {
+    try {
+      boost::mp11::mp_with_index<count>(member, [&](auto index) {
+        constexpr auto description = boost::mp11::mp_at<Members, decltype(index)>();
+        auto& target = record.*description.pointer;
+        target = decodeValue<std::remove_reference_t<decltype(target)>>(checked(field.value()));
+      });
+    } catch (DecodeFault& fault) {
+      fault.within(text(names[member]));
+      throw;
+    }
+  }
+
+  static void checkRequired(const std::bitset<count>& seen) {
+    size_t i = 0;
+    boost::mp11::mp_for_each<Members>([&](auto description) {
+      using Member = std::remove_reference_t<decltype(std::declval<Record&>().*description.pointer)>;
+      if (!seen.test(i) && !mayBeMissing<Member>) {
+        DecodeFault fault(QStringLiteral("missing"));
+        fault.within(text(names[i]));
+        throw fault;
+      }
+      ++i;
+    });
+  }
+};
+
+template <class T>
+T decodeValue(simdjson::ondemand::value value) {
+  if constexpr (std::is_same_v<T, QString>) {
+    return text(checked(value.get_string()));
+  } else if constexpr (std::is_base_of_v<OpenWord, T>) {
+    return T(text(checked(value.get_string())));
+  } else if constexpr (std::is_same_v<T, bool>) {
+    return checked(value.get_bool());
+  } else if constexpr (std::is_same_v<T, qint64>) {
+    return decodeInteger(value);
+  } else if constexpr (std::is_same_v<T, double>) {
+    return checked(value.get_double());
+  } else if constexpr (std::is_same_v<T, JSONValue>) {
+    return JSONValueCoder::decode(value);
+  } else if constexpr (std::is_same_v<T, QDateTime>) {
+    const auto instant = parsePlatformDate(text(checked(value.get_string())));
+    if (!instant) throw DecodeFault(QStringLiteral("not an instant"));
+    return *instant;
+  } else if constexpr (isA<T, std::optional>) {
+    if (checked(value.is_null())) return std::nullopt;
+    return decodeValue<typename T::value_type>(value);
+  } else if constexpr (isA<T, Clearable>) {
+    if (checked(value.is_null())) return T::cleared();
+    return decodeValue<typename std::decay_t<decltype(*std::declval<T>().value())>>(value);
+  } else if constexpr (isA<T, QList>) {
+    return decodeList<typename T::value_type>(value);
+  } else if constexpr (isA<T, QMap>) {
+    return decodeMap<typename T::mapped_type>(value);
+  } else {
+    return RecordDecoder<T>::decode(value);
+  }
+}
+
+template <class T>
+QJsonValue encodeValue(const T& value) {
+  if constexpr (std::is_base_of_v<OpenWord, T>) {
+    return value.rawValue;
+  } else if constexpr (std::is_same_v<T, JSONValue>) {
+    return JSONValueCoder::encode(value);
+  } else if constexpr (std::is_same_v<T, QDateTime>) {
+    return formatPlatformDate(value);
+  } else if constexpr (isA<T, QList>) {
+    QJsonArray array;
+    for (const auto& element : value) array.append(encodeValue(element));
+    return array;
+  } else if constexpr (isA<T, QMap>) {
+    QJsonObject object;
+    for (auto it = value.begin(); it != value.end(); ++it) object.insert(it.key(), encodeValue(it.value()));
+    return object;
+  } else if constexpr (boost::describe::has_describe_members<T>::value) {
+    return toJSON(value);
+  } else {
+    return QJsonValue(value);
+  }
+}
+
+template <class T>
+void encodeMember(QJsonObject& object, const char* name, const T& value) {
+  if constexpr (isA<T, std::optional>) {
+    if (value) object.insert(QLatin1String(name), encodeValue(*value));
+  } else if constexpr (isA<T, Clearable>) {
+    if (value.isPresent())
+      object.insert(QLatin1String(name), value.value() ? encodeValue(*value.value()) : QJsonValue(QJsonValue::Null));
+  } else {
+    object.insert(QLatin1String(name), encodeValue(value));
+  }
+}
+
+template <class T>
+QVariant variantOf(const T& value) {
+  if constexpr (std::is_base_of_v<OpenWord, T>) {
+    return value.rawValue;
+  } else if constexpr (std::is_same_v<T, JSONValue>) {
+    return JSONValueCoder::encode(value).toVariant();
+  } else if constexpr (isA<T, std::optional>) {
+    return value ? variantOf(*value) : QVariant::fromValue(nullptr);
+  } else if constexpr (isA<T, Clearable>) {
+    return value.value() ? variantOf(*value.value()) : QVariant::fromValue(nullptr);
+  } else if constexpr (std::is_same_v<T, QList<QString>>) {
+    return QVariant(value);
+  } else if constexpr (isA<T, QList>) {
+    QVariantList list;
+    for (const auto& element : value) list.append(variantOf(element));
+    return list;
+  } else if constexpr (isA<T, QMap>) {
+    QVariantMap map;
+    for (auto it = value.begin(); it != value.end(); ++it) map.insert(it.key(), variantOf(it.value()));
+    return map;
+  } else if constexpr (boost::describe::has_describe_members<T>::value) {
+    return toVariantMap(value);
+  } else {
+    return QVariant::fromValue(value);
+  }
+}
+
+}  // namespace orv::detail
+
+namespace orv {
+
+template <class Record>
+Record decodeJSON(QByteArrayView json) {
+  try {
+    std::optional<Record> record;
+    detail::withDocument(json, [&record](simdjson::ondemand::document& document) {
+      record = detail::decodeValue<Record>(detail::checked(document.get_value()));
+      // Where the text goes on after its value; an error means nowhere.
+      if (!document.current_location().error()) throw detail::DecodeFault(QStringLiteral("more text after the value"));
+    });
+    return std::move(*record);
+  } catch (const detail::DecodeFault& fault) {
+    throw DecodeError(fault.path, fault.reason);
+  }
+}
+
+template <class Record>
+QJsonObject toJSON(const Record& record) {
+  QJsonObject object;
+  boost::mp11::mp_for_each<detail::MembersOf<Record>>(
+      [&](auto member) { detail::encodeMember(object, member.name, record.*member.pointer); });
+  return object;
+}
+
+template <class Record>
+QByteArray encodeJSON(const Record& record) {
+  return QJsonDocument(toJSON(record)).toJson(QJsonDocument::Compact);
+}
+
+template <class Record>
+QVariantMap toVariantMap(const Record& record) {
+  QVariantMap map;
+  boost::mp11::mp_for_each<detail::MembersOf<Record>>([&](auto member) {
+    map.insert(QLatin1String(member.name), detail::variantOf(record.*member.pointer));
+  });
+  return map;
+}
+
+template <class Record>
+const QList<QByteArray>& fieldNames() {
+  static const QList<QByteArray> names = [] {
+    QList<QByteArray> result;
+    boost::mp11::mp_for_each<detail::MembersOf<Record>>([&](auto member) { result.append(member.name); });
+    return result;
+  }();
+  return names;
+}
+
+template <class Record>
+QVariant fieldVariant(const Record& record, int field) {
+  using Members = detail::MembersOf<Record>;
+  return boost::mp11::mp_with_index<boost::mp11::mp_size<Members>::value>(size_t(field), [&](auto index) {
+    constexpr auto member = boost::mp11::mp_at<Members, decltype(index)>();
+    return detail::variantOf(record.*member.pointer);
+  });
+}
+
+}  // namespace orv
+
+/// Instantiates everything made from a record's description. Once per record, in namespace orv.
+#define ORV_RECORD_CODERS(Record)                                  \
+  template Record decodeJSON<Record>(QByteArrayView);              \
+  template QJsonObject toJSON<Record>(const Record&);              \
+  template QByteArray encodeJSON<Record>(const Record&);           \
+  template QVariantMap toVariantMap<Record>(const Record&);        \
+  template const QList<QByteArray>& fieldNames<Record>();          \
+  template QVariant fieldVariant<Record>(const Record&, int);

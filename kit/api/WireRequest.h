@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <optional>
+
+#include "kit/api/APIEnvironment.h"
+#include "kit/api/APITransport.h"
+
+namespace orv {
+
+/// A call as it goes on the wire.
+struct WireRequest {
+  QByteArray method;
+  QByteArray url;
+  /// "Name: value" lines.
+  QList<QByteArray> headers;
+  std::optional<QByteArray> body;
+  /// Changes something, so it must never share the fate of an old connection.
+  bool changing = false;
+};
+
+WireRequest wireRequest(const APICall& call, const APIEnvironment& environment, const ClientIdentity& identity);
+
+}  // namespace orv

@@ -1,0 +1,26 @@
+#include "kit/session/SessionStore.h"
+
+#include "kit/api/JSONCoding.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+const auto account = u"session"_s;
+}
+
+Task<std::optional<StoredSession>> SessionStore::load() {
+  const auto data = co_await m_keychain.read(account);
+  if (!data) co_return std::nullopt;
+  try {
+    co_return decodeJSON<StoredSession>(*data);
+  } catch (const DecodeError&) {
+    throw KeychainError::corrupted();
+  }
+}
+
+Task<void> SessionStore::save(StoredSession session) { co_await m_keychain.write(account, encodeJSON(session)); }
+
+Task<void> SessionStore::clear() { co_await m_keychain.remove(account); }
+
+}  // namespace orv
