@@ -64,7 +64,9 @@ std::optional<double> sortValue(const CampaignSummary& campaign, const QString& 
 }
 
 QCollator collator() {
-  QCollator collator;
+  // The C locale knows neither numbers nor cases.
+  const QLocale locale = QLocale().collation();
+  QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
   collator.setNumericMode(true);
   collator.setCaseSensitivity(Qt::CaseInsensitive);
   return collator;

@@ -131,13 +131,14 @@ class Resource final : public ResourceBase {
 
   void fail(const APIError& error) {
     m_refreshing = false;
-    const bool showsSomething = hasContent() || m_state.isEmpty();
+    const bool isRefresh = hasContent() || m_state.isEmpty();
+    const bool isTold = !error.is(APIError::Kind::offline) && !error.is(APIError::Kind::cancelled);
     if (error.is(APIError::Kind::offline))
       m_state = ScreenState<Value>::offline(shown());
-    else if (!error.is(APIError::Kind::cancelled) && !showsSomething)
+    else if (isTold && !isRefresh)
       m_state = ScreenState<Value>::error(error);
     Q_EMIT changed();
-    if (showsSomething && !error.is(APIError::Kind::offline)) Q_EMIT refreshFailed(error);
+    if (isTold && isRefresh) Q_EMIT refreshFailed(error);
   }
 
   ScreenState<Value> stateOf(const Value& value) const {

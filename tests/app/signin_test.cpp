@@ -1,4 +1,6 @@
 #include <QCryptographicHash>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 #include <QUrlQuery>
 

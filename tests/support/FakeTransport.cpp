@@ -24,13 +24,13 @@ class FakeTransport::FakeExchange final : public Exchange {
 
 FakeTransport::~FakeTransport() {
   for (const QString& label : m_expected)
-    QTest::qFail(qPrintable("Expected but never sent: " + label), __FILE__, __LINE__);
+    QTest::qFail(qPrintable(QLatin1String("Expected but never sent: ") + label), __FILE__, __LINE__);
 }
 
 std::unique_ptr<APITransport::Exchange> FakeTransport::exchange(APICall call,
                                                                 std::shared_ptr<AnswerReceiver> receiver) {
   const QString label = call.request.label();
-  if (!m_expected.removeOne(label)) QTest::qFail(qPrintable("Unexpected request: " + label), __FILE__, __LINE__);
+  if (!m_expected.removeOne(label)) QTest::qFail(qPrintable(QLatin1String("Unexpected request: ") + label), __FILE__, __LINE__);
   m_sent.push_back(std::move(call));
   m_waiting.push_back({++m_lastId, label, std::move(receiver)});
   return std::make_unique<FakeExchange>(*this, m_lastId);
@@ -52,7 +52,7 @@ bool FakeTransport::isWaiting(const QString& label) const {
 void FakeTransport::give(const QString& label, ExchangeResult result) {
   const auto found = std::ranges::find(m_waiting, label, &Waiting::label);
   if (found == m_waiting.end())
-    return QTest::qFail(qPrintable("Nobody waits for: " + label), __FILE__, __LINE__);
+    return QTest::qFail(qPrintable(QLatin1String("Nobody waits for: ") + label), __FILE__, __LINE__);
   const auto receiver = found->receiver;
   m_waiting.erase(found);
   receiver->receive(std::move(result));

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QList>
+#include <map>
+
+#include "app/shell/Services.h"
+#include "app/shell/desktop/MemoryPressure.h"
+#include "kit/session/Keychain.h"
+#include "tests/support/FakeTransport.h"
+#include "tests/support/ManualClock.h"
+
+namespace orv::test {
+
+/// Saves into `folder` under the suggested name; an empty folder is a cancelled panel.
+class FakeFilePanel final : public FilePanel {
+ public:
+  QString folder;
+  QString suggested;
+  Task<std::optional<QString>> saveFile(QString suggestedName, QString, QString) override {
+    suggested = suggestedName;
+    if (folder.isEmpty()) co_return std::nullopt;
+    co_return QDir(folder).filePath(suggestedName);
+  }
+};
+
+class FakeRevealer final : public FileRevealer {
+ public:
+  QString revealed;
+  void reveal(const QString& path) override { revealed = path; }
+};
+
+class FakeClipboard final : public Clipboard {
+ public:
+  QString text;
+  void setText(const QString& copied) override { text = copied; }
+};
+
+class FakeBrowser final : public Browser {
+ public:
+  bool works = true;
+  QList<QUrl> opened;
+  bool open(const QUrl& url) override {
+    opened.append(url);
+    return works;
+  }
+};
+
+class MemoryPreferences final : public Preferences {
+ public:
+  bool rail = false;
+  QStringList recent;
+  QString chosenTheme = QStringLiteral("system");
+  QRect geometry;
+  bool maximized = false;
+
+  bool sidebarRail() const override { return rail; }
+  void setSidebarRail(bool value) override { rail = value; }
+  QStringList recentCommands() const override { return recent; }
+  void setRecentCommands(const QStringList& ids) override { recent = ids; }
+  QString theme() const override { return chosenTheme; }
+  void setTheme(const QString& theme) override { chosenTheme = theme; }
+  QRect windowGeometry() const override { return geometry; }
+  void setWindowGeometry(const QRect& value) override { geometry = value; }
+  bool windowMaximized() const override { return maximized; }
+  void setWindowMaximized(bool value) override { maximized = value; }
+};
+
+/// Items in memory. `failure` makes every operation throw; `gate`, when set, keeps every operation waiting.
+class MemoryKeychain final : public Keychain {
+ public:
+  MemoryKeychain() : Keychain(QStringLiteral("com.orvella.test")) {}
+  std::map<QString, QByteArray> items;
+  std::optional<KeychainError> failure;
+  std::optional<OneShot<bool>> gate;
+
+  Task<std::optional<QByteArray>> read(QString account) override {
+    if (gate) co_await gate->wait();
+    if (failure) throw *failure;
+    const auto found = items.find(account);
+    if (found == items.end()) co_return std::nullopt;
+    co_return found->second;
+  }
+  Task<void> write(QString account, QByteArray data) override {
+    if (gate) co_await gate->wait();
+    if (failure) throw *failure;
+    items[account] = data;
+  }
+  Task<void> remove(QString account) override {
+    if (gate) co_await gate->wait();
+    if (failure) throw *failure;
+    items.erase(account);
+  }
+};
+
+/// Everything a store needs, faked.
+struct AppFixture {
+  ManualClock clock;
+  FakeTransport api;
+  FakeFilePanel filePanel;
+  FakeRevealer revealer;
+  FakeClipboard clipboard;
+  FakeBrowser browser;
+  MemoryPreferences preferences;
+  MemoryKeychain keychain;
+  MemoryPressure memoryPressure;
+  Toasts toasts{clock};
+  Overlays overlays;
+  Router router{preferences, clock};
+  Services services{clock,
+                    toasts,
+                    overlays,
+                    router,
+                    clipboard,
+                    filePanel,
+                    revealer,
+                    preferences,
+                    QUrl(QStringLiteral("https://app.orvella.example"))};
+};
+
+inline QByteArray readFixture(const QString& name) {
+  QFile file(QStringLiteral(ORVELLA_FIXTURES "/") + name);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("No fixture %s", qPrintable(name));
+  return file.readAll();
+}
+
+}  // namespace orv::test
