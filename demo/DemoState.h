@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QDateTime>
+#include <QHash>
+#include <QMap>
+#include <QSet>
+
+#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns.h"
+#include "kit/session/records.h"
+
+namespace orv::demo {
+
+struct DemoCampaign {
+  Campaign record;
+  /// Leads enrolled; the record's stats count them.
+  QList<CampaignLead> leads;
+  /// Set while the campaign is archived.
+  std::optional<QString> archivedAt;
+
+  CampaignSummary summary() const;
+};
+
+struct DemoMailbox {
+  QString id;
+  QString address;
+  QString displayName;
+  QString status;
+  qint64 dailyCap = 0;
+};
+
+struct DemoWorkspace {
+  QString id;
+  QString slug;
+  QString name;
+  QString timeZone;
+  /// Role by the member's email.
+  QMap<QString, QString> members;
+  QList<DemoMailbox> mailboxes;
+  /// In the order they are listed: the newest first.
+  QList<DemoCampaign> campaigns;
+  qint64 lastNumber = 0;
+
+  DemoCampaign* find(const QString& campaignId);
+};
+
+struct DemoAccount {
+  User user;
+  /// Empty for an account that signs in by code only.
+  QString password;
+  std::optional<QString> lastWorkspace;
+};
+
+struct DemoState {
+  QMap<QString, DemoAccount> accounts;
+  QList<DemoWorkspace> workspaces;
+
+  DemoWorkspace* find(const QString& slug);
+};
+
+/// How much of everything there is, at least; what the sample has by hand is always there.
+struct DemoScale {
+  int campaigns = 0;
+  int mailboxes = 0;
+  int leads = 0;
+};
+
+/// The sample: the same seed, scale and day give the same bytes.
+DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today);
+
+/// A small generator of our own, because the standard's distributions differ between libraries.
+class DemoRandom {
+ public:
+  explicit DemoRandom(quint64 seed) : m_state(seed) {}
+  quint64 next();
+  /// From 0 to bound - 1.
+  qint64 below(qint64 bound) { return bound > 0 ? qint64(next() % quint64(bound)) : 0; }
+  qint64 between(qint64 low, qint64 high) { return low + below(high - low + 1); }
+  bool chance(double probability) { return double(next() >> 11) * 0x1.0p-53 < probability; }
+  template <class List>
+  const auto& pick(const List& list) {
+    return list[below(qint64(list.size()))];
+  }
+  QString id(const QString& prefix);
+
+ private:
+  quint64 m_state;
+};
+
+}  // namespace orv::demo

@@ -1,0 +1,153 @@
+#include "demo/HttpDoor.h"
+
+#include <QTcpSocket>
+
+using namespace std::chrono_literals;
+
+namespace orv::demo {
+namespace {
+
+constexpr qsizetype longestHead = 64 << 10;
+constexpr qsizetype longestBody = 64 << 20;
+
+QByteArray reason(int status) {
+  switch (status) {
+    case 200: return "OK";
+    case 201: return "Created";
+    case 204: return "No Content";
+    case 400: return "Bad Request";
+    case 413: return "Content Too Large";
+    default: return "Status";
+  }
+}
+
+QByteArray serialised(const HTTPAnswer& answer) {
+  QByteArray bytes = "HTTP/1.1 " + QByteArray::number(answer.status) + ' ' + reason(answer.status) + "\r\n";
+  for (const auto& [name, value] : answer.headers) bytes += name + ": " + value + "\r\n";
+  if (answer.status != 204) bytes += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
+  return bytes + "\r\n" + answer.body;
+}
+
+HTTPAnswer html(int status) {
+  return {status, {{"Content-Type", "text/html"}}, "<html><body>Bad gateway</body></html>"};
+}
+
+HTTPAnswer faulty(Faults::Kind kind, const HTTPAnswer& answer) {
+  using namespace Qt::Literals::StringLiterals;
+  switch (kind) {
+    case Faults::Kind::unauthorized: return problemAnswer(401, u"unauthorized"_s, u"Not signed in"_s);
+    case Faults::Kind::conflict: return problemAnswer(409, u"conflict"_s, u"Someone changed this meanwhile"_s);
+    case Faults::Kind::rateLimit: return {429, {{"Retry-After", "1.5"}}, {}};
+    case Faults::Kind::htmlError: return html(500);
+    case Faults::Kind::htmlSuccess: return html(200);
+    case Faults::Kind::truncated: {
+      // The length is right and the JSON is not: what a broken cache in between hands out.
+      HTTPAnswer cut = answer;
+      cut.body.truncate(cut.body.size() / 2);
+      return cut;
+    }
+    case Faults::Kind::closed:
+    case Faults::Kind::late: return answer;
+  }
+  Q_UNREACHABLE();
+}
+
+}  // namespace
+
+/// One client's connection: reads requests one after the other and answers each before it looks at the next.
+class HttpDoor::Connection final : public QObject {
+ public:
+  Connection(HttpDoor& door, QTcpSocket* socket) : QObject(&door), m_door(door), m_socket(socket) {
+    m_socket->setParent(this);
+    connect(m_socket, &QTcpSocket::readyRead, this, [this] {
+      m_bytes += m_socket->readAll();
+      proceed();
+    });
+    connect(m_socket, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+  }
+
+ private:
+  void proceed() {
+    while (!m_answering && readRequest()) answer();
+  }
+
+  /// True when a whole request has been taken off m_bytes.
+  bool readRequest() {
+    const auto headEnd = m_bytes.indexOf("\r\n\r\n");
+    if (headEnd < 0) {
+      if (m_bytes.size() > longestHead) refuse(400);
+      return false;
+    }
+    const QList<QByteArray> lines = m_bytes.first(headEnd).split('\n');
+    const QList<QByteArray> start = lines.first().trimmed().split(' ');
+    if (start.size() != 3 || !start[2].startsWith("HTTP/1.") || !start[1].startsWith('/')) return refuse(400);
+    m_headers.clear();
+    qint64 length = 0;
+    for (const QByteArray& line : lines.mid(1)) {
+      const auto colon = line.indexOf(':');
+      if (colon < 0) return refuse(400);
+      m_headers.append({line.first(colon).trimmed(), line.sliced(colon + 1).trimmed()});
+      if (m_headers.last().first.compare("content-length", Qt::CaseInsensitive) != 0) continue;
+      bool isNumber = false;
+      length = m_headers.last().second.toLongLong(&isNumber);
+      if (!isNumber || length < 0) return refuse(400);
+    }
+    if (length > longestBody) return refuse(413);
+    if (m_bytes.size() < headEnd + 4 + length) return false;
+    m_method = start[0];
+    m_target = start[1];
+    m_body = m_bytes.mid(headEnd + 4, length);
+    m_bytes.remove(0, headEnd + 4 + length);
+    return true;
+  }
+
+  void answer() {
+    const auto fault = m_door.m_faults.draw();
+    HTTPAnswer answer = m_door.m_service.answer(DemoRequest::parse(m_method, m_target, m_headers, m_body));
+    if (fault) answer = faulty(*fault, answer);
+    auto delay = m_door.m_faults.latency();
+    if (fault == Faults::Kind::late) delay += 3s;
+    if (delay == 0ms) return send(answer, fault);
+    m_answering = m_door.m_clock.startTimer(delay, [this, answer, fault] {
+      send(answer, fault);
+      m_answering.reset();
+      proceed();
+    });
+  }
+
+  void send(const HTTPAnswer& answer, std::optional<Faults::Kind> fault) {
+    const QByteArray bytes = serialised(answer);
+    if (fault == Faults::Kind::closed) {
+      m_socket->write(bytes.first(bytes.size() / 2));
+      m_socket->disconnectFromHost();
+      return;
+    }
+    m_socket->write(bytes);
+  }
+
+  bool refuse(int status) {
+    m_bytes.clear();
+    m_socket->write(serialised({status, {{"Connection", "close"}}, {}}));
+    m_socket->disconnectFromHost();
+    return false;
+  }
+
+  HttpDoor& m_door;
+  QTcpSocket* m_socket;
+  QByteArray m_bytes, m_method, m_target, m_body;
+  QList<QPair<QByteArray, QByteArray>> m_headers;
+  std::unique_ptr<Clock::Timer> m_answering;
+};
+
+HttpDoor::HttpDoor(DemoService& service, Clock& clock, Faults faults, QObject* parent)
+    : QObject(parent), m_service(service), m_clock(clock), m_faults(std::move(faults)) {
+  connect(&m_server, &QTcpServer::newConnection, this, &HttpDoor::accept);
+}
+
+bool HttpDoor::listen(quint16 port) { return m_server.listen(QHostAddress::LocalHost, port); }
+
+void HttpDoor::accept() {
+  while (QTcpSocket* socket = m_server.nextPendingConnection()) new Connection(*this, socket);
+}
+
+}  // namespace orv::demo

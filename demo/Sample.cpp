@@ -1,0 +1,263 @@
+#include <array>
+
+#include "demo/DemoState.h"
+#include "kit/api/PlatformDate.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::demo {
+namespace {
+
+struct Row {
+  QString name;
+  QStringList tags;
+  const char* status;
+  qint64 steps, senders, done, leads, sent, replied, positive, bounced;
+  /// Days before today that it was launched, or created when it never was.
+  int daysAgo;
+};
+
+const QList<Row>& northgateRows() {
+  static const QList<Row> rows{
+      {u"Fleet maintenance, Benelux"_s, {u"fleet"_s, u"q4"_s}, "running", 4, 12, 1284, 3000, 4212, 118, 41, 31, 18},
+      {u"Clinic schedulers, Nordics"_s, {u"health"_s}, "running", 3, 8, 611, 1450, 1530, 52, 19, 9, 15},
+      {u"Property managers, Iberia"_s, {u"property"_s}, "running", 4, 10, 196, 2200, 904, 26, 11, 6, 11},
+      {u"Insurance brokers, DACH"_s, {u"finance"_s, u"q4"_s}, "running", 5, 16, 2406, 2600, 8931, 231, 64, 142, 31},
+      {u"Warehouse operators, UK"_s, {u"logistics"_s}, "paused", 4, 6, 402, 900, 1120, 21, 5, 38, 24},
+      {u"Food wholesalers, follow-up"_s, {u"retail"_s}, "paused", 2, 4, 310, 640, 587, 17, 6, 4, 38},
+      {u"Boutique hotels, winter"_s, {u"travel"_s}, "draft", 3, 0, 0, 0, 0, 0, 0, 0, 2},
+      {u"Freight forwarders, Baltics"_s, {u"logistics"_s}, "draft", 4, 5, 0, 420, 0, 0, 0, 0, 1},
+      {u"Payroll switchers, Ireland"_s, {u"finance"_s}, "completed", 4, 8, 1800, 1800, 6044, 196, 58, 49, 80},
+      {u"Solar installers, Q3"_s, {u"energy"_s}, "completed", 5, 9, 1200, 1200, 5120, 101, 22, 71, 95},
+  };
+  return rows;
+}
+
+const QList<Row>& northgateArchive() {
+  static const QList<Row> rows{
+      {u"Gyms, spring trial"_s, {u"retail"_s}, "paused", 3, 4, 250, 250, 710, 12, 2, 9, 150},
+      {u"Dentists, Vienna"_s, {u"health"_s}, "draft", 2, 0, 0, 0, 0, 0, 0, 0, 33},
+      {u"Recruiters, test"_s, {}, "draft", 1, 1, 0, 10, 0, 0, 0, 0, 41},
+      {u"Accountants, Lisbon"_s, {u"finance"_s}, "completed", 4, 6, 800, 800, 2410, 66, 20, 12, 200},
+      {u"Bakeries, DACH"_s, {u"retail"_s}, "paused", 3, 3, 120, 400, 390, 7, 1, 22, 90},
+      {u"Schools, Q2"_s, {u"education"_s}, "completed", 3, 5, 600, 600, 1640, 30, 8, 10, 160},
+  };
+  return rows;
+}
+
+const QStringList& industries() {
+  static const QStringList list{u"Dental clinics"_s, u"Law firms"_s, u"Machine shops"_s, u"Wine importers"_s, u"Property managers"_s, u"Software vendors"_s, u"Print shops"_s, u"Car dealers"_s, u"Caterers"_s, u"Architects"_s, u"Freight agents"_s, u"Nurseries"_s};
+  return list;
+}
+const QStringList& regions() {
+  static const QStringList list{u"Nordics"_s, u"DACH"_s, u"Iberia"_s, u"Baltics"_s, u"Ireland"_s, u"Benelux"_s, u"Alps"_s, u"Italy"_s, u"France"_s, u"Poland"_s, u"Greece"_s, u"Scotland"_s};
+  return list;
+}
+const QStringList& firstNames() {
+  static const QStringList list{u"Lena"_s, u"Maris"_s, u"Ilze"_s, u"Tomas"_s, u"Sara"_s, u"Jonas"_s, u"Noor"_s, u"Elif"_s, u"Pavel"_s};
+  return list;
+}
+const QStringList& lastNames() {
+  static const QStringList list{u"Berg"_s, u"Kalnins"_s, u"Okafor"_s, u"Silva"_s, u"Novak"_s, u"Lind"_s, u"Moreau"_s, u"Kaya"_s};
+  return list;
+}
+
+QString instant(const QDate& today, int daysAgo, int hour = 9) {
+  return formatPlatformDate(QDateTime(today.addDays(-daysAgo), QTime(hour, 0), Qt::UTC));
+}
+
+QList<CampaignStep> makeSteps(qint64 count, DemoRandom& random) {
+  QList<CampaignStep> steps;
+  for (qint64 position = 1; position <= count; ++position) {
+    CampaignStep step;
+    step.id = random.id(u"st"_s);
+    step.position = position;
+    step.delayMinutes = position == 1 ? 0 : 2880;
+    step.sameThread = position > 1;
+    CampaignVariant variant;
+    variant.id = random.id(u"va"_s);
+    variant.label = u"A"_s;
+    variant.subject = position == 1 ? u"{{company}} and the waiting list"_s : QString();
+    variant.body = position == 1 ? u"{Hi|Hello} {{firstName}},\n\ncould we cut your waiting time by a third?"_s
+                                 : u"{{firstName}}, is this still on your list?"_s;
+    variant.weight = 100;
+    variant.enabled = true;
+    step.variants.append(variant);
+    steps.append(step);
+  }
+  return steps;
+}
+
+LeadCounts countsOf(const Row& row) {
+  LeadCounts counts;
+  counts.total = row.leads;
+  counts.completed = row.done - std::min(row.done, row.replied + row.bounced);
+  counts.replied = std::min(row.done, row.replied);
+  counts.bounced = row.done - counts.completed - counts.replied;
+  const qint64 open = row.leads - row.done;
+  const QByteArray status = row.status;
+  (status == "running" ? counts.active : status == "paused" ? counts.paused : counts.queued) = open;
+  return counts;
+}
+
+DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& random, const QDate& today) {
+  DemoCampaign campaign;
+  Campaign& record = campaign.record;
+  record.id = random.id(u"c"_s);
+  record.number = ++workspace.lastNumber;
+  record.name = row.name;
+  record.status = CampaignStatus(QString::fromLatin1(row.status));
+  record.tags = row.tags;
+  record.version = 1;
+  record.stopOnReply = true;
+  record.dailyCapPerInbox = 30;
+  record.gapSeconds = 600;
+  record.schedule = CampaignSchedule{
+      {}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
+  record.steps = makeSteps(row.steps, random);
+  record.senders.emplace();
+  for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i) {
+    const DemoMailbox& mailbox = workspace.mailboxes[i];
+    record.senders->append({mailbox.id, mailbox.address, mailbox.displayName, mailbox.status,
+                            mailbox.status == "active"_L1, {}, mailbox.dailyCap, {}, 0, false, {}});
+  }
+  const bool launched = QByteArrayView(row.status) != "draft";
+  record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
+  if (launched) record.launchedAt = instant(today, row.daysAgo);
+  CampaignStats stats;
+  stats.leads = countsOf(row);
+  stats.sent = row.sent;
+  stats.bounced = row.bounced;
+  stats.delivered = row.sent - row.bounced;
+  stats.replied = row.replied;
+  stats.positive = row.positive;
+  record.stats = stats;
+  return campaign;
+}
+
+Row randomRow(DemoRandom& random) {
+  static constexpr std::array statuses{"running", "paused", "draft", "completed"};
+  Row row{};
+  row.name = random.pick(industries()) + u", "_s + random.pick(regions()) + u' ' +
+             QString::number(random.between(1, 99));
+  row.status = random.pick(statuses);
+  row.tags = {random.pick(regions()).toLower()};
+  row.steps = random.between(1, 6);
+  row.senders = random.between(1, 12);
+  row.daysAgo = int(random.between(1, 300));
+  row.leads = random.between(0, 3000);
+  const QByteArrayView status = row.status;
+  if (status == "draft" || row.leads == 0) return row;
+  row.done = status == "completed" ? row.leads : random.below(row.leads);
+  row.sent = row.done * row.steps + random.below(row.leads - row.done + 1);
+  row.replied = random.below(row.done / 20 + 1);
+  row.positive = random.below(row.replied + 1);
+  row.bounced = random.below(row.sent / 40 + 1);
+  return row;
+}
+
+void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
+  for (qint64 i = 0; i < count; ++i) {
+    const QString first = random.pick(firstNames()), last = random.pick(lastNames());
+    workspace.mailboxes.append({random.id(u"mb"_s),
+                                first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug +
+                                    u"-mail.example"_s,
+                                first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30});
+  }
+}
+
+void addLeads(DemoCampaign& campaign, qint64 count, DemoRandom& random) {
+  for (qint64 i = 0; i < count; ++i) {
+    CampaignLead lead;
+    lead.id = random.id(u"l"_s);
+    lead.firstName = random.pick(firstNames());
+    lead.lastName = random.pick(lastNames());
+    lead.company = random.pick(industries()) + u' ' + random.pick(regions());
+    lead.email = lead.firstName->toLower() + QString::number(i) + u"@lead.example"_s;
+    lead.status = LeadStatus(u"queued"_s);
+    campaign.leads.append(lead);
+  }
+}
+
+}  // namespace
+
+quint64 DemoRandom::next() {
+  quint64 z = (m_state += 0x9e3779b97f4a7c15ULL);
+  z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ULL;
+  z = (z ^ (z >> 27)) * 0x94d049bb133111ebULL;
+  return z ^ (z >> 31);
+}
+
+QString DemoRandom::id(const QString& prefix) { return prefix + u'_' + QString::number(next(), 36); }
+
+DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
+  DemoRandom random(seed);
+  DemoState state;
+  const QString maren = u"maren@northgate.example"_s, tomas = u"tomas@northgate.example"_s;
+  state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate"_s, u"northgate"_s});
+  state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
+
+  DemoWorkspace northgate{u"w_northgate"_s, u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
+                          {{maren, u"owner"_s}, {tomas, u"member"_s}}, {}, {}, 0};
+  addMailboxes(northgate, std::max(16, scale.mailboxes), random);
+  for (const Row& row : northgateRows()) northgate.campaigns.append(makeCampaign(row, northgate, random, today));
+  int day = 4;
+  for (const Row& row : northgateArchive()) {
+    auto campaign = makeCampaign(row, northgate, random, today);
+    campaign.archivedAt = instant(today, day += 3, 15);
+    northgate.campaigns.append(campaign);
+  }
+  for (qint64 i = northgateRows().size(); i < scale.campaigns; ++i) {
+    northgate.campaigns.append(makeCampaign(randomRow(random), northgate, random, today));
+  }
+  addLeads(northgate.campaigns.first(), std::max(25, scale.leads), random);
+
+  DemoWorkspace caldera{u"w_caldera"_s, u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s,
+                        {{maren, u"admin"_s}}, {}, {}, 0};
+  addMailboxes(caldera, 4, random);
+  for (int i = 0; i < 3; ++i) {
+    caldera.campaigns.append(makeCampaign(randomRow(random), caldera, random, today));
+  }
+  DemoWorkspace harbour{u"w_harbour"_s, u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, {}, {}, 0};
+  DemoWorkspace empty{u"w_empty"_s, u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, {}, {}, 0};
+  state.workspaces = {northgate, caldera, harbour, empty};
+  return state;
+}
+
+CampaignSummary DemoCampaign::summary() const {
+  CampaignSummary summary;
+  summary.id = record.id;
+  summary.number = record.number;
+  summary.name = record.name;
+  summary.status = archivedAt ? CampaignStatus(u"archived"_s) : record.status;
+  summary.senders = record.senders ? record.senders->size() : 0;
+  summary.steps = record.steps ? record.steps->size() : 0;
+  if (record.stats) {
+    const CampaignStats& stats = *record.stats;
+    summary.leads = stats.leads.total;
+    summary.done = stats.leads.completed + stats.leads.replied + stats.leads.bounced;
+    summary.sent = stats.sent;
+    summary.replied = stats.replied;
+    summary.positive = stats.positive;
+    summary.bounced = stats.bounced;
+  }
+  summary.launchedAt = record.launchedAt;
+  summary.createdAt = record.createdAt.value_or(QString());
+  summary.tags = record.tags;
+  summary.version = record.version;
+  summary.archivedAt = archivedAt;
+  return summary;
+}
+
+DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
+  const auto found = std::ranges::find_if(
+      campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
+  return found == campaigns.end() ? nullptr : &*found;
+}
+
+DemoWorkspace* DemoState::find(const QString& slug) {
+  const auto found = std::ranges::find(workspaces, slug, &DemoWorkspace::slug);
+  return found == workspaces.end() ? nullptr : &*found;
+}
+
+}  // namespace orv::demo
