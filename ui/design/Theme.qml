@@ -1,6 +1,65 @@
 pragma Singleton
 import QtQuick
 
+/// Every colour, font and measure of the program, and nothing else holds one. `dark` and `reducedMotion` are set by the
+/// shell; everything follows by binding.
 QtObject {
+    id: root
+
+    property bool dark: false
+    property bool reducedMotion: false
+
     readonly property color bg: "#F4F4F1"
+
+    readonly property color scrim: dark ? "#8C000000" : "#47000000"
+    readonly property color shadow: dark ? "#8C000000" : "#24000000"
+    readonly property color focusHalo: Qt.alpha(focus, 0.28)
+    /// Grounds and inks of avatars, by the person's initial.
+    readonly property list<color> avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]
+                                                      : ["#DCE8F4", "#E9E2F3", "#DEEFE2", "#F6E6D8", "#F5E0E4"]
+    readonly property list<color> avatarInks: dark ? ["#A9CBEB", "#CDB9EC", "#A5D6B1", "#EFBE95", "#EFAEBB"]
+                                                   : ["#1F4B75", "#533A80", "#1E5A30", "#7A4210", "#842A3D"]
+
+    // Qt 6.4 offers no OpenType features, so figures keep Inter's own widths; columns align by their right edge.
+    readonly property string family: "Inter"
+    readonly property font figure: Qt.font({family: family, pixelSize: 24, weight: Font.DemiBold, letterSpacing: -0.4})
+    readonly property font pageTitle: Qt.font({family: family, pixelSize: 18, weight: Font.DemiBold, letterSpacing: -0.18})
+    readonly property font signInTitle: figure
+    readonly property font dialogTitle: Qt.font({family: family, pixelSize: 16, weight: Font.DemiBold})
+    readonly property font paneTitle: Qt.font({family: family, pixelSize: 15, weight: Font.DemiBold})
+    readonly property font paletteInput: Qt.font({family: family, pixelSize: 15})
+    readonly property font emptyTitle: Qt.font({family: family, pixelSize: 14, weight: Font.DemiBold})
+    readonly property font reading: Qt.font({family: family, pixelSize: 14})
+    readonly property font readingStrong: Qt.font({family: family, pixelSize: 14, weight: Font.Medium})
+    readonly property font codeDigit: Qt.font({family: family, pixelSize: 20, weight: Font.DemiBold})
+    readonly property font body: Qt.font({family: family, pixelSize: 13})
+    readonly property font bodyStrong: Qt.font({family: family, pixelSize: 13, weight: Font.Medium})
+    readonly property font bodyBold: Qt.font({family: family, pixelSize: 13, weight: Font.DemiBold})
+    readonly property font small: Qt.font({family: family, pixelSize: 12})
+    readonly property font smallStrong: Qt.font({family: family, pixelSize: 12, weight: Font.Medium})
+    readonly property font micro: Qt.font({family: family, pixelSize: 11, weight: Font.Medium})
+    readonly property font microText: Qt.font({family: family, pixelSize: 11})
+    readonly property font microBold: Qt.font({family: family, pixelSize: 11, weight: Font.DemiBold})
+
+    readonly property int radiusTag: 4
+    readonly property int radiusControl: 6
+    readonly property int radiusCard: 8
+    readonly property int radiusFloat: 10
+    readonly property int radiusDialog: 12
+
+    readonly property int controlHeight: 30
+    readonly property int controlHeightSmall: 26
+    readonly property int controlHeightLarge: 36
+    readonly property int pageSide: 24
+
+    /// Movement and colour changes; none when the person asked for less motion.
+    readonly property int hoverDuration: reducedMotion ? 0 : 120
+    readonly property int menuDuration: reducedMotion ? 0 : 160
+    readonly property int dialogDuration: reducedMotion ? 0 : 200
+    readonly property int toastInDuration: reducedMotion ? 0 : 200
+    readonly property int toastOutDuration: reducedMotion ? 0 : 160
+    readonly property int pageDuration: reducedMotion ? 0 : 140
+    /// Nothing shows that it is waiting before this long.
+    readonly property int skeletonDelay: 100
+    readonly property int busyAtLeast: 300
 }

@@ -1,0 +1,76 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+
+/// Six digits in six cells, one field to everything but the eye. Typing and pasting fill it; at six it submits.
+FocusScope {
+    id: root
+
+    property alias text: input.text
+    property string label: qsTr("Code")
+    property string error: ""
+    readonly property int length: 6
+
+    signal edited(string text)
+    signal complete()
+
+    implicitWidth: 348
+    implicitHeight: 44
+
+    TextInput {
+        id: input
+        anchors.fill: parent
+        focus: true
+        activeFocusOnTab: true
+        color: "transparent"
+        selectionColor: "transparent"
+        cursorDelegate: Item {}
+        inputMethodHints: Qt.ImhDigitsOnly
+        Accessible.role: Accessible.EditableText
+        Accessible.name: root.label
+        Accessible.description: root.error
+
+        // A pasted code comes with spaces, dashes or its whole sentence.
+        onTextEdited: {
+            const digits = text.replace(/[^0-9]/g, "").slice(0, root.length);
+            if (digits !== text) text = digits;
+            root.edited(text);
+            if (text.length === root.length) root.complete();
+        }
+    }
+
+    Row {
+        anchors.fill: parent
+        spacing: 8
+        Repeater {
+            model: root.length
+            Rectangle {
+                id: cell
+                required property int index
+                readonly property bool current: input.activeFocus && index === Math.min(input.text.length, root.length - 1)
+
+                // Two groups of three read more easily than six.
+                width: index === 2 ? cellWidth + 14 : cellWidth
+                readonly property real cellWidth: (root.width - 5 * 8 - 14) / 6
+                height: root.height
+                color: "transparent"
+
+                Rectangle {
+                    width: cell.cellWidth
+                    height: parent.height
+                    radius: Theme.radiusCard
+                    color: Theme.surface
+                    border.width: 1
+                    border.color: root.error !== "" ? Theme.negative : Theme.borderField
+                    FocusRing { visible: cell.current; innerRadius: Theme.radiusCard }
+                    Text {
+                        anchors.centerIn: parent
+                        text: input.text.charAt(cell.index)
+                        font: Theme.codeDigit
+                        color: Theme.text
+                        Accessible.ignored: true
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,25 @@
+import QtQuick
+
+/// One key, or keys pressed together, as printed on a keyboard.
+Rectangle {
+    id: root
+
+    property string text: ""
+    property bool onFill: false
+
+    implicitWidth: Math.max(18, label.implicitWidth + 10)
+    implicitHeight: 18
+    radius: Theme.radiusTag
+    color: onFill ? "transparent" : Theme.bg
+    border.width: 1
+    border.color: onFill ? Qt.alpha(Theme.onAccent, 0.5) : Theme.border
+    Accessible.ignored: true
+
+    Text {
+        id: label
+        anchors.centerIn: parent
+        text: root.text
+        font: Theme.micro
+        color: root.onFill ? Theme.onAccent : Theme.text2
+    }
+}

@@ -1,0 +1,101 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+
+/// A few choices of which one holds, with counts. One stop in the tab order; the arrows choose.
+FocusScope {
+    id: root
+
+    /// Maps with key, label and count; a negative count is not shown.
+    property list<var> options
+    property string current: ""
+    property string label: ""
+
+    signal chosen(string key)
+
+    readonly property int currentIndex: options.findIndex(option => option.key === current)
+
+    function step(by) {
+        const next = currentIndex + by;
+        if (next >= 0 && next < options.length) chosen(options[next].key);
+    }
+
+    implicitWidth: row.implicitWidth + 4
+    implicitHeight: Theme.controlHeight
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: label
+    Keys.onLeftPressed: step(-1)
+    Keys.onRightPressed: step(1)
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 7
+        color: Theme.sunken
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; innerRadius: 7 }
+    }
+
+    Rectangle {
+        readonly property Item target: root.currentIndex >= 0 ? buttons.itemAt(root.currentIndex) : null
+        visible: target !== null
+        x: target ? target.x + row.x : 0
+        y: 2
+        width: target ? target.width : 0
+        height: root.height - 4
+        radius: 5
+        color: Theme.raised
+        border.width: 1
+        border.color: Theme.border
+        Behavior on x { NumberAnimation { duration: Theme.menuDuration; easing.type: Easing.OutCubic } }
+        Behavior on width { NumberAnimation { duration: Theme.menuDuration; easing.type: Easing.OutCubic } }
+    }
+
+    Row {
+        id: row
+        x: 2
+        y: 2
+        height: root.height - 4
+        Repeater {
+            id: buttons
+            model: root.options
+            T.AbstractButton {
+                id: segment
+                required property var modelData
+                readonly property bool current: modelData.key === root.current
+
+                height: row.height
+                implicitWidth: words.implicitWidth + 20
+                focusPolicy: Qt.NoFocus
+                text: modelData.label
+                Accessible.role: Accessible.RadioButton
+                Accessible.name: modelData.count >= 0 ? text + ", " + modelData.count : text
+                Accessible.checkable: true
+                Accessible.checked: current
+                Accessible.onPressAction: clicked()
+                onClicked: root.chosen(modelData.key)
+
+                contentItem: Row {
+                    id: words
+                    leftPadding: 10
+                    spacing: 6
+                    Text {
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        text: segment.text
+                        font: Theme.bodyStrong
+                        color: segment.current || segment.hovered ? Theme.text : Theme.text2
+                    }
+                    Text {
+                        visible: segment.modelData.count >= 0
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        text: segment.modelData.count
+                        font: Theme.body
+                        color: Theme.text3
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,80 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+
+/// Tabs over one page. Left and Right move between them.
+FocusScope {
+    id: root
+
+    /// Maps with key, label and, for a pill, count.
+    property list<var> options
+    property string current: ""
+
+    signal chosen(string key)
+
+    readonly property int currentIndex: options.findIndex(option => option.key === current)
+
+    function step(by) {
+        const count = options.length;
+        if (count > 0) chosen(options[(currentIndex + by + count) % count].key);
+    }
+
+    implicitWidth: row.implicitWidth
+    implicitHeight: 36
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.PageTabList
+    Keys.onLeftPressed: step(-1)
+    Keys.onRightPressed: step(1)
+
+    Row {
+        id: row
+        spacing: 20
+        height: root.height
+        Repeater {
+            model: root.options
+            T.AbstractButton {
+                id: tab
+                required property var modelData
+                readonly property bool current: modelData.key === root.current
+
+                height: row.height
+                implicitWidth: words.implicitWidth
+                focusPolicy: Qt.NoFocus
+                text: modelData.label
+                Accessible.role: Accessible.PageTab
+                Accessible.name: text
+                Accessible.selected: current
+                Accessible.onPressAction: clicked()
+                onClicked: root.chosen(modelData.key)
+
+                contentItem: Row {
+                    id: words
+                    spacing: 6
+                    Text {
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        text: tab.text
+                        font: tab.current ? Theme.bodyBold : Theme.bodyStrong
+                        color: tab.current || tab.hovered ? Theme.text : Theme.text2
+                    }
+                    OrvCount {
+                        visible: tab.modelData.count !== undefined && tab.modelData.count >= 0
+                        anchors.verticalCenter: parent.verticalCenter
+                        value: visible ? tab.modelData.count : 0
+                    }
+                }
+                background: Item {
+                    FocusRing { visible: tab.current && root.activeFocus && InputMode.keyboard; inset: true }
+                    Rectangle {
+                        visible: tab.current
+                        y: parent.height - 2
+                        width: parent.width
+                        height: 2
+                        color: Theme.accentText
+                    }
+                }
+            }
+        }
+    }
+}
