@@ -21,8 +21,15 @@ TableCore {
         body.moveTo(rows.rowOf(key));
     }
 
+    /// Gives the rows the focus, also where the head had it last.
+    function focusRows() {
+        body.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     /// The row's item, null while it is out of sight.
     function itemOf(key: string): Item {
+        // The view lays changes out with the next frame only.
+        body.forceLayout();
         return body.itemAtIndex(rows.rowOf(key));
     }
 

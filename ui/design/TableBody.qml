@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
@@ -72,6 +71,15 @@ ListView {
         if (row >= 0)
             scrollTo(row * table.rowHeight + heldOffset);
         table.rows.dropAnchor();
+    }
+
+    /// Rows take the focus as they become current, but between a change of the model and the view's answer to it their
+    /// numbers are those of others.
+    function focusCurrent() {
+        forceLayout();
+        const item = itemAtIndex(table.currentRow);
+        if (item)
+            item.focus = true;
     }
 
     /// `y` counts from the first row's top.
@@ -171,8 +179,17 @@ ListView {
 
     Connections {
         target: root.table.rows
-        function onAboutToChange() { root.holdPosition(); }
-        function onSettled() { root.restorePosition(); }
+        function onAboutToChange() {
+            root.holdPosition();
+            // Qt 6.4 reuses a removed record's row for a new record in the same place without telling it the new
+            // values; rows are reused for scrolling only.
+            root.reuseItems = false;
+        }
+        function onSettled() {
+            root.restorePosition();
+            root.focusCurrent();
+            root.reuseItems = true;
+        }
     }
 
     HoverHandler {

@@ -60,7 +60,7 @@ Item {
 
     MouseArea {
         id: area
-        anchors { fill: parent; leftMargin: -8; rightMargin: -8 }
+        anchors { fill: parent; leftMargin: -4; rightMargin: -4 }
         hoverEnabled: true
         onClicked: root.pressed()
     }

@@ -141,6 +141,9 @@ void TableRows::replaceRemovedCurrent(int first, int last) {
 }
 
 void TableRows::finishChange() {
+  // A ListModel has no roles before its first row.
+  if (m_role < 0)
+    findKeyRole();
   Q_EMIT countChanged();
   bumpRevision();
   Q_EMIT currentChanged();
