@@ -43,7 +43,9 @@ QtObject {
         used += spacing * Math.max(0, shown.length - 1);
         const widths = shown.map(column => wantedWidth(column));
         used = widths.reduce((sum, width) => sum + width, used);
-        spread(shown, widths, availableWidth - used);
+        const rest = spread(shown, widths, availableWidth - used);
+        if (rest > 0)
+            widen(shown, widths, rest);
         let x = leftPadding;
         let frozen = 0;
         for (let i = 0; i < shown.length; ++i) {
@@ -58,8 +60,8 @@ QtObject {
     }
 
     /// Shares `room`, which may be negative, among the columns that fill; one that reaches its limit leaves the rest
-    /// to the others.
-    function spread(shown, widths, room: real) {
+    /// to the others. Returns what nobody took.
+    function spread(shown, widths, room: real): real {
         let open = [];
         for (let i = 0; i < shown.length; ++i) {
             if (shown[i].fill && shown[i].chosenWidth === 0)
@@ -79,6 +81,19 @@ QtObject {
                 break;
             open = still;
         }
+        return room;
+    }
+
+    /// In a wide window the columns that fill are at their limits; the others then share the rest, so that the last one
+    /// still ends at the table's edge.
+    function widen(shown, widths, room: real) {
+        const open = [];
+        for (let i = 0; i < shown.length; ++i) {
+            if (!shown[i].fill && shown[i].chosenWidth === 0)
+                open.push(i);
+        }
+        for (const i of open)
+            widths[i] += Math.floor(room / open.length);
     }
 
     /// Gives a column the width the person wants, within its own limits.
