@@ -159,6 +159,13 @@ TestCase {
         tryVerify(() => table.itemOf(key).activeFocus);
     }
 
+    function test_refillKeepsThePlace() {
+        scrollTo(50);
+        const before = drawnAt("id45");
+        fill(100);
+        tryVerify(() => drawnAt("id45") === before, 1000, "the row was at " + before);
+    }
+
     function test_currentRowGoesToNeighbour() {
         table.show("id4");
         records.remove(4);
