@@ -89,6 +89,8 @@ ListView {
     }
 
     function reveal(row: int) {
+        // The height is that of the rows before the last change until the view has laid them out.
+        forceLayout();
         const top = row * table.rowHeight;
         const seen = contentY - originY;
         if (top < seen)
