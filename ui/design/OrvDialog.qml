@@ -1,0 +1,196 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+
+/// A question or a short form over the window. Enter says the verb, Esc cancels; it closes only by closing it, so that
+/// a verb can stay busy and fail in place. Make it on demand and let it go when it has closed.
+T.Popup {
+    id: root
+
+    property string title: ""
+    /// The one fact to read first, in the strong ink.
+    property string lead: ""
+    property string text: ""
+    property string warning: ""
+    property string error: ""
+    property string confirmText: "OK"
+    property string cancelText: "Cancel"
+    /// The verb cannot be taken back: it is red, and the focus starts on Cancel.
+    property bool destructive: false
+    property bool confirmEnabled: true
+    property bool busy: false
+    /// What must be typed, exactly, before the verb can be pressed.
+    property string typedWord: ""
+    /// Takes the focus first; for forms.
+    property Item initialFocus: null
+    /// 400 for a question of a line, 480, or 640 for forms.
+    property real dialogWidth: 480
+    readonly property bool canConfirm: confirmEnabled && !busy && (typedWord === "" || word.text === typedWord)
+
+    default property alias fields: form.data
+
+    signal confirmed()
+    signal cancelled()
+
+    property Item opener: null
+
+    parent: T.Overlay.overlay
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.max(24, Math.round((parent.height - height) * 0.4)) : 0
+    width: parent ? Math.min(dialogWidth, parent.width - 48) : dialogWidth
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    topPadding: 24
+    bottomPadding: 20
+    leftPadding: 24
+    rightPadding: 24
+    modal: true
+    focus: true
+    closePolicy: T.Popup.NoAutoClose
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.dialogDuration; easing.type: Easing.OutCubic }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.dialogDuration; easing.type: Easing.InCubic }
+    }
+
+    onAboutToShow: {
+        const window = parent ? parent.Window.window : null;
+        opener = window ? window.activeFocusItem : null;
+        word.text = "";
+        firstFocus().forceActiveFocus(Qt.PopupFocusReason);
+    }
+    onClosed: {
+        if (opener && opener.visible)
+            opener.forceActiveFocus(Qt.PopupFocusReason);
+        opener = null;
+    }
+
+    function firstFocus(): Item {
+        if (initialFocus)
+            return initialFocus;
+        if (typedWord !== "")
+            return word;
+        return destructive ? cancelButton : confirmButton;
+    }
+
+    function confirm() {
+        if (canConfirm)
+            confirmed();
+    }
+
+    /// While the verb is under way there is nothing left to cancel.
+    function cancel() {
+        if (busy)
+            return;
+        cancelled();
+        close();
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.scrim
+        Behavior on opacity { NumberAnimation { duration: Theme.dialogDuration } }
+    }
+
+    background: OrvFloat {
+        radius: 12
+    }
+
+    contentItem: FocusScope {
+        implicitHeight: Math.min(column.implicitHeight, root.parent ? root.parent.height - 48 - 44 - 50 : column.implicitHeight)
+            + 24 + buttons.height
+        focus: true
+
+        Accessible.role: Accessible.Dialog
+        Accessible.name: root.title
+        Accessible.description: [root.lead, root.text, root.warning].filter(part => part !== "").join(" ")
+
+        Keys.onEscapePressed: root.cancel()
+        Keys.onReturnPressed: root.confirm()
+        Keys.onEnterPressed: root.confirm()
+
+        Flickable {
+            id: scroll
+            width: parent.width
+            height: parent.height - 24 - buttons.height
+            contentHeight: column.implicitHeight
+            interactive: contentHeight > height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: interactive
+
+            T.ScrollBar.vertical: OrvScrollBar {}
+
+            Column {
+                id: column
+                width: scroll.width
+                spacing: 10
+
+                DialogText {
+                    text: root.title
+                    font: Theme.dialogTitle
+                    color: Theme.text
+                }
+
+                DialogText {
+                    text: root.lead
+                    font: Theme.bodyBold
+                    color: Theme.text
+                }
+
+                DialogText {
+                    text: root.text
+                }
+
+                OrvNotice {
+                    width: parent.width
+                    visible: text !== ""
+                    text: root.warning
+                }
+
+                Column {
+                    id: form
+                    visible: visibleChildren.length > 0
+                    width: parent.width
+                    topPadding: 6
+                    spacing: 16
+                }
+
+                OrvField {
+                    id: word
+                    visible: root.typedWord !== ""
+                    width: parent.width
+                    label: "Type " + root.typedWord + " to confirm"
+                }
+
+                OrvNotice {
+                    width: parent.width
+                    visible: text !== ""
+                    tone: "negative"
+                    text: root.error
+                }
+            }
+        }
+
+        Row {
+            id: buttons
+            anchors { right: parent.right; bottom: parent.bottom }
+            spacing: 8
+
+            OrvButton {
+                id: cancelButton
+                text: root.cancelText
+                enabled: !root.busy
+                onClicked: root.cancel()
+            }
+
+            OrvButton {
+                id: confirmButton
+                kind: root.destructive ? "danger" : "primary"
+                text: root.confirmText
+                busy: root.busy
+                enabled: root.canConfirm || root.busy
+                onClicked: root.confirm()
+            }
+        }
+    }
+}

@@ -1,0 +1,79 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// An entry of an OrvMenu. `triggered()` says that the person chose it.
+T.MenuItem {
+    id: root
+
+    property string iconName: ""
+    /// The key that does the same, as the person reads it ("Ctrl D").
+    property string shortcutText: ""
+    property bool danger: false
+    readonly property color ink: danger ? Theme.negative : Theme.text
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: visible ? 30 : 0
+    leftPadding: 10
+    rightPadding: 8
+    opacity: enabled ? 1 : 0.6
+
+    Accessible.role: Accessible.MenuItem
+    Accessible.name: text
+    Accessible.description: shortcutText
+    Accessible.checkable: checkable
+    Accessible.checked: checked
+    Accessible.onPressAction: {
+        root.triggered();
+        root.menu.close();
+    }
+
+    contentItem: Item {
+        implicitWidth: label.x + label.implicitWidth + (shortcut.visible ? 24 + shortcut.implicitWidth : 0)
+
+        OrvIcon {
+            visible: name !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            size: 16
+            name: root.checkable ? (root.checked ? "checkmark" : "") : root.iconName
+            color: root.danger ? Theme.negative : Theme.text2
+        }
+
+        Text {
+            id: label
+            x: root.iconName === "" && !root.checkable ? 0 : 22
+            width: Math.min(implicitWidth, parent.width - x - (shortcut.visible ? shortcut.implicitWidth + 12 : 0))
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            text: root.text
+            font: Theme.body
+            color: root.ink
+        }
+
+        Text {
+            id: shortcut
+            visible: text !== ""
+            anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+            textFormat: Text.PlainText
+            text: root.subMenu ? "" : root.shortcutText
+            font: Theme.micro
+            color: Theme.text3
+        }
+    }
+
+    arrow: OrvIcon {
+        visible: root.subMenu !== null
+        x: root.width - width - 8
+        anchors.verticalCenter: parent.verticalCenter
+        size: 12
+        name: "go-next"
+        color: Theme.text3
+    }
+
+    background: Rectangle {
+        radius: Theme.radiusControl
+        color: root.down ? Theme.pressed : root.highlighted || root.activeFocus || root.hovered ? Theme.hover : "transparent"
+        border { width: root.visualFocus && InputMode.keyboard ? 2 : 0; color: Theme.focus }
+    }
+}

@@ -1,0 +1,50 @@
+import QtQuick
+
+/// A cell with a record's name and, below it, a line about it. Children (tags) stand after the name.
+OrvCell {
+    id: root
+
+    property string title: ""
+    property string detail: ""
+    property color detailColor: Theme.text2
+    /// Addresses are told apart by both their ends.
+    property int elide: Text.ElideRight
+    default property alias tags: tagRow.data
+
+    label: title
+
+    Text {
+        id: titleText
+        y: root.height / 2 - 18
+        width: Math.min(implicitWidth, root.width - (tagRow.visible ? tagRow.width + 8 : 0))
+        height: 20
+        verticalAlignment: Text.AlignVCenter
+        elide: root.elide
+        textFormat: Text.PlainText
+        text: root.title
+        font: Theme.bodyStrong
+        color: Theme.text
+        Accessible.ignored: true
+    }
+
+    Row {
+        id: tagRow
+        visible: children.length > 0
+        x: titleText.width + 8
+        y: titleText.y + 1
+        spacing: 8
+    }
+
+    Text {
+        y: root.height / 2 + 2
+        width: root.width
+        height: 16
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        text: root.detail
+        font: Theme.small
+        color: root.detailColor
+        Accessible.ignored: true
+    }
+}

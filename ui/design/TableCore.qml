@@ -1,0 +1,72 @@
+import QtQuick
+import Orvella.Design
+
+/// What an OrvTable is asked for, what it says and the state that its parts share. The parts refer to this type, since
+/// two QML types cannot refer to each other.
+FocusScope {
+    id: root
+
+    /// What the list is called, for screen readers.
+    required property string title
+    property alias columns: placedColumns.columns
+    property alias model: tableRows.model
+    /// The role that holds a record's id.
+    property alias keyRole: tableRows.keyRole
+    property real rowHeight: 52
+    property bool tickable: false
+    property alias tickedKeys: tableRows.tickedKeys
+    property alias busyKeys: tableRows.busyKeys
+    /// The column the rows are sorted by; empty is the service's order.
+    property string sortKey: ""
+    property bool sortDescending: true
+    /// Stands for the question the rows answer (filter, search); the table goes to its top when it changes.
+    property string query: ""
+    /// How many records there are, when the model holds only the first of them; -1 is the model's count.
+    property int totalCount: -1
+    property bool canLoadMore: false
+    property bool loadingMore: false
+    property bool moreFailed: false
+    /// Room kept free under the last row, for a selection bar.
+    property real footRoom: 0
+    property real sidePadding: 24
+
+    readonly property alias rows: tableRows
+    readonly property alias placed: placedColumns
+    readonly property alias scrollX: placedColumns.scrollX
+    readonly property alias currentRow: tableRows.currentRow
+    readonly property alias currentKey: tableRows.currentKey
+    readonly property int recordCount: totalCount < 0 ? tableRows.count : totalCount
+    readonly property real tickWidth: tickable ? 28 : 0
+
+    readonly property bool ringShown: InputMode.keyboard
+
+    // Written by the table's parts.
+    property int hoveredRow: -1
+
+    signal opened(string key)
+    /// `row` is the row's item; `x` and `y` are inside it.
+    signal menuRequested(string key, Item row, real x, real y)
+    signal renameRequested(string key)
+    signal deleteRequested(string key)
+    signal copyRequested(string key)
+    signal tickToggled(string key)
+    /// Every row from the selection's anchor (or `fromKey`, where it has none) to `toKey`.
+    signal tickExtended(string fromKey, string toKey)
+    signal tickAllToggled()
+    signal ticksCleared()
+    /// `key` is empty to return to the service's order.
+    signal sortRequested(string key, bool descending)
+    signal columnResized(string key, real width)
+    signal moreRequested()
+
+    TableRows {
+        id: tableRows
+    }
+
+    TableColumns {
+        id: placedColumns
+        availableWidth: root.width
+        leftPadding: root.sidePadding + root.tickWidth
+        rightPadding: root.sidePadding
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// A button on a toast's dark ground, where the ordinary ones would not show.
+T.AbstractButton {
+    id: root
+
+    property string iconName: ""
+
+    implicitWidth: Math.max(28, label.visible ? label.implicitWidth + 20 : 28)
+    implicitHeight: 28
+    focusPolicy: Qt.StrongFocus
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+
+    contentItem: Item {
+        Text {
+            id: label
+            visible: root.iconName === ""
+            anchors.centerIn: parent
+            textFormat: Text.PlainText
+            text: root.text
+            font: Theme.bodyStrong
+            color: Theme.toastAction
+            Accessible.ignored: true
+        }
+
+        OrvIcon {
+            visible: root.iconName !== ""
+            anchors.centerIn: parent
+            size: 14
+            name: root.iconName
+            color: Theme.onTooltip
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.radiusControl
+        color: Theme.onTooltip
+        opacity: root.down ? 0.2 : root.hovered ? 0.12 : 0
+
+        Rectangle {
+            visible: root.visualFocus
+            parent: root
+            anchors.fill: parent
+            radius: Theme.radiusControl
+            color: "transparent"
+            border { width: 2; color: Theme.toastAction }
+        }
+    }
+}
