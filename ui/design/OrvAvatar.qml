@@ -26,6 +26,6 @@ Rectangle {
         anchors.centerIn: parent
         text: root.initials
         font: root.workspace ? Theme.bodyBold : Theme.microBold
-        color: root.workspace ? Theme.onAccent : Theme.avatarInks[root.tint]
+        color: root.workspace ? Theme.inkOnAccent : Theme.avatarInks[root.tint]
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// Work in progress: appears after a moment, stays long enough to be seen, turns only while it can be.
 Item {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// The one button. An icon-only one still has its text: it is the tooltip and the accessible name.
 T.Button {
@@ -22,8 +23,8 @@ T.Button {
     property bool menuArrow: false
 
     readonly property bool filled: kind === "primary" || kind === "danger"
-    readonly property color ink: filled ? Theme.onAccent : kind === "ghost" || iconOnly ? Theme.text2 : Theme.text
-    readonly property color iconInk: filled ? Theme.onAccent : Theme.text2
+    readonly property color ink: filled ? Theme.inkOnAccent : kind === "ghost" || iconOnly ? Theme.text2 : Theme.text
+    readonly property color iconInk: filled ? Theme.inkOnAccent : Theme.text2
     readonly property bool pressable: enabled && !busy
     readonly property color fill: {
         const hot = hovered && pressable;

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 T.CheckBox {
     id: root
@@ -40,14 +41,14 @@ T.CheckBox {
             anchors.centerIn: parent
             name: "checkmark"
             size: 12
-            color: Theme.onAccent
+            color: Theme.inkOnAccent
         }
         Rectangle {
             visible: root.checkState === Qt.PartiallyChecked
             anchors.centerIn: parent
             width: 8
             height: 2
-            color: Theme.onAccent
+            color: Theme.inkOnAccent
         }
     }
     contentItem: Text {

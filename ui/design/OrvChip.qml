@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// A filter that holds, with its remove button. Del and Backspace remove it.
 FocusScope {

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// The search over pages, actions and workspaces. A view only: the model (roles `id`, `group`, `title`, `subtitle`,
 /// `iconName`, `chord`) answers the query. Make it on demand.
@@ -111,7 +112,7 @@ T.Popup {
             font: Theme.paletteInput
             color: Theme.text
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.inkOnAccent
             placeholderText: root.placeholder
             Accessible.role: Accessible.EditableText
             Accessible.name: root.placeholder

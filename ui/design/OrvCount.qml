@@ -19,6 +19,6 @@ Rectangle {
         anchors.centerIn: parent
         text: root.text
         font: Theme.micro
-        color: root.accented ? Theme.onAccent : Theme.text2
+        color: root.accented ? Theme.inkOnAccent : Theme.text2
     }
 }

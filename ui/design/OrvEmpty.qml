@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// What a page or pane shows in place of content: nothing there, nothing found, an error, no connection. One action.
 Item {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// One line of text with its label above and its help or error below.
 FocusScope {
@@ -27,7 +28,7 @@ FocusScope {
     signal edited(string text)
     signal accepted()
     /// Esc in an empty search field.
-    signal left()
+    signal escaped()
 
     function selectAll() {
         input.selectAll();
@@ -86,7 +87,7 @@ FocusScope {
             font: Theme.body
             color: Theme.text
             selectionColor: Theme.accent
-            selectedTextColor: Theme.onAccent
+            selectedTextColor: Theme.inkOnAccent
             selectByMouse: true
             readOnly: root.readOnly
             echoMode: root.secret && !reveal.shown ? TextInput.Password : TextInput.Normal
@@ -103,7 +104,7 @@ FocusScope {
                 event.accepted = root.search;
                 if (!root.search) return;
                 if (text === "") {
-                    root.left();
+                    root.escaped();
                 } else {
                     clear.clicked();
                 }

@@ -12,7 +12,7 @@ Rectangle {
     radius: Theme.radiusTag
     color: onFill ? "transparent" : Theme.bg
     border.width: 1
-    border.color: onFill ? Qt.alpha(Theme.onAccent, 0.5) : Theme.border
+    border.color: onFill ? Qt.alpha(Theme.inkOnAccent, 0.5) : Theme.border
     Accessible.ignored: true
 
     Text {
@@ -20,6 +20,6 @@ Rectangle {
         anchors.centerIn: parent
         text: root.text
         font: Theme.micro
-        color: root.onFill ? Theme.onAccent : Theme.text2
+        color: root.onFill ? Theme.inkOnAccent : Theme.text2
     }
 }

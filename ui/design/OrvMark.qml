@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// The brand's mark.
 Rectangle {
@@ -16,6 +17,6 @@ Rectangle {
         anchors.centerIn: parent
         name: "orv-mark"
         size: Math.round(root.size * 0.7)
-        color: Theme.onAccent
+        color: Theme.inkOnAccent
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// An entry of an OrvMenu. `triggered()` says that the person chose it.
 T.MenuItem {

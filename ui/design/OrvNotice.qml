@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// A block with a warning or an error, in place among other content.
 Rectangle {

@@ -1,13 +1,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// A few choices of which one holds, with counts. One stop in the tab order; the arrows choose.
 FocusScope {
     id: root
 
     /// Maps with key, label and count; a negative count is not shown.
-    property list<var> options
+    property var options: []
     property string current: ""
     property string label: ""
 

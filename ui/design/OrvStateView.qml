@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// What every screen is wrapped in: its skeleton, its empty state, its error with "Try again", no connection, or its
 /// content, under the offline line where the content is what was saved.

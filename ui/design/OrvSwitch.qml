@@ -41,7 +41,7 @@ T.Switch {
             width: 14
             height: 14
             radius: 7
-            color: Theme.onAccent
+            color: Theme.inkOnAccent
             Behavior on x { NumberAnimation { duration: Theme.hoverDuration; easing.type: Easing.OutCubic } }
         }
     }

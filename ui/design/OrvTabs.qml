@@ -1,13 +1,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// Tabs over one page. Left and Right move between them.
 FocusScope {
     id: root
 
     /// Maps with key, label and, for a pill, count.
-    property list<var> options
+    property var options: []
     property string current: ""
 
     signal chosen(string key)

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// One message of an OrvToastStack.
 Rectangle {
@@ -66,7 +67,7 @@ Rectangle {
             textFormat: Text.PlainText
             text: root.message
             font: Theme.bodyStrong
-            color: Theme.onTooltip
+            color: Theme.inkOnTooltip
             Accessible.ignored: true
         }
 
@@ -77,7 +78,7 @@ Rectangle {
             textFormat: Text.PlainText
             text: root.detail
             font: Theme.small
-            color: Theme.onTooltip
+            color: Theme.inkOnTooltip
             opacity: 0.78
             Accessible.ignored: true
         }

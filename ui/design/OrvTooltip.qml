@@ -33,7 +33,7 @@ Loader {
             id: words
             text: root.keys === "" ? root.text : root.text + "  " + root.keys
             font: Theme.small
-            color: Theme.onTooltip
+            color: Theme.inkOnTooltip
             wrapMode: Text.Wrap
         }
         background: Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// One entry of the command palette.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// A column's title in the head of an OrvTable, with the edge that resizes it.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// The box of a table's row or head, drawn only: the row itself takes the clicks and the keys, and speaks.
 Rectangle {
@@ -18,7 +19,7 @@ Rectangle {
         anchors.centerIn: parent
         size: 12
         name: "checkmark"
-        color: Theme.onAccent
+        color: Theme.inkOnAccent
     }
 
     Rectangle {
@@ -27,6 +28,6 @@ Rectangle {
         width: 8
         height: 2
         radius: 1
-        color: Theme.onAccent
+        color: Theme.inkOnAccent
     }
 }

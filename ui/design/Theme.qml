@@ -15,9 +15,9 @@ QtObject {
     readonly property color shadow: dark ? "#8C000000" : "#24000000"
     readonly property color focusHalo: Qt.alpha(focus, 0.28)
     /// Grounds and inks of avatars, by the person's initial.
-    readonly property list<color> avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]
+    readonly property var avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]
                                                       : ["#DCE8F4", "#E9E2F3", "#DEEFE2", "#F6E6D8", "#F5E0E4"]
-    readonly property list<color> avatarInks: dark ? ["#A9CBEB", "#CDB9EC", "#A5D6B1", "#EFBE95", "#EFAEBB"]
+    readonly property var avatarInks: dark ? ["#A9CBEB", "#CDB9EC", "#A5D6B1", "#EFBE95", "#EFAEBB"]
                                                    : ["#1F4B75", "#533A80", "#1E5A30", "#7A4210", "#842A3D"]
 
     // Qt 6.4 offers no OpenType features, so figures keep Inter's own widths; columns align by their right edge.

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// A button on a toast's dark ground, where the ordinary ones would not show.
 T.AbstractButton {
@@ -35,13 +36,13 @@ T.AbstractButton {
             anchors.centerIn: parent
             size: 14
             name: root.iconName
-            color: Theme.onTooltip
+            color: Theme.inkOnTooltip
         }
     }
 
     background: Rectangle {
         radius: Theme.radiusControl
-        color: Theme.onTooltip
+        color: Theme.inkOnTooltip
         opacity: root.down ? 0.2 : root.hovered ? 0.12 : 0
 
         Rectangle {
