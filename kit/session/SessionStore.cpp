@@ -19,7 +19,12 @@ Task<std::optional<StoredSession>> SessionStore::load() {
   }
 }
 
-Task<void> SessionStore::save(StoredSession session) { co_await m_keychain.write(account, encodeJSON(session)); }
+Task<void> SessionStore::save(StoredSession session) {
+  const QByteArray data = encodeJSON(session);
+  co_await m_keychain.write(account, data);
+  // Secret stores exist that accept an item and do not keep it.
+  if (co_await m_keychain.read(account) != data) throw KeychainError::corrupted();
+}
 
 Task<void> SessionStore::clear() { co_await m_keychain.remove(account); }
 

@@ -11,7 +11,7 @@ class SessionStore {
   explicit SessionStore(Keychain& keychain) : m_keychain(keychain) {}
 
   Task<std::optional<StoredSession>> load();
-  /// Replaces any earlier session whole.
+  /// Replaces any earlier session whole, and counts as saved only when it has been read back.
   Task<void> save(StoredSession session);
   Task<void> clear();
 

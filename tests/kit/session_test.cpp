@@ -1,0 +1,124 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include "kit/api/JSONCoding.h"
+#include "kit/session/SessionStore.h"
+#include "tests/support/AppFixture.h"
+#include "tests/support/await.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const auto account = u"session"_s;
+
+StoredSession session() {
+  StoredSession result;
+  result.token = u"orv_sess_canary"_s;
+  result.issuedAt = QDateTime({2026, 11, 21}, {9, 30}, Qt::UTC);
+  result.expiresAt = QDateTime({2026, 12, 21}, {9, 30}, Qt::UTC);
+  result.user = {u"u1"_s, u"maren@northgate.example.com"_s, u"Maren"_s, std::nullopt, std::nullopt};
+  result.workspaces = {{u"w1"_s, u"northgate"_s, u"Northgate"_s, Role(u"owner"_s), std::nullopt, u"pro"_s},
+                       {u"w2"_s, u"other"_s, u"Other"_s, Role(u"auditor"_s), std::nullopt, std::nullopt}};
+  result.currentSlug = u"northgate"_s;
+  return result;
+}
+
+std::optional<KeychainError> failureOf(Task<void> task) {
+  try {
+    await(std::move(task));
+  } catch (const KeychainError& error) {
+    return error;
+  }
+  return std::nullopt;
+}
+
+Task<void> dropValue(Task<std::optional<StoredSession>> task) { co_await std::move(task); }
+
+/// Accepts everything and keeps nothing.
+class ForgetfulKeychain final : public Keychain {
+ public:
+  ForgetfulKeychain() : Keychain(u"com.orvella.test"_s) {}
+  Task<std::optional<QByteArray>> read(QString) override { co_return std::nullopt; }
+  Task<void> write(QString, QByteArray) override { co_return; }
+  Task<void> remove(QString) override { co_return; }
+};
+
+}  // namespace
+
+class SessionTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void isKeptWhole() {
+    MemoryKeychain keychain;
+    SessionStore store(keychain);
+    QVERIFY(!await(store.load()));
+
+    StoredSession first = session();
+    first.currentSlug.reset();
+    await(store.save(first));
+    await(store.save(session()));
+    QCOMPARE(keychain.items.size(), size_t(1));
+    QVERIFY(await(store.load()) == session());
+
+    const auto json = QJsonDocument::fromJson(keychain.items[account]).object();
+    QCOMPARE(json.value("expiresAt"_L1).toString(), u"2026-12-21T09:30:00.000Z"_s);
+    QCOMPARE(json.value("workspaces"_L1).toArray().size(), 2);
+
+    await(store.clear());
+    QVERIFY(keychain.items.empty());
+    await(store.clear());
+  }
+
+  void whatIsNoSessionIsCorrupted_data() {
+    QTest::addColumn<QByteArray>("data");
+    const QByteArray whole = encodeJSON(session());
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("cut short") << whole.chopped(1);
+    QTest::newRow("no token") << QByteArray(whole).replace("\"token\"", "\"other\"");
+    QTest::newRow("no instant") << QByteArray(whole).replace("2026-12-21T09:30:00.000Z", "next year");
+    QTest::newRow("not an object") << QByteArray("[]");
+  }
+  void whatIsNoSessionIsCorrupted() {
+    QFETCH(QByteArray, data);
+    MemoryKeychain keychain;
+    keychain.items[account] = data;
+    const auto failure = failureOf(dropValue(SessionStore(keychain).load()));
+    QVERIFY(failure && *failure == KeychainError::corrupted());
+  }
+
+  void failuresArriveUnchanged() {
+    MemoryKeychain keychain;
+    keychain.failure = KeychainError::status(-25308, KeychainError::Reason::locked);
+    SessionStore store(keychain);
+    for (const auto& failure :
+         {failureOf(dropValue(store.load())), failureOf(store.save(session())), failureOf(store.clear())}) {
+      QVERIFY(failure && *failure == *keychain.failure);
+      QCOMPARE(failure->reason(), KeychainError::Reason::locked);
+    }
+  }
+
+  void whatIsNotKeptIsNotSaved() {
+    ForgetfulKeychain keychain;
+    QVERIFY(failureOf(SessionStore(keychain).save(session())));
+  }
+
+  void expiresAtItsInstant() {
+    const StoredSession stored = session();
+    QVERIFY(!stored.isExpired(stored.expiresAt.addMSecs(-1)));
+    QVERIFY(stored.isExpired(stored.expiresAt));
+  }
+
+  void logsShowNoToken() {
+    QString shown;
+    QDebug(&shown) << session();
+    QCOMPARE(shown.trimmed(), u"StoredSession(user: maren@northgate.example.com, workspaces: 2, token: [redacted])"_s);
+  }
+};
+
+QTEST_GUILESS_MAIN(SessionTest)
+#include "session_test.moc"
