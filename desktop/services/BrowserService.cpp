@@ -1,0 +1,16 @@
+#include "desktop/services/BrowserService.h"
+
+#include <QDesktopServices>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+bool BrowserService::open(const QUrl& url) {
+  // Links come from answers and message bodies; anything but a web page could start a program or open a local file.
+  const bool isWeb =
+      url.isValid() && (url.scheme() == "https"_L1 || url.scheme() == "http"_L1) && !url.host().isEmpty();
+  return isWeb && QDesktopServices::openUrl(url);
+}
+
+}  // namespace orv

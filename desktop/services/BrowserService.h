@@ -1,0 +1,12 @@
+#pragma once
+
+#include "app/shell/desktop/Browser.h"
+
+namespace orv {
+
+class BrowserService final : public Browser {
+ public:
+  bool open(const QUrl& url) override;
+};
+
+}  // namespace orv

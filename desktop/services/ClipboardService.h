@@ -1,0 +1,12 @@
+#pragma once
+
+#include "app/shell/desktop/Clipboard.h"
+
+namespace orv {
+
+class ClipboardService final : public Clipboard {
+ public:
+  void setText(const QString& text) override;
+};
+
+}  // namespace orv

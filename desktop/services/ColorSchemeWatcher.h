@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QObject>
+
+namespace orv {
+
+/// The desktop's own choice of light or dark and of motion, from the settings portal. Never waits for the portal: until
+/// it answers, and without one, there is no preference.
+class ColorSchemeWatcher final : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Scheme { none, dark, light };
+  Q_ENUM(Scheme)
+
+  explicit ColorSchemeWatcher(QDBusConnection bus, QObject* parent = nullptr);
+
+  Scheme scheme() const { return m_scheme; }
+  bool reducedMotion() const { return m_reducedMotion; }
+
+ Q_SIGNALS:
+  void changed();
+
+ private Q_SLOTS:
+  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+
+ private:
+  void readAll();
+  void apply(const QString& key, const QVariant& value);
+
+  QDBusConnection m_bus;
+  Scheme m_scheme = Scheme::none;
+  bool m_reducedMotion = false;
+};
+
+}  // namespace orv

@@ -1,0 +1,106 @@
+#include "desktop/services/LogFile.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+std::atomic<LogFile*> current = nullptr;
+
+const char* levelName(QtMsgType type) {
+  switch (type) {
+    case QtDebugMsg:
+      return "debug";
+    case QtInfoMsg:
+      return "info";
+    case QtWarningMsg:
+      return "warning";
+    case QtCriticalMsg:
+      return "error";
+    case QtFatalMsg:
+      return "fatal";
+  }
+  return "";
+}
+
+}  // namespace
+
+QString LogFile::defaultFolder() {
+  const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+  return (QDir::isAbsolutePath(state) ? state : QDir::home().filePath(u".local/state"_s)) + u"/orvella"_s;
+}
+
+QString LogFile::redacted(const QString& text) {
+  // Each keeps its first group. A quoted value ends at its quote, an unquoted one at white space or a separator.
+  static const QRegularExpression patterns[] = {
+      QRegularExpression(uR"((orv_[a-z]+_)[\w.~+/=-]+)"_s),
+      QRegularExpression(uR"((\b(?:Bearer|Basic)\s+)[\w.~+/=-]+)"_s, QRegularExpression::CaseInsensitiveOption),
+      QRegularExpression(uR"((\b(?:set-)?cookie\s*:\s*)[^\r\n]+)"_s, QRegularExpression::CaseInsensitiveOption),
+      QRegularExpression(
+          uR"re((\b(?:code|password|token|secret|code_?verifier)\\?"?\s*[=:]\s*\\?")(?:[^"\\]|\\(?!"))+)re"_s,
+          QRegularExpression::CaseInsensitiveOption),
+      QRegularExpression(uR"((\b(?:code|password|token|secret|code_?verifier)\s*=\s*)[^\s"&#;,)]+)"_s,
+                         QRegularExpression::CaseInsensitiveOption),
+      QRegularExpression(uR"((\bpassword\s*:\s*)[^\s"\[]\S*)"_s, QRegularExpression::CaseInsensitiveOption),
+  };
+  QString result = text;
+  for (const auto& pattern : patterns) result.replace(pattern, u"\\1[redacted]"_s);
+  return result;
+}
+
+LogFile::LogFile(const QString& folder) : LogFile(folder, Limits()) {}
+
+LogFile::LogFile(const QString& folder, Limits limits) : m_folder(folder), m_limits(limits) {
+  QDir().mkpath(folder);
+  open();
+  current = this;
+  m_previous = qInstallMessageHandler(handle);
+}
+
+LogFile::~LogFile() {
+  qInstallMessageHandler(m_previous);
+  const QMutexLocker lock(&m_mutex);
+  current = nullptr;
+}
+
+void LogFile::handle(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  LogFile* const log = current;
+  if (!log) return;
+  const QByteArray line =
+      (QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) + u' ' + QLatin1StringView(levelName(type)) + u' ' +
+       QLatin1StringView(context.category ? context.category : "default") + u": "_s + redacted(message) + u'\n')
+          .toUtf8();
+  const QMutexLocker lock(&log->m_mutex);
+  std::fwrite(line.constData(), 1, size_t(line.size()), stderr);
+  log->write(line);
+}
+
+void LogFile::write(const QByteArray& line) {
+  if (m_file.isOpen() && m_file.size() + line.size() > m_limits.bytes) rotate();
+  // A full disk is no reason to stop working. (A closed file would warn, and the warning come here again.)
+  if (m_file.isOpen() && m_file.write(line) >= 0) m_file.flush();
+}
+
+void LogFile::open() {
+  constexpr auto own = QFile::ReadOwner | QFile::WriteOwner;
+  m_file.setFileName(m_folder + u"/orvella.log"_s);
+  if (m_file.open(QIODevice::WriteOnly | QIODevice::Append, own)) m_file.setPermissions(own);
+}
+
+QString LogFile::olderPath(int age) const { return m_folder + u"/orvella.%1.log"_s.arg(age); }
+
+void LogFile::rotate() {
+  m_file.close();
+  QFile::remove(olderPath(m_limits.older));
+  for (int age = m_limits.older; age > 1; --age) QFile::rename(olderPath(age - 1), olderPath(age));
+  QFile::rename(m_file.fileName(), olderPath(1));
+  open();
+}
+
+}  // namespace orv

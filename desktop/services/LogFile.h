@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QFile>
+#include <QMutex>
+
+namespace orv {
+
+/// While it lives, everything logged goes to a file of the person's own (and to stderr as before), without secrets.
+///
+/// Nothing should log a secret in the first place; that one which slips through stays readable for nobody is this
+/// sink's part. One per process.
+class LogFile {
+ public:
+  struct Limits {
+    qint64 bytes = 1 << 20;
+    /// Older files kept beside the current one.
+    int older = 3;
+  };
+
+  /// The state folder of the desktop's conventions.
+  static QString defaultFolder();
+  /// Text with every token, credential and one-time code in it replaced.
+  static QString redacted(const QString& text);
+
+  explicit LogFile(const QString& folder);
+  LogFile(const QString& folder, Limits limits);
+  LogFile(const LogFile&) = delete;
+  LogFile& operator=(const LogFile&) = delete;
+  ~LogFile();
+
+  QString path() const { return m_file.fileName(); }
+
+ private:
+  static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
+  void write(const QByteArray& line);
+  void open();
+  void rotate();
+  QString olderPath(int age) const;
+
+  QString m_folder;
+  Limits m_limits;
+  QMutex m_mutex;
+  QFile m_file;
+  QtMessageHandler m_previous = nullptr;
+};
+
+}  // namespace orv

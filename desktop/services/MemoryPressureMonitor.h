@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <functional>
+#include <memory>
+
+#include "app/shell/desktop/MemoryPressure.h"
+#include "kit/async/Clock.h"
+
+namespace orv {
+
+/// Listens to the system's low-memory monitor and watches the kernel's pressure figures; a machine with neither simply
+/// never reports any.
+class MemoryPressureMonitor final : public MemoryPressure {
+  Q_OBJECT
+
+ public:
+  /// The text of the kernel's pressure file; empty when there is none.
+  using ReadFigures = std::function<QByteArray()>;
+
+  MemoryPressureMonitor(Clock& clock, QDBusConnection systemBus, QObject* parent = nullptr);
+  MemoryPressureMonitor(Clock& clock, QDBusConnection systemBus, ReadFigures read, QObject* parent = nullptr);
+
+ private Q_SLOTS:
+  void lowMemoryWarning(uchar level);
+
+ private:
+  void look();
+
+  Clock& m_clock;
+  ReadFigures m_read;
+  bool m_pressed = false;
+  std::unique_ptr<Clock::Timer> m_timer;
+};
+
+}  // namespace orv

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QSettings>
+
+#include "app/shell/desktop/Preferences.h"
+
+namespace orv {
+
+/// Preferences in the person's settings file.
+class SettingsPreferences final : public Preferences {
+ public:
+  /// The file of the application's organisation and name.
+  SettingsPreferences() = default;
+  explicit SettingsPreferences(const QString& path) : m_settings(path, QSettings::IniFormat) {}
+
+  bool sidebarRail() const override;
+  void setSidebarRail(bool rail) override;
+  QStringList recentCommands() const override;
+  void setRecentCommands(const QStringList& ids) override;
+  QString theme() const override;
+  void setTheme(const QString& theme) override;
+  QRect windowGeometry() const override;
+  void setWindowGeometry(const QRect& geometry) override;
+  bool windowMaximized() const override;
+  void setWindowMaximized(bool maximized) override;
+
+ private:
+  QSettings m_settings;
+};
+
+}  // namespace orv

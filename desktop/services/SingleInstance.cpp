@@ -1,0 +1,122 @@
+#include "desktop/services/SingleInstance.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include "desktop/services/ApplicationAdaptor.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+Q_LOGGING_CATEGORY(lcInstance, "orvella.instance")
+
+namespace {
+
+constexpr int handOverMilliseconds = 3000;
+constexpr qint64 longestMessage = 64 << 10;
+const auto interface = u"org.freedesktop.Application"_s;
+
+/// What the launcher gave this start, so that the running one may raise its window.
+QString activationToken() {
+  const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+  return token.isEmpty() ? qEnvironmentVariable("DESKTOP_STARTUP_ID") : token;
+}
+
+QString objectPath(const QString& id) { return u'/' + QString(id).replace(u'.', u'/').replace(u'-', u'_'); }
+
+}  // namespace
+
+SingleInstance::SingleInstance(QString id, QDBusConnection bus, QObject* parent)
+    : QObject(parent), m_id(std::move(id)), m_bus(std::move(bus)) {
+  new ApplicationAdaptor(this);
+  m_server.setSocketOptions(QLocalServer::UserAccessOption);
+  connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::readFromSocket);
+}
+
+SingleInstance::~SingleInstance() {
+  if (!m_ownsName) return;
+  m_bus.unregisterService(m_id);
+  m_bus.unregisterObject(objectPath(m_id));
+}
+
+QStringList SingleInstance::linksIn(const QStringList& arguments) const {
+  QStringList links;
+  for (const QString& argument : arguments)
+    if (QUrl(argument).scheme() == m_id) links.append(argument);
+  return links;
+}
+
+SingleInstance::Start SingleInstance::claim(const QStringList& links) {
+  return m_bus.isConnected() ? claimOnBus(links) : claimSocket(links);
+}
+
+SingleInstance::Start SingleInstance::claimOnBus(const QStringList& links) {
+  // The object first: a start that finds the name taken calls it at once.
+  m_bus.registerObject(objectPath(m_id), this, QDBusConnection::ExportAdaptors);
+  const auto reply = m_bus.interface()->registerService(m_id, QDBusConnectionInterface::DontQueueService,
+                                                        QDBusConnectionInterface::DontAllowReplacement);
+  m_ownsName = reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+  if (m_ownsName) return Start::first;
+  m_bus.unregisterObject(objectPath(m_id));
+
+  const QVariantMap platform = {{u"activation-token"_s, activationToken()},
+                                {u"desktop-startup-id"_s, activationToken()}};
+  auto message =
+      QDBusMessage::createMethodCall(m_id, objectPath(m_id), interface, links.isEmpty() ? u"Activate"_s : u"Open"_s);
+  if (!links.isEmpty()) message << links;
+  message << platform;
+  const QDBusMessage answer = m_bus.call(message, QDBus::Block, handOverMilliseconds);
+  if (answer.type() == QDBusMessage::ErrorMessage)
+    qCWarning(lcInstance, "The running application did not answer: %s", qPrintable(answer.errorName()));
+  return Start::second;
+}
+
+SingleInstance::Start SingleInstance::claimSocket(const QStringList& links) {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  const QString path = folder + u'/' + m_id;
+  if (handOverBySocket(path, links)) return Start::second;
+  // Nobody listens: what is there was left by a process that died.
+  QLocalServer::removeServer(path);
+  if (!m_server.listen(path)) qCWarning(lcInstance, "No single instance: %s", qPrintable(m_server.errorString()));
+  return Start::first;
+}
+
+bool SingleInstance::handOverBySocket(const QString& path, const QStringList& links) {
+  QLocalSocket socket;
+  socket.connectToServer(path);
+  if (!socket.waitForConnected(handOverMilliseconds)) return false;
+  const QJsonObject message{{u"links"_s, QJsonArray::fromStringList(links)}, {u"token"_s, activationToken()}};
+  socket.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n');
+  while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(handOverMilliseconds)) continue;
+  socket.disconnectFromServer();
+  return true;
+}
+
+void SingleInstance::readFromSocket() {
+  while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
+    const auto read = [this, socket] {
+      if (socket->bytesAvailable() > longestMessage) return socket->abort();
+      if (!socket->canReadLine()) return;
+      const auto message = QJsonDocument::fromJson(socket->readLine()).object();
+      receive(message["links"_L1].toVariant().toStringList(), message["token"_L1].toString());
+    };
+    connect(socket, &QLocalSocket::readyRead, this, read);
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    read();
+  }
+}
+
+void SingleInstance::receive(const QStringList& links, const QString& activationToken) {
+  for (const QString& link : linksIn(links)) Q_EMIT opened(link);
+  Q_EMIT activated(activationToken);
+}
+
+}  // namespace orv

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QLocalServer>
+#include <QObject>
+#include <QStringList>
+
+namespace orv {
+
+/// One running application per session: the first start holds the application's name, later ones hand it their links
+/// and leave. The name on the session bus is the lock, which the bus lets go with the process; without a bus a socket
+/// in the runtime folder serves.
+class SingleInstance final : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Start { first, second };
+
+  /// `id` is the application's reverse-domain identifier, and the scheme of its links.
+  SingleInstance(QString id, QDBusConnection bus, QObject* parent = nullptr);
+  ~SingleInstance() override;
+
+  /// Those of a command line's arguments that are links of the application.
+  QStringList linksIn(const QStringList& arguments) const;
+
+  /// Decides which start this is. A second one has handed over `links`, or asked for the window when there are none.
+  /// Nothing that comes for the first is delivered before the event loop runs.
+  Start claim(const QStringList& links);
+
+  /// What another start or the desktop hands over; `activationToken` lets the window come to the front.
+  void receive(const QStringList& links, const QString& activationToken);
+
+ Q_SIGNALS:
+  void opened(const QString& link);
+  /// The window is wanted in front. Comes after the links.
+  void activated(const QString& activationToken);
+
+ private:
+  Start claimOnBus(const QStringList& links);
+  Start claimSocket(const QStringList& links);
+  bool handOverBySocket(const QString& path, const QStringList& links);
+  void readFromSocket();
+
+  QString m_id;
+  QDBusConnection m_bus;
+  QLocalServer m_server;
+  bool m_ownsName = false;
+};
+
+}  // namespace orv
