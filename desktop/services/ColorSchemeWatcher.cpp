@@ -1,9 +1,9 @@
 #include "desktop/services/ColorSchemeWatcher.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -16,8 +16,7 @@ const auto group = u"org.freedesktop.appearance"_s;
 
 ColorSchemeWatcher::ColorSchemeWatcher(QDBusConnection bus, QObject* parent) : QObject(parent), m_bus(std::move(bus)) {
   // No service name: the toolkit would ask the bus for its owner, and wait for the answer.
-  m_bus.connect(QString(), portalPath, settings, u"SettingChanged"_s, this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+  m_bus.connect(QString(), portalPath, settings, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
   readAll();
 }
 
@@ -37,8 +36,10 @@ void ColorSchemeWatcher::readAll() {
   });
 }
 
-void ColorSchemeWatcher::settingChanged(const QString& changedGroup, const QString& key, const QDBusVariant& value) {
-  if (changedGroup == group) apply(key, value.variant());
+void ColorSchemeWatcher::settingChanged(const QDBusMessage& message) {
+  const QVariantList arguments = message.arguments();
+  if (message.signature() != "ssv"_L1 || arguments[0].toString() != group) return;
+  apply(arguments[1].toString(), arguments[2].value<QDBusVariant>().variant());
 }
 
 void ColorSchemeWatcher::apply(const QString& key, const QVariant& value) {

@@ -42,8 +42,11 @@ QString LogFile::redacted(const QString& text) {
       QRegularExpression(uR"((orv_[a-z]+_)[\w.~+/=-]+)"_s),
       QRegularExpression(uR"((\b(?:Bearer|Basic)\s+)[\w.~+/=-]+)"_s, QRegularExpression::CaseInsensitiveOption),
       QRegularExpression(uR"((\b(?:set-)?cookie\s*:\s*)[^\r\n]+)"_s, QRegularExpression::CaseInsensitiveOption),
+      QRegularExpression(uR"re((\b(?:code|password|token|secret|code_?verifier)"?\s*[=:]\s*")(?:[^"\\]|\\.)+)re"_s,
+                         QRegularExpression::CaseInsensitiveOption),
+      // JSON quoted inside JSON.
       QRegularExpression(
-          uR"re((\b(?:code|password|token|secret|code_?verifier)\\?"?\s*[=:]\s*\\?")(?:[^"\\]|\\(?!"))+)re"_s,
+          uR"re((\b(?:code|password|token|secret|code_?verifier)\\"\s*:\s*\\")(?:[^"\\]|\\\\(?:\\.)?)+)re"_s,
           QRegularExpression::CaseInsensitiveOption),
       QRegularExpression(uR"((\b(?:code|password|token|secret|code_?verifier)\s*=\s*)[^\s"&#;,)]+)"_s,
                          QRegularExpression::CaseInsensitiveOption),

@@ -1,0 +1,92 @@
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "desktop/services/SingleInstance.h"
+#include "tests/support/PrivateBus.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+const auto id = u"com.orvella.test"_s;
+const auto signInLink = u"com.orvella.test://auth/callback?code=a%2Bb"_s;
+}  // namespace
+
+class InstanceTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<PrivateBus> m_bus;
+  int m_connections = 0;
+
+  QDBusConnection connection(const QString& address) {
+    return QDBusConnection::connectToBus(address, u"test%1"_s.arg(++m_connections));
+  }
+  QByteArray startAnother(const QStringList& arguments, const QString& token = {}) {
+    QProcess process;
+    auto environment = m_bus->environment();
+    environment.insert(u"XDG_ACTIVATION_TOKEN"_s, token);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(ORVELLA_SECOND_START), arguments);
+    // The event loop must run: this process may be the one that is asked.
+    if (!QTest::qWaitFor([&] { return process.state() == QProcess::NotRunning; }, 10000)) return "it hangs";
+    return process.readAllStandardOutput().trimmed();
+  }
+
+ private Q_SLOTS:
+  void init() { m_bus = std::make_unique<PrivateBus>(); }
+  void cleanup() { m_bus.reset(); }
+
+  void theSecondStartHandsOver_data() {
+    QTest::addColumn<bool>("onBus");
+    QTest::newRow("on the bus") << true;
+    QTest::newRow("without a bus") << false;
+  }
+  void theSecondStartHandsOver() {
+    QFETCH(bool, onBus);
+    const QString nowhere = u"unix:path="_s + m_bus->folder() + u"/nothing"_s;
+    if (!onBus) m_bus->setSessionAddress(nowhere);
+    qputenv("XDG_RUNTIME_DIR", m_bus->environment().value(u"XDG_RUNTIME_DIR"_s).toUtf8());
+
+    auto first = std::make_unique<SingleInstance>(id, connection(onBus ? m_bus->address() : nowhere));
+    QSignalSpy opened(first.get(), &SingleInstance::opened);
+    QSignalSpy activated(first.get(), &SingleInstance::activated);
+    QCOMPARE(first->claim({}), SingleInstance::Start::first);
+
+    QCOMPARE(startAnother({u"--quiet"_s, signInLink, u"https://elsewhere.example"_s}, u"tok"_s), "second");
+    QTRY_COMPARE(activated.size(), 1);
+    QCOMPARE(opened, QList<QVariantList>{{signInLink}});
+    QCOMPARE(activated.constFirst().constFirst().toString(), u"tok"_s);
+
+    QCOMPARE(startAnother({}), "second");
+    QTRY_COMPARE(activated.size(), 2);
+    QCOMPARE(opened.size(), 1);
+
+    first.reset();
+    QCOMPARE(startAnother({signInLink}), "first");
+  }
+
+  void aSocketLeftBehindIsTakenOver() {
+    const QString runtime = m_bus->environment().value(u"XDG_RUNTIME_DIR"_s);
+    qputenv("XDG_RUNTIME_DIR", runtime.toUtf8());
+    QFile left(runtime + u'/' + id);
+    QVERIFY(left.open(QIODevice::WriteOnly));
+    left.close();
+    const QString nowhere = u"unix:path="_s + m_bus->folder() + u"/nothing"_s;
+    m_bus->setSessionAddress(nowhere);
+    SingleInstance first(id, connection(nowhere));
+    QCOMPARE(first.claim({}), SingleInstance::Start::first);
+    QCOMPARE(startAnother({}), "second");
+  }
+
+  void onlyItsOwnLinksCount() {
+    const SingleInstance instance(id, connection(m_bus->address()));
+    QCOMPARE(instance.linksIn({u"orvella"_s, u"--demo"_s, signInLink, u"file:///etc/passwd"_s,
+                               u"com.orvella.testing://x"_s, u"COM.ORVELLA.TEST://auth"_s}),
+             QStringList({signInLink, u"COM.ORVELLA.TEST://auth"_s}));
+  }
+};
+
+QTEST_GUILESS_MAIN(InstanceTest)
+#include "instance_test.moc"

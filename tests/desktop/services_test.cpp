@@ -1,0 +1,237 @@
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDesktopServices>
+#include <QDir>
+#include <QLoggingCategory>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "desktop/services/BrowserService.h"
+#include "desktop/services/ColorSchemeWatcher.h"
+#include "desktop/services/FileManagerRevealer.h"
+#include "desktop/services/LogFile.h"
+#include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/SettingsPreferences.h"
+#include "tests/support/ManualClock.h"
+#include "tests/support/PrivateBus.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+class FakeFileManager : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+
+ public:
+  QStringList shown;
+
+ public Q_SLOTS:
+  void ShowItems(const QStringList& items, const QString&) { shown += items; }
+};
+
+class FakePortal : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+ public:
+  QVariantMap values;
+
+ public Q_SLOTS:
+  QMap<QString, QVariantMap> ReadAll(const QStringList& groups) { return {{groups.value(0), values}}; }
+
+ Q_SIGNALS:
+  void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+};
+
+class ServicesTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<PrivateBus> m_bus;
+  int m_connections = 0;
+  QList<QUrl> m_opened;
+
+  QDBusConnection connection() {
+    return QDBusConnection::connectToBus(m_bus->address(), u"test%1"_s.arg(++m_connections));
+  }
+  static QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+ public Q_SLOTS:
+  void openInstead(const QUrl& url) { m_opened.append(url); }
+
+ private Q_SLOTS:
+  void initTestCase() {
+    qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
+    m_bus = std::make_unique<PrivateBus>();
+  }
+  void cleanupTestCase() { m_bus.reset(); }
+
+  void onlyWebPagesAreOpened_data() {
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<bool>("opens");
+    QTest::newRow("https") << u"https://app.orvella.example/x?y=z"_s << true;
+    QTest::newRow("http") << u"http://127.0.0.1:8080/start"_s << true;
+    QTest::newRow("file") << u"file:///etc/passwd"_s << false;
+    QTest::newRow("script") << u"javascript:alert(1)"_s << false;
+    QTest::newRow("no host") << u"https:///x"_s << false;
+    QTest::newRow("nothing") << QString() << false;
+  }
+  void onlyWebPagesAreOpened() {
+    QFETCH(QString, url);
+    QFETCH(bool, opens);
+    m_opened.clear();
+    for (const auto& scheme : {u"http"_s, u"https"_s, u"file"_s, u"javascript"_s})
+      QDesktopServices::setUrlHandler(scheme, this, "openInstead");
+    QCOMPARE(BrowserService().open(QUrl(url)), opens);
+    QCOMPARE(m_opened, opens ? QList<QUrl>{QUrl(url)} : QList<QUrl>());
+    for (const auto& scheme : {u"http"_s, u"https"_s, u"file"_s, u"javascript"_s})
+      QDesktopServices::unsetUrlHandler(scheme);
+  }
+
+  void aFileIsShownByTheFileManagerOrItsFolderOpens() {
+    QList<QUrl> folders;
+    const QString path = u"/tmp/Q3 100% näxt.csv"_s;
+    {
+      FileManagerRevealer revealer(connection(), [&](const QUrl& folder) { folders.append(folder); });
+      revealer.reveal(path);
+    }
+    QTRY_COMPARE(folders, QList<QUrl>{QUrl::fromLocalFile(u"/tmp"_s)});
+
+    FakeFileManager manager;
+    auto bus = connection();
+    QVERIFY(bus.registerObject(u"/org/freedesktop/FileManager1"_s, &manager, QDBusConnection::ExportAllSlots));
+    QVERIFY(bus.registerService(u"org.freedesktop.FileManager1"_s));
+    FileManagerRevealer(connection(), [&](const QUrl& folder) { folders.append(folder); }).reveal(path);
+    QTRY_COMPARE(manager.shown, QStringList(u"file:///tmp/Q3%20100%25%20n%C3%A4xt.csv"_s));
+    QCOMPARE(folders.size(), 1);
+  }
+
+  void theDesktopsColoursAreFollowed() {
+    ColorSchemeWatcher alone(connection());
+    QCOMPARE(alone.scheme(), ColorSchemeWatcher::Scheme::none);
+
+    FakePortal portal;
+    portal.values = {{u"color-scheme"_s, 1u}, {u"reduced-motion"_s, 1u}, {u"accent-color"_s, u"odd"_s}};
+    auto bus = connection();
+    QVERIFY(bus.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
+    QVERIFY(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+    ColorSchemeWatcher watcher(connection());
+    QSignalSpy changed(&watcher, &ColorSchemeWatcher::changed);
+    QTRY_COMPARE(watcher.scheme(), ColorSchemeWatcher::Scheme::dark);
+    QTRY_VERIFY(watcher.reducedMotion());
+
+    const auto group = u"org.freedesktop.appearance"_s;
+    Q_EMIT portal.SettingChanged(u"org.other"_s, u"color-scheme"_s, QDBusVariant(0u));
+    Q_EMIT portal.SettingChanged(group, u"color-scheme"_s, QDBusVariant(u"odd"_s));
+    changed.clear();
+    Q_EMIT portal.SettingChanged(group, u"color-scheme"_s, QDBusVariant(2u));
+    QTRY_COMPARE(watcher.scheme(), ColorSchemeWatcher::Scheme::light);
+    Q_EMIT portal.SettingChanged(group, u"color-scheme"_s, QDBusVariant(7u));
+    QTRY_COMPARE(watcher.scheme(), ColorSchemeWatcher::Scheme::none);
+    QCOMPARE(changed.size(), 2);
+  }
+
+  void memoryPressureIsToldOnceAsItBegins() {
+    ManualClock clock;
+    QByteArray figures = "some avg10=0.00 avg60=0.00 avg300=0.00 total=0\nfull avg10=99.00 avg60=0.00\n";
+    MemoryPressureMonitor monitor(clock, connection(), [&] { return figures; });
+    QSignalSpy told(&monitor, &MemoryPressure::pressure);
+    const auto later = [&](const char* some) {
+      figures = QByteArray("some avg10=") + some + " avg60=0.00";
+      clock.advance(10s);
+      return told.size();
+    };
+    QCOMPARE(later("9.99"), 0);
+    QCOMPARE(later("10.00"), 1);
+    QCOMPARE(later("55.10"), 1);
+    QCOMPARE(later("5.00"), 1);
+    QCOMPARE(later("12.00"), 1);
+    QCOMPARE(later("1.99"), 1);
+    QCOMPARE(later("12.00"), 2);
+
+    auto bus = connection();
+    auto warning = QDBusMessage::createSignal(u"/org/freedesktop/LowMemoryMonitor"_s,
+                                              u"org.freedesktop.LowMemoryMonitor"_s, u"LowMemoryWarning"_s);
+    bus.send(warning << QVariant::fromValue(uchar(100)));
+    QTRY_COMPARE(told.size(), 3);
+  }
+
+  void aMachineWithoutFiguresIsLeftAlone() {
+    ManualClock clock;
+    MemoryPressureMonitor monitor(clock, connection(), [] { return QByteArray("some nonsense"); });
+    QCOMPARE(clock.running(), 0);
+  }
+
+  void preferencesSurvive() {
+    const QString path = m_bus->folder() + u"/settings.conf"_s;
+    {
+      SettingsPreferences preferences(path);
+      QVERIFY(!preferences.sidebarRail() && preferences.windowGeometry().isNull());
+      QCOMPARE(preferences.theme(), u"system"_s);
+      preferences.setSidebarRail(true);
+      preferences.setRecentCommands({u"page.inbox"_s, u"a, b"_s});
+      preferences.setTheme(u"dark"_s);
+      preferences.setWindowGeometry({-20, 10, 1280, 800});
+      preferences.setWindowMaximized(true);
+    }
+    const SettingsPreferences preferences(path);
+    QVERIFY(preferences.sidebarRail() && preferences.windowMaximized());
+    QCOMPARE(preferences.recentCommands(), QStringList({u"page.inbox"_s, u"a, b"_s}));
+    QCOMPARE(preferences.theme(), u"dark"_s);
+    QCOMPARE(preferences.windowGeometry(), QRect(-20, 10, 1280, 800));
+    QVERIFY(contents(path).contains("orv-sidebar-rail=true"));
+  }
+
+  void secretsAreRedacted_data() {
+    QTest::addColumn<QString>("logged");
+    QTest::newRow("token") << u"using orv_sess_CANARY-1.x for it"_s;
+    QTest::newRow("key") << u"orv_key_CANARY"_s;
+    QTest::newRow("header") << u"Authorization: Bearer CANARY.a-b_c=="_s;
+    QTest::newRow("cookie") << u"Cookie: a=1; orv=CANARY"_s;
+    QTest::newRow("link") << u"com.orvella.desktop://auth/callback?code=CANARY&x=1"_s;
+    QTest::newRow("json") << u"{\"email\":\"a@b.c\",\"password\":\"x \\\"y CANARY\",\"n\":1}"_s;
+    QTest::newRow("json within text") << u"\"{\\\"code\\\":\\\"a\\\\\\\"CANARY\\\"}\""_s;
+    QTest::newRow("words") << u"password: CANARY"_s;
+    QTest::newRow("verifier") << u"{\"codeVerifier\": \"CANARY\"}"_s;
+  }
+  void secretsAreRedacted() {
+    QFETCH(QString, logged);
+    const QString shown = LogFile::redacted(logged);
+    QVERIFY2(!shown.contains("CANARY"_L1) && shown.contains("[redacted]"_L1), qPrintable(shown));
+  }
+
+  void ordinaryTextIsLeft() {
+    for (const auto& text : {u"GET /campaigns?status=running&tag=code 404"_s, u"Decoding failed at items[3].token"_s,
+                             u"exit code: 1, passwords kept"_s})
+      QCOMPARE(LogFile::redacted(text), text);
+  }
+
+  void theLogIsPrivateAndStaysSmall() {
+    const QString folder = m_bus->folder() + u"/log"_s;
+    QString path;
+    {
+      LogFile log(folder, {2000, 2});
+      path = log.path();
+      for (int i = 0; i < 100; ++i) qInfo("line %d with orv_sess_CANARY", i);
+    }
+    const auto files = QDir(folder).entryInfoList(QDir::Files);
+    QCOMPARE(files.size(), 3);
+    for (const auto& file : files) {
+      QVERIFY(file.size() > 0 && file.size() <= 2000);
+      QCOMPARE(file.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+               QFile::Permissions());
+      QVERIFY(!contents(file.filePath()).contains("CANARY"));
+    }
+    QVERIFY(contents(path).contains("line 99 "));
+    { LogFile again(folder, {2000, 2}); }
+    QVERIFY(contents(path).contains("line 99 "));
+  }
+};
+
+QTEST_MAIN(ServicesTest)
+#include "services_test.moc"
