@@ -114,8 +114,13 @@ HTTPAnswer CampaignDoor::steps(const DemoRequest& request, DemoCampaign& campaig
   for (const StepIn& in : body->steps) {
     CampaignStep step{in.id.value_or(m_random.id(u"st"_s)), saved.size() + 1, in.delayMinutes, in.sameThread, {}, {}};
     for (const VariantIn& variant : in.variants)
-      step.variants.append({variant.id.value_or(m_random.id(u"va"_s)), variant.label, variant.subject, variant.body,
-                            variant.weight, variant.enabled, {}});
+      step.variants.append({variant.id.value_or(m_random.id(u"va"_s)),
+                            variant.label,
+                            variant.subject,
+                            variant.body,
+                            variant.weight,
+                            variant.enabled,
+                            {}});
     saved.append(step);
   }
   campaign.record.steps = saved;

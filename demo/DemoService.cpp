@@ -112,7 +112,8 @@ HTTPAnswer DemoService::signedIn(const DemoRequest& request, const QString& what
   }
   if (what == "GET me/unread"_L1) {
     UnreadCounts counts;
-    for (const auto& workspace : workspacesOf(email)) counts.workspaces.append({workspace.slug, workspace.name, 0, 0, {}});
+    for (const auto& workspace : workspacesOf(email))
+      counts.workspaces.append({workspace.slug, workspace.name, 0, 0, {}});
     return jsonAnswer(toJSON(counts));
   }
   if (what == "PUT me/workspace"_L1) {
@@ -159,8 +160,7 @@ HTTPAnswer DemoService::startEmail(const QJsonObject& body) {
   const QDateTime now = m_clock.now();
   if (const auto sent = m_codes.constFind(email); sent != m_codes.constEnd()) {
     const qint64 wait = resendSeconds - sent->sentAt.secsTo(now);
-    if (wait > 0)
-      return problemAnswer(409, u"too_soon"_s, u"A code was just sent"_s, {}, {{u"retryIn"_s, wait}});
+    if (wait > 0) return problemAnswer(409, u"too_soon"_s, u"A code was just sent"_s, {}, {{u"retryIn"_s, wait}});
   }
   const QString code = QString::number(m_random.between(0, 999999)).rightJustified(6, u'0');
   m_codes.insert(email, {code, now});
@@ -192,17 +192,18 @@ HTTPAnswer DemoService::googlePage(const QUrlQuery& query) {
     return problemAnswer(422, u"bad_request"_s, u"Start the sign-in in the application"_s);
   const QString link = u"com.orvella.desktop://auth/callback?code="_s +
                        googleCode(mainAccount, query.queryItemValue(u"code_challenge"_s));
-  const QString page = u"<!doctype html><meta charset=utf-8><title>Sign in</title>"
-                       "<body style='font:16px sans-serif;margin:4em auto;max-width:30em'>"
-                       "<h1>Sign in to Orvella</h1><p><a href='%1'>Continue as Maren Kolbe</a></p>"
-                       "<p>If nothing happens, paste this link into Orvella:</p><code>%1</code></body>"_s.arg(link);
+  const QString page =
+      u"<!doctype html><meta charset=utf-8><title>Sign in</title>"
+      "<body style='font:16px sans-serif;margin:4em auto;max-width:30em'>"
+      "<h1>Sign in to Orvella</h1><p><a href='%1'>Continue as Maren Kolbe</a></p>"
+      "<p>If nothing happens, paste this link into Orvella:</p><code>%1</code></body>"_s.arg(link);
   return {200, {{"Content-Type", "text/html; charset=utf-8"}}, page.toUtf8()};
 }
 
 HTTPAnswer DemoService::exchangeToken(const QJsonObject& body) {
   const Grant grant = m_grants.take(body.value("code"_L1).toString());
-  const QByteArray digest = QCryptographicHash::hash(body.value("code_verifier"_L1).toString().toLatin1(),
-                                                     QCryptographicHash::Sha256);
+  const QByteArray digest =
+      QCryptographicHash::hash(body.value("code_verifier"_L1).toString().toLatin1(), QCryptographicHash::Sha256);
   const QByteArray challenge = digest.toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals);
   if (grant.email.isEmpty() || grant.challenge.toLatin1() != challenge)
     return problemAnswer(403, u"bad_grant"_s, u"This sign-in link is no longer valid"_s, u"Start again."_s);
@@ -235,8 +236,7 @@ QList<WorkspaceSummary> DemoService::workspacesOf(const QString& email) const {
 
 std::unique_ptr<APITransport::Exchange> DemoTransport::exchange(APICall call,
                                                                 std::shared_ptr<AnswerReceiver> receiver) {
-  const WireRequest wire =
-      wireRequest(call, {QUrl(u"https://demo.orvella.example"_s)}, {u"demo"_s, u"0"_s, u"0.0"_s});
+  const WireRequest wire = wireRequest(call, {QUrl(u"https://demo.orvella.example"_s)}, {u"demo"_s, u"0"_s, u"0.0"_s});
   QList<QPair<QByteArray, QByteArray>> headers;
   for (const QByteArray& line : wire.headers) {
     const auto colon = line.indexOf(':');

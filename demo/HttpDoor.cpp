@@ -12,12 +12,18 @@ constexpr qsizetype longestBody = 64 << 20;
 
 QByteArray reason(int status) {
   switch (status) {
-    case 200: return "OK";
-    case 201: return "Created";
-    case 204: return "No Content";
-    case 400: return "Bad Request";
-    case 413: return "Content Too Large";
-    default: return "Status";
+    case 200:
+      return "OK";
+    case 201:
+      return "Created";
+    case 204:
+      return "No Content";
+    case 400:
+      return "Bad Request";
+    case 413:
+      return "Content Too Large";
+    default:
+      return "Status";
   }
 }
 
@@ -35,11 +41,16 @@ HTTPAnswer html(int status) {
 HTTPAnswer faulty(Faults::Kind kind, const HTTPAnswer& answer) {
   using namespace Qt::Literals::StringLiterals;
   switch (kind) {
-    case Faults::Kind::unauthorized: return problemAnswer(401, u"unauthorized"_s, u"Not signed in"_s);
-    case Faults::Kind::conflict: return problemAnswer(409, u"conflict"_s, u"Someone changed this meanwhile"_s);
-    case Faults::Kind::rateLimit: return {429, {{"Retry-After", "1.5"}}, {}};
-    case Faults::Kind::htmlError: return html(500);
-    case Faults::Kind::htmlSuccess: return html(200);
+    case Faults::Kind::unauthorized:
+      return problemAnswer(401, u"unauthorized"_s, u"Not signed in"_s);
+    case Faults::Kind::conflict:
+      return problemAnswer(409, u"conflict"_s, u"Someone changed this meanwhile"_s);
+    case Faults::Kind::rateLimit:
+      return {429, {{"Retry-After", "1.5"}}, {}};
+    case Faults::Kind::htmlError:
+      return html(500);
+    case Faults::Kind::htmlSuccess:
+      return html(200);
     case Faults::Kind::truncated: {
       // The length is right and the JSON is not: what a broken cache in between hands out.
       HTTPAnswer cut = answer;
@@ -47,7 +58,8 @@ HTTPAnswer faulty(Faults::Kind kind, const HTTPAnswer& answer) {
       return cut;
     }
     case Faults::Kind::closed:
-    case Faults::Kind::late: return answer;
+    case Faults::Kind::late:
+      return answer;
   }
   Q_UNREACHABLE();
 }

@@ -46,19 +46,24 @@ const QList<Row>& northgateArchive() {
 }
 
 const QStringList& industries() {
-  static const QStringList list{u"Dental clinics"_s, u"Law firms"_s, u"Machine shops"_s, u"Wine importers"_s, u"Property managers"_s, u"Software vendors"_s, u"Print shops"_s, u"Car dealers"_s, u"Caterers"_s, u"Architects"_s, u"Freight agents"_s, u"Nurseries"_s};
+  static const QStringList list{u"Dental clinics"_s,    u"Law firms"_s,        u"Machine shops"_s,  u"Wine importers"_s,
+                                u"Property managers"_s, u"Software vendors"_s, u"Print shops"_s,    u"Car dealers"_s,
+                                u"Caterers"_s,          u"Architects"_s,       u"Freight agents"_s, u"Nurseries"_s};
   return list;
 }
 const QStringList& regions() {
-  static const QStringList list{u"Nordics"_s, u"DACH"_s, u"Iberia"_s, u"Baltics"_s, u"Ireland"_s, u"Benelux"_s, u"Alps"_s, u"Italy"_s, u"France"_s, u"Poland"_s, u"Greece"_s, u"Scotland"_s};
+  static const QStringList list{u"Nordics"_s, u"DACH"_s,  u"Iberia"_s, u"Baltics"_s, u"Ireland"_s, u"Benelux"_s,
+                                u"Alps"_s,    u"Italy"_s, u"France"_s, u"Poland"_s,  u"Greece"_s,  u"Scotland"_s};
   return list;
 }
 const QStringList& firstNames() {
-  static const QStringList list{u"Lena"_s, u"Maris"_s, u"Ilze"_s, u"Tomas"_s, u"Sara"_s, u"Jonas"_s, u"Noor"_s, u"Elif"_s, u"Pavel"_s};
+  static const QStringList list{u"Lena"_s,  u"Maris"_s, u"Ilze"_s, u"Tomas"_s, u"Sara"_s,
+                                u"Jonas"_s, u"Noor"_s,  u"Elif"_s, u"Pavel"_s};
   return list;
 }
 const QStringList& lastNames() {
-  static const QStringList list{u"Berg"_s, u"Kalnins"_s, u"Okafor"_s, u"Silva"_s, u"Novak"_s, u"Lind"_s, u"Moreau"_s, u"Kaya"_s};
+  static const QStringList list{u"Berg"_s,  u"Kalnins"_s, u"Okafor"_s, u"Silva"_s,
+                                u"Novak"_s, u"Lind"_s,    u"Moreau"_s, u"Kaya"_s};
   return list;
 }
 
@@ -112,14 +117,23 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.stopOnReply = true;
   record.dailyCapPerInbox = 30;
   record.gapSeconds = 600;
-  record.schedule = CampaignSchedule{
-      {}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
+  record.schedule =
+      CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
   record.steps = makeSteps(row.steps, random);
   record.senders.emplace();
   for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i) {
     const DemoMailbox& mailbox = workspace.mailboxes[i];
-    record.senders->append({mailbox.id, mailbox.address, mailbox.displayName, mailbox.status,
-                            mailbox.status == "active"_L1, {}, mailbox.dailyCap, {}, 0, false, {}});
+    record.senders->append({mailbox.id,
+                            mailbox.address,
+                            mailbox.displayName,
+                            mailbox.status,
+                            mailbox.status == "active"_L1,
+                            {},
+                            mailbox.dailyCap,
+                            {},
+                            0,
+                            false,
+                            {}});
   }
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
@@ -138,8 +152,8 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
 Row randomRow(DemoRandom& random) {
   static constexpr std::array statuses{"running", "paused", "draft", "completed"};
   Row row{};
-  row.name = random.pick(industries()) + u", "_s + random.pick(regions()) + u' ' +
-             QString::number(random.between(1, 99));
+  row.name =
+      random.pick(industries()) + u", "_s + random.pick(regions()) + u' ' + QString::number(random.between(1, 99));
   row.status = random.pick(statuses);
   row.tags = {random.pick(regions()).toLower()};
   row.steps = random.between(1, 6);
@@ -159,10 +173,10 @@ Row randomRow(DemoRandom& random) {
 void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
   for (qint64 i = 0; i < count; ++i) {
     const QString first = random.pick(firstNames()), last = random.pick(lastNames());
-    workspace.mailboxes.append({random.id(u"mb"_s),
-                                first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug +
-                                    u"-mail.example"_s,
-                                first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30});
+    workspace.mailboxes.append(
+        {random.id(u"mb"_s),
+         first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug + u"-mail.example"_s,
+         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30});
   }
 }
 
@@ -197,8 +211,14 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate"_s, u"northgate"_s});
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
-  DemoWorkspace northgate{u"w_northgate"_s, u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
-                          {{maren, u"owner"_s}, {tomas, u"member"_s}}, {}, {}, 0};
+  DemoWorkspace northgate{u"w_northgate"_s,
+                          u"northgate"_s,
+                          u"Northgate Growth"_s,
+                          u"Europe/Berlin"_s,
+                          {{maren, u"owner"_s}, {tomas, u"member"_s}},
+                          {},
+                          {},
+                          0};
   addMailboxes(northgate, std::max(16, scale.mailboxes), random);
   for (const Row& row : northgateRows()) northgate.campaigns.append(makeCampaign(row, northgate, random, today));
   int day = 4;
@@ -212,13 +232,14 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   }
   addLeads(northgate.campaigns.first(), std::max(25, scale.leads), random);
 
-  DemoWorkspace caldera{u"w_caldera"_s, u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s,
-                        {{maren, u"admin"_s}}, {}, {}, 0};
+  DemoWorkspace caldera{
+      u"w_caldera"_s, u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}}, {}, {}, 0};
   addMailboxes(caldera, 4, random);
   for (int i = 0; i < 3; ++i) {
     caldera.campaigns.append(makeCampaign(randomRow(random), caldera, random, today));
   }
-  DemoWorkspace harbour{u"w_harbour"_s, u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, {}, {}, 0};
+  DemoWorkspace harbour{
+      u"w_harbour"_s, u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, {}, {}, 0};
   DemoWorkspace empty{u"w_empty"_s, u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, {}, {}, 0};
   state.workspaces = {northgate, caldera, harbour, empty};
   return state;
@@ -250,8 +271,8 @@ CampaignSummary DemoCampaign::summary() const {
 }
 
 DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
-  const auto found = std::ranges::find_if(
-      campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
+  const auto found =
+      std::ranges::find_if(campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
   return found == campaigns.end() ? nullptr : &*found;
 }
 

@@ -24,8 +24,8 @@ QString day(const std::optional<QString>& instant, int daysLater = 0) {
 }
 
 QString facts(const CampaignSummary& campaign) {
-  const QString when = campaign.launchedAt ? u"Launched "_s + day(campaign.launchedAt)
-                                           : u"Created "_s + day(campaign.createdAt);
+  const QString when =
+      campaign.launchedAt ? u"Launched "_s + day(campaign.launchedAt) : u"Created "_s + day(campaign.createdAt);
   return QStringList{Format::counted(campaign.steps, u"step"_s, u"steps"_s),
                      Format::counted(campaign.senders, u"inbox"_s, u"inboxes"_s), when}
       .join(u" · "_s);
@@ -173,23 +173,40 @@ void CampaignRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
 
 QVariant CampaignRowsModel::extraData(const CampaignSummary& campaign, int, int role) const {
   switch (role) {
-    case BusyRole: return m_busy.contains(campaign.id);
-    case StatusWordRole: return campaign.status.rawValue;
-    case StatusLabelRole: return campaign.status.label();
-    case FactsRole: return facts(campaign);
-    case ProgressRole: return share(campaign.done.value_or(0), campaign.leads);
-    case ProgressTextRole: return progressText(campaign);
-    case LeadsTextRole: return Format::grouped(campaign.leads);
-    case SentTextRole: return figure(campaign, campaign.sent);
-    case RepliedTextRole: return figure(campaign, campaign.replied);
-    case RepliedRateRole: return rate(campaign, campaign.replied);
-    case PositiveTextRole: return figure(campaign, campaign.positive);
-    case BouncedTextRole: return figure(campaign, campaign.bounced);
-    case BouncedRateRole: return rate(campaign, campaign.bounced);
-    case BouncesHighRole: return share(campaign.bounced, campaign.sent) > highBounceRate;
-    case DeletedTextRole: return day(campaign.archivedAt);
-    case GoneTextRole: return day(campaign.archivedAt, archiveDays);
-    default: return {};
+    case BusyRole:
+      return m_busy.contains(campaign.id);
+    case StatusWordRole:
+      return campaign.status.rawValue;
+    case StatusLabelRole:
+      return campaign.status.label();
+    case FactsRole:
+      return facts(campaign);
+    case ProgressRole:
+      return share(campaign.done.value_or(0), campaign.leads);
+    case ProgressTextRole:
+      return progressText(campaign);
+    case LeadsTextRole:
+      return Format::grouped(campaign.leads);
+    case SentTextRole:
+      return figure(campaign, campaign.sent);
+    case RepliedTextRole:
+      return figure(campaign, campaign.replied);
+    case RepliedRateRole:
+      return rate(campaign, campaign.replied);
+    case PositiveTextRole:
+      return figure(campaign, campaign.positive);
+    case BouncedTextRole:
+      return figure(campaign, campaign.bounced);
+    case BouncedRateRole:
+      return rate(campaign, campaign.bounced);
+    case BouncesHighRole:
+      return share(campaign.bounced, campaign.sent) > highBounceRate;
+    case DeletedTextRole:
+      return day(campaign.archivedAt);
+    case GoneTextRole:
+      return day(campaign.archivedAt, archiveDays);
+    default:
+      return {};
   }
 }
 

@@ -53,8 +53,10 @@ CampaignsStore::CampaignsStore(APITransport& api, Services& services, QObject* p
       m_api(api),
       m_services(services),
       m_actions(api, services.toasts, m_busy, [this] { reload(); }),
-      m_list(services.clock, [&api] { return api.send(Requests::listCampaigns(false)); }, isEmpty),
-      m_archived(services.clock, [&api] { return api.send(Requests::listCampaigns(true)); }, isEmpty),
+      m_list(
+          services.clock, [&api] { return api.send(Requests::listCampaigns(false)); }, isEmpty),
+      m_archived(
+          services.clock, [&api] { return api.send(Requests::listCampaigns(true)); }, isEmpty),
       m_rows(m_busy),
       m_archivedRows(m_busy),
       m_newCampaign({u"New campaign"_s,
@@ -139,10 +141,11 @@ int CampaignsStore::archivedCount() const {
 QVariantList CampaignsStore::statusCounts() const {
   QMap<QString, int> counts;
   for (const CampaignSummary& item : m_index.items()) ++counts[item.status.rawValue];
-  QVariantList segments{QVariantMap{{u"key"_s, u"all"_s}, {u"label"_s, u"All"_s}, {u"count"_s, m_index.items().size()}}};
+  QVariantList segments{
+      QVariantMap{{u"key"_s, u"all"_s}, {u"label"_s, u"All"_s}, {u"count"_s, m_index.items().size()}}};
   for (const auto& word : {u"running"_s, u"paused"_s, u"draft"_s, u"completed"_s}) {
-    segments.append(QVariantMap{
-        {u"key"_s, word}, {u"label"_s, CampaignStatus{word}.label()}, {u"count"_s, counts.value(word)}});
+    segments.append(
+        QVariantMap{{u"key"_s, word}, {u"label"_s, CampaignStatus{word}.label()}, {u"count"_s, counts.value(word)}});
   }
   return segments;
 }
@@ -154,8 +157,7 @@ QString CampaignsStore::summary() const {
     sent += item.sent;
     positive += item.positive;
   }
-  return QStringList{Format::grouped(running) + u" running"_s,
-                     Format::counted(sent, u"email sent"_s, u"emails sent"_s),
+  return QStringList{Format::grouped(running) + u" running"_s, Format::counted(sent, u"email sent"_s, u"emails sent"_s),
                      Format::counted(positive, u"positive reply"_s, u"positive replies"_s)}
       .join(u" · "_s);
 }
@@ -171,9 +173,7 @@ QString CampaignsStore::archivedCountText() const {
 
 bool CampaignsStore::canCreate() const { return canWrite(m_workspace.role); }
 
-QString CampaignsStore::createHint() const {
-  return canCreate() ? QString() : u"Only members can create campaigns."_s;
-}
+QString CampaignsStore::createHint() const { return canCreate() ? QString() : u"Only members can create campaigns."_s; }
 
 void CampaignsStore::setWorkspace(const WorkspaceSummary& workspace) {
   m_workspace = workspace;
@@ -272,7 +272,8 @@ Task<void> CampaignsStore::removeTask(QString id) {
   if (!campaign || m_busy.contains(id)) co_return;
   const QString name = campaign->name;
   if (!co_await m_services.overlays.confirm(removeQuestion(*campaign))) co_return;
-  const auto removed = co_await m_actions.perform(id, Requests::deleteCampaign(id, false), u"Couldn’t delete "_s + name);
+  const auto removed =
+      co_await m_actions.perform(id, Requests::deleteCampaign(id, false), u"Couldn’t delete "_s + name);
   if (!removed) co_return;
   moveToArchive(id);
   m_services.toasts.show(u"Deleted “"_s + name + u"”. It’s in Archived."_s, Toasts::Tone::standard, u"Undo"_s,
@@ -379,9 +380,8 @@ void CampaignsStore::moveToArchive(const QString& id) {
 }
 
 void CampaignsStore::takeFromArchive(const QString& id) {
-  m_archived.update([&id](CampaignList& list) {
-    list.items.removeIf([&id](const CampaignSummary& item) { return item.id == id; });
-  });
+  m_archived.update(
+      [&id](CampaignList& list) { list.items.removeIf([&id](const CampaignSummary& item) { return item.id == id; }); });
   m_list.update([](CampaignList& list) {
     if (list.archivedCount && *list.archivedCount > 0) --*list.archivedCount;
   });

@@ -95,8 +95,7 @@ void AppModel::adopt(StoredSession session) {
   m_signIn.reset();
   if (session.workspaces.isEmpty()) {
     m_phase = Phase::signedOut;
-    m_signIn.setNotice(
-        u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    m_signIn.setNotice(u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
     Q_EMIT changed();
     return;
   }
@@ -171,8 +170,7 @@ void AppModel::applyAccount(const MeResponse& account) {
   m_stored->workspaces = account.workspaces;
   if (account.workspaces.isEmpty()) {
     leave();
-    m_signIn.setNotice(
-        u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    m_signIn.setNotice(u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
     return;
   }
   bool currentListed = false;

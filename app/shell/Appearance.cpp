@@ -5,9 +5,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-QString known(const QString& theme) {
-  return theme == "light"_L1 || theme == "dark"_L1 ? theme : u"system"_s;
-}
+QString known(const QString& theme) { return theme == "light"_L1 || theme == "dark"_L1 ? theme : u"system"_s; }
 
 }  // namespace
 

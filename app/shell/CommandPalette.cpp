@@ -118,19 +118,26 @@ QVariant CommandPalette::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const Command& command = m_shown[index.row()];
   switch (role) {
-    case IdRole: return command.id;
-    case GroupRole: return command.group;
+    case IdRole:
+      return command.id;
+    case GroupRole:
+      return command.group;
     case Qt::DisplayRole:
-    case TitleRole: return command.title;
-    case SubtitleRole: return command.subtitle;
-    case IconRole: return command.icon;
-    case KeysRole: return command.keys.split(u' ', Qt::SkipEmptyParts);
-    default: return {};
+    case TitleRole:
+      return command.title;
+    case SubtitleRole:
+      return command.subtitle;
+    case IconRole:
+      return command.icon;
+    case KeysRole:
+      return command.keys.split(u' ', Qt::SkipEmptyParts);
+    default:
+      return {};
   }
 }
 
 QHash<int, QByteArray> CommandPalette::roleNames() const {
-  return {{IdRole, "commandId"},       {GroupRole, "group"}, {TitleRole, "title"},
+  return {{IdRole, "commandId"},      {GroupRole, "group"},   {TitleRole, "title"},
           {SubtitleRole, "subtitle"}, {IconRole, "iconName"}, {KeysRole, "keys"}};
 }
 

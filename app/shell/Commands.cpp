@@ -7,8 +7,13 @@ namespace {
 
 void addPages(AppModel& app, QList<Command>& commands) {
   for (const auto& info : Pages::all()) {
-    commands.append({u"page."_s + Pages::name(info.page), u"Pages"_s, info.title, {}, info.icon,
-                     u"G "_s + info.key.toUpper(), [&app, page = info.page] { app.router()->open(page); }});
+    commands.append({u"page."_s + Pages::name(info.page),
+                     u"Pages"_s,
+                     info.title,
+                     {},
+                     info.icon,
+                     u"G "_s + info.key.toUpper(),
+                     [&app, page = info.page] { app.router()->open(page); }});
   }
 }
 
@@ -22,28 +27,41 @@ void addActions(AppModel& app, QList<Command>& commands) {
   const QString actions = u"Actions"_s, campaigns = u"Campaigns"_s;
   commands.append({u"campaigns.new"_s, actions, u"New campaign"_s, campaigns, u"list-add"_s, u"N"_s,
                    inCampaigns([](CampaignsStore& store) { store.beginCreate(); })});
-  commands.append({u"campaigns.archived"_s, actions, u"Archived campaigns"_s, campaigns, u"archive-insert"_s, {},
+  commands.append({u"campaigns.archived"_s,
+                   actions,
+                   u"Archived campaigns"_s,
+                   campaigns,
+                   u"archive-insert"_s,
+                   {},
                    inCampaigns([](CampaignsStore& store) { store.setShowArchived(true); })});
   commands.append({u"campaigns.refresh"_s, actions, u"Refresh campaigns"_s, campaigns, u"view-refresh"_s, u"F5"_s,
                    inCampaigns([](CampaignsStore& store) { store.refresh(); })});
-  for (const auto& [theme, title] : {std::pair{u"system"_s, u"Use the desktop’s theme"_s},
-                                     std::pair{u"light"_s, u"Use the light theme"_s},
-                                     std::pair{u"dark"_s, u"Use the dark theme"_s}}) {
-    commands.append({u"theme."_s + theme, actions, title, u"Appearance"_s, u"configure"_s, {},
-                     [&app, theme] { app.appearance()->setTheme(theme); }});
+  for (const auto& [theme, title] :
+       {std::pair{u"system"_s, u"Use the desktop’s theme"_s}, std::pair{u"light"_s, u"Use the light theme"_s},
+        std::pair{u"dark"_s, u"Use the dark theme"_s}}) {
+    commands.append({u"theme."_s + theme, actions, title, u"Appearance"_s, u"configure"_s, {}, [&app, theme] {
+                       app.appearance()->setTheme(theme);
+                     }});
   }
-  commands.append({u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s,
-                   [&app] { app.router()->setCollapsed(!app.router()->collapsed()); }});
-  commands.append({u"sign-out"_s, actions, u"Sign out"_s, app.userEmail(), u"system-users"_s, {},
-                   [&app] { app.signOut(); }});
+  commands.append(
+      {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
+         app.router()->setCollapsed(!app.router()->collapsed());
+       }});
+  commands.append(
+      {u"sign-out"_s, actions, u"Sign out"_s, app.userEmail(), u"system-users"_s, {}, [&app] { app.signOut(); }});
 }
 
 void addCampaigns(AppModel& app, QList<Command>& commands) {
   const CampaignList* list = app.session() ? app.session()->campaigns()->list()->value() : nullptr;
   if (!list) return;
   for (const CampaignSummary& campaign : list->items) {
-    commands.append({u"campaign."_s + campaign.id, u"Campaigns"_s, campaign.name, campaign.status.label(),
-                     u"mail-send"_s, {}, [&app, id = campaign.id] { app.router()->openCampaign(id); }});
+    commands.append({u"campaign."_s + campaign.id,
+                     u"Campaigns"_s,
+                     campaign.name,
+                     campaign.status.label(),
+                     u"mail-send"_s,
+                     {},
+                     [&app, id = campaign.id] { app.router()->openCampaign(id); }});
   }
 }
 
@@ -51,15 +69,25 @@ void addWorkspaces(AppModel& app, QList<Command>& commands) {
   if (!app.stored()) return;
   for (const WorkspaceSummary& workspace : app.stored()->workspaces) {
     if (app.current() && app.current()->slug == workspace.slug) continue;
-    commands.append({u"workspace."_s + workspace.slug, u"Workspaces"_s, workspace.name, workspace.slug,
-                     u"system-users"_s, {}, [&app, slug = workspace.slug] { app.openWorkspace(slug); }});
+    commands.append({u"workspace."_s + workspace.slug,
+                     u"Workspaces"_s,
+                     workspace.name,
+                     workspace.slug,
+                     u"system-users"_s,
+                     {},
+                     [&app, slug = workspace.slug] { app.openWorkspace(slug); }});
   }
 }
 
 void addSettings(AppModel& app, QList<Command>& commands) {
   for (const auto& info : Pages::allTabs()) {
-    commands.append({u"settings."_s + Pages::name(info.tab), u"Settings"_s, info.title, info.section, u"configure"_s,
-                     {}, [&app, tab = info.tab] { app.router()->openSettings(tab); }});
+    commands.append({u"settings."_s + Pages::name(info.tab),
+                     u"Settings"_s,
+                     info.title,
+                     info.section,
+                     u"configure"_s,
+                     {},
+                     [&app, tab = info.tab] { app.router()->openSettings(tab); }});
   }
 }
 

@@ -20,9 +20,7 @@ QByteArray randomBytes() {
 
 }  // namespace
 
-QString rawValue(NativeGoogleClient client) {
-  return client == NativeGoogleClient::macos ? u"macos"_s : u"ios"_s;
-}
+QString rawValue(NativeGoogleClient client) { return client == NativeGoogleClient::macos ? u"macos"_s : u"ios"_s; }
 
 GoogleSignIn::GoogleSignIn() : m_verifier(QString::fromLatin1(randomBytes().toBase64(urlSafe))) {}
 

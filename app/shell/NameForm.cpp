@@ -14,9 +14,7 @@ NameForm::Submission::~Submission() {
   Q_EMIT m_form->changed();
 }
 
-bool NameForm::Submission::isShown() const {
-  return m_form && m_form->m_shown && m_form->m_showing == m_showing;
-}
+bool NameForm::Submission::isShown() const { return m_form && m_form->m_shown && m_form->m_showing == m_showing; }
 
 bool NameForm::Submission::succeed() {
   if (!isShown()) return false;

@@ -17,9 +17,7 @@ void Router::openCampaign(const QString& id) { select(Page::campaigns, &Router::
 void Router::openInboxThread(const QString& id) { select(Page::inbox, &Router::m_inboxThread, id); }
 void Router::openLeadList(const QString& id) { select(Page::leads, &Router::m_leadList, id); }
 void Router::openRampupTemplate(const QString& id) { select(Page::rampup, &Router::m_rampupTemplate, id); }
-void Router::openInboxSetupProject(const QString& id) {
-  select(Page::inboxSetup, &Router::m_inboxSetupProject, id);
-}
+void Router::openInboxSetupProject(const QString& id) { select(Page::inboxSetup, &Router::m_inboxSetupProject, id); }
 
 void Router::openSettings(SettingsTab tab) {
   if (!show(Page::settings)) return;

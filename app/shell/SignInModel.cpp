@@ -19,8 +19,7 @@ namespace {
 constexpr int defaultResendSeconds = 60;
 
 bool looksLikeAddress(const QString& address) {
-  static const QRegularExpression pattern(
-      QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s));
+  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s));
   return pattern.match(address).hasMatch();
 }
 

@@ -97,13 +97,19 @@ QVariant Toasts::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const Toast& toast = m_toasts[index.row()];
   switch (role) {
-    case IdRole: return toast.id;
+    case IdRole:
+      return toast.id;
     case Qt::DisplayRole:
-    case MessageRole: return toast.message;
-    case DetailRole: return toast.detail;
-    case ToneRole: return int(toast.tone);
-    case ActionLabelRole: return toast.actionLabel;
-    default: return {};
+    case MessageRole:
+      return toast.message;
+    case DetailRole:
+      return toast.detail;
+    case ToneRole:
+      return int(toast.tone);
+    case ActionLabelRole:
+      return toast.actionLabel;
+    default:
+      return {};
   }
 }
 

@@ -25,8 +25,8 @@ bool hasAddressBesidesLoopback() {
   if (getifaddrs(&all) != 0) return true;
   bool found = false;
   for (const ifaddrs* one = all; one && !found; one = one->ifa_next) {
-    const bool isInternet = one->ifa_addr &&
-                            (one->ifa_addr->sa_family == AF_INET || one->ifa_addr->sa_family == AF_INET6);
+    const bool isInternet =
+        one->ifa_addr && (one->ifa_addr->sa_family == AF_INET || one->ifa_addr->sa_family == AF_INET6);
     found = isInternet && (one->ifa_flags & IFF_UP) && !(one->ifa_flags & IFF_LOOPBACK);
   }
   freeifaddrs(all);
@@ -64,9 +64,7 @@ class Transfer {
   }
 
   /// When the transfer has to be given up if nothing happens until then.
-  SteadyClock::time_point deadline() const {
-    return std::min(m_lastByte + m_limits.idle, m_started + m_limits.whole);
-  }
+  SteadyClock::time_point deadline() const { return std::min(m_lastByte + m_limits.idle, m_started + m_limits.whole); }
 
   void end(CURLcode code) {
     if (SteadyClock::now() >= deadline() && code == CURLE_ABORTED_BY_CALLBACK) code = CURLE_OPERATION_TIMEDOUT;
@@ -153,16 +151,22 @@ class Transfer {
       case CURLE_RECV_ERROR:
       case CURLE_PARTIAL_FILE:
       case CURLE_HTTP2:
-      case CURLE_HTTP2_STREAM: return TransportFailure::offline;
-      case CURLE_OPERATION_TIMEDOUT: return TransportFailure::timedOut;
-      case CURLE_ABORTED_BY_CALLBACK: return TransportFailure::cancelled;
+      case CURLE_HTTP2_STREAM:
+        return TransportFailure::offline;
+      case CURLE_OPERATION_TIMEDOUT:
+        return TransportFailure::timedOut;
+      case CURLE_ABORTED_BY_CALLBACK:
+        return TransportFailure::cancelled;
       case CURLE_UNSUPPORTED_PROTOCOL:
       case CURLE_WEIRD_SERVER_REPLY:
-      case CURLE_BAD_CONTENT_ENCODING: return TransportFailure::invalidResponse;
+      case CURLE_BAD_CONTENT_ENCODING:
+        return TransportFailure::invalidResponse;
       case CURLE_COULDNT_RESOLVE_HOST:
         return hasAddressBesidesLoopback() ? TransportFailure::unreachable : TransportFailure::offline;
-      case CURLE_COULDNT_CONNECT: return noRoute() ? TransportFailure::offline : TransportFailure::unreachable;
-      default: return TransportFailure::unreachable;
+      case CURLE_COULDNT_CONNECT:
+        return noRoute() ? TransportFailure::offline : TransportFailure::unreachable;
+      default:
+        return TransportFailure::unreachable;
     }
   }
 

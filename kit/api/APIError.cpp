@@ -42,15 +42,24 @@ APIError APIError::of(Kind kind) { return APIError(kind); }
 
 QString APIError::message() const {
   switch (m_kind) {
-    case Kind::rateLimited: return u"Too many requests. Wait a minute and try again."_s;
-    case Kind::problem: return problemMessage(m_problem);
-    case Kind::server: return u"Something went wrong on our side. Please try again."_s;
-    case Kind::offline: return u"You’re offline. Connect to the internet and try again."_s;
-    case Kind::unreachable: return u"Orvella can’t be reached right now. Try again in a moment."_s;
-    case Kind::timedOut: return u"That took too long. Check your connection and try again."_s;
-    case Kind::cancelled: return u"Cancelled."_s;
-    case Kind::unauthorized: return u"This workspace’s connection ended. Sign in again."_s;
-    case Kind::invalidResponse: return u"Something went wrong on our side. Please try again."_s;
+    case Kind::rateLimited:
+      return u"Too many requests. Wait a minute and try again."_s;
+    case Kind::problem:
+      return problemMessage(m_problem);
+    case Kind::server:
+      return u"Something went wrong on our side. Please try again."_s;
+    case Kind::offline:
+      return u"You’re offline. Connect to the internet and try again."_s;
+    case Kind::unreachable:
+      return u"Orvella can’t be reached right now. Try again in a moment."_s;
+    case Kind::timedOut:
+      return u"That took too long. Check your connection and try again."_s;
+    case Kind::cancelled:
+      return u"Cancelled."_s;
+    case Kind::unauthorized:
+      return u"This workspace’s connection ended. Sign in again."_s;
+    case Kind::invalidResponse:
+      return u"Something went wrong on our side. Please try again."_s;
   }
   Q_UNREACHABLE();
 }
@@ -60,9 +69,7 @@ std::optional<QString> APIError::requestId() const {
   return m_requestId ? m_requestId : m_problem.requestId;
 }
 
-std::optional<QString> APIError::code() const {
-  return m_kind == Kind::problem ? m_problem.code : std::nullopt;
-}
+std::optional<QString> APIError::code() const { return m_kind == Kind::problem ? m_problem.code : std::nullopt; }
 
 APIError APIError::withContext(Context context) const {
   APIError copy = *this;
@@ -72,15 +79,24 @@ APIError APIError::withContext(Context context) const {
 
 const char* APIError::what() const noexcept {
   switch (m_kind) {
-    case Kind::rateLimited: return "rateLimited";
-    case Kind::problem: return "problem";
-    case Kind::server: return "server";
-    case Kind::offline: return "offline";
-    case Kind::unreachable: return "unreachable";
-    case Kind::timedOut: return "timedOut";
-    case Kind::cancelled: return "cancelled";
-    case Kind::unauthorized: return "unauthorized";
-    case Kind::invalidResponse: return "invalidResponse";
+    case Kind::rateLimited:
+      return "rateLimited";
+    case Kind::problem:
+      return "problem";
+    case Kind::server:
+      return "server";
+    case Kind::offline:
+      return "offline";
+    case Kind::unreachable:
+      return "unreachable";
+    case Kind::timedOut:
+      return "timedOut";
+    case Kind::cancelled:
+      return "cancelled";
+    case Kind::unauthorized:
+      return "unauthorized";
+    case Kind::invalidResponse:
+      return "invalidResponse";
   }
   return "";
 }

@@ -8,11 +8,16 @@ namespace orv {
 
 QByteArray token(HTTPMethod method) {
   switch (method) {
-    case HTTPMethod::get: return "GET"_ba;
-    case HTTPMethod::post: return "POST"_ba;
-    case HTTPMethod::put: return "PUT"_ba;
-    case HTTPMethod::patch: return "PATCH"_ba;
-    case HTTPMethod::del: return "DELETE"_ba;
+    case HTTPMethod::get:
+      return "GET"_ba;
+    case HTTPMethod::post:
+      return "POST"_ba;
+    case HTTPMethod::put:
+      return "PUT"_ba;
+    case HTTPMethod::patch:
+      return "PATCH"_ba;
+    case HTTPMethod::del:
+      return "DELETE"_ba;
   }
   Q_UNREACHABLE();
 }

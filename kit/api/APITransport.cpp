@@ -42,11 +42,16 @@ namespace {
 
 APIError ofFailure(TransportFailure failure) {
   switch (failure) {
-    case TransportFailure::offline: return APIError::of(APIError::Kind::offline);
-    case TransportFailure::timedOut: return APIError::of(APIError::Kind::timedOut);
-    case TransportFailure::cancelled: return APIError::of(APIError::Kind::cancelled);
-    case TransportFailure::unreachable: return APIError::of(APIError::Kind::unreachable);
-    case TransportFailure::invalidResponse: return APIError::of(APIError::Kind::invalidResponse);
+    case TransportFailure::offline:
+      return APIError::of(APIError::Kind::offline);
+    case TransportFailure::timedOut:
+      return APIError::of(APIError::Kind::timedOut);
+    case TransportFailure::cancelled:
+      return APIError::of(APIError::Kind::cancelled);
+    case TransportFailure::unreachable:
+      return APIError::of(APIError::Kind::unreachable);
+    case TransportFailure::invalidResponse:
+      return APIError::of(APIError::Kind::invalidResponse);
   }
   Q_UNREACHABLE();
 }

@@ -5,7 +5,9 @@
 namespace orv {
 
 DecodeError::DecodeError(QString path, QString reason)
-    : m_path(std::move(path)), m_reason(std::move(reason)), m_what((m_path + QLatin1String(": ") + m_reason).toUtf8()) {}
+    : m_path(std::move(path)),
+      m_reason(std::move(reason)),
+      m_what((m_path + QLatin1String(": ") + m_reason).toUtf8()) {}
 
 ORV_RECORD_CODERS(Problem)
 
@@ -39,9 +41,12 @@ JSONValue JSONValueCoder::decode(simdjson::ondemand::value value, int depth) {
     case simdjson::ondemand::json_type::null:
       if (!checked(value.is_null())) break;
       return {};
-    case simdjson::ondemand::json_type::boolean: return JSONValue::boolean(checked(value.get_bool()));
-    case simdjson::ondemand::json_type::number: return JSONValue::number(checked(value.get_double()));
-    case simdjson::ondemand::json_type::string: return JSONValue::string(text(checked(value.get_string())));
+    case simdjson::ondemand::json_type::boolean:
+      return JSONValue::boolean(checked(value.get_bool()));
+    case simdjson::ondemand::json_type::number:
+      return JSONValue::number(checked(value.get_double()));
+    case simdjson::ondemand::json_type::string:
+      return JSONValue::string(text(checked(value.get_string())));
     case simdjson::ondemand::json_type::array: {
       JSONValue::Array elements;
       for (auto element : checked(value.get_array())) elements.append(decode(checked(element), depth + 1));

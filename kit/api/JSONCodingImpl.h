@@ -9,9 +9,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <bitset>
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
-#include <bitset>
 #include <functional>
 #include <type_traits>
 
@@ -27,9 +27,7 @@ namespace orv::detail {
 /// A decode that failed, on its way up to where its path is known.
 struct DecodeFault {
   explicit DecodeFault(QString why) : reason(std::move(why)) {}
-  void within(const QString& step) {
-    path = step + (path.isEmpty() || path.startsWith(u'[') ? path : u'.' + path);
-  }
+  void within(const QString& step) { path = step + (path.isEmpty() || path.startsWith(u'[') ? path : u'.' + path); }
   QString path;
   QString reason;
 };
@@ -306,9 +304,8 @@ QByteArray encodeJSON(const Record& record) {
 template <class Record>
 QVariantMap toVariantMap(const Record& record) {
   QVariantMap map;
-  boost::mp11::mp_for_each<detail::MembersOf<Record>>([&](auto member) {
-    map.insert(QLatin1String(member.name), detail::variantOf(record.*member.pointer));
-  });
+  boost::mp11::mp_for_each<detail::MembersOf<Record>>(
+      [&](auto member) { map.insert(QLatin1String(member.name), detail::variantOf(record.*member.pointer)); });
   return map;
 }
 
@@ -334,10 +331,10 @@ QVariant fieldVariant(const Record& record, int field) {
 }  // namespace orv
 
 /// Instantiates everything made from a record's description. Once per record, in namespace orv.
-#define ORV_RECORD_CODERS(Record)                                  \
-  template Record decodeJSON<Record>(QByteArrayView);              \
-  template QJsonObject toJSON<Record>(const Record&);              \
-  template QByteArray encodeJSON<Record>(const Record&);           \
-  template QVariantMap toVariantMap<Record>(const Record&);        \
-  template const QList<QByteArray>& fieldNames<Record>();          \
+#define ORV_RECORD_CODERS(Record)                           \
+  template Record decodeJSON<Record>(QByteArrayView);       \
+  template QJsonObject toJSON<Record>(const Record&);       \
+  template QByteArray encodeJSON<Record>(const Record&);    \
+  template QVariantMap toVariantMap<Record>(const Record&); \
+  template const QList<QByteArray>& fieldNames<Record>();   \
   template QVariant fieldVariant<Record>(const Record&, int);

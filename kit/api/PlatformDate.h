@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// The instant of an ISO 8601 text, in UTC: a full timestamp with its zone (fractional seconds allowed), or a bare date,
-/// which is midnight UTC. Nothing for any other text.
+/// The instant of an ISO 8601 text, in UTC: a full timestamp with its zone (fractional seconds allowed), or a bare
+/// date, which is midnight UTC. Nothing for any other text.
 std::optional<QDateTime> parsePlatformDate(const QString& text);
 
 /// ISO 8601 in UTC, with milliseconds.

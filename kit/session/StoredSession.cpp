@@ -13,8 +13,6 @@ QString StoredSession::description() const {
          u", token: [redacted])"_s;
 }
 
-QDebug operator<<(QDebug debug, const StoredSession& session) {
-  return debug.noquote() << session.description();
-}
+QDebug operator<<(QDebug debug, const StoredSession& session) { return debug.noquote() << session.description(); }
 
 }  // namespace orv

@@ -167,7 +167,6 @@ class AppModelTest : public QObject {
     settle();
     QVERIFY(!first);
     QCOMPARE(app->session()->campaignOrder().first(), u"1"_s);
-
   }
 
   void memoryPressureKeepsTheOpenWorkspaceOnly() {

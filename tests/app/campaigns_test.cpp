@@ -341,8 +341,7 @@ class CampaignsTest : public QObject {
     f->api.expect(u"GET /campaigns"_s);
     store->setShowArchived(true);
     QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"archived"_s, u"1"_s}}));
-    f->api.answer(u"GET /campaigns"_s,
-                  list({row("a1", "Old", "archived", R"(,"archivedAt":"2026-03-03T12:00:00Z")")}));
+    f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived", R"(,"archivedAt":"2026-03-03T12:00:00Z")")}));
     const auto first = store->archivedRows()->index(0);
     QCOMPARE(first.data(CampaignRowsModel::DeletedTextRole).toString(), u"3 Mar"_s);
     QCOMPARE(first.data(CampaignRowsModel::GoneTextRole).toString(), u"2 Apr"_s);
@@ -388,9 +387,9 @@ class CampaignsTest : public QObject {
   void onlyMembersCreate_data() {
     QTest::addColumn<QString>("role");
     QTest::addColumn<bool>("may");
-    for (const auto& [role, may] : {std::pair{u"owner"_s, true}, std::pair{u"admin"_s, true},
-                                    std::pair{u"member"_s, true}, std::pair{u"viewer"_s, false},
-                                    std::pair{u"client"_s, false}, std::pair{u"new-role"_s, false}})
+    for (const auto& [role, may] :
+         {std::pair{u"owner"_s, true}, std::pair{u"admin"_s, true}, std::pair{u"member"_s, true},
+          std::pair{u"viewer"_s, false}, std::pair{u"client"_s, false}, std::pair{u"new-role"_s, false}})
       QTest::newRow(qPrintable(role)) << role << may;
   }
   void onlyMembersCreate() {

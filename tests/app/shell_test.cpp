@@ -308,8 +308,9 @@ class ShellTest : public QObject {
       QList<Command> list;
       for (int i = 0; i < 12; ++i) {
         const QString id = u"c%1"_s.arg(i);
-        list.append({id, i < 6 ? u"Pages"_s : u"Actions"_s, u"Open Item %1"_s.arg(i), u"sub"_s, {}, {},
-                     [&run, id] { run.append(id); }});
+        list.append({id, i < 6 ? u"Pages"_s : u"Actions"_s, u"Open Item %1"_s.arg(i), u"sub"_s, {}, {}, [&run, id] {
+                       run.append(id);
+                     }});
       }
       return list;
     };

@@ -119,8 +119,9 @@ class SignInTest : public QObject {
 
   void unknownAddressSaysWhereToSignUp() {
     enterEmail(R"({"account":false,"password":false_,"signUp":true})"_ba.replace("false_", "true"));
-    QCOMPARE(model->error(),
-             u"There’s no Orvella account with that email. Create one at app.orvella.example, or check the spelling."_s);
+    QCOMPARE(
+        model->error(),
+        u"There’s no Orvella account with that email. Create one at app.orvella.example, or check the spelling."_s);
     QCOMPARE(model->step(), SignInModel::Step::email);
   }
 

@@ -108,15 +108,9 @@ struct AppFixture {
   Toasts toasts{clock};
   Overlays overlays;
   Router router{preferences, clock};
-  Services services{clock,
-                    toasts,
-                    overlays,
-                    router,
-                    clipboard,
-                    filePanel,
-                    revealer,
-                    preferences,
-                    QUrl(QStringLiteral("https://app.orvella.example"))};
+  Services services{clock,    toasts,      overlays,
+                    router,   clipboard,   filePanel,
+                    revealer, preferences, QUrl(QStringLiteral("https://app.orvella.example"))};
 };
 
 inline QByteArray readFixture(const QString& name) {

@@ -30,7 +30,8 @@ FakeTransport::~FakeTransport() {
 std::unique_ptr<APITransport::Exchange> FakeTransport::exchange(APICall call,
                                                                 std::shared_ptr<AnswerReceiver> receiver) {
   const QString label = call.request.label();
-  if (!m_expected.removeOne(label)) QTest::qFail(qPrintable(QLatin1String("Unexpected request: ") + label), __FILE__, __LINE__);
+  if (!m_expected.removeOne(label))
+    QTest::qFail(qPrintable(QLatin1String("Unexpected request: ") + label), __FILE__, __LINE__);
   m_sent.push_back(std::move(call));
   m_waiting.push_back({++m_lastId, label, std::move(receiver)});
   return std::make_unique<FakeExchange>(*this, m_lastId);

@@ -8,7 +8,8 @@
 namespace orv::test {
 
 /// A service whose answers are given by hand, later and in any order. Requests are named by method and path
-/// ("POST /campaigns/c1/pause"); one that the test did not expect fails it, and so does an expected one that never came.
+/// ("POST /campaigns/c1/pause"); one that the test did not expect fails it, and so does an expected one that never
+/// came.
 class FakeTransport final : public APITransport {
  public:
   FakeTransport() = default;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QObject>
 
 /// Whether the person works with the keyboard or the pointer at the moment. Focus rings on things that are not
 /// controls of their own (a table's row, a list's entry) show only for the keyboard.

@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// A monochrome icon by its freedesktop name, in any colour. Drawn from the copies in this program, so that it looks the
-/// same under every icon theme, and under none.
+/// A monochrome icon by its freedesktop name, in any colour. Drawn from the copies in this program, so that it looks
+/// the same under every icon theme, and under none.
 class OrvIcon : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT

@@ -1,10 +1,8 @@
 #include "ui/design/TableRows.h"
 
 void TableRows::setModel(QAbstractItemModel* model) {
-  if (model == m_model)
-    return;
-  if (m_model)
-    m_model->disconnect(this);
+  if (model == m_model) return;
+  if (m_model) m_model->disconnect(this);
   m_model = model;
   m_current = QPersistentModelIndex();
   m_currentKey.clear();
@@ -19,8 +17,7 @@ void TableRows::setModel(QAbstractItemModel* model) {
 
 void TableRows::setKeyRole(const QString& role) {
   const QByteArray name = role.toUtf8();
-  if (name == m_keyRole)
-    return;
+  if (name == m_keyRole) return;
   m_keyRole = name;
   findKeyRole();
   Q_EMIT modelChanged();
@@ -30,8 +27,7 @@ void TableRows::setKeyRole(const QString& role) {
 void TableRows::findKeyRole() { m_role = m_model ? m_model->roleNames().key(m_keyRole, -1) : -1; }
 
 void TableRows::watchModel() {
-  if (!m_model)
-    return;
+  if (!m_model) return;
   const QAbstractItemModel* model = m_model;
   using M = QAbstractItemModel;
   connect(model, &M::rowsAboutToBeInserted, this, &TableRows::aboutToChange);
@@ -59,38 +55,32 @@ void TableRows::watchModel() {
 }
 
 QString TableRows::keyAt(int row) const {
-  if (!m_model || m_role < 0 || row < 0 || row >= count())
-    return {};
+  if (!m_model || m_role < 0 || row < 0 || row >= count()) return {};
   return m_model->index(row, 0).data(m_role).toString();
 }
 
 int TableRows::rowOf(const QString& key) const {
-  if (key.isEmpty())
-    return -1;
+  if (key.isEmpty()) return -1;
   for (int row = 0, n = count(); row < n; ++row) {
-    if (keyAt(row) == key)
-      return row;
+    if (keyAt(row) == key) return row;
   }
   return -1;
 }
 
 void TableRows::setCurrentKey(const QString& key) {
-  if (key != m_currentKey)
-    setCurrentRow(rowOf(key));
+  if (key != m_currentKey) setCurrentRow(rowOf(key));
 }
 
 void TableRows::setCurrentRow(int row) {
   const QString key = keyAt(row);
-  if (key == m_currentKey && row == currentRow())
-    return;
+  if (key == m_currentKey && row == currentRow()) return;
   m_currentKey = key;
   m_current = key.isEmpty() ? QModelIndex() : m_model->index(row, 0);
   Q_EMIT currentChanged();
 }
 
 void TableRows::setTickedKeys(const QStringList& keys) {
-  if (keys == m_tickedList)
-    return;
+  if (keys == m_tickedList) return;
   m_tickedList = keys;
   m_ticked = QSet<QString>(keys.begin(), keys.end());
   ++m_marks;
@@ -98,8 +88,7 @@ void TableRows::setTickedKeys(const QStringList& keys) {
 }
 
 void TableRows::setBusyKeys(const QStringList& keys) {
-  if (keys == m_busyList)
-    return;
+  if (keys == m_busyList) return;
   m_busyList = keys;
   m_busy = QSet<QString>(keys.begin(), keys.end());
   ++m_marks;
@@ -121,20 +110,17 @@ void TableRows::dropAnchor() {
 
 int TableRows::anchorRow() const {
   for (const QPersistentModelIndex& anchor : m_anchors) {
-    if (anchor.isValid())
-      return anchor.row();
+    if (anchor.isValid()) return anchor.row();
   }
   // A reset has invalidated every index; the ids still tell.
   for (const QString& key : m_anchorKeys) {
-    if (const int row = rowOf(key); row >= 0)
-      return row;
+    if (const int row = rowOf(key); row >= 0) return row;
   }
   return -1;
 }
 
 void TableRows::replaceRemovedCurrent(int first, int last) {
-  if (currentRow() < first || currentRow() > last)
-    return;
+  if (currentRow() < first || currentRow() > last) return;
   const int next = last + 1 < count() ? last + 1 : first - 1;
   m_currentKey = keyAt(next);
   m_current = next >= 0 ? m_model->index(next, 0) : QModelIndex();
@@ -142,8 +128,7 @@ void TableRows::replaceRemovedCurrent(int first, int last) {
 
 void TableRows::finishChange() {
   // A ListModel has no roles before its first row.
-  if (m_role < 0)
-    findKeyRole();
+  if (m_role < 0) findKeyRole();
   Q_EMIT countChanged();
   bumpRevision();
   Q_EMIT currentChanged();
@@ -151,8 +136,7 @@ void TableRows::finishChange() {
 }
 
 void TableRows::settleLater() {
-  if (m_settling)
-    return;
+  if (m_settling) return;
   m_settling = true;
   QMetaObject::invokeMethod(
       this,
@@ -166,8 +150,7 @@ void TableRows::settleLater() {
 void TableRows::afterReset() {
   findKeyRole();
   int row = rowOf(m_currentKey);
-  if (row < 0 && m_rowBeforeReset >= 0)
-    row = qMin(m_rowBeforeReset, count() - 1);
+  if (row < 0 && m_rowBeforeReset >= 0) row = qMin(m_rowBeforeReset, count() - 1);
   m_rowBeforeReset = -1;
   m_currentKey = keyAt(row);
   m_current = m_currentKey.isEmpty() ? QModelIndex() : m_model->index(row, 0);
@@ -175,10 +158,8 @@ void TableRows::afterReset() {
 }
 
 void TableRows::afterDataChange(const QList<int>& roles) {
-  if (!roles.isEmpty() && !roles.contains(m_role))
-    return;
-  if (m_current.isValid())
-    m_currentKey = keyAt(m_current.row());
+  if (!roles.isEmpty() && !roles.contains(m_role)) return;
+  if (m_current.isValid()) m_currentKey = keyAt(m_current.row());
   bumpRevision();
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
 #include <QAbstractItemModel>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QSet>
 #include <QStringList>
-#include <QtQml/qqmlregistration.h>
 
 /// Knows the rows of a list model by their records' ids, so that a table keeps its current row, its scroll position
 /// and its marks on records while rows come, go and move. Row numbers never leave the table; ids do.

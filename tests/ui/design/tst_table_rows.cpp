@@ -80,7 +80,9 @@ class TestTableRows : public QObject {
   }
 
  private:
-  static QStringList letters(const char* text) { return QString::fromLatin1(text).split(QString(), Qt::SkipEmptyParts); }
+  static QStringList letters(const char* text) {
+    return QString::fromLatin1(text).split(QString(), Qt::SkipEmptyParts);
+  }
 
   QStringListModel m_model;
   TableRows m_rows;
