@@ -67,6 +67,7 @@ CampaignsStore::CampaignsStore(APITransport& api, Services& services, QObject* p
   watch(m_archived, u"Couldn’t load archived campaigns"_s);
   connect(&m_list, &ResourceBase::valueChanged, this, &CampaignsStore::listArrived);
   connect(&m_archived, &ResourceBase::valueChanged, this, &CampaignsStore::archiveArrived);
+  connect(&m_busy, &BusySet::changed, this, &CampaignsStore::busyChanged);
   m_newCampaign.onSubmit = [this](const QString& name) { m_tasks.start(createTask(name)); };
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(m_renamedId, name)); };
 }

@@ -23,6 +23,7 @@ class CampaignsStore final : public Store {
   Q_PROPERTY(orv::ResourceBase* archived READ archived CONSTANT)
   Q_PROPERTY(orv::CampaignRowsModel* rows READ rows CONSTANT)
   Q_PROPERTY(orv::CampaignRowsModel* archivedRows READ archivedRows CONSTANT)
+  Q_PROPERTY(QStringList busyIds READ busyIds NOTIFY busyChanged)
   Q_PROPERTY(orv::NameForm* newCampaign READ newCampaign CONSTANT)
   Q_PROPERTY(orv::NameForm* rename READ rename CONSTANT)
   Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY changed)
@@ -52,6 +53,8 @@ class CampaignsStore final : public Store {
   NameForm* newCampaign() { return &m_newCampaign; }
   NameForm* rename() { return &m_rename; }
   const BusySet& busy() const { return m_busy; }
+  /// Campaigns with an action in flight.
+  QStringList busyIds() const { return m_busy.ids().values(); }
 
   /// "all" or a status.
   QString filter() const { return m_query.filter; }
@@ -122,6 +125,7 @@ class CampaignsStore final : public Store {
   void changed();
   /// What is counted over the whole list. Apart from `changed`, so that a keystroke in the search field counts nothing.
   void figuresChanged();
+  void busyChanged();
 
  private:
   Task<void> restoreNamedTask(QString id, QString name);

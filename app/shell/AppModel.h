@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/shell/Appearance.h"
+#include "app/shell/EnumName.h"
 #include "app/shell/Services.h"
 #include "app/shell/SignInModel.h"
 #include "app/shell/StoreCache.h"
@@ -35,7 +36,7 @@ struct Platform {
 /// The application's root: signed out or signed in, and the few workspaces kept warm.
 class AppModel final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(Phase phase READ phase NOTIFY changed)
+  Q_PROPERTY(QString phase READ phaseName NOTIFY changed)
   Q_PROPERTY(bool isDemo READ isDemo CONSTANT)
   Q_PROPERTY(QString userName READ userName NOTIFY changed)
   Q_PROPERTY(QString userEmail READ userEmail NOTIFY changed)
@@ -60,6 +61,7 @@ class AppModel final : public QObject {
   void start();
 
   Phase phase() const { return m_phase; }
+  QString phaseName() const { return enumName(m_phase); }
   bool isDemo() const { return m_platform.demoSession.has_value(); }
   const std::optional<StoredSession>& stored() const { return m_stored; }
   const std::optional<WorkspaceSummary>& current() const { return m_current; }

@@ -78,9 +78,17 @@ QList<Command> CommandPalette::recents() const {
   return shown;
 }
 
+QList<Command> CommandPalette::suggestions() const {
+  // A workspace may have thousands of campaigns; nobody reads through them to find the pages behind.
+  QList<Command> shown;
+  for (const Command& command : m_commands)
+    if (!command.id.startsWith("campaign."_L1)) shown.append(command);
+  return shown;
+}
+
 QList<Command> CommandPalette::matches() const {
   const QStringList words = m_query.toLower().split(u' ', Qt::SkipEmptyParts);
-  if (words.isEmpty()) return recents().isEmpty() ? m_commands : recents();
+  if (words.isEmpty()) return recents().isEmpty() ? suggestions() : recents();
   // Groups keep their order, the best match leads within each.
   QStringList groups;
   QList<std::pair<int, Command>> found;
@@ -130,7 +138,7 @@ QVariant CommandPalette::data(const QModelIndex& index, int role) const {
     case IconRole:
       return command.icon;
     case KeysRole:
-      return command.keys.split(u' ', Qt::SkipEmptyParts);
+      return command.keys;
     default:
       return {};
   }
@@ -138,7 +146,7 @@ QVariant CommandPalette::data(const QModelIndex& index, int role) const {
 
 QHash<int, QByteArray> CommandPalette::roleNames() const {
   return {{IdRole, "commandId"},      {GroupRole, "group"},   {TitleRole, "title"},
-          {SubtitleRole, "subtitle"}, {IconRole, "iconName"}, {KeysRole, "keys"}};
+          {SubtitleRole, "subtitle"}, {IconRole, "iconName"}, {KeysRole, "chord"}};
 }
 
 }  // namespace orv

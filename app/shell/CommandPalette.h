@@ -55,6 +55,7 @@ class CommandPalette final : public ListModel {
 
  private:
   QList<Command> recents() const;
+  QList<Command> suggestions() const;
   QList<Command> matches() const;
   void remember(const QString& id);
   void show();

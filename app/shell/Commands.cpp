@@ -47,6 +47,9 @@ void addActions(AppModel& app, QList<Command>& commands) {
       {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
          app.router()->setCollapsed(!app.router()->collapsed());
        }});
+  commands.append({u"shortcuts"_s, actions, u"Shortcuts"_s, {}, u"code-context"_s, u"Ctrl+/"_s, [&app] {
+                     app.router()->setShortcutsOpen(true);
+                   }});
   commands.append(
       {u"sign-out"_s, actions, u"Sign out"_s, app.userEmail(), u"system-users"_s, {}, [&app] { app.signOut(); }});
 }
@@ -109,7 +112,6 @@ QList<Command> commandsOf(AppModel& app) {
 
 QVariantList shortcutSheet(AppModel& app) {
   QVariantList lines{line(u"Anywhere"_s, u"Search or go to…"_s, u"Ctrl+K"_s),
-                     line(u"Anywhere"_s, u"Shortcuts"_s, u"Ctrl+/"_s),
                      line(u"Anywhere"_s, u"Next pane, messages"_s, u"F6"_s)};
   for (const Command& command : commandsOf(app))
     if (!command.keys.isEmpty()) lines.append(line(command.group, command.title, command.keys));

@@ -24,7 +24,7 @@ struct ConfirmRequest {
 
 /// Questions waiting for the person, the newest on top. Screens ask with `co_await confirm(…)`; the shell shows the
 /// topmost and gives the answer back.
-class Overlays final : public QObject {
+class Overlays : public QObject {
   Q_OBJECT
   Q_PROPERTY(bool asking READ asking NOTIFY changed)
   Q_PROPERTY(int token READ token NOTIFY changed)

@@ -1,16 +1,11 @@
 #include "app/shell/Pages.h"
 
-#include <QMetaEnum>
+#include "app/shell/EnumName.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::Pages {
 namespace {
-
-template <class Enum>
-QString nameOf(Enum value) {
-  return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(int(value)));
-}
 
 template <class Enum>
 std::optional<Enum> named(const QString& name) {
@@ -38,7 +33,7 @@ const QList<PageInfo>& all() {
 }
 
 const PageInfo& info(Page page) { return all().at(int(page)); }
-QString name(Page page) { return nameOf(page); }
+QString name(Page page) { return enumName(page); }
 std::optional<Page> pageNamed(const QString& name) { return named<Page>(name); }
 
 const QList<TabInfo>& allTabs() {
@@ -62,7 +57,7 @@ const QList<TabInfo>& allTabs() {
   return tabs;
 }
 
-QString name(SettingsTab tab) { return nameOf(tab); }
+QString name(SettingsTab tab) { return enumName(tab); }
 std::optional<SettingsTab> tabNamed(const QString& name) { return named<SettingsTab>(name); }
 
 }  // namespace orv::Pages

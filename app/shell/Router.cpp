@@ -1,5 +1,6 @@
 #include "app/shell/Router.h"
 
+using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace orv {
@@ -29,6 +30,10 @@ void Router::setPaletteOpen(bool open) {
   if (std::exchange(m_paletteOpen, open) != open) Q_EMIT changed();
 }
 
+void Router::setShortcutsOpen(bool open) {
+  if (std::exchange(m_shortcutsOpen, open) != open) Q_EMIT changed();
+}
+
 void Router::setCollapsed(bool collapsed) {
   if (std::exchange(m_collapsed, collapsed) == collapsed) return;
   m_preferences.setSidebarRail(collapsed);
@@ -52,6 +57,25 @@ bool Router::finishGo(const QString& key) {
   }
   Q_EMIT changed();
   return false;
+}
+
+void Router::open(const QString& page) {
+  if (const auto named = Pages::pageNamed(page)) open(*named);
+}
+
+QVariantList Router::pages() {
+  QVariantList list;
+  for (const auto& info : Pages::all())
+    list.append(QVariantMap{{u"page"_s, Pages::name(info.page)},
+                            {u"title"_s, info.title},
+                            {u"iconName"_s, info.icon},
+                            {u"key"_s, QString(info.key.toUpper())}});
+  return list;
+}
+
+QString Router::title() const {
+  const auto off = Pages::pageNamed(m_offFeature);
+  return Pages::info(off.value_or(m_page)).title;
 }
 
 void Router::setFeaturesOff(QSet<QString> features) {

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QSet>
 #include <QStringList>
+#include <QVariantList>
 #include <functional>
 #include <optional>
 
@@ -16,23 +17,32 @@ namespace orv {
 /// Where the person is: the open page, what is selected in it, the palette and the sidebar.
 class Router final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(orv::Pages::Page page READ page NOTIFY changed)
+  Q_PROPERTY(QString page READ pageName NOTIFY changed)
+  Q_PROPERTY(QVariantList pages READ pages CONSTANT)
+  Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(int direction READ direction NOTIFY changed)
   Q_PROPERTY(QString inboxThread READ inboxThread NOTIFY changed)
   Q_PROPERTY(QString campaign READ campaign NOTIFY changed)
   Q_PROPERTY(QString leadList READ leadList NOTIFY changed)
   Q_PROPERTY(QString rampupTemplate READ rampupTemplate NOTIFY changed)
   Q_PROPERTY(QString inboxSetupProject READ inboxSetupProject NOTIFY changed)
-  Q_PROPERTY(orv::Pages::SettingsTab settingsTab READ settingsTab NOTIFY changed)
+  Q_PROPERTY(QString settingsTab READ settingsTabName NOTIFY changed)
   Q_PROPERTY(QString offFeature READ offFeature NOTIFY changed)
   Q_PROPERTY(bool paletteOpen READ paletteOpen WRITE setPaletteOpen NOTIFY changed)
+  Q_PROPERTY(bool shortcutsOpen READ shortcutsOpen WRITE setShortcutsOpen NOTIFY changed)
   Q_PROPERTY(bool collapsed READ collapsed WRITE setCollapsed NOTIFY changed)
   Q_PROPERTY(bool goPending READ goPending NOTIFY changed)
 
  public:
   Router(Preferences& preferences, Clock& clock, QObject* parent = nullptr);
 
+  /// Name (as `page`), title, icon and chord key of each page, in the sidebar's order.
+  static QVariantList pages();
+
   Page page() const { return m_page; }
+  QString pageName() const { return Pages::name(m_page); }
+  /// Title of what is shown: the page, or the feature that is off.
+  QString title() const;
   /// 1 when the last change went down the sidebar's order, -1 when up, 0 when nothing changed.
   int direction() const { return m_direction; }
   QString inboxThread() const { return m_inboxThread; }
@@ -41,22 +51,28 @@ class Router final : public QObject {
   QString rampupTemplate() const { return m_rampupTemplate; }
   QString inboxSetupProject() const { return m_inboxSetupProject; }
   SettingsTab settingsTab() const { return m_settingsTab; }
+  QString settingsTabName() const { return Pages::name(m_settingsTab); }
   /// Key of the switched-off feature that the person tried to open; empty when none.
   QString offFeature() const { return m_offFeature; }
   const QStringList& migrationPick() const { return m_migrationPick; }
   bool paletteOpen() const { return m_paletteOpen; }
+  /// The sheet of keyboard shortcuts is shown.
+  bool shortcutsOpen() const { return m_shortcutsOpen; }
   bool collapsed() const { return m_collapsed; }
   bool goPending() const { return m_goPending; }
 
   /// Opens the page with nothing selected in it, or says that its feature is off.
-  Q_INVOKABLE void open(orv::Pages::Page page);
+  void open(Page page);
+  /// The same by name; a name that no page has changes nothing.
+  Q_INVOKABLE void open(const QString& page);
   Q_INVOKABLE void openCampaign(const QString& id);
   Q_INVOKABLE void openInboxThread(const QString& id);
   Q_INVOKABLE void openLeadList(const QString& id);
   Q_INVOKABLE void openRampupTemplate(const QString& id);
   Q_INVOKABLE void openInboxSetupProject(const QString& id);
-  Q_INVOKABLE void openSettings(orv::Pages::SettingsTab tab);
+  void openSettings(SettingsTab tab);
   void setPaletteOpen(bool open);
+  void setShortcutsOpen(bool open);
   void setCollapsed(bool collapsed);
 
   /// First key of the "go to" chord; the second is waited for briefly.
@@ -92,6 +108,7 @@ class Router final : public QObject {
   QString m_offFeature;
   QStringList m_migrationPick;
   bool m_paletteOpen = false;
+  bool m_shortcutsOpen = false;
   bool m_collapsed = false;
   bool m_goPending = false;
   TaskSlot m_goTimer;

@@ -45,17 +45,6 @@ QString errorLine(const APIError& error) {
   return error.message();
 }
 
-StoredSession storedFrom(const NativeSession& session, const QDateTime& now) {
-  StoredSession stored;
-  stored.token = session.token;
-  stored.issuedAt = now;
-  stored.expiresAt = parsePlatformDate(session.expiresAt).value_or(now);
-  stored.user = session.user;
-  stored.workspaces = session.workspaces;
-  stored.currentSlug = session.lastWorkspace;
-  return stored;
-}
-
 }  // namespace
 
 SignInModel::SignInModel(APITransport& api, Clock& clock, Browser& browser, QUrl baseURL, Device device,
@@ -270,7 +259,7 @@ void SignInModel::say(const QString& error) {
 void SignInModel::finish(const NativeSession& session) {
   cancelGoogle();
   m_notice.clear();
-  if (onSignedIn) onSignedIn(storedFrom(session, m_clock.now()));
+  if (onSignedIn) onSignedIn(StoredSession::from(session, m_clock.now()));
 }
 
 void SignInModel::startCountdown(int seconds) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "app/shell/EnumName.h"
 #include "app/shell/GoogleSignIn.h"
 #include "kit/api/APITransport.h"
 #include "kit/async/Clock.h"
@@ -16,7 +17,7 @@ namespace orv {
 /// The signed-out screen: email, then a password or a six-digit code; or Google in the browser.
 class SignInModel final : public QObject {
   Q_OBJECT
-  Q_PROPERTY(Step step READ step NOTIFY changed)
+  Q_PROPERTY(QString step READ stepName NOTIFY changed)
   Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
   Q_PROPERTY(QString password READ password WRITE setPassword NOTIFY changed)
   Q_PROPERTY(QString code READ code WRITE setCode NOTIFY changed)
@@ -41,6 +42,7 @@ class SignInModel final : public QObject {
   std::function<void(StoredSession)> onSignedIn;
 
   Step step() const { return m_step; }
+  QString stepName() const { return enumName(m_step); }
   const QString& email() const { return m_email; }
   const QString& password() const { return m_password; }
   const QString& code() const { return m_code; }

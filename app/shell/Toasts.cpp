@@ -1,5 +1,7 @@
 #include "app/shell/Toasts.h"
 
+#include "app/shell/EnumName.h"
+
 using namespace std::chrono_literals;
 
 namespace orv {
@@ -105,7 +107,7 @@ QVariant Toasts::data(const QModelIndex& index, int role) const {
     case DetailRole:
       return toast.detail;
     case ToneRole:
-      return int(toast.tone);
+      return enumName(toast.tone);
     case ActionLabelRole:
       return toast.actionLabel;
     default:

@@ -21,6 +21,9 @@ struct StoredSession {
   std::optional<QString> currentSlug;
   bool operator==(const StoredSession&) const = default;
 
+  /// What to keep of a sign-in that was answered at `now`.
+  static StoredSession from(const NativeSession& session, const QDateTime& now);
+
   /// An expired session is never used to call the service.
   bool isExpired(const QDateTime& now) const { return now >= expiresAt; }
   /// For logs: never shows the token.

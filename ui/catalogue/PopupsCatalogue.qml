@@ -10,12 +10,12 @@ Rectangle {
     color: Theme.surface
 
     Component.onCompleted: {
-        toasts.append({id: "1", message: "Couldn’t test lena@broker.example.com", detail: "The server refused the sign-in.", tone: "error", actionLabel: ""});
-        toasts.append({id: "2", message: "Campaign paused. Booked sends were cancelled.", detail: "", tone: "success", actionLabel: ""});
-        toasts.append({id: "3", message: "Deleted “Boutique hotels, winter”. It’s in Archived.", detail: "", tone: "standard", actionLabel: "Undo"});
-        results.append({id: "1", group: "Pages", title: "Campaigns", subtitle: "", iconName: "mail-send", chord: "G C"});
-        results.append({id: "2", group: "Actions", title: "New campaign", subtitle: "Campaigns", iconName: "list-add", chord: "N"});
-        results.append({id: "3", group: "Workspaces", title: "Caldera Studio", subtitle: "caldera", iconName: "user", chord: ""});
+        toasts.append({toastId: "1", message: "Couldn’t test lena@broker.example.com", detail: "The server refused the sign-in.", tone: "error", actionLabel: ""});
+        toasts.append({toastId: "2", message: "Campaign paused. Booked sends were cancelled.", detail: "", tone: "success", actionLabel: ""});
+        toasts.append({toastId: "3", message: "Deleted “Boutique hotels, winter”. It’s in Archived.", detail: "", tone: "standard", actionLabel: "Undo"});
+        results.append({group: "Pages", title: "Campaigns", subtitle: "", iconName: "mail-send", chord: "G C"});
+        results.append({group: "Actions", title: "New campaign", subtitle: "Campaigns", iconName: "list-add", chord: "N"});
+        results.append({group: "Workspaces", title: "Caldera Studio", subtitle: "caldera", iconName: "system-users", chord: ""});
     }
 
     ListModel { id: toasts }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 
-/// The search over pages, actions and workspaces. A view only: the model (roles `id`, `group`, `title`, `subtitle`,
+/// The search over pages, actions and workspaces. A view only: the model (roles `group`, `title`, `subtitle`,
 /// `iconName`, `chord`) answers the query. Make it on demand.
 T.Popup {
     id: root
@@ -17,7 +17,7 @@ T.Popup {
     property Item opener: null
 
     signal queryEdited(string text)
-    signal chosen(string id)
+    signal chosen(int row)
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -48,12 +48,10 @@ T.Popup {
     }
 
     function run(index: int) {
-        const item = list.itemAtIndex(index);
-        if (!item)
+        if (index < 0 || index >= list.count)
             return;
-        const id = item.entryId;
         close();
-        chosen(id);
+        chosen(index);
     }
 
     function step(to: int, wrap: bool) {

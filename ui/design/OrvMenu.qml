@@ -48,6 +48,12 @@ T.Menu {
         currentIndex = nextEnabled(-1, 1);
     }
 
+    /// Opens at a point of `item`, where the pointer is or a row's button.
+    function popupIn(item: Item, x: real, y: real) {
+        popup(item, x, y);
+        currentIndex = nextEnabled(-1, 1);
+    }
+
     function usable(index: int): bool {
         const item = itemAt(index);
         return item instanceof T.MenuItem && item.visible && item.enabled;

@@ -100,7 +100,7 @@ Rectangle {
         x: root.width - width - 8
         focus: !action.visible
         text: "Close"
-        iconName: "window-close"
+        iconName: "dialog-close"
         onClicked: root.closeRequested()
     }
 }

@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 
-/// The toasts at the window's bottom right, newest lowest. The model (roles `id`, `message`, `detail`, `tone`,
+/// The toasts at the window's bottom right, newest lowest. The model (roles `toastId`, `message`, `detail`, `tone`,
 /// `actionLabel`) says how many there are and for how long.
 FocusScope {
     id: root
@@ -11,8 +11,8 @@ FocusScope {
     readonly property bool held: hover.hovered || activeFocus
     property Item cameFrom: null
 
-    signal actionRequested(string id)
-    signal closeRequested(string id)
+    signal actionRequested(var id)
+    signal closeRequested(var id)
 
     width: 372
     height: list.height
@@ -87,8 +87,8 @@ FocusScope {
                     detail: entry.model.detail ?? ""
                     tone: entry.model.tone
                     actionLabel: entry.model.actionLabel ?? ""
-                    onActionRequested: root.actionRequested(entry.model.id)
-                    onCloseRequested: root.closeRequested(entry.model.id)
+                    onActionRequested: root.actionRequested(entry.model.toastId)
+                    onCloseRequested: root.closeRequested(entry.model.toastId)
                 }
             }
         }

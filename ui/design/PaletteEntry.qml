@@ -7,7 +7,6 @@ Item {
 
     required property var model
     required property int index
-    readonly property string entryId: model.id
     readonly property string title: model.title
     property bool current: false
     readonly property var keys: (model.chord ?? "").split(" ").filter(key => key !== "")

@@ -167,17 +167,17 @@ TestCase {
 
     function fillPalette() {
         results.clear();
-        results.append({id: "p1", group: "Pages", title: "Campaigns", subtitle: "", iconName: "", chord: "G C"});
-        results.append({id: "a1", group: "Actions", title: "New campaign", subtitle: "Campaigns", iconName: "", chord: "N"});
-        results.append({id: "w1", group: "Workspaces", title: "Caldera", subtitle: "caldera", iconName: "", chord: ""});
+        results.append({group: "Pages", title: "Campaigns", subtitle: "", iconName: "", chord: "G C"});
+        results.append({group: "Actions", title: "New campaign", subtitle: "Campaigns", iconName: "", chord: "N"});
+        results.append({group: "Workspaces", title: "Caldera", subtitle: "caldera", iconName: "", chord: ""});
     }
 
     function test_paletteKeys_data() {
         return [
-            {tag: "first", keys: [Qt.Key_Return], said: ["p1"]},
-            {tag: "down", keys: [Qt.Key_Down, Qt.Key_Return], said: ["a1"]},
-            {tag: "wraps up", keys: [Qt.Key_Up, Qt.Key_Return], said: ["w1"]},
-            {tag: "page down stops", keys: [Qt.Key_PageDown, Qt.Key_PageDown, Qt.Key_Return], said: ["w1"]},
+            {tag: "first", keys: [Qt.Key_Return], said: [0]},
+            {tag: "down", keys: [Qt.Key_Down, Qt.Key_Return], said: [1]},
+            {tag: "wraps up", keys: [Qt.Key_Up, Qt.Key_Return], said: [2]},
+            {tag: "page down stops", keys: [Qt.Key_PageDown, Qt.Key_PageDown, Qt.Key_Return], said: [2]},
             {tag: "typing", keys: ["c", "a", Qt.Key_Escape], said: ["query c", "query ca"]},
         ];
     }
@@ -203,8 +203,8 @@ TestCase {
     }
 
     function test_toasts() {
-        toasts.append({id: "t1", message: "Link copied", detail: "", tone: "standard", actionLabel: ""});
-        toasts.append({id: "t2", message: "Deleted", detail: "", tone: "standard", actionLabel: "Undo"});
+        toasts.append({toastId: "t1", message: "Link copied", detail: "", tone: "standard", actionLabel: ""});
+        toasts.append({toastId: "t2", message: "Deleted", detail: "", tone: "standard", actionLabel: "Undo"});
         verify(!stack.held);
         stack.toggleFocus();
         verify(stack.held, "time stands still while the focus is there");
@@ -217,7 +217,7 @@ TestCase {
     }
 
     function test_toastThatGoesGivesTheFocusBack() {
-        toasts.append({id: "t1", message: "Link copied", detail: "", tone: "standard", actionLabel: ""});
+        toasts.append({toastId: "t1", message: "Link copied", detail: "", tone: "standard", actionLabel: ""});
         stack.toggleFocus();
         toasts.clear();
         tryCompare(opener, "activeFocus", true);

@@ -1,0 +1,74 @@
+#include "desktop/ClientWindow.h"
+
+#include <QtQml/qqmlextensionplugin.h>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QQmlComponent>
+#include <QSysInfo>
+
+#include "app/shell/Commands.h"
+#include "kit/api/APIEnvironment.h"
+
+Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
+Q_IMPORT_QML_PLUGIN(Orvella_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Orvella_CampaignsPlugin)
+Q_IMPORT_QML_PLUGIN(Orvella_ShellPlugin)
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+Q_LOGGING_CATEGORY(lcWindow, "orvella.window")
+
+QString hardwareModel() {
+  QFile file(u"/sys/devices/virtual/dmi/id/product_name"_s);
+  const QByteArray name = file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+  return name.isEmpty() ? QSysInfo::currentCpuArchitecture() : QString::fromUtf8(name);
+}
+
+}  // namespace
+
+ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, QuickFilePanel* files)
+    : m_engine(engine),
+      m_files(files),
+      m_app(platform),
+      m_palette(platform.preferences, [this] { return commandsOf(m_app); }) {
+  // QML would otherwise take what it is handed from C++ for its own and delete it.
+  for (QObject* object : {static_cast<QObject*>(&m_app), static_cast<QObject*>(&m_palette)})
+    QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+}
+
+QQuickWindow* ClientWindow::open() {
+  QQmlComponent component(&m_engine, QUrl(u"qrc:/qt/qml/Orvella/Shell/OrvellaWindow.qml"_s));
+  if (!component.isReady()) {
+    qCCritical(lcWindow, "The window does not load: %s", qPrintable(component.errorString()));
+    return nullptr;
+  }
+  std::unique_ptr<QObject> made(component.createWithInitialProperties({
+      {u"app"_s, QVariant::fromValue(&m_app)},
+      {u"palette"_s, QVariant::fromValue(&m_palette)},
+      {u"shortcuts"_s, shortcutSheet(m_app)},
+      {u"files"_s, QVariant::fromValue<QObject*>(m_files)},
+  }));
+  auto* window = qobject_cast<QQuickWindow*>(made.get());
+  if (!window) {
+    qCCritical(lcWindow, "The window does not load: %s", qPrintable(component.errorString()));
+    return nullptr;
+  }
+  made.release();
+  m_window.reset(window);
+  return window;
+}
+
+Device ClientWindow::thisDevice() {
+  const ClientIdentity& identity = ClientIdentity::current();
+  return {QSysInfo::machineHostName(), hardwareModel(), identity.osName(), identity.appVersion};
+}
+
+void ClientWindow::prepare(QQmlEngine& engine) {
+  // This version of Qt does not look there by itself.
+  engine.addImportPath(u"qrc:/qt/qml"_s);
+}
+
+}  // namespace orv

@@ -1,0 +1,184 @@
+#include "desktop/Render.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QTextStream>
+
+#include "demo/DemoService.h"
+#include "desktop/ClientWindow.h"
+#include "desktop/MemoryKeychain.h"
+#include "desktop/RenderStage.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+struct Scene {
+  QString name;
+  bool signedIn;
+  std::function<void(Stage&)> play;
+};
+
+CampaignsStore& campaigns(Stage& stage) { return *stage.app().session()->campaigns(); }
+
+QString firstCampaign(Stage& stage) { return campaigns(stage).list()->value()->items.first().id; }
+
+void typeEmail(Stage& stage, const QString& email) {
+  stage.app().signIn()->setEmail(email);
+  stage.app().signIn()->submitEmail();
+}
+
+QList<Scene> signedOutScenes() {
+  return {
+      {u"sign-in"_s, false, [](Stage&) {}},
+      {u"sign-in-unknown"_s, false, [](Stage& s) { typeEmail(s, u"nobody@northgate.example"_s); }},
+      {u"sign-in-password"_s, false, [](Stage& s) { typeEmail(s, u"maren@northgate.example"_s); }},
+      {u"sign-in-password-wrong"_s, false,
+       [](Stage& s) {
+         typeEmail(s, u"maren@northgate.example"_s);
+         s.settle();
+         s.app().signIn()->setPassword(u"wrong"_s);
+         s.app().signIn()->submitPassword();
+       }},
+      {u"sign-in-code"_s, false, [](Stage& s) { typeEmail(s, u"tomas@northgate.example"_s); }},
+      {u"sign-in-code-wrong"_s, false,
+       [](Stage& s) {
+         typeEmail(s, u"tomas@northgate.example"_s);
+         s.settle();
+         s.app().signIn()->setCode(u"000000"_s);
+         s.app().signIn()->submitCode();
+       }},
+      {u"sign-in-google"_s, false, [](Stage& s) { s.app().signIn()->continueWithGoogle(); }},
+      {u"sign-in-offline"_s, false,
+       [](Stage& s) {
+         s.transport().mode = StagedTransport::Mode::offline;
+         typeEmail(s, u"maren@northgate.example"_s);
+       }},
+  };
+}
+
+QList<Scene> campaignScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"campaigns"_s, true, [](Stage&) {}},
+      {u"campaigns-sorted"_s, true, [](Stage& s) { campaigns(s).toggleSort(u"replied"_s); }},
+      {u"campaigns-filtered"_s, true, [](Stage& s) { campaigns(s).setFilter(u"paused"_s); }},
+      {u"campaigns-none-match"_s, true, [](Stage& s) { campaigns(s).setQuery(u"nothing like this"_s); }},
+      {u"campaigns-menu"_s, true, [](Stage& s) { s.press(Qt::Key_F10, Qt::ShiftModifier); }},
+      {u"campaigns-rename"_s, true, [](Stage& s) { campaigns(s).beginRename(firstCampaign(s)); }},
+      {u"campaigns-new"_s, true, [](Stage& s) { campaigns(s).beginCreate(); }},
+      {u"campaigns-delete"_s, true, [](Stage& s) { campaigns(s).remove(firstCampaign(s)); }},
+      {u"campaigns-busy"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::holding;
+         campaigns(s).duplicate(firstCampaign(s));
+       }},
+      {u"campaigns-messages"_s, true,
+       [](Stage& s) {
+         campaigns(s).copyLink(firstCampaign(s));
+         s.transport().mode = Mode::failing;
+         campaigns(s).duplicate(firstCampaign(s));
+         s.app().toasts()->show(u"Deleted “Boutique hotels, winter”. It’s in Archived."_s, Toasts::Tone::standard,
+                                u"Undo"_s, [] {});
+       }},
+      {u"campaigns-archive"_s, true, [](Stage& s) { campaigns(s).setShowArchived(true); }},
+      {u"campaigns-archive-failed"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::failing;
+         campaigns(s).setShowArchived(true);
+       }},
+      {u"campaigns-offline-saved"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::offline;
+         campaigns(s).refresh();
+       }},
+      {u"palette"_s, true, [](Stage& s) { s.app().router()->setPaletteOpen(true); }},
+      {u"palette-search"_s, true,
+       [](Stage& s) {
+         s.app().router()->setPaletteOpen(true);
+         s.settle();
+         s.type(u"cam"_s);
+       }},
+      {u"palette-nothing"_s, true,
+       [](Stage& s) {
+         s.app().router()->setPaletteOpen(true);
+         s.settle();
+         s.type(u"zzz"_s);
+       }},
+      {u"shortcuts"_s, true, [](Stage& s) { s.app().router()->setShortcutsOpen(true); }},
+      {u"sidebar-folded"_s, true, [](Stage& s) { s.app().router()->setCollapsed(true); }},
+      {u"not-built"_s, true, [](Stage& s) { s.app().router()->open(Page::dashboard); }},
+      {u"feature-off"_s, true,
+       [](Stage& s) {
+         s.app().router()->setFeaturesOff({u"inboxSetup"_s});
+         s.app().router()->open(Page::inboxSetup);
+       }},
+  };
+}
+
+/// Scenes whose first load already meets the trouble.
+QList<std::pair<QString, StagedTransport::Mode>> firstLoads() {
+  using Mode = StagedTransport::Mode;
+  return {{u"campaigns-loading"_s, Mode::holding},
+          {u"campaigns-failed"_s, Mode::failing},
+          {u"campaigns-offline"_s, Mode::offline},
+          {u"campaigns-empty"_s, Mode::empty}};
+}
+
+class Renderer {
+ public:
+  explicit Renderer(const QDir& folder) : m_folder(folder) { ClientWindow::prepare(m_engine); }
+
+  bool all() {
+    for (const QSize& size : {QSize(1024, 700), QSize(1280, 800)})
+      for (const bool dark : {false, true})
+        if (!set(size, dark)) return false;
+    return true;
+  }
+  int count() const { return m_count; }
+
+ private:
+  bool set(const QSize& size, bool dark) {
+    const QString suffix = u"-%1x%2-%3.png"_s.arg(size.width()).arg(size.height()).arg(dark ? u"dark"_s : u"light"_s);
+    for (const Scene& scene : signedOutScenes() + campaignScenes())
+      if (!shoot(scene, StagedTransport::Mode::passing, size, dark, suffix)) return false;
+    for (const auto& [name, mode] : firstLoads())
+      if (!shoot({name, true, [](Stage&) {}}, mode, size, dark, suffix)) return false;
+    return true;
+  }
+
+  bool shoot(const Scene& scene, StagedTransport::Mode mode, const QSize& size, bool dark, const QString& suffix) {
+    Stage stage(m_engine, scene.signedIn, mode, size, dark);
+    if (!stage.isReady()) return false;
+    scene.play(stage);
+    const QImage image = stage.picture();
+    if (image.isNull() || !image.save(m_folder.filePath(scene.name + suffix))) {
+      QTextStream(stderr) << m_folder.filePath(scene.name + suffix) << " can’t be written.\n";
+      return false;
+    }
+    ++m_count;
+    return true;
+  }
+
+  QDir m_folder;
+  QQmlEngine m_engine;
+  int m_count = 0;
+};
+
+}  // namespace
+
+int renderPages(const QString& folder) {
+  const QDir dir(folder);
+  if (!dir.mkpath(u"."_s)) {
+    QTextStream(stderr) << "The folder " << folder << " can’t be made.\n";
+    return 1;
+  }
+  Renderer renderer(dir);
+  if (!renderer.all()) return 1;
+  QTextStream(stdout) << renderer.count() << " pictures in " << dir.absolutePath() << '\n';
+  return 0;
+}
+
+}  // namespace orv

@@ -1,0 +1,155 @@
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QOpenGLContext>
+#include <QQuickStyle>
+#include <QTextStream>
+
+#include "demo/DemoService.h"
+#include "desktop/ClientWindow.h"
+#include "desktop/MemoryKeychain.h"
+#include "desktop/Options.h"
+#include "desktop/Render.h"
+#include "desktop/WindowPlace.h"
+#include "desktop/services/BrowserService.h"
+#include "desktop/services/ClipboardService.h"
+#include "desktop/services/ColorSchemeWatcher.h"
+#include "desktop/services/FileManagerRevealer.h"
+#include "desktop/services/LogFile.h"
+#include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/SchemeRegistration.h"
+#include "desktop/services/SettingsPreferences.h"
+#include "desktop/services/SingleInstance.h"
+#include "kit/api/APIClient.h"
+#include "kit/session/SecretServiceKeychain.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+namespace {
+
+const auto applicationId = u"com.orvella.desktop"_s;
+
+Q_LOGGING_CATEGORY(lcMain, "orvella.main")
+
+bool hasDisplay() {
+  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+void useSoftwareWithoutGraphics() {
+  if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) return;
+  QOpenGLContext probe;
+  // Qt Quick ends the program where there is no OpenGL; the plain renderer draws everything this window has.
+  if (!probe.create()) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+void follow(const ColorSchemeWatcher& desktop, Appearance& appearance) {
+  appearance.setSystemDark(desktop.scheme() == ColorSchemeWatcher::Scheme::dark);
+  appearance.setReducedMotion(desktop.reducedMotion());
+}
+
+void raise(QQuickWindow& window, const QString& activationToken) {
+  if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+  window.show();
+  window.requestActivate();
+  qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+/// The sample's service with its door, for as long as the window needs them.
+struct Demo {
+  Demo(Clock& clock, int campaigns) : service(clock, 1, {campaigns, 0, 0}) {}
+  demo::DemoService service;
+  demo::DemoTransport transport{service};
+};
+
+int run(QGuiApplication& application, const Options& options) {
+  SingleInstance instance(applicationId, QDBusConnection::sessionBus());
+  const QStringList links = instance.linksIn(options.arguments);
+  // The sample neither takes links nor minds a second window.
+  if (!options.demo && instance.claim(links) == SingleInstance::Start::second) return 0;
+
+  SystemClock clock;
+  SettingsPreferences preferences;
+  BrowserService browser;
+  ClipboardService clipboard;
+  QuickFilePanel files;
+  FileManagerRevealer revealer(QDBusConnection::sessionBus());
+  MemoryPressureMonitor memoryPressure(clock, QDBusConnection::systemBus());
+  SecretServiceKeychain keyring(applicationId, u"Orvella"_s, clock);
+  MemoryKeychain memory(applicationId);
+  APIClient client;
+  std::optional<Demo> sample;
+  if (options.demo) sample.emplace(clock, options.demoCampaigns);
+
+  APITransport& api = sample ? static_cast<APITransport&>(sample->transport) : client;
+  Keychain& keychain = options.fresh ? static_cast<Keychain&>(memory) : keyring;
+  Platform platform{api,
+                    keychain,
+                    clock,
+                    preferences,
+                    browser,
+                    clipboard,
+                    files,
+                    revealer,
+                    memoryPressure,
+                    client.environment().baseURL,
+                    ClientWindow::thisDevice(),
+                    {}};
+  if (sample) platform.demoSession = StoredSession::from(sample->service.signInDirectly(), clock.now());
+
+  QQmlEngine engine;
+  ClientWindow::prepare(engine);
+  ClientWindow main(engine, platform, &files);
+  AppModel& app = main.app();
+
+  const ColorSchemeWatcher desktop(QDBusConnection::sessionBus());
+  follow(desktop, *app.appearance());
+  QObject::connect(&desktop, &ColorSchemeWatcher::changed, &app, [&] { follow(desktop, *app.appearance()); });
+
+  app.start();
+  QQuickWindow* window = main.open();
+  if (!window) return 1;
+  WindowPlace place(*window, preferences);
+  place.restore();
+
+  QObject::connect(&instance, &SingleInstance::opened, &app,
+                   [&app](const QString& link) { app.signIn()->takeGoogleLink(link); });
+  QObject::connect(&instance, &SingleInstance::activated, window,
+                   [window](const QString& token) { raise(*window, token); });
+  for (const QString& link : links) app.signIn()->takeGoogleLink(link);
+  findSchemeHandler(applicationId, &app, [](const QString& entry) {
+    if (entry != applicationId + u".desktop"_s)
+      qCInfo(lcMain, "Sign-in links go to \"%s\"; they have to be pasted here", qPrintable(entry));
+  });
+
+  window->show();
+  return application.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = Options::parse(argc, argv);
+  const bool rendering = !options.renderFolder.isEmpty();
+  if (rendering) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+  } else if (!hasDisplay()) {
+    QTextStream(stderr) << "There is no display here. Start Orvella on a desktop, or render its pages with --render.\n";
+    return 1;
+  }
+
+  QQuickStyle::setStyle(u"Basic"_s);
+  QGuiApplication application(argc, argv);
+  QGuiApplication::setOrganizationName(u"Orvella"_s);
+  QGuiApplication::setApplicationName(u"Orvella"_s);
+  QGuiApplication::setApplicationDisplayName(u"Orvella"_s);
+  QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
+  QGuiApplication::setDesktopFileName(applicationId);
+  if (rendering) return renderPages(options.renderFolder);
+
+  const LogFile log(LogFile::defaultFolder());
+  useSoftwareWithoutGraphics();
+  return run(application, options);
+}

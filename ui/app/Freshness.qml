@@ -1,0 +1,37 @@
+import QtQuick
+import Orvella.Design
+
+/// How long ago something was loaded, in words that grow coarser as it ages.
+Text {
+    id: root
+
+    /// An invalid date, or none, while nothing was loaded.
+    property var loadedAt: undefined
+    property real now: Date.now()
+    readonly property real seconds: loadedAt ? (now - loadedAt.getTime()) / 1000 : NaN
+
+    visible: !isNaN(seconds)
+    verticalAlignment: Text.AlignVCenter
+    font: Theme.small
+    color: Theme.text3
+    text: {
+        const minutes = Math.floor(seconds / 60);
+        if (minutes < 1)
+            return "Updated just now";
+        if (minutes < 60)
+            return "Updated " + minutes + " min ago";
+        return "Updated at " + loadedAt.toLocaleTimeString(Qt.locale(), Locale.ShortFormat);
+    }
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+
+    onLoadedAtChanged: now = Date.now()
+
+    Timer {
+        interval: 20000
+        running: root.visible && Qt.application.state === Qt.ApplicationActive
+        repeat: true
+        triggeredOnStart: true
+        onTriggered: root.now = Date.now()
+    }
+}

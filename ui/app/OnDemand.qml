@@ -1,0 +1,36 @@
+import QtQuick
+
+/// Makes a popup when it is first wanted and lets it go when it has closed: a window starts without its dialogs.
+Loader {
+    id: root
+
+    /// The popup is wanted on screen.
+    property bool shown: false
+
+    active: false
+
+    onShownChanged: follow()
+    Component.onCompleted: follow()
+
+    function follow() {
+        if (shown) {
+            active = true;
+            item["open"]();
+        } else if (item) {
+            item["close"]();
+        }
+    }
+
+    Connections {
+        target: root.item
+        ignoreUnknownSignals: true
+
+        function onClosed() {
+            // Wanted again while it faded out.
+            if (root.shown)
+                root.item["open"]();
+            else
+                root.active = false;
+        }
+    }
+}

@@ -1,0 +1,53 @@
+import QtQuick
+import Orvella.Design
+
+/// The top of a page: its title, one line about what it shows, and what can be done with the whole of it.
+Item {
+    id: root
+
+    property string title: ""
+    property string summary: ""
+    default property alias actions: actionRow.data
+
+    implicitHeight: 66
+
+    Text {
+        id: titleText
+        x: Theme.pageSide
+        y: 16
+        width: actionRow.x - x - 16
+        height: 24
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        text: root.title
+        font: Theme.pageTitle
+        color: Theme.text
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    Text {
+        x: Theme.pageSide
+        y: 40
+        width: titleText.width
+        height: 20
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        text: root.summary
+        font: Theme.body
+        color: Theme.text2
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: text === ""
+    }
+
+    Row {
+        id: actionRow
+        x: root.width - width - Theme.pageSide
+        y: 16
+        height: Theme.controlHeight
+        spacing: 8
+    }
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <QtQml/qqml.h>
+
+#include "app/campaigns/CampaignRows.h"
+#include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
+#include "app/shell/AppModel.h"
+#include "app/shell/CommandPalette.h"
+#include "app/shell/NameForm.h"
+#include "app/shell/Resource.h"
+#include "app/shell/WorkspaceSession.h"
+
+// The application's types by the names that pages use. They are registered here because app/ knows no QML.
+
+namespace orv::qml {
+
+struct AppModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::AppModel)
+  QML_NAMED_ELEMENT(AppModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct AppearanceType {
+  Q_GADGET
+  QML_FOREIGN(orv::Appearance)
+  QML_NAMED_ELEMENT(Appearance)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CampaignRowsModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignRowsModel)
+  QML_NAMED_ELEMENT(CampaignRowsModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CampaignStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignStore)
+  QML_NAMED_ELEMENT(CampaignStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CampaignsStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignsStore)
+  QML_NAMED_ELEMENT(CampaignsStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CommandPaletteType {
+  Q_GADGET
+  QML_FOREIGN(orv::CommandPalette)
+  QML_NAMED_ELEMENT(CommandPalette)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct NameFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::NameForm)
+  QML_NAMED_ELEMENT(NameForm)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct OverlaysType {
+  Q_GADGET
+  QML_FOREIGN(orv::Overlays)
+  QML_NAMED_ELEMENT(Overlays)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ResourceBaseType {
+  Q_GADGET
+  QML_FOREIGN(orv::ResourceBase)
+  QML_NAMED_ELEMENT(Resource)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RouterType {
+  Q_GADGET
+  QML_FOREIGN(orv::Router)
+  QML_NAMED_ELEMENT(Router)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SignInModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::SignInModel)
+  QML_NAMED_ELEMENT(SignInModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ToastsType {
+  Q_GADGET
+  QML_FOREIGN(orv::Toasts)
+  QML_NAMED_ELEMENT(Toasts)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct WorkspaceSessionType {
+  Q_GADGET
+  QML_FOREIGN(orv::WorkspaceSession)
+  QML_NAMED_ELEMENT(WorkspaceSession)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+}  // namespace orv::qml

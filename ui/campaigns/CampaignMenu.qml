@@ -1,0 +1,78 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// What can be done to one campaign of the list. Made when first opened.
+Loader {
+    id: root
+
+    required property CampaignsStore store
+    // What the menu is about is held by id: rows move while it is open.
+    property string campaign: ""
+    property string status: ""
+
+    active: false
+
+    function openFor(key: string, row: Item, x: real, y: real) {
+        campaign = key;
+        status = row["statusWord"];
+        active = true;
+        const menu = item as OrvMenu;
+        menu.popupIn(row, x, y);
+    }
+
+    sourceComponent: OrvMenu {
+        title: "Actions"
+
+        OrvMenuItem {
+            text: "Rename"
+            iconName: "document-edit"
+            shortcutText: "F2"
+            onTriggered: root.store.beginRename(root.campaign)
+        }
+
+        OrvMenuItem {
+            visible: root.status === "running"
+            text: "Pause"
+            iconName: "media-playback-pause"
+            onTriggered: root.store.pause(root.campaign)
+        }
+
+        OrvMenuItem {
+            visible: root.status === "paused"
+            text: "Resume"
+            iconName: "media-playback-start"
+            onTriggered: root.store.resume(root.campaign)
+        }
+
+        OrvMenuItem {
+            text: "Duplicate"
+            iconName: "edit-copy"
+            shortcutText: "Ctrl D"
+            onTriggered: root.store.duplicate(root.campaign)
+        }
+
+        OrvMenuItem {
+            text: "Copy link"
+            iconName: "insert-link"
+            shortcutText: "Ctrl C"
+            onTriggered: root.store.copyLink(root.campaign)
+        }
+
+        OrvMenuItem {
+            text: "Download analytics CSV"
+            iconName: "download"
+            onTriggered: root.store.downloadAnalytics(root.campaign)
+        }
+
+        OrvMenuSeparator {}
+
+        OrvMenuItem {
+            text: "Delete"
+            iconName: "edit-delete"
+            shortcutText: "Del"
+            danger: true
+            onTriggered: root.store.remove(root.campaign)
+        }
+    }
+}

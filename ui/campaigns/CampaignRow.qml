@@ -1,0 +1,107 @@
+import QtQuick
+import Orvella.Design
+
+/// A campaign in the list.
+OrvTableRow {
+    id: root
+
+    required property OrvColumn nameColumn
+    required property OrvColumn statusColumn
+    required property OrvColumn progressColumn
+    required property OrvColumn sentColumn
+    required property OrvColumn repliedColumn
+    required property OrvColumn positiveColumn
+    required property OrvColumn bouncedColumn
+    required property OrvColumn actionsColumn
+
+    required property string name
+    required property var tags
+    required property string statusWord
+    required property string statusLabel
+    required property string facts
+    required property real progress
+    required property string progressText
+    required property string sentText
+    required property string repliedText
+    required property string repliedRate
+    required property string positiveText
+    required property string bouncedText
+    required property string bouncedRate
+    required property bool bouncesHigh
+
+    label: name + ", " + statusLabel
+
+    OrvTwoLineCell {
+        column: root.nameColumn
+        title: root.name
+        detail: root.facts
+
+        Repeater {
+            // Two tell campaigns apart; the rest would push the name out.
+            model: root.tags ? root.tags.slice(0, 2) : []
+
+            OrvTag {
+                required property string modelData
+
+                text: modelData
+            }
+        }
+    }
+
+    OrvCell {
+        column: root.statusColumn
+        label: root.statusLabel
+
+        CampaignBadge {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: !ring.shown
+            status: root.statusWord
+            text: root.statusLabel
+        }
+
+        OrvBusyRing {
+            id: ring
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+            running: root.busy
+            color: Theme.text2
+        }
+    }
+
+    ProgressCell {
+        column: root.progressColumn
+        value: root.progress
+        text: root.progressText
+        running: root.statusWord === "running"
+    }
+
+    OrvTextCell {
+        column: root.sentColumn
+        text: root.sentText
+    }
+
+    RateCell {
+        column: root.repliedColumn
+        text: root.repliedText
+        rate: root.repliedRate
+    }
+
+    OrvTextCell {
+        column: root.positiveColumn
+        text: root.positiveText
+        color: text === "–" || text === "0" ? Theme.text : Theme.positive
+    }
+
+    RateCell {
+        column: root.bouncedColumn
+        text: root.bouncedText
+        rate: root.bouncedRate
+        color: root.bouncesHigh ? Theme.negative : Theme.text
+    }
+
+    RowMenuCell {
+        row: root
+        column: root.actionsColumn
+        name: root.name
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+import Orvella.Design
+
+/// A count with its share after it, each aligned to the right under its like.
+OrvCell {
+    id: root
+
+    property string text: ""
+    property string rate: ""
+    property color color: Theme.text
+
+    label: rate === "" ? text : text + ", " + rate
+
+    Text {
+        visible: root.rate !== ""
+        x: root.width - width
+        width: 36
+        height: root.height
+        horizontalAlignment: Text.AlignRight
+        verticalAlignment: Text.AlignVCenter
+        text: root.rate
+        font: Theme.small
+        color: Theme.text3
+        Accessible.ignored: true
+    }
+
+    Text {
+        width: root.rate === "" ? root.width : root.width - 38
+        height: root.height
+        horizontalAlignment: Text.AlignRight
+        verticalAlignment: Text.AlignVCenter
+        text: root.text
+        font: Theme.body
+        color: root.color
+        Accessible.ignored: true
+    }
+}

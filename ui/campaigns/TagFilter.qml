@@ -1,0 +1,47 @@
+import QtQuick
+import QtQml
+import Orvella.Design
+import Orvella.App
+
+/// Narrows the list to campaigns that carry one of the chosen tags.
+OrvButton {
+    id: root
+
+    required property CampaignsStore store
+
+    text: "Tags"
+    iconName: "tag"
+    count: store.tags.length > 0 ? store.tags.length : -1
+    menuArrow: true
+    enabled: store.allTags.length > 0
+    hint: store.allTags.length === 0 ? "No campaign carries a tag yet." : ""
+    onClicked: {
+        menu.active = true;
+        menu.item["openAt"](root, true);
+    }
+
+    Loader {
+        id: menu
+        active: false
+        sourceComponent: OrvMenu {
+            id: list
+            title: "Tags"
+
+            Instantiator {
+                model: root.store.allTags
+
+                OrvMenuItem {
+                    required property string modelData
+
+                    text: modelData
+                    checkable: true
+                    checked: root.store.tags.includes(modelData)
+                    onTriggered: root.store.toggleTag(modelData)
+                }
+
+                onObjectAdded: (index, object) => list.insertItem(index, object)
+                onObjectRemoved: (index, object) => list.removeItem(object)
+            }
+        }
+    }
+}

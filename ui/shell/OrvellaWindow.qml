@@ -1,0 +1,98 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The program's window: what is shown while it starts, signed out, or signed in.
+Window {
+    id: root
+
+    required property AppModel app
+    required property CommandPalette palette
+    /// Lines of the shortcut sheet: group, title, keys.
+    property var shortcuts: []
+    /// The desktop's save panel: asking, suggestion, nameFilter, suffix, choose(), cancel(). Null where there is none.
+    property var files: null
+
+    readonly property string phase: app.phase
+
+    minimumWidth: 1024
+    minimumHeight: 700
+    color: Theme.surface
+    title: shell.view !== null ? shell.view.title : "Orvella"
+
+    onActiveChanged: {
+        if (active)
+            app.refreshAccount();
+    }
+
+    Binding { target: Theme; property: "dark"; value: root.app.appearance.dark }
+    Binding { target: Theme; property: "reducedMotion"; value: root.app.appearance.reducedMotion }
+
+    Loader {
+        anchors.fill: parent
+        active: root.phase === "booting"
+        sourceComponent: BootScreen {
+            name: root.app.userName
+        }
+    }
+
+    Loader {
+        anchors.fill: parent
+        active: root.phase === "signedOut"
+        sourceComponent: SignInScreen {
+            model: root.app.signIn
+        }
+    }
+
+    Loader {
+        id: shell
+
+        property ShellView view: item
+
+        anchors.fill: parent
+        active: root.phase === "signedIn"
+        sourceComponent: ShellView {
+            app: root.app
+            palette: root.palette
+            shortcuts: root.shortcuts
+        }
+    }
+
+    ConfirmDialog {
+        overlays: root.app.overlays
+    }
+
+    Loader {
+        active: root.files !== null && root.files.asking
+        source: "SaveDialog.qml"
+        onLoaded: {
+            item["panel"] = root.files;
+            item["open"]();
+        }
+    }
+
+    ToastLayer {
+        id: toasts
+        toasts: root.app.toasts
+    }
+
+    Shortcut {
+        sequence: "F6"
+        onActivated: root.nextPane()
+    }
+
+    Shortcut {
+        sequences: [StandardKey.Quit]
+        onActivated: root.close()
+    }
+
+    /// Sidebar, page, messages, and around again.
+    function nextPane() {
+        if (toasts.hasFocus || root.app.toasts.count === 0 && shell.view !== null && shell.view.pageHasFocus)
+            shell.view ? shell.view.focusSidebar() : toasts.toggleFocus();
+        else if (shell.view !== null && !shell.view.pageHasFocus)
+            shell.view.focusPage();
+        else
+            toasts.toggleFocus();
+    }
+}

@@ -1,0 +1,21 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The command palette over the window.
+OnDemand {
+    id: root
+
+    required property Router router
+    required property CommandPalette palette
+
+    shown: router.paletteOpen
+
+    sourceComponent: OrvCommandPalette {
+        model: root.palette
+        onAboutToShow: root.palette.prepare()
+        onQueryEdited: text => root.palette.query = text
+        onChosen: index => root.palette.choose(index)
+        onClosed: root.router.paletteOpen = false
+    }
+}

@@ -1,0 +1,59 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The signed-in window: the sidebar, the open page, and what is reached from anywhere.
+FocusScope {
+    id: root
+
+    required property AppModel app
+    required property CommandPalette palette
+    property var shortcuts: []
+
+    readonly property Router router: app.router
+    readonly property bool railForced: width < 1180
+    readonly property string title: page.title + " – " + (app.session !== null ? app.session.name : "") + " – Orvella"
+    readonly property bool pageHasFocus: page.activeFocus
+
+    focus: true
+
+    function focusSidebar() {
+        sidebar.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    function focusPage() {
+        page.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Sidebar {
+        id: sidebar
+        app: root.app
+        rail: root.railForced || root.router.collapsed
+        foldable: !root.railForced
+        height: root.height
+    }
+
+    PageHost {
+        id: page
+        x: sidebar.width
+        width: root.width - x
+        height: root.height
+        focus: true
+        app: root.app
+    }
+
+    PalettePopup {
+        router: root.router
+        palette: root.palette
+    }
+
+    ShortcutSheet {
+        router: root.router
+        lines: root.shortcuts
+    }
+
+    ShellShortcuts {
+        router: root.router
+        palette: root.palette
+    }
+}

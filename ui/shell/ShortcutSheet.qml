@@ -1,0 +1,80 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// Every key the program knows, by where it works.
+OnDemand {
+    id: root
+
+    required property Router router
+    property var lines: []
+
+    shown: router.shortcutsOpen
+
+    sourceComponent: OrvDrawer {
+        title: "Shortcuts"
+        onClosed: root.router.shortcutsOpen = false
+
+        Column {
+            width: parent.width
+
+            Repeater {
+                model: root.lines
+
+                Item {
+                    id: line
+
+                    required property var modelData
+                    required property int index
+                    readonly property bool first: index === 0 || root.lines[index - 1].group !== modelData.group
+
+                    width: parent.width
+                    height: 30 + (first ? 34 : 0)
+
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: modelData.title + ", " + modelData.keys.join(" then ")
+
+                    Text {
+                        visible: line.first
+                        height: 34
+                        verticalAlignment: Text.AlignBottom
+                        bottomPadding: 6
+                        text: line.modelData.group
+                        font: Theme.smallStrong
+                        color: Theme.text3
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        y: parent.height - 30
+                        width: caps.x - 12
+                        height: 30
+                        verticalAlignment: Text.AlignVCenter
+                        elide: Text.ElideRight
+                        text: line.modelData.title
+                        font: Theme.body
+                        color: Theme.text
+                        Accessible.ignored: true
+                    }
+
+                    Row {
+                        id: caps
+                        x: parent.width - width
+                        y: parent.height - 24
+                        spacing: 6
+
+                        Repeater {
+                            model: line.modelData.keys
+
+                            OrvKeyCap {
+                                required property string modelData
+
+                                text: modelData
+                            }
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,159 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+
+/// The workspace, the search, the pages and the person; folded to icons as a rail.
+FocusScope {
+    id: root
+
+    required property AppModel app
+    property bool rail: false
+    /// False where the window is too narrow to unfold it.
+    property bool foldable: true
+
+    readonly property Router router: app.router
+    readonly property real itemWidth: width - 17
+
+    width: rail ? 56 : 232
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Sidebar"
+
+    Keys.onDownPressed: step(true)
+    Keys.onUpPressed: step(false)
+
+    function step(forward: bool) {
+        const item = Window.window.activeFocusItem?.nextItemInFocusChain(forward);
+        for (let parent = item; parent; parent = parent.parent) {
+            if (parent === root) {
+                item.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+                return;
+            }
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.bg
+    }
+
+    Rectangle {
+        x: root.width - 1
+        width: 1
+        height: root.height
+        color: Theme.border
+    }
+
+    WorkspaceSwitcher {
+        x: 8
+        y: 8
+        width: root.itemWidth
+        focus: true
+        app: root.app
+        rail: root.rail
+    }
+
+    T.AbstractButton {
+        id: search
+        x: 8
+        y: 57
+        width: root.itemWidth
+        height: 32
+        text: "Search or go to…"
+        focusPolicy: Qt.StrongFocus
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Accessible.onPressAction: clicked()
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        onClicked: root.router.paletteOpen = true
+
+        background: Rectangle {
+            radius: Theme.radiusControl
+            color: search.down ? Theme.pressed : search.hovered ? Theme.hover : Theme.surface
+            border { width: 1; color: Theme.border }
+            FocusRing { visible: search.visualFocus; inset: true }
+        }
+
+        contentItem: Item {
+            OrvIcon {
+                x: root.rail ? (parent.width - width) / 2 : 11
+                anchors.verticalCenter: parent.verticalCenter
+                size: 16
+                name: "edit-find"
+                color: Theme.text2
+            }
+
+            Text {
+                visible: !root.rail
+                x: 34
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                text: search.text
+                font: Theme.body
+                color: Theme.text2
+                Accessible.ignored: true
+            }
+
+            OrvKeyCap {
+                visible: !root.rail
+                anchors { right: parent.right; rightMargin: 7; verticalCenter: parent.verticalCenter }
+                text: "Ctrl K"
+            }
+        }
+
+        OrvTooltip {
+            beside: true
+            text: search.text
+            keys: "Ctrl K"
+            shown: root.rail && search.hovered
+        }
+    }
+
+    Column {
+        x: 8
+        y: 98
+
+        Repeater {
+            model: root.router.pages.slice(0, -1)
+
+            SidebarItem {
+                required property var modelData
+
+                width: root.itemWidth
+                // Three groups: figures, audience, work.
+                bottomRoom: modelData.page === "analytics" || modelData.page === "deliverability" ? 10 : 0
+                rail: root.rail
+                text: modelData.title
+                iconName: modelData.iconName
+                keys: "G " + modelData.key
+                current: root.router.page === modelData.page
+                onClicked: root.router.open(modelData.page)
+            }
+        }
+    }
+
+    SidebarItem {
+        readonly property var info: root.router.pages[root.router.pages.length - 1]
+
+        x: 8
+        y: person.y - height - 8
+        width: root.itemWidth
+        rail: root.rail
+        text: info.title
+        iconName: info.iconName
+        keys: "G " + info.key
+        current: root.router.page === info.page
+        onClicked: root.router.open(info.page)
+    }
+
+    PersonFoot {
+        id: person
+        y: root.height - height
+        width: root.width - 1
+        app: root.app
+        rail: root.rail
+        foldable: root.foldable
+    }
+}

@@ -1,0 +1,215 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The signed-out window: one column, one question at a time.
+Rectangle {
+    id: root
+
+    required property SignInModel model
+
+    color: Theme.surface
+
+    Component.onCompleted: model.checkMethods()
+
+    Flickable {
+        anchors.fill: parent
+        contentHeight: Math.max(height, column.height + 96)
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+
+        Column {
+            id: column
+            x: Math.round((parent.width - width) / 2)
+            y: Math.max(48, Math.round((parent.height - height) / 2) - 12)
+            width: 348
+
+            OrvMark {
+                size: 40
+            }
+
+            Item { width: 1; height: 24 }
+
+            Text {
+                width: parent.width
+                height: 32
+                verticalAlignment: Text.AlignVCenter
+                text: root.model.step === "email" ? "Sign in to Orvella"
+                    : root.model.step === "password" ? "Enter your password" : "Check your email"
+                font: Theme.signInTitle
+                color: Theme.text
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            Text {
+                visible: root.model.step !== "email"
+                width: parent.width
+                topPadding: 4
+                lineHeightMode: Text.FixedHeight
+                lineHeight: 22
+                text: root.model.step === "code" ? "We emailed a 6-digit code to" : "Signing in as"
+                font: Theme.reading
+                color: Theme.text2
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            Text {
+                visible: root.model.step !== "email"
+                width: parent.width
+                height: 22
+                elide: Text.ElideMiddle
+                textFormat: Text.PlainText
+                text: root.model.step === "code" ? root.model.codeSentTo : root.model.email.trim()
+                font: Theme.readingStrong
+                color: Theme.text
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            Item { width: 1; height: 20 }
+
+            // One step's fields at a time, so that Tab never lands on those of another.
+            Loader {
+                id: step
+                width: parent.width
+                focus: true
+                sourceComponent: root.model.waitingForGoogle ? google
+                    : root.model.step === "email" ? email
+                    : root.model.step === "password" ? password : code
+                onLoaded: item["forceActiveFocus"]()
+            }
+
+            Item {
+                visible: orLine.visible
+                width: 1
+                height: 20
+            }
+
+            Item {
+                id: orLine
+                visible: googleButton.visible
+                width: parent.width
+                height: 20
+
+                Rectangle {
+                    y: 10
+                    width: parent.width
+                    height: 1
+                    color: Theme.border
+                }
+
+                Rectangle {
+                    anchors.centerIn: parent
+                    width: orText.implicitWidth + 24
+                    height: 20
+                    color: Theme.surface
+
+                    Text {
+                        id: orText
+                        anchors.centerIn: parent
+                        text: "or"
+                        font: Theme.small
+                        color: Theme.text3
+                    }
+                }
+            }
+
+            Item {
+                visible: googleButton.visible
+                width: 1
+                height: 14
+            }
+
+            OrvButton {
+                id: googleButton
+                visible: root.model.offersGoogle && !root.model.waitingForGoogle
+                width: parent.width
+                size: "large"
+                text: "Continue with Google"
+                iconName: "internet-services"
+                enabled: !root.model.busy
+                onClicked: root.model.continueWithGoogle()
+            }
+        }
+    }
+
+    Component {
+        id: email
+
+        SignInStep {
+            model: root.model
+            submitText: "Continue"
+            onSubmitted: root.model.submitEmail()
+
+            OrvField {
+                width: parent.width
+                focus: true
+                large: true
+                label: "Work email"
+                placeholder: "you@company.com"
+                inputMethodHints: Qt.ImhEmailCharactersOnly | Qt.ImhNoAutoUppercase
+                text: root.model.email
+                onEdited: text => root.model.email = text
+                onAccepted: root.model.submitEmail()
+            }
+        }
+    }
+
+    Component {
+        id: password
+
+        SignInStep {
+            model: root.model
+            submitText: "Sign in"
+            alternative: root.model.offersCode ? "Email me a code instead" : ""
+            onSubmitted: root.model.submitPassword()
+            onAlternativeChosen: root.model.emailCodeInstead()
+
+            OrvField {
+                width: parent.width
+                focus: true
+                large: true
+                secret: true
+                label: "Password"
+                text: root.model.password
+                onEdited: text => root.model.password = text
+                onAccepted: root.model.submitPassword()
+            }
+        }
+    }
+
+    Component {
+        id: code
+
+        SignInStep {
+            model: root.model
+            submitText: "Sign in"
+            alternative: root.model.resendLabel
+            alternativeEnabled: root.model.resendIn === 0 && !root.model.busy
+            onSubmitted: root.model.submitCode()
+            onAlternativeChosen: root.model.resendCode()
+
+            OrvCodeField {
+                width: parent.width
+                focus: true
+                label: "6-digit code"
+                error: root.model.error
+                text: root.model.code
+                onEdited: text => root.model.code = text
+                onComplete: root.model.submitCode()
+                Keys.onReturnPressed: root.model.submitCode()
+                Keys.onEnterPressed: root.model.submitCode()
+            }
+        }
+    }
+
+    Component {
+        id: google
+
+        GoogleWait {
+            model: root.model
+        }
+    }
+}

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+
+/// The window's messages, above everything, dialogs included.
+Item {
+    id: root
+
+    required property Toasts toasts
+    readonly property bool hasFocus: stack.activeFocus
+
+    parent: T.Overlay.overlay
+    anchors.fill: parent
+    z: 1000
+
+    function toggleFocus() {
+        stack.toggleFocus();
+    }
+
+    OrvToastStack {
+        id: stack
+        anchors { right: parent.right; bottom: parent.bottom; margins: 20 }
+        model: root.toasts
+        onHeldChanged: root.toasts.hold(held)
+        onActionRequested: id => root.toasts.act(id)
+        onCloseRequested: id => root.toasts.dismiss(id)
+    }
+}

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQml
+import Orvella.Design
+import Orvella.App
+
+/// The person's workspaces; with many, letters typed jump to a name.
+OrvMenu {
+    id: root
+
+    required property AppModel app
+
+    title: "Workspaces"
+
+    Instantiator {
+        model: root.app.workspaces
+
+        OrvMenuItem {
+            required property var modelData
+
+            text: modelData.name
+            iconName: modelData.current ? "checkmark" : "system-users"
+            shortcutText: modelData.slug
+            onTriggered: root.app.openWorkspace(modelData.slug)
+        }
+
+        onObjectAdded: (index, object) => root.insertItem(index, object)
+        onObjectRemoved: (index, object) => root.removeItem(object)
+    }
+}
