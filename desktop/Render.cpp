@@ -66,7 +66,11 @@ QList<Scene> campaignScenes() {
       {u"campaigns-sorted"_s, true, [](Stage& s) { campaigns(s).toggleSort(u"replied"_s); }},
       {u"campaigns-filtered"_s, true, [](Stage& s) { campaigns(s).setFilter(u"paused"_s); }},
       {u"campaigns-none-match"_s, true, [](Stage& s) { campaigns(s).setQuery(u"nothing like this"_s); }},
-      {u"campaigns-menu"_s, true, [](Stage& s) { s.press(Qt::Key_F10, Qt::ShiftModifier); }},
+      {u"campaigns-menu"_s, true,
+       [](Stage& s) {
+         s.press(Qt::Key_Down);
+         s.press(Qt::Key_F10, Qt::ShiftModifier);
+       }},
       {u"campaigns-rename"_s, true, [](Stage& s) { campaigns(s).beginRename(firstCampaign(s)); }},
       {u"campaigns-new"_s, true, [](Stage& s) { campaigns(s).beginCreate(); }},
       {u"campaigns-delete"_s, true, [](Stage& s) { campaigns(s).remove(firstCampaign(s)); }},

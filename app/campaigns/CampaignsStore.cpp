@@ -140,18 +140,21 @@ int CampaignsStore::archivedCount() const {
 }
 
 QVariantList CampaignsStore::statusCounts() const {
+  const bool known = m_list.value() != nullptr;
   QMap<QString, int> counts;
   for (const CampaignSummary& item : m_index.items()) ++counts[item.status.rawValue];
-  QVariantList segments{
-      QVariantMap{{u"key"_s, u"all"_s}, {u"label"_s, u"All"_s}, {u"count"_s, m_index.items().size()}}};
+  QVariantList segments{QVariantMap{
+      {u"key"_s, u"all"_s}, {u"label"_s, u"All"_s}, {u"count"_s, known ? int(m_index.items().size()) : -1}}};
   for (const auto& word : {u"running"_s, u"paused"_s, u"draft"_s, u"completed"_s}) {
-    segments.append(
-        QVariantMap{{u"key"_s, word}, {u"label"_s, CampaignStatus{word}.label()}, {u"count"_s, counts.value(word)}});
+    segments.append(QVariantMap{
+        {u"key"_s, word}, {u"label"_s, CampaignStatus{word}.label()}, {u"count"_s, known ? counts.value(word) : -1}});
   }
   return segments;
 }
 
 QString CampaignsStore::summary() const {
+  // Before the first load "0 running" would be a claim that nobody checked.
+  if (!m_list.value()) return {};
   qint64 running = 0, sent = 0, positive = 0;
   for (const CampaignSummary& item : m_index.items()) {
     running += item.status.rawValue == "running"_L1;
@@ -164,11 +167,13 @@ QString CampaignsStore::summary() const {
 }
 
 QString CampaignsStore::countText() const {
+  if (!m_list.value()) return {};
   const QString all = Format::counted(m_index.items().size(), u"campaign"_s, u"campaigns"_s);
   return m_rows.count() == m_index.items().size() ? all : Format::grouped(m_rows.count()) + u" of "_s + all;
 }
 
 QString CampaignsStore::archivedCountText() const {
+  if (!m_archived.value()) return {};
   return Format::counted(m_archivedRows.count(), u"archived campaign"_s, u"archived campaigns"_s);
 }
 

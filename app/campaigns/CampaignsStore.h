@@ -74,7 +74,7 @@ class CampaignsStore final : public Store {
 
   /// Archived campaigns there are; -1 while unknown.
   int archivedCount() const;
-  /// Key, label and count of each status filter.
+  /// Key, label and count of each status filter; the count is -1 while unknown.
   QVariantList statusCounts() const;
   /// "4 running · 28,448 emails sent · 226 positive replies".
   QString summary() const;

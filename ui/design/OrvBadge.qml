@@ -14,7 +14,7 @@ Rectangle {
                                : tone === "negative" ? Theme.negative : tone === "accent" ? Theme.accentText
                                : Theme.neutral
 
-    implicitWidth: label.implicitWidth + 26
+    implicitWidth: label.x + label.implicitWidth + 8
     implicitHeight: 20
     radius: height / 2
     color: tone === "positive" ? Theme.positiveSubtle : tone === "warning" ? Theme.warningSubtle
@@ -33,7 +33,7 @@ Rectangle {
     }
     Text {
         id: label
-        x: 18
+        x: root.shape === "ring" ? 20 : 18
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         text: root.text

@@ -99,7 +99,7 @@ T.Button {
                 value: root.count
             }
             OrvKeyCap {
-                visible: root.keys !== ""
+                visible: root.keys !== "" && !root.iconOnly
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.keys
                 onFill: root.filled

@@ -149,7 +149,8 @@ T.Popup {
 
                 Column {
                     id: form
-                    visible: visibleChildren.length > 0
+                    // Not by visibleChildren: those of a hidden parent are hidden.
+                    visible: children.length > 0
                     width: parent.width
                     topPadding: 6
                     spacing: 16

@@ -78,7 +78,7 @@ T.Popup {
             anchors { right: parent.right; rightMargin: 12 }
             y: 11
             kind: "ghost"
-            iconName: "dialog-close"
+            iconName: "orv-close"
             iconOnly: true
             text: "Close"
             onClicked: root.close()

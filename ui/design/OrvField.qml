@@ -132,7 +132,7 @@ FocusScope {
             kind: "ghost"
             size: "small"
             iconOnly: true
-            iconName: "dialog-close"
+            iconName: "orv-close"
             text: qsTr("Clear")
             activeFocusOnTab: false
             onClicked: {

@@ -38,7 +38,8 @@ FocusScope {
     }
 
     Rectangle {
-        readonly property Item target: root.currentIndex >= 0 ? buttons.itemAt(root.currentIndex) : null
+        // The buttons come after their number is known.
+        readonly property Item target: root.currentIndex >= 0 && buttons.count > root.currentIndex ? buttons.itemAt(root.currentIndex) : null
         visible: target !== null
         x: target ? target.x + row.x : 0
         y: 2

@@ -100,7 +100,7 @@ Rectangle {
         x: root.width - width - 8
         focus: !action.visible
         text: "Close"
-        iconName: "dialog-close"
+        iconName: "orv-close"
         onClicked: root.closeRequested()
     }
 }
