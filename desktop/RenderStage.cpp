@@ -58,7 +58,8 @@ class Stage::Desktop final : public Browser,
   void setWindowMaximized(bool) override {}
 };
 
-Stage::Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark)
+Stage::Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark,
+             bool reducedMotion)
     : m_service(m_clock), m_transport(m_service), m_keychain(u"com.orvella.render"_s), m_desktop(new Desktop) {
   m_transport.mode = firstLoad;
   Platform platform{m_transport,
@@ -76,7 +77,7 @@ Stage::Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad,
   if (signedIn) platform.demoSession = StoredSession::from(m_service.signInDirectly(), m_clock.now());
   m_client = std::make_unique<ClientWindow>(engine, platform);
   app().appearance()->setSystemDark(dark);
-  app().appearance()->setReducedMotion(true);
+  app().appearance()->setReducedMotion(reducedMotion);
   app().start();
   m_window = m_client->open();
   if (!m_window) return;

@@ -25,11 +25,12 @@ class StagedTransport final : public APITransport {
 /// person's settings is touched.
 class Stage {
  public:
-  Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark);
+  Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark, bool reducedMotion = true);
   ~Stage();
 
   bool isReady() const { return m_window != nullptr; }
   AppModel& app() { return m_client->app(); }
+  QQuickWindow& window() { return *m_window; }
   StagedTransport& transport() { return m_transport; }
 
   /// Straight to the window: keys of shortcuts, which the desktop's entrance matches, do nothing.

@@ -21,16 +21,23 @@ Loader {
         }
     }
 
+    // Not from within the popup's own signal: it may have more to say.
+    function release() {
+        if (!item || item["visible"])
+            return;
+        // Wanted again while it faded out.
+        if (shown)
+            item["open"]();
+        else
+            active = false;
+    }
+
     Connections {
         target: root.item
         ignoreUnknownSignals: true
 
         function onClosed() {
-            // Wanted again while it faded out.
-            if (root.shown)
-                root.item["open"]();
-            else
-                root.active = false;
+            Qt.callLater(root.release);
         }
     }
 }

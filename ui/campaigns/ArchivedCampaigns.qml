@@ -75,7 +75,7 @@ FocusScope {
                 OrvColumn { id: sentColumn; key: "sent"; title: "Sent"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true },
                 OrvColumn { id: deletedColumn; key: "deleted"; title: "Deleted"; preferredWidth: 104; sortable: true },
                 OrvColumn { id: goneColumn; key: "gone"; title: "Goes for good"; preferredWidth: 112; sortable: true },
-                OrvColumn { id: actionsColumn; key: "actions"; title: ""; preferredWidth: 148; resizable: false }
+                OrvColumn { id: actionsColumn; key: "actions"; title: "Actions"; titleHidden: true; preferredWidth: 148; resizable: false }
             ]
             delegate: OrvTableRow {
                 id: row
@@ -97,7 +97,6 @@ FocusScope {
 
                 OrvCell {
                     column: actionsColumn
-                    label: "Actions"
 
                     OrvButton {
                         x: parent.width - width - 34

@@ -112,7 +112,7 @@ FocusScope {
                 OrvColumn { id: repliedCells; key: "replied"; title: "Replied"; preferredWidth: 80; alignment: Text.AlignRight; sortable: true },
                 OrvColumn { id: positiveCells; key: "positive"; title: "Positive"; preferredWidth: 64; alignment: Text.AlignRight; sortable: true },
                 OrvColumn { id: bouncedCells; key: "bounced"; title: "Bounced"; preferredWidth: 80; alignment: Text.AlignRight; sortable: true; visible: !root.narrow },
-                OrvColumn { id: actionsCells; key: "actions"; title: ""; preferredWidth: 40; resizable: false }
+                OrvColumn { id: actionsCells; key: "actions"; title: "Actions"; titleHidden: true; preferredWidth: 40; resizable: false }
             ]
             delegate: CampaignRow {
                 nameColumn: nameCells

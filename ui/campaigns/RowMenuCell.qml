@@ -8,8 +8,6 @@ OrvCell {
     required property OrvTableRow row
     property string name: ""
 
-    label: "Actions"
-
     OrvButton {
         id: more
         x: root.width - width

@@ -5,6 +5,8 @@ QtObject {
     /// Names the column in sorts and saved widths.
     required property string key
     property string title: ""
+    /// The title is only spoken: what the column holds explains itself.
+    property bool titleHidden: false
     property int alignment: Text.AlignLeft
     property bool visible: true
     property bool sortable: false

@@ -14,7 +14,7 @@ T.Popup {
     readonly property alias currentIndex: list.currentIndex
     readonly property alias count: list.count
     readonly property string resultText: list.count + (list.count === 1 ? " result" : " results")
-    property Item opener: null
+    readonly property FocusReturn focusReturn: FocusReturn {}
 
     signal queryEdited(string text)
     signal chosen(int row)
@@ -34,18 +34,12 @@ T.Popup {
     }
 
     onAboutToShow: {
-        const window = parent ? parent.Window.window : null;
-        opener = window ? window.activeFocusItem : null;
+        focusReturn.remember(parent);
         list.currentIndex = 0;
         input.forceActiveFocus(Qt.PopupFocusReason);
         input.selectAll();
     }
-    onClosed: {
-        // What was chosen may have taken the focus elsewhere already.
-        if (opener && opener.visible)
-            opener.forceActiveFocus(Qt.PopupFocusReason);
-        opener = null;
-    }
+    onAboutToHide: focusReturn.giveBack()
 
     function run(index: int) {
         if (index < 0 || index >= list.count)

@@ -32,7 +32,7 @@ T.Popup {
     signal confirmed()
     signal cancelled()
 
-    property Item opener: null
+    readonly property FocusReturn focusReturn: FocusReturn {}
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -50,21 +50,13 @@ T.Popup {
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.dialogDuration; easing.type: Easing.OutCubic }
     }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.dialogDuration; easing.type: Easing.InCubic }
-    }
 
     onAboutToShow: {
-        const window = parent ? parent.Window.window : null;
-        opener = window ? window.activeFocusItem : null;
+        focusReturn.remember(parent);
         word.text = "";
         firstFocus().forceActiveFocus(Qt.PopupFocusReason);
     }
-    onClosed: {
-        if (opener && opener.visible)
-            opener.forceActiveFocus(Qt.PopupFocusReason);
-        opener = null;
-    }
+    onAboutToHide: focusReturn.giveBack()
 
     function firstFocus(): Item {
         if (initialFocus)

@@ -8,7 +8,7 @@ T.Popup {
 
     property string title: ""
     readonly property bool beside: parent ? parent.width >= 1280 : false
-    property Item opener: null
+    readonly property FocusReturn focusReturn: FocusReturn {}
 
     default property alias content: body.data
 
@@ -25,20 +25,12 @@ T.Popup {
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.dialogDuration; easing.type: Easing.OutCubic }
     }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.dialogDuration; easing.type: Easing.InCubic }
-    }
 
     onAboutToShow: {
-        const window = parent ? parent.Window.window : null;
-        opener = window ? window.activeFocusItem : null;
+        focusReturn.remember(parent);
     }
     onOpened: contentItem.forceActiveFocus(Qt.PopupFocusReason)
-    onClosed: {
-        if (opener && opener.visible)
-            opener.forceActiveFocus(Qt.PopupFocusReason);
-        opener = null;
-    }
+    onAboutToHide: focusReturn.giveBack()
 
     T.Overlay.modal: Rectangle { color: Theme.scrim }
 

@@ -7,8 +7,7 @@ import QtQuick.Templates as T
 T.Menu {
     id: root
 
-    /// What had the focus before, and gets it back.
-    property Item opener: null
+    readonly property FocusReturn focusReturn: FocusReturn {}
 
     width: Math.min(320, Math.max(200, contentItem.implicitWidth + leftPadding + rightPadding))
     implicitHeight: contentHeight + topPadding + bottomPadding
@@ -23,19 +22,11 @@ T.Menu {
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.menuDuration; easing.type: Easing.OutCubic }
     }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; from: 1; to: 0; duration: Theme.menuDuration; easing.type: Easing.InCubic }
-    }
 
     onAboutToShow: {
-        const window = parent ? parent.Window.window : null;
-        opener = window ? window.activeFocusItem : null;
+        focusReturn.remember(parent);
     }
-    onClosed: {
-        if (opener && opener.visible)
-            opener.forceActiveFocus(Qt.PopupFocusReason);
-        opener = null;
-    }
+    onAboutToHide: focusReturn.giveBack()
 
     /// Opens under `item`, at its right edge when `alignRight`, above it where there is no room below.
     function openAt(item: Item, alignRight: bool) {

@@ -9,18 +9,20 @@ T.MenuItem {
     property string iconName: ""
     /// The key that does the same, as the person reads it ("Ctrl D").
     property string shortcutText: ""
+    /// A second line, where a choice needs words.
+    property string detail: ""
     property bool danger: false
     readonly property color ink: danger ? Theme.negative : Theme.text
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: visible ? 30 : 0
+    implicitHeight: !visible ? 0 : detail === "" ? 30 : 48
     leftPadding: 10
     rightPadding: 8
     opacity: enabled ? 1 : 0.6
 
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
-    Accessible.description: shortcutText
+    Accessible.description: detail !== "" ? detail : shortcutText
     Accessible.checkable: checkable
     Accessible.checked: checked
     Accessible.onPressAction: {
@@ -43,13 +45,26 @@ T.MenuItem {
             id: label
             x: root.iconName === "" && !root.checkable ? 0 : 22
             width: Math.min(implicitWidth, parent.width - x - (shortcut.visible ? shortcut.implicitWidth + 12 : 0))
-            height: parent.height
+            y: root.detail === "" ? 0 : 4
+            height: root.detail === "" ? parent.height : 20
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
             textFormat: Text.PlainText
             text: root.text
             font: Theme.body
             color: root.ink
+        }
+
+        Text {
+            visible: root.detail !== ""
+            x: label.x
+            y: 24
+            width: parent.width - x
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            text: root.detail
+            font: Theme.small
+            color: Theme.text2
         }
 
         Text {

@@ -44,6 +44,7 @@ Item {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
+        visible: !root.column.titleHidden
         text: root.column.title
         font: Theme.smallStrong
         color: root.sorted || area.containsMouse && root.column.sortable ? Theme.text : Theme.text3

@@ -17,12 +17,13 @@ OnDemand {
         property int token: 0
 
         dialogWidth: 400
-        onAboutToShow: take()
+        // Before it shows: which button gets the focus depends on the question.
+        Component.onCompleted: take()
         onConfirmed: root.overlays.answer(token, true)
         onCancelled: root.overlays.answer(token, false)
 
         function take() {
-            if (!root.overlays.asking)
+            if (!root.overlays.asking || token === root.overlays.token)
                 return;
             token = root.overlays.token;
             title = root.overlays.title;
@@ -31,6 +32,8 @@ OnDemand {
             cancelText = root.overlays.cancelLabel;
             destructive = root.overlays.destructive;
             typedWord = root.overlays.typedWord;
+            if (visible)
+                firstFocus().forceActiveFocus(Qt.PopupFocusReason);
         }
 
         property Connections follower: Connections {

@@ -10,6 +10,9 @@ FocusScope {
     property string iconName: ""
     property string heading: ""
     property string text: ""
+    property string actionText: ""
+
+    signal actionRequested()
 
     PageHeader {
         id: header
@@ -32,5 +35,7 @@ FocusScope {
         iconName: root.iconName
         title: root.heading
         text: root.text
+        actionText: root.actionText
+        onActionRequested: root.actionRequested()
     }
 }

@@ -1,0 +1,193 @@
+#include <QQuickItem>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "desktop/RenderStage.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+namespace {
+
+QStringList warnings;
+QtMessageHandler previousHandler;
+
+void collect(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (type == QtWarningMsg && QString::fromLatin1(context.category) != "orvella.api"_L1) warnings.append(message);
+  previousHandler(type, context, message);
+}
+
+}  // namespace
+
+/// The real window on the sample workspace, by keyboard alone.
+class WindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  std::unique_ptr<QQmlEngine> m_engine;
+  std::unique_ptr<Stage> m_stage;
+
+  void open(bool signedIn, bool reducedMotion = true) {
+    m_stage = std::make_unique<Stage>(*m_engine, signedIn, StagedTransport::Mode::passing, QSize(1280, 800), false,
+                                      reducedMotion);
+    QVERIFY(m_stage->isReady());
+    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
+  }
+
+  CampaignsStore& campaigns() { return *m_stage->app().session()->campaigns(); }
+  QString nameAt(int row) {
+    return campaigns().rows()->index(row, 0).data(campaigns().rows()->roleNames().key("name")).toString();
+  }
+  QString lastMessage() {
+    const auto& toasts = m_stage->app().toasts()->toasts();
+    return toasts.isEmpty() ? QString() : toasts.last().message;
+  }
+  QQuickItem* focused() { return m_stage->window().activeFocusItem(); }
+  bool rowHasFocus() { return focused() && focused()->property("key").isValid(); }
+
+ private Q_SLOTS:  // NOLINT: Qt Test calls them by name
+  void initTestCase() {
+    previousHandler = qInstallMessageHandler(collect);
+    m_engine = std::make_unique<QQmlEngine>();
+    ClientWindow::prepare(*m_engine);
+  }
+  void init() { warnings.clear(); }
+  void cleanup() {
+    m_stage.reset();
+    QCOMPARE(warnings, QStringList());
+  }
+  void cleanupTestCase() { qInstallMessageHandler(previousHandler); }
+
+  void signsInByPassword() {
+    open(false);
+    type(u"maren@northgate.example"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(m_stage->app().signIn()->step(), SignInModel::Step::password);
+    type(u"wrong"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(m_stage->app().signIn()->error(), u"That password isn’t right."_s);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(u"northgate"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedIn);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+  }
+
+  void worksThroughTheListByKeyboard_data() {
+    QTest::addColumn<bool>("reducedMotion");
+    QTest::newRow("at once") << true;
+    QTest::newRow("with movement") << false;
+  }
+  void worksThroughTheListByKeyboard() {
+    QFETCH(bool, reducedMotion);
+    open(true, reducedMotion);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    press(Qt::Key_Home);
+    QTRY_VERIFY(rowHasFocus());
+    const QString first = nameAt(0);
+
+    press(Qt::Key_F10, Qt::ShiftModifier);
+    QTRY_VERIFY(!rowHasFocus());
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(lastMessage(), first + u" paused"_s);
+    QTRY_VERIFY2(rowHasFocus(), "the menu gives the focus back");
+
+    press(Qt::Key_F2);
+    QTRY_VERIFY(campaigns().rename()->shown());
+    QTRY_VERIFY(!rowHasFocus());
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(u"Fleet two"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(nameAt(0), u"Fleet two"_s);
+    QTRY_VERIFY2(rowHasFocus(), "the dialog gives the focus back");
+
+    press(Qt::Key_D, Qt::ControlModifier);
+    QTRY_VERIFY(lastMessage().endsWith(u"created, without leads"_s));
+    QTRY_COMPARE(campaigns().rows()->count(), 11);
+
+    const QString current = focused()->property("label").toString();
+    press(Qt::Key_Delete);
+    QTRY_VERIFY(m_stage->app().overlays()->asking());
+    QTRY_VERIFY(!rowHasFocus());
+    press(Qt::Key_Return);
+    QTRY_VERIFY2(!m_stage->app().overlays()->asking(), "the safe button has the focus");
+    QCOMPARE(campaigns().rows()->count(), 11);
+    QTRY_VERIFY(rowHasFocus());
+    QCOMPARE(focused()->property("label").toString(), current);
+
+    press(Qt::Key_Delete);
+    QTRY_VERIFY(m_stage->app().overlays()->asking());
+    press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    QTRY_VERIFY2(rowHasFocus(), "a row that goes hands the focus to its neighbour");
+
+    press(Qt::Key_F6);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(campaigns().rows()->count(), 11);
+
+    press(Qt::Key_Slash);
+    type(u"clinic"_s);
+    QTRY_COMPARE(campaigns().rows()->count(), 1);
+    press(Qt::Key_Escape);
+    QTRY_COMPARE(campaigns().rows()->count(), 11);
+  }
+
+  void goesEverywhereByKeyboard() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    auto* router = m_stage->app().router();
+    press(Qt::Key_G);
+    press(Qt::Key_D);
+    QCOMPARE(router->page(), Page::dashboard);
+    press(Qt::Key_G);
+    press(Qt::Key_C);
+    QCOMPARE(router->page(), Page::campaigns);
+
+    press(Qt::Key_K, Qt::ControlModifier);
+    QTRY_VERIFY(router->paletteOpen());
+    type(u"archived"_s);
+    press(Qt::Key_Return);
+    QTRY_VERIFY(campaigns().showArchived());
+    QTRY_COMPARE(campaigns().archivedRows()->count(), 6);
+    QTRY_VERIFY(!router->paletteOpen());
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(!campaigns().showArchived());
+
+    press(Qt::Key_N);
+    QTRY_VERIFY(campaigns().newCampaign()->shown());
+    type(u"Brand new"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(lastMessage(), u"Brand new created"_s);
+    QTRY_VERIFY(!router->campaign().isEmpty());
+
+    press(Qt::Key_B, Qt::ControlModifier);
+    QVERIFY(router->collapsed());
+    press(Qt::Key_Slash, Qt::ControlModifier);
+    QVERIFY(router->shortcutsOpen());
+    QTest::qWait(0);
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(!router->shortcutsOpen());
+  }
+
+  void leavesNothingOfAWorkspaceBehind() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    campaigns().beginRename(campaigns().list()->value()->items.first().id);
+    m_stage->app().openWorkspace(u"caldera"_s);
+    QTRY_COMPARE(m_stage->app().session()->slug(), u"caldera"_s);
+    QTRY_VERIFY(campaigns().list()->value() != nullptr);
+    m_stage->app().signOut();
+    QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedOut);
+    QVERIFY(!m_stage->app().session());
+  }
+};
+
+QTEST_MAIN(WindowTest)
+#include "window_test.moc"

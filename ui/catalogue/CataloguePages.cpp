@@ -1,0 +1,45 @@
+#include "ui/catalogue/CataloguePages.h"
+
+#include <QtQml/qqmlextensionplugin.h>
+#include <QQmlComponent>
+
+Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
+Q_IMPORT_QML_PLUGIN(Orvella_CataloguePlugin)
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::catalogue {
+
+QStringList pages() { return {u"Buttons"_s, u"Fields"_s, u"Labels"_s, u"Table"_s, u"Popups"_s, u"States"_s}; }
+
+QList<Sheet> sheets() {
+  QList<Sheet> list;
+  for (const QString& page : pages()) list.append({page, {}});
+  for (const auto& popup : {u"menu"_s, u"dialog"_s, u"danger"_s, u"palette"_s, u"drawer"_s})
+    list.append({u"Popups"_s, popup});
+  return list;
+}
+
+void prepare(QQmlEngine& engine) { engine.addImportPath(u"qrc:/qt/qml"_s); }
+
+std::unique_ptr<QQuickWindow> open(QQmlEngine& engine, const Sheet& sheet, bool bare) {
+  QQmlComponent component(&engine, QUrl(u"qrc:/qt/qml/Orvella/Catalogue/CatalogueWindow.qml"_s));
+  if (!component.isReady()) {
+    qCritical("%s", qPrintable(component.errorString()));
+    return nullptr;
+  }
+  std::unique_ptr<QObject> made(component.createWithInitialProperties(
+      {{u"pages"_s, pages()}, {u"page"_s, sheet.page}, {u"popup"_s, sheet.popup}, {u"bare"_s, bare}}));
+  auto* window = qobject_cast<QQuickWindow*>(made.get());
+  if (window) made.release();
+  return std::unique_ptr<QQuickWindow>(window);
+}
+
+void setTheme(QQmlEngine& engine, bool dark, bool reducedMotion) {
+  const int id = qmlTypeId("Orvella.Design", 1, 0, "Theme");
+  auto* theme = engine.singletonInstance<QObject*>(id);
+  theme->setProperty("dark", dark);
+  theme->setProperty("reducedMotion", reducedMotion);
+}
+
+}  // namespace orv::catalogue

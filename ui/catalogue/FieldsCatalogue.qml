@@ -1,0 +1,66 @@
+import QtQuick
+import Orvella.Design
+
+/// What takes text or a choice, in each state.
+Rectangle {
+    id: root
+
+    readonly property var roles: [
+        {key: "admin", label: "Admin", text: "Everything but closing the workspace"},
+        {key: "member", label: "Member", text: "Writes and runs campaigns"},
+        {key: "viewer", label: "Viewer", text: "Looks, changes nothing"}]
+
+    color: Theme.surface
+
+    Row {
+        x: 24
+        y: 24
+        spacing: 40
+
+        Column {
+            width: 348
+            spacing: 16
+
+            OrvField { width: parent.width; label: "Campaign name"; placeholder: "Fleet maintenance, Benelux" }
+            OrvField { width: parent.width; label: "Daily limit"; text: "30"; help: "Most inboxes stay healthy at 30 a day." }
+            OrvField { width: parent.width; label: "Work email"; text: "maren@northgate"; error: "That isn’t a whole address." }
+            OrvField { width: parent.width; label: "Password"; secret: true; text: "northgate" }
+            OrvField { width: parent.width; label: "Off"; text: "Fixed by the owner"; enabled: false }
+            OrvField { width: parent.width; search: true; placeholder: "Search campaigns"; text: "fleet" }
+            OrvCodeField { width: parent.width; text: "4192" }
+            OrvCodeField { width: parent.width; text: "419206"; error: "That code isn’t right. 2 tries left." }
+        }
+
+        Column {
+            spacing: 16
+
+            OrvSelect { label: "Role"; options: root.roles; current: "member"; onChosen: key => current = key }
+            OrvSelect { label: "Role"; options: root.roles }
+            OrvSelect { label: "Role"; options: root.roles; current: "admin"; enabled: false }
+            OrvCheckbox { text: "Open tracking"; checked: true }
+            OrvCheckbox { text: "Click tracking" }
+            OrvCheckbox { text: "Some of them"; tristate: true; checkState: Qt.PartiallyChecked }
+            OrvCheckbox { text: "Off"; enabled: false }
+            OrvSwitch { text: "Warm-up"; checked: true }
+            OrvSwitch { text: "Pauses at replies" }
+            OrvSwitch { text: "Off"; enabled: false }
+            OrvSegments {
+                label: "Status"
+                options: [{key: "all", label: "All", count: 10}, {key: "running", label: "Running", count: 4}, {key: "draft", label: "Draft", count: -1}]
+                current: "all"
+                onChosen: key => current = key
+            }
+            OrvTabs {
+                options: [{key: "sequence", label: "Sequence", count: -1}, {key: "leads", label: "Leads", count: 420}]
+                current: "sequence"
+                onChosen: key => current = key
+            }
+            Row {
+                spacing: 8
+
+                OrvChip { key: "Industry"; value: "Insurance" }
+                OrvChip { key: "Country"; value: "Austria"; exclusion: true }
+            }
+        }
+    }
+}

@@ -1,0 +1,133 @@
+import QtQuick
+import QtQml
+import QtQuick.Templates as T
+import Orvella.Design
+
+/// One of several values. Looks like a button, opens a menu of the values; letters typed on it choose at once.
+FocusScope {
+    id: root
+
+    property string label: ""
+    /// Maps with key, label and, where a choice needs words, text.
+    property var options: []
+    property string current: ""
+    property string placeholder: "Choose…"
+    property string hint: ""
+
+    readonly property int currentIndex: options.findIndex(option => option.key === current)
+    readonly property string valueText: currentIndex >= 0 ? options[currentIndex].label : placeholder
+
+    signal chosen(string key)
+
+    implicitWidth: 208
+    implicitHeight: (label !== "" ? 22 : 0) + Theme.controlHeight
+
+    function jump(letter: string) {
+        for (let i = 1; i <= options.length; ++i) {
+            const option = options[(currentIndex + i) % options.length];
+            if (option.label.toLowerCase().startsWith(letter.toLowerCase())) {
+                chosen(option.key);
+                return;
+            }
+        }
+    }
+
+    function open() {
+        menu.active = true;
+        menu.item["openAt"](button, false);
+    }
+
+    Text {
+        visible: root.label !== ""
+        text: root.label
+        font: Theme.smallStrong
+        color: Theme.text2
+        Accessible.ignored: true
+    }
+
+    T.AbstractButton {
+        id: button
+        y: root.label !== "" ? 22 : 0
+        width: root.width
+        height: Theme.controlHeight
+        focus: true
+        focusPolicy: Qt.StrongFocus
+        opacity: enabled ? 1 : 0.6
+
+        Accessible.role: Accessible.ComboBox
+        Accessible.name: root.label === "" ? root.valueText : root.label + ", " + root.valueText
+        Accessible.description: root.hint
+        Accessible.onPressAction: if (enabled) clicked()
+        Keys.onPressed: event => {
+            event.accepted = true;
+            if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Down || event.key === Qt.Key_Up)
+                root.open();
+            else if (event.text.length === 1 && event.text > " " && !(event.modifiers & Qt.ControlModifier))
+                root.jump(event.text);
+            else
+                event.accepted = false;
+        }
+        onClicked: root.open()
+
+        background: Rectangle {
+            radius: Theme.radiusControl
+            color: button.down ? Theme.pressed : button.hovered ? Theme.hover : Theme.raised
+            border { width: 1; color: Theme.borderField }
+            FocusRing { visible: button.visualFocus }
+        }
+
+        contentItem: Item {
+            Text {
+                x: 12
+                width: parent.width - x - 32
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: root.valueText
+                font: Theme.body
+                color: root.currentIndex >= 0 ? Theme.text : Theme.text3
+                Accessible.ignored: true
+            }
+
+            OrvIcon {
+                anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
+                name: "go-down"
+                size: 12
+                color: Theme.text3
+            }
+        }
+
+        OrvTooltip {
+            text: root.hint
+            shown: button.hovered && text !== ""
+        }
+    }
+
+    Loader {
+        id: menu
+        active: false
+        sourceComponent: OrvMenu {
+            id: list
+            title: root.label
+            width: Math.max(root.width, 200)
+
+            Instantiator {
+                model: root.options
+
+                OrvMenuItem {
+                    required property var modelData
+
+                    text: modelData.label
+                    detail: modelData.text ?? ""
+                    checkable: true
+                    checked: modelData.key === root.current
+                    onTriggered: root.chosen(modelData.key)
+                }
+
+                onObjectAdded: (index, object) => list.insertItem(index, object)
+                onObjectRemoved: (index, object) => list.removeItem(object)
+            }
+        }
+    }
+}
