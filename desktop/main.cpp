@@ -124,6 +124,7 @@ int run(QGuiApplication& application, const Options& options) {
   });
 
   window->show();
+  window->requestActivate();
   return application.exec();
 }
 

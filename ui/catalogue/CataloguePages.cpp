@@ -22,24 +22,32 @@ QList<Sheet> sheets() {
 
 void prepare(QQmlEngine& engine) { engine.addImportPath(u"qrc:/qt/qml"_s); }
 
-std::unique_ptr<QQuickWindow> open(QQmlEngine& engine, const Sheet& sheet, bool bare) {
+namespace {
+
+std::unique_ptr<QQuickWindow> openWith(QQmlEngine& engine, const QVariantMap& properties) {
   QQmlComponent component(&engine, QUrl(u"qrc:/qt/qml/Orvella/Catalogue/CatalogueWindow.qml"_s));
   if (!component.isReady()) {
     qCritical("%s", qPrintable(component.errorString()));
     return nullptr;
   }
-  std::unique_ptr<QObject> made(component.createWithInitialProperties(
-      {{u"pages"_s, pages()}, {u"page"_s, sheet.page}, {u"popup"_s, sheet.popup}, {u"bare"_s, bare}}));
+  std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
   auto* window = qobject_cast<QQuickWindow*>(made.get());
   if (window) made.release();
   return std::unique_ptr<QQuickWindow>(window);
 }
 
-void setTheme(QQmlEngine& engine, bool dark, bool reducedMotion) {
-  const int id = qmlTypeId("Orvella.Design", 1, 0, "Theme");
-  auto* theme = engine.singletonInstance<QObject*>(id);
-  theme->setProperty("dark", dark);
-  theme->setProperty("reducedMotion", reducedMotion);
+}  // namespace
+
+std::unique_ptr<QQuickWindow> open(QQmlEngine& engine, const Sheet& sheet) {
+  return openWith(engine, {{u"pages"_s, pages()}, {u"page"_s, sheet.page}, {u"popup"_s, sheet.popup}});
+}
+
+std::unique_ptr<QQuickWindow> openBare(QQmlEngine& engine, const Sheet& sheet, bool dark) {
+  return openWith(engine, {{u"page"_s, sheet.page},
+                           {u"popup"_s, sheet.popup},
+                           {u"bare"_s, true},
+                           {u"dark"_s, dark},
+                           {u"reducedMotion"_s, true}});
 }
 
 }  // namespace orv::catalogue

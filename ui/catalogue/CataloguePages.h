@@ -18,9 +18,9 @@ QStringList pages();
 
 /// Registers the modules that the catalogue needs.
 void prepare(QQmlEngine& engine);
-/// The catalogue's window on a sheet, hidden; `bare` leaves its navigation out. Null when its QML does not load.
-std::unique_ptr<QQuickWindow> open(QQmlEngine& engine, const Sheet& sheet, bool bare);
-/// Chooses the theme that all windows of the engine show.
-void setTheme(QQmlEngine& engine, bool dark, bool reducedMotion);
+/// The catalogue's window on a sheet, hidden. Null when its QML does not load.
+std::unique_ptr<QQuickWindow> open(QQmlEngine& engine, const Sheet& sheet);
+/// The same without its navigation and without movement, for pictures and tests.
+std::unique_ptr<QQuickWindow> openBare(QQmlEngine& engine, const Sheet& sheet, bool dark);
 
 }  // namespace orv::catalogue

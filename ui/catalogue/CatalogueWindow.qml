@@ -11,10 +11,16 @@ Window {
     /// The page alone fills the window, for pictures and tests.
     property bool bare: false
 
+    property bool dark: false
+    property bool reducedMotion: false
+
     width: 1280
     height: 800
     title: "Orvella catalogue"
     color: Theme.bg
+
+    Binding { target: Theme; property: "dark"; value: root.dark }
+    Binding { target: Theme; property: "reducedMotion"; value: root.reducedMotion }
 
     Column {
         visible: !root.bare
@@ -37,14 +43,14 @@ Window {
 
         OrvSwitch {
             text: "Dark"
-            checked: Theme.dark
-            onToggled: Theme.dark = checked
+            checked: root.dark
+            onToggled: root.dark = checked
         }
 
         OrvSwitch {
             text: "Reduced motion"
-            checked: Theme.reducedMotion
-            onToggled: Theme.reducedMotion = checked
+            checked: root.reducedMotion
+            onToggled: root.reducedMotion = checked
         }
     }
 

@@ -16,9 +16,8 @@ int render(QQmlEngine& engine, const QDir& folder) {
   if (!folder.mkpath(u"."_s)) return 1;
   for (const bool dark : {false, true}) {
     for (const catalogue::Sheet& sheet : catalogue::sheets()) {
-      const auto window = catalogue::open(engine, sheet, true);
+      const auto window = catalogue::openBare(engine, sheet, dark);
       if (!window) return 1;
-      catalogue::setTheme(engine, dark, true);
       window->show();
       QEventLoop loop;
       QTimer::singleShot(200, &loop, &QEventLoop::quit);
@@ -47,7 +46,7 @@ int main(int argc, char** argv) {
   QQmlEngine engine;
   catalogue::prepare(engine);
   if (options.isSet(u"render"_s)) return render(engine, QDir(options.value(u"render"_s)));
-  const auto window = catalogue::open(engine, catalogue::sheets().first(), false);
+  const auto window = catalogue::open(engine, catalogue::sheets().first());
   if (!window) return 1;
   window->show();
   return QGuiApplication::exec();

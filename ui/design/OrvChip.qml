@@ -53,7 +53,7 @@ FocusScope {
         }
         OrvIcon {
             anchors.verticalCenter: parent.verticalCenter
-            name: "dialog-close"
+            name: "orv-close"
             size: 12
             color: Theme.text2
             TapHandler { onTapped: root.removed() }

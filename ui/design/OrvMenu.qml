@@ -36,13 +36,13 @@ T.Menu {
         parent = item;
         const y = below ? item.height + 4 : -implicitHeight - 4;
         popup(item, alignRight ? item.width - width : 0, y);
-        currentIndex = nextEnabled(-1, 1);
+        choose(nextEnabled(-1, 1));
     }
 
     /// Opens at a point of `item`, where the pointer is or a row's button.
     function popupIn(item: Item, x: real, y: real) {
         popup(item, x, y);
-        currentIndex = nextEnabled(-1, 1);
+        choose(nextEnabled(-1, 1));
     }
 
     function usable(index: int): bool {
