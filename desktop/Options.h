@@ -13,6 +13,8 @@ struct Options {
   int demoCampaigns = 0;
   /// Nothing is read from or left in the keyring.
   bool fresh = false;
+  /// Ends after the first frame with content, having said on standard output how much memory is in use: for measuring.
+  bool untilContent = false;
   /// Where to render every page and state instead of opening a window; empty to open one.
   QString renderFolder;
   /// Links and whatever else stands after the options.

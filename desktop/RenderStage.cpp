@@ -59,8 +59,11 @@ class Stage::Desktop final : public Browser,
 };
 
 Stage::Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark,
-             bool reducedMotion)
-    : m_service(m_clock), m_transport(m_service), m_keychain(u"com.orvella.render"_s), m_desktop(new Desktop) {
+             bool reducedMotion, int campaigns)
+    : m_service(m_clock, 1, {campaigns, 0, 0}),
+      m_transport(m_service),
+      m_keychain(u"com.orvella.render"_s),
+      m_desktop(new Desktop) {
   m_transport.mode = firstLoad;
   Platform platform{m_transport,
                     m_keychain,

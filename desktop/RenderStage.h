@@ -25,7 +25,8 @@ class StagedTransport final : public APITransport {
 /// person's settings is touched.
 class Stage {
  public:
-  Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark, bool reducedMotion = true);
+  Stage(QQmlEngine& engine, bool signedIn, StagedTransport::Mode firstLoad, const QSize& size, bool dark,
+        bool reducedMotion = true, int campaigns = 0);
   ~Stage();
 
   bool isReady() const { return m_window != nullptr; }

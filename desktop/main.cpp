@@ -1,4 +1,5 @@
 #include <QDBusConnection>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
@@ -54,6 +55,22 @@ void raise(QQuickWindow& window, const QString& activationToken) {
   window.show();
   window.requestActivate();
   qunsetenv("XDG_ACTIVATION_TOKEN");
+}
+
+double residentMegabytes() {
+  QFile status(u"/proc/self/status"_s);
+  if (!status.open(QIODevice::ReadOnly)) return 0;
+  for (const QByteArray& line : status.readAll().split('\n'))
+    if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
+  return 0;
+}
+
+void endAtContent(QQuickWindow& window, AppModel& app) {
+  QObject::connect(&window, &QQuickWindow::frameSwapped, &app, [&app] {
+    if (!app.session() || app.session()->campaigns()->rows()->count() == 0) return;
+    QTextStream(stdout) << "content, " << residentMegabytes() << " MB" << Qt::endl;
+    QCoreApplication::quit();
+  });
 }
 
 /// The sample's service with its door, for as long as the window needs them.
@@ -123,6 +140,7 @@ int run(QGuiApplication& application, const Options& options) {
       qCInfo(lcMain, "Sign-in links go to \"%s\"; they have to be pasted here", qPrintable(entry));
   });
 
+  if (options.untilContent) endAtContent(*window, app);
   window->show();
   window->requestActivate();
   return application.exec();
