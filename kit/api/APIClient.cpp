@@ -82,6 +82,8 @@ class Transfer {
   void configure() {
     set(CURLOPT_PRIVATE, this);
     set(CURLOPT_URL, m_wire.url.constData());
+    // An id that looks like ".." must not turn the request into one for something else.
+    set(CURLOPT_PATH_AS_IS, 1L);
     set(CURLOPT_HTTPHEADER, m_headers);
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_FOLLOWLOCATION, 0L);
@@ -100,6 +102,7 @@ class Transfer {
       set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(m_wire.body->size()));
       set(CURLOPT_POSTFIELDS, m_wire.body->constData());
     }
+    set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_limits.answerBytes));
     set(CURLOPT_WRITEFUNCTION, &Transfer::takeBody);
     set(CURLOPT_WRITEDATA, this);
     set(CURLOPT_HEADERFUNCTION, &Transfer::takeHeader);
@@ -121,6 +124,8 @@ class Transfer {
 
   static size_t takeHeader(char* bytes, size_t, size_t count, void* self) {
     auto* transfer = static_cast<Transfer*>(self);
+    // The counts of watch() leave the head out.
+    transfer->m_lastByte = SteadyClock::now();
     const QByteArrayView line = QByteArrayView(bytes, qsizetype(count)).trimmed();
     // Interim answers and a proxy's own come before the one that counts.
     if (line.startsWith("HTTP/")) transfer->m_answer.headers.clear();
@@ -160,6 +165,7 @@ class Transfer {
       case CURLE_UNSUPPORTED_PROTOCOL:
       case CURLE_WEIRD_SERVER_REPLY:
       case CURLE_BAD_CONTENT_ENCODING:
+      case CURLE_FILESIZE_EXCEEDED:
         return TransportFailure::invalidResponse;
       case CURLE_COULDNT_RESOLVE_HOST:
         return hasAddressBesidesLoopback() ? TransportFailure::unreachable : TransportFailure::offline;

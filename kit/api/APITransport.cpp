@@ -1,6 +1,7 @@
 #include "kit/api/APITransport.h"
 
 #include <QLoggingCategory>
+#include <cmath>
 
 namespace orv {
 
@@ -59,7 +60,8 @@ APIError ofFailure(TransportFailure failure) {
 APIError rateLimit(const HTTPAnswer& answer) {
   bool isNumber = false;
   const double seconds = answer.header("Retry-After").value_or(QString()).trimmed().toDouble(&isNumber);
-  return APIError::rateLimited(isNumber ? std::optional(seconds) : std::nullopt);
+  // "inf" and "nan" are numbers to Qt.
+  return APIError::rateLimited(isNumber && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt);
 }
 
 APIError refusal(const HTTPAnswer& answer) {
