@@ -128,7 +128,11 @@ class Transfer {
     transfer->m_lastByte = SteadyClock::now();
     const QByteArrayView line = QByteArrayView(bytes, qsizetype(count)).trimmed();
     // Interim answers and a proxy's own come before the one that counts.
-    if (line.startsWith("HTTP/")) transfer->m_answer.headers.clear();
+    if (line.startsWith("HTTP/")) {
+      transfer->m_answer.headers.clear();
+      transfer->m_headIsWhole = false;
+    }
+    if (line.isEmpty()) transfer->m_headIsWhole = true;
     if (const auto colon = line.indexOf(':'); colon > 0)
       transfer->m_answer.headers.append(
           {line.first(colon).trimmed().toByteArray(), line.sliced(colon + 1).trimmed().toByteArray()});
@@ -146,6 +150,8 @@ class Transfer {
     if (m_tooLong) return TransportFailure::invalidResponse;
     switch (code) {
       case CURLE_OK: {
+        // To the library, a head that breaks off after its first line is an answer without a body.
+        if (!m_headIsWhole) return TransportFailure::offline;
         long status = 0;
         curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
         m_answer.status = int(status);
@@ -201,6 +207,7 @@ class Transfer {
   SteadyClock::time_point m_started, m_lastByte;
   curl_off_t m_bytes = 0;
   HTTPAnswer m_answer;
+  bool m_headIsWhole = false;
   bool m_tooLong = false;
 };
 
