@@ -99,6 +99,9 @@ class ExchangeTest : public QObject {
         {"reset after reading", {.then = Then::reset}},
         {"closed in the first line", {.bytes = half.first(11), .then = Then::close}},
         {"closed in the head", {.bytes = half.first(20), .then = Then::close}},
+        {"closed after an early answer", {.bytes = "HTTP/1.1 103 Early Hints\r\n\r\n", .then = Then::close}},
+        {"closed between chunks",
+         {.bytes = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n", .then = Then::close}},
         {"closed in the body", {.bytes = half, .then = Then::close}},
         {"reset in the body", {.bytes = half, .then = Then::reset}}};
     for (const auto method : {HTTPMethod::get, HTTPMethod::post, HTTPMethod::put, HTTPMethod::patch, HTTPMethod::del})

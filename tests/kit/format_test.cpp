@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "kit/api/APIEnvironment.h"
+#include "kit/api/APIError.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -183,6 +184,26 @@ class FormatTest : public QObject {
     const auto environment = APIEnvironment::resolve(candidates);
     QCOMPARE(environment.origin(), origin);
     QCOMPARE(environment.isProduction(), origin == "https://app.orvella.example"_L1);
+  }
+
+  void everyFailureHasItsSentence() {
+    using Kind = APIError::Kind;
+    const QList<QPair<APIError, QString>> sentences{
+        {APIError::rateLimited(3), u"Too many requests. Wait a minute and try again."_s},
+        {APIError::server(500), u"Something went wrong on our side. Please try again."_s},
+        {APIError::of(Kind::offline), u"You’re offline. Connect to the internet and try again."_s},
+        {APIError::of(Kind::unreachable), u"Orvella can’t be reached right now. Try again in a moment."_s},
+        {APIError::of(Kind::timedOut), u"That took too long. Check your connection and try again."_s},
+        {APIError::of(Kind::cancelled), u"Cancelled."_s},
+        {APIError::of(Kind::unauthorized), u"This workspace’s connection ended. Sign in again."_s},
+        {APIError::of(Kind::invalidResponse), u"Something went wrong on our side. Please try again."_s}};
+    for (const auto& [error, sentence] : sentences) {
+      QCOMPARE(error.message(), sentence);
+      QVERIFY(!error.requestId() && !error.code());
+      for (const auto& [other, ignored] : sentences) QCOMPARE(error == other, error.kind() == other.kind());
+    }
+    QVERIFY(!(APIError::server(500) == APIError::server(501)));
+    QVERIFY(!(APIError::rateLimited(1) == APIError::rateLimited({})));
   }
 };
 
