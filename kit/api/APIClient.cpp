@@ -82,6 +82,8 @@ class Transfer {
   void configure() {
     set(CURLOPT_PRIVATE, this);
     set(CURLOPT_URL, m_wire.url.constData());
+    // An id that looks like ".." must not turn the request into one for something else.
+    set(CURLOPT_PATH_AS_IS, 1L);
     set(CURLOPT_HTTPHEADER, m_headers);
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_FOLLOWLOCATION, 0L);
@@ -100,6 +102,7 @@ class Transfer {
       set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(m_wire.body->size()));
       set(CURLOPT_POSTFIELDS, m_wire.body->constData());
     }
+    set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_limits.answerBytes));
     set(CURLOPT_WRITEFUNCTION, &Transfer::takeBody);
     set(CURLOPT_WRITEDATA, this);
     set(CURLOPT_HEADERFUNCTION, &Transfer::takeHeader);
@@ -121,9 +124,15 @@ class Transfer {
 
   static size_t takeHeader(char* bytes, size_t, size_t count, void* self) {
     auto* transfer = static_cast<Transfer*>(self);
+    // The counts of watch() leave the head out.
+    transfer->m_lastByte = SteadyClock::now();
     const QByteArrayView line = QByteArrayView(bytes, qsizetype(count)).trimmed();
     // Interim answers and a proxy's own come before the one that counts.
-    if (line.startsWith("HTTP/")) transfer->m_answer.headers.clear();
+    if (line.startsWith("HTTP/")) {
+      transfer->m_answer.headers.clear();
+      transfer->m_headIsWhole = false;
+    }
+    if (line.isEmpty()) transfer->m_headIsWhole = true;
     if (const auto colon = line.indexOf(':'); colon > 0)
       transfer->m_answer.headers.append(
           {line.first(colon).trimmed().toByteArray(), line.sliced(colon + 1).trimmed().toByteArray()});
@@ -141,6 +150,8 @@ class Transfer {
     if (m_tooLong) return TransportFailure::invalidResponse;
     switch (code) {
       case CURLE_OK: {
+        // To the library, a head that breaks off after its first line is an answer without a body.
+        if (!m_headIsWhole) return TransportFailure::offline;
         long status = 0;
         curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
         m_answer.status = int(status);
@@ -160,6 +171,7 @@ class Transfer {
       case CURLE_UNSUPPORTED_PROTOCOL:
       case CURLE_WEIRD_SERVER_REPLY:
       case CURLE_BAD_CONTENT_ENCODING:
+      case CURLE_FILESIZE_EXCEEDED:
         return TransportFailure::invalidResponse;
       case CURLE_COULDNT_RESOLVE_HOST:
         return hasAddressBesidesLoopback() ? TransportFailure::unreachable : TransportFailure::offline;
@@ -195,6 +207,7 @@ class Transfer {
   SteadyClock::time_point m_started, m_lastByte;
   curl_off_t m_bytes = 0;
   HTTPAnswer m_answer;
+  bool m_headIsWhole = false;
   bool m_tooLong = false;
 };
 

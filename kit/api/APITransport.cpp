@@ -1,6 +1,8 @@
 #include "kit/api/APITransport.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
+#include <cmath>
 
 namespace orv {
 
@@ -12,21 +14,19 @@ std::optional<QString> HTTPAnswer::header(QByteArrayView name) const {
   return std::nullopt;
 }
 
-void AnswerReceiver::connect(QObject* home, std::function<void()> wake) {
+void AnswerReceiver::connect(QObject* listener) {
   const std::lock_guard lock(m_mutex);
-  m_home = home;
-  m_wake = std::move(wake);
+  m_listener = listener;
 }
 
 void AnswerReceiver::disconnect() {
   const std::lock_guard lock(m_mutex);
-  m_home = nullptr;
-  m_wake = nullptr;
+  m_listener = nullptr;
 }
 
 bool AnswerReceiver::hasListener() {
   const std::lock_guard lock(m_mutex);
-  return m_home != nullptr;
+  return m_listener != nullptr;
 }
 
 void AnswerReceiver::receive(ExchangeResult result) {
@@ -34,7 +34,7 @@ void AnswerReceiver::receive(ExchangeResult result) {
   // Decoding may take long and must not hold the lock that the asking thread takes to let go.
   interpret(result);
   const std::lock_guard lock(m_mutex);
-  if (m_home) QMetaObject::invokeMethod(m_home, m_wake, Qt::QueuedConnection);
+  if (m_listener) QCoreApplication::postEvent(m_listener, new QEvent(QEvent::User));
 }
 
 namespace detail {
@@ -59,7 +59,8 @@ APIError ofFailure(TransportFailure failure) {
 APIError rateLimit(const HTTPAnswer& answer) {
   bool isNumber = false;
   const double seconds = answer.header("Retry-After").value_or(QString()).trimmed().toDouble(&isNumber);
-  return APIError::rateLimited(isNumber ? std::optional(seconds) : std::nullopt);
+  // "inf" and "nan" are numbers to Qt.
+  return APIError::rateLimited(isNumber && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt);
 }
 
 APIError refusal(const HTTPAnswer& answer) {

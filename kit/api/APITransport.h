@@ -54,8 +54,9 @@ class AnswerReceiver {
   /// Any thread, once. A receiver whose task is gone drops the result.
   void receive(ExchangeResult result);
 
-  /// `wake` runs through the event loop of the thread `home` lives in, unless disconnect() or home's end come first.
-  void connect(QObject* home, std::function<void()> wake);
+  /// `listener` gets a QEvent::User through its own thread's event loop once the result is there.
+  void connect(QObject* listener);
+  /// Before the listener goes, and before the result is read: what the writing thread wrote is seen then.
   void disconnect();
 
  protected:
@@ -65,8 +66,7 @@ class AnswerReceiver {
   bool hasListener();
 
   std::mutex m_mutex;
-  QObject* m_home = nullptr;
-  std::function<void()> m_wake;
+  QObject* m_listener = nullptr;
 };
 
 namespace detail {
@@ -156,27 +156,30 @@ class APITransport {
 };
 
 template <class R>
-class APITransport::Awaiter {
+class APITransport::Awaiter final : public QObject {
  public:
   Awaiter(APITransport& transport, APICall call) : m_transport(transport), m_call(std::move(call)) {}
-  Awaiter(const Awaiter&) = delete;
-  Awaiter& operator=(const Awaiter&) = delete;
-  ~Awaiter() { m_receiver->disconnect(); }
+  ~Awaiter() override { m_receiver->disconnect(); }
 
   bool await_ready() const { return false; }
   template <class Promise>
   void await_suspend(std::coroutine_handle<Promise> frame) {
     if (!m_resumption.arm(frame)) return;
-    m_receiver->connect(&m_home, [this] { m_resumption(); });
+    m_receiver->connect(this);
     m_exchange = m_transport.exchange(std::move(m_call), m_receiver);
   }
-  std::variant<std::monostate, R, APIError> await_resume() { return std::move(m_receiver->outcome); }
+  std::variant<std::monostate, R, APIError> await_resume() {
+    m_receiver->disconnect();
+    return std::move(m_receiver->outcome);
+  }
+
+  /// The awaiter is gone afterwards.
+  void customEvent(QEvent*) override { m_resumption(); }
 
  private:
   APITransport& m_transport;
   APICall m_call;
   Resumption m_resumption;
-  QObject m_home;
   std::shared_ptr<detail::TypedReceiver<R>> m_receiver = std::make_shared<detail::TypedReceiver<R>>();
   std::unique_ptr<Exchange> m_exchange;
 };

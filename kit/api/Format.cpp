@@ -7,9 +7,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::Format {
 
 QString oneDecimal(double value) {
-  const double rounded = std::round(value * 10) / 10;
-  if (rounded == std::trunc(rounded)) return QString::number(qint64(rounded));
-  return QString::number(rounded, 'f', 1);
+  // Adding a positive zero takes the sign off a negative one.
+  const double rounded = std::round(value * 10) / 10 + 0.0;
+  return QString::number(rounded, 'f', rounded == std::trunc(rounded) ? 0 : 1);
 }
 
 QString compactCount(qint64 count, const QLocale& locale) {
@@ -20,7 +20,11 @@ QString compactCount(qint64 count, const QLocale& locale) {
 
 QString money(double amount, const QLocale& locale) {
   if (!std::isfinite(amount)) return u"$0"_s;
-  return locale.toCurrencyString(std::round(amount), u"$"_s, 0);
+  // The C locale has no currency style of its own, and bookkeeping ones put a negative amount in parentheses.
+  const QLocale style = locale.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : locale;
+  const double rounded = std::round(amount);
+  const QString shown = style.toCurrencyString(std::abs(rounded), u"$"_s, 0);
+  return rounded < 0 ? style.negativeSign() + shown : shown;
 }
 
 QString calendarDay(QDate day) {

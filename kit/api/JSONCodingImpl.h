@@ -9,9 +9,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 #include <bitset>
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
+#include <cstring>
 #include <functional>
 #include <type_traits>
 
@@ -117,7 +119,11 @@ class RecordDecoder {
     size_t expected = 0;
     for (auto field : checked(value.get_object())) {
       const size_t member = memberOf(field, expected);
-      if (member == count) continue;
+      if (member == count) {
+        // The parser would jump over the value without looking whether it is JSON at all.
+        JSONValueCoder::decode(checked(field.value()));
+        continue;
+      }
       expected = member + 1;
       seen.set(member);
       decodeMember(record, member, field);
@@ -143,7 +149,9 @@ class RecordDecoder {
       // The raw key ends at a quotation mark, and no name holds one, so the comparison cannot run past it.
       if (std::char_traits<char>::compare(raw, name.data(), name.size()) == 0 && raw[name.size()] == '"') return member;
     }
-    return count;
+    // A writer may escape any letter, which only a key that looks unknown is worth undoing.
+    if (raw[std::strcspn(raw, "\\\"")] != '\\') return count;
+    return size_t(std::ranges::find(names, checked(field.unescaped_key())) - names.begin());
   }
 
   template <class Field>

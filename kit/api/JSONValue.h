@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QMap>
 #include <QString>
@@ -33,5 +34,19 @@ class JSONValue {
  private:
   Storage m_storage;
 };
+
+inline size_t qHash(const JSONValue& value, size_t seed = 0) {
+  seed = qHashMulti(seed, value.storage().index());
+  const auto ofPayload = [seed](const auto& payload) {
+    using Payload = std::decay_t<decltype(payload)>;
+    size_t hash = seed;
+    if constexpr (std::is_same_v<Payload, JSONValue::Object>)
+      for (auto it = payload.begin(); it != payload.end(); ++it) hash = qHashMulti(hash, it.key(), it.value());
+    else if constexpr (!std::is_same_v<Payload, JSONValue::Null>)
+      hash = qHashMulti(seed, payload);
+    return hash;
+  };
+  return std::visit(ofPayload, value.storage());
+}
 
 }  // namespace orv

@@ -27,8 +27,8 @@ QByteArray pathBytes(const QString& path) {
 
 QByteArray url(const APICall& call, const APIEnvironment& environment) {
   const APIRequest& request = call.request;
-  QByteArray url = environment.baseURL.toEncoded(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::StripTrailingSlash |
-                                                 QUrl::RemoveUserInfo);
+  QByteArray url = environment.baseURL.toEncoded(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo);
+  while (url.endsWith('/')) url.chop(1);
   if (request.isAccountLevel()) {
     url += pathBytes(request.path);
   } else {

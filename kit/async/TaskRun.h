@@ -69,9 +69,6 @@ class Resumption {
     return true;
   }
 
-  explicit operator bool() const { return static_cast<bool>(m_frame); }
-  void clear() { m_frame = nullptr; }
-
   /// Continues the task. The awaiter that holds this object may be gone when the call returns.
   void operator()() {
     const auto run = m_run.lock();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDir>
-#include <QFile>
 #include <QList>
 #include <map>
 
@@ -10,6 +9,7 @@
 #include "kit/session/Keychain.h"
 #include "tests/support/FakeTransport.h"
 #include "tests/support/ManualClock.h"
+#include "tests/support/fixtures.h"
 
 namespace orv::test {
 
@@ -112,11 +112,5 @@ struct AppFixture {
                     router,   clipboard,   filePanel,
                     revealer, preferences, QUrl(QStringLiteral("https://app.orvella.example"))};
 };
-
-inline QByteArray readFixture(const QString& name) {
-  QFile file(QStringLiteral(ORVELLA_FIXTURES "/") + name);
-  if (!file.open(QIODevice::ReadOnly)) qFatal("No fixture %s", qPrintable(name));
-  return file.readAll();
-}
 
 }  // namespace orv::test

@@ -1,0 +1,223 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QTest>
+#include <boost/type_index.hpp>
+#include <functional>
+#include <map>
+
+#include "kit/models/analytics.h"
+#include "kit/models/campaignLeads.h"
+#include "kit/session/authRequests.h"
+#include "tests/support/fixtures.h"
+
+using namespace orv;
+using namespace orv::Requests;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Built {
+  template <class R>
+  Built(Request<R> built)
+      : request(std::move(built)),
+        answer(QString::fromStdString(boost::typeindex::type_id<R>().pretty_name()).remove(u"orv::"_s)) {}
+  APIRequest request;
+  QString answer;
+};
+
+CampaignPatch wholePatch() {
+  CampaignOptions settings{.dkimSelectors = QMap<QString, QString>{{u"a.example"_s, u"s1"_s}},
+                           .pacing = u"even"_s,
+                           .dailyLimit = 400,
+                           .maxNewPerDay = 0,
+                           .prioritizeNew = true,
+                           .stopOnAutoReply = false,
+                           .stopCompanyOnReply = true,
+                           .unsubscribeHeader = true,
+                           .cc = QList{u"c@a.example"_s},
+                           .bcc = QList<QString>{},
+                           .senderTags = QList{u"warm"_s}};
+  return {.name = u"n"_s,
+          .schedule = CampaignSchedule{.startDate = u"2026-11-23"_s,
+                                       .schedules = {{u"Week"_s, {1, 5}, u"09:00"_s, u"17:30"_s, u"Europe/Berlin"_s}}},
+          .dailyCapPerInbox = 30,
+          .gapSeconds = 90,
+          .stopOnReply = false,
+          .senderMailboxIds = QList{u"m2"_s, u"m1"_s},
+          .settings = settings,
+          .tags = QList<QString>{},
+          .trigger = CampaignTrigger{{u"interested"_s}}};
+}
+
+StepsBody steps() {
+  return {{{u"s1"_s, 0, false, {{u"v1"_s, u"A"_s, u"Hi {{firstName}}"_s, u"<p>1</p>"_s, 50, true}}},
+           {{}, 2880, true, {{{}, u"A"_s, u""_s, u"2"_s, 100, false}}}}};
+}
+
+/// The calls behind the cases of the fixture.
+const std::map<QString, std::function<Built()>>& builders() {
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, email = u"a@b.example"_s;
+  static const std::map<QString, std::function<Built()>> all{
+      {u"listCampaigns"_s, [] { return listCampaigns(false); }},
+      {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
+      {u"getCampaign"_s, [] { return getCampaign(u"c/1 x"_s); }},
+      {u"createCampaign"_s, [] { return createCampaign({u"Q3 “Fall”"_s}); }},
+      {u"updateCampaign name"_s, [] { return updateCampaign(c1, {.name = u"New"_s}, 7); }},
+      {u"updateCampaign nothing"_s, [] { return updateCampaign(c1, {}, {}); }},
+      {u"updateCampaign all"_s, [] { return updateCampaign(c1, wholePatch(), 0); }},
+      {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},
+      {u"previewCampaign"_s, [] { return previewCampaign(c1, {}); }},
+      {u"previewCampaign unsaved"_s,
+       [] {
+         return previewCampaign(c1, {l1, QList<StepIn>{{}}});
+       }},
+      {u"sendTestEmail"_s, [] { return sendTestEmail(c1, {.to = email, .stepPosition = 1}); }},
+      {u"sendTestEmail all"_s,
+       [] {
+         return sendTestEmail(c1, {email, u"m1"_s, l1, 2, u"v1"_s, u"S"_s, u"B"_s});
+       }},
+      {u"testEmailState"_s, [] { return testEmailState(u"t?1"_s); }},
+      {u"checkCampaign"_s, [] { return checkCampaign(c1); }},
+      {u"launchCampaign"_s, [] { return launchCampaign(c1, {true}); }},
+      {u"launchCampaign unconfirmed"_s, [] { return launchCampaign(c1, {}); }},
+      {u"pauseCampaign"_s, [] { return pauseCampaign(c1); }},
+      {u"duplicateCampaign"_s, [] { return duplicateCampaign(c1); }},
+      {u"deleteCampaign"_s, [] { return deleteCampaign(c1, false); }},
+      {u"deleteCampaign for good"_s, [] { return deleteCampaign(c1, true); }},
+      {u"restoreCampaign"_s, [] { return restoreCampaign(c1); }},
+      {u"listSubsequences"_s, [] { return listSubsequences(c1); }},
+      {u"createSubsequence"_s,
+       [] {
+         return createSubsequence(c1, {u"Sub"_s, {{u"later"_s, u"interested"_s}}});
+       }},
+      {u"spinText"_s,
+       [] {
+         return spinText({u"Hello"_s, u"subject"_s});
+       }},
+      {u"listLeads"_s, [] { return listLeads(c1, {}); }},
+      {u"listLeads all"_s,
+       [] {
+         return listLeads(c1, {200, LeadStatus(u"in_review"_s), true, u"a+b/c=="_s});
+       }},
+      {u"addLeads list"_s,
+       [] {
+         return addLeads(c1, {AddLeadsBody::List{l1, u"workspace"_s}});
+       }},
+      {u"addLeads csv"_s,
+       [] {
+         return addLeads(c1, {AddLeadsBody::Csv{u"email,name\na@b.example,\"A, B\"\n"_s, u"a.csv"_s, u"campaign"_s}});
+       }},
+      {u"addLeads csv without a name"_s,
+       [] {
+         return addLeads(c1, {AddLeadsBody::Csv{u"email\n"_s, {}, u"none"_s}});
+       }},
+      {u"addLeads manual"_s,
+       [] {
+         return addLeads(
+             c1, {AddLeadsBody::Manual{email, {{u"firstName"_s, u"Ana"_s}, {u"Team size"_s, u"9"_s}}, u"none"_s}});
+       }},
+      {u"addLeads leads"_s,
+       [] {
+         return addLeads(c1, {AddLeadsBody::Leads{{u"l2"_s, l1}, true}});
+       }},
+      {u"leadDetail"_s, [] { return leadDetail(c1, u"l#1"_s); }},
+      {u"editLeadData"_s,
+       [] {
+         return editLeadData(c1, l1, {{{u"title"_s, u"CEO"_s}, {u"company"_s, u""_s}}});
+       }},
+      {u"removeLead"_s, [] { return removeLead(c1, l1, false); }},
+      {u"removeLead for good"_s, [] { return removeLead(c1, l1, true); }},
+      {u"restoreLeads"_s,
+       [] {
+         return restoreLeads(c1, {{l1, u"l2"_s}});
+       }},
+      {u"moveLeads"_s,
+       [] {
+         return moveLeads(c1, {{l1}, u"c2"_s});
+       }},
+      {u"bulkLeads"_s,
+       [] {
+         return bulkLeads(c1, {u"pause"_s, {}});
+       }},
+      {u"campaignActivity"_s, [] { return campaignActivity(c1, 30, {}); }},
+      {u"campaignActivity further"_s, [] { return campaignActivity(c1, 30, u"n"_s); }},
+      {u"campaignMessages"_s, [] { return campaignMessages(c1); }},
+      {u"analyticsSummary"_s, [] { return analyticsSummary(u"2026-03-01"_s, u"2026-11-21"_s); }},
+      {u"analyticsSummary filtered"_s,
+       [] { return analyticsSummary(u"2026-03-01"_s, u"2026-11-21"_s, c1, u"m1"_s, u"q3"_s); }},
+      {u"authMethods"_s, [] { return authMethods(); }},
+      {u"checkEmail"_s, [] { return checkEmail(email); }},
+      {u"signInWithPassword"_s, [] { return signInWithPassword(email, u" p\"ß "_s); }},
+      {u"startEmail"_s, [] { return startEmail(email); }},
+      {u"verifyEmail"_s, [] { return verifyEmail(email, u"012345"_s); }},
+      {u"exchangeToken"_s,
+       [] {
+         return exchangeToken(u"c"_s, u"v"_s, {u"desk"_s, u"m"_s, u"macOS 12.0"_s, u"0.1.0"_s});
+       }},
+      {u"me"_s, [] { return me(); }},
+      {u"unreadCounts"_s, [] { return unreadCounts(); }},
+      {u"setCurrentWorkspace"_s, [] { return setCurrentWorkspace(u"northgate"_s); }},
+      {u"logOut"_s, [] { return logOut(); }},
+  };
+  return all;
+}
+
+QJsonObject fixture() {
+  static const QJsonObject cases = QJsonDocument::fromJson(readFixture(u"requests.json"_s)).object();
+  return cases;
+}
+
+QList<QueryItem> queryOf(const QJsonArray& items) {
+  QList<QueryItem> query;
+  for (const auto& item : items) query.append({item[0].toString(), item[1].toString()});
+  return query;
+}
+
+}  // namespace
+
+class RequestsTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void everyCaseHasItsCall() {
+    QStringList called;
+    for (const auto& [name, build] : builders()) called.append(name);
+    QCOMPARE(called, fixture().keys());
+  }
+
+  void isBuiltAsExpected_data() {
+    QTest::addColumn<QString>("name");
+    for (const auto& [name, build] : builders()) QTest::newRow(qPrintable(name)) << name;
+  }
+  void isBuiltAsExpected() {
+    QFETCH(QString, name);
+    const QJsonObject expected = fixture()[name].toObject();
+    const auto [request, answer] = builders().at(name)();
+    QCOMPARE(request.label(), expected["request"_L1].toString());
+    QCOMPARE(answer, expected["answer"_L1].toString());
+    QVERIFY(request.query == queryOf(expected["query"_L1].toArray()));
+    const auto body = expected["body"_L1];
+    QCOMPARE(request.body.value_or("none"),
+             body.isUndefined() ? "none"_ba : QJsonDocument(body.toObject()).toJson(QJsonDocument::Compact));
+    QCOMPARE(request.ifMatch.value_or(-1), expected["ifMatch"_L1].toInteger(-1));
+    QCOMPARE(request.timeout, std::chrono::milliseconds(60000));
+  }
+
+  void everyChangeHasAFreshKey_data() { isBuiltAsExpected_data(); }
+  void everyChangeHasAFreshKey() {
+    QFETCH(QString, name);
+    static const QRegularExpression uuid(
+        QRegularExpression::anchoredPattern(u"[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"_s));
+    const APIRequest first = builders().at(name)().request, second = builders().at(name)().request;
+    QCOMPARE(first.idempotencyKey.has_value(), first.method != HTTPMethod::get);
+    if (!first.idempotencyKey) return;
+    QVERIFY2(uuid.match(*first.idempotencyKey).hasMatch(), qPrintable(*first.idempotencyKey));
+    QVERIFY(first.idempotencyKey != second.idempotencyKey);
+  }
+};
+
+QTEST_APPLESS_MAIN(RequestsTest)
+#include "requests_test.moc"
