@@ -1,5 +1,8 @@
 #include "kit/api/JSONCodingImpl.h"
 
+#include <array>
+#include <cstring>
+
 #include "kit/api/APIError.h"
 
 namespace orv {
@@ -22,6 +25,26 @@ struct Workspace {
 constexpr qsizetype keptAtMost = 1 << 20;
 
 }  // namespace
+
+QString sharedText(std::string_view utf8) {
+  // What a few answers leave behind here: 256 words of a machine's word or two.
+  struct Slot {
+    std::array<char, 24> bytes;
+    qsizetype size = -1;
+    QString text;
+  };
+  static thread_local std::array<Slot, 256> slots;
+  if (utf8.size() > std::tuple_size_v<decltype(Slot::bytes)>) return text(utf8);
+  quint32 hash = 2166136261u;
+  for (const char c : utf8) hash = (hash ^ quint8(c)) * 16777619u;
+  Slot& slot = slots[(hash ^ (hash >> 16)) % slots.size()];
+  if (slot.size != qsizetype(utf8.size()) || std::memcmp(slot.bytes.data(), utf8.data(), utf8.size()) != 0) {
+    slot.text = text(utf8);
+    slot.size = qsizetype(utf8.size());
+    std::memcpy(slot.bytes.data(), utf8.data(), utf8.size());
+  }
+  return slot.text;
+}
 
 void withDocument(QByteArrayView json, const std::function<void(simdjson::ondemand::document&)>& use) {
   static thread_local Workspace kept;

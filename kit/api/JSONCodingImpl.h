@@ -43,6 +43,10 @@ inline bool checked(bool value) { return value; }
 
 inline QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), qsizetype(utf8.size())); }
 
+/// The same for a value, of a string shared with equal ones where it is short: statuses, kinds and tags repeat all
+/// through an answer, and to allocate each is most of the cost of decoding.
+QString sharedText(std::string_view utf8);
+
 /// Runs `use` on the parsed text, which lives no longer than that.
 void withDocument(QByteArrayView json, const std::function<void(simdjson::ondemand::document&)>& use);
 
@@ -185,9 +189,9 @@ class RecordDecoder {
 template <class T>
 T decodeValue(simdjson::ondemand::value value) {
   if constexpr (std::is_same_v<T, QString>) {
-    return text(checked(value.get_string()));
+    return sharedText(checked(value.get_string()));
   } else if constexpr (std::is_base_of_v<OpenWord, T>) {
-    return T(text(checked(value.get_string())));
+    return T(sharedText(checked(value.get_string())));
   } else if constexpr (std::is_same_v<T, bool>) {
     return checked(value.get_bool());
   } else if constexpr (std::is_same_v<T, qint64>) {
