@@ -21,8 +21,8 @@ class CampaignsStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* list READ list CONSTANT)
   Q_PROPERTY(orv::ResourceBase* archived READ archived CONSTANT)
-  Q_PROPERTY(orv::CampaignRowsModel* rows READ rows CONSTANT)
-  Q_PROPERTY(orv::CampaignRowsModel* archivedRows READ archivedRows CONSTANT)
+  Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
+  Q_PROPERTY(orv::ListModel* archivedRows READ archivedRows CONSTANT)
   Q_PROPERTY(QStringList busyIds READ busyIds NOTIFY busyChanged)
   Q_PROPERTY(orv::NameForm* newCampaign READ newCampaign CONSTANT)
   Q_PROPERTY(orv::NameForm* rename READ rename CONSTANT)

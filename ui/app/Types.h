@@ -2,11 +2,11 @@
 
 #include <QtQml/qqml.h>
 
-#include "app/campaigns/CampaignRows.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
+#include "app/shell/ListModel.h"
 #include "app/shell/NameForm.h"
 #include "app/shell/Resource.h"
 #include "app/shell/WorkspaceSession.h"
@@ -29,10 +29,10 @@ struct AppearanceType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
-struct CampaignRowsModelType {
+struct ListModelType {
   Q_GADGET
-  QML_FOREIGN(orv::CampaignRowsModel)
-  QML_NAMED_ELEMENT(CampaignRowsModel)
+  QML_FOREIGN(orv::ListModel)
+  QML_NAMED_ELEMENT(OrvellaListModel)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -102,7 +102,7 @@ T.Button {
                 visible: root.keys !== "" && !root.iconOnly
                 anchors.verticalCenter: parent.verticalCenter
                 text: root.keys
-                onFill: root.filled
+                filled: root.filled
             }
             OrvIcon {
                 visible: root.menuArrow

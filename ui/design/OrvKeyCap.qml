@@ -5,14 +5,14 @@ Rectangle {
     id: root
 
     property string text: ""
-    property bool onFill: false
+    property bool filled: false
 
     implicitWidth: Math.max(18, label.implicitWidth + 10)
     implicitHeight: 18
     radius: Theme.radiusTag
-    color: onFill ? "transparent" : Theme.bg
+    color: filled ? "transparent" : Theme.bg
     border.width: 1
-    border.color: onFill ? Qt.alpha(Theme.inkOnAccent, 0.5) : Theme.border
+    border.color: filled ? Qt.alpha(Theme.inkOnAccent, 0.5) : Theme.border
     Accessible.ignored: true
 
     Text {
@@ -20,6 +20,6 @@ Rectangle {
         anchors.centerIn: parent
         text: root.text
         font: Theme.micro
-        color: root.onFill ? Theme.inkOnAccent : Theme.text2
+        color: root.filled ? Theme.inkOnAccent : Theme.text2
     }
 }
