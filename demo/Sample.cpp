@@ -208,7 +208,7 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   DemoRandom random(seed);
   DemoState state;
   const QString maren = u"maren@northgate.example"_s, tomas = u"tomas@northgate.example"_s;
-  state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate"_s, u"northgate"_s});
+  state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate-demo"_s, u"northgate"_s});
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
   DemoWorkspace northgate{u"w_northgate"_s,
