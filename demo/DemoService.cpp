@@ -71,7 +71,9 @@ HTTPAnswer DemoService::answer(const DemoRequest& request) {
 /// A key seen before gets the answer of then; nothing is applied twice.
 HTTPAnswer DemoService::once(const DemoRequest& request) {
   const QByteArray key = request.headers.value("idempotency-key");
-  if (key.isEmpty()) return route(request);
+  // An ended session gets no old answers either.
+  const bool ended = !request.token().isEmpty() && !m_tokens.contains(request.token());
+  if (key.isEmpty() || ended) return route(request);
   const QString who = request.token() + u' ' + QString::fromLatin1(key);
   const QByteArray what = request.method + ' ' + request.path.toUtf8() + ' ' + request.body;
   if (const auto seen = m_remembered.constFind(who); seen != m_remembered.constEnd()) {
@@ -136,7 +138,7 @@ HTTPAnswer DemoService::workspace(const DemoRequest& request) {
   const QString role = workspace->members.value(email);
   if (request.method != "GET" && role == "viewer"_L1)
     return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change campaigns."_s);
-  return CampaignDoor(*workspace, m_clock.now(), m_random).answer(request, parts.mid(1)).value_or(notFound());
+  return CampaignDoor({*workspace, m_clock.now(), m_random}).answer(request, parts.mid(1)).value_or(notFound());
 }
 
 HTTPAnswer DemoService::checkEmail(const QJsonObject& body) {

@@ -12,9 +12,14 @@
 namespace orv::demo {
 
 struct DemoCampaign {
+  /// Its stats are always there and count the leads.
   Campaign record;
-  /// Leads enrolled; the record's stats count them.
+  /// Made when they are first asked for (see enrol()); until then the stats alone say what they are.
   QList<CampaignLead> leads;
+  bool enrolled = false;
+  quint64 seed = 0;
+  /// What people did to the campaign and its leads, oldest first; what was sent follows from the leads.
+  QList<FeedItem> events;
   /// Set while the campaign is archived.
   std::optional<QString> archivedAt;
 
@@ -27,6 +32,21 @@ struct DemoMailbox {
   QString displayName;
   QString status;
   qint64 dailyCap = 0;
+
+  /// As a campaign sees it.
+  CampaignSender asSender() const;
+};
+
+/// People that somebody has put together, to be enrolled from.
+struct DemoLeadList {
+  QString id;
+  QString name;
+  QList<CampaignLead> people;
+};
+
+struct DemoTestEmail {
+  TestEmail record;
+  QDateTime startedAt;
 };
 
 struct DemoWorkspace {
@@ -40,6 +60,10 @@ struct DemoWorkspace {
   /// In the order they are listed: the newest first.
   QList<DemoCampaign> campaigns;
   qint64 lastNumber = 0;
+  QList<DemoLeadList> lists;
+  /// Addresses that never get an email.
+  QStringList blocklist;
+  QHash<QString, DemoTestEmail> testEmails;
 
   DemoCampaign* find(const QString& campaignId);
 };
