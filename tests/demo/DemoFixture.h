@@ -45,11 +45,12 @@ struct DemoFixture {
       if (campaign.id == id) return campaign;
     return std::nullopt;
   }
-  /// The first campaign of the status.
+  /// The campaign of the status with the fewest leads.
   QString idOf(const QString& status) {
-    for (const CampaignSummary& campaign : ask(Requests::listCampaigns(false)).items)
-      if (campaign.status.rawValue == status) return campaign.id;
-    qFatal("The sample has no such campaign");
+    auto items = ask(Requests::listCampaigns(false)).items;
+    items.removeIf([&status](const CampaignSummary& campaign) { return campaign.status.rawValue != status; });
+    if (items.isEmpty()) qFatal("The sample has no such campaign");
+    return std::ranges::min_element(items, {}, &CampaignSummary::leads)->id;
   }
   /// All leads, page by page.
   QList<CampaignLead> leads(const QString& id, Requests::LeadQuery query = {500, {}, false, {}}) {
