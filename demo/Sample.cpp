@@ -139,6 +139,17 @@ Row randomRow(DemoRandom& random) {
   return row;
 }
 
+DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QString& timeZone,
+                            const QMap<QString, QString>& members) {
+  DemoWorkspace workspace;
+  workspace.id = u"w_"_s + slug;
+  workspace.slug = slug;
+  workspace.name = name;
+  workspace.timeZone = timeZone;
+  workspace.members = members;
+  return workspace;
+}
+
 void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
   for (qint64 i = 0; i < count; ++i) {
     const QString first = random.pick(words::firstNames()), last = random.pick(words::lastNames());
@@ -174,17 +185,8 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate-demo"_s, u"northgate"_s});
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
-  DemoWorkspace northgate{u"w_northgate"_s,
-                          u"northgate"_s,
-                          u"Northgate Growth"_s,
-                          u"Europe/Berlin"_s,
-                          {{maren, u"owner"_s}, {tomas, u"member"_s}},
-                          {},
-                          {},
-                          0,
-                          {},
-                          {},
-                          {}};
+  auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
+                                 {{maren, u"owner"_s}, {tomas, u"member"_s}});
   addMailboxes(northgate, std::max(16, scale.mailboxes), random);
   for (Row row : northgateRows()) {
     if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
@@ -201,26 +203,14 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   }
   addList(northgate, random);
 
-  DemoWorkspace caldera{u"w_caldera"_s,
-                        u"caldera"_s,
-                        u"Caldera Studio"_s,
-                        u"Europe/Lisbon"_s,
-                        {{maren, u"admin"_s}},
-                        {},
-                        {},
-                        0,
-                        {},
-                        {},
-                        {}};
+  auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}});
   addMailboxes(caldera, 4, random);
   for (int i = 0; i < 3; ++i) {
     caldera.campaigns.append(makeCampaign(randomRow(random), caldera, random, today));
   }
-  DemoWorkspace harbour{
-      u"w_harbour"_s, u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, {}, {}, 0, {}, {}, {}};
-  DemoWorkspace empty{u"w_empty"_s, u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, {}, {}, 0, {},
-                      {},           {}};
-  state.workspaces = {northgate, caldera, harbour, empty};
+  state.workspaces = {northgate, caldera,
+                      makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}),
+                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}})};
   return state;
 }
 

@@ -1,6 +1,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "tests/service/Client.h"
@@ -185,6 +186,31 @@ class HttpTest : public QObject {
     confirm();
     QTRY_VERIFY(client->told().contains(running + u" deleted for good"_s));
     QCOMPARE(client->refusalElsewhere(Requests::getCampaign(id), client->token())->code(), u"not_found"_s);
+  }
+
+  void aNewCampaignIsThereForEverybodyAndIsOpened() {
+    openCampaigns();
+    client->campaigns().beginCreate();
+    client->campaigns().newCampaign()->setText(u"  Dairy farms, Jutland "_s);
+    client->campaigns().newCampaign()->submit();
+    QTRY_VERIFY(client->find(u"Dairy farms, Jutland"_s));
+    const QString id = client->find(u"Dairy farms, Jutland"_s)->id;
+    QTRY_COMPARE(client->app().router()->campaign(), id);
+    QCOMPARE(client->sendElsewhere(Requests::getCampaign(id)).status.rawValue, u"draft"_s);
+  }
+
+  void theAnalyticsOfACampaignAreSavedAsAFile() {
+    openCampaigns();
+    QTemporaryDir folder;
+    desk->filePanel.folder = folder.path();
+    client->campaigns().downloadAnalytics(client->find(running)->id);
+    QTRY_VERIFY(!client->told().isEmpty());
+    QFile file(folder.filePath(desk->filePanel.suggested));
+    QCOMPARE(client->told().last(), u"Saved "_s + desk->filePanel.suggested);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    QVERIFY(lines.value(1).startsWith(u"\"%1\","_s.arg(running)));
+    QVERIFY(lines[1].contains(u",%1,"_s.arg(client->find(running)->sent)));
   }
 
   void aSessionEndedElsewhereSaysSo() {
