@@ -28,6 +28,9 @@ class Faults {
 
   /// Only these kinds are drawn; none stands for all.
   void setKinds(const QList<Kind>& kinds) { m_kinds = kinds; }
+  /// Requests whose path holds this text are never answered; nothing is done for them either.
+  void setHeld(const QString& text) { m_held = text; }
+  bool holds(const QString& path) const { return !m_held.isEmpty() && path.contains(m_held); }
   /// How much longer than the others a late answer takes.
   void setLateness(std::chrono::milliseconds lateness) { m_lateness = lateness; }
 
@@ -48,6 +51,7 @@ class Faults {
   double m_rate = 0;
   std::chrono::milliseconds m_latency{0};
   std::chrono::milliseconds m_lateness{3000};
+  QString m_held;
   DemoRandom m_random{1};
   QList<Kind> m_kinds;
   std::optional<Kind> m_next;

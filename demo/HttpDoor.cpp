@@ -89,7 +89,7 @@ class HttpDoor::Connection final : public QObject {
 
  private:
   void proceed() {
-    while (!m_answering && readRequest()) answer();
+    while (!m_answering && !m_held && readRequest()) answer();
     if (m_bytes.size() > longestHead + longestBody) refuse(413);
   }
 
@@ -159,6 +159,10 @@ class HttpDoor::Connection final : public QObject {
   void answer() {
     const auto request = DemoRequest::parse(m_method, m_target, m_headers, m_body);
     if (m_door.onRequest) m_door.onRequest(QString::fromLatin1(m_method) + u' ' + request.path);
+    if (m_door.m_faults.holds(request.path)) {
+      m_held = true;
+      return;
+    }
     const auto fault = m_door.m_faults.draw();
     HTTPAnswer answer;
     if (!fault || !isRefusal(*fault)) answer = m_door.m_service.answer(request);
@@ -200,6 +204,7 @@ class HttpDoor::Connection final : public QObject {
   std::unique_ptr<Clock::Timer> m_answering;
   bool m_toldToContinue = false;
   bool m_last = false;
+  bool m_held = false;
 };
 
 HttpDoor::HttpDoor(DemoService& service, Clock& clock, Faults faults, QObject* parent)

@@ -43,6 +43,7 @@ Faults faultsOf(const QCommandLineParser& options) {
   };
   Faults faults(numberOf(options, u"faults"_s, 1), seedOf(options), milliseconds(u"latency"_s));
   faults.setLateness(milliseconds(u"late"_s));
+  faults.setHeld(options.value(u"hold"_s));
   QList<Faults::Kind> kinds;
   for (const QString& name : options.value(u"fault-kinds"_s).split(u',', Qt::SkipEmptyParts)) {
     const auto index = Faults::names().indexOf(name.trimmed());
@@ -59,11 +60,7 @@ DemoScale scaleOf(const QCommandLineParser& options) {
           int(numberOf(options, u"leads"_s, most))};
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  QCoreApplication application(argc, argv);
-  QCommandLineParser options;
+void describe(QCommandLineParser& options) {
   options.setApplicationDescription(u"Orvella’s service in miniature, on loopback, out of memory."_s);
   options.addHelpOption();
   options.addOptions(
@@ -78,7 +75,16 @@ int main(int argc, char** argv) {
        {u"fault-kinds"_s, u"What goes wrong, out of %1; everything when left out."_s.arg(Faults::names().join(u',')),
         u"kinds"_s},
        {u"late"_s, u"Milliseconds more that a late answer takes."_s, u"ms"_s, u"3000"_s},
+       {u"hold"_s, u"Never answers requests whose path holds this text."_s, u"text"_s},
        {u"log"_s, u"Prints method and path of every request."_s}});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  QCommandLineParser options;
+  describe(options);
   options.process(application);
 
   if (options.value(u"host"_s) != "127.0.0.1"_L1 && options.value(u"host"_s) != "localhost"_L1)

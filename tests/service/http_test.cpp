@@ -244,7 +244,7 @@ class HttpTest : public QObject {
   }
 
   void aServiceThatDiesLeavesNothingWaiting() {
-    openCampaigns({u"--log"_s, u"--latency"_s, u"250"_s});
+    openCampaigns({u"--log"_s, u"--hold"_s, u"/pause"_s});
     auto& store = client->campaigns();
     const QString id = client->find(running)->id;
     const auto rows = store.rows()->rowCount();
