@@ -61,6 +61,7 @@ class DemoCampaignsTest : public QObject {
     QCOMPARE(*copy.stats, CampaignStats{});
     QVERIFY(f.leads(copy.id).isEmpty());
     QCOMPARE(copy.steps->size(), original.steps->size());
+    QVERIFY(copy.steps->first().id != original.steps->first().id);
     f.ask(Requests::saveSteps(copy.id, {}));
     QCOMPARE(f.ask(Requests::getCampaign(id)).steps, original.steps);
   }
@@ -185,6 +186,7 @@ class DemoCampaignsTest : public QObject {
     QCOMPARE(find(qc, u"variables"_s).status, u"warn"_s);
     QCOMPARE(find(qc, u"variables"_s).items, QList<QString>{u"company"_s});
     QCOMPARE(*qc.external, (Qc::External{1, {u"ida@b.example"_s}}));
+    QCOMPARE(f.ask(Requests::updateCampaign(id, named(u"Newer"_s), {})).qc->current, false);
 
     QCOMPARE(f.refusalCode(Requests::launchCampaign(id, {false})), u"external_unconfirmed"_s);
     QCOMPARE(f.row(id)->status.rawValue, u"draft"_s);
