@@ -15,6 +15,12 @@ namespace {
 
 bool isSet(const DemoRequest& request, const QString& flag) { return request.query.queryItemValue(flag) == "1"_L1; }
 
+/// What a patch does not name stays.
+template <class T>
+void take(std::optional<T>& field, const std::optional<T>& patched) {
+  if (patched) field = patched;
+}
+
 qint64 limitOf(const DemoRequest& request) {
   return std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, 500);
 }
@@ -113,13 +119,13 @@ HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaig
     record.senders = senders;
   }
   if (patch->name) record.name = patch->name->trimmed();
-  if (patch->schedule) record.schedule = patch->schedule;
-  if (patch->dailyCapPerInbox) record.dailyCapPerInbox = patch->dailyCapPerInbox;
-  if (patch->gapSeconds) record.gapSeconds = patch->gapSeconds;
-  if (patch->stopOnReply) record.stopOnReply = patch->stopOnReply;
-  if (patch->settings) record.settings = patch->settings;
-  if (patch->tags) record.tags = patch->tags;
-  if (patch->trigger) record.trigger = patch->trigger;
+  take(record.schedule, patch->schedule);
+  take(record.dailyCapPerInbox, patch->dailyCapPerInbox);
+  take(record.gapSeconds, patch->gapSeconds);
+  take(record.stopOnReply, patch->stopOnReply);
+  take(record.settings, patch->settings);
+  take(record.tags, patch->tags);
+  take(record.trigger, patch->trigger);
   if (record.qc) record.qc->current = false;
   return changed(campaign);
 }
@@ -137,7 +143,7 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
       return problemAnswer(422, u"not_ready"_s, u"Not ready to send"_s, check.detail);
   }
   const auto body = bodyOf<LaunchBody>(request);
-  if (!resumes && !(body && body->confirmExternal) && qc.external->count > 0)
+  if (!resumes && !(body && body->confirmExternal) && qc.external && qc.external->count > 0)
     return problemAnswer(409, u"external_unconfirmed"_s, u"This campaign writes to real people"_s,
                          u"Open the campaign and launch it there."_s);
   record.status = CampaignStatus(u"running"_s);
@@ -145,7 +151,7 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
   record.pausedAt.reset();
   changeLeads(campaign, u"paused"_s, u"active"_s);
   changeLeads(campaign, u"queued"_s, u"active"_s);
-  record.lastPlan = Campaign::Plan{m_context.stamp(), record.stats->leads.active, {}};
+  record.lastPlan = Campaign::Plan{m_context.stamp(), campaign.stats().leads.active, {}};
   note(resumes ? u"resumed"_s : u"launched"_s, campaign);
   return changed(campaign);
 }
@@ -174,7 +180,7 @@ HTTPAnswer CampaignDoor::duplicate(const DemoCampaign& campaign) {
   for (auto* instant : {&copy.record.launchedAt, &copy.record.pausedAt, &copy.record.completedAt}) instant->reset();
   copy.record.qc.reset();
   copy.record.lastPlan.reset();
-  giveFreshIds(*copy.record.steps);
+  giveFreshIds(copy.steps());
   m_workspace.campaigns.prepend(copy);
   return jsonAnswer(toJSON(copy.record), 201);
 }
@@ -233,7 +239,7 @@ HTTPAnswer CampaignDoor::createSubsequence(const DemoRequest& request, const Dem
   campaign.record.schedule = parent.record.schedule;
   campaign.record.settings = parent.record.settings;
   const CampaignVariant variant{m_context.random.id(u"va"_s), u"A"_s, {}, {}, 100, true, {}};
-  campaign.record.steps->append({m_context.random.id(u"st"_s), 1, 0, true, {variant}, {}});
+  campaign.steps().append({m_context.random.id(u"st"_s), 1, 0, true, {variant}, {}});
   m_workspace.campaigns.append(campaign);
   return jsonAnswer(toJSON(campaign.record), 201);
 }

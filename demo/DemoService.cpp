@@ -80,7 +80,7 @@ HTTPAnswer DemoService::once(const DemoRequest& request) {
     if (seen->request == what) return seen->answer;
     return problemAnswer(422, u"idempotency_key_reused"_s, u"This key belongs to another request"_s);
   }
-  const HTTPAnswer answer = route(request);
+  HTTPAnswer answer = route(request);
   m_remembered.insert(who, {what, answer});
   return answer;
 }
@@ -184,7 +184,7 @@ HTTPAnswer DemoService::verifyEmail(const QJsonObject& body) {
 }
 
 QString DemoService::googleCode(const QString& email, const QString& challenge) {
-  const QString code = m_random.id(u"g"_s);
+  QString code = m_random.id(u"g"_s);
   m_grants.insert(code, {email, challenge});
   return code;
 }

@@ -23,7 +23,22 @@ struct DemoCampaign {
   /// Set while the campaign is archived.
   std::optional<QString> archivedAt;
 
+  /// What a record may leave out and the campaigns here have.
+  CampaignStats& stats() { return record.stats ? *record.stats : record.stats.emplace(); }
+  QList<CampaignStep>& steps() { return record.steps ? *record.steps : record.steps.emplace(); }
+  QList<CampaignSender>& senders() { return record.senders ? *record.senders : record.senders.emplace(); }
+  const CampaignStats& stats() const { return orNothing(record.stats); }
+  const QList<CampaignStep>& steps() const { return orNothing(record.steps); }
+  const QList<CampaignSender>& senders() const { return orNothing(record.senders); }
+
   CampaignSummary summary() const;
+
+ private:
+  template <class T>
+  static const T& orNothing(const std::optional<T>& value) {
+    static const T nothing{};
+    return value ? *value : nothing;
+  }
 };
 
 struct DemoMailbox {

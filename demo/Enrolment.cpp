@@ -34,15 +34,16 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
   lead.enrolledAt = record.createdAt;
   lead.source = u"csv"_s;
   const auto launched = record.launchedAt ? parsePlatformDate(*record.launchedAt) : std::nullopt;
-  const qint64 steps = record.steps ? record.steps->size() : 0;
+  const qint64 steps = campaign.steps().size();
   const QString status = lead.status.rawValue;
   if (!launched || steps == 0 || status == "queued"_L1) return;
 
-  if (!record.senders->isEmpty()) lead.senderAddress = random.pick(*record.senders).address;
-  lead.currentStep = status == "completed"_L1 ? steps : random.between(1, steps);
+  if (!campaign.senders().isEmpty()) lead.senderAddress = random.pick(campaign.senders()).address;
+  const qint64 step = status == "completed"_L1 ? steps : random.between(1, steps);
+  lead.currentStep = step;
   const qint64 seconds = std::max<qint64>(1, launched->secsTo(now));
   const QDateTime first = launched->addSecs(random.below(seconds));
-  const QDateTime last = *lead.currentStep == 1 ? first : first.addSecs(random.below(first.secsTo(now) + 1));
+  const QDateTime last = step == 1 ? first : first.addSecs(random.below(first.secsTo(now) + 1));
   lead.firstSentAt = formatPlatformDate(first);
   lead.lastSentAt = formatPlatformDate(last);
   if (status == "replied"_L1) {
@@ -50,8 +51,8 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
     lead.interest = random.chance(0.3) ? u"interested"_s : u"not_interested"_s;
     lead.inboxThreadId = random.id(u"th"_s);
   }
-  if (status == "active"_L1 && *lead.currentStep < steps)
-    lead.nextSendAt = formatPlatformDate(now.addSecs(random.between(600, 3 * 86400)));
+  if (status == "active"_L1 && step < steps)
+    lead.nextSendAt = formatPlatformDate(now.addSecs(random.between(600, 3LL * 86400)));
 }
 
 }  // namespace
@@ -65,7 +66,7 @@ void enrol(DemoCampaign& campaign, const QDateTime& now) {
   if (std::exchange(campaign.enrolled, true)) return;
   DemoRandom random(campaign.seed);
   qint64 number = 0;
-  for (const QString& status : shuffledStatuses(campaign.record.stats->leads, random)) {
+  for (const QString& status : shuffledStatuses(campaign.stats().leads, random)) {
     CampaignLead lead = makePerson(random, ++number);
     lead.status = LeadStatus(status);
     giveHistory(lead, campaign, now, random);
@@ -82,7 +83,7 @@ void recount(DemoCampaign& campaign) {
     ++counts.total;
   }
   forEachStatus(counts, [&found](const QString& word, qint64& count) { count = found.value(word); });
-  campaign.record.stats->leads = counts;
+  campaign.stats().leads = counts;
 }
 
 void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to) {
@@ -92,7 +93,7 @@ void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to)
     return recount(campaign);
   }
   qint64 moved = 0;
-  auto& counts = campaign.record.stats->leads;
+  auto& counts = campaign.stats().leads;
   forEachStatus(counts,
                 [&](const QString& word, qint64& count) { moved += word == from ? std::exchange(count, 0) : 0; });
   forEachStatus(counts, [&](const QString& word, qint64& count) { count += word == to ? moved : 0; });

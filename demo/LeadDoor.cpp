@@ -97,16 +97,17 @@ HTTPAnswer LeadDoor::add(const DemoRequest& request) {
     }
   }
   settle();
-  result.total = m_campaign.record.stats->leads.total;
+  result.total = m_campaign.stats().leads.total;
   return jsonAnswer(toJSON(result));
 }
 
 HTTPAnswer LeadDoor::detail(const CampaignLead& lead) const {
   LeadDetail detail;
   detail.lead = lead;
-  detail.steps = m_campaign.record.steps->size();
+  const qint64 steps = m_campaign.steps().size();
+  detail.steps = steps;
   const qint64 next = lead.currentStep.value_or(0) + 1;
-  if (lead.status.rawValue == "active"_L1 && next <= *detail.steps) detail.next = {next, lead.nextSendAt};
+  if (lead.status.rawValue == "active"_L1 && next <= steps) detail.next = {next, lead.nextSendAt};
   detail.activity = activityOf(m_campaign, lead);
   return jsonAnswer(toJSON(detail));
 }
@@ -148,7 +149,7 @@ HTTPAnswer LeadDoor::restore(const DemoRequest& request) {
 HTTPAnswer LeadDoor::move(const DemoRequest& request) {
   const auto body = bodyOf<MoveLeadsBody>(request);
   DemoCampaign* target = body ? m_context.workspace.find(body->toCampaignId) : nullptr;
-  if (!target || target == &m_campaign || target->archivedAt)
+  if (!body || !target || target == &m_campaign || target->archivedAt)
     return invalid(u"Choose another campaign to move the leads to."_s, u"toCampaignId"_s);
   enrol(*target, m_context.now);
   LeadDoor there(m_context, *target);

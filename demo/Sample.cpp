@@ -101,9 +101,8 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.schedule =
       CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
   record.steps = makeSteps(row.steps, random);
-  record.senders.emplace();
   for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i)
-    record.senders->append(workspace.mailboxes[i].asSender());
+    campaign.senders().append(workspace.mailboxes[i].asSender());
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
   if (launched) record.launchedAt = instant(today, row.daysAgo);
@@ -224,17 +223,15 @@ CampaignSummary DemoCampaign::summary() const {
   summary.number = record.number;
   summary.name = record.name;
   summary.status = archivedAt ? CampaignStatus(u"archived"_s) : record.status;
-  summary.senders = record.senders ? record.senders->size() : 0;
-  summary.steps = record.steps ? record.steps->size() : 0;
-  if (record.stats) {
-    const CampaignStats& stats = *record.stats;
-    summary.leads = stats.leads.total;
-    summary.done = stats.leads.completed + stats.leads.replied + stats.leads.bounced;
-    summary.sent = stats.sent;
-    summary.replied = stats.replied;
-    summary.positive = stats.positive;
-    summary.bounced = stats.bounced;
-  }
+  summary.senders = senders().size();
+  summary.steps = steps().size();
+  const LeadCounts& counts = stats().leads;
+  summary.leads = counts.total;
+  summary.done = counts.completed + counts.replied + counts.bounced;
+  summary.sent = stats().sent;
+  summary.replied = stats().replied;
+  summary.positive = stats().positive;
+  summary.bounced = stats().bounced;
   summary.launchedAt = record.launchedAt;
   summary.createdAt = record.createdAt.value_or(QString());
   summary.tags = record.tags;

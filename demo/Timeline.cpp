@@ -16,21 +16,31 @@ FeedItem itemOf(const QString& kind, const QString& at, const CampaignLead& lead
   return item;
 }
 
-/// When the lead was sent a step: the steps lie evenly between the first and the last email.
-QString sentAt(const CampaignLead& lead, qint64 step) {
-  const qint64 last = *lead.currentStep;
-  if (step == last) return *lead.lastSentAt;
-  const QDateTime from = parsePlatformDate(*lead.firstSentAt).value(), to = parsePlatformDate(*lead.lastSentAt).value();
-  return formatPlatformDate(from.addMSecs(from.msecsTo(to) * (step - 1) / (last - 1)));
+/// The emails that a lead was sent: so many, evenly between the first and the last.
+struct Emails {
+  qint64 count;
+  QDateTime first, last;
+
+  QString sentAt(qint64 step) const {
+    return formatPlatformDate(step == count ? last : first.addMSecs(first.msecsTo(last) * (step - 1) / (count - 1)));
+  }
+};
+
+std::optional<Emails> emailsTo(const CampaignLead& lead) {
+  const auto first = parsePlatformDate(lead.firstSentAt.value_or(QString()));
+  const auto last = parsePlatformDate(lead.lastSentAt.value_or(QString()));
+  if (!first || !last) return std::nullopt;
+  return Emails{lead.currentStep.value_or(0), *first, *last};
 }
 
 /// The emails to the lead and what came back, oldest first.
 QList<FeedItem> correspondence(const DemoCampaign& campaign, const CampaignLead& lead) {
   QList<FeedItem> items;
-  if (!lead.currentStep || !lead.firstSentAt || !lead.lastSentAt) return items;
-  const auto& steps = *campaign.record.steps;
-  for (qint64 step = 1; step <= *lead.currentStep; ++step) {
-    FeedItem item = itemOf(u"sent"_s, sentAt(lead, step), lead);
+  const auto emails = emailsTo(lead);
+  if (!emails) return items;
+  const auto& steps = campaign.steps();
+  for (qint64 step = 1; step <= emails->count; ++step) {
+    FeedItem item = itemOf(u"sent"_s, emails->sentAt(step), lead);
     item.step = step;
     item.messageId = lead.id + u"-m"_s + QString::number(step);
     // The sequence may have been cut since.
@@ -41,7 +51,7 @@ QList<FeedItem> correspondence(const DemoCampaign& campaign, const CampaignLead&
     items.append(item);
   }
   if (lead.repliedAt) items.append(itemOf(u"replied"_s, *lead.repliedAt, lead));
-  if (lead.status.rawValue == "bounced"_L1) items.append(itemOf(u"bounced"_s, *lead.lastSentAt, lead));
+  if (lead.status.rawValue == "bounced"_L1) items.append(itemOf(u"bounced"_s, emails->sentAt(emails->count), lead));
   return items;
 }
 
@@ -60,10 +70,11 @@ QList<FeedItem> everything(const DemoCampaign& campaign) {
 }
 
 SentMessage messageOf(const FeedItem& item) {
+  const auto lead = item.lead.value_or(FeedItem::Who());
   SentMessage message;
   message.id = item.messageId.value_or(QString());
-  message.leadId = item.lead->id;
-  message.to = item.lead->email;
+  message.leadId = lead.id;
+  message.to = lead.email;
   message.from = item.account.value_or(QString());
   message.step = item.step;
   message.variant = item.variant;
@@ -75,8 +86,9 @@ SentMessage messageOf(const FeedItem& item) {
 
 SentMessage bookingOf(const CampaignLead& lead) {
   SentMessage message;
-  message.step = lead.currentStep.value_or(0) + 1;
-  message.id = lead.id + u"-m"_s + QString::number(*message.step);
+  const qint64 step = lead.currentStep.value_or(0) + 1;
+  message.step = step;
+  message.id = lead.id + u"-m"_s + QString::number(step);
   message.leadId = lead.id;
   message.to = lead.email;
   message.from = lead.senderAddress.value_or(QString());
