@@ -1,90 +1,107 @@
 #include "demo/CampaignDoor.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include "demo/DailyFigures.h"
-#include "kit/api/PlatformDate.h"
+#include "demo/Enrolment.h"
+#include "demo/LeadDoor.h"
+#include "demo/SequenceDoor.h"
+#include "demo/Timeline.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
 
-constexpr int archiveDays = 30;
+bool isSet(const DemoRequest& request, const QString& flag) { return request.query.queryItemValue(flag) == "1"_L1; }
+
+/// What a patch does not name stays.
+template <class T>
+void take(std::optional<T>& field, const std::optional<T>& patched) {
+  if (patched) field = patched;
+}
+
+qint64 limitOf(const DemoRequest& request) {
+  return std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, 500);
+}
+
+}  // namespace
 
 HTTPAnswer invalid(const QString& detail, const QString& path) {
   return problemAnswer(422, u"invalid_input"_s, u"Invalid input"_s, detail,
                        {{u"errors"_s, QJsonArray{QJsonObject{{u"path"_s, path}, {u"message"_s, detail}}}}});
 }
 
-template <class Body>
-std::optional<Body> bodyOf(const DemoRequest& request) {
-  try {
-    return decodeJSON<Body>(request.body);
-  } catch (const DecodeError&) {
-    return std::nullopt;
-  }
+HTTPAnswer changed(DemoCampaign& campaign) {
+  campaign.record.version = campaign.record.version.value_or(0) + 1;
+  return jsonAnswer(toJSON(campaign.record));
 }
-
-}  // namespace
 
 std::optional<HTTPAnswer> CampaignDoor::answer(const DemoRequest& request, const QStringList& parts) {
   purge();
-  const QByteArray& method = request.method;
-  if (parts == QStringList{u"analytics"_s, u"summary"_s} && method == "GET") return summary(request.query);
-  if (parts.value(0) != "campaigns"_L1) return std::nullopt;
-  if (parts.size() == 1) {
-    if (method == "GET") return list(request.query.queryItemValue(u"archived"_s) == "1"_L1);
-    if (method == "POST") return create(request);
-    return std::nullopt;
-  }
+  const QString call = QString::fromLatin1(request.method) + u' ' + parts.join(u'/');
+  if (call == "GET analytics/summary"_L1) return summary(request.query);
+  if (call == "GET campaigns"_L1) return list(isSet(request, u"archived"_s));
+  if (call == "POST campaigns"_L1) return create(request);
+  if (call == "POST campaigns/spintax"_L1) return SequenceDoor::spin(request);
+  if (parts.size() == 2 && call.startsWith("GET test-email/"_L1))
+    return SequenceDoor::testEmailState(m_context, parts[1]);
+  if (parts.size() < 2 || parts[0] != "campaigns"_L1) return std::nullopt;
   DemoCampaign* campaign = m_workspace.find(parts[1]);
   if (!campaign) return problemAnswer(404, u"not_found"_s, u"This campaign no longer exists"_s);
-  return one(request, *campaign, QString::fromLatin1(method) + u' ' + parts.mid(2).join(u'/'));
+  return one(request, *campaign, parts.mid(2));
 }
 
-std::optional<HTTPAnswer> CampaignDoor::one(const DemoRequest& request, DemoCampaign& campaign, const QString& verb) {
-  if (verb == "GET "_L1) return jsonAnswer(toJSON(campaign.record));
-  if (verb == "PATCH "_L1) return patch(request, campaign);
-  if (verb == "PUT steps"_L1) return steps(request, campaign);
-  if (verb == "POST launch"_L1) return launch(campaign);
-  if (verb == "POST pause"_L1) return pause(campaign);
-  if (verb == "POST duplicate"_L1) return duplicate(campaign);
-  if (verb == "POST restore"_L1) return restore(campaign);
-  if (verb == "GET leads"_L1) return leads(request, campaign);
-  if (verb == "DELETE "_L1)
-    return request.query.queryItemValue(u"permanent"_s) == "1"_L1 ? remove(campaign.record.id) : archive(campaign);
-  return std::nullopt;
+std::optional<HTTPAnswer> CampaignDoor::one(const DemoRequest& request, DemoCampaign& campaign,
+                                            const QStringList& below) {
+  const QString call = QString::fromLatin1(request.method) + u' ' + below.join(u'/');
+  if (call == "GET "_L1) return jsonAnswer(toJSON(campaign.record));
+  if (call == "PATCH "_L1) return patch(request, campaign);
+  if (call == "POST launch"_L1) return launch(request, campaign);
+  if (call == "POST pause"_L1) return pause(campaign);
+  if (call == "POST duplicate"_L1) return duplicate(campaign);
+  if (call == "POST restore"_L1) return restore(campaign);
+  if (call == "DELETE "_L1) return isSet(request, u"permanent"_s) ? remove(campaign.record.id) : archive(campaign);
+  if (call == "GET subsequences"_L1) return subsequences(campaign);
+  if (call == "POST subsequences"_L1) return createSubsequence(request, campaign);
+  if (call == "GET activity"_L1) return activity(request, campaign);
+  if (call == "GET messages"_L1) return messages(request, campaign);
+  if (auto answer = SequenceDoor(m_context, campaign).answer(request, call)) return answer;
+  return LeadDoor(m_context, campaign).answer(request, below);
 }
 
+/// Subsequences are listed with their parent, not here; deleted ones wait in the archive like all others.
 HTTPAnswer CampaignDoor::list(bool archived) const {
   CampaignList list;
-  qint64 archivedCount = 0;
-  for (const DemoCampaign& campaign : m_workspace.campaigns) {
-    archivedCount += campaign.archivedAt.has_value();
-    if (campaign.archivedAt.has_value() == archived) list.items.append(campaign.summary());
+  list.archivedCount = 0;
+  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns)) {
+    if (campaign.archivedAt) ++*list.archivedCount;
+    if (campaign.archivedAt.has_value() != archived || (!archived && campaign.record.parent)) continue;
+    list.items.append(campaign.summary());
   }
-  list.archivedCount = archivedCount;
   return jsonAnswer(toJSON(list));
 }
 
 HTTPAnswer CampaignDoor::create(const DemoRequest& request) {
   const auto body = bodyOf<CreateCampaignBody>(request);
   if (!body || body->name.trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
+  m_workspace.campaigns.prepend(newCampaign(body->name.trimmed()));
+  return jsonAnswer(toJSON(m_workspace.campaigns.first().record), 201);
+}
+
+DemoCampaign CampaignDoor::newCampaign(const QString& name) {
   DemoCampaign campaign;
-  campaign.record.id = m_random.id(u"c"_s);
+  campaign.record.id = m_context.random.id(u"c"_s);
   campaign.record.number = ++m_workspace.lastNumber;
-  campaign.record.name = body->name.trimmed();
+  campaign.record.name = name;
   campaign.record.status = CampaignStatus(u"draft"_s);
-  campaign.record.createdAt = stamp();
+  campaign.record.createdAt = m_context.stamp();
   campaign.record.version = 1;
   campaign.record.tags.emplace();
   campaign.record.senders.emplace();
   campaign.record.steps.emplace();
   campaign.record.stats.emplace();
-  m_workspace.campaigns.prepend(campaign);
-  return jsonAnswer(toJSON(campaign.record), 201);
+  return campaign;
 }
 
 HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaign) {
@@ -96,48 +113,46 @@ HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaig
   if (!patch) return invalid(u"This change can’t be read."_s, {});
   if (patch->name && patch->name->trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
   Campaign& record = campaign.record;
-  if (patch->name) record.name = patch->name->trimmed();
-  if (patch->schedule) record.schedule = patch->schedule;
-  if (patch->dailyCapPerInbox) record.dailyCapPerInbox = patch->dailyCapPerInbox;
-  if (patch->gapSeconds) record.gapSeconds = patch->gapSeconds;
-  if (patch->stopOnReply) record.stopOnReply = patch->stopOnReply;
-  if (patch->settings) record.settings = patch->settings;
-  if (patch->tags) record.tags = patch->tags;
-  if (patch->trigger) record.trigger = patch->trigger;
-  return changed(campaign);
-}
-
-HTTPAnswer CampaignDoor::steps(const DemoRequest& request, DemoCampaign& campaign) {
-  const auto body = bodyOf<StepsBody>(request);
-  if (!body) return invalid(u"These steps can’t be read."_s, u"steps"_s);
-  QList<CampaignStep> saved;
-  for (const StepIn& in : body->steps) {
-    CampaignStep step{in.id.value_or(m_random.id(u"st"_s)), saved.size() + 1, in.delayMinutes, in.sameThread, {}, {}};
-    for (const VariantIn& variant : in.variants)
-      step.variants.append({variant.id.value_or(m_random.id(u"va"_s)),
-                            variant.label,
-                            variant.subject,
-                            variant.body,
-                            variant.weight,
-                            variant.enabled,
-                            {}});
-    saved.append(step);
+  if (patch->senderMailboxIds) {
+    const auto senders = sendersOf(*patch->senderMailboxIds);
+    if (!senders) return invalid(u"One of these inboxes is no longer there."_s, u"senderMailboxIds"_s);
+    record.senders = senders;
   }
-  campaign.record.steps = saved;
+  if (patch->name) record.name = patch->name->trimmed();
+  take(record.schedule, patch->schedule);
+  take(record.dailyCapPerInbox, patch->dailyCapPerInbox);
+  take(record.gapSeconds, patch->gapSeconds);
+  take(record.stopOnReply, patch->stopOnReply);
+  take(record.settings, patch->settings);
+  take(record.tags, patch->tags);
+  take(record.trigger, patch->trigger);
+  if (record.qc) record.qc->current = false;
   return changed(campaign);
 }
 
-HTTPAnswer CampaignDoor::launch(DemoCampaign& campaign) {
+HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campaign) {
   Campaign& record = campaign.record;
-  const QString status = record.status.rawValue;
-  if (status == "running"_L1) return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
-  if (!record.senders || record.senders->isEmpty())
-    return problemAnswer(422, u"not_ready"_s, u"Not ready to send"_s, u"Choose at least one inbox to send from."_s);
+  const bool resumes = record.launchedAt.has_value();
+  if (campaign.archivedAt) return problemAnswer(409, u"archived"_s, u"Restore this campaign first"_s);
+  if (record.status.rawValue == "running"_L1)
+    return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
+  const Qc qc = SequenceDoor(m_context, campaign).check();
+  for (const QcCheck& check : qc.checks) {
+    // What has been sent from before may go on: its leads may be through, its senders may be waited for.
+    if (check.status == "fail"_L1 && !(resumes && check.key != "senders"_L1))
+      return problemAnswer(422, u"not_ready"_s, u"Not ready to send"_s, check.detail);
+  }
+  const auto body = bodyOf<LaunchBody>(request);
+  if (!resumes && !(body && body->confirmExternal) && qc.external && qc.external->count > 0)
+    return problemAnswer(409, u"external_unconfirmed"_s, u"This campaign writes to real people"_s,
+                         u"Open the campaign and launch it there."_s);
   record.status = CampaignStatus(u"running"_s);
-  if (!record.launchedAt) record.launchedAt = stamp();
+  if (!resumes) record.launchedAt = m_context.stamp();
   record.pausedAt.reset();
-  LeadCounts& counts = record.stats->leads;
-  counts.active += std::exchange(counts.paused, 0) + std::exchange(counts.queued, 0);
+  changeLeads(campaign, u"paused"_s, u"active"_s);
+  changeLeads(campaign, u"queued"_s, u"active"_s);
+  record.lastPlan = Campaign::Plan{m_context.stamp(), campaign.stats().leads.active, {}};
+  note(resumes ? u"resumed"_s : u"launched"_s, campaign);
   return changed(campaign);
 }
 
@@ -146,39 +161,53 @@ HTTPAnswer CampaignDoor::pause(DemoCampaign& campaign) {
   if (record.status.rawValue != "running"_L1)
     return problemAnswer(409, u"not_running"_s, u"This campaign isn’t running"_s);
   record.status = CampaignStatus(u"paused"_s);
-  record.pausedAt = stamp();
-  LeadCounts& counts = record.stats->leads;
-  counts.paused += std::exchange(counts.active, 0);
+  record.pausedAt = m_context.stamp();
+  changeLeads(campaign, u"active"_s, u"paused"_s);
+  note(u"paused"_s, campaign);
   return changed(campaign);
 }
 
 HTTPAnswer CampaignDoor::duplicate(const DemoCampaign& campaign) {
-  DemoCampaign copy;
-  copy.record = campaign.record;
-  copy.record.id = m_random.id(u"c"_s);
-  copy.record.number = ++m_workspace.lastNumber;
-  copy.record.name += u" (copy)"_s;
-  copy.record.status = CampaignStatus(u"draft"_s);
-  copy.record.createdAt = stamp();
-  copy.record.launchedAt.reset();
-  copy.record.pausedAt.reset();
-  copy.record.completedAt.reset();
-  copy.record.stats = CampaignStats{};
-  copy.record.version = 1;
+  DemoCampaign copy = newCampaign(campaign.record.name + u" (copy)"_s);
+  const Campaign fresh = std::exchange(copy.record, campaign.record);
+  copy.record.id = fresh.id;
+  copy.record.number = fresh.number;
+  copy.record.name = fresh.name;
+  copy.record.status = fresh.status;
+  copy.record.createdAt = fresh.createdAt;
+  copy.record.version = fresh.version;
+  copy.record.stats = fresh.stats;
+  for (auto* instant : {&copy.record.launchedAt, &copy.record.pausedAt, &copy.record.completedAt}) instant->reset();
+  copy.record.qc.reset();
+  copy.record.lastPlan.reset();
+  giveFreshIds(copy.steps());
   m_workspace.campaigns.prepend(copy);
   return jsonAnswer(toJSON(copy.record), 201);
 }
 
+void CampaignDoor::giveFreshIds(QList<CampaignStep>& steps) {
+  for (CampaignStep& step : steps) {
+    step.id = m_context.random.id(u"st"_s);
+    step.stats.reset();
+    for (CampaignVariant& variant : step.variants) {
+      variant.id = m_context.random.id(u"va"_s);
+      variant.stats.reset();
+    }
+  }
+}
+
 HTTPAnswer CampaignDoor::archive(DemoCampaign& campaign) {
   if (campaign.archivedAt) return emptyAnswer();
-  if (campaign.record.status.rawValue == "running"_L1) campaign.record.status = CampaignStatus(u"paused"_s);
-  campaign.archivedAt = stamp();
-  campaign.record.version = campaign.record.version.value_or(0) + 1;
+  if (campaign.record.status.rawValue == "running"_L1) pause(campaign);
+  campaign.archivedAt = m_context.stamp();
+  changed(campaign);
   return emptyAnswer();
 }
 
 HTTPAnswer CampaignDoor::remove(const QString& id) {
-  m_workspace.campaigns.removeIf([&id](const DemoCampaign& campaign) { return campaign.record.id == id; });
+  m_workspace.campaigns.removeIf([&id](const DemoCampaign& campaign) {
+    return campaign.record.id == id || (campaign.record.parent && campaign.record.parent->id == id);
+  });
   return emptyAnswer();
 }
 
@@ -188,25 +217,42 @@ HTTPAnswer CampaignDoor::restore(DemoCampaign& campaign) {
   return changed(campaign);
 }
 
-HTTPAnswer CampaignDoor::leads(const DemoRequest& request, const DemoCampaign& campaign) const {
-  const qint64 limit = std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, 500);
-  const qint64 from = request.query.queryItemValue(u"cursor"_s).toLongLong();
-  const QString status = request.query.queryItemValue(u"status"_s);
-  const bool archived = request.query.queryItemValue(u"archived"_s) == "1"_L1;
-  LeadPage page;
-  page.counts.emplace();
-  page.archivedCount = 0;
-  qint64 matching = 0;
-  for (const CampaignLead& lead : campaign.leads) {
-    if (lead.removedAt) ++*page.archivedCount;
-    if (lead.removedAt.has_value() != archived) continue;
-    ++(*page.counts)[lead.status.rawValue];
-    if (!status.isEmpty() && lead.status.rawValue != status) continue;
-    if (matching >= from && page.items.size() < limit) page.items.append(lead);
-    ++matching;
+HTTPAnswer CampaignDoor::subsequences(const DemoCampaign& parent) const {
+  SubsequenceList list;
+  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns)) {
+    if (campaign.archivedAt || !campaign.record.parent || campaign.record.parent->id != parent.record.id) continue;
+    const CampaignSummary row = campaign.summary();
+    list.items.append({row.id, row.number, row.name, row.status, campaign.record.trigger, row.steps, row.leads,
+                       row.sent, row.replied, row.createdAt, row.version});
   }
-  if (from + limit < matching) page.nextCursor = QString::number(from + limit);
-  return jsonAnswer(toJSON(page));
+  return jsonAnswer(toJSON(list));
+}
+
+HTTPAnswer CampaignDoor::createSubsequence(const DemoRequest& request, const DemoCampaign& parent) {
+  const auto body = bodyOf<SubsequenceBody>(request);
+  if (!body || body->name.trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
+  if (body->trigger.labels.isEmpty()) return invalid(u"Pick at least one label."_s, u"trigger.labels"_s);
+  DemoCampaign campaign = newCampaign(body->name.trimmed());
+  campaign.record.parent = Campaign::Parent{parent.record.id, parent.record.number, parent.record.name};
+  campaign.record.trigger = body->trigger;
+  campaign.record.senders = parent.record.senders;
+  campaign.record.schedule = parent.record.schedule;
+  campaign.record.settings = parent.record.settings;
+  const CampaignVariant variant{m_context.random.id(u"va"_s), u"A"_s, {}, {}, 100, true, {}};
+  campaign.steps().append({m_context.random.id(u"st"_s), 1, 0, true, {variant}, {}});
+  m_workspace.campaigns.append(campaign);
+  return jsonAnswer(toJSON(campaign.record), 201);
+}
+
+HTTPAnswer CampaignDoor::activity(const DemoRequest& request, DemoCampaign& campaign) const {
+  enrol(campaign, m_context.now);
+  const auto page = feedOf(campaign, limitOf(request), request.query.queryItemValue(u"cursor"_s));
+  return page ? jsonAnswer(toJSON(*page)) : invalid(u"This page is gone. Load the feed again."_s, u"cursor"_s);
+}
+
+HTTPAnswer CampaignDoor::messages(const DemoRequest& request, DemoCampaign& campaign) const {
+  enrol(campaign, m_context.now);
+  return jsonAnswer(toJSON(messagesOf(campaign, limitOf(request))));
 }
 
 HTTPAnswer CampaignDoor::summary(const QUrlQuery& query) const {
@@ -215,23 +261,32 @@ HTTPAnswer CampaignDoor::summary(const QUrlQuery& query) const {
   if (!from.isValid() || !to.isValid() || from > to) return invalid(u"Choose a range of dates."_s, u"from"_s);
   const QString only = query.queryItemValue(u"campaigns"_s);
   QList<const DemoCampaign*> campaigns;
-  for (const DemoCampaign& campaign : m_workspace.campaigns)
+  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns))
     if (only.isEmpty() || campaign.record.id == only) campaigns.append(&campaign);
-  return jsonAnswer(toJSON(analyticsOf(campaigns, from, to, m_now.date(), m_workspace.timeZone)));
+  return jsonAnswer(toJSON(analyticsOf(campaigns, from, to, m_context.now.date(), m_workspace.timeZone)));
 }
 
-HTTPAnswer CampaignDoor::changed(DemoCampaign& campaign) {
-  campaign.record.version = campaign.record.version.value_or(0) + 1;
-  return jsonAnswer(toJSON(campaign.record));
+/// Nothing when one of the mailboxes is not there.
+std::optional<QList<CampaignSender>> CampaignDoor::sendersOf(const QList<QString>& mailboxIds) const {
+  QList<CampaignSender> senders;
+  for (const QString& id : mailboxIds) {
+    const auto mailbox = std::ranges::find(std::as_const(m_workspace.mailboxes), id, &DemoMailbox::id);
+    if (mailbox == m_workspace.mailboxes.cend()) return std::nullopt;
+    senders.append(mailbox->asSender());
+  }
+  return senders;
+}
+
+void CampaignDoor::note(const QString& kind, DemoCampaign& campaign) {
+  FeedItem item;
+  item.kind = kind;
+  item.at = m_context.stamp();
+  campaign.events.append(item);
 }
 
 void CampaignDoor::purge() {
-  m_workspace.campaigns.removeIf([this](const DemoCampaign& campaign) {
-    const auto archived = campaign.archivedAt ? parsePlatformDate(*campaign.archivedAt) : std::nullopt;
-    return archived && archived->addDays(archiveDays) <= m_now;
-  });
+  m_workspace.campaigns.removeIf(
+      [this](const DemoCampaign& campaign) { return isOverdue(campaign.archivedAt, m_context.now); });
 }
-
-QString CampaignDoor::stamp() const { return formatPlatformDate(m_now); }
 
 }  // namespace orv::demo

@@ -39,7 +39,7 @@ AnalyticsSummary analyticsOf(const QList<const DemoCampaign*>& campaigns, const 
   for (const DemoCampaign* campaign : campaigns) {
     const Campaign& record = campaign->record;
     const auto launched = record.launchedAt ? parsePlatformDate(*record.launchedAt) : std::nullopt;
-    if (!launched || !record.stats) continue;
+    if (!launched) continue;
     const QDate start = launched->date();
     const qint64 days = std::max<qint64>(1, start.daysTo(today) + 1);
     AnalyticsSummary::CampaignRow row;
@@ -47,16 +47,16 @@ AnalyticsSummary analyticsOf(const QList<const DemoCampaign*>& campaigns, const 
     row.number = record.number;
     row.name = record.name;
     row.status = record.status.rawValue;
-    row.leads = record.stats->leads.total;
+    row.leads = campaign->stats().leads.total;
     for (qint64 index = 0; index < days; ++index) {
       const qint64 column = from.daysTo(start.addDays(index));
       if (column < 0 || column >= summary.days.size()) continue;
-      const Day day = dayOf(*record.stats, index, days);
+      const Day day = dayOf(campaign->stats(), index, days);
       MetricDay& metric = summary.days[column];
       metric.sent += day.sent;
-      metric.contacted = *metric.contacted + day.sent;
+      metric.contacted = metric.contacted.value_or(0) + day.sent;
       metric.replies += day.replies;
-      metric.bounces = *metric.bounces + day.bounces;
+      metric.bounces = metric.bounces.value_or(0) + day.bounces;
       row.sent += day.sent;
       row.replies += day.replies;
       row.bounces += day.bounces;

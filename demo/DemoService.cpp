@@ -71,14 +71,16 @@ HTTPAnswer DemoService::answer(const DemoRequest& request) {
 /// A key seen before gets the answer of then; nothing is applied twice.
 HTTPAnswer DemoService::once(const DemoRequest& request) {
   const QByteArray key = request.headers.value("idempotency-key");
-  if (key.isEmpty()) return route(request);
+  // An ended session gets no old answers either.
+  const bool ended = !request.token().isEmpty() && !m_tokens.contains(request.token());
+  if (key.isEmpty() || ended) return route(request);
   const QString who = request.token() + u' ' + QString::fromLatin1(key);
   const QByteArray what = request.method + ' ' + request.path.toUtf8() + ' ' + request.body;
   if (const auto seen = m_remembered.constFind(who); seen != m_remembered.constEnd()) {
     if (seen->request == what) return seen->answer;
     return problemAnswer(422, u"idempotency_key_reused"_s, u"This key belongs to another request"_s);
   }
-  const HTTPAnswer answer = route(request);
+  HTTPAnswer answer = route(request);
   m_remembered.insert(who, {what, answer});
   return answer;
 }
@@ -136,7 +138,7 @@ HTTPAnswer DemoService::workspace(const DemoRequest& request) {
   const QString role = workspace->members.value(email);
   if (request.method != "GET" && role == "viewer"_L1)
     return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change campaigns."_s);
-  return CampaignDoor(*workspace, m_clock.now(), m_random).answer(request, parts.mid(1)).value_or(notFound());
+  return CampaignDoor({*workspace, m_clock.now(), m_random}).answer(request, parts.mid(1)).value_or(notFound());
 }
 
 HTTPAnswer DemoService::checkEmail(const QJsonObject& body) {
@@ -182,7 +184,7 @@ HTTPAnswer DemoService::verifyEmail(const QJsonObject& body) {
 }
 
 QString DemoService::googleCode(const QString& email, const QString& challenge) {
-  const QString code = m_random.id(u"g"_s);
+  QString code = m_random.id(u"g"_s);
   m_grants.insert(code, {email, challenge});
   return code;
 }

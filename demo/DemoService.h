@@ -44,7 +44,6 @@ class DemoService {
   QString googleCode(const QString& email, const QString& challenge);
 
  private:
-  friend class CampaignDoor;
   struct Code {
     QString code;
     QDateTime sentAt;

@@ -12,13 +12,33 @@
 namespace orv::demo {
 
 struct DemoCampaign {
+  /// Its stats are always there and count the leads.
   Campaign record;
-  /// Leads enrolled; the record's stats count them.
+  /// Made when they are first asked for (see enrol()); until then the stats alone say what they are.
   QList<CampaignLead> leads;
+  bool enrolled = false;
+  quint64 seed = 0;
+  /// What people did to the campaign and its leads, oldest first; what was sent follows from the leads.
+  QList<FeedItem> events;
   /// Set while the campaign is archived.
   std::optional<QString> archivedAt;
 
+  /// What a record may leave out and the campaigns here have.
+  CampaignStats& stats() { return record.stats ? *record.stats : record.stats.emplace(); }
+  QList<CampaignStep>& steps() { return record.steps ? *record.steps : record.steps.emplace(); }
+  QList<CampaignSender>& senders() { return record.senders ? *record.senders : record.senders.emplace(); }
+  const CampaignStats& stats() const { return orNothing(record.stats); }
+  const QList<CampaignStep>& steps() const { return orNothing(record.steps); }
+  const QList<CampaignSender>& senders() const { return orNothing(record.senders); }
+
   CampaignSummary summary() const;
+
+ private:
+  template <class T>
+  static const T& orNothing(const std::optional<T>& value) {
+    static const T nothing{};
+    return value ? *value : nothing;
+  }
 };
 
 struct DemoMailbox {
@@ -27,6 +47,21 @@ struct DemoMailbox {
   QString displayName;
   QString status;
   qint64 dailyCap = 0;
+
+  /// As a campaign sees it.
+  CampaignSender asSender() const;
+};
+
+/// People that somebody has put together, to be enrolled from.
+struct DemoLeadList {
+  QString id;
+  QString name;
+  QList<CampaignLead> people;
+};
+
+struct DemoTestEmail {
+  TestEmail record;
+  QDateTime startedAt;
 };
 
 struct DemoWorkspace {
@@ -40,6 +75,10 @@ struct DemoWorkspace {
   /// In the order they are listed: the newest first.
   QList<DemoCampaign> campaigns;
   qint64 lastNumber = 0;
+  QList<DemoLeadList> lists;
+  /// Addresses that never get an email.
+  QStringList blocklist;
+  QHash<QString, DemoTestEmail> testEmails;
 
   DemoCampaign* find(const QString& campaignId);
 };

@@ -2,6 +2,7 @@
 
 #include <QTcpSocket>
 
+using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace orv::demo {
@@ -20,8 +21,12 @@ QByteArray reason(int status) {
       return "No Content";
     case 400:
       return "Bad Request";
+    case 411:
+      return "Length Required";
     case 413:
       return "Content Too Large";
+    case 431:
+      return "Request Header Fields Too Large";
     default:
       return "Status";
   }
@@ -38,8 +43,12 @@ HTTPAnswer html(int status) {
   return {status, {{"Content-Type", "text/html"}}, "<html><body>Bad gateway</body></html>"};
 }
 
+/// A refusal changes nothing; every other fault spoils the answer to what has been done.
+bool isRefusal(Faults::Kind kind) {
+  return kind == Faults::Kind::unauthorized || kind == Faults::Kind::conflict || kind == Faults::Kind::rateLimit;
+}
+
 HTTPAnswer faulty(Faults::Kind kind, const HTTPAnswer& answer) {
-  using namespace Qt::Literals::StringLiterals;
   switch (kind) {
     case Faults::Kind::unauthorized:
       return problemAnswer(401, u"unauthorized"_s, u"Not signed in"_s);
@@ -80,45 +89,86 @@ class HttpDoor::Connection final : public QObject {
 
  private:
   void proceed() {
-    while (!m_answering && readRequest()) answer();
+    while (!m_answering && !m_held && readRequest()) answer();
+    if (m_bytes.size() > longestHead + longestBody) refuse(413);
   }
 
   /// True when a whole request has been taken off m_bytes.
   bool readRequest() {
     const auto headEnd = m_bytes.indexOf("\r\n\r\n");
-    if (headEnd < 0) {
-      if (m_bytes.size() > longestHead) refuse(400);
+    if ((headEnd < 0 ? m_bytes.size() : headEnd) > longestHead) return refuse(431);
+    if (headEnd < 0) return false;
+    if (!readHead(m_bytes.first(headEnd))) return false;
+    if (header("transfer-encoding")) return refuse(411);
+    const auto length = contentLength();
+    if (!length) return refuse(400);
+    if (*length > longestBody) return refuse(413);
+    if (m_bytes.size() < headEnd + 4 + *length) {
+      askForBody();
       return false;
     }
-    const QList<QByteArray> lines = m_bytes.first(headEnd).split('\n');
-    const QList<QByteArray> start = lines.first().trimmed().split(' ');
-    if (start.size() != 3 || !start[2].startsWith("HTTP/1.") || !start[1].startsWith('/')) return refuse(400);
-    m_headers.clear();
-    qint64 length = 0;
-    for (const QByteArray& line : lines.mid(1)) {
-      const auto colon = line.indexOf(':');
-      if (colon < 0) return refuse(400);
-      m_headers.append({line.first(colon).trimmed(), line.sliced(colon + 1).trimmed()});
-      if (m_headers.last().first.compare("content-length", Qt::CaseInsensitive) != 0) continue;
-      bool isNumber = false;
-      length = m_headers.last().second.toLongLong(&isNumber);
-      if (!isNumber || length < 0) return refuse(400);
-    }
-    if (length > longestBody) return refuse(413);
-    if (m_bytes.size() < headEnd + 4 + length) return false;
-    m_method = start[0];
-    m_target = start[1];
-    m_body = m_bytes.mid(headEnd + 4, length);
-    m_bytes.remove(0, headEnd + 4 + length);
+    m_toldToContinue = false;
+    m_body = m_bytes.mid(headEnd + 4, *length);
+    m_bytes.remove(0, headEnd + 4 + *length);
     return true;
   }
 
+  bool readHead(const QByteArray& head) {
+    const QList<QByteArray> lines = head.split('\n');
+    const QList<QByteArray> start = lines.first().trimmed().split(' ');
+    if (start.size() != 3 || start[0].isEmpty() || !start[1].startsWith('/') || !start[2].startsWith("HTTP/1."))
+      return refuse(400);
+    m_headers.clear();
+    for (const QByteArray& line : lines.mid(1)) {
+      const auto colon = line.indexOf(':');
+      if (colon <= 0) return refuse(400);
+      m_headers.append({line.first(colon).trimmed(), line.sliced(colon + 1).trimmed()});
+    }
+    m_method = start[0];
+    m_target = start[1];
+    m_last = start[2] == "HTTP/1.0" || header("connection").value_or(QByteArray()).toLower() == "close";
+    return true;
+  }
+
+  std::optional<QByteArray> header(QByteArrayView name) const {
+    for (const auto& [key, value] : m_headers)
+      if (key.compare(name, Qt::CaseInsensitive) == 0) return value;
+    return std::nullopt;
+  }
+
+  /// Nothing when it is no length, or when two differ: where one request ends must not be a matter of opinion.
+  std::optional<qint64> contentLength() const {
+    std::optional<qint64> length;
+    for (const auto& [key, value] : m_headers) {
+      if (key.compare("content-length", Qt::CaseInsensitive) != 0) continue;
+      bool isNumber = false;
+      const qint64 number = value.toLongLong(&isNumber);
+      if (!isNumber || number < 0 || (length && *length != number)) return std::nullopt;
+      length = number;
+    }
+    return length.value_or(0);
+  }
+
+  /// A client with a long body waits for this word, a second or for ever, before it sends.
+  void askForBody() {
+    if (m_toldToContinue || header("expect").value_or(QByteArray()).toLower() != "100-continue") return;
+    m_toldToContinue = true;
+    m_socket->write("HTTP/1.1 100 Continue\r\n\r\n");
+  }
+
   void answer() {
+    const auto request = DemoRequest::parse(m_method, m_target, m_headers, m_body);
+    if (m_door.onRequest) m_door.onRequest(QString::fromLatin1(m_method) + u' ' + request.path);
+    if (m_door.m_faults.holds(request.path)) {
+      m_held = true;
+      return;
+    }
     const auto fault = m_door.m_faults.draw();
-    HTTPAnswer answer = m_door.m_service.answer(DemoRequest::parse(m_method, m_target, m_headers, m_body));
+    HTTPAnswer answer;
+    if (!fault || !isRefusal(*fault)) answer = m_door.m_service.answer(request);
     if (fault) answer = faulty(*fault, answer);
     auto delay = m_door.m_faults.latency();
-    if (fault == Faults::Kind::late) delay += 3s;
+    if (fault == Faults::Kind::late) delay += m_door.m_faults.lateness();
     if (delay == 0ms) return send(answer, fault);
     m_answering = m_door.m_clock.startTimer(delay, [this, answer, fault] {
       send(answer, fault);
@@ -129,19 +179,22 @@ class HttpDoor::Connection final : public QObject {
 
   void send(const HTTPAnswer& answer, std::optional<Faults::Kind> fault) {
     const QByteArray bytes = serialised(answer);
-    if (fault == Faults::Kind::closed) {
-      m_socket->write(bytes.first(bytes.size() / 2));
-      m_socket->disconnectFromHost();
-      return;
-    }
-    m_socket->write(bytes);
+    const bool cut = fault == Faults::Kind::closed;
+    m_socket->write(cut ? bytes.first(bytes.size() / 2) : bytes);
+    if (cut || m_last) hangUp();
   }
 
   bool refuse(int status) {
-    m_bytes.clear();
     m_socket->write(serialised({status, {{"Connection", "close"}}, {}}));
-    m_socket->disconnectFromHost();
+    hangUp();
     return false;
+  }
+
+  /// What still arrives is of no interest.
+  void hangUp() {
+    disconnect(m_socket, &QTcpSocket::readyRead, this, nullptr);
+    m_bytes.clear();
+    m_socket->disconnectFromHost();
   }
 
   HttpDoor& m_door;
@@ -149,6 +202,9 @@ class HttpDoor::Connection final : public QObject {
   QByteArray m_bytes, m_method, m_target, m_body;
   QList<QPair<QByteArray, QByteArray>> m_headers;
   std::unique_ptr<Clock::Timer> m_answering;
+  bool m_toldToContinue = false;
+  bool m_last = false;
+  bool m_held = false;
 };
 
 HttpDoor::HttpDoor(DemoService& service, Clock& clock, Faults faults, QObject* parent)

@@ -25,6 +25,9 @@ class HttpDoor final : public QObject {
   void setFaults(Faults faults) { m_faults = std::move(faults); }
   Faults& faults() { return m_faults; }
 
+  /// Called with method and path of every request as it arrives, before its answer.
+  std::function<void(const QString& request)> onRequest;
+
  private:
   class Connection;
   void accept();

@@ -1,6 +1,8 @@
 #include <array>
 
 #include "demo/DemoState.h"
+#include "demo/Enrolment.h"
+#include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -45,28 +47,6 @@ const QList<Row>& northgateArchive() {
   return rows;
 }
 
-const QStringList& industries() {
-  static const QStringList list{u"Dental clinics"_s,    u"Law firms"_s,        u"Machine shops"_s,  u"Wine importers"_s,
-                                u"Property managers"_s, u"Software vendors"_s, u"Print shops"_s,    u"Car dealers"_s,
-                                u"Caterers"_s,          u"Architects"_s,       u"Freight agents"_s, u"Nurseries"_s};
-  return list;
-}
-const QStringList& regions() {
-  static const QStringList list{u"Nordics"_s, u"DACH"_s,  u"Iberia"_s, u"Baltics"_s, u"Ireland"_s, u"Benelux"_s,
-                                u"Alps"_s,    u"Italy"_s, u"France"_s, u"Poland"_s,  u"Greece"_s,  u"Scotland"_s};
-  return list;
-}
-const QStringList& firstNames() {
-  static const QStringList list{u"Lena"_s,  u"Maris"_s, u"Ilze"_s, u"Tomas"_s, u"Sara"_s,
-                                u"Jonas"_s, u"Noor"_s,  u"Elif"_s, u"Pavel"_s};
-  return list;
-}
-const QStringList& lastNames() {
-  static const QStringList list{u"Berg"_s,  u"Kalnins"_s, u"Okafor"_s, u"Silva"_s,
-                                u"Novak"_s, u"Lind"_s,    u"Moreau"_s, u"Kaya"_s};
-  return list;
-}
-
 QString instant(const QDate& today, int daysAgo, int hour = 9) {
   return formatPlatformDate(QDateTime(today.addDays(-daysAgo), QTime(hour, 0), Qt::UTC));
 }
@@ -107,6 +87,7 @@ LeadCounts countsOf(const Row& row) {
 
 DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& random, const QDate& today) {
   DemoCampaign campaign;
+  campaign.seed = random.next();
   Campaign& record = campaign.record;
   record.id = random.id(u"c"_s);
   record.number = ++workspace.lastNumber;
@@ -120,21 +101,8 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.schedule =
       CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
   record.steps = makeSteps(row.steps, random);
-  record.senders.emplace();
-  for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i) {
-    const DemoMailbox& mailbox = workspace.mailboxes[i];
-    record.senders->append({mailbox.id,
-                            mailbox.address,
-                            mailbox.displayName,
-                            mailbox.status,
-                            mailbox.status == "active"_L1,
-                            {},
-                            mailbox.dailyCap,
-                            {},
-                            0,
-                            false,
-                            {}});
-  }
+  for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i)
+    campaign.senders().append(workspace.mailboxes[i].asSender());
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
   if (launched) record.launchedAt = instant(today, row.daysAgo);
@@ -152,10 +120,10 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
 Row randomRow(DemoRandom& random) {
   static constexpr std::array statuses{"running", "paused", "draft", "completed"};
   Row row{};
-  row.name =
-      random.pick(industries()) + u", "_s + random.pick(regions()) + u' ' + QString::number(random.between(1, 99));
+  row.name = random.pick(words::industries()) + u", "_s + random.pick(words::regions()) + u' ' +
+             QString::number(random.between(1, 99));
   row.status = random.pick(statuses);
-  row.tags = {random.pick(regions()).toLower()};
+  row.tags = {random.pick(words::regions()).toLower()};
   row.steps = random.between(1, 6);
   row.senders = random.between(1, 12);
   row.daysAgo = int(random.between(1, 300));
@@ -170,9 +138,20 @@ Row randomRow(DemoRandom& random) {
   return row;
 }
 
+DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QString& timeZone,
+                            const QMap<QString, QString>& members) {
+  DemoWorkspace workspace;
+  workspace.id = u"w_"_s + slug;
+  workspace.slug = slug;
+  workspace.name = name;
+  workspace.timeZone = timeZone;
+  workspace.members = members;
+  return workspace;
+}
+
 void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
   for (qint64 i = 0; i < count; ++i) {
-    const QString first = random.pick(firstNames()), last = random.pick(lastNames());
+    const QString first = random.pick(words::firstNames()), last = random.pick(words::lastNames());
     workspace.mailboxes.append(
         {random.id(u"mb"_s),
          first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug + u"-mail.example"_s,
@@ -180,17 +159,11 @@ void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
   }
 }
 
-void addLeads(DemoCampaign& campaign, qint64 count, DemoRandom& random) {
-  for (qint64 i = 0; i < count; ++i) {
-    CampaignLead lead;
-    lead.id = random.id(u"l"_s);
-    lead.firstName = random.pick(firstNames());
-    lead.lastName = random.pick(lastNames());
-    lead.company = random.pick(industries()) + u' ' + random.pick(regions());
-    lead.email = lead.firstName->toLower() + QString::number(i) + u"@lead.example"_s;
-    lead.status = LeadStatus(u"queued"_s);
-    campaign.leads.append(lead);
-  }
+void addList(DemoWorkspace& workspace, DemoRandom& random) {
+  DemoLeadList list{u"li_fair"_s, u"Trade fair, Hanover"_s, {}};
+  for (qint64 number = 1; number <= 40; ++number) list.people.append(makePerson(random, number));
+  workspace.blocklist.append(list.people.last().email);
+  workspace.lists.append(list);
 }
 
 }  // namespace
@@ -208,19 +181,16 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   DemoRandom random(seed);
   DemoState state;
   const QString maren = u"maren@northgate.example"_s, tomas = u"tomas@northgate.example"_s;
-  state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate"_s, u"northgate"_s});
+  state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate-demo"_s, u"northgate"_s});
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
-  DemoWorkspace northgate{u"w_northgate"_s,
-                          u"northgate"_s,
-                          u"Northgate Growth"_s,
-                          u"Europe/Berlin"_s,
-                          {{maren, u"owner"_s}, {tomas, u"member"_s}},
-                          {},
-                          {},
-                          0};
+  auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
+                                 {{maren, u"owner"_s}, {tomas, u"member"_s}});
   addMailboxes(northgate, std::max(16, scale.mailboxes), random);
-  for (const Row& row : northgateRows()) northgate.campaigns.append(makeCampaign(row, northgate, random, today));
+  for (Row row : northgateRows()) {
+    if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
+    northgate.campaigns.append(makeCampaign(row, northgate, random, today));
+  }
   int day = 4;
   for (const Row& row : northgateArchive()) {
     auto campaign = makeCampaign(row, northgate, random, today);
@@ -230,19 +200,21 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   for (qint64 i = northgateRows().size(); i < scale.campaigns; ++i) {
     northgate.campaigns.append(makeCampaign(randomRow(random), northgate, random, today));
   }
-  addLeads(northgate.campaigns.first(), std::max(25, scale.leads), random);
+  addList(northgate, random);
 
-  DemoWorkspace caldera{
-      u"w_caldera"_s, u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}}, {}, {}, 0};
+  auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}});
   addMailboxes(caldera, 4, random);
   for (int i = 0; i < 3; ++i) {
     caldera.campaigns.append(makeCampaign(randomRow(random), caldera, random, today));
   }
-  DemoWorkspace harbour{
-      u"w_harbour"_s, u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, {}, {}, 0};
-  DemoWorkspace empty{u"w_empty"_s, u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, {}, {}, 0};
-  state.workspaces = {northgate, caldera, harbour, empty};
+  state.workspaces = {northgate, caldera,
+                      makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}),
+                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}})};
   return state;
+}
+
+CampaignSender DemoMailbox::asSender() const {
+  return {id, address, displayName, status, status == "active"_L1, {}, dailyCap, {}, 0, false, {}};
 }
 
 CampaignSummary DemoCampaign::summary() const {
@@ -251,17 +223,15 @@ CampaignSummary DemoCampaign::summary() const {
   summary.number = record.number;
   summary.name = record.name;
   summary.status = archivedAt ? CampaignStatus(u"archived"_s) : record.status;
-  summary.senders = record.senders ? record.senders->size() : 0;
-  summary.steps = record.steps ? record.steps->size() : 0;
-  if (record.stats) {
-    const CampaignStats& stats = *record.stats;
-    summary.leads = stats.leads.total;
-    summary.done = stats.leads.completed + stats.leads.replied + stats.leads.bounced;
-    summary.sent = stats.sent;
-    summary.replied = stats.replied;
-    summary.positive = stats.positive;
-    summary.bounced = stats.bounced;
-  }
+  summary.senders = senders().size();
+  summary.steps = steps().size();
+  const LeadCounts& counts = stats().leads;
+  summary.leads = counts.total;
+  summary.done = counts.completed + counts.replied + counts.bounced;
+  summary.sent = stats().sent;
+  summary.replied = stats().replied;
+  summary.positive = stats().positive;
+  summary.bounced = stats().bounced;
   summary.launchedAt = record.launchedAt;
   summary.createdAt = record.createdAt.value_or(QString());
   summary.tags = record.tags;

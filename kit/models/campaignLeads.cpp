@@ -20,6 +20,10 @@ ORV_RECORD_CODERS(BulkLeadsBody)
 ORV_RECORD_CODERS(MoveLeadsBody)
 ORV_RECORD_CODERS(LeadIdsBody)
 ORV_RECORD_CODERS(LeadPatchBody)
+ORV_RECORD_CODERS(AddLeadsBody::List)
+ORV_RECORD_CODERS(AddLeadsBody::Csv)
+ORV_RECORD_CODERS(AddLeadsBody::Manual)
+ORV_RECORD_CODERS(AddLeadsBody::Leads)
 
 namespace Requests {
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTest>
 #include <optional>
 
@@ -28,6 +29,8 @@ T await(Task<T> task) {
   std::exception_ptr failure;
   TaskScope scope;
   scope.start(keepOutcome(std::move(task), &value, &failure));
+  // What only waits for its turn in the event loop is done then; qWaitFor() looks every ten milliseconds.
+  QCoreApplication::processEvents();
   if (!QTest::qWaitFor([&scope] { return scope.isIdle(); }, 20000)) qFatal("The task does not end");
   if (failure) std::rethrow_exception(failure);
   return std::move(*value);

@@ -72,7 +72,7 @@ class WindowTest : public QObject {
     press(Qt::Key_Return);
     QTRY_COMPARE(m_stage->app().signIn()->error(), u"That password isn’t right."_s);
     press(Qt::Key_A, Qt::ControlModifier);
-    type(u"northgate"_s);
+    type(u"northgate-demo"_s);
     press(Qt::Key_Return);
     QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedIn);
     QTRY_COMPARE(campaigns().rows()->count(), 10);

@@ -1,0 +1,135 @@
+#include "demo/Enrolment.h"
+
+#include <boost/describe/members.hpp>
+#include <boost/mp11/algorithm.hpp>
+
+#include "demo/Words.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::demo {
+namespace {
+
+/// Calls `use` with each status word and its count; the counts are named as the statuses are.
+template <class Counts, class Use>
+void forEachStatus(Counts& counts, Use use) {
+  using Members = boost::describe::describe_members<LeadCounts, boost::describe::mod_public>;
+  boost::mp11::mp_for_each<Members>([&](auto member) {
+    const QString word = QString::fromLatin1(member.name);
+    if (word != "total"_L1) use(word, counts.*member.pointer);
+  });
+}
+
+/// Statuses of all leads in an order that mixes them.
+QStringList shuffledStatuses(const LeadCounts& counts, DemoRandom& random) {
+  QStringList statuses;
+  forEachStatus(counts, [&](const QString& word, qint64 count) { statuses.insert(statuses.size(), count, word); });
+  for (qsizetype i = statuses.size() - 1; i > 0; --i) statuses.swapItemsAt(i, random.below(i + 1));
+  return statuses;
+}
+
+/// Gives the lead the past that its status stands for.
+void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTime& now, DemoRandom& random) {
+  const Campaign& record = campaign.record;
+  lead.enrolledAt = record.createdAt;
+  lead.source = u"csv"_s;
+  const auto launched = record.launchedAt ? parsePlatformDate(*record.launchedAt) : std::nullopt;
+  const qint64 steps = campaign.steps().size();
+  const QString status = lead.status.rawValue;
+  if (!launched || steps == 0 || status == "queued"_L1) return;
+
+  if (!campaign.senders().isEmpty()) lead.senderAddress = random.pick(campaign.senders()).address;
+  const qint64 step = status == "completed"_L1 ? steps : random.between(1, steps);
+  lead.currentStep = step;
+  const qint64 seconds = std::max<qint64>(1, launched->secsTo(now));
+  const QDateTime first = launched->addSecs(random.below(seconds));
+  const QDateTime last = step == 1 ? first : first.addSecs(random.below(first.secsTo(now) + 1));
+  lead.firstSentAt = formatPlatformDate(first);
+  lead.lastSentAt = formatPlatformDate(last);
+  if (status == "replied"_L1) {
+    lead.repliedAt = formatPlatformDate(last.addSecs(random.below(last.secsTo(now) + 1)));
+    lead.interest = random.chance(0.3) ? u"interested"_s : u"not_interested"_s;
+    lead.inboxThreadId = random.id(u"th"_s);
+  }
+  if (status == "active"_L1 && step < steps)
+    lead.nextSendAt = formatPlatformDate(now.addSecs(random.between(600, 3LL * 86400)));
+}
+
+}  // namespace
+
+bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
+  const auto archived = archivedAt ? parsePlatformDate(*archivedAt) : std::nullopt;
+  return archived && archived->addDays(archiveDays) <= now;
+}
+
+void enrol(DemoCampaign& campaign, const QDateTime& now) {
+  if (std::exchange(campaign.enrolled, true)) return;
+  DemoRandom random(campaign.seed);
+  qint64 number = 0;
+  for (const QString& status : shuffledStatuses(campaign.stats().leads, random)) {
+    CampaignLead lead = makePerson(random, ++number);
+    lead.status = LeadStatus(status);
+    giveHistory(lead, campaign, now, random);
+    campaign.leads.append(lead);
+  }
+}
+
+void recount(DemoCampaign& campaign) {
+  QHash<QString, qint64> found;
+  LeadCounts counts;
+  for (const CampaignLead& lead : std::as_const(campaign.leads)) {
+    if (lead.removedAt) continue;
+    ++found[lead.status.rawValue];
+    ++counts.total;
+  }
+  forEachStatus(counts, [&found](const QString& word, qint64& count) { count = found.value(word); });
+  campaign.stats().leads = counts;
+}
+
+void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to) {
+  if (campaign.enrolled) {
+    for (CampaignLead& lead : campaign.leads)
+      if (lead.status.rawValue == from) lead.status = LeadStatus(to);
+    return recount(campaign);
+  }
+  qint64 moved = 0;
+  auto& counts = campaign.stats().leads;
+  forEachStatus(counts,
+                [&](const QString& word, qint64& count) { moved += word == from ? std::exchange(count, 0) : 0; });
+  forEachStatus(counts, [&](const QString& word, qint64& count) { count += word == to ? moved : 0; });
+}
+
+QString openStatus(const DemoCampaign& campaign) {
+  const QString status = campaign.record.status.rawValue;
+  if (status == "running"_L1) return u"active"_s;
+  return status == "paused"_L1 ? u"paused"_s : u"queued"_s;
+}
+
+CampaignLead makePerson(DemoRandom& random, qint64 number) {
+  CampaignLead lead;
+  lead.id = random.id(u"l"_s);
+  lead.firstName = random.pick(words::firstNames());
+  lead.lastName = random.pick(words::lastNames());
+  const QString industry = random.pick(words::industries()), region = random.pick(words::regions());
+  lead.company = industry + u' ' + region;
+  const QString domain = industry.toLower().remove(u' ') + u'-' + region.toLower() + u".example"_s;
+  lead.email = lead.firstName->toLower() + u'.' + lead.lastName->toLower() + QString::number(number) + u'@' + domain;
+  lead.website = u"https://"_s + domain;
+  lead.title = random.pick(words::titles());
+  lead.verification = random.chance(0.95) ? u"valid"_s : u"risky"_s;
+  lead.esp = random.chance(0.5) ? u"google"_s : u"microsoft"_s;
+  // Not everybody has the custom field: that is what a preview warns of.
+  if (random.chance(0.8)) lead.data = {{u"region"_s, JSONValue::string(region)}};
+  return lead;
+}
+
+CampaignLead* findLead(DemoCampaign& campaign, const QString& id) {
+  const auto found = std::ranges::find(campaign.leads, id, &CampaignLead::id);
+  return found == campaign.leads.end() ? nullptr : &*found;
+}
+
+bool hasAddress(const DemoCampaign& campaign, const QString& email) {
+  return std::ranges::find(campaign.leads, email, &CampaignLead::email) != campaign.leads.end();
+}
+
+}  // namespace orv::demo

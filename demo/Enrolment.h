@@ -1,0 +1,25 @@
+#pragma once
+
+#include "demo/Door.h"
+
+namespace orv::demo {
+
+/// A campaign's leads and its figures, kept the same by these functions and by nothing else.
+
+/// Makes the sample's leads when they are first asked for, as many of each status as the figures say: a service with
+/// ten thousand campaigns must start in a moment.
+void enrol(DemoCampaign& campaign, const QDateTime& now);
+/// Counts the leads anew after they have changed.
+void recount(DemoCampaign& campaign);
+/// Every lead with the status `from` gets the status `to`.
+void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to);
+/// The status that a lead has which is neither through the sequence nor held back.
+QString openStatus(const DemoCampaign& campaign);
+
+/// A person that is enrolled nowhere yet; `number` keeps the address apart from all others of the same generator.
+CampaignLead makePerson(DemoRandom& random, qint64 number);
+
+CampaignLead* findLead(DemoCampaign& campaign, const QString& id);
+bool hasAddress(const DemoCampaign& campaign, const QString& email);
+
+}  // namespace orv::demo

@@ -1,0 +1,124 @@
+#include "demo/LeadSource.h"
+
+#include <QJsonDocument>
+
+#include "demo/Enrolment.h"
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::demo {
+namespace {
+
+/// The one duplicate rule that looks beyond the campaign.
+bool looksEverywhere(const QString& dedupe) { return dedupe == "workspace"_L1; }
+
+/// Lines and fields of comma-separated text, quoted fields with their commas, quotes and line breaks included.
+QList<QStringList> readCsv(const QString& text) {
+  QList<QStringList> lines{{QString()}};
+  bool quoted = false;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar c = text[i];
+    QString& field = lines.last().last();
+    if (quoted && c == u'"' && text.mid(i + 1, 1) == "\""_L1)
+      field += text[++i];
+    else if (c == u'"')
+      quoted = !quoted;
+    else if (!quoted && c == u',')
+      lines.last().append(QString());
+    else if (!quoted && c == u'\n')
+      lines.append(QStringList{QString()});
+    else if (quoted || c != u'\r')
+      field += c;
+  }
+  lines.removeIf([](const QStringList& line) { return line == QStringList{QString()}; });
+  return lines;
+}
+
+LeadSource fromCsv(const DoorContext& context, const AddLeadsBody::Csv& csv) {
+  const auto lines = readCsv(csv.csv);
+  LeadSource source;
+  source.onlyNew = looksEverywhere(csv.dedupe);
+  source.columns = lines.value(0);
+  for (const QStringList& line : lines.mid(1)) {
+    CampaignLead lead;
+    lead.id = context.random.id(u"l"_s);
+    lead.source = csv.fileName.value_or(u"csv"_s);
+    for (qsizetype i = 0; i < std::min(line.size(), source.columns->size()); ++i)
+      setLeadField(lead, source.columns->at(i), line[i]);
+    source.people.append(lead);
+  }
+  return source;
+}
+
+LeadSource fromHand(const DoorContext& context, const AddLeadsBody::Manual& manual) {
+  CampaignLead lead;
+  lead.id = context.random.id(u"l"_s);
+  lead.email = manual.email;
+  lead.source = u"manual"_s;
+  for (const auto& [name, value] : manual.data.asKeyValueRange()) setLeadField(lead, name, value);
+  return {{lead}, {}, looksEverywhere(manual.dedupe)};
+}
+
+std::optional<LeadSource> fromList(const DoorContext& context, const AddLeadsBody::List& body) {
+  const auto list = std::ranges::find(context.workspace.lists, body.listId, &DemoLeadList::id);
+  if (list == context.workspace.lists.end()) return std::nullopt;
+  LeadSource source{list->people, {}, looksEverywhere(body.dedupe)};
+  for (CampaignLead& lead : source.people) lead.source = list->name;
+  return source;
+}
+
+/// Leads of other campaigns, as new as on their first day.
+LeadSource fromLeads(const DoorContext& context, const AddLeadsBody::Leads& body) {
+  LeadSource source{{}, {}, !body.allowOtherCampaigns};
+  for (const QString& id : body.leadIds) {
+    for (DemoCampaign& campaign : context.workspace.campaigns) {
+      const CampaignLead* known = findLead(campaign, id);
+      if (!known) continue;
+      CampaignLead lead = *known;
+      for (auto* instant : {&lead.firstSentAt, &lead.lastSentAt, &lead.repliedAt, &lead.nextSendAt, &lead.removedAt})
+        instant->reset();
+      lead.currentStep.reset();
+      lead.interest.reset();
+      lead.source = u"leads"_s;
+      source.people.append(lead);
+      break;
+    }
+  }
+  return source;
+}
+
+}  // namespace
+
+void setLeadField(CampaignLead& lead, const QString& name, const QString& value) {
+  const QString key = name.trimmed();
+  if (key.compare("email"_L1, Qt::CaseInsensitive) == 0)
+    lead.email = value;
+  else if (key == "firstName"_L1)
+    lead.firstName = value;
+  else if (key == "lastName"_L1)
+    lead.lastName = value;
+  else if (key == "company"_L1)
+    lead.company = value;
+  else if (key == "title"_L1)
+    lead.title = value;
+  else if (key == "website"_L1)
+    lead.website = value;
+  else {
+    if (!lead.data) lead.data.emplace();
+    lead.data->insert(key, JSONValue::string(value));
+  }
+}
+
+std::optional<LeadSource> readSource(const DoorContext& context, const QByteArray& body) {
+  const QString source = QJsonDocument::fromJson(body).object().value("source"_L1).toString();
+  try {
+    if (source == "csv"_L1) return fromCsv(context, decodeJSON<AddLeadsBody::Csv>(body));
+    if (source == "manual"_L1) return fromHand(context, decodeJSON<AddLeadsBody::Manual>(body));
+    if (source == "list"_L1) return fromList(context, decodeJSON<AddLeadsBody::List>(body));
+    if (source == "leads"_L1) return fromLeads(context, decodeJSON<AddLeadsBody::Leads>(body));
+  } catch (const DecodeError&) {
+    // Refused like any other body that is none.
+  }
+  return std::nullopt;
+}
+
+}  // namespace orv::demo

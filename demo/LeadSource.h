@@ -1,0 +1,22 @@
+#pragma once
+
+#include "demo/Door.h"
+
+namespace orv::demo {
+
+/// People somebody asks to enrol, before any is looked at twice.
+struct LeadSource {
+  QList<CampaignLead> people;
+  /// The columns of an uploaded file.
+  std::optional<QList<QString>> columns;
+  /// Whether being in another campaign keeps a person out.
+  bool onlyNew = false;
+};
+
+/// Reads the body of a request to add leads. Nothing when it is none, or names a list or leads that are not there.
+std::optional<LeadSource> readSource(const DoorContext& context, const QByteArray& body);
+
+/// Sets a lead's field, one of its own or a custom one.
+void setLeadField(CampaignLead& lead, const QString& name, const QString& value);
+
+}  // namespace orv::demo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "demo/DemoState.h"
+
+namespace orv::demo {
+
+/// What happened in a campaign: the emails and answers that follow from each lead's state, and what people did.
+
+FeedItem::Who whoIs(const CampaignLead& lead);
+
+/// Of one lead, newest first.
+QList<LeadActivity> activityOf(const DemoCampaign& campaign, const CampaignLead& lead);
+
+/// Of the whole campaign, newest first. A cursor is the number of items that were older than the page it came with.
+/// Nothing when it is no cursor.
+std::optional<FeedPage> feedOf(const DemoCampaign& campaign, qint64 limit, const QString& cursor);
+
+/// Emails booked and sent, the last ones first.
+MessagePage messagesOf(const DemoCampaign& campaign, qint64 limit);
+
+}  // namespace orv::demo

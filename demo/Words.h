@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+/// What the sample's people and companies are called.
+namespace orv::demo::words {
+
+const QStringList& industries();
+const QStringList& regions();
+const QStringList& firstNames();
+const QStringList& lastNames();
+const QStringList& titles();
+
+}  // namespace orv::demo::words
