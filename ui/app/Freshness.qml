@@ -29,7 +29,7 @@ Text {
 
     Timer {
         interval: 20000
-        running: root.visible && Qt.application.state === Qt.ApplicationActive
+        running: root.visible && Window.active
         repeat: true
         triggeredOnStart: true
         onTriggered: root.now = Date.now()

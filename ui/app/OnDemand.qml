@@ -6,6 +6,7 @@ Loader {
 
     /// The popup is wanted on screen.
     property bool shown: false
+    readonly property var popup: item
 
     active: false
 
@@ -15,21 +16,27 @@ Loader {
     function follow() {
         if (shown) {
             active = true;
-            item["open"]();
-        } else if (item) {
-            item["close"]();
+            popup.open();
+        } else if (popup) {
+            popup.close();
         }
     }
 
     // Not from within the popup's own signal: it may have more to say.
     function release() {
-        if (!item || item["visible"])
+        if (!popup || popup.visible)
             return;
         // Wanted again while it faded out.
         if (shown)
-            item["open"]();
+            popup.open();
         else
             active = false;
+    }
+
+    Timer {
+        id: later
+        interval: 0
+        onTriggered: root.release()
     }
 
     Connections {
@@ -37,7 +44,7 @@ Loader {
         ignoreUnknownSignals: true
 
         function onClosed() {
-            Qt.callLater(root.release);
+            later.start();
         }
     }
 }

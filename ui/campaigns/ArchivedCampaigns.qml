@@ -13,9 +13,9 @@ FocusScope {
     }
 
     function openMenu(key: string, row: Item, x: real, y: real) {
-        menu.campaign = key;
-        menu.active = true;
-        (menu.item as OrvMenu).popupIn(row, x, y);
+        rowMenu.campaign = key;
+        rowMenu.active = true;
+        (rowMenu.item as OrvMenu).popupIn(row, x, y);
     }
 
     PageHeader {
@@ -134,8 +134,9 @@ FocusScope {
     }
 
     Loader {
-        id: menu
+        id: rowMenu
 
+        // Not "menu": in an entry that is the entry's own.
         property string campaign: ""
 
         active: false
@@ -145,7 +146,7 @@ FocusScope {
             OrvMenuItem {
                 text: "Restore"
                 iconName: "edit-undo"
-                onTriggered: root.store.restore(menu.campaign)
+                onTriggered: root.store.restore(rowMenu.campaign)
             }
 
             OrvMenuSeparator {}
@@ -155,7 +156,7 @@ FocusScope {
                 iconName: "edit-delete"
                 shortcutText: "Del"
                 danger: true
-                onTriggered: root.store.removeForGood(menu.campaign)
+                onTriggered: root.store.removeForGood(rowMenu.campaign)
             }
         }
     }

@@ -13,9 +13,9 @@ Loader {
 
     active: false
 
-    function openFor(key: string, row: Item, x: real, y: real) {
+    function openFor(key: string, row: var, x: real, y: real) {
         campaign = key;
-        status = row["statusWord"];
+        status = row.statusWord;
         active = true;
         const menu = item as OrvMenu;
         menu.popupIn(row, x, y);

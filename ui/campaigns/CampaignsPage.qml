@@ -10,11 +10,13 @@ FocusScope {
     Component.onCompleted: store.ensureLoaded()
 
     Loader {
+        readonly property var content: item
+
         anchors.fill: parent
         focus: true
         sourceComponent: root.store.showArchived ? archive : live
         // Whoever went to the archive and back goes on with the keyboard where the content is.
-        onLoaded: item["focusTable"]()
+        onLoaded: content.focusTable()
     }
 
     Component {

@@ -103,7 +103,7 @@ FocusScope {
             keyRole: "id"
             sortKey: root.store.sortKey
             sortDescending: root.store.sortDescending
-            query: [root.store.filter, root.store.query, root.store.tags].join("\n")
+            query: root.store.filter + "\n" + root.store.query + "\n" + root.store.tags
             columns: [
                 OrvColumn { id: nameCells; key: "name"; title: "Campaign"; fill: true; sortable: true; minimumWidth: 200 },
                 OrvColumn { id: statusCells; key: "status"; title: "Status"; preferredWidth: 92; sortable: true },

@@ -17,11 +17,14 @@ OrvButton {
     hint: store.allTags.length === 0 ? "No campaign carries a tag yet." : ""
     onClicked: {
         menu.active = true;
-        menu.item["openAt"](root, true);
+        menu.popup.openAt(root, true);
     }
 
     Loader {
         id: menu
+
+        readonly property var popup: item
+
         active: false
         sourceComponent: OrvMenu {
             id: list

@@ -95,7 +95,7 @@ T.Popup {
 
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
-        Accessible.description: [root.lead, root.text, root.warning].filter(part => part !== "").join(" ")
+        Accessible.description: (root.lead + " " + root.text + " " + root.warning).trim()
 
         Keys.onEscapePressed: root.cancel()
         Keys.onReturnPressed: root.confirm()

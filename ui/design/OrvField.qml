@@ -42,7 +42,10 @@ FocusScope {
         text: root.label
         font: Theme.smallStrong
         color: Theme.text2
-        Accessible.ignored: true
+        // This version of Qt keeps a password field's name to itself along with its text, so the label speaks for it.
+        Accessible.ignored: !root.secret
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     Rectangle {

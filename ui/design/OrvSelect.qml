@@ -34,7 +34,7 @@ FocusScope {
 
     function open() {
         menu.active = true;
-        menu.item["openAt"](button, false);
+        menu.popup.openAt(button, false);
     }
 
     Text {
@@ -106,6 +106,9 @@ FocusScope {
 
     Loader {
         id: menu
+
+        readonly property var popup: item
+
         active: false
         sourceComponent: OrvMenu {
             id: list

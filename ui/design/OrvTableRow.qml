@@ -6,7 +6,8 @@ Rectangle {
     id: root
 
     // By name: a cast to a QML type makes Qt 6.4 complain that the component is not ready.
-    readonly property TableCore table: ListView.view ? ListView.view["table"] : null
+    readonly property var view: ListView.view
+    readonly property TableCore table: view ? view.table : null
     required property int index
     /// What tells the record apart, for screen readers: its name, its status.
     property string label: ""

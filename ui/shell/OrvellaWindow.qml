@@ -47,7 +47,7 @@ Window {
     Loader {
         id: shell
 
-        property ShellView view: item
+        readonly property var view: item
 
         anchors.fill: parent
         active: root.phase === "signedIn"

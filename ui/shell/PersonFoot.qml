@@ -36,7 +36,7 @@ Item {
         Keys.onEnterPressed: clicked()
         onClicked: {
             menu.active = true;
-            menu.item["openAt"](person, false);
+            menu.popup.openAt(person, false);
         }
 
         background: Rectangle {
@@ -102,6 +102,9 @@ Item {
 
     Loader {
         id: menu
+
+        readonly property var popup: item
+
         active: false
         sourceComponent: OrvMenu {
             title: "Account"

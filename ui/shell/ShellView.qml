@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.App
 
 /// The signed-in window: the sidebar, the open page, and what is reached from anywhere.

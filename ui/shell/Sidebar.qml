@@ -13,6 +13,7 @@ FocusScope {
     property bool foldable: true
 
     readonly property Router router: app.router
+    readonly property var pages: router.pages
     readonly property real itemWidth: width - 17
 
     width: rail ? 56 : 232
@@ -116,7 +117,7 @@ FocusScope {
         y: 98
 
         Repeater {
-            model: root.router.pages.slice(0, -1)
+            model: root.pages.slice(0, -1)
 
             SidebarItem {
                 required property var modelData
@@ -135,7 +136,7 @@ FocusScope {
     }
 
     SidebarItem {
-        readonly property var info: root.router.pages[root.router.pages.length - 1]
+        readonly property var info: root.pages[root.pages.length - 1]
 
         x: 8
         y: person.y - height - 8

@@ -73,12 +73,15 @@ Rectangle {
             // One step's fields at a time, so that Tab never lands on those of another.
             Loader {
                 id: step
+
+                readonly property var content: item
+
                 width: parent.width
                 focus: true
                 sourceComponent: root.model.waitingForGoogle ? google
                     : root.model.step === "email" ? email
                     : root.model.step === "password" ? password : code
-                onLoaded: item["forceActiveFocus"]()
+                onLoaded: content.forceActiveFocus()
             }
 
             Item {

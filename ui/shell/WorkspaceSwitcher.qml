@@ -24,7 +24,7 @@ T.AbstractButton {
     Keys.onEnterPressed: clicked()
     onClicked: {
         menu.active = true;
-        menu.item["openAt"](root, false);
+        menu.popup.openAt(root, false);
     }
 
     background: Rectangle {
@@ -86,6 +86,9 @@ T.AbstractButton {
 
     Loader {
         id: menu
+
+        readonly property var popup: item
+
         active: false
         sourceComponent: WorkspaceMenu {
             app: root.app

@@ -157,6 +157,15 @@ class WindowTest : public QObject {
     QTRY_VERIFY(campaigns().showArchived());
     QTRY_COMPARE(campaigns().archivedRows()->count(), 6);
     QTRY_VERIFY(!router->paletteOpen());
+    const QString archived = campaigns().archived()->value()->items.first().name;
+    press(Qt::Key_Home);
+    QTRY_VERIFY(rowHasFocus());
+    press(Qt::Key_Return);
+    QTRY_VERIFY2(!rowHasFocus(), "Enter offers what can be done with an archived campaign");
+    press(Qt::Key_Return);
+    QTRY_VERIFY(lastMessage().startsWith(archived + u" restored"_s));
+    QTRY_COMPARE(campaigns().archivedRows()->count(), 5);
+    QTRY_VERIFY(rowHasFocus());
     press(Qt::Key_Escape);
     QTRY_VERIFY(!campaigns().showArchived());
 
