@@ -5,6 +5,11 @@ function(orvella_qml_module target)
   cmake_parse_arguments(arg "" "URI" "QML_FILES;SINGLETONS;SOURCES;RESOURCES;LIBRARIES;DEPENDENCIES" ${ARGN})
   set_source_files_properties(${arg_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
   string(REPLACE "." "/" path ${arg_URI})
+  # Compiling QML is a third of a build, and the sanitizers have nothing to look for in what comes of it.
+  set(cachegen)
+  if(ORVELLA_SANITIZE)
+    set(cachegen NO_CACHEGEN)
+  endif()
   qt_add_library(${target} STATIC)
   qt_add_qml_module(${target}
     URI ${arg_URI}
@@ -13,6 +18,7 @@ function(orvella_qml_module target)
     OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml/${path}
     IMPORT_PATH ${PROJECT_BINARY_DIR}/qml
     DEPENDENCIES QtQuick ${arg_DEPENDENCIES}
+    ${cachegen}
     QML_FILES ${arg_SINGLETONS} ${arg_QML_FILES}
     SOURCES ${arg_SOURCES}
     RESOURCES ${arg_RESOURCES})

@@ -56,8 +56,8 @@ QQuickWindow* ClientWindow::open() {
     qCCritical(lcWindow, "The window does not load: %s", qPrintable(component.errorString()));
     return nullptr;
   }
-  made.release();
   m_window.reset(window);
+  (void)made.release();
   return window;
 }
 

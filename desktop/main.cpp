@@ -135,10 +135,12 @@ int run(QGuiApplication& application, const Options& options) {
   QObject::connect(&instance, &SingleInstance::activated, window,
                    [window](const QString& token) { raise(*window, token); });
   for (const QString& link : links) app.signIn()->takeGoogleLink(link);
-  findSchemeHandler(applicationId, &app, [](const QString& entry) {
-    if (entry != applicationId + u".desktop"_s)
-      qCInfo(lcMain, "Sign-in links go to \"%s\"; they have to be pasted here", qPrintable(entry));
-  });
+  if (!options.demo) {
+    findSchemeHandler(applicationId, &app, [](const QString& entry) {
+      if (entry != applicationId + u".desktop"_s)
+        qCInfo(lcMain, "Sign-in links go to \"%s\"; they have to be pasted here", qPrintable(entry));
+    });
+  }
 
   if (options.untilContent) endAtContent(*window, app);
   window->show();

@@ -29,7 +29,7 @@ bool isCompleteCode(const QString& code) {
 }
 
 QString wrongCodeLine(const Problem& problem) {
-  const QString line = u"That code isn’t right."_s;
+  QString line = u"That code isn’t right."_s;
   if (!problem.triesLeft) return line;
   const qint64 left = *problem.triesLeft;
   return line + u' ' + QString::number(left) + (left == 1 ? " try"_L1 : " tries"_L1) + " left."_L1;

@@ -9,9 +9,12 @@
 
 #include "kit/session/Keychain.h"
 
+// The library's own names, declared without its headers.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 typedef struct _GCancellable GCancellable;
 typedef struct _GList GList;
 typedef struct _SecretService SecretService;
+// NOLINTEND(bugprone-reserved-identifier)
 
 /// The blocking calls to the secret service, for SecretServiceKeychain's own thread.
 namespace orv::secretservice {

@@ -32,7 +32,7 @@ std::unique_ptr<QQuickWindow> openWith(QQmlEngine& engine, const QVariantMap& pr
   }
   std::unique_ptr<QObject> made(component.createWithInitialProperties(properties));
   auto* window = qobject_cast<QQuickWindow*>(made.get());
-  if (window) made.release();
+  if (window) (void)made.release();
   return std::unique_ptr<QQuickWindow>(window);
 }
 
