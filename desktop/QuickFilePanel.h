@@ -20,7 +20,7 @@ class QuickFilePanel final : public QObject, public FilePanel {
  public:
   using QObject::QObject;
 
-  Task<std::optional<QString>> saveFile(QString suggestedName, QString kind, QString suffix) override;
+  Task<std::optional<ChosenFile>> saveFile(QString suggestedName, QString kind, QString suffix) override;
 
   bool asking() const { return m_answer.has_value(); }
   /// The suggested file, in the folder last saved to.
@@ -30,15 +30,16 @@ class QuickFilePanel final : public QObject, public FilePanel {
   QString nameFilter() const { return m_nameFilter; }
   QString suffix() const { return m_suffix; }
 
-  Q_INVOKABLE void choose(const QUrl& file);
+  /// `mayReplace` when the panel itself asks before a file is replaced.
+  Q_INVOKABLE void choose(const QUrl& file, bool mayReplace);
   Q_INVOKABLE void cancel();
 
  Q_SIGNALS:
   void changed();
 
  private:
-  using Answer = OneShot<std::optional<QString>>;
-  void give(std::optional<QString> path);
+  using Answer = OneShot<std::optional<ChosenFile>>;
+  void give(std::optional<ChosenFile> file);
 
   std::optional<Answer> m_answer;
   QUrl m_suggestion;

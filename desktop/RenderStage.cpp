@@ -42,7 +42,7 @@ class Stage::Desktop final : public Browser,
   bool open(const QUrl&) override { return true; }
   void setText(const QString&) override {}
   void reveal(const QString&) override {}
-  Task<std::optional<QString>> saveFile(QString, QString, QString) override { co_return std::nullopt; }
+  Task<std::optional<ChosenFile>> saveFile(QString, QString, QString) override { co_return std::nullopt; }
 
   bool sidebarRail() const override { return false; }
   void setSidebarRail(bool) override {}

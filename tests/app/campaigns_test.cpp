@@ -458,6 +458,35 @@ class CampaignsTest : public QObject {
     QVERIFY(store->busy().ids().isEmpty());
   }
 
+  void filesAreNotReplacedUnasked() {
+    QTemporaryDir folder;
+    load();
+    f->filePanel.folder = folder.path();
+    f->filePanel.asksBeforeReplacing = false;
+    const auto download = [this] {
+      f->api.expect(u"GET /analytics/summary"_s);
+      store->downloadAnalytics(u"c1"_s);
+      f->api.answer(u"GET /analytics/summary"_s, readFixture(u"analytics-summary.json"_s));
+    };
+    download();
+    QVERIFY2(!f->overlays.asking(), "nothing is there yet");
+    const QString path = folder.filePath(f->filePanel.suggested);
+    QFile theirs(path);
+    QVERIFY(theirs.open(QIODevice::WriteOnly | QIODevice::Truncate) && theirs.write("theirs") > 0);
+    theirs.close();
+
+    for (const bool agreed : {false, true}) {
+      download();
+      QVERIFY(f->overlays.asking());
+      QVERIFY(f->overlays.destructive());
+      f->overlays.answer(f->overlays.token(), agreed);
+      QVERIFY(theirs.open(QIODevice::ReadOnly));
+      QCOMPARE(theirs.readAll() != "theirs", agreed);
+      theirs.close();
+      QVERIFY(store->busy().ids().isEmpty());
+    }
+  }
+
   void copiedLinkNamesTheWorkspace() {
     load();
     store->copyLink(u"c1"_s);

@@ -18,10 +18,11 @@ class FakeFilePanel final : public FilePanel {
  public:
   QString folder;
   QString suggested;
-  Task<std::optional<QString>> saveFile(QString suggestedName, QString, QString) override {
+  bool asksBeforeReplacing = true;
+  Task<std::optional<ChosenFile>> saveFile(QString suggestedName, QString, QString) override {
     suggested = suggestedName;
     if (folder.isEmpty()) co_return std::nullopt;
-    co_return QDir(folder).filePath(suggestedName);
+    co_return ChosenFile{QDir(folder).filePath(suggestedName), asksBeforeReplacing};
   }
 };
 

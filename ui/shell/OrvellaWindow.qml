@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 
@@ -63,11 +64,14 @@ Window {
     }
 
     Loader {
+        readonly property var content: item
+
         active: root.files !== null && root.files.asking
         source: "SaveDialog.qml"
         onLoaded: {
-            item["panel"] = root.files;
-            item["open"]();
+            content.overlay = T.Overlay.overlay;
+            content.panel = root.files;
+            content.open();
         }
     }
 
