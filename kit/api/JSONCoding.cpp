@@ -26,6 +26,8 @@ constexpr qsizetype keptAtMost = 1 << 20;
 
 }  // namespace
 
+void refuse(simdjson::error_code error) { throw DecodeFault(QLatin1String(simdjson::error_message(error))); }
+
 QString sharedText(std::string_view utf8) {
   // What a few answers leave behind here: 256 words of a machine's word or two.
   struct Slot {
@@ -34,14 +36,19 @@ QString sharedText(std::string_view utf8) {
     QString text;
   };
   static thread_local std::array<Slot, 256> slots;
-  if (utf8.size() > std::tuple_size_v<decltype(Slot::bytes)>) return text(utf8);
-  quint32 hash = 2166136261u;
-  for (const char c : utf8) hash = (hash ^ quint8(c)) * 16777619u;
-  Slot& slot = slots[(hash ^ (hash >> 16)) % slots.size()];
-  if (slot.size != qsizetype(utf8.size()) || std::memcmp(slot.bytes.data(), utf8.data(), utf8.size()) != 0) {
+  const size_t size = utf8.size();
+  if (size > std::tuple_size_v<decltype(Slot::bytes)>) return text(utf8);
+  // Of the ends alone: words alike there, as ids and instants, do not repeat anyway.
+  quint64 head = 0, tail = 0;
+  const size_t end = std::min(size, sizeof head);
+  std::memcpy(&head, utf8.data(), end);
+  std::memcpy(&tail, utf8.data() + size - end, end);
+  const quint64 hash = (head ^ (tail << 1 | tail >> 63) ^ size) * 0x9e3779b97f4a7c15u;
+  Slot& slot = slots[hash >> 56];
+  if (slot.size != qsizetype(size) || std::memcmp(slot.bytes.data(), utf8.data(), size) != 0) {
     slot.text = text(utf8);
-    slot.size = qsizetype(utf8.size());
-    std::memcpy(slot.bytes.data(), utf8.data(), utf8.size());
+    slot.size = qsizetype(size);
+    std::memcpy(slot.bytes.data(), utf8.data(), size);
   }
   return slot.text;
 }
@@ -54,7 +61,7 @@ void withDocument(QByteArrayView json, const std::function<void(simdjson::ondema
   workspace.bytes.assign(json.data(), size_t(json.size()));
   auto document = workspace.parser.iterate(
       simdjson::padded_string_view(workspace.bytes.data(), workspace.bytes.size(), workspace.bytes.capacity()));
-  if (document.error()) throw DecodeFault(QLatin1String(simdjson::error_message(document.error())));
+  if (document.error()) refuse(document.error());
   use(document.value_unsafe());
 }
 

@@ -34,9 +34,13 @@ struct DecodeFault {
   QString reason;
 };
 
+/// Out of line, so that what is read a hundred thousand times stays small enough to be inlined.
+[[noreturn]] void refuse(simdjson::error_code error);
+
 template <class Value>
 Value checked(simdjson::simdjson_result<Value> result) {
-  if (result.error()) throw DecodeFault(QLatin1String(simdjson::error_message(result.error())));
+  if (result.error()) [[unlikely]]
+    refuse(result.error());
   return std::move(result).value_unsafe();
 }
 inline bool checked(bool value) { return value; }
@@ -68,8 +72,9 @@ struct JSONValueCoder {
   static QJsonValue encode(const JSONValue& value);
 };
 
+/// Into a fresh `target`, where it stands: a record moved on its way up is moved text by text.
 template <class T>
-T decodeValue(simdjson::ondemand::value value);
+void decodeInto(T& target, simdjson::ondemand::value value);
 
 inline qint64 decodeInteger(simdjson::ondemand::value value) {
   if (const auto integer = value.get_int64(); !integer.error()) return integer.value_unsafe();
@@ -81,33 +86,29 @@ inline qint64 decodeInteger(simdjson::ondemand::value value) {
 }
 
 template <class T>
-QList<T> decodeList(simdjson::ondemand::value value) {
-  QList<T> list;
+void decodeList(QList<T>& list, simdjson::ondemand::value value) {
   for (auto element : checked(value.get_array())) {
     try {
-      list.append(decodeValue<T>(checked(element)));
+      decodeInto(list.emplaceBack(), checked(element));
     } catch (DecodeFault& fault) {
-      fault.within(u'[' + QString::number(list.size()) + u']');
+      fault.within(u'[' + QString::number(list.size() - 1) + u']');
       throw;
     }
   }
-  return list;
 }
 
 template <class T>
-QMap<QString, T> decodeMap(simdjson::ondemand::value value) {
-  QMap<QString, T> map;
+void decodeMap(QMap<QString, T>& map, simdjson::ondemand::value value) {
   for (auto member : checked(value.get_object())) {
     const QString key = text(checked(member.unescaped_key()));
     try {
-      map.insert(key, decodeValue<T>(checked(member.value())));
+      decodeInto(map[key] = T(), checked(member.value()));
     } catch (DecodeFault& fault) {
       // The key may be a person's data; the log has no use for it.
       fault.within(QStringLiteral("*"));
       throw;
     }
   }
-  return map;
 }
 
 template <class Record>
@@ -116,8 +117,7 @@ class RecordDecoder {
   static constexpr size_t count = boost::mp11::mp_size<Members>::value;
 
  public:
-  static Record decode(simdjson::ondemand::value value) {
-    Record record{};
+  static void decode(Record& record, simdjson::ondemand::value value) {
     std::bitset<count> seen;
     // Writers keep the order of a record's keys, so the next key is nearly always the next member.
     size_t expected = 0;
@@ -129,11 +129,10 @@ class RecordDecoder {
         continue;
       }
       expected = member + 1;
+      decodeMember(record, member, field, seen.test(member));
       seen.set(member);
-      decodeMember(record, member, field);
     }
     if (!seen.all()) checkRequired(seen);
-    return record;
   }
 
  private:
@@ -159,12 +158,14 @@ class RecordDecoder {
   }
 
   template <class Field>
-  static void decodeMember(Record& record, size_t member, Field& field) {
+  static void decodeMember(Record& record, size_t member, Field& field, bool again) {
     try {
       boost::mp11::mp_with_index<count>(member, [&](auto index) {
         constexpr auto description = boost::mp11::mp_at<Members, decltype(index)>();
         auto& target = record.*description.pointer;
-        target = decodeValue<std::remove_reference_t<decltype(target)>>(checked(field.value()));
+        // Of a key that stands twice the last value holds, and nothing of the first stays in it.
+        if (again) target = std::remove_reference_t<decltype(target)>();
+        decodeInto(target, checked(field.value()));
       });
     } catch (DecodeFault& fault) {
       fault.within(text(names[member]));
@@ -187,35 +188,42 @@ class RecordDecoder {
 };
 
 template <class T>
-T decodeValue(simdjson::ondemand::value value) {
+void decodeInto(T& target, simdjson::ondemand::value value) {
   if constexpr (std::is_same_v<T, QString>) {
-    return sharedText(checked(value.get_string()));
+    target = sharedText(checked(value.get_string()));
   } else if constexpr (std::is_base_of_v<OpenWord, T>) {
-    return T(sharedText(checked(value.get_string())));
+    target.rawValue = sharedText(checked(value.get_string()));
   } else if constexpr (std::is_same_v<T, bool>) {
-    return checked(value.get_bool());
+    target = checked(value.get_bool());
   } else if constexpr (std::is_same_v<T, qint64>) {
-    return decodeInteger(value);
+    target = decodeInteger(value);
   } else if constexpr (std::is_same_v<T, double>) {
-    return checked(value.get_double());
+    target = checked(value.get_double());
   } else if constexpr (std::is_same_v<T, JSONValue>) {
-    return JSONValueCoder::decode(value);
+    target = JSONValueCoder::decode(value);
   } else if constexpr (std::is_same_v<T, QDateTime>) {
     const auto instant = parsePlatformDate(text(checked(value.get_string())));
     if (!instant) throw DecodeFault(QStringLiteral("not an instant"));
-    return *instant;
+    target = *instant;
   } else if constexpr (isA<T, std::optional>) {
-    if (checked(value.is_null())) return std::nullopt;
-    return decodeValue<typename T::value_type>(value);
+    if (checked(value.is_null())) return;
+    // Not emplace(): inside its enclosing record, a nested one counts as not constructible from nothing.
+    target = typename T::value_type();
+    decodeInto(*target, value);
   } else if constexpr (isA<T, Clearable>) {
-    if (checked(value.is_null())) return T::cleared();
-    return decodeValue<typename std::decay_t<decltype(*std::declval<T>().value())>>(value);
+    if (checked(value.is_null())) {
+      target = T::cleared();
+    } else {
+      std::decay_t<decltype(*std::declval<T>().value())> present{};
+      decodeInto(present, value);
+      target = std::move(present);
+    }
   } else if constexpr (isA<T, QList>) {
-    return decodeList<typename T::value_type>(value);
+    decodeList(target, value);
   } else if constexpr (isA<T, QMap>) {
-    return decodeMap<typename T::mapped_type>(value);
+    decodeMap(target, value);
   } else {
-    return RecordDecoder<T>::decode(value);
+    RecordDecoder<T>::decode(target, value);
   }
 }
 
@@ -288,13 +296,13 @@ namespace orv {
 template <class Record>
 Record decodeJSON(QByteArrayView json) {
   try {
-    std::optional<Record> record;
+    Record record{};
     detail::withDocument(json, [&record](simdjson::ondemand::document& document) {
-      record = detail::decodeValue<Record>(detail::checked(document.get_value()));
+      detail::decodeInto(record, detail::checked(document.get_value()));
       // Where the text goes on after its value; an error means nowhere.
       if (!document.current_location().error()) throw detail::DecodeFault(QStringLiteral("more text after the value"));
     });
-    return std::move(*record);
+    return record;
   } catch (const detail::DecodeFault& fault) {
     throw DecodeError(fault.path, fault.reason);
   }
