@@ -124,7 +124,7 @@ void CampaignsStore::showAll() {
 
 void CampaignsStore::ask(const CampaignQuery& query) {
   m_query = query;
-  m_rows.reset(m_index.visible(m_query));
+  m_rows.replace(m_index.visible(m_query));
   Q_EMIT changed();
 }
 
@@ -362,7 +362,7 @@ void CampaignsStore::archiveArrived() {
 
 void CampaignsStore::showArchivedRows(bool newQuestion) {
   auto rows = m_archiveIndex.visible({u"all"_s, {}, {}, m_archivedSort});
-  newQuestion ? m_archivedRows.reset(std::move(rows)) : m_archivedRows.update(std::move(rows));
+  newQuestion ? m_archivedRows.replace(std::move(rows)) : m_archivedRows.update(std::move(rows));
 }
 
 void CampaignsStore::applyState(const Campaign& campaign) {

@@ -13,7 +13,7 @@ namespace orv {
 /// A list of records for views: one role per field of the record's description, rows told apart by `id`.
 ///
 /// update() changes as few rows as possible, so that scroll position, current row and selection survive a reload;
-/// reset() is for a new question (another filter, another order), where nothing on screen means the same.
+/// replace() is for a new question (another filter, another order), where a row's place means nothing.
 template <class Record>
 class RecordModel : public ListModel {
  public:
@@ -23,10 +23,25 @@ class RecordModel : public ListModel {
 
   const std::vector<Record>& records() const { return m_records; }
 
-  void reset(std::vector<Record> records) {
-    beginResetModel();
-    m_records = std::move(records);
-    endResetModel();
+  /// To views it is a change of order between rows that come and go at the end. After a reset they would make every
+  /// row on the screen anew, which costs a keystroke in a filter its frame.
+  void replace(std::vector<Record> records) {
+    const int before = rowCount(), after = int(records.size());
+    const int kept = std::min(before, after);
+    if (after > before) {
+      beginInsertRows({}, before, after - 1);
+      m_records.insert(m_records.end(), records.begin() + kept, records.end());
+      endInsertRows();
+    }
+    if (kept > 0) {
+      records.resize(size_t(kept));
+      reorder(records);
+    }
+    if (after < before) {
+      beginRemoveRows({}, after, before - 1);
+      m_records.resize(size_t(after));
+      endRemoveRows();
+    }
   }
 
   void update(std::vector<Record> records) {
@@ -34,12 +49,12 @@ class RecordModel : public ListModel {
     int placed = 0;
     for (size_t row = 0; row < records.size(); ++row) {
       if (isAt(row, records[row].id)) {
-        replace(row, records[row]);
+        put(row, records[row]);
       } else if (++placed <= placedAtMost) {
         place(row, records[row]);
       } else {
         // Row by row, a whole list in another order costs its length squared.
-        return reset(std::move(records));
+        return replace(std::move(records));
       }
     }
   }
@@ -97,11 +112,24 @@ class RecordModel : public ListModel {
     }
   }
 
+  /// The first rows become `records`; whoever holds on to a row of one of them is told where it went.
+  void reorder(std::vector<Record>& records) {
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList held = persistentIndexList();
+    QStringList ids;
+    for (const QModelIndex& index : held) ids.append(m_records[size_t(index.row())].id);
+    std::ranges::move(records, m_records.begin());
+    QModelIndexList moved;
+    for (const QString& id : ids) moved.append(index(rowOf(id)));
+    changePersistentIndexList(held, moved);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+  }
+
   static constexpr int placedAtMost = 200;
 
   bool isAt(size_t row, const QString& id) const { return row < m_records.size() && m_records[row].id == id; }
 
-  void replace(size_t row, const Record& record) {
+  void put(size_t row, const Record& record) {
     if (m_records[row] == record) return;
     m_records[row] = record;
     Q_EMIT dataChanged(index(int(row)), index(int(row)));
@@ -121,7 +149,7 @@ class RecordModel : public ListModel {
     beginMoveRows({}, current, current, {}, target);
     std::rotate(at, found, found + 1);
     endMoveRows();
-    replace(row, record);
+    put(row, record);
   }
 
   std::vector<Record> m_records;

@@ -244,6 +244,18 @@ class ShellTest : public QObject {
     model.update(records(many));
     QCOMPARE(model.records().front().id, QString(u'\u4e00'));
     QCOMPARE(model.count(), 500);
+
+    // Another question: rows in common are followed, whatever comes and goes around them.
+    for (const auto& ids : {u"abcdef"_s, u"fxa"_s, u"yzaxwvu"_s, QString(), u"ab"_s, u"cd"_s}) {
+      const std::vector<CampaignSummary> before = model.records();
+      QList<QPersistentModelIndex> held;
+      for (int row = 0; row < model.count(); ++row) held.append(model.index(row));
+      const auto after = records(ids);
+      model.replace(after);
+      QVERIFY(model.records() == after);
+      for (size_t i = 0; i < before.size(); ++i) QCOMPARE(held[qsizetype(i)].row(), int(ids.indexOf(before[i].id)));
+    }
+    QCOMPARE(resets.count(), 0);
   }
 
   void cachesEvictByTheirOwnOrder() {

@@ -85,6 +85,10 @@ class JsonTest : public QObject {
     row("unknown keys", thing(R"("x":{"name":[1,{"count":2}]},"nam":1,"named":"\u00e9","":-1.5e3)"), least);
     row("escaped keys", R"({"n\u0061me":"n","\u0063ount":1,"\u0022count":"x","n\u0061med":{}})", least);
     row("the last of equal keys", thing(R"("name":"first","name":"last")"), R"({"count":1,"name":"last"})");
+    row("nothing stays of the first",
+        thing(R"("part":{"count":4,"note":"p"},"parts":[{"count":5}],"counts":{"a":1},"memo":"m",)"
+              R"("part":{"count":6},"parts":[],"counts":{"b":2},"memo":null)"),
+        R"({"count":1,"counts":{"b":2},"memo":null,"name":"n","part":{"count":6},"parts":[]})");
     row("3.0 is a whole number", R"({"name":"","count":3.0})", R"({"count":3,"name":""})");
     row("3e2 is a whole number", R"({"name":"","count":3e2})", R"({"count":300,"name":""})");
     row("the greatest", R"({"name":"","count":9223372036854775807})", R"({"count":9223372036854775807,"name":""})");

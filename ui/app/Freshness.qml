@@ -14,6 +14,7 @@ Text {
     verticalAlignment: Text.AlignVCenter
     font: Theme.small
     color: Theme.text3
+    textFormat: Text.PlainText
     text: {
         const minutes = Math.floor(seconds / 60);
         if (minutes < 1)

@@ -21,6 +21,7 @@ Item {
         x: Theme.pageSide
         height: parent.height
         verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
         text: root.countText
         font: Theme.small
         color: Theme.text2

@@ -37,13 +37,14 @@ OrvTableRow {
         detail: root.facts
 
         Repeater {
-            // Two tell campaigns apart; the rest would push the name out.
-            model: root.tags ? root.tags.slice(0, 2) : []
+            // Two tell campaigns apart; the rest would push the name out. By number, so that a row which comes to stand
+            // for another campaign keeps its tags' items.
+            model: Math.min(2, root.tags?.length ?? 0)
 
             OrvTag {
-                required property string modelData
+                required property int index
 
-                text: modelData
+                text: root.tags?.[index] ?? ""
             }
         }
     }

@@ -30,6 +30,7 @@ OrvCell {
         elide: Text.ElideRight
         lineHeightMode: Text.FixedHeight
         lineHeight: 14
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.microText
         color: Theme.text2

@@ -18,6 +18,7 @@ OrvCell {
         height: root.height
         horizontalAlignment: Text.AlignRight
         verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
         text: root.rate
         font: Theme.small
         color: Theme.text3
@@ -29,6 +30,7 @@ OrvCell {
         height: root.height
         horizontalAlignment: Text.AlignRight
         verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.body
         color: root.color

@@ -57,6 +57,7 @@ Rectangle {
             Text {
                 required property var modelData
 
+                textFormat: Text.PlainText
                 text: modelData[0] + " 0123456789"
                 font: modelData[1]
                 color: Theme.text

@@ -35,6 +35,7 @@ Rectangle {
                 Text {
                     x: 24
                     y: 16
+                    textFormat: Text.PlainText
                     text: "Content"
                     font: Theme.body
                     color: Theme.text

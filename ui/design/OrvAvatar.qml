@@ -24,6 +24,7 @@ Rectangle {
 
     Text {
         anchors.centerIn: parent
+        textFormat: Text.PlainText
         text: root.initials
         font: root.workspace ? Theme.bodyBold : Theme.microBold
         color: root.workspace ? Theme.inkOnAccent : Theme.avatarInks[root.tint]

@@ -36,6 +36,7 @@ Rectangle {
         x: root.shape === "ring" ? 20 : 18
         height: parent.height
         verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.smallStrong
         color: root.ink

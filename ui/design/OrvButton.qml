@@ -89,6 +89,7 @@ T.Button {
                 visible: !root.iconOnly
                 height: parent.height
                 verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
                 text: root.text
                 font: root.filled ? Theme.bodyBold : Theme.bodyStrong
                 color: root.ink

@@ -52,6 +52,7 @@ T.CheckBox {
         }
     }
     contentItem: Text {
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.body
         color: Theme.text

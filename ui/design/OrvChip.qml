@@ -40,6 +40,7 @@ FocusScope {
         Text {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
             text: (root.exclusion ? qsTr("Not: ") : "") + root.key
             font: Theme.small
             color: Theme.text2
@@ -47,6 +48,7 @@ FocusScope {
         Text {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
             text: root.value
             font: Theme.smallStrong
             color: Theme.text

@@ -64,6 +64,7 @@ FocusScope {
                     FocusRing { visible: cell.current; innerRadius: Theme.radiusCard }
                     Text {
                         anchors.centerIn: parent
+                        textFormat: Text.PlainText
                         text: input.text.charAt(cell.index)
                         font: Theme.codeDigit
                         color: Theme.text

@@ -116,6 +116,7 @@ T.Popup {
                 visible: input.text === ""
                 height: parent.height
                 verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
                 text: input.placeholderText
                 font: input.font
                 color: Theme.text3

@@ -17,6 +17,7 @@ Rectangle {
     Text {
         id: label
         anchors.centerIn: parent
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.micro
         color: root.accented ? Theme.inkOnAccent : Theme.text2

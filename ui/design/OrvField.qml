@@ -39,6 +39,7 @@ FocusScope {
 
     Text {
         visible: root.label !== ""
+        textFormat: Text.PlainText
         text: root.label
         font: Theme.smallStrong
         color: Theme.text2
@@ -118,6 +119,7 @@ FocusScope {
                 leftPadding: input.leftPadding
                 verticalAlignment: Text.AlignVCenter
                 visible: input.text === "" && input.preeditText === ""
+                textFormat: Text.PlainText
                 text: root.placeholder
                 font: input.font
                 color: Theme.text3
@@ -172,6 +174,7 @@ FocusScope {
         }
         Text {
             width: parent.width - (note.failed ? 22 : 0)
+            textFormat: Text.PlainText
             text: note.failed ? root.error : root.help
             font: Theme.small
             color: note.failed ? Theme.negative : Theme.text3

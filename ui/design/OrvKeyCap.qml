@@ -18,6 +18,7 @@ Rectangle {
     Text {
         id: label
         anchors.centerIn: parent
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.micro
         color: root.filled ? Theme.inkOnAccent : Theme.text2

@@ -20,6 +20,7 @@ T.AbstractButton {
     contentItem: Text {
         id: label
         verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
         text: root.text
         font.family: Theme.smallStrong.family
         font.pixelSize: Theme.smallStrong.pixelSize

@@ -84,6 +84,7 @@ FocusScope {
                     Text {
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
+                        textFormat: Text.PlainText
                         text: segment.text
                         font: Theme.bodyStrong
                         color: segment.current || segment.hovered ? Theme.text : Theme.text2
@@ -92,6 +93,7 @@ FocusScope {
                         visible: segment.modelData.count >= 0
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
+                        textFormat: Text.PlainText
                         text: segment.modelData.count
                         font: Theme.body
                         color: Theme.text3

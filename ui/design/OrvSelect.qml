@@ -39,6 +39,7 @@ FocusScope {
 
     Text {
         visible: root.label !== ""
+        textFormat: Text.PlainText
         text: root.label
         font: Theme.smallStrong
         color: Theme.text2

@@ -55,6 +55,7 @@ FocusScope {
             rightPadding: 8
             leftPadding: 2
             verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
             text: root.countText
             font: Theme.bodyBold
             color: Theme.text

@@ -61,6 +61,7 @@ Item {
             x: 48
             height: parent.height
             verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
             text: "You’re offline. Showing saved data."
             font: Theme.body
             color: Theme.text

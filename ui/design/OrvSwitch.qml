@@ -46,6 +46,7 @@ T.Switch {
         }
     }
     contentItem: Text {
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.body
         color: Theme.text

@@ -55,6 +55,7 @@ FocusScope {
                     Text {
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
+                        textFormat: Text.PlainText
                         text: tab.text
                         font: tab.current ? Theme.bodyBold : Theme.bodyStrong
                         color: tab.current || tab.hovered ? Theme.text : Theme.text2

@@ -19,6 +19,7 @@ Rectangle {
         anchors.rightMargin: 7
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+        textFormat: Text.PlainText
         text: root.text
         font: Theme.micro
         color: Theme.text2

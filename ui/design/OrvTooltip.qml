@@ -31,6 +31,7 @@ Loader {
         implicitHeight: words.implicitHeight + topPadding + bottomPadding
         contentItem: Text {
             id: words
+            textFormat: Text.PlainText
             text: root.keys === "" ? root.text : root.text + "  " + root.keys
             font: Theme.small
             color: Theme.inkOnTooltip

@@ -17,6 +17,7 @@ Item {
 
         Text {
             anchors.verticalCenter: parent.verticalCenter
+            textFormat: Text.PlainText
             text: root.table.moreFailed ? "Couldn’t load more." : "Loading…"
             font: Theme.body
             color: root.table.moreFailed ? Theme.negative : Theme.text3

@@ -32,19 +32,20 @@ void TableRows::watchModel() {
   using M = QAbstractItemModel;
   connect(model, &M::rowsAboutToBeInserted, this, &TableRows::aboutToChange);
   connect(model, &M::rowsAboutToBeMoved, this, &TableRows::aboutToChange);
-  connect(model, &M::layoutAboutToBeChanged, this, &TableRows::aboutToChange);
   connect(model, &M::rowsAboutToBeRemoved, this, [this](const QModelIndex&, int first, int last) {
     Q_EMIT aboutToChange();
     replaceRemovedCurrent(first, last);
   });
-  connect(model, &M::modelAboutToBeReset, this, [this] {
+  const auto beforeReset = [this] {
     Q_EMIT aboutToChange();
     m_rowBeforeReset = currentRow();
-  });
+  };
+  connect(model, &M::layoutAboutToBeChanged, this, beforeReset);
+  connect(model, &M::modelAboutToBeReset, this, beforeReset);
   connect(model, &M::rowsInserted, this, &TableRows::finishChange);
   connect(model, &M::rowsRemoved, this, &TableRows::finishChange);
   connect(model, &M::rowsMoved, this, &TableRows::finishChange);
-  connect(model, &M::layoutChanged, this, &TableRows::finishChange);
+  connect(model, &M::layoutChanged, this, &TableRows::afterReset);
   connect(model, &M::modelReset, this, &TableRows::afterReset);
   connect(model, &M::dataChanged, this,
           [this](const QModelIndex&, const QModelIndex&, const QList<int>& roles) { afterDataChange(roles); });

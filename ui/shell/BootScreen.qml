@@ -32,6 +32,7 @@ Rectangle {
 
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
+            textFormat: Text.PlainText
             text: root.name === "" ? "Opening Orvella…" : "Welcome back, " + root.name
             font: Theme.reading
             color: Theme.text2

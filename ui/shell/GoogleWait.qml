@@ -20,6 +20,7 @@ FocusScope {
             wrapMode: Text.Wrap
             lineHeightMode: Text.FixedHeight
             lineHeight: 22
+            textFormat: Text.PlainText
             text: "Finish signing in with Google in your browser. This window carries on by itself."
             font: Theme.reading
             color: Theme.text2

@@ -39,6 +39,7 @@ OnDemand {
                         height: 34
                         verticalAlignment: Text.AlignBottom
                         bottomPadding: 6
+                        textFormat: Text.PlainText
                         text: line.modelData.group
                         font: Theme.smallStrong
                         color: Theme.text3
@@ -51,6 +52,7 @@ OnDemand {
                         height: 30
                         verticalAlignment: Text.AlignVCenter
                         elide: Text.ElideRight
+                        textFormat: Text.PlainText
                         text: line.modelData.title
                         font: Theme.body
                         color: Theme.text

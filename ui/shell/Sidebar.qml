@@ -91,6 +91,7 @@ FocusScope {
                 x: 34
                 height: parent.height
                 verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
                 text: search.text
                 font: Theme.body
                 color: Theme.text2

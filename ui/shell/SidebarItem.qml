@@ -49,6 +49,7 @@ T.AbstractButton {
             height: 32
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
+            textFormat: Text.PlainText
             text: root.text
             font: root.current ? Theme.bodyBold : Theme.bodyStrong
             color: root.current ? Theme.text : Theme.text2

@@ -34,6 +34,7 @@ Rectangle {
                 width: parent.width
                 height: 32
                 verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
                 text: root.model.step === "email" ? "Sign in to Orvella"
                     : root.model.step === "password" ? "Enter your password" : "Check your email"
                 font: Theme.signInTitle
@@ -48,6 +49,7 @@ Rectangle {
                 topPadding: 4
                 lineHeightMode: Text.FixedHeight
                 lineHeight: 22
+                textFormat: Text.PlainText
                 text: root.model.step === "code" ? "We emailed a 6-digit code to" : "Signing in as"
                 font: Theme.reading
                 color: Theme.text2
@@ -112,6 +114,7 @@ Rectangle {
                     Text {
                         id: orText
                         anchors.centerIn: parent
+                        textFormat: Text.PlainText
                         text: "or"
                         font: Theme.small
                         color: Theme.text3

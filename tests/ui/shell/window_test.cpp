@@ -43,6 +43,22 @@ class WindowTest : public QObject {
   QString nameAt(int row) {
     return campaigns().rows()->index(row, 0).data(campaigns().rows()->roleNames().key("name")).toString();
   }
+  QStringList namesInModel() {
+    QStringList names;
+    for (int row = 0; row < campaigns().rows()->count(); ++row) names.append(nameAt(row));
+    return names;
+  }
+  QStringList namesOnScreen() {
+    QMap<int, QString> names;
+    QList<QQuickItem*> items{m_stage->window().contentItem()};
+    while (!items.isEmpty()) {
+      const QQuickItem* item = items.takeLast();
+      items += item->childItems();
+      if (item->property("bouncesHigh").isValid() && item->isVisible())
+        names.insert(item->property("index").toInt(), item->property("name").toString());
+    }
+    return names.values();
+  }
   QString lastMessage() {
     const auto& toasts = m_stage->app().toasts()->toasts();
     return toasts.isEmpty() ? QString() : toasts.last().message;
@@ -135,8 +151,13 @@ class WindowTest : public QObject {
     press(Qt::Key_Slash);
     type(u"clinic"_s);
     QTRY_COMPARE(campaigns().rows()->count(), 1);
+    QTRY_COMPARE(namesOnScreen(), namesInModel());
+    press(Qt::Key_Down);
+    QTRY_VERIFY2(rowHasFocus(), "the row that is left is the current one");
+    press(Qt::Key_Slash);
     press(Qt::Key_Escape);
     QTRY_COMPARE(campaigns().rows()->count(), 11);
+    QTRY_COMPARE(namesOnScreen(), namesInModel());
   }
 
   void goesEverywhereByKeyboard() {
