@@ -29,13 +29,13 @@ QString hardwareModel() {
 
 }  // namespace
 
-ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, QuickFilePanel* files)
+ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, NameForm* saveForm)
     : m_engine(engine),
-      m_files(files),
+      m_saveForm(saveForm),
       m_app(platform),
       m_palette(platform.preferences, [this] { return commandsOf(m_app); }) {
   // QML would otherwise take what it is handed from C++ for its own and delete it.
-  for (QObject* object : {static_cast<QObject*>(&m_app), static_cast<QObject*>(&m_palette)})
+  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, saveForm})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
 }
 
@@ -49,7 +49,7 @@ QQuickWindow* ClientWindow::open() {
       {u"app"_s, QVariant::fromValue(&m_app)},
       {u"palette"_s, QVariant::fromValue(&m_palette)},
       {u"shortcuts"_s, shortcutSheet(m_app)},
-      {u"files"_s, QVariant::fromValue<QObject*>(m_files)},
+      {u"saveForm"_s, QVariant::fromValue(m_saveForm)},
   }));
   auto* window = qobject_cast<QQuickWindow*>(made.get());
   if (!window) {

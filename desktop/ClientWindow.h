@@ -6,15 +6,15 @@
 
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
-#include "desktop/QuickFilePanel.h"
+#include "app/shell/NameForm.h"
 
 namespace orv {
 
 /// The application with its window, on whatever platform it is given.
 class ClientWindow {
  public:
-  /// `files` is the platform's panel as the window sees it, null where nothing is ever saved.
-  ClientWindow(QQmlEngine& engine, Platform platform, QuickFilePanel* files = nullptr);
+  /// `saveForm` stands in for the desktop's save panel, null where nothing is ever saved.
+  ClientWindow(QQmlEngine& engine, Platform platform, NameForm* saveForm = nullptr);
 
   AppModel& app() { return m_app; }
   /// Makes the window, hidden. Null, with the reason in the log, when its QML does not load.
@@ -28,7 +28,7 @@ class ClientWindow {
 
  private:
   QQmlEngine& m_engine;
-  QuickFilePanel* m_files;
+  NameForm* m_saveForm;
   AppModel m_app;
   CommandPalette m_palette;
   std::unique_ptr<QQuickWindow> m_window;

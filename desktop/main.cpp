@@ -18,6 +18,7 @@
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/SavePanel.h"
 #include "desktop/services/SchemeRegistration.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "desktop/services/SingleInstance.h"
@@ -90,7 +91,7 @@ int run(QGuiApplication& application, const Options& options) {
   SettingsPreferences preferences;
   BrowserService browser;
   ClipboardService clipboard;
-  QuickFilePanel files;
+  SavePanel files(QDBusConnection::sessionBus());
   FileManagerRevealer revealer(QDBusConnection::sessionBus());
   MemoryPressureMonitor memoryPressure(clock, QDBusConnection::systemBus());
   SecretServiceKeychain keyring(applicationId, u"Orvella"_s, clock);
@@ -117,7 +118,7 @@ int run(QGuiApplication& application, const Options& options) {
 
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  ClientWindow main(engine, platform, &files);
+  ClientWindow main(engine, platform, files.form());
   AppModel& app = main.app();
 
   const ColorSchemeWatcher desktop(QDBusConnection::sessionBus());

@@ -11,7 +11,9 @@
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/SavePanel.h"
 #include "desktop/services/SettingsPreferences.h"
+#include "kit/async/TaskScope.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/PrivateBus.h"
 
@@ -45,6 +47,42 @@ class FakePortal : public QObject {
   void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 };
 
+/// A file portal that shows nothing and answers when the test says so.
+class FakeFileChooser : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
+
+ public:
+  explicit FakeFileChooser(QDBusConnection bus) : m_bus(std::move(bus)) {
+    m_bus.registerObject(u"/org/freedesktop/portal/desktop"_s, this, QDBusConnection::ExportAllSlots);
+    m_bus.registerService(u"org.freedesktop.portal.Desktop"_s);
+  }
+  void end() { m_bus.unregisterService(u"org.freedesktop.portal.Desktop"_s); }
+
+  QVariantMap options;
+  QString request;
+  int closed = 0;
+
+  void respond(uint outcome, const QStringList& uris = {}) {
+    auto message = QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+    m_bus.send(message << outcome << QVariantMap{{u"uris"_s, uris}});
+    request.clear();
+  }
+
+ public Q_SLOTS:
+  QDBusObjectPath SaveFile(const QString&, const QString&, const QVariantMap& given, const QDBusMessage& message) {
+    options = given;
+    const QString sender = message.service().mid(1).replace(u'.', u'_');
+    request = u"/org/freedesktop/portal/desktop/request/"_s + sender + u'/' + given[u"handle_token"_s].toString();
+    m_bus.registerObject(request, u"org.freedesktop.portal.Request"_s, this, QDBusConnection::ExportAllSlots);
+    return QDBusObjectPath(request);
+  }
+  void Close() { ++closed; }
+
+ private:
+  QDBusConnection m_bus;
+};
+
 class ServicesTest : public QObject {
   Q_OBJECT
 
@@ -54,6 +92,9 @@ class ServicesTest : public QObject {
 
   QDBusConnection connection() {
     return QDBusConnection::connectToBus(m_bus->address(), u"test%1"_s.arg(++m_connections));
+  }
+  static Task<void> ask(FilePanel& panel, QList<std::optional<ChosenFile>>& answers) {
+    answers.append(co_await panel.saveFile(u"acme-analytics.csv"_s, u"Comma-separated text"_s, u"csv"_s));
   }
   static QByteArray contents(const QString& path) {
     QFile file(path);
@@ -108,6 +149,91 @@ class ServicesTest : public QObject {
     FileManagerRevealer(connection(), [&](const QUrl& folder) { folders.append(folder); }).reveal(path);
     QTRY_COMPARE(manager.shown, QStringList(u"file:///tmp/Q3%20100%25%20n%C3%A4xt.csv"_s));
     QCOMPARE(folders.size(), 1);
+  }
+
+  void theDesktopAsksWhereToSave() {
+    QTemporaryDir folder;
+    SavePanel panel(connection());
+    FakeFileChooser portal(connection());
+    QList<std::optional<ChosenFile>> answers;
+    TaskScope tasks;
+    const auto asked = [&] {
+      tasks.start(ask(panel, answers));
+      return QTest::qWaitFor([&] { return !portal.request.isEmpty(); });
+    };
+    QVERIFY(asked());
+    QCOMPARE(portal.options[u"current_name"_s].toString(), u"acme-analytics.csv"_s);
+    QVERIFY(QFileInfo(QString::fromUtf8(portal.options[u"current_folder"_s].toByteArray().chopped(1))).isDir());
+    QCOMPARE(qvariant_cast<QDBusArgument>(portal.options[u"filters"_s]).currentSignature(), u"a(sa(us))"_s);
+    const QString path = folder.filePath(u"Q3 100% näxt.csv"_s);
+    portal.respond(0, {QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())});
+    QTRY_COMPARE(answers, (QList<std::optional<ChosenFile>>{ChosenFile{path, true}}));
+
+    // It opens where the last file went, and what it asked before the ending was added, it asked about another file.
+    QVERIFY(asked());
+    QCOMPARE(portal.options[u"current_folder"_s].toByteArray(), QFile::encodeName(folder.path()).append('\0'));
+    portal.respond(0, {QUrl::fromLocalFile(folder.filePath(u"plain"_s)).toString()});
+    QTRY_COMPARE(answers.value(1), std::optional(ChosenFile{folder.filePath(u"plain.csv"_s), false}));
+
+    QVERIFY(asked());
+    portal.respond(1);
+    QTRY_COMPARE(answers.size(), 3);
+    QCOMPARE(answers[2], std::nullopt);
+
+    QVERIFY(asked());
+    tasks.cancel();
+    QTRY_COMPARE(portal.closed, 1);
+    portal.request.clear();
+
+    QVERIFY(asked());
+    portal.end();
+    QTRY_COMPARE(answers.size(), 4);
+    QVERIFY2(!answers[3] && !panel.form()->shown(), "the panel went with its portal");
+    QCOMPARE(portal.closed, 1);
+  }
+
+  void aFormAsksWhereTheDesktopDoesNot() {
+    QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(u"there"_s));
+    SavePanel panel(connection());
+    NameForm& form = *panel.form();
+    QList<std::optional<ChosenFile>> answers;
+    TaskScope tasks;
+    tasks.start(ask(panel, answers));
+    QTRY_VERIFY(form.shown());
+    QVERIFY(QFileInfo(QFileInfo(form.text()).absolutePath()).isDir());
+    QCOMPARE(QFileInfo(form.text()).fileName(), u"acme-analytics.csv"_s);
+
+    const QString path = folder.filePath(u"there/mine.csv"_s);
+    for (const auto& wrong : {folder.path(), folder.filePath(u"gone/mine.csv"_s)}) {
+      form.setText(wrong);
+      form.submit();
+      QVERIFY(form.shown() && form.error().contains(u"folder"_s) && answers.isEmpty());
+      QVERIFY2(!form.busy(), "it can be mended and sent again");
+    }
+    form.setText(path);
+    form.submit();
+    QCOMPARE(answers, (QList<std::optional<ChosenFile>>{ChosenFile{path, false}}));
+    QVERIFY(!form.shown());
+
+    // A name alone goes where the last file went. A new question cancels the one before, whose end leaves it alone.
+    tasks.start(ask(panel, answers));
+    QTRY_COMPARE(form.text(), folder.filePath(u"there/acme-analytics.csv"_s));
+    tasks.start(ask(panel, answers));
+    QTRY_COMPARE(answers.size(), 2);
+    QVERIFY(!answers[1] && form.shown());
+    form.setText(u"other"_s);
+    form.submit();
+    QCOMPARE(answers.value(2), std::optional(ChosenFile{folder.filePath(u"there/other.csv"_s), false}));
+
+    tasks.start(ask(panel, answers));
+    QTRY_VERIFY(form.shown());
+    form.cancel();
+    QCOMPARE(answers.value(3, ChosenFile{}), std::nullopt);
+    tasks.start(ask(panel, answers));
+    QTRY_VERIFY(form.shown());
+    tasks.cancel();
+    QVERIFY2(!form.shown(), "nobody waits for the answer any more");
   }
 
   void theDesktopsColoursAreFollowed() {

@@ -1,10 +1,6 @@
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 
-#include "desktop/QuickFilePanel.h"
 #include "desktop/WindowPlace.h"
-#include "kit/async/TaskScope.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -34,47 +30,6 @@ class DesktopWindowTest : public QObject {
     QFETCH(QList<QRect>, screens);
     QFETCH(QRect, placed);
     QCOMPARE(WindowPlace::fitted(remembered, screens, QSize(1024, 700), QSize(1280, 800)), placed);
-  }
-
-  void asksWhereToSave() {
-    QTemporaryDir there;
-    QuickFilePanel panel;
-    QStringList answers;
-    TaskScope tasks;
-    tasks.start(ask(panel, answers));
-    QVERIFY(panel.asking());
-    QVERIFY2(QFileInfo(panel.folder().toLocalFile()).isDir(), "the panel opens in a folder that exists");
-    QCOMPARE(panel.suggestion().fileName(), u"acme-analytics.csv"_s);
-    QCOMPARE(panel.nameFilter(), u"Comma-separated text (*.csv)"_s);
-    panel.choose(QUrl::fromLocalFile(there.filePath(u"mine.csv"_s)), true);
-    QVERIFY(!panel.asking());
-
-    // The folder chosen last is where the next one starts.
-    tasks.start(ask(panel, answers));
-    QCOMPARE(panel.folder(), QUrl::fromLocalFile(there.path()));
-    // A question asked over another takes its place; a late answer to no question is nobody's.
-    tasks.start(ask(panel, answers));
-    panel.cancel();
-    panel.choose(QUrl::fromLocalFile(u"/tmp/late.csv"_s), true);
-    QCOMPARE(answers, QStringList({there.filePath(u"mine.csv"_s), u"cancelled"_s, u"cancelled"_s}));
-    QVERIFY(tasks.isIdle());
-  }
-
-  void forgetsAnAskerThatIsGone() {
-    QuickFilePanel panel;
-    QStringList answers;
-    {
-      TaskScope tasks;
-      tasks.start(ask(panel, answers));
-    }
-    panel.choose(QUrl::fromLocalFile(u"/tmp/mine.csv"_s), true);
-    QCOMPARE(answers, QStringList());
-  }
-
- private:
-  static Task<void> ask(FilePanel& panel, QStringList& answers) {
-    const auto file = co_await panel.saveFile(u"acme-analytics.csv"_s, u"Comma-separated text"_s, u"csv"_s);
-    answers.append(file ? file->path : u"cancelled"_s);
   }
 };
 

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 
@@ -11,8 +10,8 @@ Window {
     required property CommandPalette palette
     /// Lines of the shortcut sheet: group, title, keys.
     property var shortcuts: []
-    /// The desktop's save panel: asking, suggestion, nameFilter, suffix, choose(), cancel(). Null where there is none.
-    property var files: null
+    /// Stands in for the desktop's save panel where there is none.
+    property NameForm saveForm: null
 
     readonly property string phase: app.phase
 
@@ -63,16 +62,8 @@ Window {
         overlays: root.app.overlays
     }
 
-    Loader {
-        readonly property var content: item
-
-        active: root.files !== null && root.files.asking
-        source: "SaveDialog.qml"
-        onLoaded: {
-            content.overlay = T.Overlay.overlay;
-            content.panel = root.files;
-            content.open();
-        }
+    NameFormDialog {
+        form: root.saveForm
     }
 
     ToastLayer {

@@ -1,0 +1,142 @@
+#include "desktop/services/SavePortal.h"
+
+#include <QDBusArgument>
+#include <QDBusMetaType>
+#include <QDBusPendingCallWatcher>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QUrl>
+#include <QWindow>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+/// The portal's filter: a name and what it lets through.
+struct PortalFilter {
+  struct Pattern {
+    uint kind = 0;
+    QString glob;
+  };
+  QString name;
+  QList<Pattern> patterns;
+};
+
+// Where the toolkit's templates find them: beside the types.
+QDBusArgument& operator<<(QDBusArgument& argument, const PortalFilter::Pattern& pattern) {
+  argument.beginStructure();
+  argument << pattern.kind << pattern.glob;
+  argument.endStructure();
+  return argument;
+}
+const QDBusArgument& operator>>(const QDBusArgument& argument, PortalFilter::Pattern& pattern) {
+  argument.beginStructure();
+  argument >> pattern.kind >> pattern.glob;
+  argument.endStructure();
+  return argument;
+}
+QDBusArgument& operator<<(QDBusArgument& argument, const PortalFilter& filter) {
+  argument.beginStructure();
+  argument << filter.name << filter.patterns;
+  argument.endStructure();
+  return argument;
+}
+const QDBusArgument& operator>>(const QDBusArgument& argument, PortalFilter& filter) {
+  argument.beginStructure();
+  argument >> filter.name >> filter.patterns;
+  argument.endStructure();
+  return argument;
+}
+
+}  // namespace orv
+
+Q_DECLARE_METATYPE(orv::PortalFilter)
+Q_DECLARE_METATYPE(orv::PortalFilter::Pattern)
+
+namespace orv {
+namespace {
+
+const auto portalName = u"org.freedesktop.portal.Desktop"_s;
+const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
+const auto requestInterface = u"org.freedesktop.portal.Request"_s;
+// The portal answers as soon as it has put the question; one that has to be started first may take this long.
+constexpr int answerMilliseconds = 5000;
+
+void registerTypes() {
+  static const bool done = [] {
+    qDBusRegisterMetaType<PortalFilter::Pattern>();
+    qDBusRegisterMetaType<QList<PortalFilter::Pattern>>();
+    qDBusRegisterMetaType<PortalFilter>();
+    qDBusRegisterMetaType<QList<PortalFilter>>();
+    return true;
+  }();
+  Q_UNUSED(done)
+}
+
+/// The window that the panel belongs to, as the portal names it; on Wayland it takes none without a handle exported
+/// for it, and the panel stands by itself.
+QString parentWindow() {
+  const QWindow* window = QGuiApplication::focusWindow();
+  return window && QGuiApplication::platformName() == "xcb"_L1 ? u"x11:"_s + QString::number(window->winId(), 16)
+                                                                : QString();
+}
+
+/// Where the portal will tell the answer. Known before it is asked, so that no answer comes too early.
+QString newRequest(const QDBusConnection& bus, const QString& token) {
+  QString sender = bus.baseService().mid(1);
+  sender.replace(u'.', u'_');
+  return portalPath + u"/request/"_s + sender + u'/' + token;
+}
+
+}  // namespace
+
+SavePortal::SavePortal(QDBusConnection bus)
+    : m_bus(std::move(bus)), m_portal(portalName, m_bus, QDBusServiceWatcher::WatchForUnregistration) {
+  // A portal that ends takes its panel along, and never answers.
+  connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_outcome.give({true, {}}); });
+}
+
+SavePortal::~SavePortal() {
+  if (m_request.isEmpty() || m_outcome.isGiven()) return;
+  m_bus.asyncCall(QDBusMessage::createMethodCall(portalName, m_request, requestInterface, u"Close"_s));
+}
+
+OneShot<SavePortal::Outcome> SavePortal::ask(const QString& suggestion, const QString& kind, const QString& suffix) {
+  if (!m_bus.isConnected()) {
+    m_outcome.give({});
+    return m_outcome;
+  }
+  registerTypes();
+  static int asked = 0;
+  const QString token = u"orvella%1"_s.arg(++asked);
+  m_request = newRequest(m_bus, token);
+  m_bus.connect(QString(), m_request, requestInterface, u"Response"_s, this, SLOT(respond(QDBusMessage)));
+
+  const QFileInfo file(suggestion);
+  const QList<PortalFilter> filters{{kind, {{0, u"*."_s + suffix}}}};
+  auto message = QDBusMessage::createMethodCall(portalName, portalPath, u"org.freedesktop.portal.FileChooser"_s,
+                                                u"SaveFile"_s);
+  message << parentWindow() << u"Save file"_s
+          << QVariantMap{{u"handle_token"_s, token},
+                         {u"current_name"_s, file.fileName()},
+                         // The portal wants the end of the path marked.
+                         {u"current_folder"_s, QFile::encodeName(file.absolutePath()).append('\0')},
+                         {u"filters"_s, QVariant::fromValue(filters)}};
+  auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerMilliseconds), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    watcher->deleteLater();
+    if (watcher->isError()) m_outcome.give({});
+  });
+  return m_outcome;
+}
+
+void SavePortal::respond(const QDBusMessage& message) {
+  if (message.signature() != "ua{sv}"_L1) return;
+  const QVariantList arguments = message.arguments();
+  const auto results = qdbus_cast<QVariantMap>(arguments[1]);
+  const bool chosen = arguments[0].toUInt() == 0;
+  m_outcome.give({true, chosen ? QUrl(results.value(u"uris"_s).toStringList().value(0)).toLocalFile() : QString()});
+}
+
+}  // namespace orv
