@@ -79,7 +79,7 @@ void registerTypes() {
 QString parentWindow() {
   const QWindow* window = QGuiApplication::focusWindow();
   return window && QGuiApplication::platformName() == "xcb"_L1 ? u"x11:"_s + QString::number(window->winId(), 16)
-                                                                : QString();
+                                                               : QString();
 }
 
 /// Where the portal will tell the answer. Known before it is asked, so that no answer comes too early.
@@ -115,8 +115,8 @@ OneShot<SavePortal::Outcome> SavePortal::ask(const QString& suggestion, const QS
 
   const QFileInfo file(suggestion);
   const QList<PortalFilter> filters{{kind, {{0, u"*."_s + suffix}}}};
-  auto message = QDBusMessage::createMethodCall(portalName, portalPath, u"org.freedesktop.portal.FileChooser"_s,
-                                                u"SaveFile"_s);
+  auto message =
+      QDBusMessage::createMethodCall(portalName, portalPath, u"org.freedesktop.portal.FileChooser"_s, u"SaveFile"_s);
   message << parentWindow() << u"Save file"_s
           << QVariantMap{{u"handle_token"_s, token},
                          {u"current_name"_s, file.fileName()},
