@@ -52,6 +52,8 @@ class Stage::Desktop final : public Browser,
   void setRecentCommands(const QStringList&) override {}
   QString theme() const override { return u"system"_s; }
   void setTheme(const QString&) override {}
+  QString signedInName() const override { return {}; }
+  void setSignedInName(const QString&) override {}
   QRect windowGeometry() const override { return {}; }
   void setWindowGeometry(const QRect&) override {}
   bool windowMaximized() const override { return false; }

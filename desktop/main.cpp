@@ -1,10 +1,12 @@
 #include <QDBusConnection>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <QQuickStyle>
 #include <QTextStream>
+#include <QTimer>
 
 #include "demo/DemoService.h"
 #include "desktop/ClientWindow.h"
@@ -81,6 +83,14 @@ struct Demo {
   demo::DemoTransport transport{service};
 };
 
+/// A sign-out that the keyring or the service has not heard of yet would leave the person signed in.
+void letFinish(const AppModel& app) {
+  const QDeadlineTimer deadline(std::chrono::seconds(3));
+  QTimer wake;
+  wake.start(std::chrono::milliseconds(20));
+  while (app.isFinishing() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 int run(QGuiApplication& application, const Options& options) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
@@ -146,7 +156,10 @@ int run(QGuiApplication& application, const Options& options) {
   if (options.untilContent) endAtContent(*window, app);
   window->show();
   window->requestActivate();
-  return application.exec();
+  const int code = application.exec();
+  instance.release();
+  letFinish(app);
+  return code;
 }
 
 }  // namespace

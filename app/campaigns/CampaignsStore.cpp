@@ -223,6 +223,7 @@ Task<void> CampaignsStore::createTask(QString name) {
     if (submission.succeed()) m_services.router.openCampaign(campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) m_services.toasts.failure({}, error);
+    if (Actions::outcomeIsUnknown(error)) reload();
   }
 }
 
@@ -328,6 +329,10 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   if (!summary) co_return;
   auto rows = summary->campaigns;
   rows.removeIf([&id](const auto& row) { return row.id != id; });
+  if (rows.isEmpty()) {
+    m_services.toasts.show(u"Nothing to export yet."_s);
+    co_return;
+  }
   co_await saveCsv(m_services, fileName, campaignsCsv(rows), failure);
 }
 

@@ -39,12 +39,13 @@ class Actions {
     co_return std::nullopt;
   }
 
- private:
+  /// The service may have acted although no answer of it arrived whole.
   static bool outcomeIsUnknown(const APIError& error) {
     using Kind = APIError::Kind;
     return error.is(Kind::timedOut) || error.is(Kind::offline) || error.is(Kind::invalidResponse);
   }
 
+ private:
   APITransport& m_api;
   Toasts& m_toasts;
   BusySet& m_busy;

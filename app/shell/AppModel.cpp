@@ -77,6 +77,7 @@ void AppModel::restore(std::optional<StoredSession> session) {
   }
   if (session && !session->workspaces.isEmpty()) {
     m_stored = std::move(session);
+    m_kept = m_stored;
     m_phase = Phase::signedIn;
     m_signIn.reset();
     openInitialWorkspace();
@@ -119,10 +120,8 @@ void AppModel::open(const WorkspaceSummary& workspace) {
   m_session->setWorkspace(workspace);
   m_current = workspace;
   m_router.setFeaturesOff(m_session->featuresOff());
-  if (m_stored->currentSlug != workspace.slug || !isDemo()) {
-    m_stored->currentSlug = workspace.slug;
-    m_keychain.start(saveSession(*m_stored));
-  }
+  m_stored->currentSlug = workspace.slug;
+  keep();
   Q_EMIT changed();
 }
 
@@ -149,7 +148,12 @@ Task<void> AppModel::rememberWorkspace(QString slug, QString token) {
 }
 
 void AppModel::refreshAccount() {
-  if (m_stored && m_account.isIdle()) m_account.start(fetchAccount(m_stored->token));
+  if (!m_stored) {
+    if (m_phase == Phase::signedOut) m_signIn.checkMethods();
+    return;
+  }
+  if (m_stored->isExpired(m_platform.clock.now())) return endSession(QString(m_stored->token));
+  if (m_account.isIdle()) m_account.start(fetchAccount(m_stored->token));
 }
 
 Task<void> AppModel::fetchAccount(QString token) {
@@ -181,12 +185,18 @@ void AppModel::applyAccount(const MeResponse& account) {
     currentListed = true;
   }
   if (!currentListed) return openWorkspace(account.workspaces.first().slug);
-  m_keychain.start(saveSession(*m_stored));
+  keep();
   Q_EMIT changed();
 }
 
+void AppModel::keep() {
+  if (isDemo() || m_kept == m_stored) return;
+  m_kept = m_stored;
+  m_platform.preferences.setSignedInName(m_stored->user.name);
+  m_keychain.start(saveSession(*m_stored));
+}
+
 Task<void> AppModel::saveSession(StoredSession session) {
-  if (isDemo()) co_return;
   try {
     co_await m_store.save(session);
   } catch (const KeychainError& error) {
@@ -203,8 +213,9 @@ Task<void> AppModel::clearSession() {
     co_await m_store.clear();
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
-    m_signIn.setNotice(
-        u"You’re signed out, but your sign-in couldn’t be removed from the system keyring. Unlock it and sign out again."_s);
+    if (error.reason() == KeychainError::Reason::absent) co_return;
+    m_toasts.show(u"Your sign-in is still in the system keyring"_s, Toasts::Tone::error, {}, {},
+                  u"It couldn’t be removed. Unlock the keyring, then sign in and out once more."_s);
   }
 }
 
@@ -225,7 +236,7 @@ Task<void> AppModel::logOut(QString token) {
 void AppModel::endSession(const QString& token) {
   // An answer to an older sign-in says nothing about this one.
   if (!m_stored || m_stored->token != token) return;
-  qCInfo(lcApp, "The service no longer knows the session");
+  qCInfo(lcApp, "The session has ended");
   leave();
   m_signIn.setNotice(u"Your session ended. Sign in again."_s);
 }
@@ -236,6 +247,7 @@ void AppModel::leave() {
   m_overlays.dismissAll();
   m_toasts.clear();
   m_stored.reset();
+  m_kept.reset();
   m_current.reset();
   m_session = nullptr;
   m_phase = Phase::signedOut;
@@ -244,6 +256,7 @@ void AppModel::leave() {
   // Screens let go of their stores before the stores go.
   Q_EMIT changed();
   m_sessions.clear();
+  m_platform.preferences.setSignedInName({});
   m_keychain.start(clearSession());
   m_signIn.checkMethods();
 }

@@ -38,6 +38,7 @@ class AppModel final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString phase READ phaseName NOTIFY changed)
   Q_PROPERTY(bool isDemo READ isDemo CONSTANT)
+  Q_PROPERTY(QString greetedName READ greetedName CONSTANT)
   Q_PROPERTY(QString userName READ userName NOTIFY changed)
   Q_PROPERTY(QString userEmail READ userEmail NOTIFY changed)
   Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY changed)
@@ -69,6 +70,8 @@ class AppModel final : public QObject {
   /// Slugs of the warm workspace sessions, oldest first.
   const QStringList& sessionOrder() const { return m_sessions.keys(); }
 
+  /// Who was signed in when the program last ran; empty when nobody was.
+  QString greetedName() const { return m_platform.preferences.signedInName(); }
   QString userName() const;
   QString userEmail() const;
   /// Name, slug and role of each workspace, in the service's order, with `current` set on the open one.
@@ -82,8 +85,10 @@ class AppModel final : public QObject {
 
   Q_INVOKABLE void openWorkspace(const QString& slug);
   Q_INVOKABLE void signOut();
-  /// The window became active: workspaces and roles may have changed meanwhile.
+  /// The window became active: workspaces and roles may have changed meanwhile, or the session run out.
   Q_INVOKABLE void refreshAccount();
+  /// A sign-out or a save is under way that the person would miss if the program ended now.
+  bool isFinishing() const { return !m_keychain.isIdle() || !m_farewells.isIdle(); }
 
  Q_SIGNALS:
   void changed();
@@ -98,6 +103,7 @@ class AppModel final : public QObject {
   Task<void> rememberWorkspace(QString slug, QString token);
   Task<void> fetchAccount(QString token);
   void applyAccount(const MeResponse& account);
+  void keep();
   Task<void> saveSession(StoredSession session);
   Task<void> clearSession();
   Task<void> logOut(QString token);
@@ -116,6 +122,8 @@ class AppModel final : public QObject {
 
   Phase m_phase = Phase::booting;
   std::optional<StoredSession> m_stored;
+  /// What the keychain was last given: each write may make the desktop ask for the keyring's password.
+  std::optional<StoredSession> m_kept;
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
   StoreCache<WorkspaceSession> m_sessions;

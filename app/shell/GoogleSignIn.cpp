@@ -30,8 +30,8 @@ QString GoogleSignIn::challenge() const {
 }
 
 QUrl GoogleSignIn::startURL(const QUrl& baseURL, NativeGoogleClient client) const {
-  QUrl url = baseURL;
-  url.setPath(u"/api/v1/auth/google/start"_s);
+  QUrl url = baseURL.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment | QUrl::StripTrailingSlash);
+  url.setPath((url.path() == "/"_L1 ? QString() : url.path()) + u"/api/v1/auth/google/start"_s);
   QUrlQuery query;
   query.addQueryItem(u"client"_s, rawValue(client));
   query.addQueryItem(u"code_challenge"_s, challenge());
@@ -41,9 +41,9 @@ QUrl GoogleSignIn::startURL(const QUrl& baseURL, NativeGoogleClient client) cons
 
 QString GoogleSignIn::callbackScheme() { return u"com.orvella.desktop"_s; }
 
-QString GoogleSignIn::codeOf(const QString& link) {
+std::optional<QString> GoogleSignIn::codeOf(const QString& link) {
   const QUrl url(link.trimmed());
-  if (url.scheme() != callbackScheme() || url.host() != "auth"_L1 || url.path() != "/callback"_L1) return {};
+  if (url.scheme() != callbackScheme() || url.host() != "auth"_L1 || url.path() != "/callback"_L1) return std::nullopt;
   return QUrlQuery(url).queryItemValue(u"code"_s, QUrl::FullyDecoded);
 }
 
@@ -54,9 +54,9 @@ Task<GoogleSignIn::Result> GoogleSignIn::wait(Clock& clock) {
 }
 
 bool GoogleSignIn::accept(const QString& link) {
-  const QString code = codeOf(link);
-  if (code.isEmpty() || m_result.isGiven()) return false;
-  m_result.give({Outcome::code, code});
+  const auto code = codeOf(link);
+  if (!code || m_result.isGiven()) return false;
+  m_result.give({code->isEmpty() ? Outcome::refused : Outcome::code, *code});
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QUrl>
+#include <optional>
 
 #include "app/shell/desktop/Browser.h"
 #include "kit/async/Clock.h"
@@ -18,7 +19,7 @@ QString rawValue(NativeGoogleClient client);
 /// The browser cannot report that its page was closed, so the flow ends by its link, by cancel(), or after ten minutes.
 class GoogleSignIn final {
  public:
-  enum class Outcome { code, cancelled, timedOut };
+  enum class Outcome { code, refused, cancelled, timedOut };
   struct Result {
     Outcome outcome = Outcome::cancelled;
     /// To be exchanged with verifier(), once.
@@ -33,8 +34,8 @@ class GoogleSignIn final {
 
   /// The application's own scheme, on which the service's redirect comes back.
   static QString callbackScheme();
-  /// The `code` of a sign-in link; empty when the link is not one.
-  static QString codeOf(const QString& link);
+  /// The `code` of a sign-in link; empty when the person declined, nothing when the link is not one.
+  static std::optional<QString> codeOf(const QString& link);
 
   /// Waits for accept() or cancel(), ten minutes at most.
   Task<Result> wait(Clock& clock);

@@ -80,12 +80,19 @@ QString Router::title() const {
 
 void Router::setFeaturesOff(QSet<QString> features) {
   m_featuresOff = std::move(features);
-  if (m_featuresOff.contains(Pages::name(m_page))) open(Page::campaigns);
+  if (!m_featuresOff.contains(Pages::name(m_page))) return;
+  QList<Page> stays{Page::campaigns};
+  for (const auto& info : Pages::all()) stays.append(info.page);
+  for (const Page page : stays)
+    if (!m_featuresOff.contains(Pages::name(page))) return open(page);
 }
 
 void Router::reset() {
   clearSelections();
   m_paletteOpen = false;
+  m_shortcutsOpen = false;
+  m_goPending = false;
+  m_goTimer.cancel();
   m_offFeature.clear();
   m_migrationPick.clear();
   Q_EMIT changed();

@@ -88,13 +88,14 @@ void SignInModel::submitEmail() {
   if (m_busy) return;
   const QString address = m_email.trimmed().toLower();
   if (!looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
+  if (m_methodsFailed) checkMethods();
   begin(checkEmail(address));
 }
 
 void SignInModel::submitPassword() {
   if (m_busy) return;
   if (m_password.isEmpty()) return say(u"Enter your password."_s);
-  begin(signInWithPassword(m_email.trimmed().toLower(), m_password));
+  begin(signInWithPassword(m_address, m_password));
 }
 
 void SignInModel::submitCode() {
@@ -119,7 +120,7 @@ void SignInModel::useDifferentEmail() {
 
 void SignInModel::emailCodeInstead() {
   if (m_busy) return;
-  begin(startCode(m_email.trimmed().toLower()));
+  begin(startCode(m_address));
 }
 
 void SignInModel::continueWithGoogle() {
@@ -129,6 +130,7 @@ void SignInModel::continueWithGoogle() {
   say({});
   if (!m_browser.open(m_google->startURL(m_baseURL, *m_googleClient))) {
     m_google.reset();
+    qCWarning(lcSignIn, "Google sign-in failed: no browser");
     return say(u"Couldn’t open your browser. Sign in with your email instead."_s);
   }
   m_googleCall.start(signInWithGoogle(m_google));
@@ -153,6 +155,7 @@ void SignInModel::reset() {
   m_google.reset();
   m_step = Step::email;
   m_email.clear();
+  m_address.clear();
   m_password.clear();
   m_code.clear();
   m_codeSentTo.clear();
@@ -166,12 +169,14 @@ Task<void> SignInModel::fetchMethods() {
   try {
     const AuthMethods methods = co_await m_api.send(Requests::authMethods());
     m_methodsChecked = true;
+    m_methodsFailed = false;
     m_googleClient = methods.google ? std::optional(NativeGoogleClient::macos) : std::nullopt;
     m_passwordOffered = methods.password.value_or(true);
     m_codeOffered = methods.email.value_or(true);
     Q_EMIT changed();
   } catch (const APIError& error) {
-    // The email step works without knowing; the next visit asks again.
+    // The email step works without knowing.
+    m_methodsFailed = true;
     qCInfo(lcSignIn, "Sign-in methods unknown: %s", error.what());
   }
 }
@@ -183,6 +188,7 @@ Task<void> SignInModel::checkEmail(QString address) {
         u", or check the spelling."_s);
     co_return;
   }
+  m_address = address;
   if (check.password && m_passwordOffered) {
     m_step = Step::password;
     Q_EMIT changed();
@@ -196,11 +202,21 @@ Task<void> SignInModel::signInWithPassword(QString address, QString password) {
 }
 
 Task<void> SignInModel::startCode(QString address) {
-  const EmailStarted started = co_await m_api.send(Requests::startEmail(address));
+  try {
+    const EmailStarted started = co_await m_api.send(Requests::startEmail(address));
+    m_code.clear();
+    expectCode(address);
+    startCountdown(int(started.retryIn.value_or(defaultResendSeconds)));
+  } catch (const APIError& error) {
+    // The code that was sent a moment ago holds, and needs its field.
+    if (error.code() == u"too_soon"_s) expectCode(address);
+    throw;
+  }
+}
+
+void SignInModel::expectCode(const QString& address) {
   m_codeSentTo = address;
-  m_code.clear();
   m_step = Step::code;
-  startCountdown(int(started.retryIn.value_or(defaultResendSeconds)));
   Q_EMIT changed();
 }
 
@@ -212,9 +228,21 @@ Task<void> SignInModel::signInWithGoogle(std::shared_ptr<GoogleSignIn> flow) {
   const auto result = co_await flow->wait(m_clock);
   m_google.reset();
   Q_EMIT changed();
-  if (result.outcome == GoogleSignIn::Outcome::timedOut) say(u"Google sign-in took too long. Start again."_s);
-  if (result.outcome != GoogleSignIn::Outcome::code || m_busy) co_return;
-  begin(exchangeGoogleCode(result.code, flow->verifier()));
+  switch (result.outcome) {
+    case GoogleSignIn::Outcome::cancelled:
+      co_return;
+    case GoogleSignIn::Outcome::timedOut:
+      qCWarning(lcSignIn, "Google sign-in failed: nothing came back");
+      say(u"Google sign-in took too long. Start again."_s);
+      co_return;
+    case GoogleSignIn::Outcome::refused:
+      qCWarning(lcSignIn, "Google sign-in failed: the link carries no code");
+      say(u"Google sign-in didn’t finish. Start again."_s);
+      co_return;
+    case GoogleSignIn::Outcome::code:
+      break;
+  }
+  if (!m_busy) begin(exchangeGoogleCode(result.code, flow->verifier()));
 }
 
 Task<void> SignInModel::exchangeGoogleCode(QString code, QString verifier) {

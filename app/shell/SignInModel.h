@@ -19,6 +19,7 @@ class SignInModel final : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString step READ stepName NOTIFY changed)
   Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
+  Q_PROPERTY(QString address READ address NOTIFY changed)
   Q_PROPERTY(QString password READ password WRITE setPassword NOTIFY changed)
   Q_PROPERTY(QString code READ code WRITE setCode NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
@@ -44,6 +45,8 @@ class SignInModel final : public QObject {
   Step step() const { return m_step; }
   QString stepName() const { return enumName(m_step); }
   const QString& email() const { return m_email; }
+  /// The address that was checked, as the service knows it; what is typed since then counts with the next check.
+  const QString& address() const { return m_address; }
   const QString& password() const { return m_password; }
   const QString& code() const { return m_code; }
   /// A call is in flight; submissions are ignored meanwhile.
@@ -64,7 +67,7 @@ class SignInModel final : public QObject {
   void setCode(const QString& code);
   void setNotice(const QString& notice);
 
-  /// Asks once which ways of signing in the service offers.
+  /// Asks which ways of signing in the service offers, until it has answered.
   Q_INVOKABLE void checkMethods();
   Q_INVOKABLE void submitEmail();
   Q_INVOKABLE void submitPassword();
@@ -91,6 +94,7 @@ class SignInModel final : public QObject {
   Task<void> signInWithGoogle(std::shared_ptr<GoogleSignIn> flow);
   Task<void> exchangeGoogleCode(QString code, QString verifier);
   Task<void> startCode(QString address);
+  void expectCode(const QString& address);
   Task<void> countDown();
 
   void begin(Task<void> call);
@@ -108,6 +112,7 @@ class SignInModel final : public QObject {
 
   Step m_step = Step::email;
   QString m_email;
+  QString m_address;
   QString m_password;
   QString m_code;
   bool m_busy = false;
@@ -119,6 +124,7 @@ class SignInModel final : public QObject {
   bool m_passwordOffered = true;
   bool m_codeOffered = true;
   bool m_methodsChecked = false;
+  bool m_methodsFailed = false;
   std::shared_ptr<GoogleSignIn> m_google;
 
   TaskSlot m_call;

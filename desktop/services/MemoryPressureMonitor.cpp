@@ -38,7 +38,8 @@ MemoryPressureMonitor::MemoryPressureMonitor(Clock& clock, QDBusConnection syste
   // No service name: the toolkit would ask the bus for its owner, and wait for the answer.
   systemBus.connect(QString(), u"/org/freedesktop/LowMemoryMonitor"_s, u"org.freedesktop.LowMemoryMonitor"_s,
                     u"LowMemoryWarning"_s, this, SLOT(lowMemoryWarning(uchar)));
-  look();
+  // Not at once: nobody listens yet.
+  m_timer = m_clock.startTimer(std::chrono::milliseconds(0), [this] { look(); });
 }
 
 void MemoryPressureMonitor::lowMemoryWarning(uchar) { Q_EMIT pressure(); }

@@ -7,6 +7,7 @@ namespace {
 const auto rail = u"orv-sidebar-rail"_s;
 const auto recent = u"orv-palette-recent"_s;
 const auto appearance = u"orv-appearance"_s;
+const auto nameKey = u"orv-signed-in-name"_s;
 const auto geometryKey = u"orv-window-geometry"_s;
 const auto maximizedKey = u"orv-window-maximized"_s;
 }  // namespace
@@ -19,6 +20,9 @@ void SettingsPreferences::setRecentCommands(const QStringList& ids) { m_settings
 
 QString SettingsPreferences::theme() const { return m_settings.value(appearance, u"system"_s).toString(); }
 void SettingsPreferences::setTheme(const QString& theme) { m_settings.setValue(appearance, theme); }
+
+QString SettingsPreferences::signedInName() const { return m_settings.value(nameKey).toString(); }
+void SettingsPreferences::setSignedInName(const QString& name) { m_settings.setValue(nameKey, name); }
 
 QRect SettingsPreferences::windowGeometry() const {
   const QRect geometry = m_settings.value(geometryKey).toRect();

@@ -19,6 +19,8 @@ class SettingsPreferences final : public Preferences {
   void setRecentCommands(const QStringList& ids) override;
   QString theme() const override;
   void setTheme(const QString& theme) override;
+  QString signedInName() const override;
+  void setSignedInName(const QString& name) override;
   QRect windowGeometry() const override;
   void setWindowGeometry(const QRect& geometry) override;
   bool windowMaximized() const override;

@@ -41,8 +41,11 @@ SingleInstance::SingleInstance(QString id, QDBusConnection bus, QObject* parent)
   connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::readFromSocket);
 }
 
-SingleInstance::~SingleInstance() {
-  if (!m_ownsName) return;
+SingleInstance::~SingleInstance() { release(); }
+
+void SingleInstance::release() {
+  m_server.close();
+  if (!std::exchange(m_ownsName, false)) return;
   m_bus.unregisterService(m_id);
   m_bus.unregisterObject(objectPath(m_id));
 }
@@ -59,14 +62,27 @@ SingleInstance::Start SingleInstance::claim(const QStringList& links) {
 }
 
 SingleInstance::Start SingleInstance::claimOnBus(const QStringList& links) {
+  // One that is closing may hold the name a little longer than it listens, and one that hangs holds it for good: a
+  // start that opened nothing would help nobody.
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    if (takeName()) return Start::first;
+    if (handOverOnBus(links)) return Start::second;
+  }
+  if (!takeName()) qCWarning(lcInstance, "The running application does not answer; starting beside it");
+  return Start::first;
+}
+
+bool SingleInstance::takeName() {
   // The object first: a start that finds the name taken calls it at once.
   m_bus.registerObject(objectPath(m_id), this, QDBusConnection::ExportAdaptors);
   const auto reply = m_bus.interface()->registerService(m_id, QDBusConnectionInterface::DontQueueService,
                                                         QDBusConnectionInterface::DontAllowReplacement);
   m_ownsName = reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
-  if (m_ownsName) return Start::first;
-  m_bus.unregisterObject(objectPath(m_id));
+  if (!m_ownsName) m_bus.unregisterObject(objectPath(m_id));
+  return m_ownsName;
+}
 
+bool SingleInstance::handOverOnBus(const QStringList& links) {
   const QVariantMap platform = {{u"activation-token"_s, activationToken()},
                                 {u"desktop-startup-id"_s, activationToken()}};
   auto message =
@@ -74,9 +90,9 @@ SingleInstance::Start SingleInstance::claimOnBus(const QStringList& links) {
   if (!links.isEmpty()) message << links;
   message << platform;
   const QDBusMessage answer = m_bus.call(message, QDBus::Block, handOverMilliseconds);
-  if (answer.type() == QDBusMessage::ErrorMessage)
-    qCWarning(lcInstance, "The running application did not answer: %s", qPrintable(answer.errorName()));
-  return Start::second;
+  if (answer.type() != QDBusMessage::ErrorMessage) return true;
+  qCWarning(lcInstance, "The running application did not answer: %s", qPrintable(answer.errorName()));
+  return false;
 }
 
 SingleInstance::Start SingleInstance::claimSocket(const QStringList& links) {

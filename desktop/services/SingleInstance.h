@@ -26,6 +26,8 @@ class SingleInstance final : public QObject {
   /// Decides which start this is. A second one has handed over `links`, or asked for the window when there are none.
   /// Nothing that comes for the first is delivered before the event loop runs.
   Start claim(const QStringList& links);
+  /// Lets the next start be the first: this one is closing and hears nothing any more.
+  void release();
 
   /// What another start or the desktop hands over; `activationToken` lets the window come to the front.
   void receive(const QStringList& links, const QString& activationToken);
@@ -37,6 +39,8 @@ class SingleInstance final : public QObject {
 
  private:
   Start claimOnBus(const QStringList& links);
+  bool takeName();
+  bool handOverOnBus(const QStringList& links);
   Start claimSocket(const QStringList& links);
   bool handOverBySocket(const QString& path, const QStringList& links);
   void readFromSocket();

@@ -29,13 +29,10 @@ QByteArray url(const APICall& call, const APIEnvironment& environment) {
   const APIRequest& request = call.request;
   QByteArray url = environment.baseURL.toEncoded(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::RemoveUserInfo);
   while (url.endsWith('/')) url.chop(1);
-  if (request.isAccountLevel()) {
-    url += pathBytes(request.path);
-  } else {
-    url += "/api/v1/w/" + pathSegment(call.slug).toLatin1();
-    if (!request.path.startsWith(u'/')) url += '/';
-    url += pathBytes(request.path);
-  }
+  // A form goes to no workspace, wherever it goes.
+  if (!call.form && !request.isAccountLevel()) url += "/api/v1/w/" + pathSegment(call.slug).toLatin1();
+  if (!request.path.startsWith(u'/')) url += '/';
+  url += pathBytes(request.path);
   char separator = '?';
   for (const auto& [name, value] : request.query) {
     url += std::exchange(separator, '&') + queryText(name);

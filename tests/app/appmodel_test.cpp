@@ -146,6 +146,63 @@ class AppModelTest : public QObject {
     QCOMPARE(app->toasts()->count(), 1);
   }
 
+  void theKeyringIsTroubledOnlyWhenSomethingChanged_data() {
+    QTest::addColumn<bool>("fails");
+    QTest::newRow("a keyring that works") << false;
+    QTest::newRow("a locked one, which asks each time") << true;
+  }
+  void theKeyringIsTroubledOnlyWhenSomethingChanged() {
+    QFETCH(bool, fails);
+    create();
+    f->api.expect(methods);
+    app->start();
+    if (fails) f->keychain.failure = KeychainError::status(-1, KeychainError::Reason::locked);
+    app->signIn()->onSignedIn(session({u"a"_s}));
+    const auto refresh = [&](const QByteArray& role) {
+      f->api.expect(me);
+      app->refreshAccount();
+      f->api.answer(me, account({u"a"_s}, role));
+      return std::exchange(f->keychain.changes, 0);
+    };
+    refresh("owner");
+    QCOMPARE(refresh("owner"), 0);
+    QCOMPARE(refresh("viewer"), 1);
+    QCOMPARE(refresh("viewer"), 0);
+  }
+
+  void leavingSaysWhatHappenedWhateverTheKeyringDoes_data() {
+    QTest::addColumn<KeychainError::Reason>("reason");
+    QTest::addColumn<int>("toasts");
+    QTest::newRow("there is none") << KeychainError::Reason::absent << 0;
+    QTest::newRow("locked") << KeychainError::Reason::locked << 1;
+  }
+  void leavingSaysWhatHappenedWhateverTheKeyringDoes() {
+    QFETCH(KeychainError::Reason, reason);
+    startSignedIn({u"a"_s});
+    QCOMPARE(f->preferences.name, u"Ada"_s);
+    f->keychain.failure = KeychainError::status(-1, reason);
+    f->keychain.gate.emplace();
+    f->api.expect(campaigns);
+    app->session()->campaigns()->ensureLoaded();
+    f->api.expect(methods);
+    f->api.answer(campaigns, {}, 401);
+    QVERIFY2(app->isFinishing(), "the program must not end yet");
+    f->keychain.gate->give(true);
+    QVERIFY(!app->isFinishing());
+    QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
+    QTEST(app->toasts()->count(), "toasts");
+    QCOMPARE(f->preferences.name, QString());
+  }
+
+  void aSessionThatRunsOutIsNotUsed() {
+    startSignedIn({u"a"_s});
+    f->clock.advance(std::chrono::hours(24 * 10));
+    f->api.expect(methods);
+    app->refreshAccount();
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+    QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
+  }
+
   void keepsThreeWorkspacesByLastOpening() {
     startSignedIn({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
     QPointer<WorkspaceSession> first = app->session();
@@ -228,13 +285,17 @@ class AppModelTest : public QObject {
     app->refreshAccount();
     f->api.expect(logOut);
     f->api.expect(methods);
+    app->router()->setShortcutsOpen(true);
+    app->router()->startGo();
     app->signOut();
+    QVERIFY2(!app->router()->shortcutsOpen() && !app->router()->goPending(), "nothing opens by itself for the next");
     QCOMPARE(f->api.last().token.isEmpty(), true);
     QVERIFY(f->api.cancelled().contains(campaigns));
     QVERIFY(f->api.cancelled().contains(me));
     QVERIFY(!app->session());
     QVERIFY(app->workspaces().isEmpty());
     QVERIFY(f->keychain.items.empty());
+    QVERIFY2(app->isFinishing(), "the service has not heard of it yet");
 
     app->signIn()->onSignedIn(session({u"b"_s}, u"orv_sess_second"_s));
     f->api.answer(logOut, {}, 401);

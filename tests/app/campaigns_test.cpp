@@ -19,6 +19,15 @@ QByteArray row(const QByteArray& id, const QByteArray& name, const QByteArray& s
          more + "}";
 }
 
+/// A row told apart by its figures: leads, sent, replied, positive, bounced.
+QByteArray with(const QByteArray& id, const std::array<int, 5>& figures, const QByteArray& archivedOn = {}) {
+  QByteArray row = R"({"id":")" + id + R"(","name":")" + id + R"(","status":"draft","senders":0,"steps":0,)" +
+                   R"("createdAt":"2026-01-01T00:00:00Z")";
+  const std::array names{"leads", "sent", "replied", "positive", "bounced"};
+  for (size_t i = 0; i < names.size(); ++i) row += R"(,")"_ba + names[i] + R"(":)" + QByteArray::number(figures[i]);
+  return row + (archivedOn.isEmpty() ? "" : R"(,"archivedAt":")" + archivedOn + R"(T12:00:00Z")") + "}";
+}
+
 QByteArray list(const QList<QByteArray>& rows, int archived = 2) {
   return R"({"items":[)" + rows.join(',') + R"(],"archivedCount":)" + QByteArray::number(archived) + "}";
 }
@@ -119,6 +128,16 @@ class CampaignsTest : public QObject {
     store->toggleSort(u"name"_s);
     QCOMPARE(names(), (QStringList{u"b10"_s, u"B9"_s, u"a"_s}));
     QCOMPARE(store->sortKey(), QString());
+    store->toggleSort(u"status"_s);
+    QCOMPARE(names().first(), u"b10"_s);
+    f->api.expect(u"GET /campaigns"_s);
+    store->refresh();
+    f->api.answer(u"GET /campaigns"_s, list({with("s", {0, 9, 1, 1, 1}), with("r", {0, 1, 9, 1, 1}),
+                                             with("p", {0, 1, 1, 9, 1}), with("b", {0, 1, 1, 1, 9})}));
+    for (const auto& key : {u"sent"_s, u"replied"_s, u"positive"_s, u"bounced"_s}) {
+      store->toggleSort(key);
+      QCOMPARE(names().first(), key.left(1));
+    }
 
     const QByteArray noLeads = R"({"id":"n","name":"none","status":"draft","senders":0,"steps":0,"leads":0,"sent":0,)"
                                R"("replied":0,"positive":0,"bounced":0,"createdAt":"2026-03-01T10:00:00Z"})";
@@ -357,6 +376,46 @@ class CampaignsTest : public QObject {
     QVERIFY(store->archived()->state().isEmpty());
   }
 
+  void theArchiveFailsAndSortsByItself() {
+    load();
+    f->api.expect(u"GET /campaigns"_s);
+    store->setShowArchived(true);
+    f->api.answer(u"GET /campaigns"_s, refusal, 500);
+    QVERIFY(!store->archived()->state().isReady() && !store->archived()->state().isLoading());
+    f->api.expect(u"GET /campaigns"_s);
+    store->refresh();
+    QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"archived"_s, u"1"_s}}));
+    f->api.answer(u"GET /campaigns"_s,
+                  list({with("a", {1, 30, 0, 0, 0}, "2026-03-02"), with("b", {3, 10, 0, 0, 0}, "2026-03-03"),
+                        with("c", {2, 20, 0, 0, 0}, "2026-03-01")}));
+    const auto sorted = [this](const QString& key) {
+      store->toggleArchivedSort(key);
+      QString ids;
+      for (const auto& record : store->archivedRows()->records()) ids += record.id;
+      return ids;
+    };
+    QCOMPARE(sorted(u"leads"_s), u"bca"_s);
+    QCOMPARE(sorted(u"sent"_s), u"acb"_s);
+    QCOMPARE(sorted(u"deleted"_s), u"bac"_s);
+    QCOMPARE(sorted(u"gone"_s), u"bac"_s);
+    QCOMPARE(sorted(u"gone"_s), u"cab"_s);
+    QCOMPARE(names().size(), 3);
+
+    f->api.expect(u"POST /campaigns/a/restore"_s);
+    store->restore(u"a"_s);
+    f->api.answer(u"POST /campaigns/a/restore"_s, refusal, 422);
+    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t restore a"_s);
+    QCOMPARE(store->archivedRows()->count(), 3);
+    QCOMPARE(store->archivedCount(), 2);
+    QVERIFY(store->busy().ids().isEmpty());
+    store->removeForGood(u"b"_s);
+    f->api.expect(u"DELETE /campaigns/b"_s);
+    f->overlays.answer(f->overlays.token(), true);
+    f->api.answer(u"DELETE /campaigns/b"_s, refusal, 422);
+    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t delete b"_s);
+    QCOMPARE(store->archivedRows()->count(), 3);
+  }
+
   void createTrimsOpensAndKeepsTheNameOnFailure() {
     load();
     store->beginCreate();
@@ -374,6 +433,14 @@ class CampaignsTest : public QObject {
     QVERIFY(!store->newCampaign()->busy());
     QCOMPARE(store->newCampaign()->error(), u"Not now: It is being checked."_s);
     QCOMPARE(store->newCampaign()->text(), u" Q4 push "_s);
+
+    // It may have been made all the same.
+    f->api.expect(u"POST /campaigns"_s);
+    f->api.expect(u"GET /campaigns"_s);
+    store->newCampaign()->submit();
+    f->api.fail(u"POST /campaigns"_s, TransportFailure::timedOut);
+    f->api.answer(u"GET /campaigns"_s, threeRows);
+    QVERIFY(store->newCampaign()->shown());
 
     f->api.expect(u"POST /campaigns"_s);
     f->api.expect(u"GET /campaigns"_s);
@@ -448,6 +515,15 @@ class CampaignsTest : public QObject {
     f->toasts.clear();
     f->api.answer(u"GET /analytics/summary"_s, readFixture(u"analytics-summary.json"_s));
     QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t download the analytics."_s);
+
+    // A summary without the campaign: it has sent nothing.
+    f->toasts.clear();
+    f->filePanel.folder = folder.path();
+    f->api.expect(u"GET /analytics/summary"_s);
+    store->downloadAnalytics(u"c1"_s);
+    f->api.answer(u"GET /analytics/summary"_s, readFixture(u"analytics-summary.json"_s).replace("\"c1\"", "\"c8\""));
+    QCOMPARE(f->toasts.toasts().last().message, u"Nothing to export yet."_s);
+    QVERIFY(QDir(folder.path()).isEmpty());
 
     f->filePanel.folder.clear();
     f->toasts.clear();

@@ -288,6 +288,10 @@ class ShellTest : public QObject {
     QCOMPARE(f->router.campaign(), u"c1"_s);
     f->router.open(Page::campaigns);
     QCOMPARE(f->router.campaign(), QString());
+    f->router.setFeaturesOff({u"campaigns"_s});
+    QVERIFY2(f->router.page() != Page::campaigns, "a page that is off is never the open one");
+    f->router.setFeaturesOff({});
+    f->router.open(Page::campaigns);
     f->router.setFeaturesOff({u"rampup"_s});
     f->router.open(Page::rampup);
     QCOMPARE(f->router.page(), Page::campaigns);

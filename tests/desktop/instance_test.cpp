@@ -67,6 +67,18 @@ class InstanceTest : public QObject {
     QCOMPARE(startAnother({signInLink}), "first");
   }
 
+  void aHolderThatDoesNotListenIsNoReasonToStay() {
+    auto deaf = connection(m_bus->address());
+    QVERIFY(deaf.registerService(id));
+    QCOMPARE(startAnother({signInLink}), "first");
+    deaf.unregisterService(id);
+
+    SingleInstance closing(id, connection(m_bus->address()));
+    QCOMPARE(closing.claim({}), SingleInstance::Start::first);
+    closing.release();
+    QCOMPARE(startAnother({}), "first");
+  }
+
   void aSocketLeftBehindIsTakenOver() {
     const QString runtime = m_bus->environment().value(u"XDG_RUNTIME_DIR"_s);
     qputenv("XDG_RUNTIME_DIR", runtime.toUtf8());

@@ -267,6 +267,7 @@ class ServicesTest : public QObject {
     QByteArray figures = "some avg10=0.00 avg60=0.00 avg300=0.00 total=0\nfull avg10=99.00 avg60=0.00\n";
     MemoryPressureMonitor monitor(clock, connection(), [&] { return figures; });
     QSignalSpy told(&monitor, &MemoryPressure::pressure);
+    clock.advance(0s);
     const auto later = [&](const char* some) {
       figures = QByteArray("some avg10=") + some + " avg60=0.00";
       clock.advance(10s);
@@ -287,9 +288,18 @@ class ServicesTest : public QObject {
     QTRY_COMPARE(told.size(), 3);
   }
 
+  void memoryPressureAtTheStartIsHeard() {
+    ManualClock clock;
+    MemoryPressureMonitor monitor(clock, connection(), [] { return QByteArray("some avg10=50.00 avg60=0.00"); });
+    QSignalSpy told(&monitor, &MemoryPressure::pressure);
+    clock.advance(0s);
+    QCOMPARE(told.size(), 1);
+  }
+
   void aMachineWithoutFiguresIsLeftAlone() {
     ManualClock clock;
     MemoryPressureMonitor monitor(clock, connection(), [] { return QByteArray("some nonsense"); });
+    clock.advance(0s);
     QCOMPARE(clock.running(), 0);
   }
 

@@ -138,6 +138,11 @@ QList<QPair<const char*, Case>> cases() {
        with(calling(HTTPMethod::post),
             [](Case& c) { c.request.idempotencyKey = u"k-1"_s, c.headers += "Idempotency-Key: k-1"; })},
       {"form", withForm()},
+      {"form to no workspace", with(withForm(),
+                                    [](Case& c) {
+                                      c.request.path = u"oauth/token"_s;
+                                      c.line = "POST /oauth/token HTTP/1.1";
+                                    })},
   };
 }
 

@@ -55,6 +55,7 @@ class MemoryPreferences final : public Preferences {
   QString chosenTheme = QStringLiteral("system");
   QRect geometry;
   bool maximized = false;
+  QString name;
 
   bool sidebarRail() const override { return rail; }
   void setSidebarRail(bool value) override { rail = value; }
@@ -62,6 +63,8 @@ class MemoryPreferences final : public Preferences {
   void setRecentCommands(const QStringList& ids) override { recent = ids; }
   QString theme() const override { return chosenTheme; }
   void setTheme(const QString& theme) override { chosenTheme = theme; }
+  QString signedInName() const override { return name; }
+  void setSignedInName(const QString& value) override { name = value; }
   QRect windowGeometry() const override { return geometry; }
   void setWindowGeometry(const QRect& value) override { geometry = value; }
   bool windowMaximized() const override { return maximized; }
@@ -69,12 +72,14 @@ class MemoryPreferences final : public Preferences {
 };
 
 /// Items in memory. `failure` makes every operation throw; `gate`, when set, keeps every operation waiting.
+/// `changes` counts the writes and removals tried.
 class MemoryKeychain final : public Keychain {
  public:
   MemoryKeychain() : Keychain(QStringLiteral("com.orvella.test")) {}
   std::map<QString, QByteArray> items;
   std::optional<KeychainError> failure;
   std::optional<OneShot<bool>> gate;
+  int changes = 0;
 
   Task<std::optional<QByteArray>> read(QString account) override {
     if (gate) co_await gate->wait();
@@ -84,11 +89,13 @@ class MemoryKeychain final : public Keychain {
     co_return found->second;
   }
   Task<void> write(QString account, QByteArray data) override {
+    ++changes;
     if (gate) co_await gate->wait();
     if (failure) throw *failure;
     items[account] = data;
   }
   Task<void> remove(QString account) override {
+    ++changes;
     if (gate) co_await gate->wait();
     if (failure) throw *failure;
     items.erase(account);

@@ -37,8 +37,8 @@ OrvButton {
                     required property string modelData
 
                     text: modelData
-                    checkable: true
-                    checked: root.store.tags.includes(modelData)
+                    tickable: true
+                    ticked: root.store.tags.includes(modelData)
                     onTriggered: root.store.toggleTag(modelData)
                 }
 

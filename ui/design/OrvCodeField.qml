@@ -5,7 +5,7 @@ import QtQuick
 FocusScope {
     id: root
 
-    property alias text: input.text
+    property string text: ""
     property string label: qsTr("Code")
     property string error: ""
     readonly property int length: 6
@@ -16,8 +16,35 @@ FocusScope {
     implicitWidth: 348
     implicitHeight: 44
 
+    onTextChanged: fill(text)
+
+    function fill(digits: string) {
+        input.entered = digits;
+        if (input.text !== digits)
+            input.text = digits;
+    }
+
+    // A pasted code comes with spaces, dashes or its whole sentence. What is typed behind six digits begins the next
+    // code: nobody sees the cursor, and the six that were refused must not go out again.
+    function take(typed: string) {
+        const before = input.entered;
+        let digits = typed.replace(/[^0-9]/g, "");
+        if (digits.length > length)
+            digits = digits.startsWith(before) && before.length === length ? digits.slice(length) : digits;
+        digits = digits.slice(0, length);
+        fill(digits);
+        if (digits === before)
+            return;
+        edited(digits);
+        if (digits.length === length)
+            complete();
+    }
+
     TextInput {
         id: input
+
+        property string entered: ""
+
         anchors.fill: parent
         focus: true
         activeFocusOnTab: true
@@ -29,13 +56,8 @@ FocusScope {
         Accessible.name: root.label
         Accessible.description: root.error
 
-        // A pasted code comes with spaces, dashes or its whole sentence.
-        onTextEdited: {
-            const digits = text.replace(/[^0-9]/g, "").slice(0, root.length);
-            if (digits !== text) text = digits;
-            root.edited(text);
-            if (text.length === root.length) root.complete();
-        }
+        onTextEdited: root.take(text)
+        onCursorPositionChanged: cursorPosition = length
     }
 
     Row {

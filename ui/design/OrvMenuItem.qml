@@ -12,6 +12,9 @@ T.MenuItem {
     /// A second line, where a choice needs words.
     property string detail: ""
     property bool danger: false
+    /// A choice that is in force or not. The toolkit's own `checked` flips with every click, whatever came of it.
+    property bool tickable: false
+    property bool ticked: false
     readonly property color ink: danger ? Theme.negative : Theme.text
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
@@ -23,8 +26,8 @@ T.MenuItem {
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
     Accessible.description: detail !== "" ? detail : shortcutText
-    Accessible.checkable: checkable
-    Accessible.checked: checked
+    Accessible.checkable: tickable
+    Accessible.checked: ticked
     Accessible.onPressAction: {
         root.triggered();
         root.menu.close();
@@ -37,13 +40,13 @@ T.MenuItem {
             visible: name !== ""
             anchors.verticalCenter: parent.verticalCenter
             size: 16
-            name: root.checkable ? (root.checked ? "checkmark" : "") : root.iconName
+            name: root.tickable ? (root.ticked ? "checkmark" : "") : root.iconName
             color: root.danger ? Theme.negative : Theme.text2
         }
 
         Text {
             id: label
-            x: root.iconName === "" && !root.checkable ? 0 : 22
+            x: root.iconName === "" && !root.tickable ? 0 : 22
             width: Math.min(implicitWidth, parent.width - x - (shortcut.visible ? shortcut.implicitWidth + 12 : 0))
             y: root.detail === "" ? 0 : 4
             height: root.detail === "" ? parent.height : 20

@@ -124,8 +124,8 @@ FocusScope {
 
                     text: modelData.label
                     detail: modelData.text ?? ""
-                    checkable: true
-                    checked: modelData.key === root.current
+                    tickable: true
+                    ticked: modelData.key === root.current
                     onTriggered: root.chosen(modelData.key)
                 }
 

@@ -8,7 +8,7 @@ FocusScope {
 
     property alias model: list.model
     /// The pointer or the focus is on a toast: time stands still for them.
-    readonly property bool held: hover.hovered || activeFocus
+    readonly property bool held: (hover.hovered || activeFocus) && repeater.count > 0
     property Item cameFrom: null
 
     signal actionRequested(var id)
@@ -35,6 +35,8 @@ FocusScope {
     function leave() {
         if (cameFrom && cameFrom.visible)
             cameFrom.forceActiveFocus(Qt.ShortcutFocusReason);
+        else
+            focus = false;
         cameFrom = null;
     }
 
@@ -62,9 +64,13 @@ FocusScope {
         Repeater {
             id: repeater
 
-            // A toast that goes takes the focus with it; the person goes back to work.
+            // The focus of a toast that goes stays on the stack, where no key does anything.
             onItemRemoved: {
-                if (root.cameFrom && count === 0)
+                if (!root.activeFocus)
+                    return;
+                if (count > 0)
+                    itemAt(count - 1).forceActiveFocus(Qt.ShortcutFocusReason);
+                else
                     root.leave();
             }
 

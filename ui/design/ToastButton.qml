@@ -10,7 +10,8 @@ T.AbstractButton {
 
     implicitWidth: Math.max(28, label.visible ? label.implicitWidth + 20 : 28)
     implicitHeight: 28
-    focusPolicy: Qt.StrongFocus
+    // A click leaves the focus where the person works.
+    focusPolicy: Qt.TabFocus
 
     Accessible.role: Accessible.Button
     Accessible.name: text

@@ -32,7 +32,7 @@ Window {
         anchors.fill: parent
         active: root.phase === "booting"
         sourceComponent: BootScreen {
-            name: root.app.userName
+            name: root.app.greetedName
         }
     }
 

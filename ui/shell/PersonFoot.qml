@@ -130,8 +130,8 @@ Item {
     component ThemeItem: OrvMenuItem {
         property string theme: ""
 
-        checkable: true
-        checked: root.app.appearance.theme === theme
+        tickable: true
+        ticked: root.app.appearance.theme === theme
         onTriggered: root.app.appearance.theme = theme
     }
 }

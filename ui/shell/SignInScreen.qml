@@ -8,6 +8,9 @@ Rectangle {
 
     required property SignInModel model
 
+    // The browser asks instead of the step that it was opened from.
+    readonly property string asks: model.waitingForGoogle ? "email" : model.step
+
     color: Theme.surface
 
     Component.onCompleted: model.checkMethods()
@@ -35,8 +38,8 @@ Rectangle {
                 height: 32
                 verticalAlignment: Text.AlignVCenter
                 textFormat: Text.PlainText
-                text: root.model.step === "email" ? "Sign in to Orvella"
-                    : root.model.step === "password" ? "Enter your password" : "Check your email"
+                text: root.asks === "email" ? "Sign in to Orvella"
+                    : root.asks === "password" ? "Enter your password" : "Check your email"
                 font: Theme.signInTitle
                 color: Theme.text
                 Accessible.role: Accessible.Heading
@@ -44,13 +47,13 @@ Rectangle {
             }
 
             Text {
-                visible: root.model.step !== "email"
+                visible: root.asks !== "email"
                 width: parent.width
                 topPadding: 4
                 lineHeightMode: Text.FixedHeight
                 lineHeight: 22
                 textFormat: Text.PlainText
-                text: root.model.step === "code" ? "We emailed a 6-digit code to" : "Signing in as"
+                text: root.asks === "code" ? "We emailed a 6-digit code to" : "Signing in as"
                 font: Theme.reading
                 color: Theme.text2
                 Accessible.role: Accessible.StaticText
@@ -58,12 +61,12 @@ Rectangle {
             }
 
             Text {
-                visible: root.model.step !== "email"
+                visible: root.asks !== "email"
                 width: parent.width
                 height: 22
                 elide: Text.ElideMiddle
                 textFormat: Text.PlainText
-                text: root.model.step === "code" ? root.model.codeSentTo : root.model.email.trim()
+                text: root.asks === "code" ? root.model.codeSentTo : root.model.address
                 font: Theme.readingStrong
                 color: Theme.text
                 Accessible.role: Accessible.StaticText

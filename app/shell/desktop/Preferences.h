@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// What the interface remembers between starts. Nothing private: the file is readable by others.
+/// What the interface remembers between starts. Nothing secret: the file is readable by others.
 class Preferences {
  public:
   virtual ~Preferences() = default;
@@ -20,6 +20,9 @@ class Preferences {
   /// "system", "light" or "dark".
   virtual QString theme() const = 0;
   virtual void setTheme(const QString& theme) = 0;
+  /// Who is signed in, to be greeted at the next start; empty when nobody is.
+  virtual QString signedInName() const = 0;
+  virtual void setSignedInName(const QString& name) = 0;
   /// The window when not maximised; null before the first start.
   virtual QRect windowGeometry() const = 0;
   virtual void setWindowGeometry(const QRect& geometry) = 0;

@@ -223,6 +223,35 @@ TestCase {
         tryCompare(opener, "activeFocus", true);
     }
 
+    function test_toastsAreAnsweredByMouseAndByKeyboard() {
+        toasts.append({toastId: "t1", message: "Link copied", detail: "", tone: "standard", actionLabel: ""});
+        toasts.append({toastId: "t2", message: "Deleted", detail: "", tone: "standard", actionLabel: "Undo"});
+        const undo = findByText(stack, "Undo");
+        mouseClick(undo);
+        compare(log, ["act t2"]);
+        verify(opener.activeFocus, "a click leaves the focus where the person works");
+
+        stack.toggleFocus();
+        verify(stack.activeFocus);
+        toasts.remove(1);
+        keyClick(Qt.Key_Escape);
+        compare(log, ["act t2", "close t1"], "the one that is left has the keys");
+        toasts.remove(0);
+        verify(!stack.held, "nothing is held when nothing is there");
+        verify(opener.activeFocus);
+    }
+
+    function findByText(item, text) {
+        if (item.text === text && item.clicked)
+            return item;
+        for (let i = 0; i < item.children.length; ++i) {
+            const found = findByText(item.children[i], text);
+            if (found)
+                return found;
+        }
+        return null;
+    }
+
     function test_stateView_data() {
         return [
             {tag: "loading", status: "loading", hasContent: false, shown: false},
