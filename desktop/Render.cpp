@@ -25,6 +25,14 @@ CampaignsStore& campaigns(Stage& stage) { return *stage.app().session()->campaig
 
 QString firstCampaign(Stage& stage) { return campaigns(stage).list()->value()->items.first().id; }
 
+/// Opens the first campaign of the status.
+CampaignStore& openCampaign(Stage& stage, const QString& status) {
+  const auto& items = campaigns(stage).list()->value()->items;
+  const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
+  stage.app().router()->openCampaign(found->id);
+  return *stage.app().session()->campaignStore(found->id);
+}
+
 void typeEmail(Stage& stage, const QString& email) {
   stage.app().signIn()->setEmail(email);
   stage.app().signIn()->submitEmail();
@@ -97,6 +105,30 @@ QList<Scene> campaignScenes() {
        [](Stage& s) {
          s.transport().mode = Mode::offline;
          campaigns(s).refresh();
+       }},
+      {u"campaign"_s, true, [](Stage& s) { openCampaign(s, u"running"_s); }},
+      {u"campaign-pause"_s, true,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         campaign.pause();
+       }},
+      {u"campaign-launch"_s, true,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"draft"_s);
+         s.settle();
+         campaign.launch();
+       }},
+      {u"campaign-rename"_s, true,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"paused"_s);
+         s.settle();
+         campaign.beginRename();
+       }},
+      {u"campaign-failed"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::failing;
+         openCampaign(s, u"running"_s);
        }},
       {u"palette"_s, true, [](Stage& s) { s.app().router()->setPaletteOpen(true); }},
       {u"palette-search"_s, true,

@@ -1,14 +1,56 @@
 #include "app/campaigns/CampaignStore.h"
 
-namespace orv {
+#include <QMetaEnum>
 
-CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, QObject* parent)
+#include "app/campaigns/LaunchQuestion.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+const ConfirmRequest pauseQuestion{u"Pause this campaign?"_s,
+                                   u"Nothing more goes out until you resume. Leads keep their place in the sequence."_s,
+                                   u"Pause campaign"_s,
+                                   u"Cancel"_s,
+                                   false,
+                                   {}};
+
+ConfirmRequest removeQuestion(const QString& name) {
+  return {u"Delete "_s + name + u'?',
+          u"Stops sending at once. The campaign waits in Archived for 30 days, so you can restore it."_s,
+          u"Delete campaign"_s,
+          u"Cancel"_s,
+          true,
+          {}};
+}
+
+/// Says what keeps the campaign from being launched, and offers the tab where the first of it is mended.
+ConfirmRequest blockedQuestion(const Campaign& campaign, const QList<QcCheck>& blocking) {
+  QStringList lines;
+  for (const QcCheck& check : blocking) lines.append(check.label + u": "_s + check.detail);
+  return {campaign.name + u" can’t launch yet"_s, lines.join(u'\n'), u"Show me"_s, u"Close"_s, false, {}};
+}
+
+}  // namespace
+
+CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, std::function<void()> changedElsewhere,
+                             QObject* parent)
     : Store(parent),
       m_id(std::move(id)),
+      m_services(services),
+      m_api(api),
+      m_changedElsewhere(std::move(changedElsewhere)),
+      m_actions(api, services.toasts, m_busy, [this] { refresh(); }),
       m_campaign(
-          services.clock, [this, &api] { return api.send(Requests::getCampaign(m_id)); },
-          [](const Campaign&) { return false; }) {
+          services.clock, [this] { return m_api.send(Requests::getCampaign(m_id)); },
+          [](const Campaign&) { return false; }),
+      m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
+  connect(&m_campaign, &ResourceBase::refreshFailed, this,
+          [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load this campaign"_s, error); });
+  connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
+  m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };
 }
 
 QString CampaignStore::name() const {
@@ -16,9 +58,171 @@ QString CampaignStore::name() const {
   return campaign ? campaign->name : QString();
 }
 
+QString CampaignStore::statusWord() const {
+  const Campaign* campaign = m_campaign.value();
+  return campaign ? campaign->status.rawValue : QString();
+}
+
+QString CampaignStore::statusLabel() const {
+  const Campaign* campaign = m_campaign.value();
+  return campaign ? campaign->status.label() : QString();
+}
+
+QString CampaignStore::parentId() const {
+  const Campaign* campaign = m_campaign.value();
+  return campaign && campaign->parent ? campaign->parent->id : QString();
+}
+
+QString CampaignStore::parentName() const {
+  const Campaign* campaign = m_campaign.value();
+  return campaign && campaign->parent ? campaign->parent->name : QString();
+}
+
+QString CampaignStore::mainAction() const {
+  const Campaign* campaign = m_campaign.value();
+  if (!campaign) return {};
+  if (campaign->status.rawValue == "running"_L1) return u"pause"_s;
+  if (campaign->status.rawValue == "paused"_L1) return u"resume"_s;
+  return campaign->launchedAt ? QString() : u"launch"_s;
+}
+
+void CampaignStore::setTab(const QString& name) {
+  bool isTab = false;
+  const int tab = QMetaEnum::fromType<Tab>().keyToValue(name.toLatin1().constData(), &isTab);
+  if (!isTab || std::exchange(m_tab, Tab(tab)) == Tab(tab)) return;
+  Q_EMIT changed();
+}
+
+QVariantList CampaignStore::tabs() const {
+  const Campaign* campaign = m_campaign.value();
+  const auto tab = [](Tab key, const QString& label, const QVariant& count = {}) {
+    QVariantMap map{{u"key"_s, enumName(key)}, {u"label"_s, label}};
+    if (count.isValid()) map.insert(u"count"_s, count);
+    return map;
+  };
+  const QVariant leads = campaign && campaign->stats ? QVariant(campaign->stats->leads.total) : QVariant();
+  QVariantList tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),
+                    tab(Tab::settings, u"Settings"_s)};
+  // A subsequence has none of its own.
+  if (parentId().isEmpty()) tabs.append(tab(Tab::subsequences, u"Subsequences"_s));
+  tabs.append(tab(Tab::stats, u"Stats"_s));
+  return tabs;
+}
+
 void CampaignStore::ensureLoaded() {
   if (std::exchange(m_loaded, true)) return;
   m_campaign.load();
+}
+
+void CampaignStore::refresh() {
+  m_loaded = true;
+  m_campaign.load();
+}
+
+void CampaignStore::beginRename() {
+  if (m_campaign.value() && !busy()) m_rename.show(name());
+}
+
+void CampaignStore::take(const Campaign& campaign) {
+  m_campaign.update([&campaign](Campaign& shown) { shown = campaign; });
+  m_changedElsewhere();
+}
+
+Task<void> CampaignStore::renameTask(QString name) {
+  const Campaign* campaign = m_campaign.value();
+  if (!campaign || name == campaign->name) co_return m_rename.cancel();
+  CampaignPatch patch;
+  patch.name = name;
+  auto submission = m_rename.begin();
+  auto request = Requests::updateCampaign(m_id, patch, campaign->version);
+  if (const auto renamed = co_await m_actions.perform(m_id, std::move(request), u"Couldn’t rename the campaign."_s)) {
+    submission.succeed();
+    take(*renamed);
+  }
+}
+
+Task<bool> CampaignStore::checkBeforeLaunch() {
+  const Campaign* campaign = m_campaign.value();
+  if (!campaign->qc || !campaign->qc->current) {
+    const auto qc = co_await m_actions.send(Requests::checkCampaign(m_id), {});
+    if (!qc) co_return false;
+    m_campaign.update([&qc](Campaign& shown) { shown.qc = *qc; });
+    campaign = m_campaign.value();
+  }
+  const auto blocking = blockingChecks(*campaign);
+  if (blocking.isEmpty()) co_return true;
+  const bool show = co_await m_services.overlays.confirm(blockedQuestion(*campaign, blocking));
+  if (show) {
+    for (const QcCheck& check : blocking) {
+      if (tabOfCheck(check.key).isEmpty()) continue;
+      setTab(tabOfCheck(check.key));
+      break;
+    }
+  }
+  co_return false;
+}
+
+Task<void> CampaignStore::launchTask() {
+  if (!m_campaign.value()) co_return;
+  const auto mark = m_busy.mark(m_id);
+  if (!mark) co_return;
+  const bool resumes = isResume(*m_campaign.value());
+  // What keeps a campaign from being launched is the service's to say of one that has been running.
+  if (!resumes && !co_await checkBeforeLaunch()) co_return;
+  const Campaign campaign = *m_campaign.value();
+  if (!co_await m_services.overlays.confirm(launchQuestion(campaign))) co_return;
+  const auto launched = co_await m_actions.send(Requests::launchCampaign(m_id, {namesExternal(campaign)}), {});
+  if (!launched) co_return;
+  take(*launched);
+  m_services.toasts.success(resumes ? u"Campaign resumed. Sends are being booked."_s
+                                    : u"Campaign launched. The first email goes out in about 2 minutes."_s);
+}
+
+Task<void> CampaignStore::pauseTask() {
+  const auto mark = m_busy.mark(m_id);
+  if (!mark || !co_await m_services.overlays.confirm(pauseQuestion)) co_return;
+  if (const auto paused = co_await m_actions.send(Requests::pauseCampaign(m_id), u"Couldn’t pause the campaign."_s)) {
+    take(*paused);
+    m_services.toasts.success(u"Campaign paused. Booked sends were cancelled."_s);
+  }
+}
+
+Task<void> CampaignStore::duplicateTask() {
+  if (const auto copy =
+          co_await m_actions.perform(m_id, Requests::duplicateCampaign(m_id), u"Couldn’t duplicate the campaign."_s)) {
+    m_changedElsewhere();
+    m_services.toasts.success(copy->name + u" created"_s);
+  }
+}
+
+Task<void> CampaignStore::removeTask() {
+  const QString name = this->name();
+  const auto mark = m_busy.mark(m_id);
+  if (!mark || !co_await m_services.overlays.confirm(removeQuestion(name))) co_return;
+  const auto removed =
+      co_await m_actions.send(Requests::deleteCampaign(m_id, false), u"Couldn’t delete the campaign."_s);
+  if (!removed) co_return;
+  m_changedElsewhere();
+  if (m_services.router.campaign() == m_id) m_services.router.open(Page::campaigns);
+  m_services.toasts.show(u"Deleted “"_s + name + u"”. It’s in Archived."_s, Toasts::Tone::standard, u"Undo"_s,
+                         [store = QPointer(this)] {
+                           if (store) store->restore();
+                         });
+}
+
+Task<void> CampaignStore::restoreTask() {
+  if (const auto restored =
+          co_await m_actions.perform(m_id, Requests::restoreCampaign(m_id), u"Couldn’t restore the campaign."_s)) {
+    take(*restored);
+    m_services.toasts.success(restored->name + u" restored"_s);
+  }
+}
+
+void CampaignStore::copyLink() {
+  QUrl link = m_services.webOrigin;
+  link.setPath(u"/campaigns/"_s + m_id);
+  m_services.clipboard.setText(link.toString(QUrl::FullyEncoded));
+  m_services.toasts.success(u"Link copied"_s);
 }
 
 void CampaignStore::close() {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <QVariantList>
+
+#include "app/shell/Actions.h"
+#include "app/shell/EnumName.h"
+#include "app/shell/NameForm.h"
 #include "app/shell/Resource.h"
 #include "app/shell/Services.h"
 #include "app/shell/Store.h"
@@ -8,31 +13,95 @@
 
 namespace orv {
 
-/// One campaign, kept warm while the person moves between a few of them.
+/// One campaign, kept warm while the person moves between a few of them: what its page shows and does.
+///
+/// Its words are its own: the list says the same things differently.
 class CampaignStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(QString id READ id CONSTANT)
   Q_PROPERTY(QString name READ name NOTIFY changed)
+  Q_PROPERTY(QString statusWord READ statusWord NOTIFY changed)
+  Q_PROPERTY(QString statusLabel READ statusLabel NOTIFY changed)
+  Q_PROPERTY(QString parentId READ parentId NOTIFY changed)
+  Q_PROPERTY(QString parentName READ parentName NOTIFY changed)
+  Q_PROPERTY(QString mainAction READ mainAction NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* campaign READ campaign CONSTANT)
+  Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
+  Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
+  Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
+  Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
 
  public:
-  CampaignStore(QString id, APITransport& api, Services& services, QObject* parent = nullptr);
+  enum class Tab { sequence, leads, settings, subsequences, stats };
+  Q_ENUM(Tab)
+
+  /// `changedElsewhere` is called when something changed that lists of campaigns show.
+  CampaignStore(QString id, APITransport& api, Services& services, std::function<void()> changedElsewhere,
+                QObject* parent = nullptr);
 
   const QString& id() const { return m_id; }
-  /// Empty until loaded.
+  /// Empty until loaded, as everything that comes from the campaign.
   QString name() const;
+  QString statusWord() const;
+  QString statusLabel() const;
+  /// The campaign that a subsequence belongs to.
+  QString parentId() const;
+  QString parentName() const;
+  /// "launch", "pause", "resume", or nothing when the campaign is none of these three.
+  QString mainAction() const;
   Resource<Campaign>* campaign() { return &m_campaign; }
+  NameForm* renameForm() { return &m_rename; }
+
+  Tab tab() const { return m_tab; }
+  QString tabName() const { return enumName(m_tab); }
+  /// By its name; another name changes nothing.
+  void setTab(const QString& name);
+  /// Key, label and, once known, count of each tab.
+  QVariantList tabs() const;
+
+  /// An action on the campaign is under way; another one is not begun meanwhile.
+  bool busy() const { return m_busy.contains(m_id); }
 
   /// Loads when first shown; later calls do nothing.
   Q_INVOKABLE void ensureLoaded();
+  /// Loads again without clearing what is shown.
+  Q_INVOKABLE void refresh();
+
+  Q_INVOKABLE void beginRename();
+  /// Launches or, when the campaign is paused, resumes it.
+  Q_INVOKABLE void launch() { m_tasks.start(launchTask()); }
+  Q_INVOKABLE void pause() { m_tasks.start(pauseTask()); }
+  Q_INVOKABLE void duplicate() { m_tasks.start(duplicateTask()); }
+  Q_INVOKABLE void remove() { m_tasks.start(removeTask()); }
+  Q_INVOKABLE void restore() { m_tasks.start(restoreTask()); }
+  Q_INVOKABLE void copyLink();
+
+  Task<void> renameTask(QString name);
+  Task<void> launchTask();
+  Task<void> pauseTask();
+  Task<void> duplicateTask();
+  Task<void> removeTask();
+  Task<void> restoreTask();
+
   void close() override;
 
  Q_SIGNALS:
   void changed();
+  void busyChanged();
 
  private:
+  Task<bool> checkBeforeLaunch();
+  void take(const Campaign& campaign);
+
   QString m_id;
+  Services& m_services;
+  APITransport& m_api;
+  std::function<void()> m_changedElsewhere;
+  BusySet m_busy;
+  Actions m_actions;
   Resource<Campaign> m_campaign;
+  NameForm m_rename;
+  Tab m_tab = Tab::sequence;
   bool m_loaded = false;
 };
 

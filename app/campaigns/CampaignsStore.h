@@ -89,6 +89,8 @@ class CampaignsStore final : public Store {
 
   /// Loads when the page is first shown; later calls do nothing.
   Q_INVOKABLE void ensureLoaded();
+  /// Loads again whatever has been loaded: something changed what the lists show.
+  void reload();
   /// Loads what is on screen again.
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void toggleTag(const QString& tag);
@@ -138,7 +140,6 @@ class CampaignsStore final : public Store {
   void applyState(const Campaign& campaign);
   void moveToArchive(const QString& id);
   void takeFromArchive(const QString& id);
-  void reload();
 
   APITransport& m_api;
   Services& m_services;

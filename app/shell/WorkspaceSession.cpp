@@ -23,10 +23,14 @@ void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
 }
 
 CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
-  return m_campaignStores.open(id, [this, &id] { return new CampaignStore(id, m_api, m_services); });
+  return m_campaignStores.open(
+      id, [this, &id] { return new CampaignStore(id, m_api, m_services, [this] { m_campaigns.reload(); }); });
 }
 
-void WorkspaceSession::trim() { m_campaignStores.clear(); }
+void WorkspaceSession::trim() {
+  m_campaignStores.clear();
+  Q_EMIT campaignStoresDropped();
+}
 
 void WorkspaceSession::close() {
   m_campaigns.close();

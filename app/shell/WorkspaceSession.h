@@ -51,6 +51,8 @@ class WorkspaceSession final : public QObject {
 
  Q_SIGNALS:
   void workspaceChanged();
+  /// The campaigns' stores are going: who shows one asks for it anew.
+  void campaignStoresDropped();
 
  private:
   WorkspaceSummary m_workspace;

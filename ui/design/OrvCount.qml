@@ -6,7 +6,7 @@ Rectangle {
 
     property int value: 0
     property bool accented: false
-    property string text: value.toString()
+    property string text: value.toLocaleString(Qt.locale(), "f", 0)
 
     implicitWidth: Math.max(18, label.implicitWidth + 10)
     implicitHeight: 16

@@ -1,7 +1,8 @@
 import QtQuick
 import Orvella.Design
 
-/// What a page or pane shows in place of content: nothing there, nothing found, an error, no connection. One action.
+/// What a page or pane shows in place of content: nothing there, nothing found, an error, no connection. One
+/// action, and where it may not help, another way on.
 Item {
     id: root
 
@@ -9,9 +10,11 @@ Item {
     property string title: ""
     property string text: ""
     property string actionText: ""
+    property string otherText: ""
     property bool busy: false
 
     signal actionRequested()
+    signal otherRequested()
 
     Accessible.role: Accessible.Grouping
     Accessible.name: text === "" ? title : title + ", " + text
@@ -63,13 +66,24 @@ Item {
             width: parent.width
             height: action.height + 8
 
-            OrvButton {
+            Row {
                 id: action
                 y: 8
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: root.actionText
-                busy: root.busy
-                onClicked: root.actionRequested()
+                spacing: 8
+
+                OrvButton {
+                    text: root.actionText
+                    busy: root.busy
+                    onClicked: root.actionRequested()
+                }
+
+                OrvButton {
+                    visible: root.otherText !== ""
+                    kind: "ghost"
+                    text: root.otherText
+                    onClicked: root.otherRequested()
+                }
             }
         }
     }

@@ -5,6 +5,10 @@ import QtQuick.Templates as T
 T.AbstractButton {
     id: root
 
+    /// On the way to somewhere rather than the thing to do.
+    property bool quiet: false
+    readonly property font words: quiet ? Theme.body : Theme.smallStrong
+
     implicitWidth: label.implicitWidth
     implicitHeight: 26
     focusPolicy: Qt.StrongFocus
@@ -22,11 +26,11 @@ T.AbstractButton {
         verticalAlignment: Text.AlignVCenter
         textFormat: Text.PlainText
         text: root.text
-        font.family: Theme.smallStrong.family
-        font.pixelSize: Theme.smallStrong.pixelSize
-        font.weight: Theme.smallStrong.weight
+        font.family: root.words.family
+        font.pixelSize: root.words.pixelSize
+        font.weight: root.words.weight
         font.underline: root.hovered && root.enabled
-        color: root.enabled ? Theme.accentText : Theme.text3
+        color: !root.enabled ? Theme.text3 : root.quiet ? Theme.text2 : Theme.accentText
     }
     background: Item {
         FocusRing { visible: root.visualFocus; innerRadius: 2 }

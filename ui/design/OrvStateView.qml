@@ -19,6 +19,8 @@ Item {
     property string emptyAction: ""
     property string errorTitle: ""
     property string errorText: ""
+    /// Another way on than trying again.
+    property string errorAction: ""
     property var skeletonColumns: []
     property real skeletonRowHeight: 52
     property real skeletonTopInset: 32
@@ -29,6 +31,7 @@ Item {
 
     signal retryRequested()
     signal emptyActionRequested()
+    signal errorActionRequested()
 
     readonly property bool contentShown: hasContent && (status === "ready" || status === "offline")
 
@@ -117,7 +120,9 @@ Item {
             title: offline ? "You’re offline" : root.errorTitle
             text: offline ? root.errorText || "Check your connection, then try again." : root.errorText
             actionText: "Try again"
+            otherText: root.errorAction
             busy: root.refreshing
+            onOtherRequested: root.errorActionRequested()
             onActionRequested: root.retryRequested()
         }
     }

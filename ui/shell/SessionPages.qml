@@ -10,14 +10,15 @@ FocusScope {
     required property Router router
     required property WorkspaceSession session
 
-    readonly property bool built: router.page === "campaigns" && router.campaign === ""
+    readonly property Component built: router.page !== "campaigns" ? notBuilt
+                                     : router.campaign === "" ? campaigns : campaign
 
     Loader {
         id: host
         width: root.width
         height: root.height
         focus: true
-        sourceComponent: root.router.offFeature !== "" ? switchedOff : root.built ? campaigns : notBuilt
+        sourceComponent: root.router.offFeature !== "" ? switchedOff : root.built
         onLoaded: enter.restart()
     }
 
@@ -40,6 +41,53 @@ FocusScope {
     }
 
     Component {
+        id: campaign
+
+        FocusScope {
+            focus: true
+
+            Repeater {
+                id: opened
+
+                property int generation: 0
+
+                // One campaign after the other gets a page of its own; so does one whose store was let go.
+                model: root.router.campaign !== "" && generation >= 0
+                       ? [{ id: root.router.campaign, generation: generation }] : []
+
+                CampaignPage {
+                    required property var modelData
+
+                    anchors.fill: parent
+                    focus: true
+                    store: root.session.campaignStore(modelData.id)
+                    missingTab: notBuiltTab
+                    onBackRequested: root.router.open("campaigns")
+                    onCampaignRequested: id => root.router.openCampaign(id)
+                }
+            }
+
+            Connections {
+                target: root.session
+
+                function onCampaignStoresDropped() {
+                    ++opened.generation;
+                }
+            }
+        }
+    }
+
+    Component {
+        id: notBuiltTab
+
+        OrvEmpty {
+            iconName: "chronometer"
+            title: "Not in this build yet"
+            text: "This part of a campaign isn’t part of this build of Orvella."
+        }
+    }
+
+    Component {
         id: switchedOff
 
         PlainPage {
@@ -54,15 +102,10 @@ FocusScope {
         id: notBuilt
 
         PlainPage {
-            readonly property bool campaign: root.router.page === "campaigns"
-
-            title: campaign ? "Campaign" : root.router.title
+            title: root.router.title
             iconName: "chronometer"
             heading: "Not in this build yet"
-            text: campaign ? "A campaign’s own page isn’t part of this build of Orvella."
-                : title + " isn’t part of this build of Orvella."
-            actionText: campaign ? "Back to campaigns" : ""
-            onActionRequested: root.router.open("campaigns")
+            text: title + " isn’t part of this build of Orvella."
         }
     }
 }

@@ -206,6 +206,41 @@ class WindowTest : public QObject {
     QTRY_VERIFY(!router->shortcutsOpen());
   }
 
+  void opensCampaignsOneAfterTheOther() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    auto* router = m_stage->app().router();
+    auto* session = m_stage->app().session();
+    press(Qt::Key_Home);
+    QTRY_VERIFY(rowHasFocus());
+    press(Qt::Key_Return);
+    const QString id = router->campaign();
+    QVERIFY(!id.isEmpty());
+    QTRY_VERIFY(session->campaignStore(id)->campaign()->value());
+    press(Qt::Key_Right);
+    QCOMPARE(session->campaignStore(id)->tab(), CampaignStore::Tab::leads);
+    press(Qt::Key_F2);
+    QTRY_VERIFY(session->campaignStore(id)->renameForm()->shown());
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(u"Fleet two"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(session->campaignStore(id)->name(), u"Fleet two"_s);
+    QTRY_VERIFY(namesInModel().contains(u"Fleet two"_s));
+
+    // The store goes while its page shows it: the page asks for another.
+    session->trim();
+    QTRY_VERIFY(session->campaignStore(id)->campaign()->value());
+
+    // More of them than are kept.
+    const auto records = campaigns().rows()->records();
+    for (const auto& record : records) {
+      router->openCampaign(record.id);
+      QTRY_VERIFY(session->campaignStore(record.id)->campaign()->value());
+    }
+    router->open(Page::campaigns);
+    QTRY_COMPARE(namesOnScreen(), namesInModel());
+  }
+
   void leavesNothingOfAWorkspaceBehind() {
     open(true);
     QTRY_COMPARE(campaigns().rows()->count(), 10);

@@ -1,0 +1,155 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The top of a campaign's page: the way back, its name and status, its main action and the rest of them.
+Item {
+    id: root
+
+    required property CampaignStore store
+
+    readonly property bool loaded: store.campaign.hasContent
+    readonly property string action: store.mainAction
+
+    signal backRequested()
+    signal campaignRequested(id: string)
+
+    implicitHeight: 54
+
+    Row {
+        id: trail
+        x: Theme.pageSide
+        y: 12
+        height: Theme.controlHeight
+        spacing: 8
+
+        OrvLink {
+            anchors.verticalCenter: parent.verticalCenter
+            text: "Campaigns"
+            quiet: true
+            onClicked: root.backRequested()
+        }
+
+        TrailMark {}
+
+        OrvLink {
+            visible: root.store.parentId !== ""
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.store.parentName
+            quiet: true
+            onClicked: root.campaignRequested(root.store.parentId)
+        }
+
+        TrailMark {
+            visible: root.store.parentId !== ""
+        }
+    }
+
+    Text {
+        id: title
+        x: trail.x + trail.width + 8
+        y: 12
+        width: Math.min(implicitWidth, actions.x - x - badge.width - 24)
+        height: Theme.controlHeight
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        text: root.loaded ? root.store.name : ""
+        font: Theme.pageTitle
+        color: Theme.text
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+
+    CampaignBadge {
+        id: badge
+        visible: root.loaded
+        x: title.x + title.width + 10
+        y: 17
+        status: root.store.statusWord
+        text: root.store.statusLabel
+    }
+
+    Row {
+        id: actions
+        visible: root.loaded
+        x: root.width - width - Theme.pageSide
+        y: 12
+        spacing: 8
+
+        OrvButton {
+            visible: root.action !== ""
+            kind: root.action === "launch" ? "primary" : "secondary"
+            text: root.action === "pause" ? "Pause" : root.action === "resume" ? "Resume" : "Launch"
+            iconName: root.action === "pause" ? "media-playback-pause" : "media-playback-start"
+            busy: root.store.busy
+            onClicked: root.action === "pause" ? root.store.pause() : root.store.launch()
+        }
+
+        OrvButton {
+            id: more
+            iconOnly: true
+            iconName: "overflow-menu"
+            text: "More"
+            onClicked: menu.openAt(more)
+        }
+    }
+
+    Loader {
+        id: menu
+
+        active: false
+
+        function openAt(button: var) {
+            active = true;
+            const popup = item as OrvMenu;
+            popup.openAt(button, true);
+        }
+
+        sourceComponent: OrvMenu {
+            title: "More"
+
+            OrvMenuItem {
+                text: "Rename"
+                iconName: "document-edit"
+                shortcutText: "F2"
+                onTriggered: root.store.beginRename()
+            }
+
+            OrvMenuItem {
+                text: "Duplicate"
+                iconName: "edit-copy"
+                onTriggered: root.store.duplicate()
+            }
+
+            OrvMenuItem {
+                text: "Copy link"
+                iconName: "insert-link"
+                onTriggered: root.store.copyLink()
+            }
+
+            OrvMenuItem {
+                text: "Refresh"
+                iconName: "view-refresh"
+                shortcutText: "F5"
+                onTriggered: root.store.refresh()
+            }
+
+            OrvMenuSeparator {}
+
+            OrvMenuItem {
+                text: "Delete"
+                iconName: "edit-delete"
+                danger: true
+                onTriggered: root.store.remove()
+            }
+        }
+    }
+
+    component TrailMark: OrvIcon {
+        anchors.verticalCenter: parent.verticalCenter
+        name: "go-next"
+        size: 12
+        color: Theme.text3
+    }
+}

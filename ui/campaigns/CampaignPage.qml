@@ -1,0 +1,78 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// One campaign: its trail and state, what can be done to the whole of it, and its tabs.
+FocusScope {
+    id: root
+
+    required property CampaignStore store
+    /// What stands in a tab that does not exist yet.
+    required property Component missingTab
+
+    signal backRequested()
+    signal campaignRequested(id: string)
+
+    Component.onCompleted: store.ensureLoaded()
+
+    CampaignHeader {
+        id: header
+        width: root.width
+        store: root.store
+        onBackRequested: root.backRequested()
+        onCampaignRequested: id => root.campaignRequested(id)
+    }
+
+    OrvTabs {
+        id: tabs
+        x: Theme.pageSide
+        y: header.height
+        width: root.width - 2 * x
+        focus: true
+        visible: root.store.campaign.state !== Resource.Error
+        options: root.store.tabs
+        current: root.store.tab
+        onChosen: key => root.store.tab = key
+    }
+
+    OrvDivider {
+        id: line
+        y: tabs.y + tabs.height
+        width: root.width
+    }
+
+    ResourceView {
+        y: line.y + line.height
+        width: root.width
+        height: root.height - y
+        resource: root.store.campaign
+        errorTitle: "Couldn’t load this campaign"
+        errorAction: "Back to campaigns"
+        onErrorActionRequested: root.backRequested()
+        onRetryRequested: root.store.refresh()
+
+        Loader {
+            anchors.fill: parent
+            sourceComponent: root.missingTab
+        }
+    }
+
+    NameFormDialog {
+        form: root.store.renameForm
+    }
+
+    Shortcut {
+        sequences: ["F5", "Ctrl+R"]
+        onActivated: root.store.refresh()
+    }
+
+    Shortcut {
+        sequence: "F2"
+        onActivated: root.store.beginRename()
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Tab", "Ctrl+Shift+Tab"]
+        onActivated: tabs.step(1)
+    }
+}
