@@ -341,8 +341,6 @@ void SequenceDraft::rebuild(const QList<CampaignStep>& steps) {
   }
   m_stepPlaces = merged(stepPlaces, m_stepPlaces);
   m_variantPlaces = merged(variantPlaces, m_variantPlaces);
-  // What is still to be restored is unknown to the service, or known to it under somebody else's key.
-  takeIds(m_steps);
   m_waitsBeforeFirst.clear();
   ++m_revision;
 }
