@@ -102,8 +102,7 @@ Task<void> SequenceAutosave::sendOnce() {
   const QList<DraftStep> sent = m_draft.steps();
   set(SaveState::saving);
   try {
-    const Campaign campaign = co_await m_send(StepsBody{inputsOf(sent)});
-    if (!m_closed) succeed(sent, campaign);
+    succeed(sent, co_await m_send(StepsBody{inputsOf(sent)}));
   } catch (const APIError& error) {
     // An ended session closes its stores before the error gets here.
     if (!m_closed) fail(sent, error);

@@ -3,6 +3,7 @@
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <QSet>
+#include <functional>
 #include <variant>
 
 #include "app/campaigns/SequenceAutosave.h"
@@ -24,6 +25,8 @@ class SequenceService {
   bool sawUnknownId = false;
   /// Exchanges that somebody still waits for.
   int open = 0;
+  /// Called before the answer reaches whoever waits for it, as a transport tells of an ended session.
+  std::function<void()> beforeAnswer;
 
   /// Emails with these waits, written long ago.
   void write(const QList<qint64>& waits) {
@@ -42,6 +45,7 @@ class SequenceService {
     const OneShot<Answer> answer;
     m_waiting.append({std::move(body), answer});
     const Answer given = co_await answer.wait();
+    if (beforeAnswer) beforeAnswer();
     if (const auto* error = std::get_if<APIError>(&given)) throw APIError(*error);
     co_return std::get<Campaign>(given);
   }

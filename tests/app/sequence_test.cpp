@@ -110,6 +110,12 @@ class SequenceTest : public QObject {
     draft.setWaitDays(second, 1);
     draft.restoreStep(first);
     QCOMPARE(waits(draft), (QList<qint64>{60, 0, 1440, 4320, 2880}));
+    // One that was further behind may come back as the first.
+    const QUuid fourth = draft.steps()[3].key;
+    draft.removeStep(fourth);
+    while (draft.steps().size() > 1) draft.removeStep(draft.steps()[0].key);
+    draft.restoreStep(fourth);
+    QCOMPARE(waits(draft), (QList<qint64>{0, 2880}));
   }
 
   void variantsHaveTheAlphabet() {

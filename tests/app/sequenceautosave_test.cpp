@@ -185,7 +185,8 @@ class SequenceAutosaveTest : public QObject {
       QVERIFY(!outcome);
       service->end(End(end));
     }
-    QTEST(outcome.value(), "outcome");
+    QVERIFY(outcome);
+    QTEST(*outcome, "outcome");
     QCOMPARE(service->waiting(), 0);
   }
 
@@ -263,6 +264,16 @@ class SequenceAutosaveTest : public QObject {
     QCOMPARE(autosave->state(), SaveState::dirty);
     QCOMPARE(service->saves, 1);
     QCOMPARE(service->open, 0);
+  }
+
+  void anEndedSessionIsNoFailedSave() {
+    load();
+    type(u"a"_s);
+    autosave->save();
+    service->beforeAnswer = [this] { autosave->close(); };
+    service->end(End::refused);
+    QCOMPARE(autosave->state(), SaveState::dirty);
+    QVERIFY(autosave->message().isEmpty());
   }
 };
 
