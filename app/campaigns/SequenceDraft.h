@@ -59,7 +59,7 @@ QList<DraftStep> withAnsweredIds(QList<DraftStep> sent, QList<CampaignStep> answ
 /// with its place, and restoring everything that was removed gives back the very sequence that was there before.
 class SequenceDraft {
  public:
-  static constexpr qint64 minutesPerDay = 24 * 60;
+  static constexpr qint64 minutesPerDay = 1440;
 
   const QList<DraftStep>& steps() const { return m_steps; }
   QList<StepIn> inputs() const { return inputsOf(m_steps); }

@@ -167,13 +167,4 @@ class SomePerson {
   QList<QUuid> m_variants;
 };
 
-/// Another one for each run, and any one again.
-inline quint32 printedSeed() {
-  bool given = false;
-  quint32 seed = qEnvironmentVariable("ORVELLA_SEED").toUInt(&given);
-  if (!given) seed = QRandomGenerator::global()->generate();
-  qInfo("ORVELLA_SEED=%u repeats this run", seed);
-  return seed;
-}
-
 }  // namespace orv::test

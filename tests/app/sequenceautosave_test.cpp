@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "tests/app/SequenceLife.h"
+#include "tests/support/seed.h"
 
 using namespace orv;
 using namespace orv::test;
