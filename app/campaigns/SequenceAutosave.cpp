@@ -1,0 +1,156 @@
+#include "app/campaigns/SequenceAutosave.h"
+
+#include "app/shell/EnumName.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+/// Only then is it certain that the service did not act: a time-out, a lost connection, an answer that cannot be read
+/// and a fault on its side all leave that open.
+bool isRefusal(const APIError& error) {
+  const int status = error.context().httpStatus;
+  return status >= 400 && status < 500;
+}
+
+}  // namespace
+
+SequenceAutosave::SequenceAutosave(Clock& clock, Send send, QObject* parent)
+    : QObject(parent), m_clock(clock), m_send(std::move(send)) {}
+
+SequenceAutosave::~SequenceAutosave() {
+  blockSignals(true);
+  close();
+}
+
+QString SequenceAutosave::saveStateName() const { return enumName(m_state); }
+
+QString SequenceAutosave::label() const {
+  if (m_state == SaveState::saved) return u"Saved"_s;
+  return m_state == SaveState::failed ? u"Not saved"_s : u"Unsaved changes"_s;
+}
+
+bool SequenceAutosave::take(const Campaign& loaded) {
+  // The answer to the save in flight is newer than this may be.
+  if (m_closed || m_saving) return false;
+  // Not every answer that is a campaign brings its steps.
+  if (m_loaded && !loaded.steps) return false;
+  const auto steps = loaded.steps.value_or(QList<CampaignStep>());
+  if (m_loaded && m_state != SaveState::saved) {
+    m_draft.keepIdsOf(steps);
+    // A load may have begun before a save whose outcome is unknown: then it proves nothing.
+    if (m_savedInputs) m_savedInputs = inputsOf(draftOf(steps));
+    return false;
+  }
+  const auto before = m_draft.inputs();
+  m_draft.rebuild(steps);
+  m_savedInputs = m_draft.inputs();
+  m_loaded = true;
+  return m_savedInputs != before;
+}
+
+void SequenceAutosave::edited() {
+  // Before the first load the draft is empty because it is unknown; saved, it would wipe out the sequence.
+  if (!m_loaded) return;
+  if (!m_closed) m_wait = m_clock.startTimer(wait, [this] { save(); });
+  set(SaveState::dirty);
+}
+
+void SequenceAutosave::save() {
+  m_wait.reset();
+  if (m_closed || !m_loaded) return;
+  if (m_saving)
+    m_saveAgain = m_saveAgain || m_draft.revision() != m_sentRevision;
+  else
+    m_task.start(run());
+}
+
+Task<bool> SequenceAutosave::flush() {
+  if (m_state != SaveState::saved) save();
+  if (!m_saving) co_return m_state == SaveState::saved;
+  const OneShot<bool> outcome;
+  m_waiting.append(outcome);
+  // From here on this object may be gone.
+  co_return co_await outcome.wait();
+}
+
+void SequenceAutosave::close() {
+  m_closed = true;
+  m_wait.reset();
+  m_task.cancel();
+  m_saving = false;
+  if (m_state == SaveState::saving) set(SaveState::dirty);
+  tellWaiting();
+}
+
+Task<void> SequenceAutosave::run() {
+  m_saving = true;
+  do {
+    m_saveAgain = false;
+    if (isHeld())
+      set(SaveState::saved);
+    else
+      co_await sendOnce();
+  } while (m_saveAgain && !m_closed);
+  m_saving = false;
+  tellWaiting();
+}
+
+Task<void> SequenceAutosave::sendOnce() {
+  m_sentRevision = m_draft.revision();
+  const QList<DraftStep> sent = m_draft.steps();
+  set(SaveState::saving);
+  try {
+    succeed(sent, co_await m_send(StepsBody{inputsOf(sent)}));
+  } catch (const APIError& error) {
+    // An ended session closes its stores before the error gets here.
+    if (!m_closed) fail(sent, error);
+  }
+}
+
+void SequenceAutosave::succeed(const QList<DraftStep>& sent, const Campaign& campaign) {
+  const auto held = withAnsweredIds(sent, campaign.steps.value_or(QList<CampaignStep>()));
+  m_draft.takeIds(held);
+  m_savedInputs = inputsOf(held);
+  if (isHeld()) {
+    m_wait.reset();
+    m_saveAgain = false;
+    set(SaveState::saved);
+  } else {
+    editedMeanwhile();
+  }
+  Q_EMIT saved(campaign);
+}
+
+void SequenceAutosave::fail(const QList<DraftStep>& sent, const APIError& error) {
+  if (!isRefusal(error)) {
+    m_savedInputs.reset();
+    // An id that the service may have dropped would have it refuse the whole sequence, every time.
+    m_draft.takeIds(sent);
+  }
+  if (m_draft.revision() == m_sentRevision)
+    set(SaveState::failed, u"Couldn’t save the sequence. "_s + error.message());
+  else
+    editedMeanwhile();
+}
+
+/// The save that the edits have asked for follows after their wait, or at once when somebody waits for it.
+void SequenceAutosave::editedMeanwhile() {
+  if (!m_waiting.isEmpty()) save();
+  set(SaveState::dirty);
+}
+
+void SequenceAutosave::set(SaveState state, const QString& message) {
+  if (m_state == state && m_message == message) return;
+  m_state = state;
+  m_message = message;
+  Q_EMIT changed();
+}
+
+void SequenceAutosave::tellWaiting() {
+  const auto waiting = std::exchange(m_waiting, {});
+  for (OneShot<bool> outcome : waiting) outcome.give(m_state == SaveState::saved);
+}
+
+}  // namespace orv
