@@ -87,11 +87,12 @@ QList<AnalyticsSummary::CampaignRow> AnalyticsDoor::campaignRows(const RangeFigu
 }
 
 QList<AnalyticsSummary::AccountRow> AnalyticsDoor::accountRows(const RangeFigures& figures) const {
+  const QTime time = localTimeIn(m_workspace, m_now).time();
   QList<AnalyticsSummary::AccountRow> rows;
   for (const DemoMailbox& mailbox : m_workspace.mailboxes) {
     const auto all = figures.accounts.constFind(mailbox.id);
     if (all == figures.accounts.cend()) continue;
-    const auto warmup = warmupOf(mailbox, m_now);
+    const auto warmup = warmupOf(mailbox, time);
     AnalyticsSummary::AccountRow row;
     row.id = mailbox.id;
     row.address = mailbox.address;

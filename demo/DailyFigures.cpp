@@ -144,10 +144,12 @@ RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const 
   return figures;
 }
 
-QDate dayIn(const DemoWorkspace& workspace, const QDateTime& instant) {
+QDateTime localTimeIn(const DemoWorkspace& workspace, const QDateTime& instant) {
   const QTimeZone zone(workspace.timeZone.toLatin1());
-  return (zone.isValid() ? instant.toTimeZone(zone) : instant.toUTC()).date();
+  return zone.isValid() ? instant.toTimeZone(zone) : instant.toUTC();
 }
+
+QDate dayIn(const DemoWorkspace& workspace, const QDateTime& instant) { return localTimeIn(workspace, instant).date(); }
 
 Metrics metricsOf(const Figures& figures) {
   Metrics metrics;

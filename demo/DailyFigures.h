@@ -37,7 +37,8 @@ struct RangeFigures {
 RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const QDate& to, const FigureFilter& filter,
                        const QDateTime& now);
 
-/// The day in the workspace's time zone.
+/// The instant in the workspace's time zone, and its day there.
+QDateTime localTimeIn(const DemoWorkspace& workspace, const QDateTime& instant);
 QDate dayIn(const DemoWorkspace& workspace, const QDateTime& instant);
 
 Metrics metricsOf(const Figures& figures);
