@@ -2,7 +2,6 @@
 
 #include <QJsonArray>
 
-#include "demo/DailyFigures.h"
 #include "demo/Enrolment.h"
 #include "demo/LeadDoor.h"
 #include "demo/SequenceDoor.h"
@@ -40,7 +39,6 @@ HTTPAnswer changed(DemoCampaign& campaign) {
 std::optional<HTTPAnswer> CampaignDoor::answer(const DemoRequest& request, const QStringList& parts) {
   purge();
   const QString call = QString::fromLatin1(request.method) + u' ' + parts.join(u'/');
-  if (call == "GET analytics/summary"_L1) return summary(request.query);
   if (call == "GET campaigns"_L1) return list(isSet(request, u"archived"_s));
   if (call == "POST campaigns"_L1) return create(request);
   if (call == "POST campaigns/spintax"_L1) return SequenceDoor::spin(request);
@@ -253,17 +251,6 @@ HTTPAnswer CampaignDoor::activity(const DemoRequest& request, DemoCampaign& camp
 HTTPAnswer CampaignDoor::messages(const DemoRequest& request, DemoCampaign& campaign) const {
   enrol(campaign, m_context.now);
   return jsonAnswer(toJSON(messagesOf(campaign, limitOf(request))));
-}
-
-HTTPAnswer CampaignDoor::summary(const QUrlQuery& query) const {
-  const QDate from = QDate::fromString(query.queryItemValue(u"from"_s), Qt::ISODate);
-  const QDate to = QDate::fromString(query.queryItemValue(u"to"_s), Qt::ISODate);
-  if (!from.isValid() || !to.isValid() || from > to) return invalid(u"Choose a range of dates."_s, u"from"_s);
-  const QString only = query.queryItemValue(u"campaigns"_s);
-  QList<const DemoCampaign*> campaigns;
-  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns))
-    if (only.isEmpty() || campaign.record.id == only) campaigns.append(&campaign);
-  return jsonAnswer(toJSON(analyticsOf(campaigns, from, to, m_context.now.date(), m_workspace.timeZone)));
 }
 
 /// Nothing when one of the mailboxes is not there.

@@ -28,7 +28,6 @@ class CampaignDoor {
   HTTPAnswer createSubsequence(const DemoRequest& request, const DemoCampaign& parent);
   HTTPAnswer activity(const DemoRequest& request, DemoCampaign& campaign) const;
   HTTPAnswer messages(const DemoRequest& request, DemoCampaign& campaign) const;
-  HTTPAnswer summary(const QUrlQuery& query) const;
 
   DemoCampaign newCampaign(const QString& name);
   void giveFreshIds(QList<CampaignStep>& steps);

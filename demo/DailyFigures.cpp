@@ -1,85 +1,186 @@
 #include "demo/DailyFigures.h"
 
-#include "kit/api/PlatformDate.h"
+#include <QTimeZone>
+#include <array>
+
+#include "demo/Door.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
 
-constexpr double opportunityValue = 500;
+constexpr std::array fields{
+    &Figures::sent,           &Figures::contacted,         &Figures::opens,        &Figures::replies,
+    &Figures::autoReplies,    &Figures::bounces,           &Figures::unsubscribes, &Figures::interested,
+    &Figures::meetingsBooked, &Figures::meetingsCompleted, &Figures::won};
 
-/// The part of `total` that falls on day `index` of `days`: spread evenly, with the rounding carried along.
-qint64 onDay(qint64 total, qint64 index, qint64 days) { return total * (index + 1) / days - total * index / days; }
+qint64 share(qint64 whole, qint64 part, qint64 of) { return of > 0 ? whole * part / of : 0; }
 
-struct Day {
-  qint64 sent = 0, replies = 0, bounces = 0, interested = 0;
+/// What the first `sent` emails of a campaign led to. Every email has its number and what came of it follows from that,
+/// so that the parts add up however the emails are sorted into days and mailboxes.
+Figures after(qint64 sent, const CampaignStats& stats) {
+  Figures figures;
+  figures.sent = sent;
+  figures.contacted = share(std::min(stats.sent, stats.leads.total), sent, stats.sent);
+  figures.opens = sent * 35 / 100;
+  figures.bounces = share(stats.bounced, sent, stats.sent);
+  figures.replies = share(stats.replied, sent, stats.sent);
+  figures.autoReplies = figures.replies / 12;
+  figures.unsubscribes = figures.contacted / 160;
+  figures.interested = share(stats.positive, figures.replies, stats.replied);
+  figures.meetingsBooked = figures.interested / 4;
+  figures.meetingsCompleted = figures.meetingsBooked * 7 / 10;
+  figures.won = figures.meetingsCompleted / 5;
+  return figures;
+}
+
+/// How the emails of a campaign fall on the days since its launch: on some more than on others, on weekends few.
+class SendingDays {
+ public:
+  SendingDays(const DemoWorkspace& workspace, const DemoCampaign& campaign, const QDate& today)
+      : m_stats(campaign.stats()) {
+    const auto launched = instantOf(campaign.record.launchedAt);
+    if (!launched) return;
+    m_start = dayIn(workspace, *launched);
+    QDate end = today;
+    for (const auto& stopped : {instantOf(campaign.record.pausedAt), instantOf(campaign.record.completedAt)})
+      if (stopped) end = std::min(end, dayIn(workspace, *stopped));
+    DemoRandom random(campaign.seed);
+    qint64 weight = 0;
+    for (QDate day = m_start; day <= std::max(m_start, end); day = day.addDays(1)) {
+      const qint64 varied = random.between(8, 12);
+      m_weights.append(weight += day.dayOfWeek() > Qt::Friday ? 1 : varied);
+    }
+  }
+
+  /// Emails sent up to the end of the day.
+  qint64 sentBy(const QDate& day) const {
+    if (m_weights.isEmpty() || day < m_start) return 0;
+    const qint64 index = std::min<qint64>(m_start.daysTo(day), m_weights.size() - 1);
+    return share(m_stats.sent, m_weights[index], m_weights.last());
+  }
+
+ private:
+  static std::optional<QDateTime> instantOf(const std::optional<QString>& stamp) {
+    return stamp ? parsePlatformDate(*stamp) : std::nullopt;
+  }
+
+  const CampaignStats& m_stats;
+  QDate m_start;
+  /// Of all days up to each.
+  QList<qint64> m_weights;
 };
 
-Day dayOf(const CampaignStats& stats, qint64 index, qint64 days) {
-  return {onDay(stats.sent, index, days), onDay(stats.replied, index, days), onDay(stats.bounced, index, days),
-          onDay(stats.positive, index, days)};
+/// The campaign's mailboxes. What a campaign without any has sent came from the first that there is.
+QStringList mailboxesOf(const DemoWorkspace& workspace, const DemoCampaign& campaign) {
+  QStringList ids;
+  for (const CampaignSender& sender : campaign.senders()) ids.append(sender.mailboxId);
+  if (ids.isEmpty()) ids.append(workspace.mailboxes.isEmpty() ? QString() : workspace.mailboxes.first().id);
+  return ids;
+}
+
+/// The mailboxes that the filter leaves.
+QSet<QString> countedMailboxes(const DemoWorkspace& workspace, const FigureFilter& filter) {
+  QSet<QString> ids;
+  for (const DemoMailbox& mailbox : workspace.mailboxes) {
+    if (!filter.mailbox.isEmpty() && mailbox.id != filter.mailbox) continue;
+    if (filter.tag.isEmpty() || mailbox.tags.contains(filter.tag)) ids.insert(mailbox.id);
+  }
+  return ids;
+}
+
+Figures addCampaign(RangeFigures& into, const DemoWorkspace& workspace, const DemoCampaign& campaign,
+                    const std::optional<QSet<QString>>& counted, const QDate& today) {
+  const SendingDays days(workspace, campaign, today);
+  const QStringList mailboxes = mailboxesOf(workspace, campaign);
+  const qint64 count = mailboxes.size();
+  Figures all;
+  qint64 before = days.sentBy(into.from.addDays(-1));
+  for (qsizetype index = 0; index < into.days.size(); ++index) {
+    const qint64 sent = days.sentBy(into.from.addDays(index)) - before;
+    for (qint64 part = 0; sent > 0 && part < count; ++part) {
+      // Another mailbox is first each day, or the last would have all the remainders.
+      const QString& mailbox = mailboxes[(part + index) % count];
+      if (counted && !counted->contains(mailbox)) continue;
+      const Figures figures = after(before + sent * (part + 1) / count, campaign.stats()) -
+                              after(before + sent * part / count, campaign.stats());
+      into.days[index] += figures;
+      into.accounts[mailbox] += figures;
+      all += figures;
+    }
+    before += sent;
+  }
+  return all;
 }
 
 }  // namespace
 
-AnalyticsSummary analyticsOf(const QList<const DemoCampaign*>& campaigns, const QDate& from, const QDate& to,
-                             const QDate& today, const QString& timeZone) {
-  AnalyticsSummary summary;
-  summary.from = from.toString(Qt::ISODate);
-  summary.to = to.toString(Qt::ISODate);
-  summary.timeZone = timeZone;
-  summary.opportunityValueEach = opportunityValue;
-  for (QDate day = from; day <= to; day = day.addDays(1)) {
-    MetricDay metric;
-    metric.day = day.toString(Qt::ISODate);
-    metric.contacted = 0;
-    metric.bounces = 0;
-    summary.days.append(metric);
-  }
+Figures& Figures::operator+=(const Figures& other) {
+  for (const auto field : fields) this->*field += other.*field;
+  return *this;
+}
 
-  for (const DemoCampaign* campaign : campaigns) {
-    const Campaign& record = campaign->record;
-    const auto launched = record.launchedAt ? parsePlatformDate(*record.launchedAt) : std::nullopt;
-    if (!launched) continue;
-    const QDate start = launched->date();
-    const qint64 days = std::max<qint64>(1, start.daysTo(today) + 1);
-    AnalyticsSummary::CampaignRow row;
-    row.id = record.id;
-    row.number = record.number;
-    row.name = record.name;
-    row.status = record.status.rawValue;
-    row.leads = campaign->stats().leads.total;
-    for (qint64 index = 0; index < days; ++index) {
-      const qint64 column = from.daysTo(start.addDays(index));
-      if (column < 0 || column >= summary.days.size()) continue;
-      const Day day = dayOf(campaign->stats(), index, days);
-      MetricDay& metric = summary.days[column];
-      metric.sent += day.sent;
-      metric.contacted = metric.contacted.value_or(0) + day.sent;
-      metric.replies += day.replies;
-      metric.bounces = metric.bounces.value_or(0) + day.bounces;
-      row.sent += day.sent;
-      row.replies += day.replies;
-      row.bounces += day.bounces;
-      row.interested += day.interested;
-    }
-    row.contacted = std::min(row.sent, row.leads);
-    row.opportunities = row.interested;
-    row.opportunityValue = double(row.interested) * opportunityValue;
-    if (row.sent > 0) summary.campaigns.append(row);
-  }
+Figures Figures::operator-(const Figures& other) const {
+  Figures difference = *this;
+  for (const auto field : fields) difference.*field -= other.*field;
+  return difference;
+}
 
-  Metrics& totals = summary.totals;
-  for (const auto& row : std::as_const(summary.campaigns)) {
-    totals.sent += row.sent;
-    totals.contacted += row.contacted;
-    totals.newContacted += row.contacted;
-    totals.replies += row.replies;
-    totals.bounces += row.bounces;
-    totals.interested += row.interested;
-    totals.opportunities += row.opportunities;
-    totals.opportunityValue += row.opportunityValue.value_or(0);
+RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const QDate& to, const FigureFilter& filter,
+                       const QDateTime& now) {
+  RangeFigures figures{from, to, {}, QList<Figures>(from.daysTo(to) + 1), {}, {}};
+  std::optional<QSet<QString>> counted;
+  if (!filter.mailbox.isEmpty() || !filter.tag.isEmpty()) counted = countedMailboxes(workspace, filter);
+  const QDate today = dayIn(workspace, now);
+  for (const DemoCampaign& campaign : workspace.campaigns) {
+    if (isOverdue(campaign.archivedAt, now)) continue;
+    if (!filter.campaign.isEmpty() && campaign.record.id != filter.campaign) continue;
+    const Figures all = addCampaign(figures, workspace, campaign, counted, today);
+    if (all.sent == 0) continue;
+    figures.campaigns.append({&campaign, all});
+    figures.totals += all;
   }
-  return summary;
+  return figures;
+}
+
+QDateTime localTimeIn(const DemoWorkspace& workspace, const QDateTime& instant) {
+  const QTimeZone zone(workspace.timeZone.toLatin1());
+  return zone.isValid() ? instant.toTimeZone(zone) : instant.toUTC();
+}
+
+QDate dayIn(const DemoWorkspace& workspace, const QDateTime& instant) { return localTimeIn(workspace, instant).date(); }
+
+Metrics metricsOf(const Figures& figures) {
+  Metrics metrics;
+  metrics.sent = figures.sent;
+  metrics.contacted = metrics.newContacted = figures.contacted;
+  metrics.opens = figures.opens;
+  metrics.replies = figures.replies;
+  metrics.autoReplies = figures.autoReplies;
+  metrics.bounces = figures.bounces;
+  metrics.unsubscribes = figures.unsubscribes;
+  metrics.opportunities = metrics.interested = figures.interested;
+  metrics.opportunityValue = double(figures.interested) * opportunityValue;
+  metrics.meetingsBooked = figures.meetingsBooked;
+  metrics.meetingsCompleted = figures.meetingsCompleted;
+  metrics.won = figures.won;
+  return metrics;
+}
+
+QList<MetricDay> metricDaysOf(const RangeFigures& figures) {
+  QList<MetricDay> days;
+  for (qsizetype index = 0; index < figures.days.size(); ++index) {
+    const Figures& day = figures.days[index];
+    days.append({figures.from.addDays(index).toString(Qt::ISODate),
+                 day.sent,
+                 day.contacted,
+                 day.opens,
+                 {},
+                 day.replies,
+                 day.bounces});
+  }
+  return days;
 }
 
 }  // namespace orv::demo

@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QUrl>
 
+#include "demo/AnalyticsDoor.h"
 #include "demo/CampaignDoor.h"
 #include "kit/api/PlatformDate.h"
 
@@ -138,7 +139,9 @@ HTTPAnswer DemoService::workspace(const DemoRequest& request) {
   const QString role = workspace->members.value(email);
   if (request.method != "GET" && role == "viewer"_L1)
     return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change campaigns."_s);
-  return CampaignDoor({*workspace, m_clock.now(), m_random}).answer(request, parts.mid(1)).value_or(notFound());
+  const DoorContext context{*workspace, m_clock.now(), m_random};
+  if (auto figures = AnalyticsDoor(context).answer(request, parts.mid(1))) return std::move(*figures);
+  return CampaignDoor(context).answer(request, parts.mid(1)).value_or(notFound());
 }
 
 HTTPAnswer DemoService::checkEmail(const QJsonObject& body) {

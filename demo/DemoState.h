@@ -47,6 +47,7 @@ struct DemoMailbox {
   QString displayName;
   QString status;
   qint64 dailyCap = 0;
+  QStringList tags = {};
 
   /// As a campaign sees it.
   CampaignSender asSender() const;

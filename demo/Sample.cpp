@@ -155,7 +155,10 @@ void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
     workspace.mailboxes.append(
         {random.id(u"mb"_s),
          first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug + u"-mail.example"_s,
-         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30});
+         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30,
+         i % 3 == 0   ? QStringList{u"new domains"_s}
+         : i % 3 == 1 ? QStringList{u"dach"_s}
+                      : QStringList()});
   }
 }
 

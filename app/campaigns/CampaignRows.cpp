@@ -1,8 +1,8 @@
 #include "app/campaigns/CampaignRows.h"
 
-#include <QLocale>
-#include <numeric>
+#include <QCollator>
 
+#include "app/analytics/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -12,8 +12,6 @@ namespace orv {
 namespace {
 
 constexpr int archiveDays = 30;
-/// Beyond this share of bounces mail providers begin to distrust a sender.
-constexpr double highBounceRate = 0.03;
 const auto nothing = u"–"_s;
 
 double share(qint64 part, qint64 whole) { return whole > 0 ? double(part) / double(whole) : 0; }
@@ -63,25 +61,6 @@ std::optional<double> sortValue(const CampaignSummary& campaign, const QString& 
   return std::nullopt;
 }
 
-QCollator collator() {
-  // The C locale knows neither numbers nor cases.
-  const QLocale locale = QLocale().collation();
-  QCollator collator(locale.language() == QLocale::C ? QLocale(QLocale::English) : locale);
-  collator.setNumericMode(true);
-  collator.setCaseSensitivity(Qt::CaseInsensitive);
-  return collator;
-}
-
-/// Sorts rows by one key each, highest or lowest first; rows without a key stay last.
-template <class Key>
-void sortByKey(std::vector<qsizetype>& rows, const std::vector<std::optional<Key>>& keys, bool descending) {
-  std::ranges::stable_sort(rows, [&](qsizetype a, qsizetype b) {
-    const auto &left = keys[size_t(a)], &right = keys[size_t(b)];
-    if (!left || !right) return left.has_value() && !right.has_value();
-    return descending ? *right < *left : *left < *right;
-  });
-}
-
 }  // namespace
 
 CampaignIndex::CampaignIndex(QList<CampaignSummary> items) : m_items(std::move(items)) {
@@ -99,7 +78,7 @@ QStringList CampaignIndex::tags() const {
   for (const auto& item : m_items)
     if (item.tags) all.unite({item.tags->begin(), item.tags->end()});
   QStringList sorted(all.begin(), all.end());
-  std::ranges::sort(sorted, collator());
+  std::ranges::sort(sorted, nameCollator());
   return sorted;
 }
 
@@ -137,7 +116,7 @@ void CampaignIndex::sort(std::vector<qsizetype>& rows, const OrvSort& sort) cons
 
 void CampaignIndex::sortByName(std::vector<qsizetype>& rows, bool descending) const {
   if (m_nameKeys.empty()) {
-    const QCollator names = collator();
+    const QCollator names = nameCollator();
     m_nameKeys.reserve(size_t(m_items.size()));
     for (const auto& item : m_items) m_nameKeys.push_back(names.sortKey(item.name));
   }
@@ -200,7 +179,7 @@ QVariant CampaignRowsModel::extraData(const CampaignSummary& campaign, int, int 
     case BouncedRateRole:
       return rate(campaign, campaign.bounced);
     case BouncesHighRole:
-      return share(campaign.bounced, campaign.sent) > highBounceRate;
+      return bouncesAreHigh(campaign.bounced, campaign.sent);
     case DeletedTextRole:
       return day(campaign.archivedAt);
     case GoneTextRole:

@@ -1,6 +1,7 @@
 #include "app/campaigns/CampaignsStore.h"
 
-#include "app/analytics/CampaignsCsv.h"
+#include "app/analytics/AnalyticsCsv.h"
+#include "app/analytics/DateRange.h"
 #include "app/shell/RoleGate.h"
 #include "app/shell/SaveFile.h"
 #include "kit/api/Format.h"
@@ -320,7 +321,7 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   const auto mark = m_busy.mark(id);
   if (!mark) co_return;
   const QString fileName = analyticsFileName(campaign->name);
-  const QDate today = m_services.clock.now().toLocalTime().date();
+  const QDate today = localToday(m_services.clock);
   const auto created = parsePlatformDate(campaign->createdAt);
   const QDate from = created ? created->toLocalTime().date() : today;
   const QString failure = u"Couldn’t download the analytics."_s;

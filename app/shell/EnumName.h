@@ -2,6 +2,7 @@
 
 #include <QMetaEnum>
 #include <QString>
+#include <optional>
 
 namespace orv {
 
@@ -9,6 +10,14 @@ namespace orv {
 template <class Enum>
 QString enumName(Enum value) {
   return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(int(value)));
+}
+
+/// The enumerator of that name; nothing when there is none.
+template <class Enum>
+std::optional<Enum> enumNamed(const QString& name) {
+  bool found = false;
+  const int value = QMetaEnum::fromType<Enum>().keyToValue(name.toLatin1().constData(), &found);
+  return found ? std::optional(Enum(value)) : std::nullopt;
 }
 
 }  // namespace orv

@@ -5,16 +5,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::Pages {
-namespace {
-
-template <class Enum>
-std::optional<Enum> named(const QString& name) {
-  bool found = false;
-  const int value = QMetaEnum::fromType<Enum>().keyToValue(name.toLatin1().constData(), &found);
-  return found ? std::optional(Enum(value)) : std::nullopt;
-}
-
-}  // namespace
 
 const QList<PageInfo>& all() {
   static const QList<PageInfo> pages{
@@ -34,7 +24,7 @@ const QList<PageInfo>& all() {
 
 const PageInfo& info(Page page) { return all().at(int(page)); }
 QString name(Page page) { return enumName(page); }
-std::optional<Page> pageNamed(const QString& name) { return named<Page>(name); }
+std::optional<Page> pageNamed(const QString& name) { return enumNamed<Page>(name); }
 
 const QList<TabInfo>& allTabs() {
   static const QList<TabInfo> tabs{
@@ -58,6 +48,6 @@ const QList<TabInfo>& allTabs() {
 }
 
 QString name(SettingsTab tab) { return enumName(tab); }
-std::optional<SettingsTab> tabNamed(const QString& name) { return named<SettingsTab>(name); }
+std::optional<SettingsTab> tabNamed(const QString& name) { return enumNamed<SettingsTab>(name); }
 
 }  // namespace orv::Pages

@@ -79,6 +79,13 @@ class Resource final : public ResourceBase {
   /// Starts a load; the one under way, if any, is let go.
   void load() { m_load.start(run(++m_generation)); }
 
+  /// Starts a load of something else: another filter, another range. What is shown stays until the answer comes, but
+  /// not beyond a failure, for it would stand under a question that it does not answer.
+  void ask() {
+    m_answersAnother = true;
+    load();
+  }
+
   /// Changes the shown value in place. A load under way began before the change and may not know it, so it starts over.
   void update(const std::function<void(Value&)>& change) {
     if (!m_value) return;
@@ -123,6 +130,7 @@ class Resource final : public ResourceBase {
   void succeed(Value value) {
     m_state = stateOf(value);
     m_value = std::move(value);
+    m_answersAnother = false;
     m_loadedAt = m_clock.now();
     m_refreshing = false;
     Q_EMIT valueChanged();
@@ -131,10 +139,11 @@ class Resource final : public ResourceBase {
 
   void fail(const APIError& error) {
     m_refreshing = false;
-    const bool isRefresh = hasContent() || m_state.isEmpty();
+    const bool isRefresh = !m_answersAnother && (hasContent() || m_state.isEmpty());
     const bool isTold = !error.is(APIError::Kind::offline) && !error.is(APIError::Kind::cancelled);
+    if (m_answersAnother && !error.is(APIError::Kind::cancelled)) m_value.reset();
     if (error.is(APIError::Kind::offline))
-      m_state = ScreenState<Value>::offline(shown());
+      m_state = ScreenState<Value>::offline(isRefresh ? shown() : std::nullopt);
     else if (isTold && !isRefresh)
       m_state = ScreenState<Value>::error(error);
     Q_EMIT changed();
@@ -156,6 +165,8 @@ class Resource final : public ResourceBase {
   std::optional<Value> m_emptyValue;
   ScreenState<Value> m_state = ScreenState<Value>::loading();
   std::optional<Value> m_value;
+  /// The value belongs to an earlier question.
+  bool m_answersAnother = false;
 };
 
 }  // namespace orv

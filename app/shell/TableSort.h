@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QCollator>
 #include <QString>
+#include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace orv {
 
@@ -18,5 +21,18 @@ inline std::optional<OrvSort> nextSort(const std::optional<OrvSort>& sort, const
   if (sort->descending) return OrvSort{key, false};
   return std::nullopt;
 }
+
+/// Sorts row numbers by one key each, highest or lowest first; rows without a key stay last.
+template <class Key>
+void sortByKey(std::vector<qsizetype>& rows, const std::vector<std::optional<Key>>& keys, bool descending) {
+  std::ranges::stable_sort(rows, [&](qsizetype a, qsizetype b) {
+    const auto &left = keys[size_t(a)], &right = keys[size_t(b)];
+    if (!left || !right) return left.has_value() && !right.has_value();
+    return descending ? *right < *left : *left < *right;
+  });
+}
+
+/// The user's alphabetical order of names, numbers in them by their value.
+QCollator nameCollator();
 
 }  // namespace orv

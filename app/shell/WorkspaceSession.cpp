@@ -22,6 +22,16 @@ void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
   Q_EMIT workspaceChanged();
 }
 
+AnalyticsStore* WorkspaceSession::analytics() {
+  if (!m_analytics) m_analytics = std::make_unique<AnalyticsStore>(m_api, m_services);
+  return m_analytics.get();
+}
+
+DashboardStore* WorkspaceSession::dashboard() {
+  if (!m_dashboard) m_dashboard = std::make_unique<DashboardStore>(m_api, m_services);
+  return m_dashboard.get();
+}
+
 CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
   return m_campaignStores.open(
       id, [this, &id] { return new CampaignStore(id, m_api, m_services, [this] { m_campaigns.reload(); }); });
@@ -34,6 +44,8 @@ void WorkspaceSession::trim() {
 
 void WorkspaceSession::close() {
   m_campaigns.close();
+  if (m_analytics) m_analytics->close();
+  if (m_dashboard) m_dashboard->close();
   m_campaignStores.clear();
 }
 

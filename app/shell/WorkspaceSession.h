@@ -4,7 +4,10 @@
 #include <QPointer>
 #include <QSet>
 #include <functional>
+#include <memory>
 
+#include "app/analytics/AnalyticsStore.h"
+#include "app/analytics/DashboardStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/Services.h"
@@ -21,6 +24,8 @@ class WorkspaceSession final : public QObject {
   Q_PROPERTY(QString name READ name NOTIFY workspaceChanged)
   Q_PROPERTY(QString role READ role NOTIFY workspaceChanged)
   Q_PROPERTY(orv::CampaignsStore* campaigns READ campaigns CONSTANT)
+  Q_PROPERTY(orv::AnalyticsStore* analytics READ analytics CONSTANT)
+  Q_PROPERTY(orv::DashboardStore* dashboard READ dashboard CONSTANT)
 
  public:
   static constexpr qsizetype campaignStoresAtMost = 8;
@@ -38,6 +43,9 @@ class WorkspaceSession final : public QObject {
   const QString& token() const { return m_token; }
 
   CampaignsStore* campaigns() { return &m_campaigns; }
+  /// Made when first asked for, as are the stores of the other pages.
+  AnalyticsStore* analytics();
+  DashboardStore* dashboard();
   /// The store of one campaign, from a cache of eight; the first opened goes first.
   Q_INVOKABLE orv::CampaignStore* campaignStore(const QString& id);
   const QStringList& campaignOrder() const { return m_campaignStores.keys(); }
@@ -60,6 +68,8 @@ class WorkspaceSession final : public QObject {
   Services& m_services;
   WorkspaceTransport m_api;
   CampaignsStore m_campaigns;
+  std::unique_ptr<AnalyticsStore> m_analytics;
+  std::unique_ptr<DashboardStore> m_dashboard;
   StoreCache<CampaignStore> m_campaignStores;
   QSet<QString> m_featuresOff;
 };

@@ -8,6 +8,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 ORV_RECORD_CODERS(AnalyticsSummary)
+ORV_RECORD_CODERS(AnalyticsSummary::CampaignRow)
+ORV_RECORD_CODERS(AnalyticsSummary::AccountRow)
+ORV_RECORD_CODERS(AnalyticsOverview)
+ORV_RECORD_CODERS(WarmupHealth)
+ORV_RECORD_CODERS(Dashboard)
 
 namespace Requests {
 
@@ -20,6 +25,14 @@ Request<AnalyticsSummary> analyticsSummary(const QString& from, const QString& t
   addOptional(request.query, u"tags"_s, tag);
   return request;
 }
+
+Request<AnalyticsOverview> analyticsOverview(const QString& from, const QString& to) {
+  return get<AnalyticsOverview>(u"/analytics/overview"_s, {{u"scope"_s, u"this"_s}, {u"from"_s, from}, {u"to"_s, to}});
+}
+
+Request<WarmupHealth> warmupHealth() { return get<WarmupHealth>(u"/analytics/warmup"_s); }
+
+Request<Dashboard> dashboard() { return get<Dashboard>(u"/dashboard"_s); }
 
 }  // namespace Requests
 }  // namespace orv

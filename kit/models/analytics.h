@@ -129,6 +129,175 @@ BOOST_DESCRIBE_STRUCT(AnalyticsSummary, (),
                       (from, to, timeZone, opportunityValueEach, tracking, totals, days, campaigns, accounts, options,
                        sample))
 
+struct ActivityCounts {
+  qint64 sends = 0;
+  qint64 replies = 0;
+  qint64 positive = 0;
+  qint64 bounces = 0;
+  qint64 unsubscribes = 0;
+  bool operator==(const ActivityCounts&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ActivityCounts, (), (sends, replies, positive, bounces, unsubscribes))
+
+struct ActivityDay {
+  /// A date.
+  QString day;
+  qint64 sends = 0;
+  qint64 replies = 0;
+  qint64 positive = 0;
+  qint64 bounces = 0;
+  qint64 unsubscribes = 0;
+  bool operator==(const ActivityDay&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ActivityDay, (), (day, sends, replies, positive, bounces, unsubscribes))
+
+/// Today and a range of days, of one workspace or of all the person's workspaces.
+struct AnalyticsOverview {
+  struct Today {
+    qint64 sendsWarmup = 0;
+    qint64 sendsCampaigns = 0;
+    qint64 replies = 0;
+    qint64 mailboxes = 0;
+    /// Of the mailboxes.
+    qint64 active = 0;
+    /// Of the mailboxes: campaigns may send from them.
+    std::optional<qint64> ready;
+    qint64 leads = 0;
+    qint64 lists = 0;
+    bool operator==(const Today&) const = default;
+  };
+  struct Month {
+    qint64 sends = 0;
+    qint64 replies = 0;
+    bool operator==(const Month&) const = default;
+  };
+  struct Workspace {
+    QString id;
+    QString slug;
+    QString name;
+    /// Its figures could be read; without, there are none below.
+    bool ok = false;
+    std::optional<Today> today;
+    std::optional<Month> month;
+    std::optional<ActivityCounts> totals;
+    std::optional<Metrics> metrics;
+    bool operator==(const Workspace&) const = default;
+  };
+  /// All workspaces together.
+  struct Combined {
+    std::optional<Today> today;
+    std::optional<Month> month;
+    std::optional<ActivityCounts> totals;
+    std::optional<QList<ActivityDay>> days;
+    std::optional<Metrics> metrics;
+    std::optional<QList<MetricDay>> metricDays;
+    bool operator==(const Combined&) const = default;
+  };
+
+  QString scope;
+  /// The range, as dates.
+  QString from;
+  QString to;
+  /// Today, a date in the time zone.
+  QString day;
+  QString timeZone;
+  QList<Workspace> workspaces;
+  Combined combined;
+  bool operator==(const AnalyticsOverview&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(AnalyticsOverview::Today, (),
+                      (sendsWarmup, sendsCampaigns, replies, mailboxes, active, ready, leads, lists))
+BOOST_DESCRIBE_STRUCT(AnalyticsOverview::Month, (), (sends, replies))
+BOOST_DESCRIBE_STRUCT(AnalyticsOverview::Workspace, (), (id, slug, name, ok, today, month, totals, metrics))
+BOOST_DESCRIBE_STRUCT(AnalyticsOverview::Combined, (), (today, month, totals, days, metrics, metricDays))
+BOOST_DESCRIBE_STRUCT(AnalyticsOverview, (), (scope, from, to, day, timeZone, workspaces, combined))
+
+/// How the mailboxes' warm-up mail fares.
+struct WarmupHealth {
+  struct Account {
+    QString id;
+    QString address;
+    QString displayName;
+    QString provider;
+    QString role;
+    QString status;
+    /// Warm-up emails a day.
+    qint64 dailyCap = 0;
+    qint64 rampDay = 0;
+    std::optional<qint64> plannedToday;
+    qint64 sentToday = 0;
+    qint64 sent7d = 0;
+    qint64 received7d = 0;
+    qint64 failed7d = 0;
+    /// Found in a mailbox, wherever in it; in the inbox; among spam; of these, taken out of it.
+    qint64 placed7d = 0;
+    qint64 inbox7d = 0;
+    qint64 spam7d = 0;
+    qint64 rescued7d = 0;
+    std::optional<qint64> inboxPct7d;
+    bool ready = false;
+    std::optional<QString> readyReason;
+    QString health;
+    bool operator==(const Account&) const = default;
+  };
+  /// Accounts of each kind.
+  struct Summary {
+    qint64 healthy = 0;
+    qint64 watch = 0;
+    qint64 atRisk = 0;
+    qint64 off = 0;
+    qint64 ready = 0;
+    bool operator==(const Summary&) const = default;
+  };
+  QList<Account> items;
+  Summary summary;
+  /// The figures are sample data.
+  std::optional<bool> sample;
+  bool operator==(const WarmupHealth&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(WarmupHealth::Account, (),
+                      (id, address, displayName, provider, role, status, dailyCap, rampDay, plannedToday, sentToday,
+                       sent7d, received7d, failed7d, placed7d, inbox7d, spam7d, rescued7d, inboxPct7d, ready,
+                       readyReason, health))
+BOOST_DESCRIBE_STRUCT(WarmupHealth::Summary, (), (healthy, watch, atRisk, off, ready))
+BOOST_DESCRIBE_STRUCT(WarmupHealth, (), (items, summary, sample))
+
+/// Today's figures of one workspace.
+struct Dashboard {
+  struct Sends {
+    qint64 warmup = 0;
+    qint64 campaigns = 0;
+    bool operator==(const Sends&) const = default;
+  };
+  /// Mailboxes by their state.
+  struct InboxHealth {
+    qint64 total = 0;
+    qint64 active = 0;
+    qint64 paused = 0;
+    qint64 failed = 0;
+    qint64 verifying = 0;
+    std::optional<qint64> ready;
+    bool operator==(const InboxHealth&) const = default;
+  };
+  struct Leads {
+    qint64 total = 0;
+    qint64 lists = 0;
+    bool operator==(const Leads&) const = default;
+  };
+  /// Today, a date in the workspace's time zone.
+  QString day;
+  QString timeZone;
+  std::optional<Sends> sends;
+  std::optional<qint64> replies;
+  std::optional<InboxHealth> inbox;
+  std::optional<Leads> leads;
+  bool operator==(const Dashboard&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(Dashboard::Sends, (), (warmup, campaigns))
+BOOST_DESCRIBE_STRUCT(Dashboard::InboxHealth, (), (total, active, paused, failed, verifying, ready))
+BOOST_DESCRIBE_STRUCT(Dashboard::Leads, (), (total, lists))
+BOOST_DESCRIBE_STRUCT(Dashboard, (), (day, timeZone, sends, replies, inbox, leads))
+
 namespace Requests {
 
 /// Figures from one date to another ("%04d-%02d-%02d"), of one campaign, mailbox or tag when it is given.
@@ -136,6 +305,10 @@ Request<AnalyticsSummary> analyticsSummary(const QString& from, const QString& t
                                            const std::optional<QString>& campaign = {},
                                            const std::optional<QString>& mailbox = {},
                                            const std::optional<QString>& tag = {});
+/// Today, and the figures from one date to another, of this workspace.
+Request<AnalyticsOverview> analyticsOverview(const QString& from, const QString& to);
+Request<WarmupHealth> warmupHealth();
+Request<Dashboard> dashboard();
 
 }  // namespace Requests
 }  // namespace orv

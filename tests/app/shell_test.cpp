@@ -99,6 +99,36 @@ class ShellTest : public QObject {
     QVERIFY(!resource.refreshing());
   }
 
+  void contentDoesNotOutliveAnotherQuestionThatFails_data() {
+    QTest::addColumn<APIError::Kind>("failure");
+    QTest::addColumn<ResourceBase::State>("state");
+    QTest::newRow("offline") << APIError::Kind::offline << ResourceBase::State::Offline;
+    QTest::newRow("refused") << APIError::Kind::server << ResourceBase::State::Error;
+  }
+  void contentDoesNotOutliveAnotherQuestionThatFails() {
+    QFETCH(APIError::Kind, failure);
+    auto resource = this->resource(0);
+    QSignalSpy failed(&resource, &ResourceBase::refreshFailed);
+    resource.load();
+    loads->give(0, 5);
+    resource.ask();
+    QVERIFY(resource.refreshing() && resource.hasContent());
+    // A reload meanwhile is still of the question that has no answer.
+    resource.load();
+    loads->give(2, error(failure));
+    QTEST(resource.stateName(), "state");
+    QVERIFY(!resource.hasContent() && !resource.value() && !resource.refreshing());
+    QCOMPARE(failed.count(), 0);
+
+    resource.load();
+    QVERIFY(resource.state().isLoading());
+    loads->give(3, 6);
+    resource.load();
+    loads->give(4, error(failure));
+    QVERIFY(resource.hasContent());
+    QCOMPARE(*resource.value(), 6);
+  }
+
   void firstLoadFailsIntoAnErrorAndIsRetried() {
     auto resource = this->resource();
     resource.load();

@@ -1,7 +1,6 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
-#include "kit/models/analytics.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -246,21 +245,6 @@ class DemoCampaignsTest : public QObject {
     f.ask(Requests::deleteCampaign(made.id, false));
     QVERIFY(f.ask(Requests::listSubsequences(id)).items.isEmpty());
     QVERIFY(f.row(made.id, true));
-  }
-
-  void theFiguresOfAllDaysAreTheCampaignsOwn() {
-    DemoFixture f;
-    const QString today = f.clock.now().date().toString(Qt::ISODate);
-    for (const auto& row : f.ask(Requests::listCampaigns(false)).items) {
-      if (row.sent == 0) continue;
-      const auto summary = f.ask(Requests::analyticsSummary(row.createdAt.left(10), today, row.id));
-      QCOMPARE(summary.campaigns.size(), 1);
-      QCOMPARE(summary.totals.sent, row.sent);
-      QCOMPARE(summary.totals.replies, row.replied);
-      QCOMPARE(summary.totals.interested, row.positive);
-      QCOMPARE(summary.totals.bounces, row.bounced);
-    }
-    QCOMPARE(f.refusalCode(Requests::analyticsSummary(today, u"2020-01-01"_s)), u"invalid_input"_s);
   }
 };
 

@@ -119,6 +119,9 @@ QList<Call> calls() {
          f.ask(spinText({u"Hi there"_s, u"body"_s}));
        }},
       {"analytics", [](F f, S id, L) { f.ask(analyticsSummary(u"2026-10-01"_s, u"2026-11-21"_s, id)); }},
+      {"overview", [](F f, S, L) { f.ask(analyticsOverview(u"2026-10-01"_s, u"2026-11-21"_s)); }},
+      {"warm-up health", [](F f, S, L) { f.ask(warmupHealth()); }},
+      {"dashboard", [](F f, S, L) { f.ask(dashboard()); }},
   };
 }
 

@@ -105,7 +105,8 @@ const QList<Record>& allRecords() {
   static const auto all =
       records<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail,
               FeedPage, MessagePage, AddLeadsResult, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
-              AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>();
+              AnalyticsOverview, WarmupHealth, Dashboard, AuthMethods, EmailCheck, EmailStarted, NativeSession,
+              MeResponse, UnreadCounts, Problem>();
   return all;
 }
 

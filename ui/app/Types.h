@@ -2,6 +2,8 @@
 
 #include <QtQml/qqml.h>
 
+#include "app/analytics/AnalyticsStore.h"
+#include "app/analytics/DashboardStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
@@ -14,6 +16,13 @@
 // The application's types by the names that pages use. They are registered here because app/ knows no QML.
 
 namespace orv::qml {
+
+struct AnalyticsStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::AnalyticsStore)
+  QML_NAMED_ELEMENT(AnalyticsStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
 
 struct AppModelType {
   Q_GADGET
@@ -54,6 +63,13 @@ struct CommandPaletteType {
   Q_GADGET
   QML_FOREIGN(orv::CommandPalette)
   QML_NAMED_ELEMENT(CommandPalette)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct DashboardStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::DashboardStore)
+  QML_NAMED_ELEMENT(DashboardStore)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -1,4 +1,4 @@
-#include "app/analytics/CampaignsCsv.h"
+#include "app/analytics/AnalyticsCsv.h"
 
 #include "app/shell/Csv.h"
 
@@ -13,7 +13,7 @@ QString money(const std::optional<double>& value) { return value ? QString::numb
 
 }  // namespace
 
-QByteArray campaignsCsv(const QList<AnalyticsSummary::CampaignRow>& rows) {
+QByteArray campaignsCsv(std::span<const AnalyticsSummary::CampaignRow> rows) {
   CsvWriter csv;
   csv.addLine({u"Campaign"_s, u"Status"_s, u"Leads"_s, u"Contacted"_s, u"Sent"_s, u"Opened"_s, u"Replied"_s,
                u"Clicked"_s, u"Bounced"_s, u"Interested"_s, u"Opportunities"_s, u"Value"_s});
@@ -21,6 +21,18 @@ QByteArray campaignsCsv(const QList<AnalyticsSummary::CampaignRow>& rows) {
     csv.addLine({row.name, row.status, count(row.leads), count(row.contacted), count(row.sent), count(row.opens),
                  count(row.replies), count(row.clicks), count(row.bounces), count(row.interested),
                  count(row.opportunities), money(row.opportunityValue)});
+  }
+  return csv.bytes();
+}
+
+QByteArray accountsCsv(std::span<const AnalyticsSummary::AccountRow> rows) {
+  CsvWriter csv;
+  csv.addLine({u"Account"_s, u"Status"_s, u"Health"_s, u"Inbox 7d %"_s, u"Contacted"_s, u"Sent"_s, u"Opened"_s,
+               u"Replied"_s, u"Clicked"_s, u"Bounced"_s, u"Interested"_s});
+  for (const auto& row : rows) {
+    csv.addLine({row.address, row.status, row.health.value_or(QString()), count(row.inboxPct7d), count(row.contacted),
+                 count(row.sent), count(row.opens), count(row.replies), count(row.clicks), count(row.bounces),
+                 count(row.interested)});
   }
   return csv.bytes();
 }

@@ -1,0 +1,101 @@
+#include "app/analytics/DashboardStore.h"
+
+#include <QLocale>
+
+#include "app/analytics/MetricFigures.h"
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+QString dayTextOf(const AnalyticsOverview& overview) {
+  const QDate day = QDate::fromString(overview.day, Qt::ISODate);
+  QString place = overview.timeZone.section(u'/', -1);
+  place.replace(u'_', u' ');
+  QStringList parts;
+  if (day.isValid()) parts.append(QLocale().toString(day, u"dddd d MMMM"));
+  if (!place.isEmpty()) parts.append(place + u" time"_s);
+  return parts.join(u" · "_s);
+}
+
+QVariantMap inboxFigure(const AnalyticsOverview::Today& today) {
+  const qint64 notActive = std::max<qint64>(0, today.mailboxes - today.active);
+  const QString off = Format::grouped(notActive) + u" not active"_s;
+  QStringList detail;
+  if (today.ready) detail.append(Format::grouped(*today.ready) + u" ready to send"_s);
+  if (notActive == 0) detail.append(off);
+  return figure(u"Inbox health"_s, Format::grouped(today.active), detail.join(u" · "_s), u"mailboxes active"_s,
+                notActive > 0 ? off : QString());
+}
+
+QVariantList todayFigures(const AnalyticsOverview::Today& today) {
+  using Format::grouped;
+  return {figure(u"Sent today"_s, grouped(today.sendsCampaigns + today.sendsWarmup),
+                 grouped(today.sendsCampaigns) + u" campaign · "_s + grouped(today.sendsWarmup) + u" ramp-up"_s),
+          figure(u"Replies today"_s, grouped(today.replies), {}), inboxFigure(today),
+          figure(u"Leads"_s, grouped(today.leads), Format::counted(today.lists, u"list"_s, u"lists"_s))};
+}
+
+}  // namespace
+
+DashboardStore::DashboardStore(APITransport& api, Services& services, QObject* parent)
+    : Store(parent),
+      m_services(services),
+      m_range(localToday(services.clock)),
+      m_overview(
+          services.clock,
+          [this, &api] {
+            const DateRange& days = m_range.days();
+            return api.send(Requests::analyticsOverview(Format::calendarDay(days.from), Format::calendarDay(days.to)));
+          },
+          [](const AnalyticsOverview&) { return false; }) {
+  connect(&m_overview, &ResourceBase::valueChanged, this, &DashboardStore::arrived);
+  connect(&m_overview, &ResourceBase::refreshFailed, this,
+          [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load the dashboard"_s, error); });
+}
+
+void DashboardStore::setPreset(const QString& key) {
+  if (!m_range.setPreset(key, localToday(m_services.clock))) return;
+  Q_EMIT changed();
+  if (m_loaded) m_overview.ask();
+}
+
+void DashboardStore::toggleSeries(const QString& key) {
+  m_chart.toggle(key);
+  Q_EMIT chartChanged();
+}
+
+void DashboardStore::ensureLoaded() {
+  if (!std::exchange(m_loaded, true)) refresh();
+}
+
+void DashboardStore::refresh() {
+  // Yesterday's figures are no answer for today.
+  const DateRange before = m_range.days();
+  m_range.follow(localToday(m_services.clock));
+  m_range.days() == before ? m_overview.load() : m_overview.ask();
+}
+
+void DashboardStore::openAnalytics() { m_services.router.open(Page::analytics); }
+
+void DashboardStore::arrived() {
+  const AnalyticsOverview& overview = *m_overview.value();
+  const auto& [today, month, totals, days, metrics, metricDays] = overview.combined;
+  m_dayText = dayTextOf(overview);
+  m_today = today ? todayFigures(*today) : QVariantList();
+  m_metrics = metrics ? metricFigures(*metrics, true, true) : QVariantList();
+  // Without totals nobody says whether opens are tracked; the days themselves do.
+  const bool tracksOpens = !metrics || metrics->opens, tracksClicks = !metrics || metrics->clicks;
+  m_chart.setDays(metricDays.value_or(QList<MetricDay>()), tracksOpens, tracksClicks);
+  Q_EMIT figuresChanged();
+  Q_EMIT chartChanged();
+}
+
+void DashboardStore::close() {
+  m_overview.cancel();
+  Store::close();
+}
+
+}  // namespace orv

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "app/analytics/ChartData.h"
+#include "app/analytics/DateRange.h"
+#include "app/shell/Resource.h"
+#include "app/shell/Services.h"
+#include "app/shell/Store.h"
+#include "kit/api/APITransport.h"
+
+namespace orv {
+
+/// The workspace's home: today's sending, replies, inboxes and leads, and the metrics of a range of days.
+class DashboardStore final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(orv::ResourceBase* overview READ overview CONSTANT)
+  Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+  Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
+  Q_PROPERTY(QString rangeLabel READ rangeLabel NOTIFY changed)
+  Q_PROPERTY(QString dayText READ dayText NOTIFY figuresChanged)
+  Q_PROPERTY(QVariantList today READ today NOTIFY figuresChanged)
+  Q_PROPERTY(QVariantList metrics READ metrics NOTIFY figuresChanged)
+  Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
+  Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
+
+ public:
+  DashboardStore(APITransport& api, Services& services, QObject* parent = nullptr);
+
+  Resource<AnalyticsOverview>* overview() { return &m_overview; }
+  static QVariantList presets() { return rangePresets(); }
+
+  /// Range of the metrics and the chart; setting another asks anew.
+  QString preset() const { return m_range.preset(); }
+  void setPreset(const QString& key);
+  QString rangeLabel() const { return m_range.label(); }
+
+  /// "Friday 20 November · Berlin time": today where the workspace is; empty before the first answer.
+  const QString& dayText() const { return m_dayText; }
+  /// Figures as figure() makes them; none when the service has none.
+  const QVariantList& today() const { return m_today; }
+  const QVariantList& metrics() const { return m_metrics; }
+
+  /// What the chart draws; no days when nothing was sent.
+  QStringList days() const { return m_chart.days(); }
+  QVariantList series() const { return m_chart.series(); }
+  Q_INVOKABLE void toggleSeries(const QString& key);
+
+  /// Loads when the page is first shown; later calls do nothing.
+  Q_INVOKABLE void ensureLoaded();
+  Q_INVOKABLE void refresh();
+  /// Opens the figures per campaign and per account.
+  Q_INVOKABLE void openAnalytics();
+
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+  /// What is read off an answer.
+  void figuresChanged();
+  void chartChanged();
+
+ private:
+  void arrived();
+
+  Services& m_services;
+  RangeChoice m_range;
+  Resource<AnalyticsOverview> m_overview;
+  ChartData m_chart;
+  QString m_dayText;
+  QVariantList m_today;
+  QVariantList m_metrics;
+  bool m_loaded = false;
+};
+
+}  // namespace orv
