@@ -1,8 +1,8 @@
 #include <QAbstractListModel>
-#include <QEventLoop>
 #include <QQmlComponent>
 #include <QQuickItem>
 
+#include "bench/Frame.h"
 #include "bench/Report.h"
 #include "desktop/RenderStage.h"
 
@@ -10,15 +10,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv::bench {
 namespace {
-
-/// Until the next frame is drawn.
-void frame(QQuickWindow& window) {
-  QEventLoop loop;
-  const auto drawn = QObject::connect(&window, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
-  window.update();
-  loop.exec();
-  QObject::disconnect(drawn);
-}
 
 bool list(Scale scale, QQmlEngine& engine) {
   const int count = scale.of(10000);

@@ -49,6 +49,8 @@ QtObject {
     readonly property color series2: dark ? "#EDB351" : "#B8791A"
     readonly property color series3: dark ? "#D9577F" : "#CC56B4"
     readonly property color series4: dark ? "#A37BF0" : "#5B36C9"
+    /// By a series' place in its chart.
+    readonly property var seriesColors: [series1, series2, series3, series4]
 
     readonly property color scrim: dark ? "#8C000000" : "#47000000"
     readonly property color shadow: dark ? "#8C000000" : "#24000000"

@@ -1,0 +1,155 @@
+import QtQuick
+import Orvella.Design
+
+/// Figures over days, as lines or stacked bars, with a legend whose entries switch series and a read-out of the day under
+/// the pointer or the keyboard: Left and Right by a day, with Ctrl by a week, Home and End.
+FocusScope {
+    id: root
+
+    property string title: ""
+    property string detail: ""
+    /// ISO dates, one for each value of a series.
+    property alias days: plot.days
+    /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed.
+    property alias series: plot.series
+    /// "line" or "bar".
+    property alias kind: plot.kind
+    /// Follows every figure: "%".
+    property alias unit: plot.unit
+    property string emptyText: ""
+    /// There is nothing to show. Unless told otherwise, when no series has a figure above zero.
+    property bool empty: plot.blank
+    readonly property alias plot: plot
+
+    signal seriesToggled(string key)
+
+    implicitWidth: 640
+    implicitHeight: 272 + header.height
+
+    Item {
+        id: header
+        width: root.width
+        height: root.title !== "" || legend.visible ? 30 : 0
+        visible: height > 0
+
+        Text {
+            id: titleText
+            height: 26
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: root.title
+            font: Theme.bodyBold
+            color: Theme.text
+            Accessible.ignored: true
+        }
+
+        Text {
+            x: titleText.width + 10
+            // Cut short it would say nothing; the legend names the series.
+            visible: x + width + 16 <= (legend.visible ? legend.x : root.width)
+            height: 26
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: root.detail
+            font: Theme.small
+            color: Theme.text3
+        }
+
+        ChartLegend {
+            id: legend
+            visible: plot.seriesCount > 1
+            x: root.width - width
+            plot: plot
+            onToggled: key => root.seriesToggled(key)
+        }
+    }
+
+    Rectangle {
+        visible: plot.kind === "bar" && readout.visible
+        x: Math.round(plot.x + plot.currentArea.x)
+        y: plot.y + plot.currentArea.y
+        width: Math.round(plot.currentArea.width)
+        height: plot.currentArea.height
+        color: Theme.hover
+    }
+
+    ChartPlot {
+        id: plot
+        y: header.height
+        width: root.width
+        height: root.height - y
+        opacity: root.empty ? 0 : 1
+        focus: true
+        activeFocusOnTab: true
+        seriesColors: Theme.seriesColors
+        failedColor: Theme.negative
+        gridColor: Theme.border
+        labelColor: Theme.text3
+        labelFont: Theme.microText
+
+        Accessible.role: Accessible.Chart
+        Accessible.name: root.title
+        Accessible.description: root.empty ? root.emptyText : currentDay >= 0 ? currentText : summary
+        Accessible.focusable: true
+
+        onActiveFocusChanged: if (!activeFocus) leave()
+        Keys.onPressed: event => event.accepted = !root.empty && root.move(event)
+
+        HoverHandler {
+            id: hover
+            enabled: !root.empty
+            onPointChanged: if (hovered) plot.pointAt(point.position.x)
+            onHoveredChanged: hovered ? plot.pointAt(point.position.x) : plot.pointAway()
+        }
+
+        TapHandler {
+            enabled: !root.empty
+            onTapped: {
+                plot.forceActiveFocus(Qt.MouseFocusReason);
+                plot.choose(point.position.x);
+            }
+        }
+    }
+
+    function move(event): bool {
+        const by = event.modifiers & Qt.ControlModifier ? 7 : 1;
+        switch (event.key) {
+        case Qt.Key_Left: plot.moveBy(-by); return true;
+        case Qt.Key_Right: plot.moveBy(by); return true;
+        case Qt.Key_Home: plot.moveTo(0); return true;
+        case Qt.Key_End: plot.moveTo(plot.days.length - 1); return true;
+        case Qt.Key_Escape:
+            if (plot.currentDay < 0)
+                return false;
+            plot.pointAway();
+            plot.leave();
+            return true;
+        }
+        return false;
+    }
+
+    FocusRing {
+        anchors { fill: plot; margins: 0 }
+        visible: plot.activeFocus && InputMode.keyboard
+    }
+
+    Text {
+        visible: root.empty
+        anchors.centerIn: plot
+        width: Math.min(420, root.width - 48)
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+        textFormat: Text.PlainText
+        text: root.emptyText
+        font: Theme.body
+        color: Theme.text2
+        Accessible.ignored: true
+    }
+
+    ChartReadout {
+        id: readout
+        visible: !root.empty && plot.currentDay >= 0
+        anchors.fill: plot
+        plot: plot
+    }
+}
