@@ -78,7 +78,7 @@ bool chart(Scale scale) {
       frame(*window);
     }));
   }
-  line("figures set until their frame is drawn, median", set.median(), "ms", "under 16");
+  line("figures set until their frame is drawn, median", set.median(), "ms", "under 32");
   line("the same, 95th percentile", set.at(0.95), "ms");
   line("pointer moved until the frame is drawn, median", hover.median(), "ms", "under 8");
   line("the same, 95th percentile", hover.at(0.95), "ms");

@@ -10,7 +10,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv::catalogue {
 
-QStringList pages() { return {u"Buttons"_s, u"Fields"_s, u"Labels"_s, u"Table"_s, u"Charts"_s, u"Popups"_s, u"States"_s}; }
+QStringList pages() {
+  return {u"Buttons"_s, u"Fields"_s, u"Labels"_s, u"Table"_s, u"Charts"_s, u"Popups"_s, u"States"_s};
+}
 
 QList<Sheet> sheets() {
   QList<Sheet> list;

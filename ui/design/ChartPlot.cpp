@@ -13,7 +13,7 @@ constexpr double labelsBelow = 24;
 constexpr double edge = 8;
 /// The gutter of most charts, so that switching a series off does not move the days.
 constexpr double leastGutter = 36;
-constexpr double tickRoom = 40;
+constexpr double tickRoom = 32;
 
 }  // namespace
 

@@ -42,8 +42,7 @@ QVariant ChartRows::data(const QModelIndex& index, int role) const {
   if (role == DayRole) return m_data.dayText(index.row());
   if (role != TextsRole) return {};
   QStringList texts;
-  for (int i = 0; i < m_data.series().size(); ++i)
-    texts.append(m_data.valueText(m_data.value(i, index.row())));
+  for (int i = 0; i < m_data.series().size(); ++i) texts.append(m_data.valueText(m_data.value(i, index.row())));
   return texts;
 }
 

@@ -11,6 +11,7 @@ namespace orv {
 /// geometry of one's own. What moves belongs into other items above it.
 class ImageItem : public QQuickItem {
   Q_OBJECT
+  QML_ANONYMOUS
 
  public:
   explicit ImageItem(QQuickItem* parent = nullptr);

@@ -29,7 +29,7 @@ FocusScope {
     Item {
         id: header
         width: root.width
-        height: root.title !== "" || legend.visible ? 30 : 0
+        height: (root.title !== "" || legend.visible ? 30 : 0) + legend.y
         visible: height > 0
 
         Text {
@@ -46,7 +46,7 @@ FocusScope {
         Text {
             x: titleText.width + 10
             // Cut short it would say nothing; the legend names the series.
-            visible: x + width + 16 <= (legend.visible ? legend.x : root.width)
+            visible: x + width + 16 <= (legend.visible && legend.y === 0 ? legend.x : root.width)
             height: 26
             verticalAlignment: Text.AlignVCenter
             textFormat: Text.PlainText
@@ -58,7 +58,12 @@ FocusScope {
         ChartLegend {
             id: legend
             visible: plot.seriesCount > 1
-            x: root.width - width
+
+            readonly property bool fits: root.title === "" || titleText.width + 16 + width <= root.width
+
+            // Under the title its text begins where the title's does.
+            x: fits ? root.width - width : -8
+            y: visible && !fits ? 26 : 0
             plot: plot
             onToggled: key => root.seriesToggled(key)
         }
