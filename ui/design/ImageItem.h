@@ -9,6 +9,7 @@ namespace orv {
 
 /// An item that paints itself with QPainter, in device pixels and only after redraw(): the software renderer draws no
 /// geometry of one's own. What moves belongs into other items above it.
+/// Derive from orv::ImageItem, with the namespace: qmllint does not find it by a shorter name.
 class ImageItem : public QQuickItem {
   Q_OBJECT
   QML_ANONYMOUS
