@@ -11,6 +11,7 @@
 
 Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
 Q_IMPORT_QML_PLUGIN(Orvella_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Orvella_AnalyticsPlugin)
 Q_IMPORT_QML_PLUGIN(Orvella_CampaignsPlugin)
 Q_IMPORT_QML_PLUGIN(Orvella_ShellPlugin)
 

@@ -145,7 +145,13 @@ QList<Scene> campaignScenes() {
        }},
       {u"shortcuts"_s, true, [](Stage& s) { s.app().router()->setShortcutsOpen(true); }},
       {u"sidebar-folded"_s, true, [](Stage& s) { s.app().router()->setCollapsed(true); }},
-      {u"not-built"_s, true, [](Stage& s) { s.app().router()->open(Page::dashboard); }},
+      {u"not-built"_s, true, [](Stage& s) { s.app().router()->open(Page::rampup); }},
+      {u"dashboard"_s, true, [](Stage& s) { s.app().router()->open(Page::dashboard); }},
+      {u"dashboard-failed"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::failing;
+         s.app().router()->open(Page::dashboard);
+       }},
       {u"feature-off"_s, true,
        [](Stage& s) {
          s.app().router()->setFeaturesOff({u"inboxSetup"_s});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/analytics/ChartData.h"
+#include "app/analytics/ChartFigures.h"
 #include "app/analytics/DateRange.h"
 #include "app/analytics/FigureRows.h"
 #include "app/shell/BusySet.h"
@@ -145,7 +145,7 @@ class AnalyticsStore final : public Store {
   Filter m_filter;
   Tab m_tab = Tab::campaigns;
   DayView m_dayView = DayView::chart;
-  ChartData m_chart;
+  ChartFigures m_chart;
   CampaignFigureRows m_campaignRows;
   AccountFigureRows m_accountRows;
   std::optional<OrvSort> m_campaignSort;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/analytics/ChartData.h"
+#include "app/analytics/ChartFigures.h"
 #include "app/analytics/DateRange.h"
 #include "app/shell/Resource.h"
 #include "app/shell/Services.h"
@@ -64,7 +64,7 @@ class DashboardStore final : public Store {
   Services& m_services;
   RangeChoice m_range;
   Resource<AnalyticsOverview> m_overview;
-  ChartData m_chart;
+  ChartFigures m_chart;
   QString m_dayText;
   QVariantList m_today;
   QVariantList m_metrics;

@@ -33,8 +33,11 @@ DashboardStore* WorkspaceSession::dashboard() {
 }
 
 CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
-  return m_campaignStores.open(
-      id, [this, &id] { return new CampaignStore(id, m_api, m_services, [this] { m_campaigns.reload(); }); });
+  // QML deletes what a call hands it, unless that has a parent.
+  return m_campaignStores.open(id, [this, &id] {
+    return new CampaignStore(
+        id, m_api, m_services, [this] { m_campaigns.reload(); }, this);
+  });
 }
 
 void WorkspaceSession::trim() {

@@ -134,7 +134,8 @@ FocusScope {
     }
 
     FocusRing {
-        anchors { fill: plot; margins: 0 }
+        // Clear of the figures at the plot's edge.
+        anchors { fill: plot; margins: -6 }
         visible: plot.activeFocus && InputMode.keyboard
     }
 

@@ -67,7 +67,11 @@ FocusScope {
                     }
                 }
                 background: Item {
-                    FocusRing { visible: tab.current && root.activeFocus && InputMode.keyboard; inset: true }
+                    FocusRing {
+                        visible: tab.current && root.activeFocus && InputMode.keyboard
+                        inset: true
+                        anchors { leftMargin: -6; rightMargin: -6 }
+                    }
                     Rectangle {
                         visible: tab.current
                         y: parent.height - 2

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Analytics
 import Orvella.Campaigns
 
 /// The pages of one workspace. The one place that knows which pages exist.
@@ -10,7 +11,8 @@ FocusScope {
     required property Router router
     required property WorkspaceSession session
 
-    readonly property Component built: router.page !== "campaigns" ? notBuilt
+    readonly property Component built: router.page === "dashboard" ? dashboard
+                                     : router.page !== "campaigns" ? notBuilt
                                      : router.campaign === "" ? campaigns : campaign
 
     Loader {
@@ -30,6 +32,15 @@ FocusScope {
         to: 0
         duration: Theme.pageDuration
         easing.type: Easing.OutCubic
+    }
+
+    Component {
+        id: dashboard
+
+        DashboardPage {
+            focus: true
+            store: root.session.dashboard
+        }
     }
 
     Component {

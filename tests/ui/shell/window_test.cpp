@@ -167,6 +167,10 @@ class WindowTest : public QObject {
     press(Qt::Key_G);
     press(Qt::Key_D);
     QCOMPARE(router->page(), Page::dashboard);
+    auto* dashboard = m_stage->app().session()->dashboard();
+    QTRY_COMPARE(dashboard->today().size(), 4);
+    QTRY_VERIFY(focused() && focused()->inherits("orv::ChartPlot"));
+    press(Qt::Key_End);
     press(Qt::Key_G);
     press(Qt::Key_C);
     QCOMPARE(router->page(), Page::campaigns);

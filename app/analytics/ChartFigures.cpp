@@ -1,4 +1,4 @@
-#include "app/analytics/ChartData.h"
+#include "app/analytics/ChartFigures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,7 +47,7 @@ bool isNothing(double value) { return std::isnan(value) || value == 0; }
 
 }  // namespace
 
-void ChartData::setDays(const QList<MetricDay>& days, bool tracksOpens, bool tracksClicks) {
+void ChartFigures::setDays(const QList<MetricDay>& days, bool tracksOpens, bool tracksClicks) {
   m_days.clear();
   for (const MetricDay& day : days) m_days.append(day.day);
   bool nothing = true;
@@ -65,17 +65,17 @@ void ChartData::setDays(const QList<MetricDay>& days, bool tracksOpens, bool tra
   for (auto& values : m_values) values.clear();
 }
 
-void ChartData::toggle(Series series) {
+void ChartFigures::toggle(Series series) {
   bool& shown = m_shown[size_t(series)];
   shown = !shown;
 }
 
-void ChartData::toggle(const QString& key) {
+void ChartFigures::toggle(const QString& key) {
   for (const Series series : all)
     if (enumName(series) == key) toggle(series);
 }
 
-QVariantList ChartData::series() const {
+QVariantList ChartFigures::series() const {
   QVariantList list;
   for (const Series series : all) {
     const auto at = size_t(series);

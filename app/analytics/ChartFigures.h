@@ -20,7 +20,7 @@ Q_ENUM_NS(Series)
 using Charts::Series;
 
 /// Days of sending as the chart takes them, and which of the series the person wants to see.
-class ChartData {
+class ChartFigures {
  public:
   static constexpr std::array all{Series::sent, Series::opens, Series::replies, Series::clicks};
 
