@@ -66,7 +66,7 @@ class APIError final : public std::exception {
   std::optional<QString> code() const;
   /// Seconds, of `rateLimited`.
   std::optional<double> retryAfter() const { return m_retryAfter; }
-  /// The document of a `problem`; empty for every other kind.
+  /// What the service said of a `problem`, as it came; empty for every other kind.
   const Problem& problem() const { return m_problem; }
   /// The status of `server`; 0 for every other kind.
   int status() const { return m_status; }
