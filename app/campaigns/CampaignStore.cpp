@@ -45,6 +45,8 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
       m_campaign(
           services.clock, [this] { return m_api.send(Requests::getCampaign(m_id)); },
           [](const Campaign&) { return false; }),
+      m_context{
+          m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
@@ -107,6 +109,10 @@ QVariantList CampaignStore::tabs() const {
   if (parentId().isEmpty()) tabs.append(tab(Tab::subsequences, u"Subsequences"_s));
   tabs.append(tab(Tab::stats, u"Stats"_s));
   return tabs;
+}
+
+void CampaignStore::setCanWrite(bool canWrite) {
+  if (std::exchange(m_canWrite, canWrite) != canWrite) Q_EMIT changed();
 }
 
 void CampaignStore::ensureLoaded() {

@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/campaigns/CampaignContext.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
 #include "app/shell/NameForm.h"
@@ -30,6 +31,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
+  Q_PROPERTY(bool canWrite READ canWrite NOTIFY changed)
 
  public:
   enum class Tab { sequence, leads, settings, subsequences, stats };
@@ -61,6 +63,10 @@ class CampaignStore final : public Store {
 
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }
+
+  /// The person may change things here, and is not only let to look.
+  bool canWrite() const { return m_canWrite; }
+  void setCanWrite(bool canWrite);
 
   /// Loads when first shown; later calls do nothing.
   Q_INVOKABLE void ensureLoaded();
@@ -100,9 +106,11 @@ class CampaignStore final : public Store {
   BusySet m_busy;
   Actions m_actions;
   Resource<Campaign> m_campaign;
+  CampaignContext m_context;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;
+  bool m_canWrite = true;
 };
 
 }  // namespace orv

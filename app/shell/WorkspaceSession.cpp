@@ -1,5 +1,7 @@
 #include "app/shell/WorkspaceSession.h"
 
+#include "app/shell/RoleGate.h"
+
 namespace orv {
 
 WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, APITransport& transport,
@@ -19,6 +21,7 @@ void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
   if (m_workspace == workspace) return;
   m_workspace = workspace;
   m_campaigns.setWorkspace(workspace);
+  for (const QString& id : m_campaignStores.keys()) m_campaignStores.find(id)->setCanWrite(canWrite(workspace.role));
   Q_EMIT workspaceChanged();
 }
 
@@ -35,8 +38,10 @@ DashboardStore* WorkspaceSession::dashboard() {
 CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
   // QML deletes what a call hands it, unless that has a parent.
   return m_campaignStores.open(id, [this, &id] {
-    return new CampaignStore(
+    auto* store = new CampaignStore(
         id, m_api, m_services, [this] { m_campaigns.reload(); }, this);
+    store->setCanWrite(canWrite(m_workspace.role));
+    return store;
   });
 }
 

@@ -78,7 +78,7 @@ Item {
         spacing: 8
 
         OrvButton {
-            visible: root.action !== ""
+            visible: root.action !== "" && root.store.canWrite
             kind: root.action === "launch" ? "primary" : "secondary"
             text: root.action === "pause" ? "Pause" : root.action === "resume" ? "Resume" : "Launch"
             iconName: root.action === "pause" ? "media-playback-pause" : "media-playback-start"
@@ -111,6 +111,7 @@ Item {
 
             OrvMenuItem {
                 text: "Rename"
+                enabled: root.store.canWrite
                 iconName: "document-edit"
                 shortcutText: "F2"
                 onTriggered: root.store.beginRename()
@@ -118,6 +119,7 @@ Item {
 
             OrvMenuItem {
                 text: "Duplicate"
+                enabled: root.store.canWrite
                 iconName: "edit-copy"
                 onTriggered: root.store.duplicate()
             }
@@ -139,6 +141,7 @@ Item {
 
             OrvMenuItem {
                 text: "Delete"
+                enabled: root.store.canWrite
                 iconName: "edit-delete"
                 danger: true
                 onTriggered: root.store.remove()

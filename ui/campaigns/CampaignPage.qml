@@ -10,6 +10,9 @@ FocusScope {
     /// What stands in a tab that does not exist yet.
     required property Component missingTab
 
+    /// By the tab's key.
+    readonly property var tabPages: ({})
+
     signal backRequested()
     signal campaignRequested(id: string)
 
@@ -53,7 +56,7 @@ FocusScope {
 
         Loader {
             anchors.fill: parent
-            sourceComponent: root.missingTab
+            sourceComponent: root.tabPages[root.store.tab] ?? root.missingTab
         }
     }
 
