@@ -47,6 +47,7 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
           [](const Campaign&) { return false; }),
       m_context{
           m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
+      m_sequence(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
@@ -168,10 +169,19 @@ Task<bool> CampaignStore::checkBeforeLaunch() {
   co_return false;
 }
 
+/// What the service launches or copies is what it has, and the person means what they wrote.
+Task<bool> CampaignStore::saveSequence(QString failure) {
+  if (co_await m_sequence.flush()) co_return true;
+  setTab(enumName(Tab::sequence));
+  m_services.toasts.show(failure, Toasts::Tone::error, {}, {}, m_sequence.autosave()->message());
+  co_return false;
+}
+
 Task<void> CampaignStore::launchTask() {
   if (!m_campaign.value()) co_return;
   const auto mark = m_busy.mark(m_id);
   if (!mark) co_return;
+  if (!co_await saveSequence(u"Couldn’t launch the campaign."_s)) co_return;
   const bool resumes = isResume(*m_campaign.value());
   // What keeps a campaign from being launched is the service's to say of one that has been running.
   if (!resumes && !co_await checkBeforeLaunch()) co_return;
@@ -194,8 +204,10 @@ Task<void> CampaignStore::pauseTask() {
 }
 
 Task<void> CampaignStore::duplicateTask() {
-  if (const auto copy =
-          co_await m_actions.perform(m_id, Requests::duplicateCampaign(m_id), u"Couldn’t duplicate the campaign."_s)) {
+  const auto mark = m_busy.mark(m_id);
+  const auto failure = u"Couldn’t duplicate the campaign."_s;
+  if (!mark || !co_await saveSequence(failure)) co_return;
+  if (const auto copy = co_await m_actions.send(Requests::duplicateCampaign(m_id), failure)) {
     m_changedElsewhere();
     m_services.toasts.success(copy->name + u" created"_s);
   }
@@ -233,6 +245,7 @@ void CampaignStore::copyLink() {
 
 void CampaignStore::close() {
   m_campaign.cancel();
+  m_sequence.close();
   Store::close();
 }
 

@@ -3,6 +3,7 @@
 #include <QVariantList>
 
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/SequenceEditor.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
 #include "app/shell/NameForm.h"
@@ -28,6 +29,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(QString mainAction READ mainAction NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* campaign READ campaign CONSTANT)
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
+  Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
@@ -53,6 +55,7 @@ class CampaignStore final : public Store {
   QString mainAction() const;
   Resource<Campaign>* campaign() { return &m_campaign; }
   NameForm* renameForm() { return &m_rename; }
+  SequenceEditor* sequence() { return &m_sequence; }
 
   Tab tab() const { return m_tab; }
   QString tabName() const { return enumName(m_tab); }
@@ -89,6 +92,10 @@ class CampaignStore final : public Store {
   Task<void> removeTask();
   Task<void> restoreTask();
 
+  /// Saves what is unsaved. True when nothing is; this object may go while the task waits, which then gives false.
+  Task<bool> flush() { return m_sequence.flush(); }
+  bool isUnsaved() const { return m_sequence.isUnsaved(); }
+
   void close() override;
 
  Q_SIGNALS:
@@ -97,6 +104,7 @@ class CampaignStore final : public Store {
 
  private:
   Task<bool> checkBeforeLaunch();
+  Task<bool> saveSequence(QString failure);
   void take(const Campaign& campaign);
 
   QString m_id;
@@ -107,6 +115,7 @@ class CampaignStore final : public Store {
   Actions m_actions;
   Resource<Campaign> m_campaign;
   CampaignContext m_context;
+  SequenceEditor m_sequence;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;

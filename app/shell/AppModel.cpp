@@ -35,6 +35,10 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_platform.revealer,  m_platform.preferences,
                  m_platform.baseURL},
       m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
+  m_sessions.onNotSaved = [this](const WorkspaceSession& session) {
+    m_toasts.show(u"A sequence in %1 isn’t saved"_s.arg(session.name()), Toasts::Tone::error, u"Open"_s,
+                  [this, slug = session.slug()] { openWorkspace(slug); });
+  };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
 }
@@ -220,7 +224,29 @@ Task<void> AppModel::clearSession() {
 }
 
 void AppModel::signOut() {
-  if (!m_stored) return;
+  if (m_stored) m_leaving.start(signOutTask());
+}
+
+bool AppModel::mayClose() {
+  if (m_closable || !m_sessions.isUnsaved()) return true;
+  m_leaving.start(closeTask());
+  return false;
+}
+
+Task<bool> AppModel::saveWork(QString title, QString verb) {
+  if (!m_sessions.isUnsaved() || co_await m_sessions.flush()) co_return true;
+  co_return co_await m_overlays.confirm(
+      {title, u"A sequence couldn’t be saved. Its last changes would be lost."_s, verb, u"Cancel"_s, true, {}});
+}
+
+Task<void> AppModel::closeTask() {
+  if (!co_await saveWork(u"Close without saving?"_s, u"Close"_s)) co_return;
+  m_closable = true;
+  Q_EMIT closable();
+}
+
+Task<void> AppModel::signOutTask() {
+  if (!co_await saveWork(u"Sign out without saving?"_s, u"Sign out"_s) || !m_stored) co_return;
   m_farewells.start(logOut(m_stored->token));
   leave();
 }
@@ -242,6 +268,7 @@ void AppModel::endSession(const QString& token) {
 }
 
 void AppModel::leave() {
+  m_leaving.cancel();
   m_account.cancel();
   m_remember.cancel();
   m_overlays.dismissAll();

@@ -84,7 +84,10 @@ class AppModel final : public QObject {
   Appearance* appearance() { return &m_appearance; }
 
   Q_INVOKABLE void openWorkspace(const QString& slug);
+  /// Saves what is unsaved first, and asks when that does not work.
   Q_INVOKABLE void signOut();
+  /// The window wants to close. False when something has to be saved first; closable() tells when that is done.
+  Q_INVOKABLE bool mayClose();
   /// The window became active: workspaces and roles may have changed meanwhile, or the session run out.
   Q_INVOKABLE void refreshAccount();
   /// A sign-out or a save is under way that the person would miss if the program ended now.
@@ -92,6 +95,7 @@ class AppModel final : public QObject {
 
  Q_SIGNALS:
   void changed();
+  void closable();
 
  private:
   Task<void> boot();
@@ -106,6 +110,9 @@ class AppModel final : public QObject {
   void keep();
   Task<void> saveSession(StoredSession session);
   Task<void> clearSession();
+  Task<bool> saveWork(QString title, QString verb);
+  Task<void> signOutTask();
+  Task<void> closeTask();
   Task<void> logOut(QString token);
   void endSession(const QString& token);
   void leave();
@@ -132,6 +139,10 @@ class AppModel final : public QObject {
   TaskSlot m_bootPatience;
   TaskSlot m_account;
   TaskSlot m_remember;
+  /// Saves what is unsaved before the person goes.
+  TaskSlot m_leaving;
+  /// The person was asked whether what could not be saved may go.
+  bool m_closable = false;
   /// Keychain writes, one after the other: a save overtaken by the clear of a sign-out would bring the session back.
   TaskSlot m_keychain;
   TaskScope m_farewells;

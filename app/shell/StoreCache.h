@@ -5,9 +5,14 @@
 #include <QStringList>
 #include <functional>
 
+#include "kit/async/TaskScope.h"
+
 namespace orv {
 
-/// Objects kept warm by key, the oldest evicted beyond a capacity. `T` has close() and is a QObject.
+/// Objects kept warm by key, the oldest evicted beyond a capacity.
+///
+/// `T` is a QObject with close(), isUnsaved() and flush(). One that is evicted with unsaved work is kept aside until
+/// that is saved; when it cannot be saved it stays there, to be opened again, until clear().
 template <class T>
 class StoreCache {
  public:
@@ -18,12 +23,20 @@ class StoreCache {
   StoreCache(qsizetype capacity, Order order) : m_capacity(capacity), m_order(order) {}
   StoreCache(const StoreCache&) = delete;
   StoreCache& operator=(const StoreCache&) = delete;
-  ~StoreCache() { qDeleteAll(m_objects); }
+  ~StoreCache() {
+    m_saving.cancel();
+    qDeleteAll(m_objects);
+    qDeleteAll(m_aside);
+  }
+
+  /// Called for an evicted object whose work could not be saved.
+  std::function<void(const T&)> onNotSaved;
 
   T* open(const QString& key, const std::function<T*()>& make) {
     T* object = m_objects.value(key);
     if (!object) {
-      object = make();
+      object = m_aside.take(key);
+      if (!object) object = make();
       m_objects.insert(key, object);
       m_keys.append(key);
     } else if (m_order == Order::lastOpening) {
@@ -37,9 +50,31 @@ class StoreCache {
   /// Oldest first.
   const QStringList& keys() const { return m_keys; }
 
-  void clear() {
-    while (!m_keys.isEmpty()) evict(m_keys.first());
+  bool isUnsaved() const {
+    const auto unsaved = [](const T* object) { return object->isUnsaved(); };
+    return std::ranges::any_of(m_objects, unsaved) || std::ranges::any_of(m_aside, unsaved);
   }
+
+  /// Saves the work of all; true when nothing is left unsaved.
+  Task<bool> flush() {
+    const QList<T*> all = m_objects.values() + m_aside.values();
+    bool saved = true;
+    for (T* object : all) {
+      const bool isKept = std::ranges::find(m_objects, object) != m_objects.end() ||
+                          std::ranges::find(m_aside, object) != m_aside.end();
+      if (isKept && object->isUnsaved() && !co_await object->flush()) saved = false;
+    }
+    co_return saved;
+  }
+
+  /// Lets go of everything now, unsaved or not.
+  void clear() {
+    m_saving.cancel();
+    m_keys.clear();
+    const QList<T*> all = std::exchange(m_objects, {}).values() + std::exchange(m_aside, {}).values();
+    for (T* object : all) drop(object);
+  }
+  void evictAll() { keepOnly({}); }
   void keepOnly(const QString& key) {
     const QStringList keys = m_keys;
     for (const QString& other : keys)
@@ -50,6 +85,24 @@ class StoreCache {
   void evict(const QString& key) {
     m_keys.removeOne(key);
     T* object = m_objects.take(key);
+    if (!object->isUnsaved()) return drop(object);
+    m_aside.insert(key, object);
+    m_saving.start(saveAside(key, object));
+  }
+
+  Task<void> saveAside(QString key, T* object) {
+    const bool saved = co_await object->flush();
+    // Opened again meanwhile.
+    if (m_aside.value(key) != object) co_return;
+    if (!saved) {
+      if (onNotSaved) onNotSaved(*object);
+      co_return;
+    }
+    m_aside.remove(key);
+    drop(object);
+  }
+
+  static void drop(T* object) {
     object->close();
     object->deleteLater();
   }
@@ -58,6 +111,9 @@ class StoreCache {
   Order m_order;
   QMap<QString, T*> m_objects;
   QStringList m_keys;
+  /// Evicted, and not saved yet.
+  QMap<QString, T*> m_aside;
+  TaskScope m_saving;
 };
 
 }  // namespace orv

@@ -2,6 +2,8 @@
 
 #include "app/shell/RoleGate.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace orv {
 
 WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, APITransport& transport,
@@ -15,6 +17,10 @@ WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, AP
       m_campaignStores(campaignStoresAtMost, StoreCache<CampaignStore>::Order::firstOpening) {
   m_api.onUnauthorized(std::move(sessionEnded));
   m_campaigns.setWorkspace(m_workspace);
+  m_campaignStores.onNotSaved = [this](const CampaignStore& store) {
+    m_services.toasts.show(u"The sequence of “%1” isn’t saved"_s.arg(store.name()), Toasts::Tone::error, u"Open"_s,
+                           [&router = m_services.router, id = store.id()] { router.openCampaign(id); });
+  };
 }
 
 void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
@@ -46,7 +52,7 @@ CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
 }
 
 void WorkspaceSession::trim() {
-  m_campaignStores.clear();
+  m_campaignStores.evictAll();
   Q_EMIT campaignStoresDropped();
 }
 

@@ -52,6 +52,11 @@ class WorkspaceSession final : public QObject {
 
   const QSet<QString>& featuresOff() const { return m_featuresOff; }
 
+  /// Work that the service does not have yet.
+  bool isUnsaved() const { return m_campaignStores.isUnsaved(); }
+  /// Saves it; true when nothing is left.
+  Task<bool> flush() { return m_campaignStores.flush(); }
+
   /// Under memory pressure: lets go of what can be loaded again.
   void trim();
   /// Stops all requests; nothing of this session is applied any more.

@@ -39,6 +39,16 @@ APIError error(APIError::Kind kind) { return APIError::of(kind); }
 
 }  // namespace
 
+struct Kept final : Store {
+  QStringList& closed;
+  /// Set while there is something to save; gives how that ends.
+  std::optional<OneShot<bool>> saved;
+  Kept(QString key, QStringList& log) : closed(log) { setObjectName(key); }
+  void close() override { closed.append(objectName()); }
+  bool isUnsaved() const { return saved.has_value(); }
+  Task<bool> flush() { co_return co_await saved->wait(); }
+};
+
 class ShellTest : public QObject {
   Q_OBJECT
 
@@ -289,11 +299,6 @@ class ShellTest : public QObject {
   }
 
   void cachesEvictByTheirOwnOrder() {
-    struct Kept final : Store {
-      QStringList& closed;
-      Kept(QString key, QStringList& log) : closed(log) { setObjectName(key); }
-      void close() override { closed.append(objectName()); }
-    };
     QStringList closed;
     const auto open = [&](StoreCache<Kept>& cache, const QString& keys) {
       for (const QChar key : keys) cache.open(key, [&] { return new Kept(key, closed); });
@@ -306,6 +311,46 @@ class ShellTest : public QObject {
     QCOMPARE(closed, (QStringList{u"B"_s, u"A"_s}));
     byFirstOpening.keepOnly(u"C"_s);
     QCOMPARE(byFirstOpening.keys(), QStringList{u"C"_s});
+    settle();
+  }
+
+  void cachesKeepUnsavedWork() {
+    QStringList closed, notSaved;
+    StoreCache<Kept> cache(1, StoreCache<Kept>::Order::firstOpening);
+    cache.onNotSaved = [&](const Kept& kept) { notSaved.append(kept.objectName()); };
+    const auto open = [&](const QString& key) { return cache.open(key, [&] { return new Kept(key, closed); }); };
+    const auto openUnsaved = [&](const QString& key) {
+      Kept* kept = open(key);
+      kept->saved.emplace();
+      return kept;
+    };
+
+    Kept* a = openUnsaved(u"A"_s);
+    open(u"B"_s);
+    QCOMPARE(closed, QStringList());
+    QVERIFY(cache.isUnsaved());
+    a->saved->give(true);
+    QCOMPARE(closed, QStringList{u"A"_s});
+
+    // Opened again while it was being saved: it is the same one, and stays.
+    Kept* c = openUnsaved(u"C"_s);
+    openUnsaved(u"D"_s);
+    QCOMPARE(open(u"C"_s), c);
+    const auto first = *c->saved;
+    c->saved.emplace();
+    OneShot<bool>(first).give(true);
+    QCOMPARE(cache.keys(), QStringList{u"C"_s});
+    QVERIFY(!closed.contains(u"C"_s));
+
+    // D is aside and cannot be saved: it is told of and kept until everything goes.
+    cache.open(u"D"_s, [] { return nullptr; })->saved->give(false);
+    open(u"E"_s);
+    QCOMPARE(notSaved, QStringList{u"D"_s});
+    QVERIFY(cache.isUnsaved());
+    closed.clear();
+    cache.clear();
+    closed.sort();
+    QCOMPARE(closed, (QStringList{u"C"_s, u"D"_s, u"E"_s}));
     settle();
   }
 

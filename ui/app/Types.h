@@ -101,6 +101,34 @@ struct RouterType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct SequenceAutosaveType {
+  Q_GADGET
+  QML_FOREIGN(orv::SequenceAutosave)
+  QML_NAMED_ELEMENT(SequenceAutosave)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SequenceEditorType {
+  Q_GADGET
+  QML_FOREIGN(orv::SequenceEditor)
+  QML_NAMED_ELEMENT(SequenceEditor)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SequencePreviewType {
+  Q_GADGET
+  QML_FOREIGN(orv::SequencePreview)
+  QML_NAMED_ELEMENT(SequencePreview)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct TestEmailFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::TestEmailForm)
+  QML_NAMED_ELEMENT(TestEmailForm)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct SignInModelType {
   Q_GADGET
   QML_FOREIGN(orv::SignInModel)

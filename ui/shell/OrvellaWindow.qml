@@ -20,6 +20,17 @@ Window {
     color: Theme.surface
     title: shell.view !== null ? shell.view.title : "Orvella"
 
+    // What somebody wrote is saved first; a second wish to close is no other one.
+    onClosing: close => close.accepted = app.mayClose()
+
+    Connections {
+        target: root.app
+
+        function onClosable() {
+            root.close();
+        }
+    }
+
     onActiveChanged: {
         if (active)
             app.refreshAccount();

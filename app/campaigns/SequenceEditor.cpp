@@ -1,0 +1,288 @@
+#include "app/campaigns/SequenceEditor.h"
+
+#include <QPointer>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+/// What every lead can have, whatever the service says of this campaign's.
+const QList<std::pair<QString, QString>>& standardVariables() {
+  static const QList<std::pair<QString, QString>> variables{
+      {u"firstName"_s, u"First name"_s},
+      {u"lastName"_s, u"Last name"_s},
+      {u"email"_s, u"Email address"_s},
+      {u"company"_s, u"Company"_s},
+      {u"title"_s, u"Job title"_s},
+      {u"website"_s, u"Website"_s},
+      {u"accountSignature"_s, u"Signature of the sending inbox"_s}};
+  return variables;
+}
+
+QVariantMap variableOption(const QString& name, const QString& text, const QString& group) {
+  return {{u"name"_s, name}, {u"text"_s, text}, {u"group"_s, group}};
+}
+
+}  // namespace
+
+SequenceEditor::SequenceEditor(CampaignContext& context, QObject* parent)
+    : Store(parent),
+      m_context(context),
+      m_autosave(context.services.clock,
+                 [&context](StepsBody body) { return context.api.send(Requests::saveSteps(context.id, body)); }),
+      m_preview(context, m_autosave.draft()),
+      m_testEmail(
+          context, [this] { return emailShown(); }, [this] { return flush(); }) {
+  connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
+  connect(&m_autosave, &SequenceAutosave::saved, this, &SequenceEditor::takeSaved);
+  connect(m_preview.answer(), &ResourceBase::valueChanged, this, &SequenceEditor::collectVariables);
+  collectVariables();
+}
+
+/// Changes the draft and brings everything that shows it up to date.
+template <class Change>
+auto SequenceEditor::edit(Change&& change) {
+  if constexpr (std::is_void_v<decltype(change(std::declval<SequenceDraft&>()))>) {
+    m_autosave.edit(std::forward<Change>(change));
+    follow();
+  } else {
+    auto result = m_autosave.edit(std::forward<Change>(change));
+    follow();
+    return result;
+  }
+}
+
+void SequenceEditor::takeLoaded() {
+  const Campaign& campaign = *m_context.campaign.value();
+  // The answer to something that was asked before the last save knows an older sequence.
+  if (m_savedVersion && campaign.version && *campaign.version < *m_savedVersion) return;
+  const QString subjectBefore = subject(), bodyBefore = body(), variantBefore = m_shown.variant;
+  m_autosave.take(campaign);
+  follow();
+  if (m_shown.variant == variantBefore && (subject() != subjectBefore || body() != bodyBefore)) Q_EMIT textShown();
+}
+
+void SequenceEditor::takeSaved(const Campaign& campaign) {
+  m_savedVersion = campaign.version;
+  m_context.campaign.update([&campaign](Campaign& shown) { shown = campaign; });
+  follow();
+}
+
+const DraftStep* SequenceEditor::step() const {
+  const qsizetype at = draft().placeOf(m_step);
+  return at < 0 ? nullptr : &draft().steps()[at];
+}
+
+const DraftVariant* SequenceEditor::variant() const {
+  const DraftStep* shown = step();
+  return shown ? &shown->variants[shown->shown] : nullptr;
+}
+
+QString SequenceEditor::subject() const { return variant() ? variant()->subject : QString(); }
+QString SequenceEditor::body() const { return variant() ? variant()->body : QString(); }
+
+/// Whoever's email is gone writes on in the one that took its place.
+void SequenceEditor::keepSelection() {
+  const auto& steps = draft().steps();
+  if (steps.isEmpty()) {
+    m_step = {};
+  } else if (draft().placeOf(m_step) < 0) {
+    m_step = steps[std::clamp<qsizetype>(m_place, 0, steps.size() - 1)].key;
+  }
+  if (const qsizetype at = draft().placeOf(m_step); at >= 0) m_place = at;
+}
+
+SequenceEditor::Shown SequenceEditor::shownNow() const {
+  Shown shown;
+  shown.steps = draft().steps().size();
+  const DraftStep* current = step();
+  if (!current) return shown;
+  const DraftVariant& text = *variant();
+  shown.step = current->key.toString();
+  shown.place = draft().placeOf(m_step);
+  shown.title = u"Email %1"_s.arg(shown.place + 1);
+  shown.waitDays = int(current->waitDays());
+  shown.sameThread = current->sameThread;
+  shown.repliesInThread = draft().repliesInThread(shown.place);
+  shown.canAddVariant = current->canAddVariant();
+  shown.variant = text.key.toString();
+  shown.letter = text.label;
+  shown.weight = int(text.weight);
+  shown.enabled = text.enabled;
+  for (const DraftVariant& one : current->variants)
+    shown.variants.append(
+        QVariantMap{{u"key"_s, one.key.toString()},
+                    {u"label"_s, one.label},
+                    {u"enabled"_s, one.enabled},
+                    {u"share"_s, one.enabled ? QString::number(current->sharePercent(one)) + u'%' : u"is off"_s}});
+  return shown;
+}
+
+void SequenceEditor::follow() {
+  keepSelection();
+  const Campaign* campaign = m_context.campaign.value();
+  m_rows.update(
+      stepRows(draft(), campaign ? campaign->steps.value_or(QList<CampaignStep>()) : QList<CampaignStep>(), m_step));
+  m_preview.draftChanged();
+  Shown shown = shownNow();
+  if (shown == m_shown) return;
+  const bool isOtherText = shown.variant != m_shown.variant || shown.repliesInThread != m_shown.repliesInThread;
+  m_shown = std::move(shown);
+  m_preview.follow(std::max<qsizetype>(m_shown.place, 0), m_shown.letter);
+  Q_EMIT changed();
+  if (isOtherText) Q_EMIT textShown();
+}
+
+void SequenceEditor::select(const QString& step) {
+  const QUuid key(step);
+  if (draft().placeOf(key) < 0) return;
+  m_step = key;
+  follow();
+}
+
+void SequenceEditor::selectPlace(int place) {
+  if (place >= 0 && place < stepCount()) select(draft().steps()[place].key.toString());
+}
+
+void SequenceEditor::insertStep(int place) {
+  // Shown from the first moment on: what changes with it is told once.
+  m_autosave.edit([this, place](SequenceDraft& draft) { m_step = draft.insertStep(place); });
+  follow();
+}
+
+void SequenceEditor::removeStep(const QString& step) {
+  const QUuid key(step);
+  const qsizetype place = draft().placeOf(key);
+  if (!edit([&key](SequenceDraft& draft) { return draft.removeStep(key); })) return;
+  m_context.services.toasts.show(u"Email %1 removed"_s.arg(place + 1), Toasts::Tone::standard, u"Undo"_s,
+                                 [editor = QPointer(this), key] {
+                                   if (!editor) return;
+                                   editor->m_autosave.edit([&key](SequenceDraft& draft) { draft.restoreStep(key); });
+                                   editor->m_step = key;
+                                   editor->follow();
+                                 });
+}
+
+void SequenceEditor::setWaitDays(int days) {
+  edit([this, days](SequenceDraft& draft) { draft.setWaitDays(m_step, days); });
+}
+
+void SequenceEditor::setSameThread(bool sameThread) {
+  edit([this, sameThread](SequenceDraft& draft) { draft.setSameThread(m_step, sameThread); });
+}
+
+void SequenceEditor::showVariant(const QString& variant) {
+  const DraftStep* current = step();
+  if (!current) return;
+  const auto found = std::ranges::find(current->variants, QUuid(variant), &DraftVariant::key);
+  if (found == current->variants.end()) return;
+  const qsizetype index = found - current->variants.begin();
+  edit([this, index](SequenceDraft& draft) { draft.show(m_step, index); });
+}
+
+void SequenceEditor::addVariant() {
+  const QUuid added = edit([this](SequenceDraft& draft) { return draft.addVariant(m_step); });
+  if (!added.isNull()) showVariant(added.toString());
+}
+
+void SequenceEditor::removeVariant(const QString& variant) {
+  const QUuid key(variant);
+  const DraftVariant* gone = draft().variant(key);
+  if (!gone) return;
+  const QString label = gone->label;
+  if (!edit([&key](SequenceDraft& draft) { return draft.removeVariant(key); })) return;
+  m_context.services.toasts.show(u"Variant %1 removed"_s.arg(label), Toasts::Tone::standard, u"Undo"_s,
+                                 [editor = QPointer(this), key] {
+                                   if (!editor) return;
+                                   editor->edit([&key](SequenceDraft& draft) { draft.restoreVariant(key); });
+                                   editor->showVariant(key.toString());
+                                 });
+}
+
+void SequenceEditor::setWeight(int weight) {
+  if (const DraftVariant* shown = variant())
+    edit([key = shown->key, weight](SequenceDraft& draft) { draft.setWeight(key, weight); });
+}
+
+void SequenceEditor::setEnabled(bool enabled) {
+  if (const DraftVariant* shown = variant())
+    edit([key = shown->key, enabled](SequenceDraft& draft) { draft.setEnabled(key, enabled); });
+}
+
+void SequenceEditor::setSubject(const QString& subject) {
+  // The field of a reply shows nothing because there is nothing to write.
+  if (const DraftVariant* shown = variant(); shown && !m_shown.repliesInThread)
+    edit([key = shown->key, &subject](SequenceDraft& draft) { draft.setSubject(key, subject); });
+}
+
+void SequenceEditor::setBody(const QString& body) {
+  if (const DraftVariant* shown = variant())
+    edit([key = shown->key, &body](SequenceDraft& draft) { draft.setBody(key, body); });
+}
+
+Task<void> SequenceEditor::spinTask(QString field) {
+  const DraftVariant* shown = variant();
+  if (!shown || !m_spinning.isEmpty()) co_return;
+  const QUuid key = shown->key;
+  const bool isSubject = field == "subject"_L1;
+  const QString before = isSubject ? shown->subject : shown->body;
+  if (before.trimmed().isEmpty()) {
+    m_context.services.toasts.show(u"Write the email first, then spin it"_s);
+    co_return;
+  }
+  m_spinning = field;
+  Q_EMIT spinningChanged();
+  std::optional<SpintaxOut> spun;
+  try {
+    spun = co_await m_context.api.send(Requests::spinText({before, field}));
+  } catch (const APIError& error) {
+    m_context.services.toasts.failure(u"Couldn’t add spintax."_s, error);
+  }
+  m_spinning.clear();
+  Q_EMIT spinningChanged();
+  if (!spun) co_return;
+  // Nobody could take it back where another text stands in the field by now.
+  const DraftVariant* now = variant();
+  if (!now || now->key != key || (isSubject ? now->subject : now->body) != before) {
+    m_context.services.toasts.show(u"The email changed while it was spinning. Try again."_s);
+    co_return;
+  }
+  isSubject ? setSubject(spun->text) : setBody(spun->text);
+  Q_EMIT textSpun(field, spun->text);
+  m_context.services.toasts.success(u"Spintax added. ⌘Z takes it back out."_s);
+}
+
+void SequenceEditor::collectVariables() {
+  QVariantList variables;
+  for (const auto& [name, text] : standardVariables()) variables.append(variableOption(name, text, {}));
+  const PreviewResponse* answer = m_preview.response();
+  if (answer && answer->variables) {
+    for (const auto& variable : *answer->variables) {
+      const auto isThis = [&variable](const auto& known) { return known.first == variable.name; };
+      if (std::ranges::any_of(standardVariables(), isThis)) continue;
+      const bool isStandard = variable.standard.value_or(false);
+      const QString text = variable.description.value_or(variable.value.value_or(QString()));
+      variables.append(variableOption(variable.name, text, isStandard ? QString() : u"From your leads"_s));
+    }
+  }
+  if (variables == m_variables) return;
+  m_variables = variables;
+  Q_EMIT variablesChanged();
+}
+
+std::optional<TestEmailForm::Email> SequenceEditor::emailShown() const {
+  const DraftVariant* shown = variant();
+  if (!shown) return std::nullopt;
+  return TestEmailForm::Email{place() + 1, shown->label,       shown->id,           shown->subject,
+                              shown->body, m_preview.leadId(), m_preview.leadName()};
+}
+
+void SequenceEditor::close() {
+  m_autosave.close();
+  m_preview.close();
+  m_testEmail.close();
+  Store::close();
+}
+
+}  // namespace orv

@@ -1,0 +1,197 @@
+#include "app/campaigns/SequencePreview.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+QString nameOf(const CampaignLead& lead) {
+  const QString name = (lead.firstName.value_or(QString()) + u' ' + lead.lastName.value_or(QString())).trimmed();
+  return name.isEmpty() ? lead.email : name;
+}
+
+QString labelOf(const CampaignLead& lead) {
+  const QString company = lead.company.value_or(QString());
+  return company.isEmpty() ? nameOf(lead) : nameOf(lead) + u" · "_s + company;
+}
+
+}  // namespace
+
+SequencePreview::SequencePreview(CampaignContext& context, const SequenceDraft& draft, QObject* parent)
+    : Store(parent),
+      m_context(context),
+      m_draft(draft),
+      m_answer(
+          context.services.clock, [this] { return load(); },
+          [](const PreviewResponse& answer) { return answer.steps.isEmpty(); }),
+      m_leads(
+          context.services.clock,
+          [this] {
+            return m_context.api.send(Requests::listLeads(m_context.id, {leadsAtMost, {}, false, {}}));
+          },
+          [](const LeadPage& page) { return page.items.isEmpty(); }) {
+  connect(&m_answer, &ResourceBase::changed, this, &SequencePreview::changed);
+  connect(&m_answer, &ResourceBase::valueChanged, this, [this] { m_refreshError.clear(); });
+  connect(&m_answer, &ResourceBase::refreshFailed, this, [this](const APIError& error) {
+    m_refreshError = error.message();
+    Q_EMIT changed();
+  });
+  connect(&m_leads, &ResourceBase::changed, this, &SequencePreview::changed);
+}
+
+Task<PreviewResponse> SequencePreview::load() {
+  PreviewBody body;
+  if (!m_chosenLead.isEmpty()) body.leadId = m_chosenLead;
+  body.steps = m_draft.inputs();
+  m_askedRevision = m_draft.revision();
+  co_return co_await m_context.api.send(Requests::previewCampaign(m_context.id, body));
+}
+
+void SequencePreview::setWatched(bool watched) {
+  if (std::exchange(m_watched, watched) == watched) return;
+  if (watched && m_askedRevision != m_draft.revision()) ask();
+  // Leads come and go in another tab.
+  if (watched) m_leads.load();
+  if (!watched) m_wait.reset();
+  Q_EMIT changed();
+}
+
+void SequencePreview::ask() {
+  m_wait.reset();
+  // Nothing to render yet, or nothing any more: the service is not asked about that.
+  if (m_draft.steps().isEmpty()) return;
+  m_answer.load();
+}
+
+void SequencePreview::draftChanged() {
+  if (!m_watched || m_askedRevision == m_draft.revision()) return;
+  m_wait = m_context.services.clock.startTimer(wait, [this] { ask(); });
+}
+
+void SequencePreview::follow(qsizetype place, const QString& letter) {
+  m_place = place;
+  m_letter = letter;
+  draftChanged();
+  Q_EMIT changed();
+}
+
+QString SequencePreview::title() const {
+  if (m_draft.steps().isEmpty()) return u"Preview"_s;
+  return u"Preview · email %1 of %2"_s.arg(m_place + 1).arg(m_draft.steps().size());
+}
+
+QVariantList SequencePreview::leads() const {
+  QVariantList options;
+  if (const LeadPage* page = m_leads.value())
+    for (const CampaignLead& lead : page->items)
+      options.append(QVariantMap{{u"key"_s, lead.id}, {u"label"_s, labelOf(lead)}});
+  if (options.isEmpty())
+    options.append(
+        QVariantMap{{u"key"_s, QString()}, {u"label"_s, u"Sample lead (add leads to preview a real one)"_s}});
+  // The service may have chosen one that is not among the first.
+  else if (!lead().isEmpty() && !listed(lead()))
+    options.prepend(QVariantMap{{u"key"_s, lead()}, {u"label"_s, to()}});
+  return options;
+}
+
+const CampaignLead* SequencePreview::listed(const QString& id) const {
+  const LeadPage* page = m_leads.value();
+  if (!page) return nullptr;
+  const auto found = std::ranges::find(page->items, id, &CampaignLead::id);
+  return found == page->items.end() ? nullptr : &*found;
+}
+
+QString SequencePreview::lead() const {
+  if (!m_chosenLead.isEmpty()) return m_chosenLead;
+  const PreviewResponse* answer = response();
+  return answer && answer->lead ? answer->lead->id.value_or(QString()) : QString();
+}
+
+void SequencePreview::setLead(const QString& id) {
+  if (id == lead()) return;
+  m_chosenLead = id;
+  m_wait.reset();
+  if (!m_draft.steps().isEmpty()) m_answer.ask();
+  Q_EMIT changed();
+}
+
+std::optional<QString> SequencePreview::leadId() const {
+  const QString id = lead();
+  return id.isEmpty() ? std::nullopt : std::optional(id);
+}
+
+QString SequencePreview::leadName() const {
+  if (lead().isEmpty()) return {};
+  const CampaignLead* known = listed(lead());
+  return known ? nameOf(*known) : to();
+}
+
+QString SequencePreview::from() const {
+  const PreviewResponse* answer = response();
+  if (!answer || !answer->sender) return {};
+  const QString name = answer->sender->displayName.value_or(QString());
+  return name.isEmpty() ? answer->sender->address : name + u", "_s + answer->sender->address;
+}
+
+QString SequencePreview::to() const {
+  const PreviewResponse* answer = response();
+  return answer && answer->lead ? answer->lead->email : QString();
+}
+
+const PreviewResponse::Step* SequencePreview::step() const {
+  const PreviewResponse* answer = response();
+  if (!answer) return nullptr;
+  const auto found = std::ranges::find(answer->steps, m_place + 1, &PreviewResponse::Step::position);
+  return found == answer->steps.end() ? nullptr : &*found;
+}
+
+/// The one that the editor shows.
+const PreviewResponse::Variant* SequencePreview::variant() const {
+  const auto* shown = step();
+  if (!shown || shown->variants.isEmpty()) return nullptr;
+  const auto found = std::ranges::find(shown->variants, m_letter, &PreviewResponse::Variant::label);
+  return found == shown->variants.end() ? &shown->variants.first() : &*found;
+}
+
+QString SequencePreview::subject() const {
+  const auto* shown = variant();
+  if (!shown) return {};
+  if (m_draft.steps().size() > m_place && m_draft.repliesInThread(m_place) && shown->subject.isEmpty())
+    return u"Re: same thread"_s;
+  return shown->subject.isEmpty() ? u"(no subject)"_s : shown->subject;
+}
+
+QString SequencePreview::body() const { return variant() ? variant()->body : QString(); }
+QString SequencePreview::letter() const { return variant() ? variant()->label : QString(); }
+
+QString SequencePreview::pickedText() const {
+  const auto* shown = step();
+  if (!shown || !variant()) return {};
+  if (variant()->picked) return u"picked for this lead"_s;
+  const auto picked = std::ranges::find(shown->variants, true, &PreviewResponse::Variant::picked);
+  return picked == shown->variants.end() ? QString() : u"this lead gets variant "_s + picked->label;
+}
+
+QStringList SequencePreview::warnings() const {
+  const auto* shown = step();
+  if (!shown) return {};
+  QStringList lines;
+  for (const auto& one : shown->variants)
+    for (const QString& warning : one.warnings)
+      lines.append(shown->variants.size() > 1 ? one.label + u": "_s + warning : warning);
+  return lines;
+}
+
+QString SequencePreview::message() const {
+  const QString reason = m_answer.message().isEmpty() ? m_refreshError : m_answer.message();
+  return reason.isEmpty() ? QString() : u"Preview failed. "_s + reason;
+}
+
+void SequencePreview::close() {
+  m_wait.reset();
+  m_answer.cancel();
+  m_leads.cancel();
+  Store::close();
+}
+
+}  // namespace orv
