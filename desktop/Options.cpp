@@ -21,9 +21,10 @@ Options Options::parse(int argc, char** argv) {
   const QCommandLineOption fresh(u"fresh"_s, u"Starts signed out and leaves the keyring alone."_s);
   const QCommandLineOption render(u"render"_s, u"Renders every page and state to PNG files in a folder, and ends."_s,
                                   u"folder"_s);
+  const QCommandLineOption scenes(u"scenes"_s, u"Renders only the pages whose names begin like this."_s, u"prefix"_s);
   QCommandLineOption untilContent(u"until-content"_s);
   untilContent.setFlags(QCommandLineOption::HiddenFromHelp);
-  parser.addOptions({help, version, demo, campaigns, fresh, render, untilContent});
+  parser.addOptions({help, version, demo, campaigns, fresh, render, scenes, untilContent});
   parser.addPositionalArgument(u"link"_s, u"A sign-in link."_s, u"[link]"_s);
 
   const bool parsed = parser.parse(words);
@@ -39,8 +40,10 @@ Options Options::parse(int argc, char** argv) {
     QTextStream(stdout) << "Orvella " << ORVELLA_VERSION << '\n';
     std::exit(0);
   }
-  return {parser.isSet(demo),   parser.value(campaigns).toInt(), parser.isSet(fresh), parser.isSet(untilContent),
-          parser.value(render), parser.positionalArguments()};
+  return {parser.isSet(demo),          parser.value(campaigns).toInt(),
+          parser.isSet(fresh),         parser.isSet(untilContent),
+          parser.value(render),        parser.value(scenes),
+          parser.positionalArguments()};
 }
 
 }  // namespace orv

@@ -17,6 +17,8 @@ struct Options {
   bool untilContent = false;
   /// Where to render every page and state instead of opening a window; empty to open one.
   QString renderFolder;
+  /// What the names of the rendered pages begin with.
+  QString scenes;
   /// Links and whatever else stands after the options.
   QStringList arguments;
 

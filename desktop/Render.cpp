@@ -160,6 +160,48 @@ QList<Scene> campaignScenes() {
   };
 }
 
+SequenceEditor& openSequence(Stage& stage, const QString& status) {
+  CampaignStore& campaign = openCampaign(stage, status);
+  stage.settle();
+  return *campaign.sequence();
+}
+
+QList<Scene> sequenceScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"campaign-sequence-second"_s, true, [](Stage& s) { openSequence(s, u"running"_s).selectPlace(1); }},
+      {u"campaign-sequence-variants"_s, true,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"paused"_s);
+         editor.addVariant();
+         editor.setSubject(u"Another way to say it, {{firstName}}"_s);
+         editor.setBody(u"{Hi|Hello} {{firstName}},\n\nQuick question about {{company}}.\n\n{{accountSignature}}"_s);
+         editor.addVariant();
+         editor.setEnabled(false);
+       }},
+      {u"campaign-sequence-typing"_s, true,
+       [](Stage& s) {
+         openSequence(s, u"draft"_s).insertStep(1);
+         s.settle();
+         s.press(Qt::Key_Tab);
+         s.type(u"Hello {{c"_s);
+       }},
+      {u"campaign-sequence-empty"_s, true,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"draft"_s);
+         while (editor.stepCount() > 0) editor.removeStep(editor.stepKey());
+       }},
+      {u"campaign-sequence-not-saved"_s, true,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"running"_s);
+         s.transport().mode = Mode::failing;
+         editor.setBody(u"Written while the service was down."_s);
+         editor.autosave()->save();
+       }},
+      {u"campaign-sequence-test"_s, true, [](Stage& s) { openSequence(s, u"running"_s).testEmail()->show(); }},
+  };
+}
+
 /// Scenes whose first load already meets the trouble.
 QList<std::pair<QString, StagedTransport::Mode>> firstLoads() {
   using Mode = StagedTransport::Mode;
@@ -171,7 +213,9 @@ QList<std::pair<QString, StagedTransport::Mode>> firstLoads() {
 
 class Renderer {
  public:
-  explicit Renderer(const QDir& folder) : m_folder(folder) { ClientWindow::prepare(m_engine); }
+  Renderer(const QDir& folder, const QString& prefix) : m_folder(folder), m_prefix(prefix) {
+    ClientWindow::prepare(m_engine);
+  }
 
   bool all() {
     for (const QSize& size : {QSize(1024, 700), QSize(1280, 800)})
@@ -184,7 +228,7 @@ class Renderer {
  private:
   bool set(const QSize& size, bool dark) {
     const QString suffix = u"-%1x%2-%3.png"_s.arg(size.width()).arg(size.height()).arg(dark ? u"dark"_s : u"light"_s);
-    for (const Scene& scene : signedOutScenes() + campaignScenes())
+    for (const Scene& scene : signedOutScenes() + campaignScenes() + sequenceScenes())
       if (!shoot(scene, StagedTransport::Mode::passing, size, dark, suffix)) return false;
     for (const auto& [name, mode] : firstLoads())
       if (!shoot({name, true, [](Stage&) {}}, mode, size, dark, suffix)) return false;
@@ -192,6 +236,7 @@ class Renderer {
   }
 
   bool shoot(const Scene& scene, StagedTransport::Mode mode, const QSize& size, bool dark, const QString& suffix) {
+    if (!scene.name.startsWith(m_prefix)) return true;
     Stage stage(m_engine, scene.signedIn, mode, size, dark);
     if (!stage.isReady()) return false;
     scene.play(stage);
@@ -205,19 +250,20 @@ class Renderer {
   }
 
   QDir m_folder;
+  QString m_prefix;
   QQmlEngine m_engine;
   int m_count = 0;
 };
 
 }  // namespace
 
-int renderPages(const QString& folder) {
+int renderPages(const QString& folder, const QString& prefix) {
   const QDir dir(folder);
   if (!dir.mkpath(u"."_s)) {
     QTextStream(stderr) << "The folder " << folder << " can’t be made.\n";
     return 1;
   }
-  Renderer renderer(dir);
+  Renderer renderer(dir, prefix);
   if (!renderer.all()) return 1;
   QTextStream(stdout) << renderer.count() << " pictures in " << dir.absolutePath() << '\n';
   return 0;

@@ -182,7 +182,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(u"Orvella"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
   QGuiApplication::setDesktopFileName(applicationId);
-  if (rendering) return renderPages(options.renderFolder);
+  if (rendering) return renderPages(options.renderFolder, options.scenes);
 
   const LogFile log(LogFile::defaultFolder());
   useSoftwareWithoutGraphics();

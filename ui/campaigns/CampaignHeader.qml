@@ -77,6 +77,12 @@ Item {
         y: 12
         spacing: 8
 
+        SaveNote {
+            height: Theme.controlHeight
+            rightPadding: 8
+            autosave: root.store.sequence.autosave
+        }
+
         OrvButton {
             visible: root.action !== "" && root.store.canWrite
             kind: root.action === "launch" ? "primary" : "secondary"

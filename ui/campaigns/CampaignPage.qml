@@ -11,7 +11,9 @@ FocusScope {
     required property Component missingTab
 
     /// By the tab's key.
-    readonly property var tabPages: ({})
+    readonly property var tabPages: ({
+        sequence: sequence
+    })
 
     signal backRequested()
     signal campaignRequested(id: string)
@@ -57,6 +59,15 @@ FocusScope {
         Loader {
             anchors.fill: parent
             sourceComponent: root.tabPages[root.store.tab] ?? root.missingTab
+        }
+    }
+
+    Component {
+        id: sequence
+
+        SequenceTab {
+            editor: root.store.sequence
+            canWrite: root.store.canWrite
         }
     }
 

@@ -1,0 +1,62 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// Whether the service has the sequence as it stands here.
+Row {
+    id: root
+
+    required property SequenceAutosave autosave
+    readonly property string word: autosave.saveState
+    readonly property bool failed: word === "failed"
+
+    spacing: 6
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: autosave.label + (autosave.message !== "" ? ". " + autosave.message : "")
+
+    Item {
+        width: 16
+        height: parent.height
+
+        OrvIcon {
+            anchors.centerIn: parent
+            visible: root.word === "saved" || root.failed
+            size: 14
+            name: root.failed ? "data-error" : "checkmark"
+            color: root.failed ? Theme.negative : Theme.positive
+        }
+
+        OrvBusyRing {
+            anchors.centerIn: parent
+            running: root.word === "saving"
+            color: Theme.text2
+        }
+    }
+
+    Text {
+        height: parent.height
+        verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
+        text: root.autosave.label
+        font: Theme.body
+        color: root.failed ? Theme.negative : Theme.text2
+        Accessible.ignored: true
+
+        HoverHandler {
+            id: hover
+        }
+
+        OrvTooltip {
+            text: root.autosave.message
+            shown: hover.hovered && text !== ""
+        }
+    }
+
+    OrvLink {
+        visible: root.failed
+        height: parent.height
+        text: "Try again"
+        onClicked: root.autosave.save()
+    }
+}

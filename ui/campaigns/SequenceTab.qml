@@ -1,0 +1,89 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The sequence of a campaign: its emails, the one being written, and how that reads for a lead.
+FocusScope {
+    id: root
+
+    required property SequenceEditor editor
+    property bool canWrite: true
+
+    readonly property bool wide: width >= 1000
+    readonly property real previewWidth: width >= 1500 ? 400 : 316
+
+    // Nobody who goes elsewhere has to wait to be sure.
+    Component.onDestruction: editor.autosave.save()
+
+    Timeline {
+        id: timeline
+        width: 264
+        height: parent.height
+        editor: root.editor
+        canWrite: root.canWrite
+        onWriteRequested: writing.startWriting()
+    }
+
+    StepEditor {
+        id: writing
+        x: timeline.width
+        width: root.width - x - (root.wide ? root.previewWidth : 0)
+        height: parent.height
+        focus: true
+        visible: root.editor.stepCount > 0
+        editor: root.editor
+        canWrite: root.canWrite
+        previewButton: !root.wide
+        onPreviewRequested: drawer.shown = true
+    }
+
+    OrvEmpty {
+        x: writing.x
+        width: writing.width
+        height: parent.height
+        visible: root.editor.stepCount === 0
+        iconName: "mail-message"
+        title: "No emails yet"
+        text: "A sequence is one email or more. The first goes out when a lead is added, the others when they don’t reply."
+        actionText: root.canWrite ? "Write the first email" : ""
+        onActionRequested: timeline.insert(0)
+    }
+
+    Loader {
+        x: root.width - width
+        width: root.previewWidth
+        height: parent.height
+        active: root.wide
+        sourceComponent: PreviewPane {
+            editor: root.editor
+
+            Rectangle {
+                width: 1
+                height: parent.height
+                color: Theme.border
+            }
+        }
+    }
+
+    OnDemand {
+        id: drawer
+
+        onShownChanged: follow()
+
+        sourceComponent: OrvDrawer {
+            title: "Preview"
+            onClosed: drawer.shown = false
+
+            PreviewPane {
+                anchors.fill: parent
+                bare: true
+                focus: true
+                editor: root.editor
+            }
+        }
+    }
+
+    TestEmailDialog {
+        form: root.editor.testEmail
+    }
+}

@@ -1,0 +1,136 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// One email being written: its wait, its variants, subject, thread and text.
+FocusScope {
+    id: root
+
+    required property SequenceEditor editor
+    property bool canWrite: true
+    property bool previewButton: false
+
+    signal previewRequested()
+
+    function showText() {
+        subject.show(editor.repliesInThread ? "" : editor.subject);
+        body.show(editor.body);
+    }
+
+    function startWriting() {
+        (editor.repliesInThread ? body : subject).forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    Component.onCompleted: showText()
+
+    Connections {
+        target: root.editor
+
+        function onTextShown() {
+            root.showText();
+        }
+
+        function onTextSpun(field: string, text: string) {
+            (field === "subject" ? subject : body).replace(text);
+        }
+    }
+
+    StepHeader {
+        id: header
+        width: root.width
+        editor: root.editor
+        canWrite: root.canWrite
+    }
+
+    VariantStrip {
+        id: variants
+        y: header.height
+        width: root.width
+        editor: root.editor
+        canWrite: root.canWrite
+    }
+
+    OrvDivider {
+        id: line
+        y: variants.y + variants.height
+        width: root.width
+    }
+
+    Item {
+        id: subjectLine
+        y: line.y + 1
+        width: root.width
+        height: 44
+
+        Text {
+            id: subjectLabel
+            x: 16
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: "Subject"
+            font: Theme.bodyStrong
+            color: Theme.text2
+            Accessible.ignored: true
+        }
+
+        EmailField {
+            id: subject
+            x: subjectLabel.x + subjectLabel.width + 14
+            width: thread.x - x - 12
+            anchors.verticalCenter: parent.verticalCenter
+            singleLine: true
+            font: Theme.body
+            name: "Subject"
+            readOnly: !root.canWrite || root.editor.repliesInThread
+            placeholder: root.editor.repliesInThread ? "Re: same thread (leave empty)" : "Subject"
+            variables: root.editor.variables
+            onEdited: text => root.editor.setSubject(text)
+            onFinished: body.forceActiveFocus(Qt.TabFocusReason)
+            onActiveFocusChanged: if (activeFocus) bar.field = subject
+        }
+
+        OrvButton {
+            id: thread
+            anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
+            enabled: root.canWrite
+            text: root.editor.sameThread ? "Same thread" : "New thread"
+            iconName: root.editor.sameThread ? "mail-reply-sender" : "mail-message"
+            hint: root.editor.sameThread ? "Replies in the same thread. Click for a new thread."
+                                         : "Starts a new thread. Click for the same thread."
+            onClicked: root.editor.setSameThread(!root.editor.sameThread)
+        }
+    }
+
+    OrvDivider {
+        id: subjectDivider
+        y: subjectLine.y + subjectLine.height
+        width: root.width
+    }
+
+    EmailField {
+        id: body
+        y: subjectDivider.y + 1
+        width: root.width
+        height: bar.y - y
+        side: 16
+        focus: true
+        name: "Email text"
+        readOnly: !root.canWrite
+        placeholder: "Hi {{firstName}},\n\nType {{ for a variable…"
+        variables: root.editor.variables
+        onEdited: text => root.editor.setBody(text)
+        onActiveFocusChanged: if (activeFocus) bar.field = body
+    }
+
+    FormatBar {
+        id: bar
+        y: root.height - height
+        width: root.width
+        editor: root.editor
+        field: body
+        canWrite: root.canWrite
+        previewButton: root.previewButton
+        onPreviewRequested: root.previewRequested()
+    }
+}

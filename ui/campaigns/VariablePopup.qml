@@ -1,0 +1,115 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+
+/// The variables to choose from while one is being typed. The keys stay with the field, which hands them on.
+T.Popup {
+    id: root
+
+    /// Maps with name, text and group.
+    property var variables: []
+    /// What was typed of a name.
+    property string typed: ""
+
+    readonly property var matches: variables.filter(variable => variable.name.toLowerCase().includes(typed.toLowerCase()))
+
+    signal chosen(string name)
+
+    function takeKey(event: var) {
+        const down = event.key === Qt.Key_Down, up = event.key === Qt.Key_Up;
+        if (down || up) {
+            list.currentIndex = (list.currentIndex + (down ? 1 : -1) + list.count) % list.count;
+        } else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Tab) {
+            root.chosen(root.matches[list.currentIndex].name);
+        } else {
+            return;
+        }
+        event.accepted = true;
+    }
+
+    width: 288
+    height: Math.min(296, list.contentHeight + topPadding + bottomPadding)
+    padding: 4
+    margins: 8
+    focus: false
+    closePolicy: T.Popup.NoAutoClose
+    onMatchesChanged: list.currentIndex = 0
+
+    background: OrvFloat {}
+
+    contentItem: ListView {
+        id: list
+
+        clip: true
+        model: root.matches
+        boundsBehavior: Flickable.StopAtBounds
+        section.property: "modelData.group"
+        section.delegate: Text {
+            required property string section
+
+            visible: section !== ""
+            height: visible ? 26 : 0
+            leftPadding: 10
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: section
+            font: Theme.microBold
+            color: Theme.text3
+        }
+        Accessible.role: Accessible.List
+        Accessible.name: "Variables"
+
+        delegate: Rectangle {
+            id: entry
+
+            required property var modelData
+            required property int index
+
+            width: list.width
+            height: 30
+            radius: Theme.radiusControl
+            color: ListView.isCurrentItem ? Theme.selected : "transparent"
+
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData.name + (modelData.text !== "" ? ", " + modelData.text : "")
+            Accessible.selected: ListView.isCurrentItem
+            Accessible.onPressAction: root.chosen(modelData.name)
+
+            Text {
+                id: nameText
+                x: 10
+                width: Math.min(implicitWidth, 150)
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: entry.modelData.name
+                font: Theme.bodyStrong
+                color: Theme.text
+                Accessible.ignored: true
+            }
+
+            Text {
+                anchors { left: nameText.right; leftMargin: 10; right: parent.right; rightMargin: 8 }
+                height: parent.height
+                horizontalAlignment: Text.AlignRight
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: entry.modelData.text
+                font: Theme.small
+                color: Theme.text3
+                Accessible.ignored: true
+            }
+
+            HoverHandler {
+                onHoveredChanged: if (hovered) list.currentIndex = entry.index
+            }
+
+            TapHandler {
+                onTapped: root.chosen(entry.modelData.name)
+            }
+        }
+    }
+}

@@ -1,0 +1,168 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+
+/// The variants of an email, the weight of the one shown and whether it is on.
+Item {
+    id: root
+
+    required property SequenceEditor editor
+    property bool canWrite: true
+
+    readonly property var variants: editor.variants
+    readonly property int currentIndex: variants.findIndex(variant => variant.key === editor.variantKey)
+
+    function step(by: int) {
+        const count = variants.length;
+        editor.showVariant(variants[(currentIndex + by + count) % count].key);
+    }
+
+    implicitHeight: 40
+
+    FocusScope {
+        id: strip
+        x: 16
+        width: Math.min(letters.implicitWidth, weight.x - x - 48)
+        height: parent.height
+        activeFocusOnTab: true
+        clip: true
+
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: "Variants"
+        Keys.onLeftPressed: root.step(-1)
+        Keys.onRightPressed: root.step(1)
+        Keys.onDeletePressed: if (root.canWrite) root.editor.removeVariant(root.editor.variantKey)
+
+        Row {
+            id: letters
+            height: parent.height
+            // The one shown is always in sight, however many there are.
+            x: Math.min(0, strip.width - implicitWidth) * (root.variants.length > 1 ? root.currentIndex / (root.variants.length - 1) : 0)
+            spacing: 16
+
+            Repeater {
+                model: root.variants
+
+                T.AbstractButton {
+                    id: tab
+
+                    required property var modelData
+                    readonly property bool current: modelData.key === root.editor.variantKey
+
+                    height: letters.height
+                    implicitWidth: words.implicitWidth + 16
+                    focusPolicy: Qt.NoFocus
+                    text: "Variant " + modelData.label
+
+                    Accessible.role: Accessible.PageTab
+                    Accessible.name: text + ", " + modelData.share
+                    Accessible.selected: current
+                    Accessible.onPressAction: clicked()
+                    onClicked: root.editor.showVariant(modelData.key)
+
+                    contentItem: Row {
+                        id: words
+                        leftPadding: 8
+                        spacing: 6
+
+                        Text {
+                            height: parent.height
+                            verticalAlignment: Text.AlignVCenter
+                            textFormat: Text.PlainText
+                            text: tab.modelData.label
+                            font: tab.current ? Theme.bodyBold : Theme.bodyStrong
+                            color: tab.current || tab.hovered ? Theme.text : Theme.text2
+                        }
+
+                        Text {
+                            height: parent.height
+                            verticalAlignment: Text.AlignVCenter
+                            textFormat: Text.PlainText
+                            text: tab.modelData.share
+                            font: Theme.body
+                            color: tab.modelData.enabled ? Theme.text2 : Theme.text3
+                        }
+                    }
+
+                    background: Item {
+                        Rectangle {
+                            visible: tab.current
+                            y: parent.height - 2
+                            width: parent.width
+                            height: 2
+                            color: Theme.accentText
+                        }
+
+                        FocusRing {
+                            visible: tab.current && strip.activeFocus && InputMode.keyboard
+                            inset: true
+                        }
+                    }
+                }
+            }
+        }
+    }
+
+    OrvButton {
+        id: add
+        visible: root.canWrite && root.editor.canAddVariant
+        x: strip.x + strip.width + 6
+        anchors.verticalCenter: parent.verticalCenter
+        kind: "ghost"
+        size: "small"
+        iconOnly: true
+        iconName: "list-add"
+        text: "Add an A/B variant"
+        onClicked: root.editor.addVariant()
+    }
+
+    Text {
+        anchors { right: weight.left; rightMargin: 8; verticalCenter: parent.verticalCenter }
+        visible: weight.visible
+        textFormat: Text.PlainText
+        text: "Weight"
+        font: Theme.body
+        color: Theme.text2
+        Accessible.ignored: true
+    }
+
+    OrvNumberField {
+        id: weight
+        visible: root.variants.length > 1
+        anchors { right: remove.left; rightMargin: 12; verticalCenter: parent.verticalCenter }
+        width: 96
+        accessibleName: "Weight"
+        enabled: root.canWrite
+        from: 1
+        to: 100
+        value: root.editor.weight
+        onEdited: value => root.editor.setWeight(value)
+    }
+
+    OrvButton {
+        id: remove
+        visible: root.canWrite && root.variants.length > 1
+        anchors { right: enabledSwitch.left; rightMargin: 4; verticalCenter: parent.verticalCenter }
+        kind: "ghost"
+        size: "small"
+        iconOnly: true
+        iconName: "edit-delete"
+        text: "Remove this variant"
+        onClicked: root.editor.removeVariant(root.editor.variantKey)
+    }
+
+    OrvSwitch {
+        id: enabledSwitch
+        visible: root.variants.length > 1
+        anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
+        enabled: root.canWrite
+        checked: root.editor.enabled
+        Accessible.name: "This variant is sent"
+        onToggled: {
+            root.editor.setEnabled(checked);
+            checked = Qt.binding(() => root.editor.enabled);
+        }
+    }
+}
