@@ -23,6 +23,9 @@ Rectangle {
 
             OrvField { width: parent.width; label: "Campaign name"; placeholder: "Fleet maintenance, Benelux" }
             OrvField { width: parent.width; label: "Daily limit"; text: "30"; help: "Most inboxes stay healthy at 30 a day." }
+            OrvNumberField { label: "Daily cap per inbox"; from: 1; to: 500; value: 30; onEdited: number => value = number }
+            OrvNumberField { width: 200; label: "Gap between sends"; suffix: "minutes"; from: 1; to: 1440; keepsText: true; text: "1441"; rangeError: "1 to 1440 minutes" }
+            OrvNumberField { label: "Daily limit"; placeholder: "None"; keepsText: true; clearable: true; enabled: false }
             OrvField { width: parent.width; label: "Work email"; text: "maren@northgate"; error: "That isn’t a whole address." }
             OrvField { width: parent.width; label: "Password"; secret: true; text: "northgate" }
             OrvField { width: parent.width; label: "Off"; text: "Fixed by the owner"; enabled: false }

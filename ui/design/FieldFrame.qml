@@ -1,0 +1,81 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Orvella.Design
+
+/// What every field has around what is typed into: label above, border and halo, help or error below.
+FocusScope {
+    id: root
+
+    property string label: ""
+    property string help: ""
+    property string error: ""
+    /// What is typed into has the caret.
+    property bool caret: false
+    property real frameHeight: Theme.controlHeight
+    /// The label is read out on its own, and not as the name of what is typed into.
+    property bool labelSpeaks: false
+    /// What the field's description says: its error or else its help.
+    readonly property string note: error !== "" ? error : help
+    default property alias content: frame.data
+
+    implicitWidth: 208
+    implicitHeight: frame.y + frame.height + (notes.visible ? notes.implicitHeight + 6 : 0)
+
+    Text {
+        visible: root.label !== ""
+        textFormat: Text.PlainText
+        text: root.label
+        font: Theme.smallStrong
+        color: Theme.text2
+        Accessible.ignored: !root.labelSpeaks
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
+    Rectangle {
+        id: frame
+        y: root.label !== "" ? 22 : 0
+        width: parent.width
+        height: root.frameHeight
+        radius: Theme.radiusControl
+        color: Theme.surface
+        opacity: root.enabled ? 1 : 0.6
+        border.width: 1
+        border.color: root.error !== "" ? Theme.negative : root.caret ? Theme.focus : Theme.borderField
+
+        Rectangle {
+            visible: root.caret
+            anchors.fill: parent
+            anchors.margins: -2
+            radius: parent.radius + 2
+            color: "transparent"
+            border.width: 2
+            border.color: Theme.focusHalo
+        }
+    }
+
+    Row {
+        id: notes
+        readonly property bool failed: root.error !== ""
+        visible: root.note !== ""
+        y: frame.y + frame.height + 6
+        width: parent.width
+        spacing: 8
+        OrvIcon {
+            visible: notes.failed
+            name: "data-error"
+            size: 14
+            color: Theme.negative
+        }
+        Text {
+            width: parent.width - (notes.failed ? 22 : 0)
+            textFormat: Text.PlainText
+            text: root.note
+            font: Theme.small
+            color: notes.failed ? Theme.negative : Theme.text3
+            wrapMode: Text.Wrap
+            Accessible.role: notes.failed ? Accessible.AlertMessage : Accessible.StaticText
+            Accessible.name: text
+        }
+    }
+}
