@@ -65,7 +65,7 @@ QList<CampaignStep> makeSteps(qint64 count, DemoRandom& random) {
     variant.subject = position == 1 ? u"{{company}} and the waiting list"_s : QString();
     variant.body = position == 1 ? u"{Hi|Hello} {{firstName}},\n\ncould we cut your waiting time by a third?"_s
                                  : u"{{firstName}}, is this still on your list?"_s;
-    variant.weight = 100;
+    variant.weight = 1;
     variant.enabled = true;
     step.variants.append(variant);
     steps.append(step);

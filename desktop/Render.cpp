@@ -182,8 +182,8 @@ QList<Scene> sequenceScenes() {
       {u"campaign-sequence-typing"_s, true,
        [](Stage& s) {
          openSequence(s, u"draft"_s).insertStep(1);
-         s.settle();
          s.press(Qt::Key_Tab);
+         s.press(Qt::Key_Return);
          s.type(u"Hello {{c"_s);
        }},
       {u"campaign-sequence-empty"_s, true,

@@ -65,6 +65,8 @@ void SequencePreview::ask() {
 
 void SequencePreview::draftChanged() {
   if (!m_watched || m_askedRevision == m_draft.revision()) return;
+  // The first text there is has nobody typing on it.
+  if (!m_askedRevision) return ask();
   m_wait = m_context.services.clock.startTimer(wait, [this] { ask(); });
 }
 

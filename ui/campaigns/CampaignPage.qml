@@ -58,6 +58,7 @@ FocusScope {
 
         Loader {
             anchors.fill: parent
+            active: root.store.campaign.hasContent
             sourceComponent: root.tabPages[root.store.tab] ?? root.missingTab
         }
     }

@@ -10,7 +10,7 @@ FocusScope {
     property var shortcuts: []
 
     readonly property Router router: app.router
-    readonly property bool railForced: width < 1180
+    readonly property bool railForced: width < 1180 || (width < 1440 && router.page === "campaigns" && router.campaign !== "")
     readonly property string title: page.title + " – " + (app.session !== null ? app.session.name : "") + " – Orvella"
     readonly property bool pageHasFocus: page.activeFocus
 
