@@ -194,8 +194,11 @@ QList<Scene> sequenceScenes() {
       {u"campaign-sequence-not-saved"_s, true,
        [](Stage& s) {
          auto& editor = openSequence(s, u"running"_s);
+         editor.selectPlace(1);
          s.transport().mode = Mode::failing;
-         editor.setBody(u"Written while the service was down."_s);
+         s.press(Qt::Key_Tab);
+         s.press(Qt::Key_Return);
+         s.type(u"Written while the service was down. "_s);
          editor.autosave()->save();
        }},
       {u"campaign-sequence-test"_s, true, [](Stage& s) { openSequence(s, u"running"_s).testEmail()->show(); }},

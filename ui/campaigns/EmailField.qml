@@ -45,7 +45,10 @@ FocusScope {
     }
 
     function select(range: point) {
-        input.select(range.x, range.y);
+        // Not select(): it takes its bounds from a text that it has not read since the change.
+        input.cursorPosition = range.x;
+        if (range.y !== range.x)
+            input.moveCursorSelection(range.y);
         input.forceActiveFocus();
     }
 

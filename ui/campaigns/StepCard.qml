@@ -22,7 +22,7 @@ T.AbstractButton {
     text: title
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: [title, when, subject, sent, replied].filter(words => words !== "").join(", ")
+    Accessible.name: title + ", " + when + ", " + subject + (sent !== "" ? ", " + sent + ", " + replied : "")
     Accessible.selected: current
     Accessible.onPressAction: clicked()
 

@@ -245,6 +245,45 @@ class WindowTest : public QObject {
     QTRY_COMPARE(namesOnScreen(), namesInModel());
   }
 
+  void writesASequenceByKeyboard() {
+    open(true);
+    const auto& items = campaigns().list()->value()->items;
+    const auto draft = std::ranges::find(items, u"draft"_s, [](const auto& item) { return item.status.rawValue; });
+    const QString id = draft->id;
+    m_stage->app().router()->openCampaign(id);
+    SequenceEditor& editor = *m_stage->app().session()->campaignStore(id)->sequence();
+    QTRY_VERIFY(editor.stepCount() > 1);
+    const int before = editor.stepCount();
+
+    // From the tabs to the emails, a new one after the first, and into its text.
+    press(Qt::Key_Tab);
+    press(Qt::Key_Insert);
+    QCOMPARE(editor.title(), u"Email 2"_s);
+    QCOMPARE(editor.stepCount(), before + 1);
+    type(u"Hi {{comp"_s);
+    press(Qt::Key_Return);
+    type(u","_s);
+    press(Qt::Key_Return);
+    type(u"bold"_s);
+    press(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_B, Qt::ControlModifier);
+    QCOMPARE(editor.body(), u"Hi {{company}},\n**bold**"_s);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(editor.body(), u"Hi {{company}},\nbold"_s);
+
+    QTRY_COMPARE(editor.autosave()->saveStateName(), u"saved"_s);
+
+    // What was written is the service's, and is there again in a new store.
+    m_stage->app().router()->open(Page::campaigns);
+    m_stage->app().session()->trim();
+    m_stage->app().router()->openCampaign(id);
+    SequenceEditor& again = *m_stage->app().session()->campaignStore(id)->sequence();
+    QTRY_COMPARE(again.stepCount(), before + 1);
+    again.selectPlace(1);
+    QCOMPARE(again.body(), u"Hi {{company}},\nbold"_s);
+    QCOMPARE(warnings, QStringList());
+  }
+
   void leavesNothingOfAWorkspaceBehind() {
     open(true);
     QTRY_COMPARE(campaigns().rows()->count(), 10);
