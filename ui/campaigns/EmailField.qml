@@ -126,12 +126,20 @@ FocusScope {
             Accessible.multiLine: !root.singleLine
             Accessible.readOnly: root.readOnly
 
+            function commandOf(event: var): string {
+                if (root.readOnly || event.modifiers !== Qt.ControlModifier)
+                    return "";
+                return event.key === Qt.Key_B ? "bold" : event.key === Qt.Key_I ? "italic" : "";
+            }
+
             onCursorRectangleChanged: if (activeFocus) flick.reveal(cursorRectangle)
             // A selection kept for the format bar must not stay lit in a field that somebody left for another.
             onActiveFocusChanged: if (!activeFocus && root.singleLine) deselect()
 
             Keys.priority: Keys.BeforeItem
-            Keys.onShortcutOverride: event => event.accepted = menu.visible && event.key === Qt.Key_Escape
+            // The window has shortcuts of its own on these keys.
+            Keys.onShortcutOverride: event => event.accepted = (menu.visible && event.key === Qt.Key_Escape)
+                                                               || commandOf(event) !== ""
             Keys.onPressed: event => {
                 if (menu.visible && event.key === Qt.Key_Escape) {
                     root.dismissed = true;
@@ -141,6 +149,12 @@ FocusScope {
                 }
                 if (event.accepted)
                     return;
+                const command = commandOf(event);
+                if (command !== "") {
+                    event.accepted = true;
+                    root.format(command);
+                    return;
+                }
                 const plain = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
                 if (root.singleLine && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)) {
                     event.accepted = true;

@@ -77,7 +77,7 @@ void EmailText::replaceAll(const QString& text) {
   apply({start, m_text.size() - start - end, text.sliced(start, text.size() - start - end), 0, 0});
 }
 
-QPoint EmailText::apply(const TextEdit& edit) {
+QPointF EmailText::apply(const TextEdit& edit) {
   if (!m_document) return {};
   QTextCursor cursor(m_document);
   cursor.beginEditBlock();
@@ -85,14 +85,14 @@ QPoint EmailText::apply(const TextEdit& edit) {
   cursor.setPosition(int(edit.start + edit.length), QTextCursor::KeepAnchor);
   cursor.insertText(edit.text);
   cursor.endEditBlock();
-  return {int(edit.selectionStart), int(edit.selectionEnd)};
+  return {double(edit.selectionStart), double(edit.selectionEnd)};
 }
 
-QPoint EmailText::format(const QString& command, int selectionStart, int selectionEnd) {
+QPointF EmailText::format(const QString& command, int selectionStart, int selectionEnd) {
   return apply(formatEdit(commandOf(command), m_text, selectionStart, selectionEnd));
 }
 
-QPoint EmailText::insertVariable(const QString& name, int selectionStart, int selectionEnd) {
+QPointF EmailText::insertVariable(const QString& name, int selectionStart, int selectionEnd) {
   return apply(variableEdit(m_text, selectionStart, selectionEnd, name));
 }
 

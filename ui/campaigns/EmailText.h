@@ -2,7 +2,7 @@
 
 #include <QtQml/qqml.h>
 #include <QColor>
-#include <QPoint>
+#include <QPointF>
 #include <QPointer>
 #include <QQuickTextDocument>
 
@@ -44,8 +44,8 @@ class EmailText : public QObject {
   /// The same text changed from outside, as one edit.
   Q_INVOKABLE void replaceAll(const QString& text);
   /// By the command's name; the new selection's start and end.
-  Q_INVOKABLE QPoint format(const QString& command, int selectionStart, int selectionEnd);
-  Q_INVOKABLE QPoint insertVariable(const QString& name, int selectionStart, int selectionEnd);
+  Q_INVOKABLE QPointF format(const QString& command, int selectionStart, int selectionEnd);
+  Q_INVOKABLE QPointF insertVariable(const QString& name, int selectionStart, int selectionEnd);
   /// What of a variable's name stands before the cursor; null while none is being typed.
   Q_INVOKABLE QVariant typedVariable(int cursor) const;
 
@@ -61,7 +61,7 @@ class EmailText : public QObject {
   void takeText();
   void joinLines();
   void highlight();
-  QPoint apply(const TextEdit& edit);
+  QPointF apply(const TextEdit& edit);
 
   QPointer<QQuickTextDocument> m_quickDocument;
   QPointer<QTextDocument> m_document;

@@ -140,16 +140,4 @@ Item {
             }
         }
     }
-
-    Shortcut {
-        enabled: root.canWrite && root.field.activeFocus
-        sequences: [StandardKey.Bold]
-        onActivated: root.field.format("bold")
-    }
-
-    Shortcut {
-        enabled: root.canWrite && root.field.activeFocus
-        sequences: [StandardKey.Italic]
-        onActivated: root.field.format("italic")
-    }
 }

@@ -80,7 +80,7 @@ class EmailTextTest : public QObject {
     QCOMPARE(last(edited), u"Hi Jo,\n\none two three"_s);
     QVERIFY(!m_document->isUndoAvailable());
 
-    const QPoint selected = m_text->format(u"bold"_s, 8, 11);
+    const QPoint selected = m_text->format(u"bold"_s, 8, 11).toPoint();
     QCOMPARE(last(edited), u"Hi Jo,\n\n**one** two three"_s);
     QCOMPARE(last(edited).mid(selected.x(), selected.y() - selected.x()), u"one"_s);
     m_document->undo();
