@@ -131,7 +131,13 @@ void CampaignStore::beginRename() {
 }
 
 void CampaignStore::take(const Campaign& campaign) {
-  m_campaign.update([&campaign](Campaign& shown) { shown = campaign; });
+  const Campaign* current = m_campaign.value();
+  if (current && current->version && campaign.version && *campaign.version < *current->version) {
+    // Overtaken by another answer: neither of the two has everything.
+    refresh();
+  } else {
+    m_campaign.update([&campaign](Campaign& shown) { shown = campaign; });
+  }
   m_changedElsewhere();
 }
 

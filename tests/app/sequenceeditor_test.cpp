@@ -164,12 +164,11 @@ class SequenceEditorTest : public QObject {
     passWait();
     f->api.answer(put, campaign(step(1, "One", "new") + "," + step(2, "", "Again"), 9));
     QCOMPARE(editor->autosave()->label(), u"Saved"_s);
+    f->api.expect(get);
     f->api.answer(rename, campaign(twoSteps, 8));
     QCOMPARE(editor->body(), u"new"_s);
-    // A newer one does: somebody else wrote there.
+    // What is read after it does: somebody else wrote there.
     QSignalSpy shown(editor, &SequenceEditor::textShown);
-    f->api.expect(get);
-    store->refresh();
     f->api.answer(get, campaign(step(1, "One", "theirs"), 10));
     QCOMPARE(editor->body(), u"theirs"_s);
     QCOMPARE(shown.size(), 1);
