@@ -12,7 +12,8 @@ FocusScope {
 
     /// By the tab's key.
     readonly property var tabPages: ({
-        sequence: sequence
+        sequence: sequence,
+        stats: stats
     })
 
     signal backRequested()
@@ -69,6 +70,14 @@ FocusScope {
         SequenceTab {
             editor: root.store.sequence
             canWrite: root.store.canWrite
+        }
+    }
+
+    Component {
+        id: stats
+
+        StatsTab {
+            store: root.store.stats
         }
     }
 
