@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
 #ifndef NDEBUG
   std::printf("This build is not optimised; its figures mean nothing. Use the release preset.\n");
 #endif
-  const bool done = bench::decode(scale) && bench::start(scale) && bench::window(scale) && bench::chart(scale);
+  const bool done = bench::decode(scale) && bench::start(scale) && bench::window(scale) && bench::chart(scale) &&
+                    bench::analytics(scale);
   return done ? 0 : 1;
 }
