@@ -42,6 +42,7 @@ inline void line(const char* what, double value, const char* unit, const char* g
   std::printf("  %-58s %9.2f %-3s %s\n", what, value, unit, goal);
 }
 
+bool analytics(Scale scale);
 bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);

@@ -72,18 +72,22 @@ void enrol(DemoCampaign& campaign, const QDateTime& now) {
     giveHistory(lead, campaign, now, random);
     campaign.leads.append(lead);
   }
+  recount(campaign);
 }
 
 void recount(DemoCampaign& campaign) {
   QHash<QString, qint64> found;
   LeadCounts counts;
+  qint64 booked = 0;
   for (const CampaignLead& lead : std::as_const(campaign.leads)) {
     if (lead.removedAt) continue;
     ++found[lead.status.rawValue];
     ++counts.total;
+    booked += lead.status.rawValue == "active"_L1 && lead.nextSendAt;
   }
   forEachStatus(counts, [&found](const QString& word, qint64& count) { count = found.value(word); });
   campaign.stats().leads = counts;
+  campaign.stats().scheduled = booked;
 }
 
 void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to) {
@@ -97,6 +101,7 @@ void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to)
   forEachStatus(counts,
                 [&](const QString& word, qint64& count) { moved += word == from ? std::exchange(count, 0) : 0; });
   forEachStatus(counts, [&](const QString& word, qint64& count) { count += word == to ? moved : 0; });
+  campaign.stats().scheduled = counts.active;
 }
 
 QString openStatus(const DemoCampaign& campaign) {

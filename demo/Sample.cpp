@@ -85,6 +85,19 @@ LeadCounts countsOf(const Row& row) {
   return counts;
 }
 
+/// Every email of the sequence has its part of what the campaign did; the later ones reach fewer people.
+void shareAmong(QList<CampaignStep>& steps, const CampaignStats& stats) {
+  const qint64 count = steps.size(), whole = count * (count + 1) / 2;
+  qint64 before = 0;
+  for (CampaignStep& step : steps) {
+    const qint64 until = before + count + 1 - step.position;
+    const auto part = [&](qint64 total) { return total * until / whole - total * before / whole; };
+    step.stats = Stats4{part(stats.sent), part(stats.replied), part(stats.positive), part(stats.bounced)};
+    if (step.variants.size() == 1) step.variants.first().stats = step.stats;
+    before = until;
+  }
+}
+
 DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& random, const QDate& today) {
   DemoCampaign campaign;
   campaign.seed = random.next();
@@ -113,7 +126,9 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   stats.delivered = row.sent - row.bounced;
   stats.replied = row.replied;
   stats.positive = row.positive;
+  stats.scheduled = stats.leads.active;
   record.stats = stats;
+  shareAmong(*record.steps, stats);
   return campaign;
 }
 

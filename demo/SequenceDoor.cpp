@@ -44,6 +44,19 @@ QcCheck checkOf(const QString& key, const QString& label, bool fine, const QStri
   return {key, label, fine ? u"pass"_s : status, fine ? u"Fine."_s : otherwise, {}};
 }
 
+/// What was sent stays sent, wherever the step or the variant stands now.
+void keepStats(QList<CampaignStep>& saved, const QList<CampaignStep>& before) {
+  QHash<QString, std::optional<Stats4>> stats;
+  for (const CampaignStep& step : before) {
+    stats.insert(step.id, step.stats);
+    for (const CampaignVariant& variant : step.variants) stats.insert(variant.id, variant.stats);
+  }
+  for (CampaignStep& step : saved) {
+    step.stats = stats.value(step.id);
+    for (CampaignVariant& variant : step.variants) variant.stats = stats.value(variant.id);
+  }
+}
+
 }  // namespace
 
 std::optional<HTTPAnswer> SequenceDoor::answer(const DemoRequest& request, const QString& call) {
@@ -73,6 +86,7 @@ HTTPAnswer SequenceDoor::save(const DemoRequest& request) {
                             {}});
     saved.append(step);
   }
+  keepStats(saved, m_campaign.steps());
   m_campaign.record.steps = saved;
   if (m_campaign.record.qc) m_campaign.record.qc->current = false;
   return changed(m_campaign);

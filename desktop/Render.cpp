@@ -23,6 +23,12 @@ struct Scene {
 
 CampaignsStore& campaigns(Stage& stage) { return *stage.app().session()->campaigns(); }
 
+AnalyticsStore& openAnalytics(Stage& stage) {
+  stage.app().router()->open(Page::analytics);
+  stage.settle();
+  return *stage.app().session()->analytics();
+}
+
 QString firstCampaign(Stage& stage) { return campaigns(stage).list()->value()->items.first().id; }
 
 /// Opens the first campaign of the status.
@@ -31,6 +37,15 @@ CampaignStore& openCampaign(Stage& stage, const QString& status) {
   const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
   stage.app().router()->openCampaign(found->id);
   return *stage.app().session()->campaignStore(found->id);
+}
+
+/// Opens the stats of the first running campaign.
+CampaignStatsStore& openStats(Stage& stage, const QString& section) {
+  auto& campaign = openCampaign(stage, u"running"_s);
+  campaign.setTab(u"stats"_s);
+  campaign.stats()->setSection(section);
+  stage.settle();
+  return *campaign.stats();
 }
 
 void typeEmail(Stage& stage, const QString& email) {
@@ -151,6 +166,60 @@ QList<Scene> campaignScenes() {
        [](Stage& s) {
          s.transport().mode = Mode::failing;
          s.app().router()->open(Page::dashboard);
+       }},
+      {u"analytics"_s, true, [](Stage& s) { openAnalytics(s); }},
+      {u"analytics-accounts"_s, true,
+       [](Stage& s) {
+         auto& analytics = openAnalytics(s);
+         analytics.setPreset(u"last12m"_s);
+         analytics.setTab(u"accounts"_s);
+         analytics.toggleSort(u"replied"_s);
+         // As far down as the page goes.
+         s.press(Qt::Key_PageDown);
+       }},
+      {u"analytics-days"_s, true, [](Stage& s) { openAnalytics(s).setDayView(u"table"_s); }},
+      {u"analytics-custom"_s, true,
+       [](Stage& s) {
+         auto& analytics = openAnalytics(s);
+         analytics.chooseRange(u"custom"_s);
+         analytics.rangeForm()->setTo(u"31.12.2026"_s);
+         analytics.rangeForm()->submit();
+       }},
+      {u"analytics-empty"_s, true, [](Stage& s) { openAnalytics(s).setCustomRange(u"2020-01-01"_s, u"2020-01-31"_s); }},
+      {u"analytics-failed"_s, true,
+       [](Stage& s) {
+         s.transport().mode = Mode::failing;
+         openAnalytics(s);
+       }},
+      {u"analytics-offline-saved"_s, true,
+       [](Stage& s) {
+         auto& analytics = openAnalytics(s);
+         s.transport().mode = Mode::offline;
+         analytics.refresh();
+       }},
+      {u"campaign-stats"_s, true, [](Stage& s) { openStats(s, u"inboxes"_s); }},
+      {u"campaign-stats-emails"_s, true,
+       [](Stage& s) {
+         openStats(s, u"emails"_s);
+         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+       }},
+      {u"campaign-stats-messages"_s, true,
+       [](Stage& s) {
+         openStats(s, u"messages"_s);
+         // To the table's rows.
+         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+         s.press(Qt::Key_PageDown);
+       }},
+      {u"campaign-stats-activity"_s, true,
+       [](Stage& s) {
+         openStats(s, u"activity"_s);
+         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+         s.press(Qt::Key_End);
+       }},
+      {u"campaign-stats-draft"_s, true,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"draft"_s);
+         campaign.setTab(u"stats"_s);
        }},
       {u"feature-off"_s, true,
        [](Stage& s) {

@@ -13,12 +13,14 @@ std::optional<QString> unlessEmpty(const QString& filter) {
   return filter.isEmpty() ? std::nullopt : std::optional(filter);
 }
 
+const auto customKey = u"custom"_s;
+
 QVariantMap choice(const QString& key, const QString& label) { return {{u"key"_s, key}, {u"label"_s, label}}; }
 
 QVariantList choices(const QString& all, const std::optional<QList<AnalyticsSummary::Option>>& options) {
   QVariantList list{choice({}, all)};
   for (const auto& option : options.value_or(QList<AnalyticsSummary::Option>()))
-    list.append(choice(option.id, option.name));
+    list.append(choice(option.id, option.name.value_or(option.id)));
   return list;
 }
 
@@ -30,7 +32,8 @@ AnalyticsStore::AnalyticsStore(APITransport& api, Services& services, QObject* p
       m_services(services),
       m_summary(
           services.clock, [this] { return load(); }, [](const AnalyticsSummary&) { return false; }),
-      m_range(localToday(services.clock)) {
+      m_range(localToday(services.clock)),
+      m_rangeForm([this](const QString& from, const QString& to) { return setCustomRange(from, to); }) {
   takeOptions({});
   connect(&m_busy, &BusySet::changed, this, &AnalyticsStore::changed);
   connect(&m_summary, &ResourceBase::valueChanged, this, &AnalyticsStore::arrived);
@@ -40,6 +43,19 @@ AnalyticsStore::AnalyticsStore(APITransport& api, Services& services, QObject* p
 
 void AnalyticsStore::setPreset(const QString& key) {
   if (m_range.setPreset(key, localToday(m_services.clock))) ask();
+}
+
+QVariantList AnalyticsStore::ranges() const {
+  QVariantList list = rangePresets();
+  // While it is in force it is a name, otherwise it is what leads to the question for two dates.
+  list.append(choice(customKey, m_range.isCustom() ? m_range.label() : u"Custom range…"_s));
+  return list;
+}
+
+QString AnalyticsStore::range() const { return m_range.isCustom() ? customKey : m_range.preset(); }
+
+void AnalyticsStore::chooseRange(const QString& key) {
+  key == customKey ? m_rangeForm.show(m_range.days()) : setPreset(key);
 }
 
 bool AnalyticsStore::setCustomRange(const QString& from, const QString& to) {
@@ -84,6 +100,15 @@ void AnalyticsStore::toggleSeries(const QString& key) {
   Q_EMIT chartChanged();
 }
 
+int AnalyticsStore::filterCount() const {
+  return !m_filter.campaign.isEmpty() + !m_filter.mailbox.isEmpty() + !m_filter.tag.isEmpty();
+}
+
+QString AnalyticsStore::countText() const {
+  return m_tab == Tab::campaigns ? Format::counted(m_campaignRows.count(), u"campaign"_s, u"campaigns"_s)
+                                 : Format::counted(m_accountRows.count(), u"account"_s, u"accounts"_s);
+}
+
 QString AnalyticsStore::sampleNote() const {
   const AnalyticsSummary* summary = m_summary.value();
   return summary && summary->sample.value_or(false)
@@ -124,16 +149,19 @@ void AnalyticsStore::arrived() {
   m_figures = metricFigures(summary.totals, tracksOpens, tracksClicks);
   m_chart.setDays(summary.days, tracksOpens, tracksClicks);
   // An answer without choices leaves those of the one before: the filters in force are among them.
-  if (summary.options) takeOptions(*summary.options);
+  if (summary.options && *summary.options != m_options) takeOptions(*summary.options);
+  Q_EMIT changed();
   Q_EMIT figuresChanged();
   Q_EMIT chartChanged();
 }
 
 void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
+  m_options = options;
   m_campaignOptions = choices(u"All campaigns"_s, options.campaigns);
   m_mailboxOptions = choices(u"All inboxes"_s, options.mailboxes);
   m_tagOptions = choices(u"All tags"_s, {});
   for (const QString& tag : options.tags.value_or(QList<QString>())) m_tagOptions.append(choice(tag, tag));
+  Q_EMIT optionsChanged();
 }
 
 Task<void> AnalyticsStore::exportTask() {

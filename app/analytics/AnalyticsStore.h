@@ -3,6 +3,7 @@
 #include "app/analytics/ChartFigures.h"
 #include "app/analytics/DateRange.h"
 #include "app/analytics/FigureRows.h"
+#include "app/analytics/RangeForm.h"
 #include "app/shell/BusySet.h"
 #include "app/shell/EnumName.h"
 #include "app/shell/Resource.h"
@@ -20,7 +21,9 @@ namespace orv {
 class AnalyticsStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* summary READ summary CONSTANT)
-  Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+  Q_PROPERTY(QVariantList ranges READ ranges NOTIFY changed)
+  Q_PROPERTY(QString range READ range NOTIFY changed)
+  Q_PROPERTY(orv::RangeForm* rangeForm READ rangeForm CONSTANT)
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
   Q_PROPERTY(bool custom READ custom NOTIFY changed)
   Q_PROPERTY(QString rangeLabel READ rangeLabel NOTIFY changed)
@@ -31,8 +34,10 @@ class AnalyticsStore final : public Store {
   Q_PROPERTY(QString mailbox READ mailbox WRITE setMailbox NOTIFY changed)
   Q_PROPERTY(QString tag READ tag WRITE setTag NOTIFY changed)
   Q_PROPERTY(bool filtered READ filtered NOTIFY changed)
+  Q_PROPERTY(int filterCount READ filterCount NOTIFY changed)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QString dayView READ dayViewName WRITE setDayView NOTIFY changed)
+  Q_PROPERTY(QString countText READ countText NOTIFY changed)
   Q_PROPERTY(bool exporting READ exporting NOTIFY changed)
   Q_PROPERTY(QString sortKey READ sortKey NOTIFY changed)
   Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY changed)
@@ -40,9 +45,9 @@ class AnalyticsStore final : public Store {
   Q_PROPERTY(orv::ListModel* accountRows READ accountRows CONSTANT)
   Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
   Q_PROPERTY(QString sampleNote READ sampleNote NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList campaignOptions READ campaignOptions NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList mailboxOptions READ mailboxOptions NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList tagOptions READ tagOptions NOTIFY figuresChanged)
+  Q_PROPERTY(QVariantList campaignOptions READ campaignOptions NOTIFY optionsChanged)
+  Q_PROPERTY(QVariantList mailboxOptions READ mailboxOptions NOTIFY optionsChanged)
+  Q_PROPERTY(QVariantList tagOptions READ tagOptions NOTIFY optionsChanged)
   Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
   Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
 
@@ -55,7 +60,13 @@ class AnalyticsStore final : public Store {
   AnalyticsStore(APITransport& api, Services& services, QObject* parent = nullptr);
 
   Resource<AnalyticsSummary>* summary() { return &m_summary; }
-  static QVariantList presets() { return rangePresets(); }
+  /// Key and label of each preset and, last, of a pair of dates.
+  QVariantList ranges() const;
+  /// The key in force.
+  QString range() const;
+  /// Takes the preset, or asks for two dates.
+  Q_INVOKABLE void chooseRange(const QString& key);
+  RangeForm* rangeForm() { return &m_rangeForm; }
 
   /// Key of the preset; the last one while a custom range is in force.
   QString preset() const { return m_range.preset(); }
@@ -78,6 +89,7 @@ class AnalyticsStore final : public Store {
   QString tag() const { return m_filter.tag; }
   void setTag(const QString& tag);
   bool filtered() const { return m_filter != Filter(); }
+  int filterCount() const;
   Q_INVOKABLE void clearFilters();
 
   Tab tab() const { return m_tab; }
@@ -85,6 +97,8 @@ class AnalyticsStore final : public Store {
   void setTab(const QString& name);
   QString dayViewName() const { return enumName(m_dayView); }
   void setDayView(const QString& name);
+  /// "12 campaigns": the rows of the shown table.
+  QString countText() const;
   /// A file is being saved.
   bool exporting() const { return !m_busy.ids().isEmpty(); }
 
@@ -112,6 +126,8 @@ class AnalyticsStore final : public Store {
   /// Loads when the page is first shown; later calls do nothing.
   Q_INVOKABLE void ensureLoaded();
   Q_INVOKABLE void refresh();
+  /// Opens one of the campaigns.
+  Q_INVOKABLE void openCampaign(const QString& id) { m_services.router.openCampaign(id); }
   /// Saves the table of the shown tab, in its order.
   Q_INVOKABLE void exportCsv() { m_tasks.start(exportTask()); }
   Task<void> exportTask();
@@ -122,6 +138,8 @@ class AnalyticsStore final : public Store {
   void changed();
   /// What is read off an answer.
   void figuresChanged();
+  /// Seldom: a menu that was opened before makes its thousand entries anew.
+  void optionsChanged();
   void chartChanged();
 
  private:
@@ -142,6 +160,7 @@ class AnalyticsStore final : public Store {
   BusySet m_busy;
   Resource<AnalyticsSummary> m_summary;
   RangeChoice m_range;
+  RangeForm m_rangeForm;
   Filter m_filter;
   Tab m_tab = Tab::campaigns;
   DayView m_dayView = DayView::chart;
@@ -151,6 +170,7 @@ class AnalyticsStore final : public Store {
   std::optional<OrvSort> m_campaignSort;
   std::optional<OrvSort> m_accountSort;
   QVariantList m_figures;
+  AnalyticsSummary::Options m_options;
   QVariantList m_campaignOptions;
   QVariantList m_mailboxOptions;
   QVariantList m_tagOptions;

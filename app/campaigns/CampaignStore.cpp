@@ -48,6 +48,7 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
       m_context{
           m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
       m_sequence(m_context),
+      m_stats(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
@@ -124,6 +125,7 @@ void CampaignStore::ensureLoaded() {
 void CampaignStore::refresh() {
   m_loaded = true;
   m_campaign.load();
+  if (m_tab == Tab::stats) m_stats.refresh();
 }
 
 void CampaignStore::beginRename() {
@@ -252,6 +254,7 @@ void CampaignStore::copyLink() {
 void CampaignStore::close() {
   m_campaign.cancel();
   m_sequence.close();
+  m_stats.close();
   Store::close();
 }
 

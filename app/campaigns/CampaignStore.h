@@ -3,6 +3,7 @@
 #include <QVariantList>
 
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
@@ -30,6 +31,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::ResourceBase* campaign READ campaign CONSTANT)
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
   Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
+  Q_PROPERTY(orv::CampaignStatsStore* stats READ stats CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
@@ -56,6 +58,7 @@ class CampaignStore final : public Store {
   Resource<Campaign>* campaign() { return &m_campaign; }
   NameForm* renameForm() { return &m_rename; }
   SequenceEditor* sequence() { return &m_sequence; }
+  CampaignStatsStore* stats() { return &m_stats; }
 
   Tab tab() const { return m_tab; }
   QString tabName() const { return enumName(m_tab); }
@@ -116,6 +119,7 @@ class CampaignStore final : public Store {
   Resource<Campaign> m_campaign;
   CampaignContext m_context;
   SequenceEditor m_sequence;
+  CampaignStatsStore m_stats;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;

@@ -35,6 +35,8 @@ QString calendarDay(QDate day) {
 
 QString shortDate(QDate day, const QLocale& locale) { return locale.toString(day, u"d MMM"_s); }
 
+QString moment(const QDateTime& instant, const QLocale& locale) { return locale.toString(instant, u"d MMM, HH:mm"_s); }
+
 QString grouped(qint64 count, const QLocale& locale) {
   QLocale grouping = locale;
   grouping.setNumberOptions(grouping.numberOptions() & ~QLocale::OmitGroupSeparator);

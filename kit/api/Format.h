@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDate>
+#include <QDateTime>
 #include <QLocale>
 #include <QString>
 
@@ -17,6 +17,8 @@ QString money(double amount, const QLocale& locale = QLocale());
 QString calendarDay(QDate day);
 /// "7 Mar".
 QString shortDate(QDate day, const QLocale& locale = QLocale());
+/// "7 Mar, 14:05", in the zone that the instant is in.
+QString moment(const QDateTime& instant, const QLocale& locale = QLocale());
 /// A count with the locale's grouping.
 QString grouped(qint64 count, const QLocale& locale = QLocale());
 /// Count and noun: "1 step", "2 steps".

@@ -88,7 +88,7 @@ struct AnalyticsSummary {
   };
   struct Option {
     QString id;
-    QString name;
+    std::optional<QString> name;
     bool operator==(const Option&) const = default;
   };
   /// Filter choices.

@@ -166,7 +166,7 @@ class AnalyticsTest : public QObject {
 
   void presetsInTheirOrder() {
     QStringList labels;
-    for (const QVariant& preset : AnalyticsStore::presets()) labels.append(preset.toMap().value(u"label"_s).toString());
+    for (const QVariant& preset : rangePresets()) labels.append(preset.toMap().value(u"label"_s).toString());
     QCOMPARE(labels, (QStringList{u"Last 7 days"_s, u"Last 4 weeks"_s, u"Last 3 months"_s, u"Month to date"_s,
                                   u"Quarter to date"_s, u"Year to date"_s, u"Last 12 months"_s}));
     QCOMPARE(store->preset(), u"last4w"_s);
@@ -176,6 +176,37 @@ class AnalyticsTest : public QObject {
     QCOMPARE(store->rangeLabel(), u"Custom range"_s);
     QVERIFY(!store->setCustomRange(u"2026-02-29"_s, u"2026-03-01"_s));
     QCOMPARE(store->from(), u"2025-12-31"_s);
+  }
+
+  void aRangeOfOnesOwnIsAskedFor() {
+    const auto labelOfCustom = [this] { return store->ranges().last().toMap().value(u"label"_s).toString(); };
+    load();
+    RangeForm* form = store->rangeForm();
+    QCOMPARE(labelOfCustom(), u"Custom range…"_s);
+    store->chooseRange(u"custom"_s);
+    QVERIFY(form->shown() && store->range() == "last4w"_L1);
+    QCOMPARE(form->from() + u' ' + form->to(), u"2026-10-25 2026-11-21"_s);
+    for (const auto& bad : {u""_s, u"31.12.2026"_s, u"2026-02-29"_s}) {
+      form->setTo(bad);
+      QCOMPARE(form->error(), QString());
+      form->submit();
+      QCOMPARE(form->error(), u"Enter both dates as year, month and day, such as 2026-03-31."_s);
+      QVERIFY(form->shown());
+    }
+    form->setTo(u" 2026-10-01 "_s);
+    f->api.expect(summaryCall);
+    form->submit();
+    QVERIFY(!form->shown());
+    QCOMPARE(queryText(f->api.last()), u"from=2026-10-01&to=2026-10-25"_s);
+    QCOMPARE(store->range() + u' ' + labelOfCustom(), u"custom Custom range"_s);
+    f->api.answer(summaryCall, summaryOf());
+    // The dates that are in force already ask nothing.
+    store->chooseRange(u"custom"_s);
+    form->submit();
+    QVERIFY(!form->shown());
+    f->api.expect(summaryCall);
+    store->chooseRange(u"last4w"_s);
+    QCOMPARE(labelOfCustom(), u"Custom range…"_s);
   }
 
   /// A day is 23 or 25 hours long when the clocks change.
@@ -302,6 +333,7 @@ class AnalyticsTest : public QObject {
 
   void rowsSayWhatTheyAre() {
     load();
+    QCOMPARE(store->countText(), u"2 campaigns"_s);
     const auto* campaigns = store->campaignRows();
     QCOMPARE(cell(campaigns, 0, "statusLabel"), u"Running"_s);
     QCOMPARE(cell(campaigns, 0, "openedText") + u' ' + cell(campaigns, 0, "openedRate"), u"50 25%"_s);
@@ -364,14 +396,15 @@ class AnalyticsTest : public QObject {
 
   void figuresAndFilters() {
     QVERIFY(store->figures().isEmpty() && store->sampleNote().isEmpty());
-    load(summaryOf(R"(,"sample":true,"options":{"campaigns":[{"id":"c1","name":"Acme"}],"tags":["q3"]})"));
+    load(summaryOf(R"(,"sample":true,"options":{"campaigns":[{"id":"c1","name":"Acme"},{"id":"c9"}],"tags":["q3"]})"));
     QCOMPARE(lines(store->figures()),
              (QStringList{u"Sent: 28,448, 3,912 new"_s, u"Opens: 9,957, 35%"_s, u"Clicks: –, Tracking off"_s,
                           u"Replies: 781, 2.7% · 64 auto"_s, u"Bounces: 372, 1.3%"_s,
                           u"Unsubscribes: 118, 0.6% of contacted"_s, u"Opportunities: 226, 28.9% of replies"_s,
                           u"Meetings: 58 booked, Meetings completed 41"_s}));
     QVERIFY(store->sampleNote().startsWith(u"Sample data: "_s));
-    QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c1"_s}));
+    QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c1"_s, u"c9"_s}));
+    QCOMPARE(store->campaignOptions()[2].toMap().value(u"label"_s).toString(), u"c9"_s);
     QCOMPARE(keys(store->mailboxOptions()), QStringList{{}});
     QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
     f->api.expect(summaryCall);

@@ -193,6 +193,33 @@ class DemoCampaignsTest : public QObject {
     QCOMPARE(f.leads(id).first().status.rawValue, u"active"_s);
   }
 
+  void stepsAddUpToTheCampaign() {
+    DemoFixture f;
+    const QString id = f.idOf(u"running"_s);
+    const Campaign campaign = f.ask(Requests::getCampaign(id));
+    const auto& stats = *campaign.stats;
+    Stats4 sum;
+    for (const CampaignStep& step : *campaign.steps) {
+      sum.sent += step.stats->sent;
+      sum.replied += step.stats->replied;
+      sum.positive += step.stats->positive;
+      sum.bounced += step.stats->bounced;
+    }
+    QCOMPARE(sum, (Stats4{stats.sent, stats.replied, stats.positive, stats.bounced}));
+    const auto booked = [](const CampaignLead& lead) { return lead.nextSendAt && lead.status.rawValue == "active"_L1; };
+    const auto leads = f.leads(id);
+    QCOMPARE(f.ask(Requests::getCampaign(id)).stats->scheduled, std::ranges::count_if(leads, booked));
+
+    // Saved in another order, with one email more, each keeps what it did.
+    const QList<VariantIn> text{{{}, u"A"_s, u"New"_s, u"B"_s, 100, true}};
+    QList<StepIn> steps{{{}, 0, false, text}};
+    for (const CampaignStep& step : *campaign.steps) steps.insert(1, {step.id, 0, false, text});
+    const auto saved = *f.ask(Requests::saveSteps(id, {steps})).steps;
+    QVERIFY(!saved.first().stats);
+    QCOMPARE(saved.last().stats, campaign.steps->first().stats);
+    QCOMPARE(f.ask(Requests::pauseCampaign(id)).stats->scheduled, 0);
+  }
+
   void aTestEmailIsOnItsWayForAMoment() {
     DemoFixture f;
     const QString id = f.idOf(u"running"_s);

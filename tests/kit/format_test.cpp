@@ -163,6 +163,7 @@ class FormatTest : public QObject {
     QCOMPARE(Format::calendarDay({2024, 3, 7}), u"2024-03-07"_s);
     QCOMPARE(Format::calendarDay({987, 12, 31}), u"0987-12-31"_s);
     QCOMPARE(Format::shortDate({2024, 3, 7}, english), u"7 Mar"_s);
+    QCOMPARE(Format::moment(QDateTime({2024, 3, 7}, {9, 5}), english), u"7 Mar, 09:05"_s);
   }
 
   void theBaseAddressIsTheFirstWithAHost_data() {

@@ -4,6 +4,8 @@
 
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
+#include "app/analytics/RangeForm.h"
+#include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
@@ -42,6 +44,13 @@ struct ListModelType {
   Q_GADGET
   QML_FOREIGN(orv::ListModel)
   QML_NAMED_ELEMENT(OrvellaListModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CampaignStatsStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignStatsStore)
+  QML_NAMED_ELEMENT(CampaignStatsStore)
   QML_UNCREATABLE("The application model owns it.")
 };
 
@@ -84,6 +93,13 @@ struct OverlaysType {
   Q_GADGET
   QML_FOREIGN(orv::Overlays)
   QML_NAMED_ELEMENT(Overlays)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RangeFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::RangeForm)
+  QML_NAMED_ELEMENT(RangeForm)
   QML_UNCREATABLE("The application model owns it.")
 };
 

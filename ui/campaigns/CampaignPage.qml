@@ -12,7 +12,8 @@ FocusScope {
 
     /// By the tab's key.
     readonly property var tabPages: ({
-        sequence: sequence
+        sequence: sequence,
+        stats: stats
     })
 
     signal backRequested()
@@ -72,6 +73,14 @@ FocusScope {
         }
     }
 
+    Component {
+        id: stats
+
+        StatsTab {
+            store: root.store.stats
+        }
+    }
+
     NameFormDialog {
         form: root.store.renameForm
     }
@@ -87,7 +96,12 @@ FocusScope {
     }
 
     Shortcut {
-        sequences: ["Ctrl+Tab", "Ctrl+Shift+Tab"]
+        sequence: "Ctrl+Tab"
         onActivated: tabs.step(1)
+    }
+
+    Shortcut {
+        sequence: "Ctrl+Shift+Tab"
+        onActivated: tabs.step(-1)
     }
 }

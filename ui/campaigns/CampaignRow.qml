@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 
 /// A campaign in the list.
 OrvTableRow {

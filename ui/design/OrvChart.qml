@@ -19,6 +19,8 @@ FocusScope {
     property string emptyText: ""
     /// There is nothing to show. Unless told otherwise, when no series has a figure above zero.
     property bool empty: plot.blank
+    /// Kept free at the right end of the title's line, for a control of the page's.
+    property real headRoom: 0
     readonly property alias plot: plot
 
     signal seriesToggled(string key)
@@ -46,7 +48,7 @@ FocusScope {
         Text {
             x: titleText.width + 10
             // Cut short it would say nothing; the legend names the series.
-            visible: x + width + 16 <= (legend.visible && legend.y === 0 ? legend.x : root.width)
+            visible: x + width + 16 <= (legend.visible && legend.y === 0 ? legend.x : root.width - root.headRoom)
             height: 26
             verticalAlignment: Text.AlignVCenter
             textFormat: Text.PlainText
@@ -59,10 +61,10 @@ FocusScope {
             id: legend
             visible: plot.seriesCount > 1
 
-            readonly property bool fits: root.title === "" || titleText.width + 16 + width <= root.width
+            readonly property bool fits: root.title === "" || titleText.width + 16 + width <= root.width - root.headRoom
 
             // Under the title its text begins where the title's does.
-            x: fits ? root.width - width : -8
+            x: fits ? root.width - root.headRoom - width : -8
             y: visible && !fits ? 26 : 0
             plot: plot
             onToggled: key => root.seriesToggled(key)

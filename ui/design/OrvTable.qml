@@ -6,7 +6,7 @@ TableCore {
     id: root
 
     property alias delegate: body.delegate
-    readonly property alias contentY: body.contentY
+    property alias contentY: body.contentY
     readonly property alias originY: body.originY
 
     Accessible.role: Accessible.Table

@@ -14,6 +14,7 @@ ListView {
 
     activeFocusOnTab: true
     boundsBehavior: Flickable.StopAtBounds
+    interactive: !table.scrolledByPage
     flickableDirection: Flickable.HorizontalAndVerticalFlick
     contentWidth: Math.max(width, table.placed.contentWidth)
     bottomMargin: table.footRoom
@@ -26,7 +27,9 @@ ListView {
     highlightFollowsCurrentItem: false
     cacheBuffer: 0
 
-    T.ScrollBar.vertical: OrvScrollBar {}
+    T.ScrollBar.vertical: OrvScrollBar {
+        policy: root.table.scrolledByPage ? T.ScrollBar.AlwaysOff : T.ScrollBar.AsNeeded
+    }
     T.ScrollBar.horizontal: OrvScrollBar {}
 
     footer: TableFoot {

@@ -29,6 +29,8 @@ FocusScope {
     /// Room kept free under the last row, for a selection bar.
     property real footRoom: 0
     property real sidePadding: 24
+    /// The page around it scrolls the table, by `contentY`; the table itself takes no wheel and has no bar.
+    property bool scrolledByPage: false
 
     readonly property alias rows: tableRows
     readonly property alias placed: placedColumns

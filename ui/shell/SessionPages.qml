@@ -12,6 +12,7 @@ FocusScope {
     required property WorkspaceSession session
 
     readonly property Component built: router.page === "dashboard" ? dashboard
+                                     : router.page === "analytics" ? analytics
                                      : router.page !== "campaigns" ? notBuilt
                                      : router.campaign === "" ? campaigns : campaign
 
@@ -40,6 +41,15 @@ FocusScope {
         DashboardPage {
             focus: true
             store: root.session.dashboard
+        }
+    }
+
+    Component {
+        id: analytics
+
+        AnalyticsPage {
+            focus: true
+            store: root.session.analytics
         }
     }
 

@@ -14,7 +14,7 @@ OrvCell {
     Text {
         visible: root.rate !== ""
         x: root.width - width
-        width: 36
+        width: 40
         height: root.height
         horizontalAlignment: Text.AlignRight
         verticalAlignment: Text.AlignVCenter
@@ -26,7 +26,7 @@ OrvCell {
     }
 
     Text {
-        width: root.rate === "" ? root.width : root.width - 38
+        width: root.rate === "" ? root.width : root.width - 43
         height: root.height
         horizontalAlignment: Text.AlignRight
         verticalAlignment: Text.AlignVCenter

@@ -1,0 +1,161 @@
+#include "app/campaigns/CampaignStatsStore.h"
+
+#include "app/analytics/MetricFigures.h"
+#include "kit/api/PlatformDate.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+QVariantMap choice(CampaignStatsStore::Section section, const QString& label) {
+  return {{u"key"_s, enumName(section)}, {u"label"_s, label}};
+}
+
+}  // namespace
+
+CampaignStatsStore::CampaignStatsStore(CampaignContext& campaign)
+    : m_campaign(campaign),
+      m_range(localToday(campaign.services.clock)),
+      m_summary(
+          campaign.services.clock, [this] { return loadSummary(); }, [](const AnalyticsSummary&) { return false; }),
+      m_messages(
+          campaign.services.clock, [this] { return m_campaign.api.send(Requests::campaignMessages(m_campaign.id)); },
+          [](const MessagePage& page) { return page.items.isEmpty(); }),
+      m_feed(
+          campaign.services.clock,
+          [this] { return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, {})); },
+          [](const FeedPage& page) { return page.items.isEmpty(); }),
+      m_feedPages(
+          m_feed,
+          [this](const QString& cursor) {
+            return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, cursor));
+          },
+          [this] { Q_EMIT feedChanged(); }) {
+  connect(&m_summary, &ResourceBase::valueChanged, this, &CampaignStatsStore::arrived);
+  connect(&m_messages, &ResourceBase::valueChanged, this,
+          [this] { m_messageRows.update(messageLines(m_messages.value()->items)); });
+  connect(&m_feed, &ResourceBase::valueChanged, this, [this] { m_feedRows.update(feedLines(m_feed.value()->items)); });
+  connect(&m_feed, &ResourceBase::changed, this, &CampaignStatsStore::feedChanged);
+  connect(&campaign.campaign, &ResourceBase::valueChanged, this, &CampaignStatsStore::followCampaign);
+  for (ResourceBase* resource : QList<ResourceBase*>{&m_summary, &m_messages, &m_feed})
+    connect(resource, &ResourceBase::refreshFailed, this,
+            [this](const APIError& error) { m_campaign.services.toasts.failure(u"Couldn’t load the stats"_s, error); });
+}
+
+void CampaignStatsStore::setPreset(const QString& key) {
+  if (!m_range.setPreset(key, localToday(m_campaign.services.clock))) return;
+  Q_EMIT changed();
+  if (m_loaded) m_summary.ask();
+}
+
+QString CampaignStatsStore::headLine() const {
+  const Campaign* campaign = m_campaign.campaign.value();
+  if (!campaign) return {};
+  const auto launched = campaign->launchedAt ? parsePlatformDate(*campaign->launchedAt) : std::nullopt;
+  const auto stats = campaign->stats.value_or(CampaignStats());
+  const auto senders = campaign->senders ? campaign->senders->size() : 0;
+  return QStringList{
+      launched ? u"Launched "_s + Format::shortDate(launched->toLocalTime().date()) : u"Not launched yet"_s,
+      Format::counted(stats.leads.total, u"lead"_s, u"leads"_s), Format::grouped(stats.sent) + u" sent"_s,
+      Format::grouped(stats.scheduled) + u" booked"_s, Format::counted(senders, u"inbox"_s, u"inboxes"_s)}
+      .join(u" · "_s);
+}
+
+void CampaignStatsStore::setDayView(const QString& name) {
+  const auto view = enumNamed<DayView>(name);
+  if (view && std::exchange(m_dayView, *view) != *view) Q_EMIT changed();
+}
+
+void CampaignStatsStore::setSection(const QString& name) {
+  const auto section = enumNamed<Section>(name);
+  if (!section || std::exchange(m_section, *section) == *section) return;
+  Q_EMIT changed();
+  if (m_loaded) loadSection();
+}
+
+QVariantList CampaignStatsStore::sections() {
+  return {choice(Section::inboxes, u"By inbox"_s), choice(Section::emails, u"By email"_s),
+          choice(Section::messages, u"Messages"_s), choice(Section::activity, u"Activity"_s)};
+}
+
+QString CampaignStatsStore::sectionText() const {
+  switch (m_section) {
+    case Section::inboxes:
+      return u"What each sender inbox did for this campaign in the range."_s;
+    case Section::emails:
+      return u"Each email of the sequence, and each variant where there is more than one."_s;
+    case Section::messages:
+      return u"The last hundred emails, booked and sent."_s;
+    case Section::activity:
+      return u"What happened in this campaign, newest first."_s;
+  }
+  Q_UNREACHABLE();
+}
+
+void CampaignStatsStore::toggleSeries(const QString& key) {
+  m_chart.toggle(key);
+  Q_EMIT chartChanged();
+}
+
+void CampaignStatsStore::ensureLoaded() {
+  if (std::exchange(m_loaded, true)) return;
+  m_summary.load();
+  loadSection();
+}
+
+void CampaignStatsStore::refresh() {
+  if (!m_loaded) return ensureLoaded();
+  // Past midnight a preset stands for other days, which what is shown does not answer.
+  const DateRange before = m_range.days();
+  m_range.follow(localToday(m_campaign.services.clock));
+  if (m_range.days() == before) {
+    m_summary.load();
+  } else {
+    Q_EMIT changed();
+    m_summary.ask();
+  }
+  if (m_messagesLoaded) m_messages.load();
+  if (m_feedLoaded) m_feed.load();
+}
+
+void CampaignStatsStore::refreshSection() {
+  if (m_section == Section::messages) m_messages.load();
+  if (m_section == Section::activity) m_feed.load();
+}
+
+void CampaignStatsStore::loadSection() {
+  if (m_section == Section::messages && !std::exchange(m_messagesLoaded, true)) m_messages.load();
+  if (m_section == Section::activity && !std::exchange(m_feedLoaded, true)) m_feed.load();
+}
+
+Task<AnalyticsSummary> CampaignStatsStore::loadSummary() {
+  const auto [from, to] = m_range.days();
+  return m_campaign.api.send(
+      Requests::analyticsSummary(Format::calendarDay(from), Format::calendarDay(to), m_campaign.id));
+}
+
+void CampaignStatsStore::arrived() {
+  const AnalyticsSummary& summary = *m_summary.value();
+  const auto [tracksOpens, tracksClicks] = summary.tracking;
+  m_inboxRows.update({summary.accounts.begin(), summary.accounts.end()});
+  m_figures = metricFigures(summary.totals, tracksOpens, tracksClicks);
+  m_chart.setDays(summary.days, tracksOpens, tracksClicks);
+  Q_EMIT figuresChanged();
+  Q_EMIT chartChanged();
+}
+
+void CampaignStatsStore::followCampaign() {
+  m_emailRows.update(emailFigures(m_campaign.campaign.value()->steps.value_or(QList<CampaignStep>())));
+  Q_EMIT campaignChanged();
+}
+
+void CampaignStatsStore::close() {
+  m_summary.cancel();
+  m_messages.cancel();
+  m_feed.cancel();
+  m_feedPages.cancel();
+  Store::close();
+}
+
+}  // namespace orv

@@ -1,0 +1,131 @@
+#pragma once
+
+#include "app/analytics/ChartFigures.h"
+#include "app/analytics/DateRange.h"
+#include "app/analytics/FigureRows.h"
+#include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/CampaignStatsRows.h"
+#include "app/shell/CursorPages.h"
+#include "app/shell/EnumName.h"
+#include "app/shell/Store.h"
+#include "kit/api/Format.h"
+
+namespace orv {
+
+/// What a campaign has achieved: its figures over a range of days, by inbox and by email, what it sent last and what
+/// happened in it. Emails and the head line are the campaign's own and of its whole life; they follow the campaign.
+class CampaignStatsStore final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(orv::ResourceBase* summary READ summary CONSTANT)
+  Q_PROPERTY(orv::ResourceBase* messages READ messages CONSTANT)
+  Q_PROPERTY(orv::ResourceBase* feed READ feed CONSTANT)
+  Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+  Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
+  Q_PROPERTY(QString rangeText READ rangeText NOTIFY changed)
+  Q_PROPERTY(QString headLine READ headLine NOTIFY campaignChanged)
+  Q_PROPERTY(QString dayView READ dayViewName WRITE setDayView NOTIFY changed)
+  Q_PROPERTY(QString section READ sectionName WRITE setSection NOTIFY changed)
+  Q_PROPERTY(QVariantList sections READ sections CONSTANT)
+  Q_PROPERTY(QString sectionText READ sectionText NOTIFY changed)
+  Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
+  Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
+  Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
+  Q_PROPERTY(orv::ListModel* inboxRows READ inboxRows CONSTANT)
+  Q_PROPERTY(orv::ListModel* emailRows READ emailRows CONSTANT)
+  Q_PROPERTY(orv::ListModel* messageRows READ messageRows CONSTANT)
+  Q_PROPERTY(orv::ListModel* feedRows READ feedRows CONSTANT)
+  Q_PROPERTY(bool hasMoreFeed READ hasMoreFeed NOTIFY feedChanged)
+  Q_PROPERTY(bool loadingMoreFeed READ loadingMoreFeed NOTIFY feedChanged)
+  Q_PROPERTY(bool moreFeedFailed READ moreFeedFailed NOTIFY feedChanged)
+
+ public:
+  enum class Section { inboxes, emails, messages, activity };
+  Q_ENUM(Section)
+  enum class DayView { chart, table };
+  Q_ENUM(DayView)
+  static constexpr qint64 feedPageSize = 50;
+
+  explicit CampaignStatsStore(CampaignContext& campaign);
+
+  Resource<AnalyticsSummary>* summary() { return &m_summary; }
+  Resource<MessagePage>* messages() { return &m_messages; }
+  Resource<FeedPage>* feed() { return &m_feed; }
+
+  static QVariantList presets() { return rangePresets(); }
+  /// Range of the figures, the chart and the inboxes; setting another asks anew.
+  QString preset() const { return m_range.preset(); }
+  void setPreset(const QString& key);
+  QString rangeText() const { return orv::rangeText(m_range.days()); }
+  /// "Launched 3 Nov · 900 leads · 412 sent · 96 booked · 6 inboxes"; empty before the campaign is loaded.
+  QString headLine() const;
+
+  QString dayViewName() const { return enumName(m_dayView); }
+  void setDayView(const QString& name);
+  /// The table that is shown; messages and activity are loaded when they first are.
+  QString sectionName() const { return enumName(m_section); }
+  void setSection(const QString& name);
+  /// Key and label of each.
+  static QVariantList sections();
+  /// What the table shows.
+  QString sectionText() const;
+
+  /// The totals of the range; none before the first answer.
+  const QVariantList& figures() const { return m_figures; }
+  /// What the chart draws; no days when nothing was sent.
+  QStringList days() const { return m_chart.days(); }
+  QVariantList series() const { return m_chart.series(); }
+  Q_INVOKABLE void toggleSeries(const QString& key);
+
+  AccountFigureRows* inboxRows() { return &m_inboxRows; }
+  EmailFigureRows* emailRows() { return &m_emailRows; }
+  EventLines* messageRows() { return &m_messageRows; }
+  EventLines* feedRows() { return &m_feedRows; }
+
+  bool hasMoreFeed() const { return m_feedPages.hasMore(); }
+  bool loadingMoreFeed() const { return m_feedPages.loading(); }
+  bool moreFeedFailed() const { return m_feedPages.failed(); }
+  Q_INVOKABLE void loadMoreFeed() { m_feedPages.loadMore(); }
+
+  /// Loads when the tab is first shown; later calls do nothing.
+  Q_INVOKABLE void ensureLoaded();
+  /// Reads what was loaded again, without clearing what is shown.
+  Q_INVOKABLE void refresh();
+  /// The same for the shown table alone.
+  Q_INVOKABLE void refreshSection();
+
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+  void campaignChanged();
+  /// What is read off an answer.
+  void figuresChanged();
+  void chartChanged();
+  void feedChanged();
+
+ private:
+  Task<AnalyticsSummary> loadSummary();
+  void loadSection();
+  void arrived();
+  void followCampaign();
+
+  CampaignContext& m_campaign;
+  RangeChoice m_range;
+  DayView m_dayView = DayView::chart;
+  Section m_section = Section::inboxes;
+  Resource<AnalyticsSummary> m_summary;
+  Resource<MessagePage> m_messages;
+  Resource<FeedPage> m_feed;
+  CursorPages<FeedPage> m_feedPages;
+  ChartFigures m_chart;
+  QVariantList m_figures;
+  AccountFigureRows m_inboxRows;
+  EmailFigureRows m_emailRows;
+  EventLines m_messageRows;
+  EventLines m_feedRows;
+  bool m_loaded = false;
+  bool m_messagesLoaded = false;
+  bool m_feedLoaded = false;
+};
+
+}  // namespace orv

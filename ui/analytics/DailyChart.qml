@@ -1,0 +1,82 @@
+import QtQuick
+import Orvella.Design
+
+/// The days of a range, as a chart or as a table of the same figures.
+FocusScope {
+    id: root
+
+    /// As OrvChart takes them.
+    property var days: []
+    property var series: []
+    /// "chart" or "table".
+    property string view: "chart"
+
+    signal viewChosen(string view)
+    signal seriesToggled(string key)
+
+    readonly property bool asTable: view === "table" && days.length > 0
+
+    implicitHeight: 302
+
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: root.asTable ? table : chart
+    }
+
+    OrvSegments {
+        id: views
+        visible: root.days.length > 0
+        x: root.width - width
+        y: -2
+        label: "Figures by day"
+        options: [{ key: "chart", label: "Chart", count: -1 }, { key: "table", label: "Table", count: -1 }]
+        current: root.view
+        onChosen: key => root.viewChosen(key)
+    }
+
+    Component {
+        id: chart
+
+        OrvChart {
+            focus: true
+            title: "Daily sending"
+            detail: "Sent, unique opens, replies and clicks"
+            headRoom: views.visible ? views.width + 8 : 0
+            days: root.days
+            series: root.series
+            emptyText: "Nothing sent in this range."
+            onSeriesToggled: key => root.seriesToggled(key)
+        }
+    }
+
+    Component {
+        id: table
+
+        FocusScope {
+            Text {
+                height: 26
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: "Daily sending"
+                font: Theme.bodyBold
+                color: Theme.text
+            }
+
+            OrvChartTable {
+                y: 38
+                width: parent.width
+                height: parent.height - y
+                focus: true
+                sidePadding: 12
+                days: root.days
+                series: root.series
+            }
+
+            OrvDivider {
+                y: parent.height - height
+                width: parent.width
+            }
+        }
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// Asks for a range of the person's own.
+OnDemand {
+    id: root
+
+    required property RangeForm form
+
+    shown: form.shown
+
+    sourceComponent: OrvDialog {
+        title: "Custom range"
+        dialogWidth: 400
+        confirmText: "Show range"
+        error: root.form.error
+        initialFocus: from
+        onConfirmed: root.form.submit()
+        onCancelled: root.form.cancel()
+        onAboutToShow: from.selectAll()
+
+        Row {
+            width: parent.width
+            spacing: 16
+
+            OrvField {
+                id: from
+                width: (parent.width - parent.spacing) / 2
+                label: "From"
+                placeholder: "2026-03-01"
+                maximumLength: 16
+                text: root.form.from
+                onEdited: text => root.form.from = text
+            }
+
+            OrvField {
+                width: from.width
+                label: "To"
+                placeholder: "2026-03-31"
+                maximumLength: 16
+                text: root.form.to
+                onEdited: text => root.form.to = text
+            }
+        }
+    }
+}
