@@ -48,6 +48,7 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
       m_context{
           m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
       m_sequence(m_context),
+      m_leads(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
@@ -252,6 +253,7 @@ void CampaignStore::copyLink() {
 void CampaignStore::close() {
   m_campaign.cancel();
   m_sequence.close();
+  m_leads.close();
   Store::close();
 }
 
