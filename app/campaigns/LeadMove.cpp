@@ -19,7 +19,7 @@ LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringLis
       m_campaigns(
           context.services.clock, [&context] { return context.api.send(Requests::listCampaigns(false)); },
           [](const CampaignList& list) { return list.items.isEmpty(); }) {
-  connect(&m_campaigns, &ResourceBase::changed, this, &LeadMove::changed);
+  connect(&m_campaigns, &ResourceBase::valueChanged, this, &LeadMove::optionsChanged);
 }
 
 QString LeadMove::title() const { return u"Move "_s + leads(m_leadIds.size()); }
@@ -27,13 +27,20 @@ QString LeadMove::title() const { return u"Move "_s + leads(m_leadIds.size()); }
 QVariantList LeadMove::options() const {
   QVariantList options;
   if (!m_campaigns.value()) return options;
+  const QString needle = m_query.trimmed();
   for (const CampaignSummary& campaign : m_campaigns.value()->items) {
-    if (campaign.id == m_context.id) continue;
+    if (campaign.id == m_context.id || !campaign.name.contains(needle, Qt::CaseInsensitive)) continue;
     options.append(QVariantMap{{u"key"_s, campaign.id},
                                {u"label"_s, campaign.name},
                                {u"text"_s, campaign.status.label() + u" · "_s + leads(campaign.leads)}});
   }
   return options;
+}
+
+void LeadMove::setQuery(const QString& query) {
+  m_query = query;
+  Q_EMIT changed();
+  Q_EMIT optionsChanged();
 }
 
 void LeadMove::setTarget(const QString& campaignId) {
@@ -46,6 +53,7 @@ void LeadMove::show(const QStringList& leadIds) {
   if (m_busy || leadIds.isEmpty()) return;
   m_leadIds = leadIds;
   m_shown = true;
+  m_query.clear();
   m_target.clear();
   m_error.clear();
   // Campaigns come and go: the list is read anew each time.

@@ -13,7 +13,8 @@ class LeadMove final : public Store {
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* campaigns READ campaigns CONSTANT)
-  Q_PROPERTY(QVariantList options READ options NOTIFY changed)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
+  Q_PROPERTY(QVariantList options READ options NOTIFY optionsChanged)
   Q_PROPERTY(QString target READ target WRITE setTarget NOTIFY changed)
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
@@ -27,7 +28,9 @@ class LeadMove final : public Store {
   /// "Move 3 leads".
   QString title() const;
   Resource<CampaignList>* campaigns() { return &m_campaigns; }
-  /// Key, label and text of the campaigns that leads can go to.
+  const QString& query() const { return m_query; }
+  void setQuery(const QString& query);
+  /// Key, label and text of the campaigns that leads can go to and whose name holds the search text.
   QVariantList options() const;
   const QString& target() const { return m_target; }
   void setTarget(const QString& campaignId);
@@ -44,6 +47,7 @@ class LeadMove final : public Store {
 
  Q_SIGNALS:
   void changed();
+  void optionsChanged();
 
  private:
   Task<void> move(QStringList leadIds, QString target);
@@ -54,6 +58,7 @@ class LeadMove final : public Store {
   std::function<void(const QStringList&)> m_moved;
   Resource<CampaignList> m_campaigns;
   QStringList m_leadIds;
+  QString m_query;
   QString m_target;
   QString m_error;
   bool m_shown = false;

@@ -42,6 +42,17 @@ QString whenDetail(const CampaignLead& lead) {
 
 }  // namespace
 
+template <>
+const QList<QByteArray>& fieldNames<LeadRow>() {
+  static const QList<QByteArray> names{"id"};
+  return names;
+}
+
+template <>
+QVariant fieldVariant<LeadRow>(const LeadRow& row, int) {
+  return row.id;
+}
+
 QString leadName(const CampaignLead& lead) {
   const QString name = (text(lead.firstName) + u' ' + text(lead.lastName)).trimmed();
   return name.isEmpty() ? lead.email : name;

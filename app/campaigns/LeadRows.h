@@ -17,7 +17,11 @@ struct LeadRow {
   std::shared_ptr<const CampaignLead> lead;
   bool operator==(const LeadRow& other) const { return lead == other.lead || *lead == *other.lead; }
 };
-BOOST_DESCRIBE_STRUCT(LeadRow, (), (id))
+/// The id is its one field; what else the table shows is said by the model.
+template <>
+const QList<QByteArray>& fieldNames<LeadRow>();
+template <>
+QVariant fieldVariant<LeadRow>(const LeadRow& row, int field);
 
 /// The leads read so far, prepared for searching at every keystroke.
 class LeadIndex {

@@ -4,6 +4,7 @@
 
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
+#include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
@@ -45,6 +46,13 @@ struct ListModelType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct CampaignLeadsType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignLeads)
+  QML_NAMED_ELEMENT(CampaignLeads)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct CampaignStoreType {
   Q_GADGET
   QML_FOREIGN(orv::CampaignStore)
@@ -70,6 +78,27 @@ struct DashboardStoreType {
   Q_GADGET
   QML_FOREIGN(orv::DashboardStore)
   QML_NAMED_ELEMENT(DashboardStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadAddingType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadAdding)
+  QML_NAMED_ELEMENT(LeadAdding)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadMoveType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadMove)
+  QML_NAMED_ELEMENT(LeadMove)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadPanelType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadPanel)
+  QML_NAMED_ELEMENT(LeadPanel)
   QML_UNCREATABLE("The application model owns it.")
 };
 

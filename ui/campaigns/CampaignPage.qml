@@ -12,7 +12,8 @@ FocusScope {
 
     /// By the tab's key.
     readonly property var tabPages: ({
-        sequence: sequence
+        sequence: sequence,
+        leads: leadsTab
     })
 
     signal backRequested()
@@ -72,13 +73,25 @@ FocusScope {
         }
     }
 
+    Component {
+        id: leadsTab
+
+        LeadsTab {
+            campaign: root.store
+        }
+    }
+
     NameFormDialog {
         form: root.store.renameForm
     }
 
     Shortcut {
         sequences: ["F5", "Ctrl+R"]
-        onActivated: root.store.refresh()
+        onActivated: {
+            root.store.refresh();
+            if (root.store.tab === "leads")
+                root.store.leads.refresh();
+        }
     }
 
     Shortcut {
