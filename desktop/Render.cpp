@@ -178,14 +178,13 @@ QList<Scene> campaignScenes() {
        [](Stage& s) {
          auto& leads = openLeads(s);
          leads.open(firstLead(leads));
-         s.settle();
-         if (!leads.panel()->fieldNames().isEmpty())
-           leads.panel()->setField(leads.panel()->fieldNames().first(), u"x"_s);
        }},
       {u"leads-none-match"_s, true,
        [](Stage& s) {
          auto& leads = openLeads(s);
          leads.setLeadQuery(u"nothing like this"_s);
+         s.settle();
+         s.settle();
        }},
       {u"leads-archive"_s, true,
        [](Stage& s) {

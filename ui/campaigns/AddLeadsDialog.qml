@@ -16,8 +16,9 @@ OnDemand {
         dialogWidth: root.adding.way === "csv" ? 640 : 480
         confirmText: root.adding.submitLabel
         confirmEnabled: root.adding.canSubmit
-        cancelText: root.adding.busy ? "Hide" : root.adding.hasResult ? "Close" : "Cancel"
+        cancelText: root.adding.busy ? "Hide" : root.adding.hasResult ? "" : "Cancel"
         error: root.adding.error
+        initialFocus: root.adding.way === "manual" ? byHand : null
         onConfirmed: root.adding.submit()
         onCancelled: root.adding.dismiss()
 

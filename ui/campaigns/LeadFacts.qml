@@ -39,7 +39,7 @@ Column {
                 id: value
                 x: 124
                 width: parent.width - x
-                wrapMode: Text.WrapAnywhere
+                wrapMode: Text.Wrap
                 lineHeightMode: Text.FixedHeight
                 lineHeight: 20
                 textFormat: Text.PlainText
