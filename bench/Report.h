@@ -45,6 +45,7 @@ inline void line(const char* what, double value, const char* unit, const char* g
 bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);
+bool leads(Scale scale);
 bool start(Scale scale);
 bool window(Scale scale);
 

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 
 #include "app/shell/Actions.h"
-#include "app/shell/TextPatterns.h"
+#include "app/shell/EmailAddress.h"
 #include "kit/api/Format.h"
 #include "kit/async/background.h"
 
@@ -222,7 +222,7 @@ Task<void> LeadAdding::look(QString path) {
 void LeadAdding::submit() {
   if (!canSubmit()) return;
   if (m_result) return dismiss();
-  if (m_way == "manual"_L1 && !looksLikeAddress(m_email.trimmed())) {
+  if (m_way == "manual"_L1 && !isEmailAddress(m_email.trimmed())) {
     m_emailError = u"Enter a valid email address."_s;
     Q_EMIT changed();
     return;

@@ -3,7 +3,6 @@
 #include <QLoggingCategory>
 #include <QRegularExpression>
 
-#include "app/shell/TextPatterns.h"
 #include "kit/api/APIEnvironment.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/session/authRequests.h"
@@ -18,6 +17,11 @@ Q_LOGGING_CATEGORY(lcSignIn, "orvella.signin")
 namespace {
 
 constexpr int defaultResendSeconds = 60;
+
+bool looksLikeAddress(const QString& address) {
+  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s));
+  return pattern.match(address).hasMatch();
+}
 
 bool isCompleteCode(const QString& code) {
   static const QRegularExpression pattern(QRegularExpression::anchoredPattern(u"[0-9]{6}"_s));
