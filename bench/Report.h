@@ -46,6 +46,7 @@ bool analytics(Scale scale);
 bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);
+bool leads(Scale scale);
 bool start(Scale scale);
 bool window(Scale scale);
 

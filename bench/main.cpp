@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
   std::printf("This build is not optimised; its figures mean nothing. Use the release preset.\n");
 #endif
   const bool done = bench::decode(scale) && bench::start(scale) && bench::window(scale) && bench::chart(scale) &&
-                    bench::editor(scale) && bench::analytics(scale);
+                    bench::editor(scale) && bench::leads(scale) && bench::analytics(scale);
   return done ? 0 : 1;
 }

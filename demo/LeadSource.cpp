@@ -66,22 +66,30 @@ std::optional<LeadSource> fromList(const DoorContext& context, const AddLeadsBod
   return source;
 }
 
-/// Leads of other campaigns, as new as on their first day.
+/// Somebody known from a list or another campaign.
+const CampaignLead* findAnywhere(const DoorContext& context, const QString& id) {
+  for (const DemoLeadList& list : std::as_const(context.workspace.lists)) {
+    const auto found = std::ranges::find(list.people, id, &CampaignLead::id);
+    if (found != list.people.end()) return &*found;
+  }
+  for (DemoCampaign& campaign : context.workspace.campaigns)
+    if (const CampaignLead* lead = findLead(campaign, id)) return lead;
+  return nullptr;
+}
+
+/// Leads of the workspace, as new as on their first day.
 LeadSource fromLeads(const DoorContext& context, const AddLeadsBody::Leads& body) {
   LeadSource source{{}, {}, !body.allowOtherCampaigns};
   for (const QString& id : body.leadIds) {
-    for (DemoCampaign& campaign : context.workspace.campaigns) {
-      const CampaignLead* known = findLead(campaign, id);
-      if (!known) continue;
-      CampaignLead lead = *known;
-      for (auto* instant : {&lead.firstSentAt, &lead.lastSentAt, &lead.repliedAt, &lead.nextSendAt, &lead.removedAt})
-        instant->reset();
-      lead.currentStep.reset();
-      lead.interest.reset();
-      lead.source = u"leads"_s;
-      source.people.append(lead);
-      break;
-    }
+    const CampaignLead* known = findAnywhere(context, id);
+    if (!known) continue;
+    CampaignLead lead = *known;
+    for (auto* instant : {&lead.firstSentAt, &lead.lastSentAt, &lead.repliedAt, &lead.nextSendAt, &lead.removedAt})
+      instant->reset();
+    lead.currentStep.reset();
+    lead.interest.reset();
+    lead.source = u"leads"_s;
+    source.people.append(lead);
   }
   return source;
 }

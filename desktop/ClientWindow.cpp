@@ -30,13 +30,13 @@ QString hardwareModel() {
 
 }  // namespace
 
-ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, NameForm* saveForm)
+ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms)
     : m_engine(engine),
-      m_saveForm(saveForm),
+      m_fileForms(fileForms),
       m_app(platform),
       m_palette(platform.preferences, [this] { return commandsOf(m_app); }) {
   // QML would otherwise take what it is handed from C++ for its own and delete it.
-  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, saveForm})
+  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, fileForms.save, fileForms.open})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
 }
 
@@ -50,7 +50,8 @@ QQuickWindow* ClientWindow::open() {
       {u"app"_s, QVariant::fromValue(&m_app)},
       {u"palette"_s, QVariant::fromValue(&m_palette)},
       {u"shortcuts"_s, shortcutSheet(m_app)},
-      {u"saveForm"_s, QVariant::fromValue(m_saveForm)},
+      {u"saveForm"_s, QVariant::fromValue(m_fileForms.save)},
+      {u"openForm"_s, QVariant::fromValue(m_fileForms.open)},
   }));
   auto* window = qobject_cast<QQuickWindow*>(made.get());
   if (!window) {

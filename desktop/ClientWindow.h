@@ -13,8 +13,13 @@ namespace orv {
 /// The application with its window, on whatever platform it is given.
 class ClientWindow {
  public:
-  /// `saveForm` stands in for the desktop's save panel, null where nothing is ever saved.
-  ClientWindow(QQmlEngine& engine, Platform platform, NameForm* saveForm = nullptr);
+  /// What stands in for the desktop's file panels; null where no file is ever chosen.
+  struct FileForms {
+    NameForm* save = nullptr;
+    NameForm* open = nullptr;
+  };
+
+  ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms = {nullptr, nullptr});
 
   AppModel& app() { return m_app; }
   /// Makes the window, hidden. Null, with the reason in the log, when its QML does not load.
@@ -28,7 +33,7 @@ class ClientWindow {
 
  private:
   QQmlEngine& m_engine;
-  NameForm* m_saveForm;
+  FileForms m_fileForms;
   AppModel m_app;
   CommandPalette m_palette;
   std::unique_ptr<QQuickWindow> m_window;

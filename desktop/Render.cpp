@@ -48,6 +48,16 @@ CampaignStatsStore& openStats(Stage& stage, const QString& section) {
   return *campaign.stats();
 }
 
+/// The leads tab of the first campaign of the status.
+CampaignLeads& openLeads(Stage& stage, const QString& status = u"running"_s) {
+  CampaignStore& campaign = openCampaign(stage, status);
+  campaign.setTab(u"leads"_s);
+  stage.settle();
+  return *campaign.leads();
+}
+
+QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
+
 void typeEmail(Stage& stage, const QString& email) {
   stage.app().signIn()->setEmail(email);
   stage.app().signIn()->submitEmail();
@@ -225,6 +235,66 @@ QList<Scene> campaignScenes() {
        [](Stage& s) {
          s.app().router()->setFeaturesOff({u"inboxSetup"_s});
          s.app().router()->open(Page::inboxSetup);
+       }},
+      {u"leads"_s, true, [](Stage& s) { openLeads(s); }},
+      {u"leads-ticked"_s, true,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.toggle(firstLead(leads));
+         leads.toggle(leads.rows()->records()[2].id);
+       }},
+      {u"leads-drawer"_s, true,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.open(firstLead(leads));
+       }},
+      {u"leads-none-match"_s, true,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.setLeadQuery(u"nothing like this"_s);
+         s.settle();
+         s.settle();
+       }},
+      {u"leads-archive"_s, true,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.remove({firstLead(leads)});
+         s.settle();
+         leads.setLeadsArchived(true);
+       }},
+      {u"leads-empty"_s, true, [](Stage& s) { openLeads(s).setLeadsArchived(true); }},
+      {u"leads-add-by-hand"_s, true, [](Stage& s) { openLeads(s).adding()->show(u"manual"_s); }},
+      {u"leads-add-list"_s, true, [](Stage& s) { openLeads(s).adding()->show(u"list"_s); }},
+      {u"leads-add-own"_s, true, [](Stage& s) { openLeads(s).adding()->show(u"leads"_s); }},
+      {u"leads-add-file"_s, true,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"csv"_s);
+         QFile file(QDir::temp().filePath(u"orvella-render.csv"_s));
+         if (file.open(QIODevice::WriteOnly)) file.write("email,firstName,company,city\na@x.example,Ana,Acme,Ulm\n");
+         file.close();
+         adding.setFile(file.fileName());
+         s.settle();
+       }},
+      {u"leads-added"_s, true,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"list"_s);
+         s.settle();
+         adding.setListId(u"li_fair"_s);
+         adding.submit();
+       }},
+      {u"leads-move"_s, true,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.beginMove({firstLead(leads)});
+       }},
+      {u"leads-failed"_s, true,
+       [](Stage& s) {
+         CampaignStore& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         s.transport().mode = Mode::failing;
+         campaign.setTab(u"leads"_s);
        }},
   };
 }

@@ -43,6 +43,7 @@ class Stage::Desktop final : public Browser,
   void setText(const QString&) override {}
   void reveal(const QString&) override {}
   Task<std::optional<ChosenFile>> saveFile(QString, QString, QString) override { co_return std::nullopt; }
+  Task<std::optional<QString>> openFile(QString, QString) override { co_return std::nullopt; }
 
   bool sidebarRail() const override { return false; }
   void setSidebarRail(bool) override {}

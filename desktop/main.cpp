@@ -17,10 +17,10 @@
 #include "desktop/services/BrowserService.h"
 #include "desktop/services/ClipboardService.h"
 #include "desktop/services/ColorSchemeWatcher.h"
+#include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
-#include "desktop/services/SavePanel.h"
 #include "desktop/services/SchemeRegistration.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "desktop/services/SingleInstance.h"
@@ -101,7 +101,7 @@ int run(QGuiApplication& application, const Options& options) {
   SettingsPreferences preferences;
   BrowserService browser;
   ClipboardService clipboard;
-  SavePanel files(QDBusConnection::sessionBus());
+  DesktopFilePanel files(QDBusConnection::sessionBus());
   FileManagerRevealer revealer(QDBusConnection::sessionBus());
   MemoryPressureMonitor memoryPressure(clock, QDBusConnection::systemBus());
   SecretServiceKeychain keyring(applicationId, u"Orvella"_s, clock);
@@ -128,7 +128,7 @@ int run(QGuiApplication& application, const Options& options) {
 
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  ClientWindow main(engine, platform, files.form());
+  ClientWindow main(engine, platform, {files.saveForm(), files.openForm()});
   AppModel& app = main.app();
 
   const ColorSchemeWatcher desktop(QDBusConnection::sessionBus());

@@ -49,6 +49,7 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
           m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
       m_sequence(m_context),
       m_stats(m_context),
+      m_leads(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
@@ -255,6 +256,7 @@ void CampaignStore::close() {
   m_campaign.cancel();
   m_sequence.close();
   m_stats.close();
+  m_leads.close();
   Store::close();
 }
 

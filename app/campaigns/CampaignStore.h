@@ -4,6 +4,7 @@
 
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignStatsStore.h"
+#include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
@@ -29,6 +30,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(QString parentName READ parentName NOTIFY changed)
   Q_PROPERTY(QString mainAction READ mainAction NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* campaign READ campaign CONSTANT)
+  Q_PROPERTY(orv::CampaignLeads* leads READ leads CONSTANT)
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
   Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
   Q_PROPERTY(orv::CampaignStatsStore* stats READ stats CONSTANT)
@@ -56,6 +58,7 @@ class CampaignStore final : public Store {
   /// "launch", "pause", "resume", or nothing when the campaign is none of these three.
   QString mainAction() const;
   Resource<Campaign>* campaign() { return &m_campaign; }
+  CampaignLeads* leads() { return &m_leads; }
   NameForm* renameForm() { return &m_rename; }
   SequenceEditor* sequence() { return &m_sequence; }
   CampaignStatsStore* stats() { return &m_stats; }
@@ -120,6 +123,7 @@ class CampaignStore final : public Store {
   CampaignContext m_context;
   SequenceEditor m_sequence;
   CampaignStatsStore m_stats;
+  CampaignLeads m_leads;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;

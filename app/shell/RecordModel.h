@@ -59,6 +59,14 @@ class RecordModel : public ListModel {
     }
   }
 
+  /// A further page of a list that is read bit by bit; costs its own length only. None of the ids may be there already.
+  void append(std::vector<Record> records) {
+    if (records.empty()) return;
+    beginInsertRows({}, rowCount(), rowCount() + int(records.size()) - 1);
+    m_records.insert(m_records.end(), std::make_move_iterator(records.begin()), std::make_move_iterator(records.end()));
+    endInsertRows();
+  }
+
   /// Tells views to read the row again: something beside the record changed (a busy mark).
   void touch(const QString& id) {
     if (const int row = rowOf(id); row >= 0) Q_EMIT dataChanged(index(row), index(row));

@@ -8,10 +8,10 @@
 
 #include "desktop/services/BrowserService.h"
 #include "desktop/services/ColorSchemeWatcher.h"
+#include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
-#include "desktop/services/SavePanel.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "kit/async/TaskScope.h"
 #include "tests/support/ManualClock.h"
@@ -59,6 +59,7 @@ class FakeFileChooser : public QObject {
   }
   void end() { m_bus.unregisterService(u"org.freedesktop.portal.Desktop"_s); }
 
+  QString method;
   QVariantMap options;
   QString request;
   int closed = 0;
@@ -71,15 +72,23 @@ class FakeFileChooser : public QObject {
 
  public Q_SLOTS:
   QDBusObjectPath SaveFile(const QString&, const QString&, const QVariantMap& given, const QDBusMessage& message) {
+    return put(given, message);
+  }
+  QDBusObjectPath OpenFile(const QString&, const QString&, const QVariantMap& given, const QDBusMessage& message) {
+    return put(given, message);
+  }
+  void Close() { ++closed; }
+
+ private:
+  QDBusObjectPath put(const QVariantMap& given, const QDBusMessage& message) {
+    method = message.member();
     options = given;
     const QString sender = message.service().mid(1).replace(u'.', u'_');
     request = u"/org/freedesktop/portal/desktop/request/"_s + sender + u'/' + given[u"handle_token"_s].toString();
     m_bus.registerObject(request, u"org.freedesktop.portal.Request"_s, this, QDBusConnection::ExportAllSlots);
     return QDBusObjectPath(request);
   }
-  void Close() { ++closed; }
 
- private:
   QDBusConnection m_bus;
 };
 
@@ -95,6 +104,9 @@ class ServicesTest : public QObject {
   }
   static Task<void> ask(FilePanel& panel, QList<std::optional<ChosenFile>>& answers) {
     answers.append(co_await panel.saveFile(u"acme-analytics.csv"_s, u"Comma-separated text"_s, u"csv"_s));
+  }
+  static Task<void> askToOpen(FilePanel& panel, QList<std::optional<QString>>& answers) {
+    answers.append(co_await panel.openFile(u"Comma-separated text"_s, u"csv"_s));
   }
   static QByteArray contents(const QString& path) {
     QFile file(path);
@@ -153,7 +165,7 @@ class ServicesTest : public QObject {
 
   void theDesktopAsksWhereToSave() {
     QTemporaryDir folder;
-    SavePanel panel(connection());
+    DesktopFilePanel panel(connection());
     FakeFileChooser portal(connection());
     QList<std::optional<ChosenFile>> answers;
     TaskScope tasks;
@@ -188,15 +200,44 @@ class ServicesTest : public QObject {
     QVERIFY(asked());
     portal.end();
     QTRY_COMPARE(answers.size(), 4);
-    QVERIFY2(!answers[3] && !panel.form()->shown(), "the panel went with its portal");
+    QVERIFY2(!answers[3] && !panel.saveForm()->shown(), "the panel went with its portal");
     QCOMPARE(portal.closed, 1);
+  }
+
+  void aFileToReadIsAskedForTheSameWay() {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"Leads für Q3.csv"_s);
+    DesktopFilePanel panel(connection());
+    QList<std::optional<QString>> answers;
+    TaskScope tasks;
+    {
+      FakeFileChooser portal(connection());
+      tasks.start(askToOpen(panel, answers));
+      QTRY_COMPARE(portal.method, u"OpenFile"_s);
+      QCOMPARE(qvariant_cast<QDBusArgument>(portal.options[u"filters"_s]).currentSignature(), u"a(sa(us))"_s);
+      portal.respond(0, {QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())});
+      QTRY_COMPARE(answers, (QList<std::optional<QString>>{path}));
+      portal.end();
+    }
+    NameForm& form = *panel.openForm();
+    tasks.start(askToOpen(panel, answers));
+    QTRY_COMPARE(form.text(), folder.path() + u'/');
+    for (const auto& wrong : {folder.path(), path}) {
+      form.setText(wrong);
+      form.submit();
+      QVERIFY(form.shown() && !form.error().isEmpty() && answers.size() == 1);
+    }
+    QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    form.setText(QFileInfo(path).fileName());
+    form.submit();
+    QCOMPARE(answers.value(1), std::optional(path));
   }
 
   void aFormAsksWhereTheDesktopDoesNot() {
     QTemporaryDir folder;
     QVERIFY(QDir(folder.path()).mkdir(u"there"_s));
-    SavePanel panel(connection());
-    NameForm& form = *panel.form();
+    DesktopFilePanel panel(connection());
+    NameForm& form = *panel.saveForm();
     QList<std::optional<ChosenFile>> answers;
     TaskScope tasks;
     tasks.start(ask(panel, answers));

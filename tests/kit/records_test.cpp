@@ -10,6 +10,7 @@
 #include "kit/api/JSONCoding.h"
 #include "kit/models/analytics.h"
 #include "kit/models/campaignLeads.h"
+#include "kit/models/leads.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -104,9 +105,9 @@ QList<Record> records() {
 const QList<Record>& allRecords() {
   static const auto all =
       records<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail,
-              FeedPage, MessagePage, AddLeadsResult, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
-              AnalyticsOverview, WarmupHealth, Dashboard, AuthMethods, EmailCheck, EmailStarted, NativeSession,
-              MeResponse, UnreadCounts, Problem>();
+              FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult,
+              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, AuthMethods, EmailCheck, EmailStarted,
+              NativeSession, MeResponse, UnreadCounts, Problem>();
   return all;
 }
 

@@ -9,6 +9,7 @@
 
 #include "kit/models/analytics.h"
 #include "kit/models/campaignLeads.h"
+#include "kit/models/leads.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -141,6 +142,16 @@ const std::map<QString, std::function<Built()>>& builders() {
       {u"bulkLeads"_s,
        [] {
          return bulkLeads(c1, {u"pause"_s, {}});
+       }},
+      {u"leadLists"_s, [] { return leadLists(false); }},
+      {u"leadLists archived"_s, [] { return leadLists(true); }},
+      {u"ownLeads"_s,
+       [] {
+         return ownLeads({{{l1}}, {}});
+       }},
+      {u"ownLeads newest"_s,
+       [] {
+         return ownLeads({{}, 500});
        }},
       {u"campaignActivity"_s, [] { return campaignActivity(c1, 30, {}); }},
       {u"campaignActivity further"_s, [] { return campaignActivity(c1, 30, u"n"_s); }},

@@ -24,6 +24,11 @@ class FakeFilePanel final : public FilePanel {
     if (folder.isEmpty()) co_return std::nullopt;
     co_return ChosenFile{QDir(folder).filePath(suggestedName), asksBeforeReplacing};
   }
+  /// The file that gets opened; empty is a cancelled panel.
+  QString opened;
+  Task<std::optional<QString>> openFile(QString, QString) override {
+    co_return opened.isEmpty() ? std::nullopt : std::optional(opened);
+  }
 };
 
 class FakeRevealer final : public FileRevealer {

@@ -6,6 +6,7 @@
 #include "app/analytics/DashboardStore.h"
 #include "app/analytics/RangeForm.h"
 #include "app/campaigns/CampaignStatsStore.h"
+#include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
@@ -47,6 +48,13 @@ struct ListModelType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct CampaignLeadsType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignLeads)
+  QML_NAMED_ELEMENT(CampaignLeads)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct CampaignStatsStoreType {
   Q_GADGET
   QML_FOREIGN(orv::CampaignStatsStore)
@@ -79,6 +87,27 @@ struct DashboardStoreType {
   Q_GADGET
   QML_FOREIGN(orv::DashboardStore)
   QML_NAMED_ELEMENT(DashboardStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadAddingType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadAdding)
+  QML_NAMED_ELEMENT(LeadAdding)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadMoveType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadMove)
+  QML_NAMED_ELEMENT(LeadMove)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadPanelType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadPanel)
+  QML_NAMED_ELEMENT(LeadPanel)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -13,6 +13,7 @@ FocusScope {
     /// By the tab's key.
     readonly property var tabPages: ({
         sequence: sequence,
+        leads: leadsTab,
         stats: stats
     })
 
@@ -74,6 +75,14 @@ FocusScope {
     }
 
     Component {
+        id: leadsTab
+
+        LeadsTab {
+            campaign: root.store
+        }
+    }
+
+    Component {
         id: stats
 
         StatsTab {
@@ -87,7 +96,11 @@ FocusScope {
 
     Shortcut {
         sequences: ["F5", "Ctrl+R"]
-        onActivated: root.store.refresh()
+        onActivated: {
+            root.store.refresh();
+            if (root.store.tab === "leads")
+                root.store.leads.refresh();
+        }
     }
 
     Shortcut {

@@ -14,6 +14,7 @@ T.Popup {
     property string warning: ""
     property string error: ""
     property string confirmText: "OK"
+    /// Empty where there is nothing to cancel any more.
     property string cancelText: "Cancel"
     /// The verb cannot be taken back: it is red, and the focus starts on Cancel.
     property bool destructive: false
@@ -171,6 +172,7 @@ T.Popup {
 
             OrvButton {
                 id: cancelButton
+                visible: text !== ""
                 text: root.cancelText
                 enabled: !root.busy
                 onClicked: root.cancel()

@@ -10,7 +10,16 @@ T.Popup {
     readonly property bool beside: parent ? parent.width >= 1280 : false
     readonly property FocusReturn focusReturn: FocusReturn {}
 
+    /// Its owner decides whether it closes: something in it may not be saved.
+    property bool asksToClose: false
+
     default property alias content: body.data
+
+    signal closeRequested()
+
+    function leave() {
+        asksToClose ? closeRequested() : close();
+    }
 
     parent: T.Overlay.overlay
     x: parent ? parent.width - width : 0
@@ -20,7 +29,7 @@ T.Popup {
     modal: !beside
     dim: !beside
     focus: true
-    closePolicy: beside ? T.Popup.NoAutoClose : T.Popup.CloseOnPressOutside
+    closePolicy: beside || asksToClose ? T.Popup.NoAutoClose : T.Popup.CloseOnPressOutside
 
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.dialogDuration; easing.type: Easing.OutCubic }
@@ -32,7 +41,14 @@ T.Popup {
     onOpened: contentItem.forceActiveFocus(Qt.PopupFocusReason)
     onAboutToHide: focusReturn.giveBack()
 
-    T.Overlay.modal: Rectangle { color: Theme.scrim }
+    T.Overlay.modal: Rectangle {
+        color: Theme.scrim
+
+        TapHandler {
+            enabled: root.asksToClose
+            onTapped: root.leave()
+        }
+    }
 
     background: Rectangle {
         color: Theme.surface
@@ -50,7 +66,7 @@ T.Popup {
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
 
-        Keys.onEscapePressed: root.close()
+        Keys.onEscapePressed: root.leave()
 
         Text {
             x: 20
@@ -73,7 +89,7 @@ T.Popup {
             iconName: "orv-close"
             iconOnly: true
             text: "Close"
-            onClicked: root.close()
+            onClicked: root.leave()
         }
 
         Rectangle {

@@ -16,6 +16,15 @@ QtObject {
     /// The width that all columns and paddings need; more than `availableWidth` when the table scrolls sideways.
     property real contentWidth: 0
 
+    /// Changes with what the page says of its columns while they are shown.
+    readonly property string wanted: {
+        let wanted = "";
+        for (let i = 0; i < columns.length; ++i)
+            wanted += columns[i].visible ? columns[i].preferredWidth + " " : "- ";
+        return wanted;
+    }
+
+    onWantedChanged: place()
     onAvailableWidthChanged: place()
     onLeftPaddingChanged: place()
     onRightPaddingChanged: place()

@@ -12,6 +12,7 @@ Window {
     property var shortcuts: []
     /// Stands in for the desktop's save panel where there is none.
     property NameForm saveForm: null
+    property NameForm openForm: null
 
     readonly property string phase: app.phase
 
@@ -75,6 +76,10 @@ Window {
 
     NameFormDialog {
         form: root.saveForm
+    }
+
+    NameFormDialog {
+        form: root.openForm
     }
 
     ToastLayer {

@@ -16,13 +16,15 @@ struct ChosenFile {
   bool operator==(const ChosenFile&) const = default;
 };
 
-/// The desktop's panel for choosing where to keep a file.
+/// The desktop's panels for choosing files.
 class FilePanel {
  public:
   virtual ~FilePanel() = default;
   /// The chosen file, or nothing when the person cancels. `kind` names the file's kind in words, `suffix` is
   /// its ending without the dot.
   virtual Task<std::optional<ChosenFile>> saveFile(QString suggestedName, QString kind, QString suffix) = 0;
+  /// The absolute path of a file to read, or nothing when the person cancels.
+  virtual Task<std::optional<QString>> openFile(QString kind, QString suffix) = 0;
 };
 
 }  // namespace orv

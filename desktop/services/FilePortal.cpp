@@ -1,4 +1,4 @@
-#include "desktop/services/SavePortal.h"
+#include "desktop/services/FilePortal.h"
 
 #include <QDBusArgument>
 #include <QDBusMetaType>
@@ -74,6 +74,11 @@ void registerTypes() {
   Q_UNUSED(done)
 }
 
+QVariant filterOf(const QString& kind, const QString& suffix) {
+  registerTypes();
+  return QVariant::fromValue(QList<PortalFilter>{{kind, {{0, u"*."_s + suffix}}}});
+}
+
 /// The window that the panel belongs to, as the portal names it; on Wayland it takes none without a handle exported
 /// for it, and the panel stands by itself.
 QString parentWindow() {
@@ -91,38 +96,45 @@ QString newRequest(const QDBusConnection& bus, const QString& token) {
 
 }  // namespace
 
-SavePortal::SavePortal(QDBusConnection bus)
+FilePortal::FilePortal(QDBusConnection bus)
     : m_bus(std::move(bus)), m_portal(portalName, m_bus, QDBusServiceWatcher::WatchForUnregistration) {
   // A portal that ends takes its panel along, and never answers.
   connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_outcome.give({true, {}}); });
 }
 
-SavePortal::~SavePortal() {
+FilePortal::~FilePortal() {
   if (m_request.isEmpty() || m_outcome.isGiven()) return;
   m_bus.asyncCall(QDBusMessage::createMethodCall(portalName, m_request, requestInterface, u"Close"_s));
 }
 
-OneShot<SavePortal::Outcome> SavePortal::ask(const QString& suggestion, const QString& kind, const QString& suffix) {
+OneShot<FilePortal::Outcome> FilePortal::askToSave(const QString& suggestion, const QString& kind,
+                                                   const QString& suffix) {
+  const QFileInfo file(suggestion);
+  return ask(u"SaveFile"_s, u"Save file"_s, file.absolutePath(),
+             {{u"current_name"_s, file.fileName()}, {u"filters"_s, filterOf(kind, suffix)}});
+}
+
+OneShot<FilePortal::Outcome> FilePortal::askToOpen(const QString& folder, const QString& kind, const QString& suffix) {
+  return ask(u"OpenFile"_s, u"Open file"_s, folder, {{u"filters"_s, filterOf(kind, suffix)}});
+}
+
+OneShot<FilePortal::Outcome> FilePortal::ask(const QString& method, const QString& title, const QString& folder,
+                                             QVariantMap options) {
   if (!m_bus.isConnected()) {
     m_outcome.give({});
     return m_outcome;
   }
-  registerTypes();
   static int asked = 0;
   const QString token = u"orvella%1"_s.arg(++asked);
   m_request = newRequest(m_bus, token);
   m_bus.connect(QString(), m_request, requestInterface, u"Response"_s, this, SLOT(respond(QDBusMessage)));
 
-  const QFileInfo file(suggestion);
-  const QList<PortalFilter> filters{{kind, {{0, u"*."_s + suffix}}}};
+  options.insert(u"handle_token"_s, token);
+  // The portal wants the end of the path marked.
+  options.insert(u"current_folder"_s, QFile::encodeName(folder).append('\0'));
   auto message =
-      QDBusMessage::createMethodCall(portalName, portalPath, u"org.freedesktop.portal.FileChooser"_s, u"SaveFile"_s);
-  message << parentWindow() << u"Save file"_s
-          << QVariantMap{{u"handle_token"_s, token},
-                         {u"current_name"_s, file.fileName()},
-                         // The portal wants the end of the path marked.
-                         {u"current_folder"_s, QFile::encodeName(file.absolutePath()).append('\0')},
-                         {u"filters"_s, QVariant::fromValue(filters)}};
+      QDBusMessage::createMethodCall(portalName, portalPath, u"org.freedesktop.portal.FileChooser"_s, method);
+  message << parentWindow() << title << options;
   auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerMilliseconds), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
     watcher->deleteLater();
@@ -131,7 +143,7 @@ OneShot<SavePortal::Outcome> SavePortal::ask(const QString& suggestion, const QS
   return m_outcome;
 }
 
-void SavePortal::respond(const QDBusMessage& message) {
+void FilePortal::respond(const QDBusMessage& message) {
   if (message.signature() != "ua{sv}"_L1) return;
   const QVariantList arguments = message.arguments();
   const auto results = qdbus_cast<QVariantMap>(arguments[1]);

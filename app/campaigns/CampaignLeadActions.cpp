@@ -1,0 +1,137 @@
+#include "app/campaigns/CampaignLeads.h"
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+const auto bulk = u"bulk"_s;
+
+QString countedLeads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
+
+ConfirmRequest removeForGoodQuestion(const QString& name) {
+  return {u"Delete "_s + name + u" for good?"_s,
+          u"The lead’s emails and replies in this campaign go with it. This can’t be undone."_s,
+          u"Delete for good"_s,
+          u"Cancel"_s,
+          true,
+          {}};
+}
+
+}  // namespace
+
+QString CampaignLeads::named(const QStringList& ids) const {
+  const CampaignLead* lead = ids.size() == 1 ? m_index.find(ids.first()) : nullptr;
+  return lead ? leadName(*lead) : countedLeads(ids.size());
+}
+
+void CampaignLeads::open(const QString& id) {
+  if (const CampaignLead* lead = m_index.find(id)) m_panel.show(*lead);
+}
+
+void CampaignLeads::copyAddress(const QString& id) {
+  const CampaignLead* lead = m_index.find(id);
+  if (!lead) return;
+  m_context.services.clipboard.setText(lead->email);
+  m_context.services.toasts.success(u"Copied "_s + lead->email);
+}
+
+Task<void> CampaignLeads::pauseTask(QStringList ids) {
+  return bulkTask(u"pause"_s, ids, u"Paused "_s, u"Couldn’t pause "_s + named(ids));
+}
+
+Task<void> CampaignLeads::resumeTask(QStringList ids) {
+  return bulkTask(u"resume"_s, ids, u"Resumed "_s, u"Couldn’t resume "_s + named(ids));
+}
+
+Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done, QString failure) {
+  if (ids.isEmpty()) co_return;
+  const auto mark = m_bulk.mark(bulk);
+  if (!mark) co_return;
+  const QString name = named(ids);
+  const auto result = co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{action, ids}), failure);
+  if (!result) co_return;
+  const QString rest = result->skipped == 0
+                           ? QString()
+                           : Format::counted(result->skipped, u"lead stays"_s, u"leads stay"_s) + u" as it was"_s;
+  auto& toasts = m_context.services.toasts;
+  if (result->changed == 0)
+    toasts.show(u"Nothing to change"_s, Toasts::Tone::standard, {}, {}, rest);
+  else
+    toasts.show(done + (ids.size() == 1 ? name : countedLeads(result->changed)), Toasts::Tone::success, {}, {}, rest);
+  clearSelection();
+  changedElsewhere();
+}
+
+Task<void> CampaignLeads::removeTask(QStringList ids) {
+  if (ids.isEmpty()) co_return;
+  const auto mark = m_bulk.mark(bulk);
+  if (!mark) co_return;
+  const QString name = named(ids), failure = u"Couldn’t remove "_s + name;
+  QString said = u"Removed "_s + name + u". It’s in Archived."_s;
+  if (ids.size() == 1) {
+    if (!co_await m_actions.perform(ids.first(), Requests::removeLead(m_context.id, ids.first(), false), failure))
+      co_return;
+  } else {
+    const auto result =
+        co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{u"remove"_s, ids}), failure);
+    if (!result) co_return;
+    said = u"Removed "_s + countedLeads(result->changed) +
+           (result->changed == 1 ? u". It’s in Archived."_s : u". They’re in Archived."_s);
+  }
+  takeOut(ids);
+  m_context.services.toasts.show(said, Toasts::Tone::standard, u"Undo"_s, [store = QPointer(this), ids, name] {
+    if (store) store->m_tasks.start(store->restoreTask(ids, name));
+  });
+  changedElsewhere();
+}
+
+Task<void> CampaignLeads::restoreTask(QStringList ids, QString name) {
+  if (ids.isEmpty()) co_return;
+  const auto mark = m_bulk.mark(bulk);
+  if (!mark) co_return;
+  if (name.isEmpty()) name = named(ids);
+  const auto result =
+      co_await m_actions.send(Requests::restoreLeads(m_context.id, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
+  if (!result) co_return;
+  if (m_isArchive) takeOut(ids);
+  const bool isNamed = ids.size() == 1 && result->restored == 1;
+  m_context.services.toasts.success((isNamed ? name : countedLeads(result->restored)) + u" restored"_s);
+  changedElsewhere();
+}
+
+Task<void> CampaignLeads::removeForGoodTask(QString id) {
+  const CampaignLead* lead = m_index.find(id);
+  if (!lead || m_busy.contains(id)) co_return;
+  const QString name = leadName(*lead);
+  if (!co_await m_context.services.overlays.confirm(removeForGoodQuestion(name))) co_return;
+  const auto removed =
+      co_await m_actions.perform(id, Requests::removeLead(m_context.id, id, true), u"Couldn’t delete "_s + name);
+  if (!removed) co_return;
+  takeOut({id});
+  m_context.services.toasts.success(name + u" deleted for good"_s);
+  changedElsewhere();
+}
+
+/// Leads that have left what is shown go at once; how many are left is read again.
+void CampaignLeads::takeOut(const QStringList& ids) {
+  // A second reading that began before may still know them.
+  if (m_loadingMore && !m_cursor) {
+    m_reading.cancel();
+    setMore(false, true);
+  }
+  m_index.remove(QSet<QString>(ids.begin(), ids.end()));
+  m_rows.update(m_index.matching(m_appliedQuery));
+  pruneSelection();
+  m_panel.leadsLeft(ids);
+}
+
+void CampaignLeads::changedElsewhere() {
+  if (m_loaded) m_leads.load();
+  m_panel.refresh();
+  // The campaign counts its leads, too.
+  m_context.refresh();
+}
+
+}  // namespace orv

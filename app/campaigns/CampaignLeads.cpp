@@ -1,0 +1,287 @@
+#include "app/campaigns/CampaignLeads.h"
+
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace orv {
+namespace {
+
+constexpr auto searchDelay = 250ms;
+/// A search that shows fewer rows than fill a screen reads on.
+constexpr int searchShowsAtLeast = 50;
+
+constexpr const char* statusWords[] = {"queued",  "active",  "paused",       "completed",
+                                       "replied", "bounced", "unsubscribed", "stopped"};
+
+}  // namespace
+
+CampaignLeads::CampaignLeads(CampaignContext& context)
+    : m_context(context),
+      m_actions(context.api, context.services.toasts, m_busy, [this] { changedElsewhere(); }),
+      m_leads(
+          context.services.clock, [this] { return readPage({}); },
+          [](const LeadPage& page) { return page.items.isEmpty(); }),
+      m_adding(context, [this] { changedElsewhere(); }),
+      m_move(context,
+             [this](const QStringList& ids) {
+               takeOut(ids);
+               changedElsewhere();
+             }),
+      m_panel(context, [this](const CampaignLead& lead) {
+        if (m_index.contains(lead.id)) m_index.append({lead});
+        m_rows.update(m_index.matching(m_appliedQuery));
+      }) {
+  connect(&m_leads, &ResourceBase::changed, this, &CampaignLeads::changed);
+  connect(&m_leads, &ResourceBase::valueChanged, this, &CampaignLeads::firstPageArrived);
+  connect(&m_leads, &ResourceBase::refreshFailed, this,
+          [this](const APIError& error) { m_context.services.toasts.failure(u"Couldn’t load the leads"_s, error); });
+  connect(&m_busy, &BusySet::changed, this, &CampaignLeads::busyChanged);
+  connect(&m_bulk, &BusySet::changed, this, &CampaignLeads::changed);
+}
+
+void CampaignLeads::setLeadStatus(const QString& status) {
+  if (std::exchange(m_status, status) != status) askAnew();
+}
+
+void CampaignLeads::setLeadsArchived(bool archived) {
+  if (std::exchange(m_isArchive, archived) == archived) return;
+  m_status.clear();
+  askAnew();
+}
+
+void CampaignLeads::setLeadQuery(const QString& query) {
+  if (std::exchange(m_query, query) == query) return;
+  m_searchTask.start(searchLater());
+  Q_EMIT changed();
+}
+
+QString CampaignLeads::question() const {
+  return m_status + u'\n' + m_appliedQuery + (m_isArchive ? u"\narchive"_s : QString());
+}
+
+void CampaignLeads::showAll() {
+  m_searchTask.cancel();
+  m_query.clear();
+  search();
+  setLeadStatus({});
+}
+
+int CampaignLeads::totalCount() const {
+  if (!m_cursor && !m_asksAnew) return m_rows.count();
+  const LeadPage* page = m_leads.value();
+  if (!page || !page->counts || !m_appliedQuery.isEmpty()) return -1;
+  qint64 total = 0;
+  for (const auto& [word, count] : page->counts->asKeyValueRange())
+    if (m_status.isEmpty() || word == m_status) total += count;
+  return int(std::max<qint64>(total, m_rows.count()));
+}
+
+QVariantList CampaignLeads::statusCounts() const {
+  const LeadPage* page = m_leads.value();
+  auto counts = page && page->counts ? *page->counts : QMap<QString, qint64>();
+  qint64 total = 0;
+  for (const qint64 count : std::as_const(counts)) total += count;
+  const auto option = [&](const QString& key, const QString& label, qint64 count) {
+    const QString figure = page && page->counts ? u"  "_s + Format::grouped(count) : QString();
+    return QVariantMap{{u"key"_s, key}, {u"label"_s, label + figure}};
+  };
+  QVariantList options{option({}, u"All leads"_s, total)};
+  for (const char* known : statusWords) {
+    const QString word = QString::fromLatin1(known);
+    const qint64 count = counts.take(word);
+    // A status that nobody is in is one line more to read; the one filtered by stays to be seen.
+    if (count > 0 || word == m_status) options.append(option(word, LeadStatus(word).label(), count));
+  }
+  for (const auto& [word, count] : counts.asKeyValueRange()) options.append(option(word, word, count));
+  return options;
+}
+
+int CampaignLeads::archivedCount() const {
+  const LeadPage* page = m_leads.value();
+  return page && page->archivedCount ? int(*page->archivedCount) : -1;
+}
+
+QString CampaignLeads::countText() const {
+  if (!m_leads.value() || m_asksAnew) return {};
+  const auto counted = [](qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); };
+  if (!m_appliedQuery.trimmed().isEmpty())
+    return Format::grouped(m_rows.count()) + u" of "_s + counted(m_index.size()) +
+           (m_cursor ? u" read so far"_s : u""_s);
+  return m_cursor && totalCount() > m_rows.count() ? Format::grouped(m_rows.count()) + u" of "_s + counted(totalCount())
+                                                   : counted(m_rows.count());
+}
+
+void CampaignLeads::ensureLoaded() {
+  if (!std::exchange(m_loaded, true)) m_leads.load();
+}
+
+void CampaignLeads::refresh() {
+  m_loaded = true;
+  m_leads.load();
+}
+
+void CampaignLeads::askAnew() {
+  m_asksAnew = true;
+  m_loaded = true;
+  stopReading();
+  clearSelection();
+  m_leads.ask();
+  Q_EMIT changed();
+  Q_EMIT figuresChanged();
+}
+
+Task<LeadPage> CampaignLeads::readPage(std::optional<QString> cursor) {
+  const auto status = m_status.isEmpty() ? std::nullopt : std::optional(LeadStatus(m_status));
+  return m_context.api.send(Requests::listLeads(m_context.id, {pageSize, status, m_isArchive, cursor}));
+}
+
+void CampaignLeads::firstPageArrived() {
+  const LeadPage& page = *m_leads.value();
+  stopReading();
+  const qsizetype before = m_index.size();
+  if (std::exchange(m_asksAnew, false)) {
+    m_cursor = page.nextCursor;
+    m_index.replace(page.items);
+    m_rows.replace(m_index.matching(m_appliedQuery));
+  } else if (page.nextCursor && before > page.items.size()) {
+    // The rows below stay where they are until they have been read again, too.
+    m_index.append(page.items);
+    m_rows.update(m_index.matching(m_appliedQuery));
+    setMore(true, false);
+    m_reading.start(readAgain(*page.nextCursor, before));
+  } else {
+    m_cursor = page.nextCursor;
+    takeAll(page.items);
+  }
+  Q_EMIT changed();
+  Q_EMIT figuresChanged();
+  searchOn();
+}
+
+/// Reads on until as much as before has been read again, and shows it then.
+Task<void> CampaignLeads::readAgain(QString cursor, qsizetype wanted) {
+  std::optional<QString> next = cursor;
+  QList<CampaignLead> leads = m_leads.value()->items;
+  try {
+    while (next && leads.size() < wanted) {
+      LeadPage page = co_await readPage(next);
+      leads += page.items;
+      next = page.nextCursor;
+    }
+  } catch (const APIError& error) {
+    // What is shown is what was; the next page would have to go on from a place that nobody knows.
+    setMore(false, true);
+    co_return;
+  }
+  m_cursor = next;
+  takeAll(leads);
+  setMore(false, false);
+  searchOn();
+}
+
+void CampaignLeads::takeAll(const QList<CampaignLead>& leads) {
+  m_index.replace(leads);
+  m_rows.update(m_index.matching(m_appliedQuery));
+  pruneSelection();
+}
+
+void CampaignLeads::loadMore() {
+  if (m_loadingMore || m_asksAnew) return;
+  // After a second reading that failed there is no place to go on from.
+  if (!m_cursor) return m_moreFailed ? refresh() : void();
+  setMore(true, false);
+  m_reading.start(readMore());
+}
+
+Task<void> CampaignLeads::readMore() {
+  try {
+    const LeadPage page = co_await readPage(m_cursor);
+    m_cursor = page.nextCursor;
+    const auto added = m_index.append(page.items);
+    // Leads that moved between two pages come twice; a page may hold nothing else.
+    if (qsizetype(added.size()) < page.items.size())
+      m_rows.update(m_index.matching(m_appliedQuery));
+    else
+      m_rows.append(LeadIndex::matching(m_appliedQuery, added));
+    setMore(false, false);
+    searchOn();
+  } catch (const APIError&) {
+    setMore(false, true);
+  }
+}
+
+void CampaignLeads::stopReading() {
+  m_reading.cancel();
+  m_cursor.reset();
+  setMore(false, false);
+}
+
+void CampaignLeads::setMore(bool loading, bool failed) {
+  m_loadingMore = loading;
+  m_moreFailed = failed;
+  Q_EMIT changed();
+}
+
+Task<void> CampaignLeads::searchLater() {
+  co_await m_context.services.clock.sleep(searchDelay);
+  search();
+}
+
+void CampaignLeads::search() {
+  if (std::exchange(m_appliedQuery, m_query) == m_query) return;
+  m_rows.replace(m_index.matching(m_appliedQuery));
+  Q_EMIT changed();
+  searchOn();
+}
+
+/// A search that shows little goes on in what has not been read yet.
+void CampaignLeads::searchOn() {
+  if (m_appliedQuery.trimmed().isEmpty() || !m_cursor || m_moreFailed) return;
+  if (m_rows.count() < searchShowsAtLeast) loadMore();
+}
+
+void CampaignLeads::toggle(const QString& id) {
+  m_selection.toggle(id);
+  Q_EMIT selectionChanged();
+}
+
+void CampaignLeads::extendTo(const QString& from, const QString& to) {
+  QStringList visible;
+  for (const LeadRow& row : m_rows.records()) visible.append(row.id);
+  m_selection.extend(visible, from, to);
+  Q_EMIT selectionChanged();
+}
+
+void CampaignLeads::toggleAll() {
+  QStringList visible;
+  for (const LeadRow& row : m_rows.records()) visible.append(row.id);
+  m_selection.toggleAll(visible);
+  Q_EMIT selectionChanged();
+}
+
+void CampaignLeads::clearSelection() {
+  if (m_selection.isEmpty()) return;
+  m_selection.clear();
+  Q_EMIT selectionChanged();
+}
+
+void CampaignLeads::pruneSelection() {
+  if (m_selection.isEmpty()) return;
+  const auto before = m_selection.ids().size();
+  m_selection.prune(m_index.ids());
+  if (m_selection.ids().size() != before) Q_EMIT selectionChanged();
+}
+
+void CampaignLeads::close() {
+  m_leads.cancel();
+  m_reading.cancel();
+  m_searchTask.cancel();
+  m_adding.close();
+  m_move.close();
+  m_panel.close();
+  Store::close();
+}
+
+}  // namespace orv

@@ -1,0 +1,169 @@
+#pragma once
+
+#include <QMap>
+#include <QVariantList>
+
+#include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/LeadFile.h"
+#include "app/shell/Store.h"
+#include "kit/models/leads.h"
+
+namespace orv {
+
+/// The dialog that adds leads to a campaign: one by hand, a list, a file or the workspace's own, and what came of it.
+///
+/// What takes long goes on while the dialog is hidden, and says so when it is done.
+class LeadAdding final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(bool shown READ shown NOTIFY changed)
+  Q_PROPERTY(QString way READ way NOTIFY changed)
+  Q_PROPERTY(QString title READ title NOTIFY changed)
+  Q_PROPERTY(QString submitLabel READ submitLabel NOTIFY changed)
+  Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
+  Q_PROPERTY(QString error READ error NOTIFY changed)
+  Q_PROPERTY(QString dedupe READ dedupe WRITE setDedupe NOTIFY changed)
+  Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
+  Q_PROPERTY(QString emailError READ emailError NOTIFY changed)
+  Q_PROPERTY(orv::ResourceBase* lists READ lists CONSTANT)
+  Q_PROPERTY(QVariantList listOptions READ listOptions NOTIFY listsChanged)
+  Q_PROPERTY(QString listId READ listId WRITE setListId NOTIFY changed)
+  Q_PROPERTY(QString fileName READ fileName NOTIFY changed)
+  Q_PROPERTY(QString fileFacts READ fileFacts NOTIFY changed)
+  Q_PROPERTY(QString fileWarning READ fileWarning NOTIFY changed)
+  Q_PROPERTY(bool fileLooking READ fileLooking NOTIFY changed)
+  Q_PROPERTY(QStringList fileHeaders READ fileHeaders NOTIFY fileChanged)
+  Q_PROPERTY(QVariantList fileSamples READ fileSamples NOTIFY fileChanged)
+  Q_PROPERTY(QString ownLimit READ ownLimit WRITE setOwnLimit NOTIFY changed)
+  Q_PROPERTY(QString ownLimitError READ ownLimitError NOTIFY changed)
+  Q_PROPERTY(bool allowOtherCampaigns READ allowOtherCampaigns WRITE setAllowOtherCampaigns NOTIFY changed)
+  Q_PROPERTY(bool busy READ busy NOTIFY changed)
+  Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
+  Q_PROPERTY(double progress READ progress NOTIFY changed)
+  Q_PROPERTY(bool hasResult READ hasResult NOTIFY changed)
+  Q_PROPERTY(QStringList resultLines READ resultLines NOTIFY changed)
+
+ public:
+  /// `added` is called when leads may have come into the campaign.
+  LeadAdding(CampaignContext& context, std::function<void()> added);
+  ~LeadAdding() override;
+
+  bool shown() const { return m_shown; }
+  /// "manual", "list", "csv" or "leads".
+  const QString& way() const { return m_way; }
+  /// "Add a lead", or what came of it: "12 leads added".
+  QString title() const;
+  QString submitLabel() const;
+  bool canSubmit() const;
+  /// Why the last attempt failed.
+  const QString& error() const { return m_error; }
+
+  /// Whom to leave out: who is in this "campaign", or anywhere in the "workspace".
+  const QString& dedupe() const { return m_dedupe; }
+  void setDedupe(const QString& rule);
+
+  const QString& email() const { return m_email; }
+  void setEmail(const QString& email);
+  const QString& emailError() const { return m_emailError; }
+
+  Resource<LeadListPage>* lists() { return &m_lists; }
+  QVariantList listOptions() const;
+  const QString& listId() const { return m_listId; }
+  void setListId(const QString& id);
+
+  /// Empty before a file is chosen.
+  QString fileName() const;
+  /// "2.4 MB · 5 columns".
+  QString fileFacts() const;
+  /// What is odd about the file, though it can be sent.
+  QString fileWarning() const;
+  /// The chosen file is being looked into.
+  bool fileLooking() const { return m_looking; }
+  const QStringList& fileHeaders() const { return m_preview.headers; }
+  QVariantList fileSamples() const;
+
+  /// How many of the workspace's own leads; empty for as many as go at a time.
+  const QString& ownLimit() const { return m_ownLimit; }
+  void setOwnLimit(const QString& limit);
+  QString ownLimitError() const;
+  bool allowOtherCampaigns() const { return m_allowOthers; }
+  void setAllowOtherCampaigns(bool allowed);
+
+  bool busy() const { return m_busy; }
+  QString progressText() const;
+  /// From 0 to 1; below 0 while nobody can say.
+  double progress() const;
+  bool hasResult() const { return m_result.has_value(); }
+  /// A plain sentence for each kind of lead that was left out.
+  QStringList resultLines() const;
+
+  /// Opens the dialog, or shows the one whose work goes on.
+  Q_INVOKABLE void show(const QString& way);
+  /// The other fields of a lead added by hand.
+  Q_INVOKABLE QString field(const QString& name) const { return m_fields.value(name); }
+  Q_INVOKABLE void setField(const QString& name, const QString& text) { m_fields.insert(name, text); }
+  Q_INVOKABLE void chooseFile() { m_tasks.start(chooseFileTask()); }
+  /// Looks into a file that was chosen or dropped.
+  void setFile(const QString& path);
+  Q_INVOKABLE void dropFile(const QUrl& url) { setFile(url.toLocalFile()); }
+  Q_INVOKABLE void submit();
+  /// Stops what is under way; what the service has taken by then stays.
+  Q_INVOKABLE void stop();
+  /// Closes the dialog. Work under way goes on.
+  Q_INVOKABLE void dismiss();
+  Q_INVOKABLE void retryLists() { m_lists.load(); }
+
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+  void listsChanged();
+  void fileChanged();
+
+ private:
+  /// How far the work is.
+  struct Stage {
+    QString text;
+    qint64 done = 0;
+    qint64 all = 0;
+  };
+
+  Task<void> chooseFileTask();
+  Task<void> look(QString path);
+  Task<void> work(QString way);
+  Task<AddLeadsResult> addFile();
+  Task<AddLeadsResult> addOwn();
+  Task<void> watchReading();
+  void startAnew();
+  void setStage(const QString& text, qint64 done, qint64 all);
+  void finish(const AddLeadsResult& result);
+  void fail(const QString& reason);
+  std::optional<qint64> ownCount() const;
+
+  CampaignContext& m_context;
+  std::function<void()> m_added;
+  Resource<LeadListPage> m_lists;
+  TaskSlot m_work;
+  TaskSlot m_look;
+  TaskSlot m_ticker;
+  std::shared_ptr<ReadWatch> m_watch;
+  QString m_way;
+  QString m_error;
+  QString m_dedupe;
+  QString m_email;
+  QString m_emailError;
+  QMap<QString, QString> m_fields;
+  QString m_listId;
+  QString m_path;
+  LeadFilePreview m_preview;
+  QString m_ownLimit;
+  Stage m_stage;
+  /// What the service has taken of work that goes in several requests.
+  AddLeadsResult m_soFar;
+  std::optional<AddLeadsResult> m_result;
+  bool m_allowOthers = false;
+  bool m_shown = false;
+  bool m_busy = false;
+  bool m_looking = false;
+};
+
+}  // namespace orv

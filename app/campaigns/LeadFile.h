@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QStringList>
+#include <atomic>
+#include <memory>
+
+#include "kit/models/campaignLeads.h"
+
+namespace orv {
+
+/// What a file of leads holds, as far as its beginning tells.
+struct LeadFilePreview {
+  /// Why it will not do; empty when it will. The rest is then empty.
+  QString error;
+  qint64 bytes = 0;
+  QStringList headers;
+  QList<QStringList> samples;
+  bool operator==(const LeadFilePreview&) const = default;
+};
+
+/// Shared between the thread that reads a file and the one that shows how far it is.
+struct ReadWatch {
+  std::atomic<qint64> bytesRead = 0;
+  /// Set by who no longer wants the file.
+  std::atomic<bool> stopped = false;
+};
+
+/// A file of leads, ready to be sent.
+struct LeadUpload {
+  QString error;
+  std::optional<Request<AddLeadsResult>> request;
+};
+
+/// Both read the file where they are called: not for the main thread.
+LeadFilePreview previewLeadFile(const QString& path);
+LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, ReadWatch& watch);
+
+}  // namespace orv

@@ -1,0 +1,117 @@
+#include "app/campaigns/LeadMove.h"
+
+#include "app/shell/Actions.h"
+#include "kit/api/Format.h"
+#include "kit/models/campaignLeads.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+QString leads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
+
+}  // namespace
+
+LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringList&)> moved)
+    : m_context(context),
+      m_moved(std::move(moved)),
+      m_campaigns(
+          context.services.clock, [&context] { return context.api.send(Requests::listCampaigns(false)); },
+          [](const CampaignList& list) { return list.items.isEmpty(); }) {
+  connect(&m_campaigns, &ResourceBase::valueChanged, this, &LeadMove::optionsChanged);
+}
+
+QString LeadMove::title() const { return u"Move "_s + leads(m_leadIds.size()); }
+
+QVariantList LeadMove::options() const {
+  QVariantList options;
+  if (!m_campaigns.value()) return options;
+  const QString needle = m_query.trimmed();
+  for (const CampaignSummary& campaign : m_campaigns.value()->items) {
+    if (campaign.id == m_context.id || !campaign.name.contains(needle, Qt::CaseInsensitive)) continue;
+    options.append(QVariantMap{{u"key"_s, campaign.id},
+                               {u"label"_s, campaign.name},
+                               {u"text"_s, campaign.status.label() + u" · "_s + leads(campaign.leads)}});
+  }
+  return options;
+}
+
+void LeadMove::setQuery(const QString& query) {
+  m_query = query;
+  Q_EMIT changed();
+  Q_EMIT optionsChanged();
+}
+
+void LeadMove::setTarget(const QString& campaignId) {
+  m_target = campaignId;
+  m_error.clear();
+  Q_EMIT changed();
+}
+
+void LeadMove::show(const QStringList& leadIds) {
+  if (m_busy || leadIds.isEmpty()) return;
+  m_leadIds = leadIds;
+  m_shown = true;
+  m_query.clear();
+  m_target.clear();
+  m_error.clear();
+  // Campaigns come and go: the list is read anew each time.
+  m_campaigns.load();
+  Q_EMIT changed();
+}
+
+void LeadMove::submit() {
+  if (!canSubmit()) return;
+  m_busy = true;
+  m_error.clear();
+  Q_EMIT changed();
+  m_tasks.start(move(m_leadIds, m_target));
+}
+
+void LeadMove::cancel() {
+  if (m_busy || !std::exchange(m_shown, false)) return;
+  m_campaigns.cancel();
+  Q_EMIT changed();
+}
+
+Task<void> LeadMove::move(QStringList leadIds, QString target) {
+  const QString name = nameOf(target);
+  try {
+    const MoveResult result =
+        co_await m_context.api.send(Requests::moveLeads(m_context.id, MoveLeadsBody{leadIds, target}));
+    m_shown = false;
+    finish({});
+    const QString kept = result.skipped == 0 ? QString() : leads(result.skipped) + u" stayed, already in "_s + name;
+    if (result.moved == 0)
+      m_context.services.toasts.show(u"No leads moved"_s, Toasts::Tone::standard, {}, {}, kept);
+    else
+      m_context.services.toasts.show(u"Moved "_s + leads(result.moved) + u" to "_s + name, Toasts::Tone::success, {},
+                                     {}, kept);
+    m_moved(leadIds);
+  } catch (const APIError& error) {
+    finish(error.message());
+    // It may have moved them although its answer was lost.
+    if (Actions::outcomeIsUnknown(error)) m_moved({});
+  }
+}
+
+QString LeadMove::nameOf(const QString& campaignId) const {
+  for (const CampaignSummary& campaign : m_campaigns.value()->items)
+    if (campaign.id == campaignId) return campaign.name;
+  return {};
+}
+
+void LeadMove::finish(const QString& error) {
+  m_busy = false;
+  m_error = error;
+  Q_EMIT changed();
+}
+
+void LeadMove::close() {
+  m_campaigns.cancel();
+  Store::close();
+  m_busy = false;
+}
+
+}  // namespace orv

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QVariantList>
+
+#include "app/campaigns/CampaignContext.h"
+#include "app/shell/Store.h"
+
+namespace orv {
+
+/// The dialog that moves leads to another campaign.
+class LeadMove final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(bool shown READ shown NOTIFY changed)
+  Q_PROPERTY(QString title READ title NOTIFY changed)
+  Q_PROPERTY(orv::ResourceBase* campaigns READ campaigns CONSTANT)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
+  Q_PROPERTY(QVariantList options READ options NOTIFY optionsChanged)
+  Q_PROPERTY(QString target READ target WRITE setTarget NOTIFY changed)
+  Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
+  Q_PROPERTY(bool busy READ busy NOTIFY changed)
+  Q_PROPERTY(QString error READ error NOTIFY changed)
+
+ public:
+  /// `moved` is called with what was asked for once the service has moved any of it.
+  LeadMove(CampaignContext& context, std::function<void(const QStringList& ids)> moved);
+
+  bool shown() const { return m_shown; }
+  /// "Move 3 leads".
+  QString title() const;
+  Resource<CampaignList>* campaigns() { return &m_campaigns; }
+  const QString& query() const { return m_query; }
+  void setQuery(const QString& query);
+  /// Key, label and text of the campaigns that leads can go to and whose name holds the search text.
+  QVariantList options() const;
+  const QString& target() const { return m_target; }
+  void setTarget(const QString& campaignId);
+  bool canSubmit() const { return !m_busy && !m_target.isEmpty(); }
+  bool busy() const { return m_busy; }
+  const QString& error() const { return m_error; }
+
+  void show(const QStringList& leadIds);
+  Q_INVOKABLE void submit();
+  Q_INVOKABLE void retry() { m_campaigns.load(); }
+  Q_INVOKABLE void cancel();
+
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+  void optionsChanged();
+
+ private:
+  Task<void> move(QStringList leadIds, QString target);
+  QString nameOf(const QString& campaignId) const;
+  void finish(const QString& error);
+
+  CampaignContext& m_context;
+  std::function<void(const QStringList&)> m_moved;
+  Resource<CampaignList> m_campaigns;
+  QStringList m_leadIds;
+  QString m_query;
+  QString m_target;
+  QString m_error;
+  bool m_shown = false;
+  bool m_busy = false;
+};
+
+}  // namespace orv

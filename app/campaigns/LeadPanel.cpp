@@ -1,0 +1,217 @@
+#include "app/campaigns/LeadPanel.h"
+
+#include "app/campaigns/LeadRows.h"
+#include "app/shell/Actions.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+const ConfirmRequest discardQuestion{u"Discard your changes?"_s,
+                                     u"What you typed about this lead is not saved."_s,
+                                     u"Discard"_s,
+                                     u"Keep editing"_s,
+                                     true,
+                                     {}};
+
+/// A custom field as text; nothing for one that is no single value and cannot be edited as one.
+std::optional<QString> textOf(const JSONValue& value) {
+  if (const auto* text = std::get_if<QString>(&value.storage())) return *text;
+  if (const auto* number = std::get_if<double>(&value.storage()))
+    return QString::number(*number, 'g', QLocale::FloatingPointShortest);
+  if (const auto* flag = std::get_if<bool>(&value.storage())) return *flag ? u"true"_s : u"false"_s;
+  if (value.isNull()) return QString();
+  return std::nullopt;
+}
+
+/// A word of the service as the screen says it: "step_sent" is "Step sent".
+QString worded(QString word) {
+  word.replace(u'_', u' ');
+  if (!word.isEmpty()) word[0] = word[0].toUpper();
+  return word;
+}
+
+QString activityText(const LeadActivity& item) {
+  QStringList parts;
+  if (item.step) parts.append(u"Step "_s + QString::number(*item.step) + item.variant.value_or(QString()));
+  for (const auto* part : {&item.subject, &item.detail, &item.account})
+    if (*part && !(*part)->isEmpty()) parts.append(**part);
+  return parts.join(u" · "_s);
+}
+
+}  // namespace
+
+LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const CampaignLead&)> changedLead)
+    : m_context(context),
+      m_changedLead(std::move(changedLead)),
+      m_detail(
+          context.services.clock, [this] { return m_context.api.send(Requests::leadDetail(m_context.id, m_lead.id)); },
+          [](const LeadDetail&) { return false; }) {
+  connect(&m_detail, &ResourceBase::changed, this, &LeadPanel::changed);
+  connect(&m_detail, &ResourceBase::valueChanged, this, [this] {
+    if (detailed()) take(m_detail.value()->lead);
+  });
+}
+
+QString LeadPanel::name() const { return leadName(m_lead); }
+
+bool LeadPanel::detailed() const { return m_detail.value() && m_detail.value()->lead.id == m_lead.id; }
+
+QString LeadPanel::next() const {
+  if (!detailed() || !m_detail.value()->next) return {};
+  const LeadDetail& detail = *m_detail.value();
+  const QString of = detail.steps ? u" of "_s + QString::number(*detail.steps) : QString();
+  const QString step = u"Step "_s + QString::number(detail.next->step) + of;
+  return detail.next->at ? step + u" goes out "_s + leadMoment(detail.next->at) : step + u" is next"_s;
+}
+
+QVariantList LeadPanel::facts() const {
+  QVariantList facts;
+  const auto add = [&facts](const QString& label, const std::optional<QString>& value) {
+    if (value && !value->isEmpty()) facts.append(QVariantMap{{u"label"_s, label}, {u"value"_s, *value}});
+  };
+  const auto moment = [](const std::optional<QString>& at) { return at ? std::optional(leadMoment(at)) : at; };
+  add(u"Email"_s, m_lead.email);
+  add(u"Address check"_s, m_lead.verification ? std::optional(worded(*m_lead.verification)) : std::nullopt);
+  add(u"Mail provider"_s, m_lead.esp ? std::optional(worded(*m_lead.esp)) : std::nullopt);
+  add(u"Company"_s, m_lead.company);
+  add(u"Title"_s, m_lead.title);
+  add(u"Website"_s, m_lead.website);
+  add(u"Written to by"_s, m_lead.senderAddress);
+  add(u"Added from"_s, m_lead.source);
+  add(u"Added"_s, moment(m_lead.enrolledAt));
+  add(u"First email"_s, moment(m_lead.firstSentAt));
+  add(u"Last email"_s, moment(m_lead.lastSentAt));
+  add(u"Replied"_s, moment(m_lead.repliedAt));
+  add(u"Interest"_s, m_lead.interest ? std::optional(worded(*m_lead.interest)) : std::nullopt);
+  add(u"Stopped because"_s, m_lead.stopReason ? std::optional(worded(*m_lead.stopReason)) : std::nullopt);
+  add(u"Removed"_s, moment(m_lead.removedAt));
+  return facts;
+}
+
+QVariantList LeadPanel::activity() const {
+  QVariantList lines;
+  if (!detailed()) return lines;
+  for (const LeadActivity& item : m_detail.value()->activity)
+    lines.append(QVariantMap{
+        {u"title"_s, worded(item.kind)}, {u"text"_s, activityText(item)}, {u"when"_s, leadMoment(item.at)}});
+  return lines;
+}
+
+QString LeadPanel::fieldText(const QString& name) const {
+  const auto edit = m_edits.constFind(name);
+  if (edit != m_edits.constEnd()) return *edit;
+  return m_lead.data ? textOf(m_lead.data->value(name)).value_or(QString()) : QString();
+}
+
+void LeadPanel::setField(const QString& name, const QString& text) {
+  const QString saved = m_lead.data ? textOf(m_lead.data->value(name)).value_or(QString()) : QString();
+  text == saved ? (void)m_edits.remove(name) : (void)m_edits.insert(name, text);
+  Q_EMIT changed();
+}
+
+void LeadPanel::show(const CampaignLead& lead) {
+  if (m_shown && lead.id == m_lead.id) return refresh();
+  m_asking.start(showTask(lead));
+}
+
+Task<void> LeadPanel::showTask(CampaignLead lead) {
+  if (!co_await mayLeave()) co_return;
+  leave();
+  m_lead = {};
+  take(lead);
+  m_shown = true;
+  Q_EMIT changed();
+  m_detail.ask();
+}
+
+void LeadPanel::refresh() {
+  if (m_shown) m_detail.load();
+}
+
+/// What was typed stays; the rest is as the service has it.
+void LeadPanel::take(const CampaignLead& lead) {
+  m_lead = lead;
+  QStringList names;
+  if (lead.data)
+    for (const auto& [name, value] : lead.data->asKeyValueRange())
+      if (textOf(value)) names.append(name);
+  if (std::exchange(m_fieldNames, names) != names) Q_EMIT fieldsChanged();
+  ++m_fieldsRevision;
+  Q_EMIT fieldTextsChanged();
+  Q_EMIT leadChanged();
+  Q_EMIT changed();
+}
+
+void LeadPanel::save() {
+  if (m_saving || m_edits.isEmpty()) return;
+  m_saving = true;
+  m_error.clear();
+  Q_EMIT changed();
+  m_save.start(saveTask());
+}
+
+Task<void> LeadPanel::saveTask() {
+  const QMap<QString, QString> sent = m_edits;
+  try {
+    const CampaignLead saved =
+        co_await m_context.api.send(Requests::editLeadData(m_context.id, m_lead.id, LeadPatchBody{sent}));
+    // Typed on meanwhile, a field is not saved yet.
+    for (const auto& [name, text] : sent.asKeyValueRange())
+      if (m_edits.value(name) == text) m_edits.remove(name);
+    m_saving = false;
+    m_detail.update([&saved](LeadDetail& detail) {
+      if (detail.lead.id == saved.id) detail.lead = saved;
+    });
+    take(saved);
+    m_changedLead(saved);
+  } catch (const APIError& error) {
+    m_saving = false;
+    m_error = error.message();
+    Q_EMIT changed();
+    // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
+    if (Actions::outcomeIsUnknown(error)) refresh();
+  }
+}
+
+void LeadPanel::discard() {
+  m_edits.clear();
+  m_error.clear();
+  ++m_fieldsRevision;
+  Q_EMIT fieldTextsChanged();
+  Q_EMIT changed();
+}
+
+Task<bool> LeadPanel::mayLeave() {
+  if (!m_shown || m_edits.isEmpty()) co_return true;
+  co_return co_await m_context.services.overlays.confirm(discardQuestion);
+}
+
+Task<void> LeadPanel::dismissTask() {
+  if (!m_shown || !co_await mayLeave()) co_return;
+  leave();
+}
+
+void LeadPanel::leadsLeft(const QStringList& ids) {
+  if (m_shown && ids.contains(m_lead.id)) leave();
+}
+
+void LeadPanel::leave() {
+  m_save.cancel();
+  m_detail.cancel();
+  m_saving = m_shown = false;
+  m_edits.clear();
+  m_error.clear();
+  Q_EMIT changed();
+}
+
+void LeadPanel::close() {
+  m_asking.cancel();
+  m_save.cancel();
+  m_detail.cancel();
+  m_saving = false;
+  Store::close();
+}
+
+}  // namespace orv

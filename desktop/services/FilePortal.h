@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QObject>
+
+#include "kit/async/OneShot.h"
+
+namespace orv {
+
+/// One question to the desktop's file portal: where to keep a file, or which to read. The panel closes with the object.
+/// Source: org.freedesktop.portal.FileChooser, version 1.
+class FilePortal final : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Outcome {
+    /// A panel was shown; false where the desktop has none.
+    bool asked = false;
+    /// Absolute; empty when the person cancelled.
+    QString path;
+  };
+
+  explicit FilePortal(QDBusConnection bus);
+  FilePortal(const FilePortal&) = delete;
+  FilePortal& operator=(const FilePortal&) = delete;
+  ~FilePortal() override;
+
+  /// One of the two, once per object. Paths are absolute; `kind` is the file's kind in words, `suffix` its ending.
+  OneShot<Outcome> askToSave(const QString& suggestion, const QString& kind, const QString& suffix);
+  OneShot<Outcome> askToOpen(const QString& folder, const QString& kind, const QString& suffix);
+
+ private Q_SLOTS:
+  void respond(const QDBusMessage& message);
+
+ private:
+  OneShot<Outcome> ask(const QString& method, const QString& title, const QString& folder, QVariantMap options);
+
+  QDBusConnection m_bus;
+  QDBusServiceWatcher m_portal;
+  QString m_request;
+  OneShot<Outcome> m_outcome;
+};
+
+}  // namespace orv

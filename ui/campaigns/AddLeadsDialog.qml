@@ -1,0 +1,109 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// The dialog that adds leads, shows how far that is, and then what came of it.
+OnDemand {
+    id: root
+
+    required property LeadAdding adding
+
+    shown: adding.shown
+
+    sourceComponent: OrvDialog {
+        title: root.adding.title
+        text: root.adding.hasResult && root.adding.resultLines.length > 0 ? "Left out:" : ""
+        dialogWidth: root.adding.way === "csv" ? 640 : 480
+        confirmText: root.adding.submitLabel
+        confirmEnabled: root.adding.canSubmit
+        cancelText: root.adding.busy ? "Hide" : root.adding.hasResult ? "" : "Cancel"
+        error: root.adding.error
+        initialFocus: root.adding.way === "manual" ? byHand : null
+        onConfirmed: root.adding.submit()
+        onCancelled: root.adding.dismiss()
+
+        LeadByHand {
+            id: byHand
+            width: parent.width
+            visible: root.adding.way === "manual" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            adding: root.adding
+        }
+
+        LeadsFromFile {
+            width: parent.width
+            visible: root.adding.way === "csv" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            adding: root.adding
+        }
+
+        LeadsFromList {
+            width: parent.width
+            visible: root.adding.way === "list" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            adding: root.adding
+        }
+
+        OrvField {
+            width: parent.width
+            visible: root.adding.way === "leads" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            label: "How many"
+            placeholder: "As many as there are"
+            help: "Leave empty to add all of your leads, up to 100,000 at a time, newest first."
+            text: root.adding.ownLimit
+            error: root.adding.ownLimitError
+            onEdited: text => root.adding.ownLimit = text
+        }
+
+        OrvCheckbox {
+            visible: root.adding.way === "leads" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            text: "Also add leads that are in another campaign"
+            checked: root.adding.allowOtherCampaigns
+            onToggled: root.adding.allowOtherCampaigns = checked
+        }
+
+        OrvSelect {
+            width: parent.width
+            visible: root.adding.way !== "leads" && !root.adding.hasResult
+            enabled: !root.adding.busy
+            label: "Leave out people who are in"
+            options: [
+                { key: "campaign", label: "This campaign" },
+                { key: "workspace", label: "Any campaign of the workspace" }
+            ]
+            current: root.adding.dedupe
+            onChosen: key => root.adding.dedupe = key
+        }
+
+        AddingProgress {
+            width: parent.width
+            visible: root.adding.busy
+            adding: root.adding
+        }
+
+        Column {
+            visible: root.adding.hasResult && root.adding.resultLines.length > 0
+            width: parent.width
+            spacing: 4
+
+            Repeater {
+                model: root.adding.resultLines
+
+                Text {
+                    required property string modelData
+
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    textFormat: Text.PlainText
+                    text: modelData
+                    font: Theme.body
+                    color: Theme.text
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+            }
+        }
+    }
+}

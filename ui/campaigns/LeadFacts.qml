@@ -1,0 +1,53 @@
+import QtQuick
+import Orvella.Design
+
+/// Labels and values, one to a line.
+Column {
+    id: root
+
+    property var facts: []
+
+    spacing: 6
+
+    Repeater {
+        model: root.facts
+
+        Item {
+            id: line
+
+            required property var modelData
+
+            width: root.width
+            height: Math.max(20, value.implicitHeight)
+
+            Accessible.role: Accessible.StaticText
+            Accessible.name: modelData.label + ", " + modelData.value
+
+            Text {
+                width: 116
+                height: 20
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: line.modelData.label
+                font: Theme.body
+                color: Theme.text3
+                Accessible.ignored: true
+            }
+
+            Text {
+                id: value
+                x: 124
+                width: parent.width - x
+                wrapMode: Text.Wrap
+                lineHeightMode: Text.FixedHeight
+                lineHeight: 20
+                textFormat: Text.PlainText
+                text: line.modelData.value
+                font: Theme.body
+                color: Theme.text
+                Accessible.ignored: true
+            }
+        }
+    }
+}
