@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QTextStream>
 
 #include "demo/DemoService.h"
@@ -57,6 +58,14 @@ CampaignLeads& openLeads(Stage& stage, const QString& status = u"running"_s) {
 }
 
 QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
+
+void tabToTheRows(Stage& stage) {
+  const auto inRow = [&stage] {
+    const QQuickItem* item = stage.window().activeFocusItem();
+    return item && item->property("key").isValid();
+  };
+  for (int i = 0; i < 30 && !inRow(); ++i) stage.press(Qt::Key_Tab);
+}
 
 void typeEmail(Stage& stage, const QString& email) {
   stage.app().signIn()->setEmail(email);
@@ -211,19 +220,18 @@ QList<Scene> campaignScenes() {
       {u"campaign-stats-emails"_s, true,
        [](Stage& s) {
          openStats(s, u"emails"_s);
-         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+         tabToTheRows(s);
        }},
       {u"campaign-stats-messages"_s, true,
        [](Stage& s) {
          openStats(s, u"messages"_s);
-         // To the table's rows.
-         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+         tabToTheRows(s);
          s.press(Qt::Key_PageDown);
        }},
       {u"campaign-stats-activity"_s, true,
        [](Stage& s) {
          openStats(s, u"activity"_s);
-         for (int i = 0; i < 6; ++i) s.press(Qt::Key_Tab);
+         tabToTheRows(s);
          s.press(Qt::Key_End);
        }},
       {u"campaign-stats-draft"_s, true,

@@ -91,6 +91,8 @@ QList<DraftStep> draftOf(QList<CampaignStep> steps) {
     for (const CampaignVariant& variant : step.variants)
       one.variants.append({QUuid::createUuid(), variant.id, variant.label, variant.subject, variant.body,
                            variant.weight, variant.enabled});
+    // The service may have a step without a text; there is none to edit without one.
+    if (one.variants.isEmpty()) one.variants.append({QUuid::createUuid(), {}, u"A"_s, {}, {}, 1, true});
     draft.append(one);
   }
   return draft;
