@@ -62,7 +62,7 @@ QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front()
 void tabToTheRows(Stage& stage) {
   const auto inRow = [&stage] {
     const QQuickItem* item = stage.window().activeFocusItem();
-    return item && item->property("key").isValid();
+    return item && item->property("ticked").isValid();
   };
   for (int i = 0; i < 30 && !inRow(); ++i) stage.press(Qt::Key_Tab);
 }

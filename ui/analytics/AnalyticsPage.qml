@@ -88,7 +88,7 @@ FocusScope {
                 focus: true
                 width: parent.width
                 // In a low window the table's first rows show under it.
-                height: Math.max(220, Math.min(implicitHeight, page.viewHeight - 330))
+                height: root.store.days.length === 0 ? 180 : Math.max(220, Math.min(implicitHeight, page.viewHeight - 330))
                 days: root.store.days
                 series: root.store.series
                 view: root.store.dayView

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 
 /// What happened, newest first: emails with their state, or everything.
 OrvTable {
