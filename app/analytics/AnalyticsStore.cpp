@@ -24,6 +24,12 @@ QVariantList choices(const QString& all, const std::optional<QList<AnalyticsSumm
   return list;
 }
 
+/// Where most rows are new there is no place to keep, and to let them in one by one would cost the view a layout each.
+template <class Row>
+void show(FigureRows<Row>& rows, std::vector<Row> records) {
+  2 * rows.count() < int(records.size()) ? rows.replace(std::move(records)) : rows.update(std::move(records));
+}
+
 }  // namespace
 
 AnalyticsStore::AnalyticsStore(APITransport& api, Services& services, QObject* parent)
@@ -144,8 +150,8 @@ Task<AnalyticsSummary> AnalyticsStore::load() {
 void AnalyticsStore::arrived() {
   const AnalyticsSummary& summary = *m_summary.value();
   const auto [tracksOpens, tracksClicks] = summary.tracking;
-  m_campaignRows.update(inOrder(summary.campaigns, m_campaignSort));
-  m_accountRows.update(inOrder(summary.accounts, m_accountSort));
+  show(m_campaignRows, inOrder(summary.campaigns, m_campaignSort));
+  show(m_accountRows, inOrder(summary.accounts, m_accountSort));
   m_figures = metricFigures(summary.totals, tracksOpens, tracksClicks);
   m_chart.setDays(summary.days, tracksOpens, tracksClicks);
   // An answer without choices leaves those of the one before: the filters in force are among them.
