@@ -60,6 +60,8 @@ CampaignLeads& openLeads(Stage& stage, const QString& status = u"running"_s) {
 QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
 
 void tabToTheRows(Stage& stage) {
+  // Thousands of leads have their say in what was sent.
+  stage.settle();
   const auto inRow = [&stage] {
     const QQuickItem* item = stage.window().activeFocusItem();
     return item && item->property("ticked").isValid();
