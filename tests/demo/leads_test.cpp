@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/leads.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -215,6 +216,22 @@ class DemoLeadsTest : public QObject {
     verifyCounts(id);
     verifyCounts(target);
     QCOMPARE(f->refusalCode(Requests::moveLeads(id, {{ids[0]}, id})), u"invalid_input"_s);
+  }
+
+  void leadsOfTheWorkspaceAreItsOwn() {
+    const LeadList list = f->ask(Requests::leadLists(false)).items.first();
+    QVERIFY(f->ask(Requests::leadLists(true)).items.isEmpty());
+    const auto all = f->ask(Requests::ownLeads({})).ids;
+    QCOMPARE(all.size(), list.leadCount);
+    QCOMPARE(f->ask(Requests::ownLeads({{}, 3})).ids, all.first(3));
+    QCOMPARE(f->ask(Requests::ownLeads({{{all[4], u"l_none"_s}}, {}})).ids, QStringList{all[4]});
+
+    const auto before = f->leads(id).size();
+    const AddLeadsBody body{AddLeadsBody::Leads{all.first(3), true}};
+    QCOMPARE(f->ask(Requests::addLeads(id, body)).added, 3);
+    QCOMPARE(f->ask(Requests::addLeads(id, body)).skipped.alreadyInCampaign, 3);
+    QCOMPARE(f->leads(id).size(), before + 3);
+    verifyCounts(id);
   }
 
   void actionsOnManyCountWhatTheyChanged() {
