@@ -53,7 +53,8 @@ CampaignStatsStore& openStats(Stage& stage, const QString& section) {
 CampaignLeads& openLeads(Stage& stage, const QString& status = u"running"_s) {
   CampaignStore& campaign = openCampaign(stage, status);
   campaign.setTab(u"leads"_s);
-  stage.settle();
+  // A busy machine may need longer than a picture waits for.
+  for (int turns = 0; turns < 50 && campaign.leads()->rows()->count() == 0; ++turns) stage.settle();
   return *campaign.leads();
 }
 
