@@ -7,6 +7,7 @@
 
 #include "demo/AnalyticsDoor.h"
 #include "demo/CampaignDoor.h"
+#include "demo/MailboxDoor.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -141,6 +142,7 @@ HTTPAnswer DemoService::workspace(const DemoRequest& request) {
     return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change campaigns."_s);
   const DoorContext context{*workspace, m_clock.now(), m_random};
   if (auto figures = AnalyticsDoor(context).answer(request, parts.mid(1))) return std::move(*figures);
+  if (auto mailboxes = MailboxDoor(context).answer(request, parts.mid(1))) return std::move(*mailboxes);
   return CampaignDoor(context).answer(request, parts.mid(1)).value_or(notFound());
 }
 
