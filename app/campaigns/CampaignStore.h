@@ -3,7 +3,9 @@
 #include <QVariantList>
 
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/SequenceEditor.h"
+#include "app/campaigns/Subsequences.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
 #include "app/shell/NameForm.h"
@@ -30,6 +32,8 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::ResourceBase* campaign READ campaign CONSTANT)
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
   Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
+  Q_PROPERTY(orv::CampaignSettings* settings READ settings CONSTANT)
+  Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
@@ -56,6 +60,8 @@ class CampaignStore final : public Store {
   Resource<Campaign>* campaign() { return &m_campaign; }
   NameForm* renameForm() { return &m_rename; }
   SequenceEditor* sequence() { return &m_sequence; }
+  CampaignSettings* settings() { return &m_settings; }
+  Subsequences* subsequences() { return &m_subsequences; }
 
   Tab tab() const { return m_tab; }
   QString tabName() const { return enumName(m_tab); }
@@ -116,6 +122,8 @@ class CampaignStore final : public Store {
   Resource<Campaign> m_campaign;
   CampaignContext m_context;
   SequenceEditor m_sequence;
+  CampaignSettings m_settings;
+  Subsequences m_subsequences;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;

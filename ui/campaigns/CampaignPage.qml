@@ -12,7 +12,9 @@ FocusScope {
 
     /// By the tab's key.
     readonly property var tabPages: ({
-        sequence: sequence
+        sequence: sequence,
+        settings: settings,
+        subsequences: subsequences
     })
 
     signal backRequested()
@@ -60,6 +62,22 @@ FocusScope {
             anchors.fill: parent
             active: root.store.campaign.hasContent
             sourceComponent: root.tabPages[root.store.tab] ?? root.missingTab
+        }
+    }
+
+    Component {
+        id: settings
+
+        SettingsTab {
+            store: root.store
+        }
+    }
+
+    Component {
+        id: subsequences
+
+        SubsequencesTab {
+            store: root.store
         }
     }
 
