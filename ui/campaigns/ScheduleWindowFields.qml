@@ -92,7 +92,7 @@ Column {
             placeholder: "Europe/London"
             text: root.hours.timeZone
             error: root.hours.zoneError ?? ""
-            suggestions: root.form.zones(text).map(zone => ({key: zone, label: zone}))
+            suggestions: Array.from(root.form.zones(text), zone => ({key: zone, label: zone}))
             onEdited: text => root.set("timeZone", text)
             onChosen: key => root.set("timeZone", key)
         }

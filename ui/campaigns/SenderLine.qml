@@ -32,7 +32,7 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        color: root.ticked ? Theme.selected : pointer.hovered ? Theme.hover : "transparent"
+        color: pointer.hovered ? Theme.hover : "transparent"
         FocusRing { visible: root.focused; inset: true }
     }
 
@@ -81,6 +81,7 @@ Item {
 
         Text {
             visible: text !== ""
+            anchors.verticalCenter: parent.verticalCenter
             textFormat: Text.PlainText
             text: root.model.reason
             font: Theme.small
@@ -89,6 +90,7 @@ Item {
         }
 
         Text {
+            anchors.verticalCenter: parent.verticalCenter
             textFormat: Text.PlainText
             text: root.model.today
             font: Theme.small

@@ -23,8 +23,8 @@ SettingsSection {
             from: 1
             to: 500
             keepsText: true
-            text: root.form.values.dailyCap ?? ""
-            error: root.form.errors.dailyCap ?? ""
+            text: root.form.values["dailyCap"] ?? ""
+            error: root.form.errors["dailyCap"] ?? ""
             onTyped: text => root.form.set("dailyCap", text)
         }
 
@@ -35,8 +35,8 @@ SettingsSection {
             from: 1
             to: 1440
             keepsText: true
-            text: root.form.values.gap ?? ""
-            error: root.form.errors.gap ?? ""
+            text: root.form.values["gap"] ?? ""
+            error: root.form.errors["gap"] ?? ""
             onTyped: text => root.form.set("gap", text)
         }
 
@@ -50,8 +50,8 @@ SettingsSection {
             step: 10
             clearable: true
             keepsText: true
-            text: root.form.values.dailyLimit ?? ""
-            error: root.form.errors.dailyLimit ?? ""
+            text: root.form.values["dailyLimit"] ?? ""
+            error: root.form.errors["dailyLimit"] ?? ""
             onTyped: text => root.form.set("dailyLimit", text)
         }
 
@@ -65,8 +65,8 @@ SettingsSection {
             step: 10
             clearable: true
             keepsText: true
-            text: root.form.values.maxNewPerDay ?? ""
-            error: root.form.errors.maxNewPerDay ?? ""
+            text: root.form.values["maxNewPerDay"] ?? ""
+            error: root.form.errors["maxNewPerDay"] ?? ""
             onTyped: text => root.form.set("maxNewPerDay", text)
         }
     }

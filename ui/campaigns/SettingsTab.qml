@@ -11,6 +11,22 @@ FocusScope {
     required property CampaignStore store
     readonly property CampaignSettings form: store.settings
 
+    // What the keyboard reaches comes into view.
+    readonly property Item focused: Window.activeFocusItem
+
+    function reveal(item: Item) {
+        let inside = item;
+        while (inside && inside !== column) inside = inside.parent;
+        if (!inside) return;
+        const top = item.mapToItem(column, 0, 0).y + column.y;
+        const most = Math.max(0, scroll.contentHeight - scroll.height);
+        if (top - 40 < scroll.contentY)
+            scroll.contentY = Math.max(0, top - 40);
+        else if (top + item.height + 60 > scroll.contentY + scroll.height)
+            scroll.contentY = Math.min(most, top + item.height + 60 - scroll.height);
+    }
+
+    onFocusedChanged: reveal(focused)
     Component.onCompleted: form.ensureLoaded()
 
     Flickable {
@@ -46,8 +62,8 @@ FocusScope {
                     focus: true
                     label: "Name"
                     placeholder: "Campaign name"
-                    text: root.form.values.name ?? ""
-                    error: root.form.errors.name ?? ""
+                    text: root.form.values["name"] ?? ""
+                    error: root.form.errors["name"] ?? ""
                     onEdited: text => root.form.set("name", text)
                 }
 
@@ -58,7 +74,7 @@ FocusScope {
                     placeholder: "Add a tag"
                     tags: root.form.tags
                     suggestions: root.form.tagSuggestions
-                    error: root.form.errors.tags ?? ""
+                    error: root.form.errors["tags"] ?? ""
                     onAdded: text => root.form.addTag(text)
                     onRemoved: key => root.form.removeTag(key)
                 }
@@ -127,8 +143,8 @@ FocusScope {
                     label: "CC"
                     placeholder: "None"
                     help: "Copied on every campaign email. Separate with commas."
-                    text: root.form.values.cc ?? ""
-                    error: root.form.errors.cc ?? ""
+                    text: root.form.values["cc"] ?? ""
+                    error: root.form.errors["cc"] ?? ""
                     onEdited: text => root.form.set("cc", text)
                 }
 
@@ -137,8 +153,8 @@ FocusScope {
                     label: "BCC"
                     placeholder: "None"
                     help: "A hidden copy of every campaign email. Test emails copy nobody."
-                    text: root.form.values.bcc ?? ""
-                    error: root.form.errors.bcc ?? ""
+                    text: root.form.values["bcc"] ?? ""
+                    error: root.form.errors["bcc"] ?? ""
                     onEdited: text => root.form.set("bcc", text)
                 }
             }
@@ -155,8 +171,8 @@ FocusScope {
                         label: "Start date"
                         placeholder: "On launch"
                         help: "YYYY-MM-DD. Empty: on launch."
-                        text: root.form.values.startDate ?? ""
-                        error: root.form.errors.startDate ?? ""
+                        text: root.form.values["startDate"] ?? ""
+                        error: root.form.errors["startDate"] ?? ""
                         onEdited: text => root.form.set("startDate", text)
                     }
 
@@ -164,8 +180,8 @@ FocusScope {
                         label: "End date"
                         placeholder: "No end date"
                         help: "YYYY-MM-DD. Empty: no end date."
-                        text: root.form.values.endDate ?? ""
-                        error: root.form.errors.endDate ?? ""
+                        text: root.form.values["endDate"] ?? ""
+                        error: root.form.errors["endDate"] ?? ""
                         onEdited: text => root.form.set("endDate", text)
                     }
                 }
