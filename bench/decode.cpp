@@ -2,16 +2,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "bench/Mailbox.h"
 #include "bench/Report.h"
 #include "kit/api/JSONCodingImpl.h"
+#include "kit/models/mailboxes.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace orv {
-using BenchMailboxPage = bench::MailboxPage;
-ORV_RECORD_CODERS(BenchMailboxPage)
-}  // namespace orv
 
 namespace orv::bench {
 namespace {
@@ -59,16 +54,16 @@ MailboxPage byToolkit(const QByteArray& json) {
     box.displayName = from["displayName"_L1].toString();
     box.provider = from["provider"_L1].toString();
     box.role = from["role"_L1].toString();
-    box.status = from["status"_L1].toString();
+    box.status = MailboxStatus(from["status"_L1].toString());
     box.pausedReason = word(from, "pausedReason"_L1);
     box.dailyCap = from["dailyCap"_L1].toInteger();
     if (const QJsonObject c = from["connection"_L1].toObject(); !c.isEmpty())
       box.connection = {c["kind"_L1].toString(), c["status"_L1].toString(), word(c, "lastError"_L1),
                         word(c, "lastVerifiedAt"_L1), word(c, "host"_L1)};
     const QJsonObject w = from["warmup"_L1].toObject();
-    box.warmup = {integer(w, "rampDay"_L1),       w["sentToday"_L1].toInteger(), integer(w, "plannedToday"_L1),
-                  integer(w, "receivedToday"_L1), w["replies7d"_L1].toInteger(), w["placed7d"_L1].toInteger(),
-                  w["inboxPct7d"_L1].toDouble(),  w["spam7d"_L1].toInteger()};
+    box.warmup = {integer(w, "rampDay"_L1),          w["sentToday"_L1].toInteger(), integer(w, "plannedToday"_L1),
+                  w["receivedToday"_L1].toInteger(), w["replies7d"_L1].toInteger(), w["placed7d"_L1].toInteger(),
+                  w["inboxPct7d"_L1].toDouble(),     w["spam7d"_L1].toInteger()};
     if (const QJsonObject s = from["sendReady"_L1].toObject(); !s.isEmpty())
       box.sendReady = {s["ready"_L1].toBool(), s["mode"_L1].toString(), word(s, "reason"_L1),
                        s["warmDays"_L1].toInteger(), s["minWarmDays"_L1].toInteger()};

@@ -4,6 +4,7 @@
 
 #include "demo/Enrolment.h"
 #include "demo/LeadDoor.h"
+#include "demo/MailboxDoor.h"
 #include "demo/SequenceDoor.h"
 #include "demo/Timeline.h"
 
@@ -19,6 +20,34 @@ template <class T>
 void take(std::optional<T>& field, const std::optional<T>& patched) {
   if (patched) field = patched;
 }
+template <class T>
+void take(Clearable<T>& field, const Clearable<T>& patched) {
+  if (patched.isPresent()) field = patched.value() ? patched : Clearable<T>();
+}
+
+void takeOptions(Campaign& record, const CampaignOptions& patched) {
+  CampaignOptions& options = record.settings ? *record.settings : record.settings.emplace();
+  take(options.dkimSelectors, patched.dkimSelectors);
+  take(options.pacing, patched.pacing);
+  take(options.dailyLimit, patched.dailyLimit);
+  take(options.maxNewPerDay, patched.maxNewPerDay);
+  take(options.prioritizeNew, patched.prioritizeNew);
+  take(options.stopOnAutoReply, patched.stopOnAutoReply);
+  take(options.stopCompanyOnReply, patched.stopCompanyOnReply);
+  take(options.unsubscribeHeader, patched.unsubscribeHeader);
+  take(options.cc, patched.cc);
+  take(options.bcc, patched.bcc);
+  take(options.senderTags, patched.senderTags);
+}
+
+QList<QString> pickedIdsOf(const DemoCampaign& campaign) {
+  QList<QString> ids;
+  for (const CampaignSender& sender : campaign.senders())
+    if (!sender.viaTag) ids.append(sender.mailboxId);
+  return ids;
+}
+
+QList<QString> senderTagsOf(const CampaignOptions& options) { return options.senderTags.value_or(QList<QString>()); }
 
 qint64 limitOf(const DemoRequest& request) {
   return std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, 500);
@@ -106,13 +135,15 @@ HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaig
   const QByteArray match = request.headers.value("if-match");
   if (!match.isEmpty() && match != '"' + QByteArray::number(campaign.record.version.value_or(0)) + '"')
     return problemAnswer(409, u"version_conflict"_s, u"Someone changed this campaign meanwhile"_s,
-                         u"The list shows the latest; make your change again."_s);
+                         u"What is shown now is the latest; make your change again."_s);
   const auto patch = bodyOf<CampaignPatch>(request);
   if (!patch) return invalid(u"This change can’t be read."_s, {});
   if (patch->name && patch->name->trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
   Campaign& record = campaign.record;
-  if (patch->senderMailboxIds) {
-    const auto senders = sendersOf(*patch->senderMailboxIds);
+  if (patch->senderMailboxIds || (patch->settings && patch->settings->senderTags)) {
+    const auto& options = patch->settings && patch->settings->senderTags ? patch->settings : record.settings;
+    const auto senders = sendersOf(m_workspace, patch->senderMailboxIds.value_or(pickedIdsOf(campaign)),
+                                   senderTagsOf(options.value_or(CampaignOptions())));
     if (!senders) return invalid(u"One of these inboxes is no longer there."_s, u"senderMailboxIds"_s);
     record.senders = senders;
   }
@@ -121,7 +152,7 @@ HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaig
   take(record.dailyCapPerInbox, patch->dailyCapPerInbox);
   take(record.gapSeconds, patch->gapSeconds);
   take(record.stopOnReply, patch->stopOnReply);
-  take(record.settings, patch->settings);
+  if (patch->settings) takeOptions(record, *patch->settings);
   take(record.tags, patch->tags);
   take(record.trigger, patch->trigger);
   if (record.qc) record.qc->current = false;
@@ -236,6 +267,9 @@ HTTPAnswer CampaignDoor::createSubsequence(const DemoRequest& request, const Dem
   campaign.record.senders = parent.record.senders;
   campaign.record.schedule = parent.record.schedule;
   campaign.record.settings = parent.record.settings;
+  campaign.record.dailyCapPerInbox = parent.record.dailyCapPerInbox;
+  campaign.record.gapSeconds = parent.record.gapSeconds;
+  campaign.record.stopOnReply = parent.record.stopOnReply;
   const CampaignVariant variant{m_context.random.id(u"va"_s), u"A"_s, {}, {}, 100, true, {}};
   campaign.steps().append({m_context.random.id(u"st"_s), 1, 0, true, {variant}, {}});
   m_workspace.campaigns.append(campaign);
@@ -251,17 +285,6 @@ HTTPAnswer CampaignDoor::activity(const DemoRequest& request, DemoCampaign& camp
 HTTPAnswer CampaignDoor::messages(const DemoRequest& request, DemoCampaign& campaign) const {
   enrol(campaign, m_context.now);
   return jsonAnswer(toJSON(messagesOf(campaign, limitOf(request))));
-}
-
-/// Nothing when one of the mailboxes is not there.
-std::optional<QList<CampaignSender>> CampaignDoor::sendersOf(const QList<QString>& mailboxIds) const {
-  QList<CampaignSender> senders;
-  for (const QString& id : mailboxIds) {
-    const auto mailbox = std::ranges::find(std::as_const(m_workspace.mailboxes), id, &DemoMailbox::id);
-    if (mailbox == m_workspace.mailboxes.cend()) return std::nullopt;
-    senders.append(mailbox->asSender());
-  }
-  return senders;
 }
 
 void CampaignDoor::note(const QString& kind, DemoCampaign& campaign) {

@@ -31,7 +31,6 @@ class CampaignDoor {
 
   DemoCampaign newCampaign(const QString& name);
   void giveFreshIds(QList<CampaignStep>& steps);
-  std::optional<QList<CampaignSender>> sendersOf(const QList<QString>& mailboxIds) const;
   void note(const QString& kind, DemoCampaign& campaign);
   void purge();
 

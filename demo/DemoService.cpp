@@ -8,6 +8,7 @@
 #include "demo/AnalyticsDoor.h"
 #include "demo/CampaignDoor.h"
 #include "demo/LeadListDoor.h"
+#include "demo/MailboxDoor.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -143,6 +144,7 @@ HTTPAnswer DemoService::workspace(const DemoRequest& request) {
   const DoorContext context{*workspace, m_clock.now(), m_random};
   if (auto figures = AnalyticsDoor(context).answer(request, parts.mid(1))) return std::move(*figures);
   if (auto lists = LeadListDoor(context).answer(request, parts.mid(1))) return std::move(*lists);
+  if (auto mailboxes = MailboxDoor(context).answer(request, parts.mid(1))) return std::move(*mailboxes);
   return CampaignDoor(context).answer(request, parts.mid(1)).value_or(notFound());
 }
 

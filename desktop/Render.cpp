@@ -316,6 +316,74 @@ SequenceEditor& openSequence(Stage& stage, const QString& status) {
   return *campaign.sequence();
 }
 
+CampaignStore& openTab(Stage& stage, const QString& status, const QString& tab) {
+  CampaignStore& campaign = openCampaign(stage, status);
+  stage.settle();
+  campaign.setTab(tab);
+  stage.settle();
+  return campaign;
+}
+
+/// The form scrolls to what has the focus.
+void tabOn(Stage& stage, int stops) {
+  for (int i = 0; i < stops; ++i) stage.press(Qt::Key_Tab);
+}
+
+QList<Scene> formScenes() {
+  using Mode = StagedTransport::Mode;
+  const auto settings = u"settings"_s, subsequences = u"subsequences"_s;
+  return {
+      {u"campaign-settings"_s, true, [=](Stage& s) { openTab(s, u"running"_s, settings); }},
+      {u"campaign-settings-unsaved"_s, true,
+       [=](Stage& s) {
+         auto& form = *openTab(s, u"paused"_s, settings).settings();
+         form.set(u"name"_s, QString());
+         form.addTag(u"spring"_s);
+         form.senders()->toggleTag(u"dach"_s);
+         form.save();
+       }},
+      {u"campaign-settings-limits"_s, true,
+       [=](Stage& s) {
+         openTab(s, u"draft"_s, settings).settings()->set(u"gap"_s, u"1441"_s);
+         tabOn(s, 17);
+       }},
+      {u"campaign-settings-schedule"_s, true,
+       [=](Stage& s) {
+         auto& form = *openTab(s, u"draft"_s, settings).settings()->schedule();
+         form.add();
+         form.setText(1, u"end"_s, u"08:00"_s);
+         form.setText(1, u"timeZone"_s, u"Europe/Atlantis"_s);
+         form.save();
+         tabOn(s, 46);
+       }},
+      {u"campaign-subsequences-none"_s, true, [=](Stage& s) { openTab(s, u"running"_s, subsequences); }},
+      {u"campaign-subsequences-new"_s, true,
+       [=](Stage& s) {
+         auto& page = *openTab(s, u"running"_s, subsequences).subsequences();
+         page.beginCreate();
+         page.toggleLabel(u"interested"_s);
+         page.create();
+       }},
+      {u"campaign-subsequences"_s, true,
+       [=](Stage& s) {
+         auto& campaign = openTab(s, u"running"_s, subsequences);
+         campaign.subsequences()->beginCreate();
+         campaign.subsequences()->setName(u"Asked for a call"_s);
+         campaign.subsequences()->toggleLabel(u"interested"_s);
+         campaign.subsequences()->create();
+         s.settle();
+         s.app().router()->openCampaign(campaign.id());
+       }},
+      {u"campaign-subsequences-failed"_s, true,
+       [=](Stage& s) {
+         auto& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         s.transport().mode = Mode::failing;
+         campaign.setTab(subsequences);
+       }},
+  };
+}
+
 QList<Scene> sequenceScenes() {
   using Mode = StagedTransport::Mode;
   return {
@@ -381,7 +449,7 @@ class Renderer {
  private:
   bool set(const QSize& size, bool dark) {
     const QString suffix = u"-%1x%2-%3.png"_s.arg(size.width()).arg(size.height()).arg(dark ? u"dark"_s : u"light"_s);
-    for (const Scene& scene : signedOutScenes() + campaignScenes() + sequenceScenes())
+    for (const Scene& scene : signedOutScenes() + campaignScenes() + sequenceScenes() + formScenes())
       if (!shoot(scene, StagedTransport::Mode::passing, size, dark, suffix)) return false;
     for (const auto& [name, mode] : firstLoads())
       if (!shoot({name, true, [](Stage&) {}}, mode, size, dark, suffix)) return false;

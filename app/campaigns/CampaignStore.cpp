@@ -50,11 +50,14 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
       m_sequence(m_context),
       m_stats(m_context),
       m_leads(m_context),
+      m_settings(m_context),
+      m_subsequences(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_campaign, &ResourceBase::refreshFailed, this,
           [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load this campaign"_s, error); });
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
+  connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };
 }
 
@@ -109,7 +112,9 @@ QVariantList CampaignStore::tabs() const {
   QVariantList tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),
                     tab(Tab::settings, u"Settings"_s)};
   // A subsequence has none of its own.
-  if (parentId().isEmpty()) tabs.append(tab(Tab::subsequences, u"Subsequences"_s));
+  const auto subsequences = m_subsequences.count();
+  if (parentId().isEmpty())
+    tabs.append(tab(Tab::subsequences, u"Subsequences"_s, subsequences ? QVariant(*subsequences) : QVariant()));
   tabs.append(tab(Tab::stats, u"Stats"_s));
   return tabs;
 }
@@ -257,6 +262,8 @@ void CampaignStore::close() {
   m_sequence.close();
   m_stats.close();
   m_leads.close();
+  m_settings.close();
+  m_subsequences.close();
   Store::close();
 }
 

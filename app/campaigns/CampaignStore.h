@@ -5,7 +5,9 @@
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/CampaignLeads.h"
+#include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/SequenceEditor.h"
+#include "app/campaigns/Subsequences.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EnumName.h"
 #include "app/shell/NameForm.h"
@@ -34,6 +36,8 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
   Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
   Q_PROPERTY(orv::CampaignStatsStore* stats READ stats CONSTANT)
+  Q_PROPERTY(orv::CampaignSettings* settings READ settings CONSTANT)
+  Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
@@ -62,6 +66,8 @@ class CampaignStore final : public Store {
   NameForm* renameForm() { return &m_rename; }
   SequenceEditor* sequence() { return &m_sequence; }
   CampaignStatsStore* stats() { return &m_stats; }
+  CampaignSettings* settings() { return &m_settings; }
+  Subsequences* subsequences() { return &m_subsequences; }
 
   Tab tab() const { return m_tab; }
   QString tabName() const { return enumName(m_tab); }
@@ -124,6 +130,8 @@ class CampaignStore final : public Store {
   SequenceEditor m_sequence;
   CampaignStatsStore m_stats;
   CampaignLeads m_leads;
+  CampaignSettings m_settings;
+  Subsequences m_subsequences;
   NameForm m_rename;
   Tab m_tab = Tab::sequence;
   bool m_loaded = false;

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "kit/api/APIRequest.h"
+#include "kit/api/Clearable.h"
 #include "kit/api/JSONValue.h"
 #include "kit/api/OpenWord.h"
 
@@ -88,9 +89,9 @@ struct CampaignOptions {
   std::optional<QMap<QString, QString>> dkimSelectors;
   std::optional<QString> pacing;
   /// Sends per day of the whole campaign.
-  std::optional<qint64> dailyLimit;
+  Clearable<qint64> dailyLimit;
   /// Leads contacted for the first time per day.
-  std::optional<qint64> maxNewPerDay;
+  Clearable<qint64> maxNewPerDay;
   std::optional<bool> prioritizeNew;
   std::optional<bool> stopOnAutoReply;
   std::optional<bool> stopCompanyOnReply;

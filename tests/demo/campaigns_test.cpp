@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/mailboxes.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -119,6 +120,49 @@ class DemoCampaignsTest : public QObject {
     patch.senderMailboxIds = {u"mb_none"_s};
     QCOMPARE(f.refusalCode(Requests::updateCampaign(id, patch, {})), u"invalid_input"_s);
     QCOMPARE(f.row(id)->senders, 1);
+  }
+
+  void sendersJoinByTheirTag() {
+    DemoFixture f(1, {0, 450, 0});
+    QList<Mailbox> all;
+    std::optional<QString> cursor;
+    do {
+      const MailboxPage page = f.ask(Requests::listMailboxes(false, cursor));
+      QVERIFY(page.items.size() <= 200);
+      all += page.items;
+      cursor = page.nextCursor;
+    } while (cursor);
+    QCOMPARE(all.size(), 450);
+    const auto tagged = std::ranges::count_if(
+        all, [](const Mailbox& mailbox) { return mailbox.tags.value_or(QList<QString>()).contains(u"dach"_s); });
+    QVERIFY(f.ask(Requests::listMailboxes(true)).items.isEmpty());
+    const QString id = f.ask(Requests::createCampaign({u"Tagged"_s})).id;
+    CampaignPatch patch;
+    patch.senderMailboxIds = QList{all.first().id};
+    patch.settings.emplace().senderTags = QList{u"dach"_s};
+    const auto joined = f.ask(Requests::updateCampaign(id, patch, {}));
+    QCOMPARE(joined.senders->size(), tagged + 1);
+    QVERIFY(!joined.senders->first().viaTag && joined.senders->last().viaTag);
+    patch = {};
+    patch.settings.emplace().senderTags = QList<QString>();
+    QCOMPARE(f.ask(Requests::updateCampaign(id, patch, {})).senders->size(), 1);
+  }
+
+  void optionsThatAreNotNamedStay() {
+    DemoFixture f;
+    const QString id = f.ask(Requests::createCampaign({u"Limits"_s})).id;
+    CampaignPatch patch;
+    patch.settings.emplace().dailyLimit = 400;
+    patch.settings->prioritizeNew = true;
+    f.ask(Requests::updateCampaign(id, patch, {}));
+    patch = {};
+    patch.settings.emplace().maxNewPerDay = 50;
+    QCOMPARE(f.ask(Requests::updateCampaign(id, patch, {})).settings->dailyLimit.value(), std::optional<qint64>(400));
+    patch = {};
+    patch.settings.emplace().dailyLimit = Clearable<qint64>::cleared();
+    const auto cleared = f.ask(Requests::updateCampaign(id, patch, {}));
+    QVERIFY(!cleared.settings->dailyLimit.value());
+    QCOMPARE(cleared.settings->prioritizeNew, std::optional(true));
   }
 
   void namesAreNeverEmpty() {

@@ -10,7 +10,9 @@
 #include "kit/api/JSONCoding.h"
 #include "kit/models/analytics.h"
 #include "kit/models/campaignLeads.h"
+#include "kit/models/labels.h"
 #include "kit/models/leads.h"
+#include "kit/models/mailboxes.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -66,6 +68,8 @@ inline constexpr bool isOptional = false;
 template <class T>
 inline constexpr bool isOptional<std::optional<T>> = true;
 template <class T>
+inline constexpr bool isOptional<Clearable<T>> = true;
+template <class T>
 inline constexpr bool isList = false;
 template <class T>
 inline constexpr bool isList<QList<T>> = true;
@@ -73,7 +77,9 @@ inline constexpr bool isList<QList<T>> = true;
 /// Appends the members of T, and of the records in it.
 template <class T>
 void listMembers(QList<Member>& into, const Way& at) {
-  if constexpr (isOptional<T> || isList<T>) {
+  if constexpr (std::is_same_v<T, Clearable<qint64>>) {
+    return;
+  } else if constexpr (isOptional<T> || isList<T>) {
     listMembers<typename T::value_type>(into, isList<T> ? at + Way(1, 0) : at);
   } else if constexpr (boost::describe::has_describe_members<T>::value) {
     boost::mp11::mp_for_each<boost::describe::describe_members<T, boost::describe::mod_public>>([&](auto member) {
@@ -106,8 +112,8 @@ const QList<Record>& allRecords() {
   static const auto all =
       records<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail,
               FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult,
-              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, AuthMethods, EmailCheck, EmailStarted,
-              NativeSession, MeResponse, UnreadCounts, Problem>();
+              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, TagList, ReplyLabelList,
+              AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>();
   return all;
 }
 

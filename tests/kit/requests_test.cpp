@@ -9,7 +9,9 @@
 
 #include "kit/models/analytics.h"
 #include "kit/models/campaignLeads.h"
+#include "kit/models/labels.h"
 #include "kit/models/leads.h"
+#include "kit/models/mailboxes.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -69,6 +71,17 @@ const std::map<QString, std::function<Built()>>& builders() {
       {u"updateCampaign name"_s, [] { return updateCampaign(c1, {.name = u"New"_s}, 7); }},
       {u"updateCampaign nothing"_s, [] { return updateCampaign(c1, {}, {}); }},
       {u"updateCampaign all"_s, [] { return updateCampaign(c1, wholePatch(), 0); }},
+      {u"updateCampaign without limits"_s,
+       [] {
+         CampaignPatch patch;
+         patch.settings.emplace().dailyLimit = Clearable<qint64>::cleared();
+         patch.settings->maxNewPerDay = Clearable<qint64>::cleared();
+         return updateCampaign(c1, patch, 3);
+       }},
+      {u"listMailboxes"_s, [] { return listMailboxes(); }},
+      {u"listMailboxes all"_s, [] { return listMailboxes(true, u"a+b/c=="_s); }},
+      {u"listTags"_s, [] { return listTags(); }},
+      {u"listReplyLabels"_s, [] { return listReplyLabels(); }},
       {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},
       {u"previewCampaign"_s, [] { return previewCampaign(c1, {}); }},
       {u"previewCampaign unsaved"_s,

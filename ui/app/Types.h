@@ -62,6 +62,13 @@ struct CampaignStatsStoreType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct CampaignSettingsType {
+  Q_GADGET
+  QML_FOREIGN(orv::CampaignSettings)
+  QML_NAMED_ELEMENT(CampaignSettings)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct CampaignStoreType {
   Q_GADGET
   QML_FOREIGN(orv::CampaignStore)
@@ -146,6 +153,20 @@ struct RouterType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct ScheduleFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::ScheduleForm)
+  QML_NAMED_ELEMENT(ScheduleForm)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SenderPickerType {
+  Q_GADGET
+  QML_FOREIGN(orv::SenderPicker)
+  QML_NAMED_ELEMENT(SenderPicker)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct SequenceAutosaveType {
   Q_GADGET
   QML_FOREIGN(orv::SequenceAutosave)
@@ -185,6 +206,13 @@ struct SignInModelType {
   Q_GADGET
   QML_FOREIGN(orv::SignInModel)
   QML_NAMED_ELEMENT(SignInModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SubsequencesType {
+  Q_GADGET
+  QML_FOREIGN(orv::Subsequences)
+  QML_NAMED_ELEMENT(Subsequences)
   QML_UNCREATABLE("The application model owns it.")
 };
 

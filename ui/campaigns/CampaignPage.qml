@@ -7,13 +7,13 @@ FocusScope {
     id: root
 
     required property CampaignStore store
-    /// What stands in a tab that does not exist yet.
-    required property Component missingTab
 
     /// By the tab's key.
     readonly property var tabPages: ({
         sequence: sequence,
-        leads: leadsTab,
+        leads: leads,
+        settings: settings,
+        subsequences: subsequences,
         stats: stats
     })
 
@@ -61,7 +61,7 @@ FocusScope {
         Loader {
             anchors.fill: parent
             active: root.store.campaign.hasContent
-            sourceComponent: root.tabPages[root.store.tab] ?? root.missingTab
+            sourceComponent: root.tabPages[root.store.tab]
         }
     }
 
@@ -75,10 +75,26 @@ FocusScope {
     }
 
     Component {
-        id: leadsTab
+        id: leads
 
         LeadsTab {
             campaign: root.store
+        }
+    }
+
+    Component {
+        id: settings
+
+        SettingsTab {
+            store: root.store
+        }
+    }
+
+    Component {
+        id: subsequences
+
+        SubsequencesTab {
+            store: root.store
         }
     }
 

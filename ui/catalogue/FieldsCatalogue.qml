@@ -58,6 +58,15 @@ Rectangle {
                 current: "sequence"
                 onChosen: key => current = key
             }
+            OrvTagEditor {
+                width: 348
+                label: "Tags"
+                help: "Labels to find it by."
+                tags: [{key: "q4", label: "Q4"}, {key: "fleet", label: "Fleet"}]
+            }
+            OrvTagEditor { width: 348; label: "Tags"; placeholder: "Add a tag" }
+            OrvTagEditor { width: 348; label: "Tags"; tags: [{key: "q4", label: "Q4"}]; error: "20 tags is the most" }
+            OrvSuggestField { width: 348; label: "Time zone"; placeholder: "Europe/London" }
             Row {
                 spacing: 8
 

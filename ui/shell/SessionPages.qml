@@ -82,7 +82,6 @@ FocusScope {
                     anchors.fill: parent
                     focus: true
                     store: root.session.campaignStore(modelData.id)
-                    missingTab: notBuiltTab
                     onBackRequested: root.router.open("campaigns")
                     onCampaignRequested: id => root.router.openCampaign(id)
                 }
@@ -95,16 +94,6 @@ FocusScope {
                     ++opened.generation;
                 }
             }
-        }
-    }
-
-    Component {
-        id: notBuiltTab
-
-        OrvEmpty {
-            iconName: "chronometer"
-            title: "Not in this build yet"
-            text: "This part of a campaign isn’t part of this build of Orvella."
         }
     }
 

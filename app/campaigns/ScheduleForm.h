@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QVariantList>
+
+#include "app/campaigns/CampaignContext.h"
+#include "app/shell/Actions.h"
+#include "app/shell/Store.h"
+
+namespace orv {
+
+/// The weekly hours of a campaign while they are edited, saved on their own: the dates stay as the service has them.
+class ScheduleForm final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(QVariantList windows READ windows NOTIFY changed)
+  Q_PROPERTY(int count READ count NOTIFY changed)
+  Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
+  Q_PROPERTY(bool saving READ saving NOTIFY changed)
+  Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
+
+ public:
+  static constexpr auto busyKey = "schedule";
+
+  /// `busy` is shared with whoever else saves parts of the same campaign: each save names the version it knows, so
+  /// that two at once would refuse each other.
+  ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy, QObject* parent = nullptr);
+
+  /// Name, days (1 is Monday), start, end and timeZone of each, and what is wrong: daysError, timesError, zoneError.
+  QVariantList windows() const;
+  int count() const { return int(m_draft.size()); }
+  bool dirty() const { return m_draft != m_base; }
+  bool saving() const;
+  bool canSave() const { return (dirty() || m_isNew) && m_busy.ids().isEmpty(); }
+
+  Q_INVOKABLE void setText(int window, const QString& field, const QString& text);
+  Q_INVOKABLE void toggleDay(int window, int day);
+  Q_INVOKABLE void add();
+  /// The last one stays.
+  Q_INVOKABLE void remove(int window);
+  Q_INVOKABLE void discard();
+  Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
+  Task<void> saveTask();
+
+  /// Half hours, and `time` itself where it is none.
+  Q_INVOKABLE QVariantList times(const QString& time) const;
+  /// The zones that the text may mean.
+  Q_INVOKABLE QStringList zones(const QString& text) const;
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  void follow();
+  bool isValid();
+  void drop(int window, const QString& error);
+
+  CampaignContext& m_context;
+  Actions& m_actions;
+  BusySet& m_busy;
+  QList<ScheduleWindow> m_draft;
+  /// What the draft was typed on.
+  QList<ScheduleWindow> m_base;
+  /// The campaign has no hours yet; the ones shown are a suggestion.
+  bool m_isNew = false;
+  QList<QVariantMap> m_errors;
+};
+
+}  // namespace orv

@@ -1,0 +1,179 @@
+#include "app/campaigns/SenderPicker.h"
+
+#include <QHash>
+#include <algorithm>
+
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+ORV_DEFINE_ROW(SenderRow)
+
+namespace {
+
+Task<MailboxPage> everyMailbox(APITransport& api) {
+  MailboxPage all = co_await api.send(Requests::listMailboxes());
+  while (all.nextCursor) {
+    const MailboxPage page = co_await api.send(Requests::listMailboxes(false, all.nextCursor));
+    all.items += page.items;
+    // A service that gives the same cursor again would be asked for ever.
+    all.nextCursor = page.nextCursor == all.nextCursor ? std::nullopt : page.nextCursor;
+  }
+  co_return all;
+}
+
+/// The cap of a mailbox that does not send for the campaign yet.
+std::optional<qint64> capOf(const Mailbox& mailbox) {
+  return mailbox.rampup ? std::optional(mailbox.rampup->campaignCapToday) : mailbox.sendLimit;
+}
+
+QString todayText(qint64 sent, std::optional<qint64> cap) {
+  return cap ? Format::grouped(sent) + u" of "_s + Format::grouped(*cap) + u" today"_s : QString();
+}
+
+QString reasonOf(const CampaignSender& sender) {
+  if (sender.ready) return {};
+  return sender.reason.value_or(sender.status == "active"_L1 ? QString() : sender.status);
+}
+
+QString reasonOf(const Mailbox& mailbox) {
+  if (mailbox.sendReady && mailbox.sendReady->reason) return *mailbox.sendReady->reason;
+  return mailbox.status.rawValue == "active"_L1 ? QString() : mailbox.status.rawValue;
+}
+
+QStringList with(QStringList list, const QString& item) {
+  if (!list.removeOne(item)) list.append(item);
+  list.sort();
+  return list;
+}
+
+}  // namespace
+
+SenderPicker::SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick, QObject* parent)
+    : Store(parent),
+      m_context(context),
+      m_draft(draft),
+      m_pick(std::move(pick)),
+      m_mailboxes(
+          context.services.clock, [&api = context.api] { return everyMailbox(api); },
+          [](const MailboxPage& page) { return page.items.isEmpty(); }) {
+  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::refresh);
+}
+
+void SenderPicker::ensureLoaded() {
+  if (!std::exchange(m_loaded, true)) m_mailboxes.load();
+}
+
+void SenderPicker::setQuery(const QString& query) {
+  if (std::exchange(m_query, query) == query) return;
+  show();
+  Q_EMIT changed();
+}
+
+void SenderPicker::toggle(const QString& mailboxId) { m_pick(u"senders"_s, with(m_draft.senders, mailboxId)); }
+
+void SenderPicker::toggleTag(const QString& tag) { m_pick(u"senderTags"_s, with(m_draft.senderTags, tag)); }
+
+QString SenderPicker::summary() const {
+  qint64 count = 0;
+  std::optional<qint64> least, most;
+  for (const Entry& entry : m_all) {
+    if (!entry.row.ticked && !entry.row.viaTag) continue;
+    ++count;
+    if (!entry.cap) continue;
+    least = std::min(least.value_or(*entry.cap), *entry.cap);
+    most = std::max(most.value_or(*entry.cap), *entry.cap);
+  }
+  QString text = Format::counted(count, u"inbox sends"_s, u"inboxes send"_s);
+  if (!most) return text;
+  text += u" · "_s + (least == most ? u"up to "_s : Format::grouped(*least) + u" to "_s);
+  return text + Format::grouped(*most) + u" a day each"_s;
+}
+
+QString SenderPicker::note() const {
+  if (!m_mailboxes.message().isEmpty()) return u"Couldn’t load the inboxes. "_s + m_mailboxes.message();
+  const bool none = m_all.empty() && m_mailboxes.value();
+  return none ? u"No inboxes yet. Connect one on the Accounts page."_s : QString();
+}
+
+QVariantList SenderPicker::tags() const {
+  QMap<QString, int> counts;
+  for (const QString& tag : m_draft.senderTags) counts.insert(tag, 0);
+  for (const Entry& entry : m_all)
+    for (const QString& tag : entry.tags) ++counts[tag];
+  QVariantList list;
+  for (auto tag = counts.cbegin(); tag != counts.cend(); ++tag)
+    list.append(QVariantMap{
+        {u"key"_s, tag.key()}, {u"count"_s, tag.value()}, {u"ticked"_s, m_draft.senderTags.contains(tag.key())}});
+  return list;
+}
+
+QString SenderPicker::tagNote() const {
+  return m_mailboxes.value() && tags().isEmpty() ? u"No tags yet. Tag inboxes on the Accounts page."_s : QString();
+}
+
+void SenderPicker::refresh() {
+  collect();
+  show();
+  Q_EMIT changed();
+}
+
+bool SenderPicker::isVia(const Entry& entry) const {
+  return std::ranges::any_of(entry.tags, [this](const QString& tag) { return m_draft.senderTags.contains(tag); });
+}
+
+/// The campaign's own come first: they are looked for, and stay in their place while boxes are ticked.
+void SenderPicker::collect() {
+  const Campaign* campaign = m_context.campaign.value();
+  const auto senders = campaign ? campaign->senders.value_or(QList<CampaignSender>()) : QList<CampaignSender>();
+  QHash<QString, const Mailbox*> mailboxes;
+  const MailboxPage* page = m_mailboxes.value();
+  if (page)
+    for (const Mailbox& mailbox : page->items) mailboxes.insert(mailbox.id, &mailbox);
+  m_all.clear();
+  QSet<QString> seen;
+  for (const CampaignSender& sender : senders) {
+    Entry entry{{sender.mailboxId, sender.displayName, sender.address, false, sender.viaTag,
+                 todayText(sender.sentToday, sender.capToday), reasonOf(sender)},
+                {},
+                sender.capToday};
+    if (const Mailbox* mailbox = mailboxes.value(sender.mailboxId))
+      entry.tags = mailbox->tags.value_or(QList<QString>());
+    seen.insert(sender.mailboxId);
+    m_all.push_back(std::move(entry));
+  }
+  if (!page) return;
+  for (const Mailbox& mailbox : page->items) {
+    // The pool warms up the others and never sends for campaigns.
+    if (seen.contains(mailbox.id) || mailbox.role == "pool"_L1) continue;
+    const qint64 sent = mailbox.campaign ? mailbox.campaign->sentToday : 0;
+    m_all.push_back({{mailbox.id, mailbox.displayName, mailbox.address, false, false, todayText(sent, capOf(mailbox)),
+                      reasonOf(mailbox)},
+                     mailbox.tags.value_or(QList<QString>()),
+                     capOf(mailbox)});
+  }
+}
+
+void SenderPicker::show() {
+  const QSet<QString> ticked(m_draft.senders.cbegin(), m_draft.senders.cend());
+  const QString wanted = m_query.trimmed();
+  std::vector<SenderRow> rows;
+  for (Entry& entry : m_all) {
+    entry.row.ticked = ticked.contains(entry.row.id);
+    // A sender whose mailbox is not in the list has no tags here; the service said that it joins by one.
+    entry.row.viaTag = entry.tags.isEmpty() ? entry.row.viaTag : isVia(entry);
+    if (wanted.isEmpty() || entry.row.name.contains(wanted, Qt::CaseInsensitive) ||
+        entry.row.address.contains(wanted, Qt::CaseInsensitive))
+      rows.push_back(entry.row);
+  }
+  m_rows.update(std::move(rows));
+}
+
+void SenderPicker::close() {
+  m_mailboxes.cancel();
+  Store::close();
+}
+
+}  // namespace orv

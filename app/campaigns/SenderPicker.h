@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QVariantList>
+
+#include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/SettingsDraft.h"
+#include "app/shell/RecordModel.h"
+#include "app/shell/RowFields.h"
+#include "app/shell/Store.h"
+#include "kit/models/mailboxes.h"
+
+namespace orv {
+
+/// A mailbox as the settings offer it to a campaign.
+struct SenderRow {
+  /// The mailbox's.
+  QString id;
+  QString name;
+  QString address;
+  bool ticked = false;
+  bool viaTag = false;
+  /// "3 of 30 today"; empty when nobody said how many it may send.
+  QString today;
+  /// Why it may not send.
+  QString reason;
+  bool operator==(const SenderRow&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(SenderRow, (), (id, name, address, ticked, viaTag, today, reason))
+ORV_DECLARE_ROW(SenderRow)
+
+class SenderRows final : public RecordModel<SenderRow> {
+ public:
+  using RecordModel::RecordModel;
+};
+
+/// The workspace's mailboxes beside what a campaign's settings pick of them. The picks themselves are the form's.
+class SenderPicker final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(orv::ResourceBase* mailboxes READ mailboxes CONSTANT)
+  Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
+  Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
+  Q_PROPERTY(int total READ total NOTIFY changed)
+  Q_PROPERTY(QString summary READ summary NOTIFY changed)
+  Q_PROPERTY(QString note READ note NOTIFY changed)
+  Q_PROPERTY(QVariantList tags READ tags NOTIFY changed)
+  Q_PROPERTY(QString tagNote READ tagNote NOTIFY changed)
+
+ public:
+  /// `pick` is told of a field of the draft and its new list.
+  using Pick = std::function<void(const QString& field, const QStringList& list)>;
+
+  SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick, QObject* parent = nullptr);
+
+  Resource<MailboxPage>* mailboxes() { return &m_mailboxes; }
+  SenderRows* rows() { return &m_rows; }
+  QString query() const { return m_query; }
+  void setQuery(const QString& query);
+  /// Mailboxes to pick from, whatever the search.
+  int total() const { return int(m_all.size()); }
+  /// How many are ticked, and how much each may send today.
+  QString summary() const;
+  /// What stands in place of the list when there is none.
+  QString note() const;
+  /// Tags that mailboxes have: key, count and whether the campaign sends from them.
+  QVariantList tags() const;
+  QString tagNote() const;
+
+  void ensureLoaded();
+  Q_INVOKABLE void retry() { m_mailboxes.load(); }
+  Q_INVOKABLE void toggle(const QString& mailboxId);
+  Q_INVOKABLE void toggleTag(const QString& tag);
+
+  /// The draft or the campaign is another one.
+  void refresh();
+  void close() override;
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  void collect();
+  void show();
+
+  struct Entry {
+    SenderRow row;
+    QStringList tags;
+    std::optional<qint64> cap;
+  };
+  bool isVia(const Entry& entry) const;
+
+  CampaignContext& m_context;
+  const SettingsDraft& m_draft;
+  Pick m_pick;
+  Resource<MailboxPage> m_mailboxes;
+  SenderRows m_rows;
+  std::vector<Entry> m_all;
+  QString m_query;
+  bool m_loaded = false;
+};
+
+}  // namespace orv

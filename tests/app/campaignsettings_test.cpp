@@ -1,0 +1,339 @@
+#include <QAbstractItemModelTester>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include "app/campaigns/CampaignStore.h"
+#include "tests/support/AppFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const auto get = u"GET /campaigns/c1"_s;
+const auto patched = u"PATCH /campaigns/c1"_s;
+const auto mailboxes = u"GET /mailboxes"_s;
+const auto tagsCall = u"GET /tags"_s;
+
+const QByteArray hours = R"({"name":"Week","days":[1,2],"start":"09:00","end":"17:00","timeZone":"Europe/Berlin"})";
+
+QByteArray campaign(qint64 version, const QByteArray& more = {}, const QByteArray& name = "Acme") {
+  return R"({"id":"c1","name":")" + name + R"(","status":"running","version":)" + QByteArray::number(version) +
+         R"(,"gapSeconds":90,"stopOnReply":true,"tags":["q4"],)"
+         R"("settings":{"dailyLimit":400,"cc":["c@a.example"],"senderTags":[]},)"
+         R"("schedule":{"startDate":"2026-11-23","schedules":[)" +
+         hours + "]}" + more + "}";
+}
+
+QByteArray mailbox(const QByteArray& id, const QByteArray& more) {
+  return R"({"id":")" + id + R"(","address":")" + id + R"(@a.example","displayName":"Box )" + id +
+         R"(","provider":"google","role":"sender","status":"active","dailyCap":40,"createdAt":"",)"
+         R"("warmup":{"sentToday":0,"receivedToday":0,"replies7d":0,"placed7d":0,"spam7d":0})" +
+         more + "}";
+}
+
+}  // namespace
+
+class CampaignSettingsTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<AppFixture> f;
+  std::unique_ptr<CampaignStore> store;
+  CampaignSettings* form = nullptr;
+  ScheduleForm* schedule = nullptr;
+
+  void load(const QByteArray& answer) {
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, answer);
+  }
+  QJsonObject sent() const { return QJsonDocument::fromJson(f->api.last().request.body.value_or("")).object(); }
+  QString value(const QString& field) const { return form->values().value(field).toString(); }
+  QString problem(const QString& field) const { return form->errors().value(field).toString(); }
+  QVariantMap window(int number) const { return schedule->windows().value(number).toMap(); }
+  QString lastToast() const {
+    const auto& toasts = f->toasts.toasts();
+    return toasts.isEmpty() ? QString() : toasts.last().message;
+  }
+
+ private Q_SLOTS:
+  void init() {
+    f = std::make_unique<AppFixture>();
+    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    form = store->settings();
+    schedule = form->schedule();
+  }
+  void cleanup() {
+    store.reset();
+    f.reset();
+  }
+
+  void numbersAreShownAsTheyAreTyped_data() {
+    QTest::addColumn<QByteArray>("given");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("a gap rounds") << QByteArray(R"(,"gapSeconds":90)") << u"gap"_s << u"2"_s;
+    QTest::newRow("to a minute at least") << QByteArray(R"(,"gapSeconds":20)") << u"gap"_s << u"1"_s;
+    QTest::newRow("the usual cap") << QByteArray() << u"dailyCap"_s << u"30"_s;
+    QTest::newRow("its own cap") << QByteArray(R"(,"dailyCapPerInbox":12)") << u"dailyCap"_s << u"12"_s;
+    QTest::newRow("no limit") << QByteArray(R"(,"settings":{"dailyLimit":null})") << u"dailyLimit"_s << u""_s;
+  }
+  void numbersAreShownAsTheyAreTyped() {
+    QFETCH(QByteArray, given);
+    QFETCH(QString, field);
+    load(R"({"id":"c1","name":"A","status":"draft")" + given + "}");
+    QTEST(value(field), "shown");
+    QVERIFY(!form->dirty());
+  }
+
+  void aRefusedFormSendsNothing_data() {
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("problem");
+    const auto row = [](const QString& field, const QString& typed, const QString& problem) {
+      QTest::newRow(qPrintable(field + u' ' + typed)) << field << typed << problem;
+    };
+    row(u"name"_s, u"  "_s, u"Give the campaign a name"_s);
+    for (const auto& typed : {u"0"_s, u"1441"_s, u""_s, u"2.5"_s}) row(u"gap"_s, typed, u"1 to 1440 minutes"_s);
+    for (const auto& typed : {u"0"_s, u"501"_s, u""_s}) row(u"dailyCap"_s, typed, u"1 to 500"_s);
+    for (const auto& typed : {u"0"_s, u"100001"_s, u"many"_s}) row(u"dailyLimit"_s, typed, u"1 to 100,000, or empty"_s);
+    row(u"maxNewPerDay"_s, u"-1"_s, u"1 to 100,000, or empty"_s);
+    row(u"cc"_s, u"a@b.example, nobody"_s, u"“nobody” is not an email address"_s);
+    row(u"bcc"_s, u"@b.example"_s, u"“@b.example” is not an email address"_s);
+    row(u"startDate"_s, u"23.11.2026"_s, u"Write the date as YYYY-MM-DD"_s);
+    row(u"endDate"_s, u"2026-02-30"_s, u"Write the date as YYYY-MM-DD"_s);
+    row(u"endDate"_s, u"2026-11-22"_s, u"The end date must not come before the start date"_s);
+  }
+  void aRefusedFormSendsNothing() {
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    load(campaign(7));
+    form->set(field, typed);
+    form->save();
+    QTEST(problem(field), "problem");
+    QCOMPARE(f->api.sent().size(), 1u);
+    form->set(field, typed + u'x');
+    QCOMPARE(problem(field), QString());
+    form->discard();
+    QVERIFY(!form->dirty());
+  }
+
+  void whatWasChangedIsSent() {
+    load(campaign(7));
+    form->set(u"name"_s, u" New "_s);
+    form->set(u"dailyLimit"_s, u" "_s);
+    form->set(u"maxNewPerDay"_s, u"+50"_s);
+    form->set(u"stopOnReply"_s, false);
+    form->set(u"cc"_s, u"c@a.example; d@a.example,"_s);
+    form->set(u"endDate"_s, u"2026-12-23"_s);
+    form->addTag(u"Spring"_s);
+    f->api.expect(patched);
+    form->save();
+    QVERIFY(form->saving());
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(7));
+    const QByteArray expected =
+        R"({"name":"New","stopOnReply":false,"tags":["Spring","q4"],)"
+        R"("settings":{"dailyLimit":null,"maxNewPerDay":50,"cc":["c@a.example","d@a.example"]},)"
+        R"("schedule":{"startDate":"2026-11-23","endDate":"2026-12-23","schedules":[)" +
+        hours + "]}}";
+    QCOMPARE(sent(), QJsonDocument::fromJson(expected).object());
+    f->api.answer(patched, campaign(8, {}, "New"));
+    QVERIFY(!form->saving());
+    QCOMPARE(value(u"name"_s), u"New"_s);
+    QCOMPARE(store->name(), u"New"_s);
+    QCOMPARE(lastToast(), u"Settings saved"_s);
+    QVERIFY(!form->dirty());
+  }
+
+  void aRoundedGapIsWrittenOnlyWhenTyped() {
+    load(campaign(7));
+    form->set(u"gap"_s, u"3"_s);
+    form->set(u"gap"_s, u"2"_s);
+    QVERIFY(!form->dirty());
+    form->set(u"prioritizeNew"_s, true);
+    f->api.expect(patched);
+    form->save();
+    QVERIFY(!sent().contains("gapSeconds"_L1));
+    f->api.answer(patched, campaign(8));
+    form->set(u"gap"_s, u"5"_s);
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(sent(), (QJsonObject{{u"gapSeconds"_s, 300}}));
+    f->api.answer(patched, campaign(9));
+  }
+
+  void whatIsTypedWhileItSavesStays() {
+    load(campaign(7));
+    form->set(u"name"_s, u"One"_s);
+    f->api.expect(patched);
+    form->save();
+    form->set(u"name"_s, u"Two"_s);
+    form->set(u"bcc"_s, u"b@a.example"_s);
+    f->api.answer(patched, campaign(8, {}, "One"));
+    QCOMPARE(value(u"name"_s), u"Two"_s);
+    QVERIFY(form->dirty());
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
+    QCOMPARE(sent().value("name"_L1).toString(), u"Two"_s);
+    f->api.answer(patched, campaign(9, {}, "Two"));
+  }
+
+  void aNewerCampaignLeavesWhatWasTyped() {
+    load(campaign(7));
+    form->set(u"cc"_s, u"typed@a.example"_s);
+    schedule->toggleDay(0, 6);
+    load(campaign(8, {}, "Renamed elsewhere"));
+    QCOMPARE(value(u"cc"_s), u"typed@a.example"_s);
+    QCOMPARE(value(u"name"_s), u"Renamed elsewhere"_s);
+    QCOMPARE(window(0).value(u"days"_s).value<QList<qint64>>(), (QList<qint64>{1, 2, 6}));
+    f->api.expect(patched);
+    form->save();
+    QVERIFY2(!sent().contains("name"_L1), "what somebody else changed is not written back");
+    f->api.answer(patched, campaign(9));
+  }
+
+  void aConflictKeepsTheFormAndBringsTheVersion() {
+    load(campaign(7));
+    form->set(u"name"_s, u"Mine"_s);
+    f->api.expect(patched);
+    form->save();
+    f->api.expect(get);
+    f->api.answer(patched, R"({"title":"Somebody was faster","detail":"It changed."})", 409);
+    QCOMPARE(lastToast(), u"Couldn’t save."_s);
+    f->api.answer(get, campaign(8));
+    QCOMPARE(value(u"name"_s), u"Mine"_s);
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
+    f->api.expect(get);
+    f->api.fail(patched, TransportFailure::offline);
+    QVERIFY(!form->saving());
+    QCOMPARE(value(u"name"_s), u"Mine"_s);
+    f->api.answer(get, campaign(8));
+  }
+
+  void theTwoFormsLeaveEachOtherAlone() {
+    load(campaign(7));
+    form->set(u"startDate"_s, u"2026-12-01"_s);
+    schedule->setText(0, u"end"_s, u"18:30"_s);
+    f->api.expect(patched);
+    schedule->save();
+    QVERIFY(schedule->saving());
+    QVERIFY2(!form->canSave(), "two saves at once would refuse each other");
+    const QJsonObject body = sent().value("schedule"_L1).toObject();
+    QCOMPARE(sent().keys(), QStringList{u"schedule"_s});
+    QCOMPARE(body.value("startDate"_L1).toString(), u"2026-11-23"_s);
+    QCOMPARE(body.value("schedules"_L1)[0]["end"_L1].toString(), u"18:30"_s);
+    QByteArray answer = campaign(8);
+    f->api.answer(patched, answer.replace("17:00", "18:30"));
+    QCOMPARE(lastToast(), u"Schedule saved"_s);
+    QVERIFY(!schedule->dirty());
+    QCOMPARE(value(u"startDate"_s), u"2026-12-01"_s);
+    schedule->setText(0, u"name"_s, u"Late"_s);
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(sent().value("schedule"_L1)["schedules"_L1][0]["name"_L1].toString(), u"Week"_s);
+    f->api.answer(patched, answer);
+    QCOMPARE(window(0).value(u"name"_s).toString(), u"Late"_s);
+    schedule->discard();
+    QCOMPARE(window(0).value(u"name"_s).toString(), u"Week"_s);
+  }
+
+  void hoursAreCheckedBeforeTheyAreSent() {
+    load(campaign(7));
+    schedule->add();
+    QCOMPARE(window(1).value(u"timeZone"_s).toString(), u"Europe/Berlin"_s);
+    for (int day = 1; day <= 5; ++day) schedule->toggleDay(1, day);
+    schedule->setText(1, u"end"_s, u"09:00"_s);
+    schedule->setText(1, u"timeZone"_s, u"Europe/Atlantis"_s);
+    schedule->save();
+    QCOMPARE(window(1).value(u"daysError"_s).toString(), u"Pick at least one day."_s);
+    QCOMPARE(window(1).value(u"timesError"_s).toString(), u"The end must come after the start."_s);
+    QCOMPARE(window(1).value(u"zoneError"_s).toString(), u"Not a known time zone"_s);
+    schedule->toggleDay(1, 7);
+    schedule->setText(1, u"end"_s, u"09:30"_s);
+    schedule->setText(1, u"timeZone"_s, u"new york"_s);
+    QCOMPARE(schedule->zones(u"new york"_s), QStringList{u"America/New_York"_s});
+    schedule->setText(1, u"timeZone"_s, u"America/New_York"_s);
+    QVERIFY(schedule->zones(u"America/New_York"_s).isEmpty());
+    f->api.expect(patched);
+    schedule->save();
+    f->api.answer(patched, campaign(8));
+    schedule->remove(0);
+    QCOMPARE(schedule->count(), 1);
+  }
+
+  void aCampaignWithoutHoursIsOfferedSome() {
+    load(R"({"id":"c1","name":"A","status":"draft","version":1})");
+    QCOMPARE(window(0).value(u"name"_s).toString(), u"Main schedule"_s);
+    QVERIFY(!schedule->dirty());
+    QVERIFY(schedule->canSave());
+  }
+
+  void sendersAreReadToTheLastPage() {
+    QAbstractItemModelTester tester(form->senders()->rows(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    load(campaign(7, R"(,"senders":[{"mailboxId":"m3","address":"m3@a.example","displayName":"Box m3",)"
+                     R"("status":"active","ready":true,"capToday":12,"sentToday":4,"viaTag":false}])"));
+    f->api.expect(mailboxes);
+    f->api.expect(tagsCall);
+    form->ensureLoaded();
+    f->api.answer(tagsCall, R"({"items":[{"key":"q4","name":"Fourth quarter"},{"key":"x"}]})");
+    f->api.expect(mailboxes);
+    f->api.answer(mailboxes, R"({"items":[)" + mailbox("m1", R"(,"sendLimit":30,"tags":["dach"])") + "," +
+                                 mailbox("m2", R"(,"sendLimit":20)") + R"(],"nextCursor":"p2"})");
+    QCOMPARE(f->api.last().request.query.value(1), (QueryItem{u"cursor"_s, u"p2"_s}));
+    f->api.answer(mailboxes, R"({"items":[)" + mailbox("m3", R"(,"sendLimit":99)") + "]}");
+    const auto& rows = form->senders()->rows()->records();
+    QCOMPARE(rows.size(), 3u);
+    QCOMPARE(rows[0].id, u"m3"_s);
+    QCOMPARE(rows[0].today, u"4 of 12 today"_s);
+    QVERIFY(rows[0].ticked && !rows[1].ticked);
+    QCOMPARE(form->senders()->summary(), u"1 inbox sends · up to 12 a day each"_s);
+    form->senders()->toggleTag(u"dach"_s);
+    QVERIFY(form->senders()->rows()->records()[1].viaTag);
+    QCOMPARE(form->senders()->summary(), u"2 inboxes send · 12 to 30 a day each"_s);
+    form->senders()->toggle(u"m2"_s);
+    form->addTag(u"fourth QUARTER"_s);
+    QCOMPARE(form->tags().size(), 1);
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(sent().value("senderMailboxIds"_L1).toArray(), (QJsonArray{u"m2"_s, u"m3"_s}));
+    QCOMPARE(sent().value("settings"_L1)["senderTags"_L1].toArray(), QJsonArray{u"dach"_s});
+    f->api.answer(patched, campaign(8));
+    form->senders()->setQuery(u"M2@"_s);
+    QCOMPARE(form->senders()->rows()->count(), 1);
+  }
+
+  void listsThatFailSaySo() {
+    load(campaign(7));
+    f->api.expect(mailboxes);
+    f->api.expect(tagsCall);
+    form->ensureLoaded();
+    f->api.answer(tagsCall, R"({"items":[]})");
+    f->api.answer(mailboxes, R"({"title":"Down","detail":"For an hour."})", 409);
+    QCOMPARE(form->tagNote(), u"No tags yet. Type one below."_s);
+    QVERIFY(form->senders()->note().startsWith(u"Couldn’t load the inboxes. "_s));
+    f->api.expect(mailboxes);
+    form->senders()->retry();
+    f->api.answer(mailboxes, R"({"items":[]})");
+    QCOMPARE(form->senders()->note(), u"No inboxes yet. Connect one on the Accounts page."_s);
+    QCOMPARE(form->senders()->tagNote(), u"No tags yet. Tag inboxes on the Accounts page."_s);
+  }
+
+  void aStoreThatGoesTakesItsSavesAlong() {
+    load(campaign(7));
+    form->set(u"name"_s, u"Mine"_s);
+    f->api.expect(patched);
+    form->save();
+    store->close();
+    QCOMPARE(f->api.cancelled(), QStringList{patched});
+    QVERIFY(!form->saving());
+  }
+};
+
+QTEST_GUILESS_MAIN(CampaignSettingsTest)
+#include "campaignsettings_test.moc"

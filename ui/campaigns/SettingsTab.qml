@@ -1,0 +1,219 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+
+/// A campaign's settings and its schedule. What was changed waits in the store, with a bar that saves or discards it.
+FocusScope {
+    id: root
+
+    required property CampaignStore store
+    readonly property CampaignSettings form: store.settings
+
+    // What the keyboard reaches comes into view.
+    readonly property Item focused: Window.activeFocusItem
+
+    function reveal(item: Item) {
+        let inside = item;
+        while (inside && inside !== column) inside = inside.parent;
+        if (!inside) return;
+        const top = item.mapToItem(column, 0, 0).y + column.y;
+        const most = Math.max(0, scroll.contentHeight - scroll.height);
+        if (top - 40 < scroll.contentY)
+            scroll.contentY = Math.max(0, top - 40);
+        else if (top + item.height + 60 > scroll.contentY + scroll.height)
+            scroll.contentY = Math.min(most, top + item.height + 60 - scroll.height);
+    }
+
+    onFocusedChanged: reveal(focused)
+    Component.onCompleted: form.ensureLoaded()
+
+    Flickable {
+        id: scroll
+        width: root.width
+        height: root.height - bar.height
+        contentHeight: column.height + 48
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        T.ScrollBar.vertical: OrvScrollBar {}
+
+        Column {
+            id: column
+            x: Theme.pageSide
+            y: 24
+            width: Math.min(640, scroll.width - 2 * x)
+            spacing: 24
+            enabled: root.store.canWrite
+
+            OrvNotice {
+                width: parent.width
+                visible: text !== ""
+                text: root.form.notice
+            }
+
+            SettingsSection {
+                width: parent.width
+                title: "Campaign"
+
+                OrvField {
+                    width: parent.width
+                    focus: true
+                    label: "Name"
+                    placeholder: "Campaign name"
+                    text: root.form.values["name"] ?? ""
+                    error: root.form.errors["name"] ?? ""
+                    onEdited: text => root.form.set("name", text)
+                }
+
+                OrvTagEditor {
+                    width: parent.width
+                    label: "Tags"
+                    help: root.form.tagNote || "Labels to find it by in the campaign list, from Settings → Tags."
+                    placeholder: "Add a tag"
+                    tags: root.form.tags
+                    suggestions: root.form.tagSuggestions
+                    error: root.form.errors["tags"] ?? ""
+                    onAdded: text => root.form.addTag(text)
+                    onRemoved: key => root.form.removeTag(key)
+                }
+            }
+
+            SettingsSenders {
+                width: parent.width
+                picker: root.form.senders
+            }
+
+            SettingsSection {
+                width: parent.width
+                title: "Sending"
+
+                SettingsCheck {
+                    width: parent.width
+                    form: root.form
+                    field: "prioritizeNew"
+                    text: "Prioritize new leads"
+                    help: "First emails take the day’s sends before follow-ups."
+                }
+
+                SettingsCheck {
+                    width: parent.width
+                    form: root.form
+                    field: "stopOnReply"
+                    text: "Stop the sequence when a lead replies"
+                    help: "Bounces and unsubscribe replies always stop it."
+                }
+
+                SettingsCheck {
+                    width: parent.width
+                    form: root.form
+                    field: "stopOnAutoReply"
+                    text: "Stop on auto reply"
+                    help: "An out-of-office reply stops the lead too."
+                }
+
+                SettingsCheck {
+                    width: parent.width
+                    form: root.form
+                    field: "stopCompanyOnReply"
+                    text: "Stop for the whole company"
+                    help: "A reply stops every lead at the same company domain."
+                }
+
+                SettingsCheck {
+                    width: parent.width
+                    form: root.form
+                    field: "unsubscribeHeader"
+                    text: "Insert unsubscribe header"
+                }
+            }
+
+            SettingsLimits {
+                width: parent.width
+                form: root.form
+            }
+
+            SettingsSection {
+                width: parent.width
+                title: "Copies"
+
+                OrvField {
+                    width: parent.width
+                    label: "CC"
+                    placeholder: "None"
+                    help: "Copied on every campaign email. Separate with commas."
+                    text: root.form.values["cc"] ?? ""
+                    error: root.form.errors["cc"] ?? ""
+                    onEdited: text => root.form.set("cc", text)
+                }
+
+                OrvField {
+                    width: parent.width
+                    label: "BCC"
+                    placeholder: "None"
+                    help: "A hidden copy of every campaign email. Test emails copy nobody."
+                    text: root.form.values["bcc"] ?? ""
+                    error: root.form.errors["bcc"] ?? ""
+                    onEdited: text => root.form.set("bcc", text)
+                }
+            }
+
+            SettingsSection {
+                width: parent.width
+                title: "Dates"
+                help: "It sends between these dates, only inside the schedules below, spread evenly across each one."
+
+                Row {
+                    spacing: 16
+
+                    OrvField {
+                        label: "Start date"
+                        placeholder: "On launch"
+                        help: "YYYY-MM-DD. Empty: on launch."
+                        text: root.form.values["startDate"] ?? ""
+                        error: root.form.errors["startDate"] ?? ""
+                        onEdited: text => root.form.set("startDate", text)
+                    }
+
+                    OrvField {
+                        label: "End date"
+                        placeholder: "No end date"
+                        help: "YYYY-MM-DD. Empty: no end date."
+                        text: root.form.values["endDate"] ?? ""
+                        error: root.form.errors["endDate"] ?? ""
+                        onEdited: text => root.form.set("endDate", text)
+                    }
+                }
+            }
+
+            OrvDivider {
+                width: parent.width
+            }
+
+            ScheduleSection {
+                width: parent.width
+                form: root.form.schedule
+            }
+        }
+    }
+
+    SaveBar {
+        id: bar
+        y: root.height - height
+        width: root.width
+        shown: root.form.dirty || root.form.saving
+        saveText: "Save settings"
+        saving: root.form.saving
+        canSave: root.form.canSave
+        hasErrors: Object.keys(root.form.errors).length > 0
+        onSaveRequested: root.form.save()
+        onDiscardRequested: root.form.discard()
+    }
+
+    Shortcut {
+        sequence: StandardKey.Save
+        enabled: root.form.canSave
+        onActivated: root.form.save()
+    }
+}

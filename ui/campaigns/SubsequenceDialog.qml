@@ -1,0 +1,84 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// Asks for a new subsequence's name and for what starts it.
+OnDemand {
+    id: root
+
+    required property Subsequences page
+
+    shown: page.formShown
+
+    sourceComponent: OrvDialog {
+        id: dialog
+        title: "New subsequence"
+        text: root.page.explanation
+        confirmText: "Create subsequence"
+        busy: root.page.creating
+        initialFocus: field
+        onConfirmed: root.page.create()
+        onCancelled: root.page.cancel()
+
+        OrvField {
+            id: field
+            width: parent.width
+            label: "Name"
+            text: root.page.name
+            error: root.page.nameError
+            onEdited: text => root.page.name = text
+        }
+
+        Column {
+            width: parent.width
+            spacing: 6
+
+            Text {
+                textFormat: Text.PlainText
+                text: "Starts when a reply is labelled"
+                font: Theme.smallStrong
+                color: Theme.text2
+                Accessible.ignored: true
+            }
+
+            Flow {
+                width: parent.width
+                spacing: 16
+                Accessible.role: Accessible.Grouping
+                Accessible.name: "Starts when a reply is labelled"
+
+                Repeater {
+                    // By number, so that a box which was just ticked keeps the focus.
+                    model: root.page.labels.length
+
+                    OrvCheckbox {
+                        required property int index
+                        readonly property var choice: root.page.labels[index] ?? ({key: "", label: "", ticked: false})
+
+                        text: choice.label
+                        checked: choice.ticked
+                        onToggled: root.page.toggleLabel(choice.key)
+                        // In a dialog Enter says the verb.
+                        Keys.onReturnPressed: dialog.confirm()
+                    }
+                }
+            }
+
+            FieldError {
+                width: parent.width
+                text: root.page.labelsError
+            }
+
+            Text {
+                width: parent.width
+                textFormat: Text.PlainText
+                text: "Pick one or more. Unsubscribes never enter: they go on the blocklist."
+                font: Theme.small
+                color: Theme.text3
+                wrapMode: Text.Wrap
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+    }
+}

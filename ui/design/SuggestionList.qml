@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+
+/// What a field's text may stand for, listed under the field. The caret stays in the field, which passes its keys on.
+T.Popup {
+    id: root
+
+    /// Maps with key and label.
+    property var options: []
+    property bool wanted: false
+    property int current: -1
+
+    signal chosen(string key)
+
+    function step(by: int): bool {
+        if (!visible) return false;
+        const count = options.length;
+        current = current < 0 && by < 0 ? count - 1 : (current + by + count) % count;
+        return true;
+    }
+
+    /// Chooses the current one; false when there is none.
+    function take(): bool {
+        if (!visible || current < 0) return false;
+        chosen(options[current].key);
+        return true;
+    }
+
+    onOptionsChanged: current = -1
+
+    y: parent ? parent.height + 4 : 0
+    width: parent ? parent.width : 0
+    implicitHeight: contentItem.implicitHeight + 8
+    padding: 4
+    focus: false
+    closePolicy: T.Popup.NoAutoClose
+    visible: wanted && options.length > 0
+    background: OrvFloat { radius: Theme.radiusFloat }
+
+    contentItem: Column {
+        Accessible.role: Accessible.List
+        Accessible.name: qsTr("Suggestions")
+
+        Repeater {
+            model: root.options
+
+            Rectangle {
+                id: entry
+
+                required property var modelData
+                required property int index
+
+                width: parent.width
+                height: 30
+                radius: Theme.radiusControl
+                color: index === root.current || pointer.hovered ? Theme.hover : "transparent"
+                Accessible.role: Accessible.ListItem
+                Accessible.name: modelData.label
+                Accessible.selected: index === root.current
+                Accessible.onPressAction: root.chosen(modelData.key)
+
+                Text {
+                    x: 10
+                    width: parent.width - 20
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    elide: Text.ElideRight
+                    textFormat: Text.PlainText
+                    text: entry.modelData.label
+                    font: Theme.body
+                    color: Theme.text
+                    Accessible.ignored: true
+                }
+
+                HoverHandler { id: pointer }
+                TapHandler { onTapped: root.chosen(entry.modelData.key) }
+            }
+        }
+    }
+}
