@@ -131,6 +131,12 @@ void CampaignStore::ensureLoaded() {
 void CampaignStore::refresh() {
   m_loaded = true;
   m_campaign.load();
+}
+
+void CampaignStore::refreshShown() {
+  refresh();
+  if (m_tab == Tab::leads) m_leads.refresh();
+  if (m_tab == Tab::subsequences) m_subsequences.refresh();
   if (m_tab == Tab::stats) m_stats.refresh();
 }
 

@@ -87,6 +87,8 @@ class CampaignStore final : public Store {
   Q_INVOKABLE void ensureLoaded();
   /// Loads again without clearing what is shown.
   Q_INVOKABLE void refresh();
+  /// Loads the open tab's own things again as well.
+  Q_INVOKABLE void refreshShown();
 
   Q_INVOKABLE void beginRename();
   /// Launches or, when the campaign is paused, resumes it.

@@ -140,7 +140,7 @@ Item {
                 text: "Refresh"
                 iconName: "view-refresh"
                 shortcutText: "F5"
-                onTriggered: root.store.refresh()
+                onTriggered: root.store.refreshShown()
             }
 
             OrvMenuSeparator {}

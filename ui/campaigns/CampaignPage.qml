@@ -112,11 +112,7 @@ FocusScope {
 
     Shortcut {
         sequences: ["F5", "Ctrl+R"]
-        onActivated: {
-            root.store.refresh();
-            if (root.store.tab === "leads")
-                root.store.leads.refresh();
-        }
+        onActivated: root.store.refreshShown()
     }
 
     Shortcut {
