@@ -3,9 +3,9 @@
 #include <QVariantList>
 
 #include "app/campaigns/CampaignContext.h"
-#include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/CampaignSettings.h"
+#include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/campaigns/Subsequences.h"
 #include "app/shell/Actions.h"
