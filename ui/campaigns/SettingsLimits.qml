@@ -7,6 +7,8 @@ SettingsSection {
     id: root
 
     required property CampaignSettings form
+    readonly property var values: form.values
+    readonly property var errors: form.errors
 
     title: "Limits"
 
@@ -23,8 +25,8 @@ SettingsSection {
             from: 1
             to: 500
             keepsText: true
-            text: root.form.values["dailyCap"] ?? ""
-            error: root.form.errors["dailyCap"] ?? ""
+            text: root.values.dailyCap ?? ""
+            error: root.errors.dailyCap ?? ""
             onTyped: text => root.form.set("dailyCap", text)
         }
 
@@ -35,8 +37,8 @@ SettingsSection {
             from: 1
             to: 1440
             keepsText: true
-            text: root.form.values["gap"] ?? ""
-            error: root.form.errors["gap"] ?? ""
+            text: root.values.gap ?? ""
+            error: root.errors.gap ?? ""
             onTyped: text => root.form.set("gap", text)
         }
 
@@ -50,8 +52,8 @@ SettingsSection {
             step: 10
             clearable: true
             keepsText: true
-            text: root.form.values["dailyLimit"] ?? ""
-            error: root.form.errors["dailyLimit"] ?? ""
+            text: root.values.dailyLimit ?? ""
+            error: root.errors.dailyLimit ?? ""
             onTyped: text => root.form.set("dailyLimit", text)
         }
 
@@ -65,8 +67,8 @@ SettingsSection {
             step: 10
             clearable: true
             keepsText: true
-            text: root.form.values["maxNewPerDay"] ?? ""
-            error: root.form.errors["maxNewPerDay"] ?? ""
+            text: root.values.maxNewPerDay ?? ""
+            error: root.errors.maxNewPerDay ?? ""
             onTyped: text => root.form.set("maxNewPerDay", text)
         }
     }

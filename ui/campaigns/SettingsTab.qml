@@ -10,6 +10,8 @@ FocusScope {
 
     required property CampaignStore store
     readonly property CampaignSettings form: store.settings
+    readonly property var values: form.values
+    readonly property var errors: form.errors
 
     // What the keyboard reaches comes into view.
     readonly property Item focused: Window.activeFocusItem
@@ -62,8 +64,8 @@ FocusScope {
                     focus: true
                     label: "Name"
                     placeholder: "Campaign name"
-                    text: root.form.values["name"] ?? ""
-                    error: root.form.errors["name"] ?? ""
+                    text: root.values.name ?? ""
+                    error: root.errors.name ?? ""
                     onEdited: text => root.form.set("name", text)
                 }
 
@@ -74,7 +76,7 @@ FocusScope {
                     placeholder: "Add a tag"
                     tags: root.form.tags
                     suggestions: root.form.tagSuggestions
-                    error: root.form.errors["tags"] ?? ""
+                    error: root.errors.tags ?? ""
                     onAdded: text => root.form.addTag(text)
                     onRemoved: key => root.form.removeTag(key)
                 }
@@ -143,8 +145,8 @@ FocusScope {
                     label: "CC"
                     placeholder: "None"
                     help: "Copied on every campaign email. Separate with commas."
-                    text: root.form.values["cc"] ?? ""
-                    error: root.form.errors["cc"] ?? ""
+                    text: root.values.cc ?? ""
+                    error: root.errors.cc ?? ""
                     onEdited: text => root.form.set("cc", text)
                 }
 
@@ -153,8 +155,8 @@ FocusScope {
                     label: "BCC"
                     placeholder: "None"
                     help: "A hidden copy of every campaign email. Test emails copy nobody."
-                    text: root.form.values["bcc"] ?? ""
-                    error: root.form.errors["bcc"] ?? ""
+                    text: root.values.bcc ?? ""
+                    error: root.errors.bcc ?? ""
                     onEdited: text => root.form.set("bcc", text)
                 }
             }
@@ -171,8 +173,8 @@ FocusScope {
                         label: "Start date"
                         placeholder: "On launch"
                         help: "YYYY-MM-DD. Empty: on launch."
-                        text: root.form.values["startDate"] ?? ""
-                        error: root.form.errors["startDate"] ?? ""
+                        text: root.values.startDate ?? ""
+                        error: root.errors.startDate ?? ""
                         onEdited: text => root.form.set("startDate", text)
                     }
 
@@ -180,8 +182,8 @@ FocusScope {
                         label: "End date"
                         placeholder: "No end date"
                         help: "YYYY-MM-DD. Empty: no end date."
-                        text: root.form.values["endDate"] ?? ""
-                        error: root.form.errors["endDate"] ?? ""
+                        text: root.values.endDate ?? ""
+                        error: root.errors.endDate ?? ""
                         onEdited: text => root.form.set("endDate", text)
                     }
                 }
