@@ -7,11 +7,14 @@
 #include "demo/MailboxDoor.h"
 #include "demo/SequenceDoor.h"
 #include "demo/Timeline.h"
+#include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
+
+constexpr int firstEmailAfterSeconds = 120;
 
 bool isSet(const DemoRequest& request, const QString& flag) { return request.query.queryItemValue(flag) == "1"_L1; }
 
@@ -178,6 +181,9 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
   record.status = CampaignStatus(u"running"_s);
   if (!resumes) record.launchedAt = m_context.stamp();
   record.pausedAt.reset();
+  const QString first = formatPlatformDate(m_context.now.addSecs(firstEmailAfterSeconds));
+  for (CampaignLead& lead : campaign.leads)
+    if (lead.status.rawValue == "queued"_L1 && !lead.nextSendAt) lead.nextSendAt = first;
   changeLeads(campaign, u"paused"_s, u"active"_s);
   changeLeads(campaign, u"queued"_s, u"active"_s);
   record.lastPlan = Campaign::Plan{m_context.stamp(), campaign.stats().leads.active, {}};

@@ -1,18 +1,15 @@
 #include "app/campaigns/SequencePreview.h"
 
+#include "app/campaigns/LeadRows.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
-QString nameOf(const CampaignLead& lead) {
-  const QString name = (lead.firstName.value_or(QString()) + u' ' + lead.lastName.value_or(QString())).trimmed();
-  return name.isEmpty() ? lead.email : name;
-}
-
 QString labelOf(const CampaignLead& lead) {
   const QString company = lead.company.value_or(QString());
-  return company.isEmpty() ? nameOf(lead) : nameOf(lead) + u" · "_s + company;
+  return company.isEmpty() ? leadName(lead) : leadName(lead) + u" · "_s + company;
 }
 
 }  // namespace
@@ -125,7 +122,7 @@ std::optional<QString> SequencePreview::leadId() const {
 QString SequencePreview::leadName() const {
   if (lead().isEmpty()) return {};
   const CampaignLead* known = listed(lead());
-  return known ? nameOf(*known) : to();
+  return known ? orv::leadName(*known) : to();
 }
 
 QString SequencePreview::from() const {

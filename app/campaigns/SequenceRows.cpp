@@ -1,32 +1,12 @@
 #include "app/campaigns/SequenceRows.h"
 
-#include <boost/describe/members.hpp>
-#include <boost/mp11/algorithm.hpp>
-
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-using Members = boost::describe::describe_members<StepRow, boost::describe::mod_public>;
-
-template <>
-const QList<QByteArray>& fieldNames<StepRow>() {
-  static const QList<QByteArray> names = [] {
-    QList<QByteArray> result;
-    boost::mp11::mp_for_each<Members>([&](auto member) { result.append(member.name); });
-    return result;
-  }();
-  return names;
-}
-
-template <>
-QVariant fieldVariant<StepRow>(const StepRow& row, int field) {
-  return boost::mp11::mp_with_index<boost::mp11::mp_size<Members>::value>(size_t(field), [&](auto index) {
-    return QVariant::fromValue(row.*boost::mp11::mp_at<Members, decltype(index)>::pointer);
-  });
-}
+ORV_DEFINE_ROW(StepRow)
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include "app/campaigns/SequenceDraft.h"
 #include "app/shell/RecordModel.h"
+#include "app/shell/RowFields.h"
 
 namespace orv {
 
@@ -30,11 +31,7 @@ struct StepRow {
 };
 BOOST_DESCRIBE_STRUCT(StepRow, (), (id, title, when, wait, subject, subjectIsNote, letters, sent, replied, current))
 
-// A row of this window's own, which no answer brings.
-template <>
-const QList<QByteArray>& fieldNames<StepRow>();
-template <>
-QVariant fieldVariant<StepRow>(const StepRow& row, int field);
+ORV_DECLARE_ROW(StepRow)
 
 class SequenceRows final : public RecordModel<StepRow> {
  public:

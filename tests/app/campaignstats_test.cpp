@@ -163,7 +163,7 @@ class CampaignStatsTest : public QObject {
     load();
     campaign->setTab(u"stats"_s);
     for (const auto& call : {campaignCall, summaryCall}) f->api.expect(call);
-    campaign->refresh();
+    campaign->refreshShown();
     f->api.answer(campaignCall, campaignOf({}));
     f->api.fail(summaryCall, TransportFailure::timedOut);
     QCOMPARE(lastToast(), u"Couldn’t load the stats"_s);
@@ -178,12 +178,12 @@ class CampaignStatsTest : public QObject {
     // Past midnight the range is another one.
     f->clock.advance(24h);
     for (const auto& call : {campaignCall, summaryCall, messagesCall}) f->api.expect(call);
-    campaign->refresh();
+    campaign->refreshShown();
     QVERIFY(store->rangeText().contains(u"22 Nov 2026"_s));
     // The tab is elsewhere: only the campaign is read.
-    campaign->setTab(u"leads"_s);
+    campaign->setTab(u"settings"_s);
     f->api.expect(campaignCall);
-    campaign->refresh();
+    campaign->refreshShown();
   }
 
   void emails_data() {

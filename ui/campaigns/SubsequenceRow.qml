@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 
 /// A subsequence in its parent's table.
 OrvTableRow {

@@ -18,7 +18,8 @@ T.Popup {
     signal closeRequested()
 
     function leave() {
-        asksToClose ? closeRequested() : close();
+        // By its id: the button in it has the name.
+        asksToClose ? closeRequested() : root.close();
     }
 
     parent: T.Overlay.overlay

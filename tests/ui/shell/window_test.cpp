@@ -284,6 +284,27 @@ class WindowTest : public QObject {
     QCOMPARE(warnings, QStringList());
   }
 
+  void walksTheSettingsByKeyboard() {
+    open(true);
+    CampaignStore& store = *m_stage->app().session()->campaignStore(campaigns().list()->value()->items.first().id);
+    m_stage->app().router()->openCampaign(store.id());
+    QTRY_VERIFY(store.campaign()->hasContent());
+    store.setTab(u"settings"_s);
+    QTRY_VERIFY(store.settings()->senders()->mailboxes()->hasContent());
+    QStringList walked;
+    const auto step = [&] {
+      press(Qt::Key_Tab);
+      const QQuickItem* item = m_stage->window().activeFocusItem();
+      const QString name = item ? item->property("text").toString() : u"nothing"_s;
+      walked.append(item ? QString::fromLatin1(item->metaObject()->className()) + u": "_s + name : name);
+      return name == "Save schedule"_L1 || name == "Add schedule"_L1;
+    };
+    bool arrived = false;
+    for (int i = 0; i < 80 && !arrived; ++i) arrived = step();
+    QVERIFY2(arrived, qPrintable(walked.join(u'\n')));
+    QCOMPARE(warnings, QStringList());
+  }
+
   void leavesNothingOfAWorkspaceBehind() {
     open(true);
     QTRY_COMPARE(campaigns().rows()->count(), 10);
