@@ -188,13 +188,6 @@ struct SequencePreviewType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
-struct StoreType {
-  Q_GADGET
-  QML_FOREIGN(orv::Store)
-  QML_NAMED_ELEMENT(OrvellaStore)
-  QML_UNCREATABLE("The application model owns it.")
-};
-
 struct TestEmailFormType {
   Q_GADGET
   QML_FOREIGN(orv::TestEmailForm)

@@ -21,18 +21,19 @@ FocusScope {
         (editor.repliesInThread ? body : subject).forceActiveFocus(Qt.OtherFocusReason);
     }
 
-    Component.onCompleted: showText()
+    function showSpun(field: string, text: string) {
+        (field === "subject" ? subject : body).replace(text);
+    }
 
-    Connections {
-        target: root.editor
-
-        function onTextShown() {
-            root.showText();
-        }
-
-        function onTextSpun(field: string, text: string) {
-            (field === "subject" ? subject : body).replace(text);
-        }
+    // By hand: a Connections takes no target whose base the QML types do not name.
+    Component.onCompleted: {
+        editor.textShown.connect(showText);
+        editor.textSpun.connect(showSpun);
+        showText();
+    }
+    Component.onDestruction: {
+        editor.textShown.disconnect(showText);
+        editor.textSpun.disconnect(showSpun);
     }
 
     StepHeader {
