@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// One email in the timeline.
-T.AbstractButton {
+Pressable {
     id: root
 
     required property string title
@@ -18,15 +17,14 @@ T.AbstractButton {
     property bool ringed: false
 
     implicitHeight: sent === "" ? 58 : 76
-    focusPolicy: Qt.NoFocus
     text: title
 
     Accessible.role: Accessible.ListItem
     Accessible.name: title + ", " + when + ", " + subject + (sent !== "" ? ", " + sent + ", " + replied : "")
     Accessible.selected: current
-    Accessible.onPressAction: clicked()
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: Theme.radiusCard
         color: root.hovered && !root.current ? Theme.hover : Theme.surface
         border { width: root.current ? 2 : 1; color: root.current ? Theme.accentText : Theme.border }
@@ -38,7 +36,9 @@ T.AbstractButton {
         }
     }
 
-    contentItem: Item {
+    Item {
+        anchors.fill: parent
+
         Text {
             id: titleText
             x: 11

@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 
@@ -45,7 +44,7 @@ Item {
             Repeater {
                 model: root.variants
 
-                T.AbstractButton {
+                Pressable {
                     id: tab
 
                     required property var modelData
@@ -53,17 +52,16 @@ Item {
 
                     height: letters.height
                     implicitWidth: words.implicitWidth + 16
-                    focusPolicy: Qt.NoFocus
                     text: "Variant " + modelData.label
 
                     Accessible.role: Accessible.PageTab
                     Accessible.name: text + ", " + modelData.share
                     Accessible.selected: current
-                    Accessible.onPressAction: clicked()
                     onClicked: root.editor.showVariant(modelData.key)
 
-                    contentItem: Row {
+                    Row {
                         id: words
+                        height: parent.height
                         leftPadding: 8
                         spacing: 6
 
@@ -86,19 +84,17 @@ Item {
                         }
                     }
 
-                    background: Item {
-                        Rectangle {
-                            visible: tab.current
-                            y: parent.height - 2
-                            width: parent.width
-                            height: 2
-                            color: Theme.accentText
-                        }
+                    Rectangle {
+                        visible: tab.current
+                        y: parent.height - 2
+                        width: parent.width
+                        height: 2
+                        color: Theme.accentText
+                    }
 
-                        FocusRing {
-                            visible: tab.current && strip.activeFocus && InputMode.keyboard
-                            inset: true
-                        }
+                    FocusRing {
+                        visible: tab.current && strip.activeFocus && InputMode.keyboard
+                        inset: true
                     }
                 }
             }

@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// Tabs over one page. Left and Right move between them.
@@ -34,23 +33,21 @@ FocusScope {
         height: root.height
         Repeater {
             model: root.options
-            T.AbstractButton {
+            Pressable {
                 id: tab
                 required property var modelData
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
                 implicitWidth: words.implicitWidth
-                focusPolicy: Qt.NoFocus
                 text: modelData.label
                 Accessible.role: Accessible.PageTab
-                Accessible.name: text
                 Accessible.selected: current
-                Accessible.onPressAction: clicked()
                 onClicked: root.chosen(modelData.key)
 
-                contentItem: Row {
+                Row {
                     id: words
+                    height: parent.height
                     spacing: 6
                     Text {
                         height: parent.height
@@ -66,19 +63,17 @@ FocusScope {
                         value: visible ? tab.modelData.count : 0
                     }
                 }
-                background: Item {
-                    FocusRing {
-                        visible: tab.current && root.activeFocus && InputMode.keyboard
-                        inset: true
-                        anchors { leftMargin: -6; rightMargin: -6 }
-                    }
-                    Rectangle {
-                        visible: tab.current
-                        y: parent.height - 2
-                        width: parent.width
-                        height: 2
-                        color: Theme.accentText
-                    }
+                FocusRing {
+                    visible: tab.current && root.activeFocus && InputMode.keyboard
+                    inset: true
+                    anchors { leftMargin: -6; rightMargin: -6 }
+                }
+                Rectangle {
+                    visible: tab.current
+                    y: parent.height - 2
+                    width: parent.width
+                    height: 2
+                    color: Theme.accentText
                 }
             }
         }
