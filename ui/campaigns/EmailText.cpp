@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-/// Of the text's units; the document's own plain text would not be the same units.
+/// The text with one line feed between lines. QTextDocument::toPlainText() would also turn no-break spaces into plain ones.
 QString textOf(const QTextDocument& document) {
   QString text = document.toRawText();
   return text.replace(QChar::ParagraphSeparator, u'\n');
