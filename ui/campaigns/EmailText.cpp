@@ -11,7 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-/// The text with one line feed between lines. QTextDocument::toPlainText() would also turn no-break spaces into plain ones.
+/// The text with one line feed between lines. QTextDocument::toPlainText() would also turn no-break spaces into plain
+/// ones.
 QString textOf(const QTextDocument& document) {
   QString text = document.toRawText();
   return text.replace(QChar::ParagraphSeparator, u'\n');
