@@ -1,9 +1,27 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QQmlComponent>
 #include <QQuickWindow>
+#include <cstdio>
+#include <memory>
 
 namespace orv::bench {
+
+/// A shown window of the given QML. None, with the reason printed, when it cannot be made.
+inline std::unique_ptr<QQuickWindow> windowOf(QQmlEngine& engine, const char* source, const QVariantMap& initial = {}) {
+  QQmlComponent component(&engine);
+  component.setData(source, QUrl(QStringLiteral("qrc:/bench/window.qml")));
+  std::unique_ptr<QObject> made(component.createWithInitialProperties(initial));
+  std::unique_ptr<QQuickWindow> window(qobject_cast<QQuickWindow*>(made.get()));
+  if (!window) {
+    std::printf("  %s\n", qPrintable(component.errorString()));
+    return nullptr;
+  }
+  (void)made.release();
+  window->show();
+  return window;
+}
 
 /// Until the next frame is drawn.
 inline void frame(QQuickWindow& window) {

@@ -1,4 +1,3 @@
-#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 #include <cmath>
@@ -52,15 +51,8 @@ bool chart(Scale scale) {
   std::printf("A chart of %d days and 4 series, 1008 x 320\n", days);
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  QQmlComponent component(&engine);
-  component.setData(chartSource, QUrl(u"qrc:/bench/chart.qml"_s));
-  std::unique_ptr<QObject> made(component.create());
-  auto* window = qobject_cast<QQuickWindow*>(made.get());
-  if (!window) {
-    std::printf("  %s\n", qPrintable(component.errorString()));
-    return false;
-  }
-  window->show();
+  const auto window = windowOf(engine, chartSource);
+  if (!window) return false;
   window->setProperty("days", dates(days));
   frame(*window);
   Times set, hover, still;
@@ -74,7 +66,7 @@ bool chart(Scale scale) {
   }
   for (int x = 50; x < 50 + scale.of(900); ++x) {
     hover.ms.push_back(milliseconds([&] {
-      QMetaObject::invokeMethod(window, "point", Q_ARG(QVariant, x));
+      QMetaObject::invokeMethod(window.get(), "point", Q_ARG(QVariant, x));
       frame(*window);
     }));
   }

@@ -1,4 +1,3 @@
-#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -107,15 +106,8 @@ bool leads(Scale scale) {
   std::printf("%d enrolled leads in their table, 1048 x 660\n", many);
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  QQmlComponent component(&engine);
-  component.setData(tableSource, QUrl(u"qrc:/bench/leads.qml"_s));
-  std::unique_ptr<QObject> made(component.create());
-  auto* window = qobject_cast<QQuickWindow*>(made.get());
-  if (!window) {
-    std::printf("  %s\n", qPrintable(component.errorString()));
-    return false;
-  }
-  window->show();
+  const auto window = windowOf(engine, tableSource);
+  if (!window) return false;
   const Figures few = measure(*window, 100, scale), all = measure(*window, many, scale);
   line("a keystroke in the search until its frame, 95th percentile", all.search, "ms", "under 32");
   line("baseline: the same in 100 leads", few.search, "ms");

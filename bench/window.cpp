@@ -1,5 +1,4 @@
 #include <QAbstractListModel>
-#include <QQmlComponent>
 #include <QQuickItem>
 
 #include "bench/Frame.h"
@@ -99,16 +98,8 @@ bool scroll(Scale scale, QQmlEngine& engine) {
   const int count = scale.of(100000);
   std::printf("Scrolling a table of %d rows\n", count);
   Numbers rows(count);
-  QQmlComponent component(&engine);
-  component.setData(tableSource, QUrl(u"qrc:/bench/table.qml"_s));
-  std::unique_ptr<QObject> made(
-      component.createWithInitialProperties({{u"rows"_s, QVariant::fromValue<QAbstractItemModel*>(&rows)}}));
-  auto* window = qobject_cast<QQuickWindow*>(made.get());
-  if (!window) {
-    std::printf("  %s\n", qPrintable(component.errorString()));
-    return false;
-  }
-  window->show();
+  const auto window = windowOf(engine, tableSource, {{u"rows"_s, QVariant::fromValue<QAbstractItemModel*>(&rows)}});
+  if (!window) return false;
   frame(*window);
   Times frames;
   // A wheel's notch at a time, then leaps: rows are reused in both, and half a window of them is new in the second.
@@ -117,7 +108,7 @@ bool scroll(Scale scale, QQmlEngine& engine) {
     y += i % 3 == 2 ? 416 : 120;
     QElapsedTimer timer;
     timer.start();
-    QMetaObject::invokeMethod(window, "scrollTo", Q_ARG(QVariant, y));
+    QMetaObject::invokeMethod(window.get(), "scrollTo", Q_ARG(QVariant, y));
     frame(*window);
     frames.ms.push_back(double(timer.nsecsElapsed()) / 1e6);
   }

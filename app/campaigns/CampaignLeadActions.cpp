@@ -8,8 +8,6 @@ namespace {
 
 const auto bulk = u"bulk"_s;
 
-QString countedLeads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
-
 ConfirmRequest removeForGoodQuestion(const QString& name) {
   return {u"Delete "_s + name + u" for good?"_s,
           u"The lead’s emails and replies in this campaign go with it. This can’t be undone."_s,
@@ -116,11 +114,7 @@ Task<void> CampaignLeads::removeForGoodTask(QString id) {
 
 /// Leads that have left what is shown go at once; how many are left is read again.
 void CampaignLeads::takeOut(const QStringList& ids) {
-  // A second reading that began before may still know them.
-  if (m_loadingMore && !m_cursor) {
-    m_reading.cancel();
-    setMore(false, true);
-  }
+  m_pages.itemsLeft();
   m_index.remove(QSet<QString>(ids.begin(), ids.end()));
   m_rows.update(m_index.matching(m_appliedQuery));
   pruneSelection();

@@ -23,6 +23,8 @@ CampaignLeads::CampaignLeads(CampaignContext& context)
       m_leads(
           context.services.clock, [this] { return readPage({}); },
           [](const LeadPage& page) { return page.items.isEmpty(); }),
+      m_pages([this](const QString& cursor) { return readPage(cursor); },
+              [this](const LeadPage& page) { pageArrived(page); }, [this] { Q_EMIT changed(); }),
       m_adding(context, [this] { changedElsewhere(); }),
       m_move(context,
              [this](const QStringList& ids) {
@@ -69,7 +71,7 @@ void CampaignLeads::showAll() {
 }
 
 int CampaignLeads::totalCount() const {
-  if (!m_cursor && !m_asksAnew) return m_rows.count();
+  if (!m_pages.hasMore() && !m_asksAnew) return m_rows.count();
   const LeadPage* page = m_leads.value();
   if (!page || !page->counts || !m_appliedQuery.isEmpty()) return -1;
   qint64 total = 0;
@@ -105,12 +107,12 @@ int CampaignLeads::archivedCount() const {
 
 QString CampaignLeads::countText() const {
   if (!m_leads.value() || m_asksAnew) return {};
-  const auto counted = [](qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); };
   if (!m_appliedQuery.trimmed().isEmpty())
-    return Format::grouped(m_rows.count()) + u" of "_s + counted(m_index.size()) +
-           (m_cursor ? u" read so far"_s : u""_s);
-  return m_cursor && totalCount() > m_rows.count() ? Format::grouped(m_rows.count()) + u" of "_s + counted(totalCount())
-                                                   : counted(m_rows.count());
+    return Format::grouped(m_rows.count()) + u" of "_s + countedLeads(m_index.size()) +
+           (canLoadMore() ? u" read so far"_s : u""_s);
+  const bool isPart = canLoadMore() && totalCount() > m_rows.count();
+  return isPart ? Format::grouped(m_rows.count()) + u" of "_s + countedLeads(totalCount())
+                : countedLeads(m_rows.count());
 }
 
 void CampaignLeads::ensureLoaded() {
@@ -125,7 +127,7 @@ void CampaignLeads::refresh() {
 void CampaignLeads::askAnew() {
   m_asksAnew = true;
   m_loaded = true;
-  stopReading();
+  m_pages.cancel();
   clearSelection();
   m_leads.ask();
   Q_EMIT changed();
@@ -139,89 +141,47 @@ Task<LeadPage> CampaignLeads::readPage(std::optional<QString> cursor) {
 
 void CampaignLeads::firstPageArrived() {
   const LeadPage& page = *m_leads.value();
-  stopReading();
   const qsizetype before = m_index.size();
   if (std::exchange(m_asksAnew, false)) {
-    m_cursor = page.nextCursor;
     m_index.replace(page.items);
     m_rows.replace(m_index.matching(m_appliedQuery));
+    m_pages.start(page.nextCursor);
   } else if (page.nextCursor && before > page.items.size()) {
     // The rows below stay where they are until they have been read again, too.
     m_index.append(page.items);
     m_rows.update(m_index.matching(m_appliedQuery));
-    setMore(true, false);
-    m_reading.start(readAgain(*page.nextCursor, before));
+    m_pages.startAgain(page, before, [this](const LeadPage& all) {
+      takeAll(all);
+      searchOn();
+    });
   } else {
-    m_cursor = page.nextCursor;
-    takeAll(page.items);
+    takeAll(page);
+    m_pages.start(page.nextCursor);
   }
-  Q_EMIT changed();
   Q_EMIT figuresChanged();
   searchOn();
 }
 
-/// Reads on until as much as before has been read again, and shows it then.
-Task<void> CampaignLeads::readAgain(QString cursor, qsizetype wanted) {
-  std::optional<QString> next = cursor;
-  QList<CampaignLead> leads = m_leads.value()->items;
-  try {
-    while (next && leads.size() < wanted) {
-      LeadPage page = co_await readPage(next);
-      leads += page.items;
-      next = page.nextCursor;
-    }
-  } catch (const APIError& error) {
-    // What is shown is what was; the next page would have to go on from a place that nobody knows.
-    setMore(false, true);
-    co_return;
-  }
-  m_cursor = next;
-  takeAll(leads);
-  setMore(false, false);
+void CampaignLeads::pageArrived(const LeadPage& page) {
+  const auto added = m_index.append(page.items);
+  // Leads that moved between two pages come twice; a page may hold nothing else.
+  if (qsizetype(added.size()) < page.items.size())
+    m_rows.update(m_index.matching(m_appliedQuery));
+  else
+    m_rows.append(LeadIndex::matching(m_appliedQuery, added));
   searchOn();
 }
 
-void CampaignLeads::takeAll(const QList<CampaignLead>& leads) {
-  m_index.replace(leads);
+void CampaignLeads::takeAll(const LeadPage& page) {
+  m_index.replace(page.items);
   m_rows.update(m_index.matching(m_appliedQuery));
   pruneSelection();
 }
 
 void CampaignLeads::loadMore() {
-  if (m_loadingMore || m_asksAnew) return;
+  if (m_asksAnew) return;
   // After a second reading that failed there is no place to go on from.
-  if (!m_cursor) return m_moreFailed ? refresh() : void();
-  setMore(true, false);
-  m_reading.start(readMore());
-}
-
-Task<void> CampaignLeads::readMore() {
-  try {
-    const LeadPage page = co_await readPage(m_cursor);
-    m_cursor = page.nextCursor;
-    const auto added = m_index.append(page.items);
-    // Leads that moved between two pages come twice; a page may hold nothing else.
-    if (qsizetype(added.size()) < page.items.size())
-      m_rows.update(m_index.matching(m_appliedQuery));
-    else
-      m_rows.append(LeadIndex::matching(m_appliedQuery, added));
-    setMore(false, false);
-    searchOn();
-  } catch (const APIError&) {
-    setMore(false, true);
-  }
-}
-
-void CampaignLeads::stopReading() {
-  m_reading.cancel();
-  m_cursor.reset();
-  setMore(false, false);
-}
-
-void CampaignLeads::setMore(bool loading, bool failed) {
-  m_loadingMore = loading;
-  m_moreFailed = failed;
-  Q_EMIT changed();
+  m_pages.failed() && !m_pages.hasMore() ? refresh() : m_pages.loadMore();
 }
 
 Task<void> CampaignLeads::searchLater() {
@@ -238,7 +198,7 @@ void CampaignLeads::search() {
 
 /// A search that shows little goes on in what has not been read yet.
 void CampaignLeads::searchOn() {
-  if (m_appliedQuery.trimmed().isEmpty() || !m_cursor || m_moreFailed) return;
+  if (m_appliedQuery.trimmed().isEmpty() || !canLoadMore() || moreFailed()) return;
   if (m_rows.count() < searchShowsAtLeast) loadMore();
 }
 
@@ -276,7 +236,7 @@ void CampaignLeads::pruneSelection() {
 
 void CampaignLeads::close() {
   m_leads.cancel();
-  m_reading.cancel();
+  m_pages.cancel();
   m_searchTask.cancel();
   m_adding.close();
   m_move.close();

@@ -9,6 +9,7 @@
 #include "app/campaigns/LeadPanel.h"
 #include "app/campaigns/LeadRows.h"
 #include "app/shell/Actions.h"
+#include "app/shell/CursorPages.h"
 #include "app/shell/Selection.h"
 #include "app/shell/Store.h"
 
@@ -52,6 +53,7 @@ class CampaignLeads final : public Store {
   LeadAdding* adding() { return &m_adding; }
   LeadMove* move() { return &m_move; }
   LeadPanel* panel() { return &m_panel; }
+  const LeadPanel& panel() const { return m_panel; }
 
   /// Empty for all.
   const QString& leadStatus() const { return m_status; }
@@ -68,9 +70,9 @@ class CampaignLeads final : public Store {
   QStringList selected() const { return m_selection.ids().values(); }
   int selectedCount() const { return int(m_selection.ids().size()); }
 
-  bool canLoadMore() const { return m_cursor.has_value(); }
-  bool loadingMore() const { return m_loadingMore; }
-  bool moreFailed() const { return m_moreFailed; }
+  bool canLoadMore() const { return m_pages.hasMore(); }
+  bool loadingMore() const { return m_pages.loading(); }
+  bool moreFailed() const { return m_pages.failed(); }
   /// Rows there will be once all are read; -1 while unknown.
   int totalCount() const;
   /// Key and label, with the count, of each status that leads are in.
@@ -123,17 +125,14 @@ class CampaignLeads final : public Store {
 
  private:
   Task<LeadPage> readPage(std::optional<QString> cursor);
-  Task<void> readMore();
-  Task<void> readAgain(QString cursor, qsizetype wanted);
   Task<void> searchLater();
   Task<void> bulkTask(QString action, QStringList ids, QString done, QString failure);
   void askAnew();
   void firstPageArrived();
-  void takeAll(const QList<CampaignLead>& leads);
+  void pageArrived(const LeadPage& page);
+  void takeAll(const LeadPage& page);
   void search();
   void searchOn();
-  void stopReading();
-  void setMore(bool loading, bool failed);
   void pruneSelection();
   void takeOut(const QStringList& ids);
   void changedElsewhere();
@@ -145,25 +144,22 @@ class CampaignLeads final : public Store {
   BusySet m_bulk;
   Actions m_actions;
   Resource<LeadPage> m_leads;
+  CursorPages<LeadPage> m_pages;
   LeadIndex m_index;
   LeadRowsModel m_rows;
   LeadAdding m_adding;
   LeadMove m_move;
   LeadPanel m_panel;
   Selection m_selection;
-  TaskSlot m_reading;
   TaskSlot m_searchTask;
   QString m_status;
   QString m_query;
   /// What the rows have been searched for.
   QString m_appliedQuery;
-  std::optional<QString> m_cursor;
   bool m_isArchive = false;
   /// The rows still answer the question before.
   bool m_asksAnew = true;
   bool m_loaded = false;
-  bool m_loadingMore = false;
-  bool m_moreFailed = false;
 };
 
 }  // namespace orv

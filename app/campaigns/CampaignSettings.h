@@ -41,6 +41,7 @@ class CampaignSettings final : public Store {
   QString tagNote() const;
   SenderPicker* senders() { return &m_senders; }
   ScheduleForm* schedule() { return &m_schedule; }
+  const ScheduleForm& schedule() const { return m_schedule; }
 
   /// Loads what the form picks from, when first shown.
   Q_INVOKABLE void ensureLoaded();

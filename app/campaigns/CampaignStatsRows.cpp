@@ -1,7 +1,5 @@
 #include "app/campaigns/CampaignStatsRows.h"
 
-#include <array>
-
 #include "app/analytics/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
@@ -9,6 +7,10 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+ORV_DEFINE_ROW(EmailFigures)
+ORV_DEFINE_ROW(EventLine)
+
 namespace {
 
 const auto nothing = u"–"_s, noSubject = u"(no subject)"_s;
@@ -92,34 +94,6 @@ EventLine lineOf(const FeedItem& item) {
 
 }  // namespace
 
-template <>
-const QList<QByteArray>& fieldNames<EmailFigures>() {
-  static const QList<QByteArray> names{"id",          "title",    "detail",  "variant",     "sent",       "replied",
-                                       "repliedRate", "positive", "bounced", "bouncedRate", "bouncesHigh"};
-  return names;
-}
-
-template <>
-QVariant fieldVariant<EmailFigures>(const EmailFigures& row, int field) {
-  const std::array<QVariant, 11> values{row.id,      row.title,       row.detail,      row.variant,
-                                        row.sent,    row.replied,     row.repliedRate, row.positive,
-                                        row.bounced, row.bouncedRate, row.bouncesHigh};
-  return values[size_t(field)];
-}
-
-template <>
-const QList<QByteArray>& fieldNames<EventLine>() {
-  static const QList<QByteArray> names{"id", "title", "detail", "state", "stateLabel", "when"};
-  return names;
-}
-
-template <>
-QVariant fieldVariant<EventLine>(const EventLine& line, int field) {
-  static constexpr std::array members{&EventLine::id,    &EventLine::title,      &EventLine::detail,
-                                      &EventLine::state, &EventLine::stateLabel, &EventLine::when};
-  return line.*members[size_t(field)];
-}
-
 std::vector<EmailFigures> emailFigures(const QList<CampaignStep>& steps) {
   std::vector<EmailFigures> rows;
   for (qsizetype place = 0; place < steps.size(); ++place) {
@@ -151,12 +125,12 @@ std::vector<EventLine> messageLines(const QList<SentMessage>& messages) {
   return lines;
 }
 
-std::vector<EventLine> feedLines(const QList<FeedItem>& items) {
+std::vector<EventLine> feedLines(const QList<FeedItem>& items, qsizetype before) {
   std::vector<EventLine> lines;
   lines.reserve(size_t(items.size()));
   for (const FeedItem& item : items) {
     lines.push_back(lineOf(item));
-    lines.back().id = QString::number(lines.size());
+    lines.back().id = QString::number(before + qsizetype(lines.size()));
   }
   return lines;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <boost/describe/class.hpp>
+
 #include "app/shell/RecordModel.h"
+#include "app/shell/RowFields.h"
 #include "kit/models/campaignLeads.h"
 #include "kit/models/campaigns.h"
 
@@ -21,6 +24,10 @@ struct EmailFigures {
   bool bouncesHigh = false;
   bool operator==(const EmailFigures&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(EmailFigures, (),
+                      (id, title, detail, variant, sent, replied, repliedRate, positive, bounced, bouncedRate,
+                       bouncesHigh))
+ORV_DECLARE_ROW(EmailFigures)
 
 /// A row of what happened: an email that was booked or sent, a line of the feed.
 struct EventLine {
@@ -33,15 +40,8 @@ struct EventLine {
   QString when;
   bool operator==(const EventLine&) const = default;
 };
-
-template <>
-const QList<QByteArray>& fieldNames<EmailFigures>();
-template <>
-QVariant fieldVariant<EmailFigures>(const EmailFigures& row, int field);
-template <>
-const QList<QByteArray>& fieldNames<EventLine>();
-template <>
-QVariant fieldVariant<EventLine>(const EventLine& line, int field);
+BOOST_DESCRIBE_STRUCT(EventLine, (), (id, title, detail, state, stateLabel, when))
+ORV_DECLARE_ROW(EventLine)
 
 using EmailFigureRows = RecordModel<EmailFigures>;
 using EventLines = RecordModel<EventLine>;
@@ -49,7 +49,7 @@ using EventLines = RecordModel<EventLine>;
 /// Each step, followed by its variants where there is more than one.
 std::vector<EmailFigures> emailFigures(const QList<CampaignStep>& steps);
 std::vector<EventLine> messageLines(const QList<SentMessage>& messages);
-/// The feed has no ids; a line is told apart by its place.
-std::vector<EventLine> feedLines(const QList<FeedItem>& items);
+/// The feed has no ids; a line is told apart by its place. `before` lines come before these.
+std::vector<EventLine> feedLines(const QList<FeedItem>& items, qsizetype before = 0);
 
 }  // namespace orv

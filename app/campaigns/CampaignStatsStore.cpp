@@ -27,16 +27,18 @@ CampaignStatsStore::CampaignStatsStore(CampaignContext& campaign)
           [this] { return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, {})); },
           [](const FeedPage& page) { return page.items.isEmpty(); }),
       m_feedPages(
-          m_feed,
           [this](const QString& cursor) {
             return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, cursor));
           },
+          [this](const FeedPage& page) { m_feedRows.append(feedLines(page.items, m_feedRows.count())); },
           [this] { Q_EMIT feedChanged(); }) {
   connect(&m_summary, &ResourceBase::valueChanged, this, &CampaignStatsStore::arrived);
   connect(&m_messages, &ResourceBase::valueChanged, this,
           [this] { m_messageRows.update(messageLines(m_messages.value()->items)); });
-  connect(&m_feed, &ResourceBase::valueChanged, this, [this] { m_feedRows.update(feedLines(m_feed.value()->items)); });
-  connect(&m_feed, &ResourceBase::changed, this, &CampaignStatsStore::feedChanged);
+  connect(&m_feed, &ResourceBase::valueChanged, this, [this] {
+    m_feedRows.update(feedLines(m_feed.value()->items));
+    m_feedPages.start(m_feed.value()->nextCursor);
+  });
   connect(&campaign.campaign, &ResourceBase::valueChanged, this, &CampaignStatsStore::followCampaign);
   for (ResourceBase* resource : QList<ResourceBase*>{&m_summary, &m_messages, &m_feed})
     connect(resource, &ResourceBase::refreshFailed, this,

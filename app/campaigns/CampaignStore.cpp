@@ -1,6 +1,6 @@
 #include "app/campaigns/CampaignStore.h"
 
-#include <QMetaEnum>
+#include <QPointer>
 
 #include "app/campaigns/LaunchQuestion.h"
 
@@ -95,10 +95,8 @@ QString CampaignStore::mainAction() const {
 }
 
 void CampaignStore::setTab(const QString& name) {
-  bool isTab = false;
-  const int tab = QMetaEnum::fromType<Tab>().keyToValue(name.toLatin1().constData(), &isTab);
-  if (!isTab || std::exchange(m_tab, Tab(tab)) == Tab(tab)) return;
-  Q_EMIT changed();
+  const auto tab = enumNamed<Tab>(name);
+  if (tab && std::exchange(m_tab, *tab) != *tab) Q_EMIT changed();
 }
 
 QVariantList CampaignStore::tabs() const {
@@ -138,6 +136,22 @@ void CampaignStore::refreshShown() {
   if (m_tab == Tab::leads) m_leads.refresh();
   if (m_tab == Tab::subsequences) m_subsequences.refresh();
   if (m_tab == Tab::stats) m_stats.refresh();
+}
+
+QStringList CampaignStore::unsavedWork() const {
+  QStringList parts;
+  if (m_sequence.isUnsaved()) parts.append(u"sequence"_s);
+  if (m_settings.dirty()) parts.append(u"settings"_s);
+  if (m_settings.schedule().dirty()) parts.append(u"schedule"_s);
+  if (m_leads.panel().dirty()) parts.append(u"a lead’s details"_s);
+  if (parts.isEmpty()) return {};
+  return {u"“%1” has unsaved changes: %2."_s.arg(name(), parts.join(u", "_s))};
+}
+
+Task<bool> CampaignStore::flush() {
+  const QPointer store(this);
+  const bool saved = co_await m_sequence.flush();
+  co_return saved&& store&& unsavedWork().isEmpty();
 }
 
 void CampaignStore::beginRename() {

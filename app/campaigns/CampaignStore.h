@@ -106,9 +106,11 @@ class CampaignStore final : public Store {
   Task<void> removeTask();
   Task<void> restoreTask();
 
-  /// Saves what is unsaved. True when nothing is; this object may go while the task waits, which then gives false.
-  Task<bool> flush() { return m_sequence.flush(); }
-  bool isUnsaved() const { return m_sequence.isUnsaved(); }
+  /// One sentence that names what the service does not have yet: "“Fair” has unsaved changes: sequence, settings."
+  QStringList unsavedWork() const;
+  /// Saves the sequence; what waits for a button stays. True when nothing is unsaved then; this object may go while
+  /// the task waits, which then gives false.
+  Task<bool> flush();
 
   void close() override;
 

@@ -2,9 +2,11 @@
 
 #include <QFileInfo>
 
+#include "app/campaigns/LeadRows.h"
 #include "app/shell/Actions.h"
 #include "app/shell/EmailAddress.h"
 #include "kit/api/Format.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/async/background.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,10 +17,8 @@ namespace {
 
 /// The service takes this many ids in one request.
 constexpr qsizetype blockSize = 1000;
-constexpr qint64 mostAtATime = 100'000;
+constexpr int mostAtATime = 100'000;
 constexpr auto watchInterval = 100ms;
-
-QString leads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
 
 QString megabytes(qint64 bytes) { return QString::number(double(bytes) / (1024 * 1024), 'f', 1) + u" MB"_s; }
 
@@ -39,7 +39,7 @@ void addTo(AddLeadsResult& sum, const AddLeadsResult& more) {
 }
 
 QString headline(const AddLeadsResult& result) {
-  return result.added == 0 ? u"No leads added"_s : leads(result.added) + u" added"_s;
+  return result.added == 0 ? u"No leads added"_s : countedLeads(result.added) + u" added"_s;
 }
 
 }  // namespace
@@ -93,7 +93,8 @@ QVariantList LeadAdding::listOptions() const {
   QVariantList options;
   if (!m_lists.value()) return options;
   for (const LeadList& list : m_lists.value()->items)
-    options.append(QVariantMap{{u"key"_s, list.id}, {u"label"_s, list.name}, {u"text"_s, leads(list.leadCount)}});
+    options.append(
+        QVariantMap{{u"key"_s, list.id}, {u"label"_s, list.name}, {u"text"_s, countedLeads(list.leadCount)}});
   return options;
 }
 
@@ -130,9 +131,7 @@ void LeadAdding::setOwnLimit(const QString& limit) {
 std::optional<qint64> LeadAdding::ownCount() const {
   const QString text = m_ownLimit.trimmed();
   if (text.isEmpty()) return mostAtATime;
-  const bool isWhole = std::ranges::all_of(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-  const qint64 count = isWhole ? text.toLongLong() : 0;
-  return count >= 1 && count <= mostAtATime ? std::optional(count) : std::nullopt;
+  return wholeNumber(text, 1, mostAtATime);
 }
 
 QString LeadAdding::ownLimitError() const {
@@ -291,7 +290,7 @@ Task<AddLeadsResult> LeadAdding::addOwn() {
   const bool allowOthers = m_allowOthers;
   const OwnLeads own = co_await m_context.api.send(Requests::ownLeads({std::nullopt, ownCount()}));
   for (qsizetype at = 0; at < own.ids.size(); at += blockSize) {
-    setStage(Format::grouped(at) + u" of "_s + leads(own.ids.size()) + u" sent"_s, at, own.ids.size());
+    setStage(Format::grouped(at) + u" of "_s + countedLeads(own.ids.size()) + u" sent"_s, at, own.ids.size());
     const AddLeadsBody::Leads block{own.ids.mid(at, blockSize), allowOthers};
     addTo(m_soFar, co_await m_context.api.send(Requests::addLeads(m_context.id, {block})));
   }

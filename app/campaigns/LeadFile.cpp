@@ -10,9 +10,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr qint64 mostBytes = 50 * 1024 * 1024;
-constexpr qint64 previewBytes = 256 * 1024;
-constexpr qint64 pieceBytes = 1024 * 1024;
+constexpr qint64 previewBytes = 256 * qint64(1024);
+constexpr qint64 pieceBytes = 1024 * qint64(1024);
+constexpr qint64 mostBytes = 50 * pieceBytes;
 /// The header and five rows.
 constexpr qsizetype previewRows = 6;
 

@@ -1,17 +1,12 @@
 #include "app/campaigns/LeadMove.h"
 
+#include "app/campaigns/LeadRows.h"
 #include "app/shell/Actions.h"
-#include "kit/api/Format.h"
 #include "kit/models/campaignLeads.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
-namespace {
-
-QString leads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
-
-}  // namespace
 
 LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringList&)> moved)
     : m_context(context),
@@ -22,7 +17,7 @@ LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringLis
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &LeadMove::optionsChanged);
 }
 
-QString LeadMove::title() const { return u"Move "_s + leads(m_leadIds.size()); }
+QString LeadMove::title() const { return u"Move "_s + countedLeads(m_leadIds.size()); }
 
 QVariantList LeadMove::options() const {
   QVariantList options;
@@ -32,7 +27,7 @@ QVariantList LeadMove::options() const {
     if (campaign.id == m_context.id || !campaign.name.contains(needle, Qt::CaseInsensitive)) continue;
     options.append(QVariantMap{{u"key"_s, campaign.id},
                                {u"label"_s, campaign.name},
-                               {u"text"_s, campaign.status.label() + u" · "_s + leads(campaign.leads)}});
+                               {u"text"_s, campaign.status.label() + u" · "_s + countedLeads(campaign.leads)}});
   }
   return options;
 }
@@ -82,12 +77,13 @@ Task<void> LeadMove::move(QStringList leadIds, QString target) {
         co_await m_context.api.send(Requests::moveLeads(m_context.id, MoveLeadsBody{leadIds, target}));
     m_shown = false;
     finish({});
-    const QString kept = result.skipped == 0 ? QString() : leads(result.skipped) + u" stayed, already in "_s + name;
+    const QString kept =
+        result.skipped == 0 ? QString() : countedLeads(result.skipped) + u" stayed, already in "_s + name;
     if (result.moved == 0)
       m_context.services.toasts.show(u"No leads moved"_s, Toasts::Tone::standard, {}, {}, kept);
     else
-      m_context.services.toasts.show(u"Moved "_s + leads(result.moved) + u" to "_s + name, Toasts::Tone::success, {},
-                                     {}, kept);
+      m_context.services.toasts.show(u"Moved "_s + countedLeads(result.moved) + u" to "_s + name, Toasts::Tone::success,
+                                     {}, {}, kept);
     m_moved(leadIds);
   } catch (const APIError& error) {
     finish(error.message());

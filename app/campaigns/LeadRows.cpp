@@ -42,16 +42,9 @@ QString whenDetail(const CampaignLead& lead) {
 
 }  // namespace
 
-template <>
-const QList<QByteArray>& fieldNames<LeadRow>() {
-  static const QList<QByteArray> names{"id"};
-  return names;
-}
+ORV_DEFINE_ROW(LeadRow)
 
-template <>
-QVariant fieldVariant<LeadRow>(const LeadRow& row, int) {
-  return row.id;
-}
+QString countedLeads(qint64 count) { return Format::counted(count, u"lead"_s, u"leads"_s); }
 
 QString leadName(const CampaignLead& lead) {
   const QString name = (text(lead.firstName) + u' ' + text(lead.lastName)).trimmed();

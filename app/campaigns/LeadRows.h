@@ -2,11 +2,13 @@
 
 #include <QHash>
 #include <QSet>
+#include <boost/describe/class.hpp>
 #include <memory>
 #include <vector>
 
 #include "app/shell/BusySet.h"
 #include "app/shell/RecordModel.h"
+#include "app/shell/RowFields.h"
 #include "kit/models/campaignLeads.h"
 
 namespace orv {
@@ -17,11 +19,9 @@ struct LeadRow {
   std::shared_ptr<const CampaignLead> lead;
   bool operator==(const LeadRow& other) const { return lead == other.lead || *lead == *other.lead; }
 };
-/// The id is its one field; what else the table shows is said by the model.
-template <>
-const QList<QByteArray>& fieldNames<LeadRow>();
-template <>
-QVariant fieldVariant<LeadRow>(const LeadRow& row, int field);
+// What else the table shows is said by the model.
+BOOST_DESCRIBE_STRUCT(LeadRow, (), (id))
+ORV_DECLARE_ROW(LeadRow)
 
 /// The leads read so far, prepared for searching at every keystroke.
 class LeadIndex {
@@ -75,6 +75,8 @@ class LeadRowsModel final : public RecordModel<LeadRow> {
   QVariant extraData(const LeadRow& row, int at, int role) const override;
 };
 
+/// "1 lead", "1,200 leads".
+QString countedLeads(qint64 count);
 /// The person's name, or the address where it is unknown.
 QString leadName(const CampaignLead& lead);
 /// An instant as the tab says it: "7 Mar, 14:20"; a dash for none.

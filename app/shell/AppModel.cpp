@@ -36,8 +36,9 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_platform.baseURL},
       m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
   m_sessions.onNotSaved = [this](const WorkspaceSession& session) {
-    m_toasts.show(u"A sequence in %1 isn’t saved"_s.arg(session.name()), Toasts::Tone::error, u"Open"_s,
-                  [this, slug = session.slug()] { openWorkspace(slug); });
+    m_toasts.show(
+        u"Unsaved changes in %1"_s.arg(session.name()), Toasts::Tone::error, u"Open"_s,
+        [this, slug = session.slug()] { openWorkspace(slug); }, session.unsavedWork().join(u'\n'));
   };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
@@ -228,15 +229,15 @@ void AppModel::signOut() {
 }
 
 bool AppModel::mayClose() {
-  if (m_closable || !m_sessions.isUnsaved()) return true;
+  if (m_closable || m_sessions.unsavedWork().isEmpty()) return true;
   m_leaving.start(closeTask());
   return false;
 }
 
 Task<bool> AppModel::saveWork(QString title, QString verb) {
-  if (!m_sessions.isUnsaved() || co_await m_sessions.flush()) co_return true;
-  co_return co_await m_overlays.confirm(
-      {title, u"A sequence couldn’t be saved. Its last changes would be lost."_s, verb, u"Cancel"_s, true, {}});
+  if (m_sessions.unsavedWork().isEmpty() || co_await m_sessions.flush()) co_return true;
+  const QString lost = m_sessions.unsavedWork().join(u'\n') + u"\nThey would be lost."_s;
+  co_return co_await m_overlays.confirm({title, lost, verb, u"Cancel"_s, true, {}});
 }
 
 Task<void> AppModel::closeTask() {

@@ -34,10 +34,8 @@ class RowReader {
     QStringList fields;
     do fields.append(field());
     while (take(m_delimiter));
-    if (take(u'\r'))
-      take(u'\n');
-    else
-      take(u'\n');
+    take(u'\r');
+    take(u'\n');
     return fields;
   }
 

@@ -1,67 +1,102 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
-#include "app/shell/Resource.h"
+#include "kit/api/APIError.h"
+#include "kit/async/TaskScope.h"
 
 namespace orv {
 
-/// The pages after the first of a list that a Resource loads, one at a time, as the view comes near its end. A page has
-/// `items` and, unless it is the last, `nextCursor`.
-///
-/// A load of the list makes it another list: the page under way, whose cursor belongs to the one before, is let go.
+/// The pages of a list after its first, one at a time, as the view comes near its end; whoever has the list puts them
+/// into it. A page has `items` and, unless it is the last, `nextCursor`.
 template <class Page>
-class CursorPages final : public QObject {
+class CursorPages final {
  public:
   using Loader = std::function<Task<Page>(QString cursor)>;
+  using Take = std::function<void(const Page&)>;
 
-  /// `changed` is called when any of the answers below is another one.
-  CursorPages(Resource<Page>& list, Loader loader, std::function<void()> changed)
-      : m_list(list), m_loader(std::move(loader)), m_changed(std::move(changed)) {
-    connect(&list, &ResourceBase::changed, this, [this] {
-      if (m_list.refreshing() || m_list.stateName() == ResourceBase::State::Loading) cancel();
-    });
-  }
+  /// `append` gets each further page. `changed` is called when any of the answers below is another one.
+  CursorPages(Loader loader, Take append, std::function<void()> changed)
+      : m_loader(std::move(loader)), m_append(std::move(append)), m_changed(std::move(changed)) {}
 
-  bool hasMore() const { return m_list.value() && m_list.value()->nextCursor && m_list.hasContent(); }
+  bool hasMore() const { return m_cursor.has_value(); }
   bool loading() const { return m_loading; }
   /// The last try failed; the next one is the person's.
   bool failed() const { return m_failed; }
 
-  void loadMore() {
-    if (!hasMore() || loading() || m_list.refreshing()) return;
-    m_failed = false;
-    m_loading = true;
-    m_changed();
-    m_load.start(run(*m_list.value()->nextCursor));
+  /// The first page of another list has come, or none; what was under way belongs to the list before.
+  void start(std::optional<QString> cursor) {
+    m_load.cancel();
+    m_cursor = std::move(cursor);
+    set(false, false);
   }
 
-  void cancel() {
-    m_load.cancel();
-    const bool wasLoading = std::exchange(m_loading, false), hadFailed = std::exchange(m_failed, false);
-    if (wasLoading || hadFailed) m_changed();
+  /// The first page of the same list has come again. Reads on until as many items as `wanted` have come again, and
+  /// gives them all to `replace`, so that the view keeps its place. There is no next page meanwhile, nor after a
+  /// failure: it would have to go on from a place that nobody knows.
+  void startAgain(Page first, qsizetype wanted, Take replace) {
+    m_cursor.reset();
+    set(true, false);
+    m_load.start(readAgain(std::move(first), wanted, std::move(replace)));
   }
+
+  void loadMore() {
+    if (!hasMore() || m_loading) return;
+    set(true, false);
+    m_load.start(readMore(*m_cursor));
+  }
+
+  /// Items were taken out of the list: a second reading that began before would bring them back.
+  void itemsLeft() {
+    if (!m_loading || hasMore()) return;
+    m_load.cancel();
+    set(false, true);
+  }
+
+  void cancel() { start({}); }
 
  private:
-  Task<void> run(QString cursor) {
+  Task<void> readMore(QString cursor) {
     try {
-      Page page = co_await m_loader(cursor);
+      const Page page = co_await m_loader(cursor);
+      m_cursor = page.nextCursor;
+      // Who takes the page may ask for the next one at once.
       m_loading = false;
-      m_list.update([&page](Page& list) {
-        list.items.append(std::move(page.items));
-        list.nextCursor = page.nextCursor;
-      });
-    } catch (const APIError& error) {
-      m_loading = false;
-      m_failed = !error.is(APIError::Kind::cancelled);
+      m_append(page);
+      m_changed();
+    } catch (const APIError&) {
+      set(false, true);
     }
+  }
+
+  Task<void> readAgain(Page read, qsizetype wanted, Take replace) {
+    try {
+      while (read.nextCursor && read.items.size() < wanted) {
+        const Page page = co_await m_loader(*read.nextCursor);
+        read.items += page.items;
+        read.nextCursor = page.nextCursor;
+      }
+      m_cursor = read.nextCursor;
+      m_loading = false;
+      replace(read);
+      m_changed();
+    } catch (const APIError&) {
+      set(false, true);
+    }
+  }
+
+  void set(bool loading, bool failed) {
+    m_loading = loading;
+    m_failed = failed;
     m_changed();
   }
 
-  Resource<Page>& m_list;
   Loader m_loader;
+  Take m_append;
   std::function<void()> m_changed;
   TaskSlot m_load;
+  std::optional<QString> m_cursor;
   bool m_loading = false;
   bool m_failed = false;
 };

@@ -3,6 +3,7 @@
 #include <QMap>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
 
 #include "kit/async/TaskScope.h"
@@ -11,7 +12,7 @@ namespace orv {
 
 /// Objects kept warm by key, the oldest evicted beyond a capacity.
 ///
-/// `T` is a QObject with close(), isUnsaved() and flush(). One that is evicted with unsaved work is kept aside until
+/// `T` is a QObject with close(), unsavedWork() and flush(). One that is evicted with unsaved work is kept aside until
 /// that is saved; when it cannot be saved it stays there, to be opened again, until clear().
 template <class T>
 class StoreCache {
@@ -50,9 +51,11 @@ class StoreCache {
   /// Oldest first.
   const QStringList& keys() const { return m_keys; }
 
-  bool isUnsaved() const {
-    const auto unsaved = [](const T* object) { return object->isUnsaved(); };
-    return std::ranges::any_of(m_objects, unsaved) || std::ranges::any_of(m_aside, unsaved);
+  /// A sentence for each that has unsaved work.
+  QStringList unsavedWork() const {
+    QStringList work;
+    for (const T* object : m_objects.values() + m_aside.values()) work += object->unsavedWork();
+    return work;
   }
 
   /// Saves the work of all; true when nothing is left unsaved.
@@ -62,7 +65,7 @@ class StoreCache {
     for (T* object : all) {
       const bool isKept = std::ranges::find(m_objects, object) != m_objects.end() ||
                           std::ranges::find(m_aside, object) != m_aside.end();
-      if (isKept && object->isUnsaved() && !co_await object->flush()) saved = false;
+      if (isKept && isUnsaved(*object) && !co_await object->flush()) saved = false;
     }
     co_return saved;
   }
@@ -82,12 +85,17 @@ class StoreCache {
   }
 
  private:
+  static bool isUnsaved(const T& object) { return !object.unsavedWork().isEmpty(); }
+
   void evict(const QString& key) {
     m_keys.removeOne(key);
     T* object = m_objects.take(key);
-    if (!object->isUnsaved()) return drop(object);
+    if (!isUnsaved(*object)) return drop(object);
     m_aside.insert(key, object);
-    m_saving.start(saveAside(key, object));
+    // Whoever shows it may open it again at once, and is not to hear that it could not be saved.
+    QTimer::singleShot(0, object, [this, key, object] {
+      if (m_aside.value(key) == object) m_saving.start(saveAside(key, object));
+    });
   }
 
   Task<void> saveAside(QString key, T* object) {

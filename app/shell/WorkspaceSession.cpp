@@ -18,7 +18,7 @@ WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, AP
   m_api.onUnauthorized(std::move(sessionEnded));
   m_campaigns.setWorkspace(m_workspace);
   m_campaignStores.onNotSaved = [this](const CampaignStore& store) {
-    m_services.toasts.show(u"The sequence of “%1” isn’t saved"_s.arg(store.name()), Toasts::Tone::error, u"Open"_s,
+    m_services.toasts.show(store.unsavedWork().value(0), Toasts::Tone::error, u"Open"_s,
                            [&router = m_services.router, id = store.id()] { router.openCampaign(id); });
   };
 }

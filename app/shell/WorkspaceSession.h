@@ -52,9 +52,9 @@ class WorkspaceSession final : public QObject {
 
   const QSet<QString>& featuresOff() const { return m_featuresOff; }
 
-  /// Work that the service does not have yet.
-  bool isUnsaved() const { return m_campaignStores.isUnsaved(); }
-  /// Saves it; true when nothing is left.
+  /// Work that the service does not have yet, a sentence for each campaign.
+  QStringList unsavedWork() const { return m_campaignStores.unsavedWork(); }
+  /// Saves what can be saved unasked; true when nothing is left.
   Task<bool> flush() { return m_campaignStores.flush(); }
 
   /// Under memory pressure: lets go of what can be loaded again.

@@ -351,15 +351,30 @@ class SequenceEditorTest : public QObject {
 
   void goingWithUnsavedTextSavesIt() {
     load(campaign(twoSteps));
-    QVERIFY(!store->isUnsaved());
+    QVERIFY(store->unsavedWork().isEmpty());
     editor->setBody(u"new"_s);
-    QVERIFY(store->isUnsaved());
+    QVERIFY(!store->unsavedWork().isEmpty());
     std::optional<bool> outcome;
     TaskSlot slot;
     f->api.expect(put);
     slot.start(keep(store->flush(), &outcome));
     store->close();
     QCOMPARE(outcome, std::optional(false));
+  }
+
+  void formsThatWaitForTheirButtonAreNotSavedUnasked() {
+    load(campaign(twoSteps));
+    store->settings()->set(u"gap"_s, u"9"_s);
+    store->settings()->schedule()->toggleDay(0, 6);
+    QCOMPARE(store->unsavedWork(), QStringList{u"“Acme” has unsaved changes: settings, schedule."_s});
+    std::optional<bool> outcome;
+    TaskSlot slot;
+    slot.start(keep(store->flush(), &outcome));
+    QCOMPARE(outcome, std::optional(false));
+    store->settings()->discard();
+    store->settings()->schedule()->discard();
+    slot.start(keep(store->flush(), &outcome));
+    QCOMPARE(outcome, std::optional(true));
   }
 };
 

@@ -64,7 +64,7 @@ class CampaignJourneyTest : public QObject {
     answerYes();
     QTRY_VERIFY(!store->busy());
     QCOMPARE(store->tabName(), u"settings"_s);
-    QVERIFY(!store->isUnsaved());
+    QVERIFY(store->unsavedWork().isEmpty());
 
     CampaignSettings& settings = *store->settings();
     settings.ensureLoaded();

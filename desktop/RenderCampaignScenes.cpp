@@ -1,0 +1,308 @@
+#include <QDir>
+#include <QFile>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+#include "desktop/RenderScenes.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+/// The first campaign of the status; the list must have been loaded.
+CampaignStore& openCampaign(Stage& stage, const QString& status) {
+  const auto& items = stage.app().session()->campaigns()->list()->value()->items;
+  const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
+  stage.app().router()->openCampaign(found->id);
+  return *stage.app().session()->campaignStore(found->id);
+}
+
+CampaignStore& openTab(Stage& stage, const QString& status, const QString& tab) {
+  CampaignStore& campaign = openCampaign(stage, status);
+  stage.settle();
+  campaign.setTab(tab);
+  stage.settle();
+  return campaign;
+}
+
+SequenceEditor& openSequence(Stage& stage, const QString& status) {
+  return *openTab(stage, status, u"sequence"_s).sequence();
+}
+
+/// Opens the stats of the first running campaign.
+CampaignStatsStore& openStats(Stage& stage, const QString& section) {
+  CampaignStore& campaign = openTab(stage, u"running"_s, u"stats"_s);
+  campaign.stats()->setSection(section);
+  stage.settle();
+  return *campaign.stats();
+}
+
+/// The leads tab of the first running campaign.
+CampaignLeads& openLeads(Stage& stage) {
+  CampaignStore& campaign = openTab(stage, u"running"_s, u"leads"_s);
+  // A busy machine may need longer than a picture waits for.
+  for (int turns = 0; turns < 50 && campaign.leads()->rows()->count() == 0; ++turns) stage.settle();
+  return *campaign.leads();
+}
+
+QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
+
+void tabToTheRows(Stage& stage) {
+  // Thousands of leads have their say in what was sent.
+  stage.settle();
+  const auto inRow = [&stage] {
+    const QQuickItem* item = stage.window().activeFocusItem();
+    return item && item->property("ticked").isValid();
+  };
+  for (int i = 0; i < 30 && !inRow(); ++i) stage.press(Qt::Key_Tab);
+}
+
+/// The form scrolls to what has the focus.
+void tabOn(Stage& stage, int stops) {
+  for (int i = 0; i < stops; ++i) stage.press(Qt::Key_Tab);
+}
+
+QList<Scene> headerScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"campaign"_s, [](Stage& s) { openCampaign(s, u"running"_s); }},
+      {u"campaign-pause"_s,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         campaign.pause();
+       }},
+      {u"campaign-launch"_s,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"draft"_s);
+         s.settle();
+         campaign.launch();
+       }},
+      {u"campaign-rename"_s,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"paused"_s);
+         s.settle();
+         campaign.beginRename();
+       }},
+      {u"campaign-failed"_s,
+       [](Stage& s) {
+         s.transport().mode = Mode::failing;
+         openCampaign(s, u"running"_s);
+       }},
+  };
+}
+
+QList<Scene> sequenceScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"campaign-sequence-second"_s, [](Stage& s) { openSequence(s, u"running"_s).selectPlace(1); }},
+      {u"campaign-sequence-variants"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"paused"_s);
+         editor.addVariant();
+         editor.setSubject(u"Another way to say it, {{firstName}}"_s);
+         editor.setBody(u"{Hi|Hello} {{firstName}},\n\nQuick question about {{company}}.\n\n{{accountSignature}}"_s);
+         editor.addVariant();
+         editor.setEnabled(false);
+       }},
+      {u"campaign-sequence-typing"_s,
+       [](Stage& s) {
+         openSequence(s, u"draft"_s).insertStep(1);
+         s.press(Qt::Key_Tab);
+         s.press(Qt::Key_Return);
+         s.type(u"Hello {{c"_s);
+       }},
+      {u"campaign-sequence-empty"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"draft"_s);
+         while (editor.stepCount() > 0) editor.removeStep(editor.stepKey());
+       }},
+      {u"campaign-sequence-not-saved"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"running"_s);
+         editor.selectPlace(1);
+         s.transport().mode = Mode::failing;
+         s.press(Qt::Key_Tab);
+         s.press(Qt::Key_Return);
+         s.type(u"Written while the service was down. "_s);
+         editor.autosave()->save();
+       }},
+      {u"campaign-sequence-test"_s, [](Stage& s) { openSequence(s, u"running"_s).testEmail()->show(); }},
+  };
+}
+
+QList<Scene> leadScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"leads"_s, [](Stage& s) { openLeads(s); }},
+      {u"leads-ticked"_s,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.toggle(firstLead(leads));
+         leads.toggle(leads.rows()->records()[2].id);
+       }},
+      {u"leads-drawer"_s,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.open(firstLead(leads));
+       }},
+      {u"leads-none-match"_s,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.setLeadQuery(u"nothing like this"_s);
+         s.settle();
+         s.settle();
+       }},
+      {u"leads-archive"_s,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.remove({firstLead(leads)});
+         s.settle();
+         leads.setLeadsArchived(true);
+       }},
+      {u"leads-empty"_s, [](Stage& s) { openLeads(s).setLeadsArchived(true); }},
+      {u"leads-add-by-hand"_s, [](Stage& s) { openLeads(s).adding()->show(u"manual"_s); }},
+      {u"leads-add-list"_s, [](Stage& s) { openLeads(s).adding()->show(u"list"_s); }},
+      {u"leads-add-own"_s, [](Stage& s) { openLeads(s).adding()->show(u"leads"_s); }},
+      {u"leads-add-file"_s,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"csv"_s);
+         QFile file(QDir::temp().filePath(u"orvella-render.csv"_s));
+         if (file.open(QIODevice::WriteOnly)) file.write("email,firstName,company,city\na@x.example,Ana,Acme,Ulm\n");
+         file.close();
+         adding.setFile(file.fileName());
+         s.settle();
+       }},
+      {u"leads-added"_s,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"list"_s);
+         s.settle();
+         adding.setListId(u"li_fair"_s);
+         adding.submit();
+       }},
+      {u"leads-move"_s,
+       [](Stage& s) {
+         auto& leads = openLeads(s);
+         leads.beginMove({firstLead(leads)});
+       }},
+      {u"leads-failed"_s,
+       [](Stage& s) {
+         CampaignStore& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         s.transport().mode = Mode::failing;
+         campaign.setTab(u"leads"_s);
+       }},
+  };
+}
+
+QList<Scene> settingsScenes() {
+  return {
+      {u"campaign-settings"_s, [](Stage& s) { openTab(s, u"running"_s, u"settings"_s); }},
+      {u"campaign-settings-unsaved"_s,
+       [](Stage& s) {
+         auto& form = *openTab(s, u"paused"_s, u"settings"_s).settings();
+         form.set(u"name"_s, QString());
+         form.addTag(u"spring"_s);
+         form.senders()->toggleTag(u"dach"_s);
+         form.save();
+       }},
+      {u"campaign-settings-limits"_s,
+       [](Stage& s) {
+         openTab(s, u"draft"_s, u"settings"_s).settings()->set(u"gap"_s, u"1441"_s);
+         tabOn(s, 17);
+       }},
+      {u"campaign-settings-schedule"_s,
+       [](Stage& s) {
+         auto& form = *openTab(s, u"draft"_s, u"settings"_s).settings()->schedule();
+         form.add();
+         form.setText(1, u"end"_s, u"08:00"_s);
+         form.setText(1, u"timeZone"_s, u"Europe/Atlantis"_s);
+         form.save();
+         tabOn(s, 46);
+       }},
+  };
+}
+
+QList<Scene> subsequenceScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      {u"campaign-subsequences-none"_s, [](Stage& s) { openTab(s, u"running"_s, u"subsequences"_s); }},
+      {u"campaign-subsequences-new"_s,
+       [](Stage& s) {
+         auto& page = *openTab(s, u"running"_s, u"subsequences"_s).subsequences();
+         page.beginCreate();
+         page.toggleLabel(u"interested"_s);
+         page.create();
+       }},
+      {u"campaign-subsequences"_s,
+       [](Stage& s) {
+         auto& campaign = openTab(s, u"running"_s, u"subsequences"_s);
+         campaign.subsequences()->beginCreate();
+         campaign.subsequences()->setName(u"Asked for a call"_s);
+         campaign.subsequences()->toggleLabel(u"interested"_s);
+         campaign.subsequences()->create();
+         s.settle();
+         s.app().router()->openCampaign(campaign.id());
+       }},
+      {u"campaign-subsequences-failed"_s,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"running"_s);
+         s.settle();
+         s.transport().mode = Mode::failing;
+         campaign.setTab(u"subsequences"_s);
+       }},
+  };
+}
+
+QList<Scene> statsScenes() {
+  return {
+      {u"campaign-stats"_s, [](Stage& s) { openStats(s, u"inboxes"_s); }},
+      {u"campaign-stats-emails"_s,
+       [](Stage& s) {
+         openStats(s, u"emails"_s);
+         tabToTheRows(s);
+       }},
+      {u"campaign-stats-messages"_s,
+       [](Stage& s) {
+         openStats(s, u"messages"_s);
+         tabToTheRows(s);
+         s.press(Qt::Key_PageDown);
+       }},
+      {u"campaign-stats-activity"_s,
+       [](Stage& s) {
+         openStats(s, u"activity"_s);
+         tabToTheRows(s);
+         s.press(Qt::Key_End);
+       }},
+      {u"campaign-stats-draft"_s,
+       [](Stage& s) {
+         auto& campaign = openCampaign(s, u"draft"_s);
+         campaign.setTab(u"stats"_s);
+       }},
+  };
+}
+
+/// What each tab shows when the service goes after it was loaded.
+QList<Scene> offlineScenes() {
+  QList<Scene> scenes;
+  for (const auto& tab : {u"sequence"_s, u"leads"_s, u"settings"_s, u"subsequences"_s, u"stats"_s})
+    scenes.append({u"campaign-offline-"_s + tab, [tab](Stage& s) {
+                     CampaignStore& campaign = openTab(s, u"running"_s, tab);
+                     s.settle();
+                     s.transport().mode = StagedTransport::Mode::offline;
+                     campaign.refreshShown();
+                   }});
+  return scenes;
+}
+
+}  // namespace
+
+QList<Scene> campaignPageScenes() {
+  return headerScenes() + sequenceScenes() + leadScenes() + settingsScenes() + subsequenceScenes() + statsScenes() +
+         offlineScenes();
+}
+
+}  // namespace orv
