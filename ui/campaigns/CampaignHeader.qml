@@ -78,6 +78,8 @@ Item {
         spacing: 8
 
         SaveNote {
+            // In other tabs "Saved" would be taken for what is edited there.
+            visible: root.store.tab === "sequence" || failed
             height: Theme.controlHeight
             rightPadding: 8
             autosave: root.store.sequence.autosave

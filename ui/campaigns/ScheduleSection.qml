@@ -9,6 +9,8 @@ SettingsSection {
 
     required property ScheduleForm form
 
+    signal saveRequested()
+
     title: "Schedules"
 
     Repeater {
@@ -32,7 +34,7 @@ SettingsSection {
             text: "Save schedule"
             busy: root.form.saving
             enabled: root.form.canSave || root.form.saving
-            onClicked: root.form.save()
+            onClicked: root.saveRequested()
         }
 
         OrvButton {

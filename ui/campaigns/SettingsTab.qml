@@ -28,6 +28,32 @@ FocusScope {
             scroll.contentY = Math.min(most, top + item.height + 60 - scroll.height);
     }
 
+    /// The first field in there that has an error.
+    function firstWrong(item: Item): Item {
+        // Not iterable as a sequence, only by number.
+        for (let i = 0; i < item.children.length; ++i) {
+            const child = item.children[i];
+            const isWrong = child instanceof FieldFrame ? child.error !== ""
+                                                        : child instanceof FieldError && child.text !== "";
+            const wrong = isWrong ? child : firstWrong(child);
+            if (wrong) return wrong;
+        }
+        return null;
+    }
+
+    // An error above or below what is in view would leave the button looking dead.
+    function showWrong(section: Item) {
+        const wrong = firstWrong(section);
+        if (!wrong) return;
+        if (wrong instanceof FieldFrame) wrong.forceActiveFocus(Qt.OtherFocusReason);
+        reveal(wrong);
+    }
+
+    function save() {
+        form.save();
+        showWrong(column);
+    }
+
     onFocusedChanged: reveal(focused)
     Component.onCompleted: form.ensureLoaded()
 
@@ -194,8 +220,13 @@ FocusScope {
             }
 
             ScheduleSection {
+                id: schedule
                 width: parent.width
                 form: root.form.schedule
+                onSaveRequested: {
+                    root.form.schedule.save();
+                    root.showWrong(schedule);
+                }
             }
         }
     }
@@ -209,13 +240,13 @@ FocusScope {
         saving: root.form.saving
         canSave: root.form.canSave
         hasErrors: Object.keys(root.form.errors).length > 0
-        onSaveRequested: root.form.save()
+        onSaveRequested: root.save()
         onDiscardRequested: root.form.discard()
     }
 
     Shortcut {
         sequence: StandardKey.Save
         enabled: root.form.canSave
-        onActivated: root.form.save()
+        onActivated: root.save()
     }
 }
