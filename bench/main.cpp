@@ -15,13 +15,23 @@ int main(int argc, char** argv) {
   options.setApplicationDescription(u"Measures Orvella, each figure beside its baseline or goal."_s);
   options.addHelpOption();
   options.addOption({u"quick"_s, u"Only shows that everything runs."_s});
+  options.addOption({u"only"_s, u"Measures nothing but the named part."_s, u"part"_s});
   options.process(application);
 
   const bench::Scale scale{options.isSet(u"quick"_s)};
 #ifndef NDEBUG
   std::printf("This build is not optimised; its figures mean nothing. Use the release preset.\n");
 #endif
-  const bool done = bench::decode(scale) && bench::start(scale) && bench::window(scale) && bench::chart(scale) &&
-                    bench::editor(scale) && bench::leads(scale) && bench::analytics(scale);
+  const std::pair<QString, bool (*)(bench::Scale)> parts[] = {
+      {u"decode"_s, bench::decode},      {u"start"_s, bench::start},   {u"window"_s, bench::window},
+      {u"chart"_s, bench::chart},        {u"editor"_s, bench::editor}, {u"leads"_s, bench::leads},
+      {u"analytics"_s, bench::analytics}};
+  const QString only = options.value(u"only"_s);
+  bool done = false;
+  for (const auto& [name, measure] : parts) {
+    if (!only.isEmpty() && name != only) continue;
+    done = measure(scale);
+    if (!done) break;
+  }
   return done ? 0 : 1;
 }

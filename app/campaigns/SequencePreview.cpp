@@ -46,7 +46,7 @@ Task<PreviewResponse> SequencePreview::load() {
 
 void SequencePreview::setWatched(bool watched) {
   if (std::exchange(m_watched, watched) == watched) return;
-  if (watched && m_askedRevision != m_draft.revision()) ask();
+  if (watched && m_askedRevision != m_draft.revision()) askLater(firstWait);
   // Leads come and go in another tab.
   if (watched) m_leads.load();
   if (!watched) m_wait.reset();
@@ -61,10 +61,11 @@ void SequencePreview::ask() {
 }
 
 void SequencePreview::draftChanged() {
-  if (!m_watched || m_askedRevision == m_draft.revision()) return;
-  // The first text there is has nobody typing on it.
-  if (!m_askedRevision) return ask();
-  m_wait = m_context.services.clock.startTimer(wait, [this] { ask(); });
+  if (m_watched && m_askedRevision != m_draft.revision()) askLater(m_askedRevision ? wait : firstWait);
+}
+
+void SequencePreview::askLater(std::chrono::milliseconds delay) {
+  m_wait = m_context.services.clock.startTimer(delay, [this] { ask(); });
 }
 
 void SequencePreview::follow(qsizetype place, const QString& letter) {

@@ -30,6 +30,8 @@ class SequencePreview final : public Store {
 
  public:
   static constexpr std::chrono::milliseconds wait{600};
+  /// Nobody is typing on the first text there is, but the page that it came with is to be drawn before.
+  static constexpr std::chrono::milliseconds firstWait{30};
   static constexpr qint64 leadsAtMost = 50;
 
   SequencePreview(CampaignContext& context, const SequenceDraft& draft, QObject* parent = nullptr);
@@ -79,6 +81,7 @@ class SequencePreview final : public Store {
  private:
   Task<PreviewResponse> load();
   void ask();
+  void askLater(std::chrono::milliseconds delay);
   const PreviewResponse::Step* step() const;
   const PreviewResponse::Variant* variant() const;
   const CampaignLead* listed(const QString& id) const;

@@ -30,7 +30,8 @@ class RecordModel : public ListModel {
     const int kept = std::min(before, after);
     if (after > before) {
       beginInsertRows({}, before, after - 1);
-      m_records.insert(m_records.end(), records.begin() + kept, records.end());
+      m_records.insert(m_records.end(), std::make_move_iterator(records.begin() + kept),
+                       std::make_move_iterator(records.end()));
       endInsertRows();
     }
     if (kept > 0) {

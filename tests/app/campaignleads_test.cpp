@@ -5,7 +5,7 @@
 #include <QTest>
 
 #include "app/campaigns/CampaignLeads.h"
-#include "tests/support/AppFixture.h"
+#include "tests/support/CampaignFixture.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -52,12 +52,7 @@ QByteArray campaigns(const QList<std::pair<QByteArray, QByteArray>>& named) {
 class CampaignLeadsTest : public QObject {
   Q_OBJECT
 
-  struct Life {
-    AppFixture f;
-    int refreshes = 0;
-    Resource<Campaign> campaign{f.clock, [this] { return f.api.send(Requests::getCampaign(u"c1"_s)); },
-                                [](const Campaign&) { return false; }};
-    CampaignContext context{u"c1"_s, f.api, f.services, campaign, [](const Campaign&) {}, [this] { ++refreshes; }};
+  struct Life : CampaignFixture {
     CampaignLeads store{context};
     QAbstractItemModelTester tester{store.rows(), QAbstractItemModelTester::FailureReportingMode::QtTest};
   };

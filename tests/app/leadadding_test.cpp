@@ -6,7 +6,7 @@
 
 #include "app/campaigns/LeadAdding.h"
 #include "app/shell/CsvReader.h"
-#include "tests/support/AppFixture.h"
+#include "tests/support/CampaignFixture.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -29,12 +29,8 @@ QByteArray addResult(int added, const QByteArray& skipped = nobody) {
 class LeadAddingTest : public QObject {
   Q_OBJECT
 
-  struct Life {
-    AppFixture f;
+  struct Life : CampaignFixture {
     int added = 0;
-    Resource<Campaign> campaign{f.clock, [this] { return f.api.send(Requests::getCampaign(u"c1"_s)); },
-                                [](const Campaign&) { return false; }};
-    CampaignContext context{u"c1"_s, f.api, f.services, campaign, [](const Campaign&) {}, [] {}};
     LeadAdding adding{context, [this] { ++added; }};
   };
   std::unique_ptr<Life> life;

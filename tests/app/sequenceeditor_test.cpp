@@ -231,10 +231,11 @@ class SequenceEditorTest : public QObject {
     load(campaign(twoSteps));
     auto* pane = editor->preview();
     editor->setBody(u"unsaved"_s);
-    f->api.expect(preview);
     f->api.expect(leads);
     pane->setWatched(true);
-    const auto steps = QJsonDocument::fromJson(*f->api.sent()[1].request.body).object()[u"steps"_s].toArray();
+    f->api.expect(preview);
+    f->clock.advance(SequencePreview::firstWait);
+    const auto steps = QJsonDocument::fromJson(*f->api.sent()[2].request.body).object()[u"steps"_s].toArray();
     QCOMPARE(steps[0][u"variants"_s][0][u"body"_s].toString(), u"unsaved"_s);
     f->api.answer(leads, R"({"items":[{"id":"l1","email":"jo@x.com","firstName":"Jo","company":"X","status":"active"},
                              {"id":"l2","email":"li@x.com","status":"active"}]})");

@@ -21,16 +21,11 @@ OrvButton {
             adding.show(adding.way);
             return;
         }
-        menu.active = true;
-        menu.popup.openAt(root, true);
+        menu.openAt(root, true);
     }
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        readonly property var popup: item
-
-        active: false
         sourceComponent: OrvMenu {
             title: "Add leads"
 

@@ -14,8 +14,7 @@ FocusScope {
 
     function openMenu(key: string, row: Item, x: real, y: real) {
         rowMenu.campaign = key;
-        rowMenu.active = true;
-        (rowMenu.item as OrvMenu).popupIn(row, x, y);
+        rowMenu.openIn(row, x, y);
     }
 
     PageHeader {
@@ -133,13 +132,12 @@ FocusScope {
         resource: root.store.archived
     }
 
-    Loader {
+    MenuLoader {
         id: rowMenu
 
         // Not "menu": in an entry that is the entry's own.
         property string campaign: ""
 
-        active: false
         sourceComponent: OrvMenu {
             title: "Actions"
 

@@ -2,8 +2,8 @@ import QtQuick
 import Orvella.Design
 import Orvella.App
 
-/// What can be done to one campaign of the list. Made when first opened.
-Loader {
+/// What can be done to one campaign of the list.
+MenuLoader {
     id: root
 
     required property CampaignsStore store
@@ -11,14 +11,10 @@ Loader {
     property string campaign: ""
     property string status: ""
 
-    active: false
-
     function openFor(key: string, row: var, x: real, y: real) {
         campaign = key;
         status = row.statusWord;
-        active = true;
-        const menu = item as OrvMenu;
-        menu.popupIn(row, x, y);
+        openIn(row, x, y);
     }
 
     sourceComponent: OrvMenu {

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -72,7 +71,7 @@ Item {
             iconName: "code-context"
             iconOnly: root.tight
             text: "Variables"
-            onClicked: variablesMenu.openAt(variablesButton)
+            onClicked: variablesMenu.openAt(variablesButton, false)
         }
 
         OrvButton {
@@ -110,17 +109,8 @@ Item {
         }
     }
 
-    Loader {
+    MenuLoader {
         id: variablesMenu
-
-        active: false
-
-        function openAt(button: var) {
-            active = true;
-            const popup = item as OrvMenu;
-            popup.openAt(button, false);
-        }
-
         sourceComponent: OrvMenu {
             id: menu
             title: "Variables"

@@ -2,8 +2,8 @@ import QtQuick
 import Orvella.Design
 import Orvella.App
 
-/// What can be done to one lead of the table. Made when first opened.
-Loader {
+/// What can be done to one lead of the table.
+MenuLoader {
     id: root
 
     required property CampaignLeads store
@@ -12,14 +12,10 @@ Loader {
     property string lead: ""
     property string status: ""
 
-    active: false
-
     function openFor(key: string, row: var, x: real, y: real) {
         lead = key;
         status = row.statusWord;
-        active = true;
-        const menu = item as OrvMenu;
-        menu.popupIn(row, x, y);
+        openIn(row, x, y);
     }
 
     sourceComponent: OrvMenu {

@@ -75,20 +75,11 @@ Item {
         iconOnly: true
         iconName: "overflow-menu"
         text: "More about this email"
-        onClicked: menu.openAt(more)
+        onClicked: menu.openAt(more, true)
     }
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        active: false
-
-        function openAt(button: var) {
-            active = true;
-            const popup = item as OrvMenu;
-            popup.openAt(button, true);
-        }
-
         sourceComponent: OrvMenu {
             title: "More about this email"
 

@@ -15,17 +15,10 @@ OrvButton {
     menuArrow: true
     enabled: store.allTags.length > 0
     hint: store.allTags.length === 0 ? "No campaign carries a tag yet." : ""
-    onClicked: {
-        menu.active = true;
-        menu.popup.openAt(root, true);
-    }
+    onClicked: menu.openAt(root, true)
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        readonly property var popup: item
-
-        active: false
         sourceComponent: OrvMenu {
             id: list
             title: "Tags"

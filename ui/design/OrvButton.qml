@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -78,11 +77,17 @@ T.Button {
                     size: root.size === "small" ? 14 : 16
                     color: root.iconInk
                 }
-                OrvBusyRing {
+                Loader {
                     id: ring
+
+                    readonly property bool shown: item !== null && (item as OrvBusyRing).shown
+
                     anchors.centerIn: parent
-                    running: root.busy
-                    color: root.iconInk
+                    active: root.busy || shown
+                    sourceComponent: OrvBusyRing {
+                        running: root.busy
+                        color: root.iconInk
+                    }
                 }
             }
             Text {
@@ -94,16 +99,21 @@ T.Button {
                 font: root.filled ? Theme.bodyBold : Theme.bodyStrong
                 color: root.ink
             }
-            OrvCount {
-                visible: root.count >= 0
+            // Few buttons have one of these, and every page makes many buttons.
+            Loader {
+                active: root.count >= 0
+                visible: active
                 anchors.verticalCenter: parent.verticalCenter
-                value: root.count
+                sourceComponent: OrvCount { value: root.count }
             }
-            OrvKeyCap {
-                visible: root.keys !== "" && !root.iconOnly
+            Loader {
+                active: root.keys !== "" && !root.iconOnly
+                visible: active
                 anchors.verticalCenter: parent.verticalCenter
-                text: root.keys
-                filled: root.filled
+                sourceComponent: OrvKeyCap {
+                    text: root.keys
+                    filled: root.filled
+                }
             }
             OrvIcon {
                 visible: root.menuArrow

@@ -33,8 +33,7 @@ FocusScope {
     }
 
     function open() {
-        menu.active = true;
-        menu.popup.openAt(button, false);
+        menu.openAt(button, false);
     }
 
     Text {
@@ -105,12 +104,8 @@ FocusScope {
         }
     }
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        readonly property var popup: item
-
-        active: false
         sourceComponent: OrvMenu {
             id: list
             title: root.label

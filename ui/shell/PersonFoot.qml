@@ -35,8 +35,7 @@ Item {
         Keys.onReturnPressed: clicked()
         Keys.onEnterPressed: clicked()
         onClicked: {
-            menu.active = true;
-            menu.popup.openAt(person, false);
+            menu.openAt(person, false);
         }
 
         background: Rectangle {
@@ -100,12 +99,8 @@ Item {
         onClicked: root.app.router.collapsed = !root.app.router.collapsed
     }
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        readonly property var popup: item
-
-        active: false
         sourceComponent: OrvMenu {
             title: "Account"
 

@@ -23,8 +23,7 @@ T.AbstractButton {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
     onClicked: {
-        menu.active = true;
-        menu.popup.openAt(root, false);
+        menu.openAt(root, false);
     }
 
     background: Rectangle {
@@ -84,12 +83,8 @@ T.AbstractButton {
         shown: root.rail && root.hovered
     }
 
-    Loader {
+    MenuLoader {
         id: menu
-
-        readonly property var popup: item
-
-        active: false
         sourceComponent: WorkspaceMenu {
             app: root.app
         }
