@@ -113,6 +113,12 @@ QList<Scene> sequenceScenes() {
          s.press(Qt::Key_Return);
          s.type(u"Hello {{c"_s);
        }},
+      {u"campaign-sequence-long"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"draft"_s);
+         while (editor.stepCount() < 12) editor.insertStep(editor.stepCount());
+         s.press(Qt::Key_Tab);
+       }},
       {u"campaign-sequence-empty"_s,
        [](Stage& s) {
          auto& editor = openSequence(s, u"draft"_s);

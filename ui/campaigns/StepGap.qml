@@ -7,13 +7,16 @@ Item {
 
     required property string text
     property bool canWrite: true
+    /// How far above the line of the timeline begins.
+    property real lineAbove: 0
 
     signal insertRequested()
 
     Rectangle {
         x: 10
+        y: -root.lineAbove
         width: 1
-        height: parent.height
+        height: parent.height - y
         color: Theme.borderField
     }
 

@@ -28,18 +28,18 @@ FocusScope {
     ListView {
         id: list
 
-        x: 16
-        width: parent.width - 32
-        height: parent.height - stop.height - add.height
+        // The ring around a card reaches beyond it.
+        readonly property real ringRoom: 4
+
+        x: 16 - ringRoom
+        width: parent.width - 2 * x
+        height: parent.height - stop.height - add.height - 12
         model: root.editor.steps
         activeFocusOnTab: root.editor.stepCount > 0
         keyNavigationEnabled: false
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
         clip: true
-        // The ring around a card reaches beyond it.
-        displayMarginBeginning: 8
-        displayMarginEnd: 8
         cacheBuffer: 0
 
         T.ScrollBar.vertical: OrvScrollBar {
@@ -70,7 +70,8 @@ FocusScope {
         onPlaceChanged: place > 0 ? positionViewAtIndex(place, ListView.Contain) : positionViewAtBeginning()
 
         header: TimelineNote {
-            width: list.width
+            x: list.ringRoom
+            width: list.width - 2 * x
             height: 56
             topMargin: 14
             iconName: "media-playback-start"
@@ -83,12 +84,15 @@ FocusScope {
             required property var model
             required property int index
 
-            width: list.width
+            x: list.ringRoom
+            width: list.width - 2 * x
+            bottomPadding: list.ringRoom
 
             StepGap {
                 visible: entry.index > 0
                 width: parent.width
-                height: visible ? 34 : 0
+                height: visible ? 34 - lineAbove : 0
+                lineAbove: list.ringRoom
                 text: entry.model.wait
                 canWrite: root.canWrite
                 onInsertRequested: root.insert(entry.index)
@@ -116,15 +120,16 @@ FocusScope {
     Item {
         id: add
         visible: root.canWrite
-        x: list.x
+        x: 16
         // Under the last email, and in reach when there are more of them than fit.
         y: Math.min(list.contentHeight, list.height)
-        width: list.width
-        height: root.canWrite ? 44 : 0
+        width: parent.width - 2 * x
+        height: root.canWrite ? 40 : 0
 
         Rectangle {
             visible: root.editor.stepCount > 0
             x: 10
+            y: -list.ringRoom
             width: 1
             height: 14
             color: Theme.borderField

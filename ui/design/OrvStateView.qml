@@ -35,6 +35,17 @@ Item {
 
     readonly property bool contentShown: hasContent && (status === "ready" || status === "offline")
 
+    /// One around this one, of a page whose parts are loaded on their own. The offline line is said once.
+    property OrvStateView around: null
+    readonly property bool offlineSaid: status === "offline" && hasContent || offlineSaidAround
+    readonly property bool offlineSaidAround: around !== null && around.offlineSaid
+
+    Component.onCompleted: {
+        let item = parent;
+        while (item && !(item instanceof OrvStateView)) item = item.parent;
+        around = item as OrvStateView;
+    }
+
     Item {
         id: body
         visible: root.contentShown
@@ -45,7 +56,7 @@ Item {
 
     Rectangle {
         id: offlineLine
-        visible: root.status === "offline" && root.hasContent
+        visible: root.offlineSaid && !root.offlineSaidAround
         width: root.width
         height: visible ? 32 : 0
         color: Theme.warningSubtle
