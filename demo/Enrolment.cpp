@@ -133,8 +133,11 @@ CampaignLead* findLead(DemoCampaign& campaign, const QString& id) {
   return found == campaign.leads.end() ? nullptr : &*found;
 }
 
-bool hasAddress(const DemoCampaign& campaign, const QString& email) {
-  return std::ranges::find(campaign.leads, email, &CampaignLead::email) != campaign.leads.end();
+QSet<QString> addressesIn(const DemoCampaign& campaign) {
+  QSet<QString> addresses;
+  addresses.reserve(campaign.leads.size());
+  for (const CampaignLead& lead : campaign.leads) addresses.insert(lead.email);
+  return addresses;
 }
 
 }  // namespace orv::demo

@@ -20,6 +20,7 @@ QString openStatus(const DemoCampaign& campaign);
 CampaignLead makePerson(DemoRandom& random, qint64 number);
 
 CampaignLead* findLead(DemoCampaign& campaign, const QString& id);
-bool hasAddress(const DemoCampaign& campaign, const QString& email);
+/// Of all its leads, those in the archive included.
+QSet<QString> addressesIn(const DemoCampaign& campaign);
 
 }  // namespace orv::demo

@@ -75,6 +75,8 @@ HTTPAnswer LeadDoor::add(const DemoRequest& request) {
   if (!source) return invalid(u"There is nobody to add here."_s, u"source"_s);
   AddLeadsResult result;
   result.columns = source->columns;
+  const QSet<QString> here = addressesIn(m_campaign),
+                      elsewhere = source->onlyNew ? addressesElsewhere() : QSet<QString>();
   QSet<QString> seen;
   for (CampaignLead& lead : source->people) {
     lead.email = lead.email.trimmed().toLower();
@@ -87,9 +89,9 @@ HTTPAnswer LeadDoor::add(const DemoRequest& request) {
       ++skipped.duplicateInFile;
     else if (m_context.workspace.blocklist.contains(lead.email))
       ++skipped.suppressed;
-    else if (hasAddress(m_campaign, lead.email))
+    else if (here.contains(lead.email))
       ++skipped.alreadyInCampaign;
-    else if (source->onlyNew && isElsewhere(lead.email))
+    else if (elsewhere.contains(lead.email))
       ++skipped.inOtherCampaign;
     else {
       ++result.added;
@@ -153,10 +155,11 @@ HTTPAnswer LeadDoor::move(const DemoRequest& request) {
     return invalid(u"Choose another campaign to move the leads to."_s, u"toCampaignId"_s);
   enrol(*target, m_context.now);
   LeadDoor there(m_context, *target);
+  QSet<QString> taken = addressesIn(*target);
   MoveResult result;
   for (const QString& id : body->leadIds) {
     const CampaignLead* found = findLead(m_campaign, id);
-    if (!found || found->removedAt || hasAddress(*target, found->email)) {
+    if (!found || found->removedAt || taken.contains(found->email)) {
       ++result.skipped;
       continue;
     }
@@ -164,6 +167,7 @@ HTTPAnswer LeadDoor::move(const DemoRequest& request) {
     lead.currentStep.reset();
     lead.nextSendAt.reset();
     m_campaign.leads.removeIf([&id](const CampaignLead& other) { return other.id == id; });
+    taken.insert(lead.email);
     there.enter(lead);
     ++result.moved;
   }
@@ -207,10 +211,11 @@ bool LeadDoor::act(const QString& action, CampaignLead& lead) {
   return true;
 }
 
-bool LeadDoor::isElsewhere(const QString& email) const {
-  return std::ranges::any_of(m_context.workspace.campaigns, [&](const DemoCampaign& campaign) {
-    return campaign.record.id != m_campaign.record.id && hasAddress(campaign, email);
-  });
+QSet<QString> LeadDoor::addressesElsewhere() const {
+  QSet<QString> addresses;
+  for (const DemoCampaign& campaign : std::as_const(m_context.workspace.campaigns))
+    if (campaign.record.id != m_campaign.record.id) addresses.unite(addressesIn(campaign));
+  return addresses;
 }
 
 void LeadDoor::enter(CampaignLead lead) {

@@ -24,7 +24,7 @@ class LeadDoor {
   HTTPAnswer bulk(const DemoRequest& request);
 
   bool act(const QString& action, CampaignLead& lead);
-  bool isElsewhere(const QString& email) const;
+  QSet<QString> addressesElsewhere() const;
   void enter(CampaignLead lead);
   void note(const QString& kind, const CampaignLead& lead);
   void settle();
