@@ -53,9 +53,7 @@ LeadAdding::LeadAdding(CampaignContext& context, std::function<void()> added)
   connect(&m_lists, &ResourceBase::changed, this, &LeadAdding::listsChanged);
 }
 
-LeadAdding::~LeadAdding() {
-  if (m_watch) m_watch->stopped = true;
-}
+LeadAdding::~LeadAdding() { forgetFile(); }
 
 QString LeadAdding::title() const {
   if (m_result) return headline(*m_result);
@@ -146,7 +144,7 @@ void LeadAdding::setAllowOtherCampaigns(bool allowed) {
 QString LeadAdding::progressText() const { return busy() ? m_stage.text : QString(); }
 
 double LeadAdding::progress() const {
-  const qint64 done = m_watch ? m_watch->bytesRead.load() : m_stage.done;
+  const qint64 done = m_watch ? m_watch->bytes.load() : m_stage.done;
   return m_stage.all > 0 ? double(done) / double(m_stage.all) : -1;
 }
 
@@ -258,31 +256,39 @@ Task<void> LeadAdding::work(QString way) {
     reason = error.message();
     isUncertain = Actions::outcomeIsUnknown(error);
   }
+  forgetFile();
   m_busy = false;
   reason ? fail(*reason) : finish(result);
   if (!reason || isUncertain || m_soFar.added > 0) m_added();
 }
 
 Task<AddLeadsResult> LeadAdding::addFile() {
-  m_watch = std::make_shared<ReadWatch>();
+  m_watch = std::make_shared<FileWatch>();
   setStage(u"Reading "_s + fileName() + u"…"_s, 0, m_preview.bytes);
-  m_ticker.start(watchReading());
+  m_ticker.start(watchFile());
   LeadUpload upload =
       co_await inBackground<LeadUpload>([id = m_context.id, path = m_path, dedupe = m_dedupe, watch = m_watch] {
         return packLeadFile(id, path, dedupe, *watch);
       });
-  m_ticker.cancel();
-  m_watch.reset();
   if (!upload.request) throw FileTrouble{upload.error};
-  setStage(u"Sending "_s + fileName() + u", "_s + megabytes(upload.request->body->size()) + u"…"_s, 0, 0);
+  const qint64 size = upload.request->body->size();
+  m_watch->bytes = 0;
+  upload.request->sent = {m_watch, &m_watch->bytes};
+  setStage(u"Sending "_s + fileName() + u", "_s + megabytes(size) + u"…"_s, 0, size);
   co_return co_await m_context.api.send(std::move(*upload.request));
 }
 
-Task<void> LeadAdding::watchReading() {
+Task<void> LeadAdding::watchFile() {
   while (true) {
     co_await m_context.services.clock.sleep(watchInterval);
     Q_EMIT changed();
   }
+}
+
+void LeadAdding::forgetFile() {
+  if (m_watch) m_watch->stopped = true;
+  m_watch.reset();
+  m_ticker.cancel();
 }
 
 Task<AddLeadsResult> LeadAdding::addOwn() {
@@ -322,9 +328,7 @@ void LeadAdding::fail(const QString& reason) {
 
 void LeadAdding::stop() {
   if (!busy()) return;
-  if (m_watch) m_watch->stopped = true;
-  m_watch.reset();
-  m_ticker.cancel();
+  forgetFile();
   m_work.cancel();
   m_busy = false;
   m_error = u"Stopped. Leads that were taken by then are in the campaign."_s;
@@ -339,10 +343,9 @@ void LeadAdding::dismiss() {
 }
 
 void LeadAdding::close() {
-  if (m_watch) m_watch->stopped = true;
+  forgetFile();
   m_lists.cancel();
   m_look.cancel();
-  m_ticker.cancel();
   m_work.cancel();
   m_busy = m_looking = false;
   Store::close();

@@ -132,7 +132,8 @@ class LeadAdding final : public Store {
   Task<void> work(QString way);
   Task<AddLeadsResult> addFile();
   Task<AddLeadsResult> addOwn();
-  Task<void> watchReading();
+  Task<void> watchFile();
+  void forgetFile();
   void startAnew();
   void setStage(const QString& text, qint64 done, qint64 all);
   void finish(const AddLeadsResult& result);
@@ -145,7 +146,7 @@ class LeadAdding final : public Store {
   TaskSlot m_work;
   TaskSlot m_look;
   TaskSlot m_ticker;
-  std::shared_ptr<ReadWatch> m_watch;
+  std::shared_ptr<FileWatch> m_watch;
   QString m_way;
   QString m_error;
   QString m_dedupe;

@@ -28,14 +28,14 @@ QString open(QFile& file) {
 }
 
 /// The whole file, read in pieces. Nothing when that failed, or was no longer wanted.
-std::optional<QByteArray> readAll(QFile& file, ReadWatch& watch) {
+std::optional<QByteArray> readAll(QFile& file, FileWatch& watch) {
   QByteArray bytes;
   bytes.reserve(file.size());
   while (!file.atEnd()) {
     const QByteArray piece = file.read(pieceBytes);
     if (piece.isEmpty() || watch.stopped) return std::nullopt;
     bytes += piece;
-    watch.bytesRead = bytes.size();
+    watch.bytes = bytes.size();
   }
   return bytes;
 }
@@ -56,7 +56,7 @@ LeadFilePreview previewLeadFile(const QString& path) {
   return {{}, file.size(), headers, rows};
 }
 
-LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, ReadWatch& watch) {
+LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, FileWatch& watch) {
   QFile file(path);
   if (const QString error = open(file); !error.isEmpty()) return {error, {}};
   const auto bytes = readAll(file, watch);

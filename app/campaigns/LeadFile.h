@@ -18,9 +18,10 @@ struct LeadFilePreview {
   bool operator==(const LeadFilePreview&) const = default;
 };
 
-/// Shared between the thread that reads a file and the one that shows how far it is.
-struct ReadWatch {
-  std::atomic<qint64> bytesRead = 0;
+/// Shared between the threads that read and send a file and the one that shows how far it is.
+struct FileWatch {
+  /// Read, or sent.
+  std::atomic<qint64> bytes = 0;
   /// Set by who no longer wants the file.
   std::atomic<bool> stopped = false;
 };
@@ -33,6 +34,6 @@ struct LeadUpload {
 
 /// Both read the file where they are called: not for the main thread.
 LeadFilePreview previewLeadFile(const QString& path);
-LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, ReadWatch& watch);
+LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, FileWatch& watch);
 
 }  // namespace orv

@@ -142,6 +142,7 @@ class Transfer {
   static int watch(void* self, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
     auto* transfer = static_cast<Transfer*>(self);
     const auto now = SteadyClock::now();
+    if (transfer->m_wire.sent) *transfer->m_wire.sent = up;
     if (std::exchange(transfer->m_bytes, down + up) != down + up) transfer->m_lastByte = now;
     return now >= transfer->deadline() ? 1 : 0;
   }

@@ -3,7 +3,9 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <optional>
 
 namespace orv {
@@ -34,6 +36,9 @@ struct APIRequest {
   std::optional<qint64> ifMatch;
   /// Longest time without a byte; the client's own idle limit applies as well.
   std::chrono::milliseconds timeout = std::chrono::seconds(60);
+  /// Where to count the bytes of the body that have gone out, for who shows how far a long one is. Written by another
+  /// thread; no transport has to.
+  std::shared_ptr<std::atomic<qint64>> sent;
 
   bool operator==(const APIRequest&) const = default;
 

@@ -79,6 +79,7 @@ WireRequest wireRequest(const APICall& call, const APIEnvironment& environment, 
   if (wire.body)
     wire.headers.append(call.form ? "Content-Type: application/x-www-form-urlencoded"_ba
                                   : "Content-Type: application/json"_ba);
+  wire.sent = call.request.sent;
   return wire;
 }
 

@@ -18,6 +18,8 @@ struct WireRequest {
   std::optional<QByteArray> body;
   /// Changes something, so it must never share the fate of an old connection.
   bool changing = false;
+  /// See APIRequest.
+  std::shared_ptr<std::atomic<qint64>> sent;
 };
 
 WireRequest wireRequest(const APICall& call, const APIEnvironment& environment, const ClientIdentity& identity);

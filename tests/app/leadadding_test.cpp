@@ -178,6 +178,10 @@ class LeadAddingTest : public QObject {
     QTRY_VERIFY(f->api.isWaiting(add));
     QTEST(body().value("csv"_L1).toString(), "text");
     QCOMPARE(body().value("fileName"_L1).toString(), u"people.CSV"_s);
+    QCOMPARE(adding->progress(), 0.0);
+    const APIRequest& request = f->api.last().request;
+    *request.sent = request.body->size() / 2;
+    QVERIFY(qAbs(adding->progress() - 0.5) < 0.05);
     f->api.answer(add, addResult(1));
   }
 

@@ -237,6 +237,15 @@ class ExchangeTest : public QObject {
     }
   }
 
+  void aLongBodyIsCountedAsItGoes() {
+    Wire wire;
+    auto call = request(HTTPMethod::post);
+    call.body = "\"" + QByteArray(1 << 20, 'x') + "\"";
+    call.sent = std::make_shared<std::atomic<qint64>>(0);
+    await(wire.send(call));
+    QCOMPARE(call.sent->load(), call.body->size());
+  }
+
   void anAnswerForNobodyIsForgotten() {
     Wire wire;
     int answers = 0;
