@@ -42,7 +42,7 @@ endif()
 
 set(ORVELLA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 if(ORVELLA_SANITIZE)
-  add_compile_options(-fsanitize=${ORVELLA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)
+  add_compile_options(-fsanitize=${ORVELLA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   # Qt's own libraries carry no type information for the vptr check.
   if(ORVELLA_SANITIZE MATCHES "undefined")
     add_compile_options(-fno-sanitize=vptr)
