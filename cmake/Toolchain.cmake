@@ -50,11 +50,6 @@ if(ORVELLA_SANITIZE)
   add_link_options(-fsanitize=${ORVELLA_SANITIZE})
 endif()
 
-# orvella_precompile(TARGET HEADER…): precompiled headers, where they pay.
-function(orvella_precompile target)
-  target_precompile_headers(${target} PRIVATE ${ARGN})
-endfunction()
-
 # orvella_test(NAME SOURCES … [LIBRARIES …]): one Qt Test program, registered with CTest.
 function(orvella_test name)
   cmake_parse_arguments(arg "GUI" "" "SOURCES;LIBRARIES;WRAPPER" ${ARGN})
