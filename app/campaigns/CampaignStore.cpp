@@ -150,8 +150,8 @@ QStringList CampaignStore::unsavedWork() const {
 
 Task<bool> CampaignStore::flush() {
   const QPointer store(this);
-  const bool saved = co_await m_sequence.flush();
-  co_return saved&& store&& unsavedWork().isEmpty();
+  if (!co_await m_sequence.flush() || !store) co_return false;
+  co_return unsavedWork().isEmpty();
 }
 
 void CampaignStore::beginRename() {

@@ -24,7 +24,7 @@ OrvTable {
     moreFailed: store.moreFailed
     columns: [
         OrvColumn { id: nameCells; key: "name"; title: "Lead"; fill: true; minimumWidth: 200 },
-        OrvColumn { id: companyCells; key: "company"; title: "Company"; preferredWidth: root.roomy ? 200 : root.archive ? 128 : 152 },
+        OrvColumn { id: companyCells; key: "company"; title: "Company"; preferredWidth: root.roomy ? 200 : root.archive ? 112 : 152 },
         OrvColumn { id: statusCells; key: "status"; title: "Status"; preferredWidth: 116 },
         OrvColumn { id: stepCells; key: "step"; title: "Step"; preferredWidth: 64; visible: !root.archive },
         OrvColumn { id: whenCells; key: "when"; title: "When"; preferredWidth: 124; visible: !root.archive },
