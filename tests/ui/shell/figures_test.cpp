@@ -134,6 +134,8 @@ class FiguresTest : public QObject {
 
   void theWheelTurnsOnePage() {
     QTRY_VERIFY(row(0));
+    // On a busy machine a row is there before what stands above it has its height.
+    m_stage->settle();
     const double before = place(row(0)).top();
     wheel(1);
     QTRY_VERIFY(place(row(0)).top() < before);
@@ -145,7 +147,8 @@ class FiguresTest : public QObject {
     // Another order starts at the table's top, below what stands above it.
     store().toggleSort(u"sent"_s);
     QTRY_VERIFY(row(0) && isInSight(row(0)));
-    QTRY_VERIFY((wheel(-20), row(0) && place(row(0)).top() == before));
+    QTRY_VERIFY((wheel(-20), row(0) && place(row(0)).top() >= before));
+    QCOMPARE(place(row(0)).top(), before);
   }
 
   void fewerRowsLeaveNoHole() {
