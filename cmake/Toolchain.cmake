@@ -47,6 +47,10 @@ if(ORVELLA_SANITIZE)
   if(ORVELLA_SANITIZE MATCHES "undefined")
     add_compile_options(-fno-sanitize=vptr)
   endif()
+  # Without any optimisation the thread sanitizer watches every access to the stack.
+  if(ORVELLA_SANITIZE MATCHES "thread")
+    add_compile_options(-O1)
+  endif()
   add_link_options(-fsanitize=${ORVELLA_SANITIZE})
 endif()
 
