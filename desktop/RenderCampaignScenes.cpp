@@ -30,6 +30,14 @@ SequenceEditor& openSequence(Stage& stage, const QString& status) {
   return *openTab(stage, status, u"sequence"_s).sequence();
 }
 
+/// The tab of the first running campaign, whose first load fails.
+void openFailing(Stage& stage, const QString& tab) {
+  CampaignStore& campaign = openCampaign(stage, u"running"_s);
+  stage.settle();
+  stage.transport().mode = StagedTransport::Mode::failing;
+  campaign.setTab(tab);
+}
+
 /// Opens the stats of the first running campaign.
 CampaignStatsStore& openStats(Stage& stage, const QString& section) {
   CampaignStore& campaign = openTab(stage, u"running"_s, u"stats"_s);
@@ -139,7 +147,6 @@ QList<Scene> sequenceScenes() {
 }
 
 QList<Scene> leadScenes() {
-  using Mode = StagedTransport::Mode;
   return {
       {u"leads"_s, [](Stage& s) { openLeads(s); }},
       {u"leads-ticked"_s,
@@ -194,13 +201,7 @@ QList<Scene> leadScenes() {
          auto& leads = openLeads(s);
          leads.beginMove({firstLead(leads)});
        }},
-      {u"leads-failed"_s,
-       [](Stage& s) {
-         CampaignStore& campaign = openCampaign(s, u"running"_s);
-         s.settle();
-         s.transport().mode = Mode::failing;
-         campaign.setTab(u"leads"_s);
-       }},
+      {u"leads-failed"_s, [](Stage& s) { openFailing(s, u"leads"_s); }},
   };
 }
 
@@ -233,7 +234,6 @@ QList<Scene> settingsScenes() {
 }
 
 QList<Scene> subsequenceScenes() {
-  using Mode = StagedTransport::Mode;
   return {
       {u"campaign-subsequences-none"_s, [](Stage& s) { openTab(s, u"running"_s, u"subsequences"_s); }},
       {u"campaign-subsequences-new"_s,
@@ -253,13 +253,7 @@ QList<Scene> subsequenceScenes() {
          s.settle();
          s.app().router()->openCampaign(campaign.id());
        }},
-      {u"campaign-subsequences-failed"_s,
-       [](Stage& s) {
-         auto& campaign = openCampaign(s, u"running"_s);
-         s.settle();
-         s.transport().mode = Mode::failing;
-         campaign.setTab(u"subsequences"_s);
-       }},
+      {u"campaign-subsequences-failed"_s, [](Stage& s) { openFailing(s, u"subsequences"_s); }},
   };
 }
 

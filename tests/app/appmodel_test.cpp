@@ -1,3 +1,4 @@
+#include <QSignalSpy>
 #include <QTest>
 
 #include "app/shell/AppModel.h"
@@ -301,6 +302,47 @@ class AppModelTest : public QObject {
     f->api.answer(logOut, {}, 401);
     QCOMPARE(app->phase(), AppModel::Phase::signedIn);
     QCOMPARE(app->current()->slug, u"b"_s);
+  }
+
+  void nobodyGoesWithUnsavedFormsUnasked() {
+    startSignedIn({u"a"_s});
+    QVERIFY(app->mayClose());
+    const auto form = [this] { return app->session()->campaignStore(u"c1"_s)->settings(); };
+    f->api.expect(u"GET /campaigns/c1"_s);
+    app->session()->campaignStore(u"c1"_s)->ensureLoaded();
+    f->api.answer(u"GET /campaigns/c1"_s, R"({"id":"c1","name":"Fair","status":"draft"})");
+    form()->set(u"gap"_s, u"9"_s);
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    const QString lost = u"“Fair” has unsaved changes: settings.\nThey would be lost."_s;
+    for (int round = 0; round < 2; ++round) {
+      QVERIFY(!app->mayClose());
+      QVERIFY(app->overlays()->asking());
+      QCOMPARE(app->overlays()->text(), lost);
+      app->overlays()->answer(app->overlays()->token(), false);
+    }
+    QCOMPARE(closable.count(), 0);
+    app->signOut();
+    QCOMPARE(app->overlays()->text(), lost);
+    app->overlays()->answer(app->overlays()->token(), false);
+    QCOMPARE(app->phase(), AppModel::Phase::signedIn);
+
+    // Whoever shows it opens it again at once, and hears nothing of it.
+    app->session()->trim();
+    QVERIFY(form()->dirty());
+    settle();
+    QCOMPARE(app->toasts()->count(), 0);
+    // The first of eight more goes, and is kept with what was typed.
+    for (int other = 2; other < 10; ++other) app->session()->campaignStore(u"c%1"_s.arg(other));
+    settle();
+    QCOMPARE(app->toasts()->toasts().last().message, u"“Fair” has unsaved changes: settings."_s);
+    app->toasts()->act(app->toasts()->toasts().last().id);
+    QCOMPARE(app->router()->campaign(), u"c1"_s);
+    QCOMPARE(form()->values().value(u"gap"_s).toString(), u"9"_s);
+
+    QVERIFY(!app->mayClose());
+    app->overlays()->answer(app->overlays()->token(), true);
+    QCOMPARE(closable.count(), 1);
+    QVERIFY(app->mayClose());
   }
 
   void everyCommandRunsWhereItSays() {

@@ -172,6 +172,27 @@ class CampaignLeadsTest : public QObject {
     QCOMPARE(shown(), QStringList{u"l1"_s});
   }
 
+  void whatLeavesWhileTheListIsReadAgainStaysOut() {
+    load(page({1, 2}, "a"));
+    more(page({3, 4}));
+    f->api.expect(get);
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, page({1, 2}, "a"));
+    f->api.expect(u"DELETE /campaigns/c1/leads/l3"_s);
+    f->api.expect(get);
+    store->remove({u"l3"_s});
+    f->api.answer(u"DELETE /campaigns/c1/leads/l3"_s, {}, 204);
+    QCOMPARE(f->api.cancelled(), QStringList{get});
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s, u"l4"_s}));
+    QVERIFY(!store->loadingMore());
+    f->api.expect(get);
+    f->api.answer(get, page({1, 2}, "a"));
+    f->api.answer(get, page({4}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s, u"l4"_s}));
+    QVERIFY(!store->moreFailed() && !store->canLoadMore());
+  }
+
   void theSearchIsLocalAndReadsOnWhileItFindsLittle() {
     load(page({1, 2, 12}, "n"));
     f->api.expect(get);

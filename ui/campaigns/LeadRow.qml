@@ -89,16 +89,19 @@ OrvTableRow {
     OrvCell {
         column: root.restoreColumn
 
-        OrvButton {
+        // Only the archive has it, and the rows of the others are made by the hundred.
+        Loader {
             anchors { right: parent.right; verticalCenter: parent.verticalCenter }
-            visible: root.restoreColumn.visible
-            size: "small"
-            text: "Restore"
-            iconName: "edit-undo"
-            focusPolicy: Qt.NoFocus
-            activeFocusOnTab: false
-            busy: root.busy
-            onClicked: root.restoreRequested()
+            active: root.restoreColumn.visible
+            sourceComponent: OrvButton {
+                size: "small"
+                text: "Restore"
+                iconName: "edit-undo"
+                focusPolicy: Qt.NoFocus
+                activeFocusOnTab: false
+                busy: root.busy
+                onClicked: root.restoreRequested()
+            }
         }
     }
 

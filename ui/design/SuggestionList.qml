@@ -41,7 +41,7 @@ T.Popup {
 
     contentItem: Column {
         Accessible.role: Accessible.List
-        Accessible.name: qsTr("Suggestions")
+        Accessible.name: "Suggestions"
 
         Repeater {
             model: root.options
