@@ -4,9 +4,9 @@
 #include <QQuickWindow>
 #include <memory>
 
+#include "app/base/NameForm.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
-#include "app/shell/NameForm.h"
 
 namespace orv {
 

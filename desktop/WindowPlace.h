@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QQuickWindow>
 
-#include "app/shell/desktop/Preferences.h"
+#include "app/base/desktop/Preferences.h"
 
 namespace orv {
 

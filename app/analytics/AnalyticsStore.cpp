@@ -1,8 +1,8 @@
 #include "app/analytics/AnalyticsStore.h"
 
-#include "app/analytics/AnalyticsCsv.h"
-#include "app/analytics/MetricFigures.h"
-#include "app/shell/SaveFile.h"
+#include "app/base/SaveFile.h"
+#include "app/figures/AnalyticsCsv.h"
+#include "app/figures/MetricFigures.h"
 
 using namespace Qt::Literals::StringLiterals;
 

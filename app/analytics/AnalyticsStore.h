@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/analytics/ChartFigures.h"
-#include "app/analytics/DateRange.h"
-#include "app/analytics/FigureRows.h"
-#include "app/analytics/RangeForm.h"
-#include "app/shell/BusySet.h"
-#include "app/shell/EnumName.h"
-#include "app/shell/Resource.h"
-#include "app/shell/Services.h"
-#include "app/shell/Store.h"
+#include "app/base/BusySet.h"
+#include "app/base/EnumName.h"
+#include "app/base/Resource.h"
+#include "app/base/Services.h"
+#include "app/base/Store.h"
+#include "app/figures/ChartFigures.h"
+#include "app/figures/DateRange.h"
+#include "app/figures/FigureRows.h"
+#include "app/figures/RangeForm.h"
 #include "kit/api/APITransport.h"
 #include "kit/api/Format.h"
 
@@ -127,7 +127,7 @@ class AnalyticsStore final : public Store {
   Q_INVOKABLE void ensureLoaded();
   Q_INVOKABLE void refresh();
   /// Opens one of the campaigns.
-  Q_INVOKABLE void openCampaign(const QString& id) { m_services.router.openCampaign(id); }
+  Q_INVOKABLE void openCampaign(const QString& id) { m_services.router.openItem(Page::campaigns, id); }
   /// Saves the table of the shown tab, in its order.
   Q_INVOKABLE void exportCsv() { m_tasks.start(exportTask()); }
   Task<void> exportTask();

@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-#include "app/analytics/MetricFigures.h"
+#include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/analytics/ChartFigures.h"
-#include "app/analytics/DateRange.h"
-#include "app/shell/Resource.h"
-#include "app/shell/Services.h"
-#include "app/shell/Store.h"
+#include "app/base/Resource.h"
+#include "app/base/Services.h"
+#include "app/base/Store.h"
+#include "app/figures/ChartFigures.h"
+#include "app/figures/DateRange.h"
 #include "kit/api/APITransport.h"
 
 namespace orv {

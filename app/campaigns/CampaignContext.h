@@ -3,8 +3,8 @@
 #include <QString>
 #include <functional>
 
-#include "app/shell/Resource.h"
-#include "app/shell/Services.h"
+#include "app/base/Resource.h"
+#include "app/base/Services.h"
 #include "kit/api/APITransport.h"
 #include "kit/models/campaigns.h"
 

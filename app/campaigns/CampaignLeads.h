@@ -3,15 +3,15 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include "app/base/Actions.h"
+#include "app/base/CursorPages.h"
+#include "app/base/Selection.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/LeadAdding.h"
 #include "app/campaigns/LeadMove.h"
 #include "app/campaigns/LeadPanel.h"
 #include "app/campaigns/LeadRows.h"
-#include "app/shell/Actions.h"
-#include "app/shell/CursorPages.h"
-#include "app/shell/Selection.h"
-#include "app/shell/Store.h"
 
 namespace orv {
 

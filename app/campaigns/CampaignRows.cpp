@@ -2,7 +2,7 @@
 
 #include <QCollator>
 
-#include "app/analytics/FigureRows.h"
+#include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 

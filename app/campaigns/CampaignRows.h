@@ -4,9 +4,9 @@
 #include <QSet>
 #include <vector>
 
-#include "app/shell/BusySet.h"
-#include "app/shell/RecordModel.h"
-#include "app/shell/TableSort.h"
+#include "app/base/BusySet.h"
+#include "app/base/RecordModel.h"
+#include "app/base/TableSort.h"
 #include "kit/models/campaigns.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #include "app/campaigns/CampaignStatsRows.h"
 
-#include "app/analytics/FigureRows.h"
+#include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 

@@ -2,8 +2,8 @@
 
 #include <boost/describe/class.hpp>
 
-#include "app/shell/RecordModel.h"
-#include "app/shell/RowFields.h"
+#include "app/base/RecordModel.h"
+#include "app/base/RowFields.h"
 #include "kit/models/campaignLeads.h"
 #include "kit/models/campaigns.h"
 

@@ -1,6 +1,6 @@
 #include "app/campaigns/CampaignStatsStore.h"
 
-#include "app/analytics/MetricFigures.h"
+#include "app/figures/MetricFigures.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;

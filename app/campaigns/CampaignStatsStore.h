@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/analytics/ChartFigures.h"
-#include "app/analytics/DateRange.h"
-#include "app/analytics/FigureRows.h"
+#include "app/base/CursorPages.h"
+#include "app/base/EnumName.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignStatsRows.h"
-#include "app/shell/CursorPages.h"
-#include "app/shell/EnumName.h"
-#include "app/shell/Store.h"
+#include "app/figures/ChartFigures.h"
+#include "app/figures/DateRange.h"
+#include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
 
 namespace orv {

@@ -255,7 +255,7 @@ Task<void> CampaignStore::removeTask() {
       co_await m_actions.send(Requests::deleteCampaign(m_id, false), u"Couldn’t delete the campaign."_s);
   if (!removed) co_return;
   m_changedElsewhere();
-  if (m_services.router.campaign() == m_id) m_services.router.open(Page::campaigns);
+  if (m_services.router.openedItem(Page::campaigns) == m_id) m_services.router.open(Page::campaigns);
   m_services.toasts.show(u"Deleted “"_s + name + u"”. It’s in Archived."_s, Toasts::Tone::standard, u"Undo"_s,
                          [store = QPointer(this)] {
                            if (store) store->restore();

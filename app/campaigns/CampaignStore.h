@@ -2,18 +2,18 @@
 
 #include <QVariantList>
 
+#include "app/base/Actions.h"
+#include "app/base/EnumName.h"
+#include "app/base/NameForm.h"
+#include "app/base/Resource.h"
+#include "app/base/Services.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/campaigns/Subsequences.h"
-#include "app/shell/Actions.h"
-#include "app/shell/EnumName.h"
-#include "app/shell/NameForm.h"
-#include "app/shell/Resource.h"
-#include "app/shell/Services.h"
-#include "app/shell/Store.h"
 #include "kit/api/APITransport.h"
 #include "kit/models/campaigns.h"
 

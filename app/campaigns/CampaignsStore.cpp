@@ -1,9 +1,9 @@
 #include "app/campaigns/CampaignsStore.h"
 
-#include "app/analytics/AnalyticsCsv.h"
-#include "app/analytics/DateRange.h"
-#include "app/shell/RoleGate.h"
-#include "app/shell/SaveFile.h"
+#include "app/base/RoleGate.h"
+#include "app/base/SaveFile.h"
+#include "app/figures/AnalyticsCsv.h"
+#include "app/figures/DateRange.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -198,7 +198,7 @@ void CampaignsStore::reload() {
   if (m_archiveLoaded) m_archived.load();
 }
 
-void CampaignsStore::open(const QString& id) { m_services.router.openCampaign(id); }
+void CampaignsStore::open(const QString& id) { m_services.router.openItem(Page::campaigns, id); }
 
 void CampaignsStore::beginCreate() {
   if (!canCreate()) {
@@ -221,7 +221,7 @@ Task<void> CampaignsStore::createTask(QString name) {
     const Campaign campaign = co_await m_api.send(Requests::createCampaign({name}));
     m_services.toasts.success(campaign.name + u" created"_s);
     reload();
-    if (submission.succeed()) m_services.router.openCampaign(campaign.id);
+    if (submission.succeed()) m_services.router.openItem(Page::campaigns, campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) m_services.toasts.failure({}, error);
     if (Actions::outcomeIsUnknown(error)) reload();

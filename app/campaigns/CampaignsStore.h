@@ -3,12 +3,12 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include "app/base/Actions.h"
+#include "app/base/NameForm.h"
+#include "app/base/Resource.h"
+#include "app/base/Services.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignRows.h"
-#include "app/shell/Actions.h"
-#include "app/shell/NameForm.h"
-#include "app/shell/Resource.h"
-#include "app/shell/Services.h"
-#include "app/shell/Store.h"
 #include "kit/session/records.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/Overlays.h"
+#include "app/base/Overlays.h"
 #include "kit/models/campaigns.h"
 
 namespace orv {

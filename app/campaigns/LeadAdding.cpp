@@ -2,9 +2,9 @@
 
 #include <QFileInfo>
 
+#include "app/base/Actions.h"
+#include "app/base/EmailAddress.h"
 #include "app/campaigns/LeadRows.h"
-#include "app/shell/Actions.h"
-#include "app/shell/EmailAddress.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/async/background.h"

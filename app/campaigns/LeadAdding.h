@@ -3,9 +3,9 @@
 #include <QMap>
 #include <QVariantList>
 
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/LeadFile.h"
-#include "app/shell/Store.h"
 #include "kit/models/leads.h"
 
 namespace orv {

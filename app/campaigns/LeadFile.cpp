@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "app/shell/CsvReader.h"
+#include "app/base/CsvReader.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "app/campaigns/LeadMove.h"
 
+#include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
-#include "app/shell/Actions.h"
 #include "kit/models/campaignLeads.h"
 
 using namespace Qt::Literals::StringLiterals;

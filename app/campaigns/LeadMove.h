@@ -2,8 +2,8 @@
 
 #include <QVariantList>
 
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "app/shell/Store.h"
 
 namespace orv {
 

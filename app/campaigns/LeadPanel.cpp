@@ -1,7 +1,7 @@
 #include "app/campaigns/LeadPanel.h"
 
+#include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
-#include "app/shell/Actions.h"
 
 using namespace Qt::Literals::StringLiterals;
 

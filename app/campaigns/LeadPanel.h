@@ -3,8 +3,8 @@
 #include <QMap>
 #include <QVariantList>
 
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "app/shell/Store.h"
 #include "kit/models/campaignLeads.h"
 
 namespace orv {

@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "app/shell/BusySet.h"
-#include "app/shell/RecordModel.h"
-#include "app/shell/RowFields.h"
+#include "app/base/BusySet.h"
+#include "app/base/RecordModel.h"
+#include "app/base/RowFields.h"
 #include "kit/models/campaignLeads.h"
 
 namespace orv {

@@ -2,9 +2,9 @@
 
 #include <QVariantList>
 
+#include "app/base/Actions.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "app/shell/Actions.h"
-#include "app/shell/Store.h"
 
 namespace orv {
 

@@ -2,11 +2,11 @@
 
 #include <QVariantList>
 
+#include "app/base/RecordModel.h"
+#include "app/base/RowFields.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SettingsDraft.h"
-#include "app/shell/RecordModel.h"
-#include "app/shell/RowFields.h"
-#include "app/shell/Store.h"
 #include "kit/models/mailboxes.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #include "app/campaigns/SequenceAutosave.h"
 
-#include "app/shell/EnumName.h"
+#include "app/base/EnumName.h"
 
 using namespace Qt::Literals::StringLiterals;
 

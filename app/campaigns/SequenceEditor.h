@@ -2,12 +2,12 @@
 
 #include <QVariantList>
 
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceAutosave.h"
 #include "app/campaigns/SequencePreview.h"
 #include "app/campaigns/SequenceRows.h"
 #include "app/campaigns/TestEmailForm.h"
-#include "app/shell/Store.h"
 
 namespace orv {
 

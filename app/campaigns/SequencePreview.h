@@ -2,9 +2,9 @@
 
 #include <QVariantList>
 
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceDraft.h"
-#include "app/shell/Store.h"
 #include "kit/models/campaignLeads.h"
 
 namespace orv {

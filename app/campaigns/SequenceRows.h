@@ -2,9 +2,9 @@
 
 #include <boost/describe/class.hpp>
 
+#include "app/base/RecordModel.h"
+#include "app/base/RowFields.h"
 #include "app/campaigns/SequenceDraft.h"
-#include "app/shell/RecordModel.h"
-#include "app/shell/RowFields.h"
 
 namespace orv {
 

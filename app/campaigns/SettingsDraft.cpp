@@ -4,8 +4,8 @@
 #include <QRegularExpression>
 #include <cmath>
 
-#include "app/shell/EmailAddress.h"
-#include "app/shell/RowFields.h"
+#include "app/base/EmailAddress.h"
+#include "app/base/RowFields.h"
 #include "kit/api/wholeNumber.h"
 
 using namespace Qt::Literals::StringLiterals;

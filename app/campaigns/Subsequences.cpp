@@ -135,7 +135,7 @@ Task<void> Subsequences::createTask() {
   cancel();
   m_list.load();
   // The answer may come when the person has gone elsewhere; they are not to be fetched back.
-  if (m_context.services.router.campaign() == m_context.id) open(made->id);
+  if (m_context.services.router.openedItem(Page::campaigns) == m_context.id) open(made->id);
 }
 
 void Subsequences::close() {

@@ -3,11 +3,11 @@
 #include <QStringList>
 #include <QVariantList>
 
+#include "app/base/Actions.h"
+#include "app/base/RecordModel.h"
+#include "app/base/RowFields.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "app/shell/Actions.h"
-#include "app/shell/RecordModel.h"
-#include "app/shell/RowFields.h"
-#include "app/shell/Store.h"
 #include "kit/models/labels.h"
 
 namespace orv {
@@ -69,7 +69,7 @@ class Subsequences final : public Store {
   /// Loads when first shown.
   Q_INVOKABLE void ensureLoaded();
   Q_INVOKABLE void refresh();
-  Q_INVOKABLE void open(const QString& id) { m_context.services.router.openCampaign(id); }
+  Q_INVOKABLE void open(const QString& id) { m_context.services.router.openItem(Page::campaigns, id); }
   Q_INVOKABLE void beginCreate();
   Q_INVOKABLE void toggleLabel(const QString& key);
   Q_INVOKABLE void cancel();

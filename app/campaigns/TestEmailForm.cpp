@@ -1,6 +1,6 @@
 #include "app/campaigns/TestEmailForm.h"
 
-#include "app/shell/EmailAddress.h"
+#include "app/base/EmailAddress.h"
 
 using namespace Qt::Literals::StringLiterals;
 

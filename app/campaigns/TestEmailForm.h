@@ -2,9 +2,9 @@
 
 #include <QStringList>
 
+#include "app/base/EnumName.h"
+#include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "app/shell/EnumName.h"
-#include "app/shell/Store.h"
 
 namespace orv {
 

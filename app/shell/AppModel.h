@@ -5,13 +5,14 @@
 #include <memory>
 #include <optional>
 
+#include "app/base/EnumName.h"
+#include "app/base/Services.h"
+#include "app/base/StoreCache.h"
+#include "app/base/desktop/MemoryPressure.h"
 #include "app/shell/Appearance.h"
-#include "app/shell/EnumName.h"
-#include "app/shell/Services.h"
+#include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
-#include "app/shell/StoreCache.h"
 #include "app/shell/WorkspaceSession.h"
-#include "app/shell/desktop/MemoryPressure.h"
 #include "kit/session/SessionStore.h"
 
 namespace orv {

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-#include "app/shell/desktop/Preferences.h"
+#include "app/base/desktop/Preferences.h"
 
 namespace orv {
 

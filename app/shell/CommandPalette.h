@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "app/shell/ListModel.h"
-#include "app/shell/desktop/Preferences.h"
+#include "app/base/ListModel.h"
+#include "app/base/desktop/Preferences.h"
 
 namespace orv {
 

@@ -4,7 +4,7 @@
 #include <QUrl>
 #include <optional>
 
-#include "app/shell/desktop/Browser.h"
+#include "app/base/desktop/Browser.h"
 #include "kit/async/Clock.h"
 #include "kit/async/OneShot.h"
 

@@ -14,11 +14,17 @@ void Router::open(Page page) {
   Q_EMIT changed();
 }
 
-void Router::openCampaign(const QString& id) { select(Page::campaigns, &Router::m_campaign, id); }
-void Router::openInboxThread(const QString& id) { select(Page::inbox, &Router::m_inboxThread, id); }
-void Router::openLeadList(const QString& id) { select(Page::leads, &Router::m_leadList, id); }
-void Router::openRampupTemplate(const QString& id) { select(Page::rampup, &Router::m_rampupTemplate, id); }
-void Router::openInboxSetupProject(const QString& id) { select(Page::inboxSetup, &Router::m_inboxSetupProject, id); }
+void Router::openItem(Page page, const QString& id) {
+  const auto selection = selectionOf(page);
+  if (!selection || !show(page)) return;
+  this->*selection = id;
+  Q_EMIT changed();
+}
+
+QString Router::openedItem(Page page) const {
+  const auto selection = selectionOf(page);
+  return selection && page == m_page ? this->*selection : QString();
+}
 
 void Router::openSettings(SettingsTab tab) {
   if (!show(Page::settings)) return;
@@ -110,16 +116,26 @@ bool Router::show(Page page) {
   return true;
 }
 
-void Router::select(Page page, QString Router::*selection, const QString& id) {
-  if (!show(page)) return;
-  this->*selection = id;
-  Q_EMIT changed();
+void Router::clearSelections() {
+  for (const auto& info : Pages::all())
+    if (const auto selection = selectionOf(info.page)) (this->*selection).clear();
 }
 
-void Router::clearSelections() {
-  for (auto selection : {&Router::m_inboxThread, &Router::m_campaign, &Router::m_leadList, &Router::m_rampupTemplate,
-                         &Router::m_inboxSetupProject})
-    (this->*selection).clear();
+QString Router::*Router::selectionOf(Page page) {
+  switch (page) {
+    case Page::campaigns:
+      return &Router::m_campaign;
+    case Page::inbox:
+      return &Router::m_inboxThread;
+    case Page::leads:
+      return &Router::m_leadList;
+    case Page::rampup:
+      return &Router::m_rampupTemplate;
+    case Page::inboxSetup:
+      return &Router::m_inboxSetupProject;
+    default:
+      return nullptr;
+  }
 }
 
 Task<void> Router::endGo() {

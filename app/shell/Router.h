@@ -7,15 +7,15 @@
 #include <functional>
 #include <optional>
 
-#include "app/shell/Pages.h"
-#include "app/shell/desktop/Preferences.h"
+#include "app/base/Navigator.h"
+#include "app/base/desktop/Preferences.h"
 #include "kit/async/Clock.h"
 #include "kit/async/TaskScope.h"
 
 namespace orv {
 
 /// Where the person is: the open page, what is selected in it, the palette and the sidebar.
-class Router final : public QObject {
+class Router final : public QObject, public Navigator {
   Q_OBJECT
   Q_PROPERTY(QString page READ pageName NOTIFY changed)
   Q_PROPERTY(QVariantList pages READ pages CONSTANT)
@@ -61,15 +61,12 @@ class Router final : public QObject {
   bool collapsed() const { return m_collapsed; }
   bool goPending() const { return m_goPending; }
 
-  /// Opens the page with nothing selected in it, or says that its feature is off.
-  void open(Page page);
+  void open(Page page) override;
+  void openItem(Page page, const QString& id) override;
+  QString openedItem(Page page) const override;
   /// The same by name; a name that no page has changes nothing.
   Q_INVOKABLE void open(const QString& page);
-  Q_INVOKABLE void openCampaign(const QString& id);
-  Q_INVOKABLE void openInboxThread(const QString& id);
-  Q_INVOKABLE void openLeadList(const QString& id);
-  Q_INVOKABLE void openRampupTemplate(const QString& id);
-  Q_INVOKABLE void openInboxSetupProject(const QString& id);
+  Q_INVOKABLE void openCampaign(const QString& id) { openItem(Page::campaigns, id); }
   void openSettings(SettingsTab tab);
   void setPaletteOpen(bool open);
   void setShortcutsOpen(bool open);
@@ -89,8 +86,9 @@ class Router final : public QObject {
   void changed();
 
  private:
+  /// Where the page keeps which of its records is open; null for pages that have none.
+  static QString Router::*selectionOf(Page page);
   bool show(Page page);
-  void select(Page page, QString Router::*selection, const QString& id);
   void clearSelections();
   Task<void> endGo();
 

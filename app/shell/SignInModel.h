@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "app/shell/EnumName.h"
+#include "app/base/EnumName.h"
 #include "app/shell/GoogleSignIn.h"
 #include "kit/api/APITransport.h"
 #include "kit/async/Clock.h"

@@ -1,6 +1,6 @@
 #include "app/shell/WorkspaceSession.h"
 
-#include "app/shell/RoleGate.h"
+#include "app/base/RoleGate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,7 +19,7 @@ WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, AP
   m_campaigns.setWorkspace(m_workspace);
   m_campaignStores.onNotSaved = [this](const CampaignStore& store) {
     m_services.toasts.show(store.unsavedWork().value(0), Toasts::Tone::error, u"Open"_s,
-                           [&router = m_services.router, id = store.id()] { router.openCampaign(id); });
+                           [&router = m_services.router, id = store.id()] { router.openItem(Page::campaigns, id); });
   };
 }
 

@@ -8,10 +8,10 @@
 
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
+#include "app/base/Services.h"
+#include "app/base/StoreCache.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
-#include "app/shell/Services.h"
-#include "app/shell/StoreCache.h"
 #include "kit/api/APITransport.h"
 #include "kit/session/records.h"
 

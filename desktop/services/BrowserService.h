@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/desktop/Browser.h"
+#include "app/base/desktop/Browser.h"
 
 namespace orv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/shell/desktop/Clipboard.h"
+#include "app/base/desktop/Clipboard.h"
 
 namespace orv {
 

@@ -2,7 +2,7 @@
 
 #include <QDBusConnection>
 
-#include "app/shell/desktop/FilePanel.h"
+#include "app/base/desktop/FilePanel.h"
 #include "desktop/services/PathForm.h"
 
 namespace orv {

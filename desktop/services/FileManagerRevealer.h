@@ -4,7 +4,7 @@
 #include <QUrl>
 #include <functional>
 
-#include "app/shell/desktop/FileRevealer.h"
+#include "app/base/desktop/FileRevealer.h"
 
 namespace orv {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "app/shell/desktop/MemoryPressure.h"
+#include "app/base/desktop/MemoryPressure.h"
 #include "kit/async/Clock.h"
 
 namespace orv {

@@ -2,7 +2,7 @@
 
 #include <QSettings>
 
-#include "app/shell/desktop/Preferences.h"
+#include "app/base/desktop/Preferences.h"
 
 namespace orv {
 

@@ -4,8 +4,8 @@
 #include <QList>
 #include <map>
 
-#include "app/shell/Services.h"
-#include "app/shell/desktop/MemoryPressure.h"
+#include "app/base/Services.h"
+#include "app/base/desktop/MemoryPressure.h"
 #include "kit/session/Keychain.h"
 #include "tests/support/FakeTransport.h"
 #include "tests/support/ManualClock.h"
@@ -107,6 +107,19 @@ class MemoryKeychain final : public Keychain {
   }
 };
 
+/// Remembers where a store led.
+class FakeNavigator final : public Navigator {
+ public:
+  Page page = Page::dashboard;
+  QString item;
+  void open(Page opened) override { openItem(opened, {}); }
+  void openItem(Page opened, const QString& id) override {
+    page = opened;
+    item = id;
+  }
+  QString openedItem(Page asked) const override { return asked == page ? item : QString(); }
+};
+
 /// Everything a store needs, faked.
 struct AppFixture {
   ManualClock clock;
@@ -120,7 +133,7 @@ struct AppFixture {
   MemoryPressure memoryPressure;
   Toasts toasts{clock};
   Overlays overlays;
-  Router router{preferences, clock};
+  FakeNavigator router;
   Services services{clock,    toasts,      overlays,
                     router,   clipboard,   filePanel,
                     revealer, preferences, QUrl(QStringLiteral("https://app.orvella.example"))};

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Analytics
 
 /// What each sending account did in the range.
 OrvTable {

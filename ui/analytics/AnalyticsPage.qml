@@ -1,6 +1,8 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Analytics
+import Orvella.Figures
 
 /// The workspace's results over a range of days: totals, the days, and each campaign's and account's share.
 FocusScope {

@@ -2,6 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
+import Orvella.Analytics
+import Orvella.Figures
 
 /// The workspace's home: today's figures, those of a range, and the days of it as a chart.
 FocusScope {

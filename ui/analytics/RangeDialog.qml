@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Figures
 
 /// Asks for a range of the person's own.
 OnDemand {

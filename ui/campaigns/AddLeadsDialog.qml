@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The dialog that adds leads, shows how far that is, and then what came of it.
 OnDemand {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// How far adding leads is, and the way to stop it.
 Item {

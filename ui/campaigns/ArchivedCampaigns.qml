@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Deleted campaigns, while they can be restored.
 FocusScope {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The top of a campaign's page: the way back, its name and status, its main action and the rest of them.
 Item {

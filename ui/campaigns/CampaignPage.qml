@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// One campaign: its trail and state, what can be done to the whole of it, and its tabs.
 FocusScope {

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.App
+import Orvella.Campaigns
 
 /// The workspace's campaigns, or the archive of deleted ones in their place.
 FocusScope {

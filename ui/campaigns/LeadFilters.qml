@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The line over a campaign's leads: which are shown, the search, the archive, and adding more.
 FilterLine {

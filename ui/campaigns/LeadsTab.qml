@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// A campaign's leads: by status, searched, ticked, added and removed, and the archive of those removed.
 FocusScope {

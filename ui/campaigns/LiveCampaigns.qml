@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The list of campaigns: filters, search, sort and what can be done to each.
 FocusScope {

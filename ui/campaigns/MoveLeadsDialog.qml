@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Picks the campaign that leads move to.
 OnDemand {

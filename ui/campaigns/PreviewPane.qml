@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// How the email being written reads for a lead. Left and Right move between the emails.
 FocusScope {

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The weekly hours in which a campaign sends, with a save of their own.
 SettingsSection {

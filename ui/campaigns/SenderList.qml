@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The mailboxes that a campaign may send from, ticked or not. The arrows move, Space ticks.
 FocusScope {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The sequence of a campaign: its emails, the one being written, and how that reads for a lead.
 FocusScope {

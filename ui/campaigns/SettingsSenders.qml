@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Which mailboxes send for a campaign: those ticked, and those that join by a tag.
 SettingsSection {

@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// A campaign's settings and its schedule. What was changed waits in the store, with a bar that saves or discards it.
 FocusScope {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// What came of each email of the sequence; variants stand indented below their step.
 OrvTable {

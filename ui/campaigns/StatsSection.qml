@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The table that the stats tab shows, or what there is to say instead.
 FocusScope {

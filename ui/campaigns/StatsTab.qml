@@ -1,7 +1,8 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
-import Orvella.Analytics
+import Orvella.Figures
+import Orvella.Campaigns
 
 /// What a campaign has achieved: totals and days of a range, then one table at a time.
 FocusScope {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Asks for a new subsequence's name and for what starts it.
 OnDemand {

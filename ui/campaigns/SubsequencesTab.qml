@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// The campaigns that take over this one's leads when a reply gets a label.
 FocusScope {

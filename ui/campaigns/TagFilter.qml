@@ -2,6 +2,7 @@ import QtQuick
 import QtQml
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Narrows the list to campaigns that carry one of the chosen tags.
 OrvButton {

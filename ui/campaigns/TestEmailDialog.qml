@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Campaigns
 
 /// Asks where a test email goes, and tells how it fares.
 OnDemand {

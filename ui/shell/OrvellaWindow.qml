@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Shell
 
 /// The program's window: what is shown while it starts, signed out, or signed in.
 Window {

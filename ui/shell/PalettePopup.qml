@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Shell
 
 /// The command palette over the window.
 OnDemand {

@@ -3,6 +3,7 @@ import Orvella.Design
 import Orvella.App
 import Orvella.Analytics
 import Orvella.Campaigns
+import Orvella.Shell
 
 /// The pages of one workspace. The one place that knows which pages exist.
 FocusScope {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Shell
 
 /// Every key the program knows, by where it works.
 OnDemand {

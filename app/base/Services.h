@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QUrl>
+
+#include "app/base/Navigator.h"
+#include "app/base/Overlays.h"
+#include "app/base/Toasts.h"
+#include "app/base/desktop/Browser.h"
+#include "app/base/desktop/Clipboard.h"
+#include "app/base/desktop/FilePanel.h"
+#include "app/base/desktop/FileRevealer.h"
+#include "app/base/desktop/Preferences.h"
+#include "kit/async/Clock.h"
+
+namespace orv {
+
+/// What stores use besides their transport. Everything outlives every store.
+struct Services {
+  Clock& clock;
+  Toasts& toasts;
+  Overlays& overlays;
+  Navigator& router;
+  Clipboard& clipboard;
+  FilePanel& filePanel;
+  FileRevealer& revealer;
+  Preferences& preferences;
+  /// Where links that people share point to.
+  QUrl webOrigin;
+};
+
+}  // namespace orv

@@ -1,0 +1,126 @@
+#include "app/base/Toasts.h"
+
+#include "app/base/EnumName.h"
+
+using namespace std::chrono_literals;
+
+namespace orv {
+namespace {
+constexpr qsizetype visibleAtMost = 3;
+}
+
+Toasts::Toasts(Clock& clock, QObject* parent) : QAbstractListModel(parent), m_clock(clock) {}
+
+QUuid Toasts::show(QString message, Tone tone, QString actionLabel, std::function<void()> action, QString detail) {
+  for (qsizetype row = m_toasts.size() - 1; row >= 0; --row)
+    if (m_toasts[row].message == message) removeAt(row);
+
+  const Toast toast{QUuid::createUuid(),    std::move(message), std::move(detail), tone,
+                    std::move(actionLabel), std::move(action)};
+  beginInsertRows({}, count(), count());
+  m_toasts.append(toast);
+  endInsertRows();
+  startTimer(toast);
+  while (m_toasts.size() > visibleAtMost) removeAt(0);
+  Q_EMIT countChanged();
+  return toast.id;
+}
+
+void Toasts::failure(const QString& title, const APIError& error) {
+  if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) return;
+  if (title.isEmpty())
+    show(error.message(), Tone::error);
+  else
+    show(title, Tone::error, {}, {}, error.message());
+}
+
+void Toasts::dismiss(const QUuid& id) {
+  if (const auto row = rowOf(id); row >= 0) {
+    removeAt(row);
+    Q_EMIT countChanged();
+  }
+}
+
+void Toasts::act(const QUuid& id) {
+  const auto row = rowOf(id);
+  if (row < 0) return;
+  const auto action = m_toasts[row].action;
+  dismiss(id);
+  if (action) action();
+}
+
+void Toasts::hold(bool held) {
+  if (std::exchange(m_held, held) == held) return;
+  m_timers.clear();
+  for (const Toast& toast : m_toasts) startTimer(toast);
+}
+
+void Toasts::clear() {
+  if (m_toasts.isEmpty()) return;
+  beginResetModel();
+  m_timers.clear();
+  m_toasts.clear();
+  endResetModel();
+  Q_EMIT countChanged();
+}
+
+std::chrono::milliseconds Toasts::duration(const Toast& toast) {
+  if (toast.tone == Tone::error) return 6s;
+  return toast.actionLabel.isEmpty() ? 3500ms : 5s;
+}
+
+Task<void> Toasts::expire(QUuid id, std::chrono::milliseconds after) {
+  co_await m_clock.sleep(after);
+  dismiss(id);
+}
+
+void Toasts::startTimer(const Toast& toast) {
+  if (m_held) return;
+  auto& slot = m_timers[toast.id] = std::make_unique<TaskSlot>();
+  slot->start(expire(toast.id, duration(toast)));
+}
+
+void Toasts::removeAt(qsizetype row) {
+  beginRemoveRows({}, int(row), int(row));
+  m_timers.erase(m_toasts[row].id);
+  m_toasts.removeAt(row);
+  endRemoveRows();
+}
+
+qsizetype Toasts::rowOf(const QUuid& id) const {
+  for (qsizetype row = 0; row < m_toasts.size(); ++row)
+    if (m_toasts[row].id == id) return row;
+  return -1;
+}
+
+int Toasts::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count(); }
+
+QVariant Toasts::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  const Toast& toast = m_toasts[index.row()];
+  switch (role) {
+    case IdRole:
+      return toast.id;
+    case Qt::DisplayRole:
+    case MessageRole:
+      return toast.message;
+    case DetailRole:
+      return toast.detail;
+    case ToneRole:
+      return enumName(toast.tone);
+    case ActionLabelRole:
+      return toast.actionLabel;
+    default:
+      return {};
+  }
+}
+
+QHash<int, QByteArray> Toasts::roleNames() const {
+  return {{IdRole, "toastId"},
+          {MessageRole, "message"},
+          {DetailRole, "detail"},
+          {ToneRole, "tone"},
+          {ActionLabelRole, "actionLabel"}};
+}
+
+}  // namespace orv

@@ -1,0 +1,365 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/base/RecordModel.h"
+#include "app/base/Resource.h"
+#include "app/base/Store.h"
+#include "app/base/StoreCache.h"
+#include "kit/models/campaigns.h"
+#include "tests/support/AppFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+using Answer = std::variant<int, APIError>;
+
+/// Loads whose answers the test gives, each by its number.
+struct Loads {
+  std::vector<OneShot<Answer>> asked;
+
+  Task<int> next() {
+    asked.emplace_back();
+    return wait(asked.back());
+  }
+  static Task<int> wait(OneShot<Answer> answer) {
+    const Answer given = co_await answer.wait();
+    if (const auto* error = std::get_if<APIError>(&given)) throw *error;
+    co_return std::get<int>(given);
+  }
+  void give(size_t load, Answer answer) { asked[load].give(std::move(answer)); }
+};
+
+APIError error(APIError::Kind kind) { return APIError::of(kind); }
+
+}  // namespace
+
+struct Kept final : Store {
+  QStringList& closed;
+  /// Set while there is something to save; gives how that ends.
+  std::optional<OneShot<bool>> saved;
+  Kept(QString key, QStringList& log) : closed(log) { setObjectName(key); }
+  void close() override { closed.append(objectName()); }
+  QStringList unsavedWork() const { return saved ? QStringList{objectName()} : QStringList(); }
+  Task<bool> flush() { co_return co_await saved->wait(); }
+};
+
+class BaseTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<AppFixture> f;
+  std::unique_ptr<Loads> loads;
+
+  Resource<int> resource(std::optional<int> emptyValue = {}) const {
+    return Resource<int>(
+        f->clock, [this] { return loads->next(); }, [](int value) { return value == 0; }, emptyValue);
+  }
+
+ private Q_SLOTS:
+  void init() {
+    f = std::make_unique<AppFixture>();
+    loads = std::make_unique<Loads>();
+  }
+  void cleanup() { f.reset(); }
+
+  void onlyTheNewestLoadCounts() {
+    auto resource = this->resource();
+    resource.load();
+    resource.load();
+    loads->give(1, 2);
+    loads->give(0, 1);
+    QCOMPARE(*resource.value(), 2);
+    QVERIFY(!resource.refreshing());
+    QCOMPARE(resource.loadedAt(), f->clock.now());
+  }
+
+  void refreshEndsInTheRightState_data() {
+    QTest::addColumn<int>("first");
+    QTest::addColumn<APIError::Kind>("failure");
+    QTest::addColumn<ResourceBase::State>("state");
+    QTest::addColumn<bool>("hasContent");
+    QTest::addColumn<bool>("told");
+    using Kind = APIError::Kind;
+    using State = ResourceBase::State;
+    QTest::newRow("content, offline") << 5 << Kind::offline << State::Offline << true << false;
+    QTest::newRow("empty, offline") << 0 << Kind::offline << State::Offline << false << false;
+    QTest::newRow("content, refused") << 5 << Kind::server << State::Ready << true << true;
+    QTest::newRow("empty, refused") << 0 << Kind::unreachable << State::Empty << false << true;
+    QTest::newRow("content, cancelled") << 5 << Kind::cancelled << State::Ready << true << false;
+  }
+  void refreshEndsInTheRightState() {
+    QFETCH(int, first);
+    QFETCH(APIError::Kind, failure);
+    QFETCH(bool, told);
+    auto resource = this->resource();
+    QSignalSpy failed(&resource, &ResourceBase::refreshFailed);
+    resource.load();
+    loads->give(0, first);
+    resource.load();
+    QVERIFY(resource.refreshing());
+    loads->give(1, error(failure));
+    QTEST(resource.stateName(), "state");
+    QTEST(resource.hasContent(), "hasContent");
+    QCOMPARE(failed.count(), told ? 1 : 0);
+    QVERIFY(!resource.refreshing());
+  }
+
+  void contentDoesNotOutliveAnotherQuestionThatFails_data() {
+    QTest::addColumn<APIError::Kind>("failure");
+    QTest::addColumn<ResourceBase::State>("state");
+    QTest::newRow("offline") << APIError::Kind::offline << ResourceBase::State::Offline;
+    QTest::newRow("refused") << APIError::Kind::server << ResourceBase::State::Error;
+  }
+  void contentDoesNotOutliveAnotherQuestionThatFails() {
+    QFETCH(APIError::Kind, failure);
+    auto resource = this->resource(0);
+    QSignalSpy failed(&resource, &ResourceBase::refreshFailed);
+    resource.load();
+    loads->give(0, 5);
+    resource.ask();
+    QVERIFY(resource.refreshing() && resource.hasContent());
+    // A reload meanwhile is still of the question that has no answer.
+    resource.load();
+    loads->give(2, error(failure));
+    QTEST(resource.stateName(), "state");
+    QVERIFY(!resource.hasContent() && !resource.value() && !resource.refreshing());
+    QCOMPARE(failed.count(), 0);
+
+    resource.load();
+    QVERIFY(resource.state().isLoading());
+    loads->give(3, 6);
+    resource.load();
+    loads->give(4, error(failure));
+    QVERIFY(resource.hasContent());
+    QCOMPARE(*resource.value(), 6);
+  }
+
+  void firstLoadFailsIntoAnErrorAndIsRetried() {
+    auto resource = this->resource();
+    resource.load();
+    loads->give(0, error(APIError::Kind::unreachable));
+    QCOMPARE(resource.message(), u"Orvella can’t be reached right now. Try again in a moment."_s);
+    resource.load();
+    QVERIFY(resource.state().isLoading());
+    loads->give(1, error(APIError::Kind::offline));
+    QVERIFY(resource.state().isOffline() && !resource.hasContent());
+    resource.load();
+    loads->give(2, 3);
+    resource.load();
+    loads->give(3, error(APIError::Kind::offline));
+    resource.load();
+    loads->give(4, error(APIError::Kind::offline));
+    QCOMPARE(*resource.state().value(), 3);
+  }
+
+  void emptyValueStandsInWhileOffline() {
+    auto resource = this->resource(0);
+    resource.load();
+    loads->give(0, 0);
+    resource.load();
+    loads->give(1, error(APIError::Kind::offline));
+    QVERIFY(resource.hasContent());
+  }
+
+  void aChangeInPlaceOutlivesALoadThatBeganBefore() {
+    auto resource = this->resource();
+    resource.load();
+    loads->give(0, 1);
+    resource.load();
+    resource.update([](int& value) { value = 7; });
+    loads->give(1, 1);
+    QCOMPARE(*resource.value(), 7);
+    loads->give(2, 8);
+    QCOMPARE(*resource.value(), 8);
+    QVERIFY(!resource.refreshing());
+  }
+
+  void toastsStackThreeAndNeverTwice() {
+    for (const auto& text : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}) f->toasts.show(text);
+    QCOMPARE(f->toasts.count(), 3);
+    QCOMPARE(f->toasts.toasts().first().message, u"3"_s);
+    f->clock.advance(3400ms);
+    f->toasts.show(u"4"_s);
+    f->clock.advance(200ms);
+    QCOMPARE(f->toasts.count(), 1);
+    QCOMPARE(f->toasts.toasts().first().message, u"4"_s);
+  }
+
+  void toastsTimeOut_data() {
+    QTest::addColumn<Toasts::Tone>("tone");
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<int>("milliseconds");
+    QTest::newRow("standard") << Toasts::Tone::standard << QString() << 3500;
+    QTest::newRow("success with action") << Toasts::Tone::success << u"Undo"_s << 5000;
+    QTest::newRow("error") << Toasts::Tone::error << QString() << 6000;
+    QTest::newRow("error with action") << Toasts::Tone::error << u"Retry"_s << 6000;
+  }
+  void toastsTimeOut() {
+    QFETCH(Toasts::Tone, tone);
+    QFETCH(QString, action);
+    QFETCH(int, milliseconds);
+    f->toasts.show(u"x"_s, tone, action);
+    f->clock.advance(std::chrono::milliseconds(milliseconds - 1));
+    QCOMPARE(f->toasts.count(), 1);
+    f->clock.advance(1ms);
+    QCOMPARE(f->toasts.count(), 0);
+  }
+
+  void heldToastsWait() {
+    QAbstractItemModelTester tester(&f->toasts, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    int undone = 0;
+    const auto id = f->toasts.show(u"x"_s, Toasts::Tone::standard, u"Undo"_s, [&undone] { ++undone; });
+    f->toasts.hold(true);
+    f->toasts.show(u"y"_s);
+    f->clock.advance(60s);
+    QCOMPARE(f->toasts.count(), 2);
+    f->toasts.hold(false);
+    f->toasts.act(id);
+    f->toasts.act(id);
+    QCOMPARE(undone, 1);
+    f->clock.advance(3500ms);
+    QCOMPARE(f->toasts.count(), 0);
+  }
+
+  static Task<void> ask(Overlays* overlays, QString title, QStringList* answers) {
+    const bool yes = co_await overlays->confirm({title, {}, {}, {}, false, {}});
+    answers->append(title + (yes ? u" yes"_s : u" no"_s));
+  }
+  void questionsStackAndDieWithTheirAsker() {
+    QStringList answers;
+    TaskScope scope;
+    TaskSlot dying;
+    scope.start(ask(&f->overlays, u"first"_s, &answers));
+    const int first = f->overlays.token();
+    dying.start(ask(&f->overlays, u"second"_s, &answers));
+    QCOMPARE(f->overlays.title(), u"second"_s);
+    dying.cancel();
+    QCOMPARE(f->overlays.title(), u"first"_s);
+    f->overlays.answer(first + 1, true);
+    QVERIFY(answers.isEmpty());
+    f->overlays.answer(first, true);
+    QCOMPARE(answers, QStringList{u"first yes"_s});
+    scope.start(ask(&f->overlays, u"third"_s, &answers));
+    f->overlays.dismissAll();
+    QCOMPARE(answers.last(), u"third no"_s);
+    QVERIFY(!f->overlays.asking());
+  }
+
+  void recordsAreChangedRowByRow() {
+    RecordModel<CampaignSummary> model;
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const auto records = [](const QString& ids) {
+      std::vector<CampaignSummary> list;
+      for (const QChar id : ids) {
+        CampaignSummary record;
+        record.id = id;
+        record.name = id.toUpper();
+        list.push_back(record);
+      }
+      return list;
+    };
+    model.update(records(u"abcdef"_s));
+    QSignalSpy resets(&model, &QAbstractItemModel::modelReset), removed(&model, &QAbstractItemModel::rowsRemoved),
+        inserted(&model, &QAbstractItemModel::rowsInserted), changed(&model, &QAbstractItemModel::dataChanged);
+    const QPersistentModelIndex kept = model.index(4);
+    auto next = records(u"xaefb"_s);
+    next[2].name = u"renamed"_s;
+    model.update(next);
+    QVERIFY(model.records() == next);
+    QCOMPARE(resets.count(), 0);
+    QCOMPARE(removed.count(), 1);
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(kept.row(), 2);
+
+    QString many;
+    for (char16_t c = u'\u4e00'; c < u'\u4e00' + 500; ++c) many.prepend(c);
+    model.update(records(many));
+    std::ranges::reverse(many);
+    model.update(records(many));
+    QCOMPARE(model.records().front().id, QString(u'\u4e00'));
+    QCOMPARE(model.count(), 500);
+
+    // Another question: rows in common are followed, whatever comes and goes around them.
+    for (const auto& ids : {u"abcdef"_s, u"fxa"_s, u"yzaxwvu"_s, QString(), u"ab"_s, u"cd"_s}) {
+      const std::vector<CampaignSummary> before = model.records();
+      QList<QPersistentModelIndex> held;
+      for (int row = 0; row < model.count(); ++row) held.append(model.index(row));
+      const auto after = records(ids);
+      model.replace(after);
+      QVERIFY(model.records() == after);
+      for (size_t i = 0; i < before.size(); ++i) QCOMPARE(held[qsizetype(i)].row(), int(ids.indexOf(before[i].id)));
+    }
+    QCOMPARE(resets.count(), 0);
+  }
+
+  void cachesEvictByTheirOwnOrder() {
+    QStringList closed;
+    const auto open = [&](StoreCache<Kept>& cache, const QString& keys) {
+      for (const QChar key : keys) cache.open(key, [&] { return new Kept(key, closed); });
+      return cache.keys().join(QString());
+    };
+    StoreCache<Kept> byLastOpening(3, StoreCache<Kept>::Order::lastOpening);
+    QCOMPARE(open(byLastOpening, u"ABCAD"_s), u"CAD"_s);
+    StoreCache<Kept> byFirstOpening(3, StoreCache<Kept>::Order::firstOpening);
+    QCOMPARE(open(byFirstOpening, u"ABCAD"_s), u"BCD"_s);
+    QCOMPARE(closed, (QStringList{u"B"_s, u"A"_s}));
+    byFirstOpening.keepOnly(u"C"_s);
+    QCOMPARE(byFirstOpening.keys(), QStringList{u"C"_s});
+    settle();
+  }
+
+  void cachesKeepUnsavedWork() {
+    QStringList closed, notSaved;
+    StoreCache<Kept> cache(1, StoreCache<Kept>::Order::firstOpening);
+    cache.onNotSaved = [&](const Kept& kept) { notSaved.append(kept.objectName()); };
+    const auto open = [&](const QString& key) { return cache.open(key, [&] { return new Kept(key, closed); }); };
+    const auto openUnsaved = [&](const QString& key) {
+      Kept* kept = open(key);
+      kept->saved.emplace();
+      return kept;
+    };
+
+    Kept* a = openUnsaved(u"A"_s);
+    open(u"B"_s);
+    settle();
+    QCOMPARE(closed, QStringList());
+    QCOMPARE(cache.unsavedWork(), QStringList{u"A"_s});
+    a->saved->give(true);
+    QCOMPARE(closed, QStringList{u"A"_s});
+
+    // Opened again while it was being saved: it is the same one, and stays.
+    Kept* c = openUnsaved(u"C"_s);
+    openUnsaved(u"D"_s);
+    settle();
+    QCOMPARE(open(u"C"_s), c);
+    const auto first = *c->saved;
+    c->saved.emplace();
+    OneShot<bool>(first).give(true);
+    QCOMPARE(cache.keys(), QStringList{u"C"_s});
+    QVERIFY(!closed.contains(u"C"_s));
+
+    // D is aside and cannot be saved: it is told of, unless it is back at once, and kept until everything goes.
+    cache.open(u"D"_s, [] { return nullptr; })->saved->give(false);
+    cache.evictAll();
+    open(u"D"_s);
+    settle();
+    QCOMPARE(notSaved, QStringList());
+    open(u"E"_s);
+    settle();
+    QCOMPARE(notSaved, QStringList{u"D"_s});
+    QVERIFY(cache.unsavedWork().contains(u"D"_s));
+    closed.clear();
+    cache.clear();
+    closed.sort();
+    QCOMPARE(closed, (QStringList{u"C"_s, u"D"_s, u"E"_s}));
+    settle();
+  }
+};
+
+QTEST_GUILESS_MAIN(BaseTest)
+#include "base_test.moc"

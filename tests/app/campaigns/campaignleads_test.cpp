@@ -1,0 +1,420 @@
+#include <QAbstractItemModelTester>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include "app/campaigns/CampaignLeads.h"
+#include "tests/app/campaigns/CampaignFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const auto get = u"GET /campaigns/c1/leads"_s;
+const auto add = u"POST /campaigns/c1/leads"_s;
+const auto bulk = u"POST /campaigns/c1/leads/bulk"_s;
+const auto restore = u"POST /campaigns/c1/leads/restore"_s;
+const QByteArray refusal = R"({"title":"Not now","detail":"It is being checked."})";
+
+/// A lead "l7" is "p7@x.example" of "Company 7".
+QByteArray lead(int number, const QByteArray& status = "active", const QByteArray& more = {}) {
+  const QByteArray n = QByteArray::number(number);
+  return R"({"id":"l)" + n + R"(","email":"p)" + n + R"(@x.example","company":"Company )" + n + R"(","status":")" +
+         status + R"(")" + more + "}";
+}
+
+QByteArray page(const QList<int>& numbers, const QByteArray& next = {}, const QByteArray& status = "active") {
+  QByteArrayList items;
+  for (const int number : numbers) items.append(lead(number, status));
+  return R"({"items":[)" + items.join(',') + "]" + (next.isEmpty() ? "" : R"(,"nextCursor":")" + next + R"(")") +
+         R"(,"counts":{"active":9,"replied":2},"archivedCount":3})";
+}
+
+QByteArray detailOf(const QByteArray& one) {
+  return R"({"lead":)" + one + R"(,"steps":4,"next":{"step":2},)" +
+         R"("activity":[{"kind":"sent","at":"","step":1,"variant":"A"}]})";
+}
+
+QByteArray campaigns(const QList<std::pair<QByteArray, QByteArray>>& named) {
+  QByteArrayList items;
+  for (const auto& [id, name] : named)
+    items.append(R"({"id":")" + id + R"(","name":")" + name + R"(","status":"draft","senders":0,"steps":0,"leads":1,)" +
+                 R"("sent":0,"replied":0,"positive":0,"bounced":0,"createdAt":""})");
+  return R"({"items":[)" + items.join(',') + "]}";
+}
+
+}  // namespace
+
+class CampaignLeadsTest : public QObject {
+  Q_OBJECT
+
+  struct Life : CampaignFixture {
+    CampaignLeads store{context};
+    QAbstractItemModelTester tester{store.rows(), QAbstractItemModelTester::FailureReportingMode::QtTest};
+  };
+  std::unique_ptr<Life> life;
+  AppFixture* f = nullptr;
+  CampaignLeads* store = nullptr;
+
+  void load(const QByteArray& answer) {
+    f->api.expect(get);
+    store->ensureLoaded();
+    f->api.answer(get, answer);
+  }
+  void more(const QByteArray& answer) {
+    f->api.expect(get);
+    store->loadMore();
+    f->api.answer(get, answer);
+  }
+  QStringList shown() const {
+    QStringList ids;
+    for (const LeadRow& row : store->rows()->records()) ids.append(row.id);
+    return ids;
+  }
+  QStringList ticked() const {
+    QStringList ids = store->selected();
+    ids.sort();
+    return ids;
+  }
+  QString asked(const QString& item) const {
+    for (const QueryItem& given : f->api.last().request.query)
+      if (given.name == item) return given.value.value_or(QString());
+    return {};
+  }
+  QJsonObject body() const { return QJsonDocument::fromJson(*f->api.last().request.body).object(); }
+  QString toast() const { return f->toasts.count() ? f->toasts.toasts().last().message : QString(); }
+
+ private Q_SLOTS:
+  void init() {
+    life = std::make_unique<Life>();
+    f = &life->f;
+    store = &life->store;
+  }
+  void cleanup() { life.reset(); }
+
+  void pagesFollowTheCursor() {
+    load(page({1, 2}, "a+b="));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s}));
+    QCOMPARE(store->countText(), u"2 of 11 leads"_s);
+    QCOMPARE(asked(u"limit"_s), u"200"_s);
+    f->api.expect(get);
+    store->loadMore();
+    store->loadMore();
+    QCOMPARE(asked(u"cursor"_s), u"a+b="_s);
+    QVERIFY(store->loadingMore());
+    f->api.answer(get, refusal, 500);
+    QVERIFY(store->moreFailed() && !store->loadingMore() && shown().size() == 2);
+    QCOMPARE(f->toasts.count(), 0);
+
+    // A lead that moved between two pages comes twice and is there once.
+    more(page({2, 3}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s, u"l3"_s}));
+    QVERIFY(!store->canLoadMore() && !store->moreFailed());
+    QCOMPARE(store->countText(), u"3 leads"_s);
+    store->loadMore();
+  }
+
+  void aLatePageOfAnotherQuestionIsNobodys() {
+    load(page({1, 2}, "n"));
+    f->api.expect(get);
+    store->loadMore();
+    f->api.expect(get);
+    store->toggle(u"l1"_s);
+    store->setLeadStatus(u"replied"_s);
+    QCOMPARE(f->api.cancelled(), QStringList{get});
+    QVERIFY(!store->loadingMore() && ticked().isEmpty());
+    QCOMPARE(asked(u"status"_s), u"replied"_s);
+    QCOMPARE(asked(u"cursor"_s), QString());
+    store->loadMore();
+    f->api.expect(get);
+    store->setLeadsArchived(true);
+    QCOMPARE(asked(u"archived"_s), u"1"_s);
+    QCOMPARE(asked(u"status"_s), QString());
+    f->api.answer(get, page({7}));
+    QCOMPARE(shown(), QStringList{u"l7"_s});
+  }
+
+  void aReloadKeepsWhatWasReadAndTicked() {
+    load(page({1, 2}, "a"));
+    more(page({3, 4}, "b"));
+    store->toggle(u"l2"_s);
+    store->toggle(u"l4"_s);
+    f->api.expect(get);
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, page({1, 9}, "a", "paused"));
+    // The first page is there, the rest stays until it has been read again.
+    QVERIFY(shown().contains(u"l4"_s));
+    QCOMPARE(store->rows()->index(0).data(LeadRowsModel::StatusWordRole).toString(), u"paused"_s);
+    QVERIFY(store->loadingMore());
+    store->loadMore();
+    f->api.answer(get, page({4, 5}, "c"));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l9"_s, u"l4"_s, u"l5"_s}));
+    QCOMPARE(ticked(), QStringList{u"l4"_s});
+    QVERIFY(store->canLoadMore() && !store->loadingMore());
+
+    // Read again only in part, the rest stays on the screen, and trying again begins at the top.
+    f->api.expect(get);
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, page({1, 9}, "a"));
+    f->api.answer(get, refusal, 500);
+    QCOMPARE(shown().size(), 4);
+    QVERIFY(store->moreFailed());
+    f->api.expect(get);
+    store->loadMore();
+    QCOMPARE(asked(u"cursor"_s), QString());
+    f->api.answer(get, page({1}));
+    QCOMPARE(shown(), QStringList{u"l1"_s});
+  }
+
+  void whatLeavesWhileTheListIsReadAgainStaysOut() {
+    load(page({1, 2}, "a"));
+    more(page({3, 4}));
+    f->api.expect(get);
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, page({1, 2}, "a"));
+    f->api.expect(u"DELETE /campaigns/c1/leads/l3"_s);
+    f->api.expect(get);
+    store->remove({u"l3"_s});
+    f->api.answer(u"DELETE /campaigns/c1/leads/l3"_s, {}, 204);
+    QCOMPARE(f->api.cancelled(), QStringList{get});
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s, u"l4"_s}));
+    QVERIFY(!store->loadingMore());
+    f->api.expect(get);
+    f->api.answer(get, page({1, 2}, "a"));
+    f->api.answer(get, page({4}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s, u"l4"_s}));
+    QVERIFY(!store->moreFailed() && !store->canLoadMore());
+  }
+
+  void theSearchIsLocalAndReadsOnWhileItFindsLittle() {
+    load(page({1, 2, 12}, "n"));
+    f->api.expect(get);
+    store->setLeadQuery(u" COMPANY 1"_s);
+    store->setLeadQuery(u" P1"_s);
+    f->clock.advance(200ms);
+    QCOMPARE(shown().size(), 3);
+    f->clock.advance(60ms);
+    settle();
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l12"_s}));
+    QCOMPARE(store->countText(), u"2 of 3 leads read so far"_s);
+    f->api.answer(get, page({3, 13}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l12"_s, u"l13"_s}));
+    QCOMPARE(store->countText(), u"3 of 5 leads"_s);
+    store->toggleAll();
+    store->showAll();
+    QCOMPARE(shown().size(), 5);
+    QCOMPARE(ticked(), (QStringList{u"l1"_s, u"l12"_s, u"l13"_s}));
+  }
+
+  void ticksReachOverRanges() {
+    load(page({1, 2, 3, 4, 5}));
+    store->toggle(u"l2"_s);
+    store->extendTo(u"l5"_s, u"l4"_s);
+    QCOMPARE(ticked(), (QStringList{u"l2"_s, u"l3"_s, u"l4"_s}));
+    store->extendTo(u"l4"_s, u"l1"_s);
+    QCOMPARE(ticked(), (QStringList{u"l1"_s, u"l2"_s, u"l3"_s, u"l4"_s}));
+    store->toggleAll();
+    QCOMPARE(ticked().size(), 5);
+    store->toggleAll();
+    QVERIFY(ticked().isEmpty());
+    store->extendTo(u"l3"_s, u"l4"_s);
+    QCOMPARE(ticked(), (QStringList{u"l3"_s, u"l4"_s}));
+  }
+
+  void actionsOnMany_data() {
+    QTest::addColumn<QString>("verb");
+    QTest::addColumn<QStringList>("ids");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("success");
+    QTest::addColumn<QString>("failure");
+    const QStringList two{u"l1"_s, u"l2"_s};
+    const QByteArray both = R"({"changed":2,"skipped":0})";
+    QTest::newRow("pause") << u"pause"_s << two << bulk << both << u"Paused 2 leads"_s << u"Couldn’t pause 2 leads"_s;
+    QTest::newRow("resume one") << u"resume"_s << QStringList{u"l2"_s} << bulk
+                                << QByteArray(R"({"changed":1,"skipped":0})") << u"Resumed p2@x.example"_s
+                                << u"Couldn’t resume p2@x.example"_s;
+    QTest::newRow("none") << u"pause"_s << two << bulk << QByteArray(R"({"changed":0,"skipped":2})")
+                          << u"Nothing to change"_s << u"Couldn’t pause 2 leads"_s;
+    QTest::newRow("remove") << u"remove"_s << two << bulk << both << u"Removed 2 leads. They’re in Archived."_s
+                            << u"Couldn’t remove 2 leads"_s;
+    QTest::newRow("remove one") << u"remove"_s << QStringList{u"l2"_s} << u"DELETE /campaigns/c1/leads/l2"_s
+                                << QByteArray() << u"Removed p2@x.example. It’s in Archived."_s
+                                << u"Couldn’t remove p2@x.example"_s;
+    QTest::newRow("restore") << u"restore"_s << two << restore << QByteArray(R"({"restored":2})")
+                             << u"2 leads restored"_s << u"Couldn’t restore 2 leads"_s;
+    QTest::newRow("for good") << u"good"_s << QStringList{u"l1"_s} << u"DELETE /campaigns/c1/leads/l1"_s << QByteArray()
+                              << u"p1@x.example deleted for good"_s << u"Couldn’t delete p1@x.example"_s;
+  }
+  void actionsOnMany() {
+    QFETCH(QString, verb);
+    QFETCH(QStringList, ids);
+    QFETCH(QString, label);
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, failure);
+    load(page({1, 2, 3}));
+    const auto act = [&] {
+      if (verb == "pause"_L1) store->pause(ids);
+      if (verb == "resume"_L1) store->resume(ids);
+      if (verb == "remove"_L1) store->remove(ids);
+      if (verb == "restore"_L1) store->restore(ids);
+      if (verb == "good"_L1) store->removeForGood(ids.first());
+      if (f->overlays.asking()) f->overlays.answer(f->overlays.token(), true);
+    };
+    f->api.expect(label);
+    act();
+    QVERIFY(store->bulkBusy() || !store->busyIds().isEmpty());
+    // A second press while the first is on its way sends nothing.
+    act();
+    f->api.answer(label, refusal, 422);
+    QVERIFY(!store->bulkBusy() && store->busyIds().isEmpty());
+    QCOMPARE(toast(), failure);
+    QCOMPARE(shown().size(), 3);
+    QCOMPARE(life->refreshes, 0);
+
+    f->api.expect(label);
+    act();
+    f->api.expect(get);
+    f->api.answer(label, answer, answer.isEmpty() ? 204 : 200);
+    QTEST(toast(), "success");
+    QCOMPARE(life->refreshes, 1);
+    const bool leaves = verb == "remove"_L1 || verb == "good"_L1;
+    QCOMPARE(shown().size(), leaves ? 3 - ids.size() : 3);
+    f->api.answer(get, page({3}));
+    QVERIFY(!store->bulkBusy() && store->busyIds().isEmpty());
+  }
+
+  void aRemovalIsUndone() {
+    load(page({1, 2}));
+    f->api.expect(u"DELETE /campaigns/c1/leads/l2"_s);
+    f->api.expect(get);
+    store->remove({u"l2"_s});
+    f->api.answer(u"DELETE /campaigns/c1/leads/l2"_s, {}, 204);
+    f->api.answer(get, page({1}));
+    f->api.expect(restore);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QCOMPARE(body().value("leadIds"_L1).toArray(), QJsonArray{u"l2"_s});
+    f->api.expect(get);
+    f->api.answer(restore, R"({"restored":1})");
+    QCOMPARE(toast(), u"p2@x.example restored"_s);
+    f->api.answer(get, page({1, 2}));
+    QCOMPARE(shown().size(), 2);
+  }
+
+  void aMoveTakesLeadsElsewhere() {
+    const auto list = u"GET /campaigns"_s, move = u"POST /campaigns/c1/leads/move"_s;
+    load(page({1, 2}));
+    f->api.expect(list);
+    store->beginMove({u"l1"_s, u"l2"_s});
+    f->api.answer(list, campaigns({{"c1", "Here"}, {"c2", "There"}, {"c3", "Else"}}));
+    QCOMPARE(store->move()->options().size(), 2);
+    store->move()->setQuery(u"the"_s);
+    QCOMPARE(store->move()->options().size(), 1);
+    QVERIFY(!store->move()->canSubmit());
+    store->move()->setTarget(u"c2"_s);
+    f->api.expect(move);
+    store->move()->submit();
+    store->move()->submit();
+    f->api.answer(move, refusal, 422);
+    QVERIFY(store->move()->shown() && !store->move()->busy());
+    QCOMPARE(store->move()->error(), u"Not now: It is being checked."_s);
+
+    f->api.expect(move);
+    f->api.expect(get);
+    store->move()->submit();
+    f->api.answer(move, R"({"moved":1,"skipped":1})");
+    QVERIFY(!store->move()->shown());
+    QCOMPARE(toast(), u"Moved 1 lead to There"_s);
+    QCOMPARE(f->toasts.toasts().last().detail, u"1 lead stayed, already in There"_s);
+    f->api.answer(get, page({2}));
+    QCOMPARE(shown(), QStringList{u"l2"_s});
+  }
+
+  void leadsThatMayHaveBeenAddedAreRead() {
+    load(page({1}));
+    store->adding()->show(u"manual"_s);
+    store->adding()->setEmail(u"new@x.example"_s);
+    f->api.expect(add);
+    store->adding()->submit();
+    f->api.expect(get);
+    f->api.fail(add, TransportFailure::timedOut);
+    f->api.answer(get, page({1, 2}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s}));
+    QCOMPARE(life->refreshes, 1);
+  }
+
+  void whatWasTypedAboutALeadStays() {
+    const auto detail = u"GET /campaigns/c1/leads/l1"_s, edit = u"PATCH /campaigns/c1/leads/l1"_s;
+    const QByteArray withData = lead(1, "active", R"(,"data":{"size":9,"city":"Ulm","list":[1]})");
+    load(page({1, 2}));
+    LeadPanel& panel = *store->panel();
+    f->api.expect(detail);
+    store->open(u"l1"_s);
+    QVERIFY(panel.shown() && !panel.detailed());
+    f->api.answer(detail, detailOf(withData));
+    QCOMPARE(panel.fieldNames(), (QStringList{u"city"_s, u"size"_s}));
+    QCOMPARE(panel.fieldText(u"size"_s), u"9"_s);
+    QCOMPARE(panel.next(), u"Step 2 of 4 is next"_s);
+    QCOMPARE(panel.activity().first().toMap()[u"text"_s].toString(), u"Step 1A"_s);
+
+    panel.setField(u"city"_s, u"Bonn"_s);
+    panel.setField(u"size"_s, u"10"_s);
+    panel.setField(u"size"_s, u"9"_s);
+    f->api.expect(edit);
+    panel.save();
+    panel.save();
+    QCOMPARE(body(), (QJsonObject{{u"data"_s, QJsonObject{{u"city"_s, u"Bonn"_s}}}}));
+    f->api.answer(edit, refusal, 422);
+    QVERIFY(panel.dirty() && !panel.saving() && !panel.error().isEmpty());
+    QCOMPARE(panel.fieldText(u"city"_s), u"Bonn"_s);
+
+    // Typed on while it was saved, it is not saved yet.
+    f->api.expect(edit);
+    panel.save();
+    panel.setField(u"city"_s, u"Bonn am Rhein"_s);
+    f->api.answer(edit, lead(1, "active", R"(,"data":{"size":9,"city":"Bonn"})"));
+    QVERIFY(panel.dirty() && !panel.saving());
+    QCOMPARE(panel.fieldText(u"city"_s), u"Bonn am Rhein"_s);
+
+    store->open(u"l2"_s);
+    QVERIFY(f->overlays.asking());
+    f->overlays.answer(f->overlays.token(), false);
+    QCOMPARE(panel.leadId(), u"l1"_s);
+    f->api.expect(u"GET /campaigns/c1/leads/l2"_s);
+    store->open(u"l2"_s);
+    f->overlays.answer(f->overlays.token(), true);
+    QCOMPARE(panel.leadId(), u"l2"_s);
+    QVERIFY(!panel.dirty() && panel.fieldNames().isEmpty() && panel.activity().isEmpty());
+    panel.dismiss();
+    QVERIFY(!panel.shown());
+  }
+
+  void aHundredThousandAreSearchedAndGrow() {
+    QList<CampaignLead> all;
+    for (int i = 0; i < 100'000; ++i) {
+      CampaignLead one;
+      one.id = u"l%1"_s.arg(i);
+      one.email = u"p%1@x.example"_s.arg(i);
+      all.append(one);
+    }
+    LeadIndex index;
+    index.replace(all);
+    QCOMPARE(index.matching(u"p9999"_s).size(), size_t(11));
+    index.remove({u"l0"_s, u"l99999"_s});
+    QVERIFY(!index.find(u"l0"_s) && index.find(u"l1"_s)->email == u"p1@x.example"_s);
+    all[1].company = u"Grown"_s;
+    QCOMPARE(index.append({all[0], all[1]}).size(), size_t(1));
+    QCOMPARE(index.matching(u"grown"_s).size(), size_t(1));
+    QCOMPARE(index.matching({}).back().id, u"l0"_s);
+  }
+};
+
+QTEST_GUILESS_MAIN(CampaignLeadsTest)
+#include "campaignleads_test.moc"

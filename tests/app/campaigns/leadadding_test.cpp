@@ -1,0 +1,253 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/base/CsvReader.h"
+#include "app/campaigns/LeadAdding.h"
+#include "tests/app/campaigns/CampaignFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const auto add = u"POST /campaigns/c1/leads"_s;
+const auto own = u"POST /leads/own"_s;
+const QByteArray refusal = R"({"title":"Not now","detail":"It is being checked."})";
+const QByteArray nobody = R"({"alreadyInCampaign":0,"inOtherCampaign":0,"inList":0,"suppressed":0,"invalid":0,)"
+                          R"("duplicateInFile":0})";
+
+QByteArray addResult(int added, const QByteArray& skipped = nobody) {
+  return R"({"added":)" + QByteArray::number(added) + R"(,"skipped":)" + skipped + R"(,"total":100})";
+}
+
+}  // namespace
+
+class LeadAddingTest : public QObject {
+  Q_OBJECT
+
+  struct Life : CampaignFixture {
+    int added = 0;
+    LeadAdding adding{context, [this] { ++added; }};
+  };
+  std::unique_ptr<Life> life;
+  AppFixture* f = nullptr;
+  LeadAdding* adding = nullptr;
+  QTemporaryDir folder;
+
+  QJsonObject body() const { return QJsonDocument::fromJson(*f->api.last().request.body).object(); }
+  QString toast() const { return f->toasts.count() ? f->toasts.toasts().last().message : QString(); }
+  QString file(const QString& name, const QByteArray& bytes) {
+    const QString path = folder.filePath(name);
+    QFile out(path);
+    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) qFatal("The test writes no file");
+    return path;
+  }
+  /// Opens the form for a file and waits for the first look into it.
+  void choose(const QString& path) {
+    f->filePanel.opened = path;
+    adding->show(u"csv"_s);
+    adding->chooseFile();
+    QTRY_VERIFY(!adding->fileLooking());
+  }
+
+ private Q_SLOTS:
+  void init() {
+    life = std::make_unique<Life>();
+    f = &life->f;
+    adding = &life->adding;
+  }
+  void cleanup() { life.reset(); }
+
+  void oneByHand() {
+    adding->show(u"manual"_s);
+    QVERIFY(!adding->canSubmit());
+    adding->setEmail(u"no address"_s);
+    adding->submit();
+    QCOMPARE(adding->emailError(), u"Enter a valid email address."_s);
+    adding->setEmail(u" new@x.example "_s);
+    adding->setField(u"firstName"_s, u"Ana"_s);
+    adding->setField(u"company"_s, u" "_s);
+    f->api.expect(add);
+    adding->submit();
+    adding->submit();
+    QVERIFY(adding->busy());
+    f->api.answer(add, refusal, 422);
+    QVERIFY2(adding->shown() && adding->email() == u" new@x.example "_s, "what was typed stays");
+    QCOMPARE(adding->error(), u"Not now: It is being checked."_s);
+    f->api.expect(add);
+    adding->submit();
+    QCOMPARE(body(), (QJsonObject{{u"source"_s, u"manual"_s},
+                                  {u"email"_s, u"new@x.example"_s},
+                                  {u"data"_s, QJsonObject{{u"firstName"_s, u"Ana"_s}}},
+                                  {u"dedupe"_s, u"campaign"_s}}));
+    f->api.answer(add, addResult(1));
+    QCOMPARE(adding->title(), u"1 lead added"_s);
+    QCOMPARE(life->added, 1);
+  }
+
+  void eachKindLeftOutIsTold() {
+    f->api.expect(u"GET /lead-lists"_s);
+    adding->show(u"list"_s);
+    f->api.answer(u"GET /lead-lists"_s, R"({"items":[{"id":"li1","name":"Fair","leadCount":9}]})");
+    QCOMPARE(adding->listOptions().first().toMap()[u"text"_s].toString(), u"9 leads"_s);
+    QVERIFY(!adding->canSubmit());
+    adding->setListId(u"li1"_s);
+    adding->setDedupe(u"workspace"_s);
+    f->api.expect(add);
+    adding->submit();
+    QCOMPARE(body(), (QJsonObject{{u"source"_s, u"list"_s}, {u"listId"_s, u"li1"_s}, {u"dedupe"_s, u"workspace"_s}}));
+    f->api.answer(add, addResult(0, R"({"alreadyInCampaign":1,"inOtherCampaign":2,"inList":3,"suppressed":1,)"
+                                    R"("invalid":1200,"duplicateInFile":1})"));
+    QCOMPARE(adding->title(), u"No leads added"_s);
+    QCOMPARE(adding->resultLines(),
+             (QStringList{u"1 was in this campaign already"_s, u"2 are in another campaign"_s,
+                          u"3 are in another list"_s, u"1 is on the block list and never gets an email"_s,
+                          u"1,200 have no valid email address"_s, u"1 came more than once"_s}));
+    adding->submit();
+    QVERIFY(!adding->shown());
+  }
+
+  void ownLeadsGoInBlocks() {
+    adding->show(u"leads"_s);
+    for (const auto& wrong : {u"0"_s, u"100001"_s, u"-1"_s, u"2.5"_s, u"99999999999999999999"_s}) {
+      adding->setOwnLimit(wrong);
+      QCOMPARE(adding->ownLimitError(), u"A whole number from 1 to 100,000"_s);
+      QVERIFY(!adding->canSubmit());
+    }
+    adding->setOwnLimit(u" 2500 "_s);
+    adding->setAllowOtherCampaigns(true);
+    f->api.expect(own);
+    adding->submit();
+    QCOMPARE(body(), (QJsonObject{{u"limit"_s, 2500}}));
+    QJsonArray ids;
+    for (int i = 0; i < 2500; ++i) ids.append(u"o%1"_s.arg(i));
+    f->api.expect(add);
+    f->api.answer(own, QJsonDocument(QJsonObject{{u"ids"_s, ids}}).toJson());
+    QCOMPARE(body().value("leadIds"_L1).toArray().size(), 1000);
+    QVERIFY(body().value("allowOtherCampaigns"_L1).toBool());
+    f->api.expect(add);
+    f->api.answer(add, addResult(990));
+    QCOMPARE(adding->progress(), 0.4);
+    adding->dismiss();
+    QVERIFY2(adding->busy(), "it goes on while hidden");
+    f->api.expect(add);
+    f->api.answer(add, addResult(1000));
+    QCOMPARE(body().value("leadIds"_L1).toArray().size(), 500);
+    QCOMPARE(body().value("leadIds"_L1).toArray().last().toString(), u"o2499"_s);
+    f->api.answer(add, addResult(10));
+    QCOMPARE(toast(), u"2,000 leads added"_s);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QVERIFY(adding->shown() && adding->hasResult());
+  }
+
+  void whatWasTakenBeforeAFailureIsTold() {
+    adding->show(u"leads"_s);
+    QJsonArray ids;
+    for (int i = 0; i < 1001; ++i) ids.append(u"o%1"_s.arg(i));
+    f->api.expect(own);
+    adding->submit();
+    f->api.expect(add);
+    f->api.answer(own, QJsonDocument(QJsonObject{{u"ids"_s, ids}}).toJson());
+    f->api.expect(add);
+    f->api.answer(add, addResult(7));
+    f->api.answer(add, refusal, 422);
+    QCOMPARE(adding->error(), u"Not now: It is being checked. Before that, 7 leads added."_s);
+    QVERIFY(!adding->busy() && !adding->hasResult());
+    QCOMPARE(life->added, 1);
+  }
+
+  void filesInAnyEncoding_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("UTF-8") << "email\nJürgen €"_ba << u"email\nJürgen €"_s;
+    QTest::newRow("with its mark") << "\xEF\xBB\xBF"
+                                      "email"_ba
+                                   << u"email"_s;
+    QTest::newRow("Windows-1252") << "email\nJ\xFCrgen \x80 \x93x\x94"_ba << u"email\nJürgen € “x”"_s;
+    QTest::newRow("ISO-8859-1") << "email\nJ\xFCrgen \x81"_ba << u"email\nJürgen \u0081"_s;
+  }
+  void filesInAnyEncoding() {
+    QFETCH(QByteArray, bytes);
+    choose(file(u"people.CSV"_s, bytes));
+    f->api.expect(add);
+    adding->submit();
+    QTRY_VERIFY(f->api.isWaiting(add));
+    QTEST(body().value("csv"_L1).toString(), "text");
+    QCOMPARE(body().value("fileName"_L1).toString(), u"people.CSV"_s);
+    QCOMPARE(adding->progress(), 0.0);
+    const APIRequest& request = f->api.last().request;
+    *request.sent = request.body->size() / 2;
+    QVERIFY(qAbs(adding->progress() - 0.5) < 0.05);
+    f->api.answer(add, addResult(1));
+  }
+
+  void aPreviewCutInsideACharacter() {
+    QByteArray bytes = "email,name\n";
+    while (bytes.size() < 262143) bytes += 'x';
+    QCOMPARE(withoutCutCharacter(bytes + "\xC3").size(), 262143);
+    choose(file(u"a.csv"_s, bytes + "ü,ü\n"_ba));
+    QCOMPARE(adding->fileHeaders(), (QStringList{u"email"_s, u"name"_s}));
+    QVERIFY2(!adding->fileSamples().first().toStringList().last().contains(u'Ã'), "not another encoding");
+    QCOMPARE(adding->fileFacts(), u"0.3 MB · 2 columns"_s);
+    for (const auto& cut : {"\xE2\x82"_ba, "\xF0\x9F\x98"_ba, "\xF0"_ba})
+      QCOMPARE(withoutCutCharacter("ab" + cut).size(), 2);
+    for (const auto& whole : {"ü"_ba, "€"_ba, "😀"_ba, "a"_ba, ""_ba})
+      QCOMPARE(withoutCutCharacter(whole).size(), whole.size());
+  }
+
+  void delimitedText_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QChar>("delimiter");
+    QTest::addColumn<QList<QStringList>>("rows");
+    QTest::newRow("tie") << u"a;b,c"_s << QChar(u',') << QList<QStringList>{{u"a;b"_s, u"c"_s}};
+    QTest::newRow("semicolons") << u"a;b;c,d\r\n1,,,,"_s << QChar(u';')
+                                << QList<QStringList>{{u"a"_s, u"b"_s, u"c,d"_s}, {u"1,,,,"_s}};
+    QTest::newRow("tab not outnumbering") << u"a\tb;c"_s << QChar(u';') << QList<QStringList>{{u"a\tb"_s, u"c"_s}};
+    QTest::newRow("tabs") << u"a\tb\tc;"_s << QChar(u'\t') << QList<QStringList>{{u"a"_s, u"b"_s, u"c;"_s}};
+    QTest::newRow("quotes") << u"\"a\"\"b\",c\"d,\"x\ny,\"\n"_s << QChar(u',')
+                            << QList<QStringList>{{u"a\"b"_s, u"c\"d"_s, u"x\ny,"_s}};
+    QTest::newRow("blank rows") << u"\n a,b \r , \r\r\nc"_s << QChar(u',')
+                                << QList<QStringList>{{u" a"_s, u"b "_s}, {u"c"_s}};
+    QTest::newRow("never closed") << u"a,\"b\nc"_s << QChar(u',') << QList<QStringList>{{u"a"_s, u"b\nc"_s}};
+  }
+  void delimitedText() {
+    QFETCH(QString, text);
+    QFETCH(QChar, delimiter);
+    QTEST(csvRows(text, delimiter, 6), "rows");
+    if (!text.startsWith(u'\n')) QCOMPARE(csvDelimiter(text), delimiter);
+    QCOMPARE(csvRows(text, delimiter, 1).size(), 1);
+  }
+
+  void filesThatWillNotDo() {
+    const auto refused = [this](const QString& path) {
+      choose(path);
+      return adding->canSubmit() ? u"can be sent"_s : adding->error();
+    };
+    QCOMPARE(refused(file(u"a.txt"_s, "email\n")), u"Choose a .csv file"_s);
+    QCOMPARE(refused(folder.filePath(u"gone.csv"_s)), u"Couldn’t open that file"_s);
+    QCOMPARE(refused(file(u"b.csv"_s, " \n,\n")), u"That file has no header row"_s);
+    QFile large(folder.filePath(u"large.csv"_s));
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.write("email\n") == 6 && large.resize(52428801));
+    QCOMPARE(refused(large.fileName()), u"That file is over 50 MB. Split it and import the parts."_s);
+    QVERIFY(large.resize(52428800));
+    QCOMPARE(refused(large.fileName()), u"can be sent"_s);
+
+    // Stopped while it is read, it is never sent.
+    adding->submit();
+    QVERIFY(adding->busy());
+    adding->stop();
+    QVERIFY(!adding->busy() && adding->canSubmit());
+    QCOMPARE(life->added, 1);
+    // So is one whose page goes while it is read.
+    adding->submit();
+    life.reset();
+    settle();
+  }
+};
+
+QTEST_GUILESS_MAIN(LeadAddingTest)
+#include "leadadding_test.moc"

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtQml/qqml.h>
+
+#include "app/shell/AppModel.h"
+#include "app/shell/Appearance.h"
+#include "app/shell/CommandPalette.h"
+#include "app/shell/Router.h"
+#include "app/shell/SignInModel.h"
+#include "app/shell/WorkspaceSession.h"
+
+// Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
+
+namespace orv::qml {
+
+struct AppModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::AppModel)
+  QML_NAMED_ELEMENT(AppModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct AppearanceType {
+  Q_GADGET
+  QML_FOREIGN(orv::Appearance)
+  QML_NAMED_ELEMENT(Appearance)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CommandPaletteType {
+  Q_GADGET
+  QML_FOREIGN(orv::CommandPalette)
+  QML_NAMED_ELEMENT(CommandPalette)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RouterType {
+  Q_GADGET
+  QML_FOREIGN(orv::Router)
+  QML_NAMED_ELEMENT(Router)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SignInModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::SignInModel)
+  QML_NAMED_ELEMENT(SignInModel)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct WorkspaceSessionType {
+  Q_GADGET
+  QML_FOREIGN(orv::WorkspaceSession)
+  QML_NAMED_ELEMENT(WorkspaceSession)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+}  // namespace orv::qml
