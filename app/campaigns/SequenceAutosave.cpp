@@ -145,6 +145,7 @@ void SequenceAutosave::set(SaveState state, const QString& message) {
   if (m_state == state && m_message == message) return;
   m_state = state;
   m_message = message;
+  if (state == SaveState::failed || state == SaveState::saved) m_failure = message;
   Q_EMIT changed();
 }
 

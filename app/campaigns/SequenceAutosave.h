@@ -23,6 +23,7 @@ class SequenceAutosave final : public QObject {
   Q_PROPERTY(QString saveState READ saveStateName NOTIFY changed)
   Q_PROPERTY(QString label READ label NOTIFY changed)
   Q_PROPERTY(QString message READ message NOTIFY changed)
+  Q_PROPERTY(QString failure READ failure NOTIFY changed)
 
  public:
   enum class SaveState { saved, dirty, saving, failed };
@@ -41,6 +42,8 @@ class SequenceAutosave final : public QObject {
   QString label() const;
   /// Why the last save failed; empty in every other state.
   const QString& message() const { return m_message; }
+  /// Why the last save failed, until one succeeds: it stays readable while the person writes on and the next one runs.
+  const QString& failure() const { return m_failure; }
 
   /// A campaign as loaded from the service. The draft follows it while nothing in it is unsaved; true when it has
   /// become another one. What is still to be saved stands, and the next save wins.
@@ -91,6 +94,7 @@ class SequenceAutosave final : public QObject {
   SequenceDraft m_draft;
   SaveState m_state = SaveState::saved;
   QString m_message;
+  QString m_failure;
   /// What the service has; none while a save may or may not have reached it.
   std::optional<QList<StepIn>> m_savedInputs;
   /// What the save in flight carries.

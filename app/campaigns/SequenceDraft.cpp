@@ -161,9 +161,14 @@ void SequenceDraft::setOfVariant(const QUuid& variant, Value DraftVariant::*fiel
 qsizetype SequenceDraft::placeOf(const QUuid& step) const { return indexOf(m_steps, step); }
 
 const DraftVariant* SequenceDraft::variant(const QUuid& key) const {
-  for (const DraftStep& step : m_steps)
-    if (const qsizetype index = indexOf(step.variants, key); index >= 0) return &step.variants[index];
-  return nullptr;
+  const qsizetype place = placeOfVariant(key);
+  return place < 0 ? nullptr : &m_steps[place].variants[indexOf(m_steps[place].variants, key)];
+}
+
+qsizetype SequenceDraft::placeOfVariant(const QUuid& variant) const {
+  const auto has = [&variant](const DraftStep& step) { return indexOf(step.variants, variant) >= 0; };
+  const auto found = std::ranges::find_if(m_steps, has);
+  return found == m_steps.end() ? -1 : found - m_steps.begin();
 }
 
 QString SequenceDraft::waitText(qsizetype place) const {

@@ -68,6 +68,8 @@ class SequenceDraft {
   /// -1 when it is gone.
   qsizetype placeOf(const QUuid& step) const;
   const DraftVariant* variant(const QUuid& key) const;
+  /// Of the step that has the variant; -1 when it is gone.
+  qsizetype placeOfVariant(const QUuid& variant) const;
 
   /// "Sends first", or the wait before the step at `place`.
   QString waitText(qsizetype place) const;

@@ -2,6 +2,8 @@
 
 #include <QPointer>
 
+#include "app/campaigns/TextVariables.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -32,8 +34,7 @@ SequenceEditor::SequenceEditor(CampaignContext& context, QObject* parent)
       m_autosave(context.services.clock,
                  [&context](StepsBody body) { return context.api.send(Requests::saveSteps(context.id, body)); }),
       m_preview(context, m_autosave.draft()),
-      m_testEmail(
-          context, [this] { return emailShown(); }, [this] { return flush(); }) {
+      m_testEmail(context, m_autosave, [this] { return emailShown(); }) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
   connect(&m_autosave, &SequenceAutosave::saved, this, &SequenceEditor::takeSaved);
   connect(m_preview.answer(), &ResourceBase::valueChanged, this, &SequenceEditor::collectVariables);
@@ -210,23 +211,24 @@ void SequenceEditor::setEnabled(bool enabled) {
     edit([key = shown->key, enabled](SequenceDraft& draft) { draft.setEnabled(key, enabled); });
 }
 
-void SequenceEditor::setSubject(const QString& subject) {
+void SequenceEditor::setSubject(const QString& subject, const QString& variant) {
+  const QUuid key(variant.isEmpty() ? m_shown.variant : variant);
   // The field of a reply shows nothing because there is nothing to write.
-  if (const DraftVariant* shown = variant(); shown && !m_shown.repliesInThread)
-    edit([key = shown->key, &subject](SequenceDraft& draft) { draft.setSubject(key, subject); });
+  const qsizetype at = draft().placeOfVariant(key);
+  if (at >= 0 && !draft().repliesInThread(at)) edit([&](SequenceDraft& draft) { draft.setSubject(key, subject); });
 }
 
-void SequenceEditor::setBody(const QString& body) {
-  if (const DraftVariant* shown = variant())
-    edit([key = shown->key, &body](SequenceDraft& draft) { draft.setBody(key, body); });
+void SequenceEditor::setBody(const QString& body, const QString& variant) {
+  const QUuid key(variant.isEmpty() ? m_shown.variant : variant);
+  edit([&](SequenceDraft& draft) { draft.setBody(key, body); });
 }
 
 Task<void> SequenceEditor::spinTask(QString field) {
   const DraftVariant* shown = variant();
   if (!shown || !m_spinning.isEmpty()) co_return;
   const QUuid key = shown->key;
-  const bool isSubject = field == "subject"_L1;
-  const QString before = isSubject ? shown->subject : shown->body;
+  QString DraftVariant::*const text = field == "subject"_L1 ? &DraftVariant::subject : &DraftVariant::body;
+  const QString before = shown->*text;
   if (before.trimmed().isEmpty()) {
     m_context.services.toasts.show(u"Write the email first, then spin it"_s);
     co_return;
@@ -242,15 +244,25 @@ Task<void> SequenceEditor::spinTask(QString field) {
   m_spinning.clear();
   Q_EMIT spinningChanged();
   if (!spun) co_return;
-  // Nobody could take it back where another text stands in the field by now.
-  const DraftVariant* now = variant();
-  if (!now || now->key != key || (isSubject ? now->subject : now->body) != before) {
+  const DraftVariant* now = draft().variant(key);
+  if (!now || now->*text != before) {
     m_context.services.toasts.show(u"The email changed while it was spinning. Try again."_s);
     co_return;
   }
-  isSubject ? setSubject(spun->text) : setBody(spun->text);
-  Q_EMIT textSpun(field, spun->text);
+  takeSpun(key, field, {before, followed(before, withLineFeeds(before), withLineFeeds(spun->text))});
   m_context.services.toasts.success(u"Spintax added. ⌘Z takes it back out."_s);
+}
+
+/// Whatever is shown by now: a field that comes to show the text later can take the edit back all the same.
+void SequenceEditor::takeSpun(const QUuid& key, const QString& field, const Spun& spun) {
+  m_spun.insert({key, field}, spun);
+  field == "subject"_L1 ? setSubject(spun.after, key.toString()) : setBody(spun.after, key.toString());
+  if (QUuid(m_shown.variant) == key) Q_EMIT textSpun(field, spun.after);
+}
+
+QString SequenceEditor::unspun(const QString& field) const {
+  const Spun spun = m_spun.value({QUuid(m_shown.variant), field});
+  return spun.after == (field == "subject"_L1 ? subject() : body()) ? spun.before : QString();
 }
 
 void SequenceEditor::collectVariables() {
@@ -274,14 +286,15 @@ void SequenceEditor::collectVariables() {
 std::optional<TestEmailForm::Email> SequenceEditor::emailShown() const {
   const DraftVariant* shown = variant();
   if (!shown) return std::nullopt;
-  return TestEmailForm::Email{place() + 1, shown->label,       shown->id,           shown->subject,
+  return TestEmailForm::Email{shown->key,  place() + 1,        shown->label,        shown->subject,
                               shown->body, m_preview.leadId(), m_preview.leadName()};
 }
 
 void SequenceEditor::close() {
+  // Before the autosave, whose end would have it send what it waits to send.
+  m_testEmail.close();
   m_autosave.close();
   m_preview.close();
-  m_testEmail.close();
   Store::close();
 }
 

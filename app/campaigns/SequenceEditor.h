@@ -84,11 +84,14 @@ class SequenceEditor final : public Store {
   Q_INVOKABLE void removeVariant(const QString& variant);
   Q_INVOKABLE void setWeight(int weight);
   Q_INVOKABLE void setEnabled(bool enabled);
-  Q_INVOKABLE void setSubject(const QString& subject);
-  Q_INVOKABLE void setBody(const QString& body);
+  /// Of the variant shown, unless another is named: a field may have to say something of the one that it has just left.
+  Q_INVOKABLE void setSubject(const QString& subject, const QString& variant = {});
+  Q_INVOKABLE void setBody(const QString& body, const QString& variant = {});
   /// Has the service vary "subject" or "body".
   Q_INVOKABLE void spin(const QString& field) { m_tasks.start(spinTask(field)); }
   Task<void> spinTask(QString field);
+  /// What the field's text was before it was varied; empty when that is not what stands in it.
+  Q_INVOKABLE QString unspun(const QString& field) const;
 
   /// Saves what is unsaved; true when the service then has the very text. This object may go while the task waits.
   Task<bool> flush() { return m_autosave.flush(); }
@@ -117,12 +120,17 @@ class SequenceEditor final : public Store {
     bool operator==(const Shown&) const = default;
   };
 
+  struct Spun {
+    QString before, after;
+  };
+
   template <class Change>
   auto edit(Change&& change);
   void takeLoaded();
   void takeSaved(const Campaign& campaign);
   void follow();
   void keepSelection();
+  void takeSpun(const QUuid& key, const QString& field, const Spun& spun);
   Shown shownNow() const;
   void collectVariables();
   const DraftStep* step() const;
@@ -139,6 +147,8 @@ class SequenceEditor final : public Store {
   qsizetype m_place = 0;
   Shown m_shown;
   QString m_spinning;
+  /// By the variant's key and the field.
+  QHash<std::pair<QUuid, QString>, Spun> m_spun;
   QVariantList m_variables;
   /// Of the campaign that the last save returned.
   std::optional<qint64> m_savedVersion;

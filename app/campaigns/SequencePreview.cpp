@@ -46,11 +46,18 @@ Task<PreviewResponse> SequencePreview::load() {
 
 void SequencePreview::setWatched(bool watched) {
   if (std::exchange(m_watched, watched) == watched) return;
-  if (watched && m_askedRevision != m_draft.revision()) askLater(firstWait);
+  m_wait.reset();
+  // What failed while nobody looked, or before they looked away, is asked anew.
+  if (!message().isEmpty()) m_askedRevision.reset();
+  draftChanged();
   // Leads come and go in another tab.
   if (watched) m_leads.load();
-  if (!watched) m_wait.reset();
   Q_EMIT changed();
+}
+
+void SequencePreview::wantVariables() {
+  m_wantsVariables = true;
+  draftChanged();
 }
 
 void SequencePreview::ask() {
@@ -60,8 +67,14 @@ void SequencePreview::ask() {
   m_answer.load();
 }
 
+void SequencePreview::retry() {
+  if (!message().isEmpty()) ask();
+  if (leadsFailed()) m_leads.load();
+}
+
 void SequencePreview::draftChanged() {
-  if (m_watched && m_askedRevision != m_draft.revision()) askLater(m_askedRevision ? wait : firstWait);
+  const bool isWanted = m_watched || (m_wantsVariables && !m_answer.value());
+  if (isWanted && m_askedRevision != m_draft.revision()) askLater(m_askedRevision ? wait : firstWait);
 }
 
 void SequencePreview::askLater(std::chrono::milliseconds delay) {
@@ -85,13 +98,22 @@ QVariantList SequencePreview::leads() const {
   if (const LeadPage* page = m_leads.value())
     for (const CampaignLead& lead : page->items)
       options.append(QVariantMap{{u"key"_s, lead.id}, {u"label"_s, labelOf(lead)}});
-  if (options.isEmpty())
+  if (options.isEmpty() && m_leads.value())
     options.append(
         QVariantMap{{u"key"_s, QString()}, {u"label"_s, u"Sample lead (add leads to preview a real one)"_s}});
   // The service may have chosen one that is not among the first.
   else if (!lead().isEmpty() && !listed(lead()))
     options.prepend(QVariantMap{{u"key"_s, lead()}, {u"label"_s, to()}});
   return options;
+}
+
+QString SequencePreview::leadsNote() const {
+  if (m_leads.value()) return {};
+  return leadsFailed() ? u"Couldn’t load leads"_s : u"Loading leads…"_s;
+}
+
+bool SequencePreview::leadsFailed() const {
+  return !m_leads.value() && (m_leads.state().isOffline() || m_leads.state().error());
 }
 
 const CampaignLead* SequencePreview::listed(const QString& id) const {
@@ -183,7 +205,8 @@ QStringList SequencePreview::warnings() const {
 }
 
 QString SequencePreview::message() const {
-  const QString reason = m_answer.message().isEmpty() ? m_refreshError : m_answer.message();
+  QString reason = m_answer.message().isEmpty() ? m_refreshError : m_answer.message();
+  if (m_answer.state().isOffline()) reason = APIError::of(APIError::Kind::offline).message();
   return reason.isEmpty() ? QString() : u"Preview failed. "_s + reason;
 }
 

@@ -19,6 +19,8 @@ class SequencePreview final : public Store {
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QVariantList leads READ leads NOTIFY changed)
   Q_PROPERTY(QString lead READ lead WRITE setLead NOTIFY changed)
+  Q_PROPERTY(QString leadsNote READ leadsNote NOTIFY changed)
+  Q_PROPERTY(bool leadsFailed READ leadsFailed NOTIFY changed)
   Q_PROPERTY(QString from READ from NOTIFY changed)
   Q_PROPERTY(QString to READ to NOTIFY changed)
   Q_PROPERTY(QString subject READ subject NOTIFY changed)
@@ -40,11 +42,15 @@ class SequencePreview final : public Store {
   /// The pane is on the screen.
   bool watched() const { return m_watched; }
   void setWatched(bool watched);
+  /// Somebody writes, so one answer is wanted though nobody may look: the leads' own variables come with it.
+  Q_INVOKABLE void wantVariables();
   /// "Preview · email 2 of 4".
   QString title() const;
 
-  /// Key and label of each lead that can be chosen.
+  /// Key and label of each lead that can be chosen; empty while none is known, of which leadsNote() tells.
   QVariantList leads() const;
+  QString leadsNote() const;
+  bool leadsFailed() const;
   /// The chosen one, or the one that the service chose.
   QString lead() const;
   void setLead(const QString& id);
@@ -70,8 +76,8 @@ class SequencePreview final : public Store {
   void follow(qsizetype place, const QString& letter);
   /// The draft is another one than a moment ago.
   void draftChanged();
-  /// Asks at once, after a failure.
-  Q_INVOKABLE void retry() { ask(); }
+  /// Asks at once for what failed.
+  Q_INVOKABLE void retry();
 
   void close() override;
 
@@ -97,6 +103,7 @@ class SequencePreview final : public Store {
   /// Of the draft that was asked about last.
   std::optional<quint64> m_askedRevision;
   bool m_watched = false;
+  bool m_wantsVariables = false;
   std::unique_ptr<Clock::Timer> m_wait;
 };
 

@@ -6,9 +6,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-TestEmailForm::TestEmailForm(CampaignContext& context, std::function<std::optional<Email>()> email, Settle settle,
-                             QObject* parent)
-    : Store(parent), m_context(context), m_emailShown(std::move(email)), m_settle(std::move(settle)) {
+TestEmailForm::TestEmailForm(CampaignContext& context, SequenceAutosave& autosave,
+                             std::function<std::optional<Email>()> email, QObject* parent)
+    : Store(parent), m_context(context), m_autosave(autosave), m_emailShown(std::move(email)) {
   connect(&context.campaign, &ResourceBase::changed, this, &TestEmailForm::changed);
 }
 
@@ -33,21 +33,22 @@ bool TestEmailForm::hasSender() const {
 void TestEmailForm::show() {
   const auto email = m_emailShown();
   if (!email) return;
-  m_email = *email;
   m_shown = true;
+  // Closed while it waited: this is how far it has come.
+  if (waiting()) return Q_EMIT changed();
+  m_email = *email;
   m_error.clear();
   m_warnings.clear();
   set(Stage::form);
 }
 
 void TestEmailForm::cancel() {
-  m_task.cancel();
   m_shown = false;
-  set(Stage::form);
+  waiting() ? Q_EMIT changed() : set(Stage::form);
 }
 
 void TestEmailForm::submit() {
-  if (!m_shown || m_stage == Stage::sending || m_stage == Stage::following || !hasSender()) return;
+  if (!m_shown || waiting() || !hasSender()) return;
   const QString to = m_to.trimmed();
   if (!isEmailAddress(to)) return fail(u"Enter an email address."_s);
   // Written on since the form was opened? What is sent is what stands there now.
@@ -58,22 +59,23 @@ void TestEmailForm::submit() {
 
 Task<void> TestEmailForm::sendTask(QString to, Email email) {
   set(Stage::sending);
-  if (!co_await m_settle()) co_return fail(u"The sequence couldn’t be saved, so the test wasn’t sent."_s);
-  // Saved only now, a new variant has its id only now.
-  if (const auto saved = m_emailShown(); saved && saved->position == email.position && saved->letter == email.letter)
-    email.variantId = saved->variantId;
+  // A new email has its id only once it is saved. Where it cannot be, its text goes out all the same.
+  co_await m_autosave.flush();
   TestEmailBody body;
+  if (const DraftVariant* saved = m_autosave.draft().variant(email.variant)) {
+    email.position = m_autosave.draft().placeOfVariant(email.variant) + 1;
+    body.variantId = saved->id;
+  }
   body.to = to;
   body.leadId = email.leadId;
   body.stepPosition = email.position;
-  body.variantId = email.variantId;
   body.subject = email.subject;
   body.body = email.body;
   TestEmail test;
   try {
     test = co_await m_context.api.send(Requests::sendTestEmail(m_context.id, body));
   } catch (const APIError& error) {
-    co_return fail(error.message());
+    co_return fail(error);
   }
   if (test.to.value_or(QString()).isEmpty()) test.to = to;
   co_await followTask(test);
@@ -86,7 +88,7 @@ Task<void> TestEmailForm::followTask(TestEmail test) {
   set(Stage::following, u"Sending a test to "_s + to, u"Waiting for the inbox to take it."_s);
   while (!tell(test)) {
     if (start.secsTo(m_context.services.clock.now()) >= limit.count()) {
-      set(Stage::overdue, u"Not sent yet"_s,
+      end(Stage::overdue, u"Not sent yet"_s,
           u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(to));
       co_return;
     }
@@ -99,7 +101,7 @@ Task<void> TestEmailForm::followTask(TestEmail test) {
     } catch (const APIError& error) {
       // One lost reading is no reason to stop; the next one comes.
       if (error.context().httpStatus >= 400 && error.context().httpStatus < 500) {
-        set(Stage::overdue, u"Couldn’t follow the test"_s, error.message());
+        end(Stage::overdue, u"Couldn’t follow the test"_s, error.message());
         co_return;
       }
     }
@@ -109,14 +111,14 @@ Task<void> TestEmailForm::followTask(TestEmail test) {
 /// True when this is how it ended.
 bool TestEmailForm::tell(const TestEmail& test) {
   if (test.state == "sent"_L1) {
-    set(Stage::sent, u"Sent from %1 to %2"_s.arg(test.from.value_or(u"an inbox"_s), *test.to),
+    end(Stage::sent, u"Sent from %1 to %2"_s.arg(test.from.value_or(u"an inbox"_s), *test.to),
         u"Handed to the inbox; it should arrive in a moment."_s);
     return true;
   }
   if (test.state != "failed"_L1) return false;
   QString reason = test.error.value_or(QString()).trimmed();
   if (reason.endsWith(u'.')) reason.chop(1);
-  set(Stage::failed, u"Not sent"_s,
+  end(Stage::failed, u"Not sent"_s,
       reason.isEmpty() ? u"The inbox refused it. Check that inbox."_s
                        : u"The inbox refused it. "_s + reason + u". Check that inbox."_s);
   return true;
@@ -129,9 +131,21 @@ void TestEmailForm::set(Stage stage, const QString& headline, const QString& det
   Q_EMIT changed();
 }
 
+void TestEmailForm::end(Stage stage, const QString& headline, const QString& detail) {
+  set(stage, headline, detail);
+  if (m_shown) return;
+  const auto tone = stage == Stage::failed ? Toasts::Tone::error : Toasts::Tone::standard;
+  m_context.services.toasts.show(headline, tone, {}, {}, detail);
+}
+
 void TestEmailForm::fail(const QString& error) {
   m_error = error;
   set(Stage::form);
+}
+
+void TestEmailForm::fail(const APIError& error) {
+  if (!m_shown) m_context.services.toasts.failure(u"Couldn’t send the test."_s, error);
+  fail(error.message());
 }
 
 void TestEmailForm::close() {

@@ -5,10 +5,12 @@
 #include "app/base/EnumName.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/SequenceAutosave.h"
 
 namespace orv {
 
-/// Sends one email of the sequence to somebody who wants to see it, and follows it until it has gone out.
+/// Sends one email of the sequence to somebody who wants to see it, and follows it until it has gone out: in its
+/// dialog, and with a message at the end once that is closed.
 class TestEmailForm final : public Store {
   Q_OBJECT
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
@@ -16,6 +18,7 @@ class TestEmailForm final : public Store {
   Q_PROPERTY(QString to READ to WRITE setTo NOTIFY changed)
   Q_PROPERTY(QString error READ error NOTIFY changed)
   Q_PROPERTY(QString note READ note NOTIFY changed)
+  Q_PROPERTY(bool waiting READ waiting NOTIFY changed)
   Q_PROPERTY(bool hasSender READ hasSender NOTIFY changed)
   Q_PROPERTY(QString headline READ headline NOTIFY changed)
   Q_PROPERTY(QString detail READ detail NOTIFY changed)
@@ -28,23 +31,21 @@ class TestEmailForm final : public Store {
 
   /// Which email it is to be.
   struct Email {
+    /// The draft's key of the variant.
+    QUuid variant;
     qint64 position = 1;
     QString letter;
-    std::optional<QString> variantId;
     QString subject;
     QString body;
     std::optional<QString> leadId;
     /// Empty for the sample lead.
     QString leadName;
   };
-  /// Sees to it that the service knows the sequence; false when it cannot.
-  using Settle = std::function<Task<bool>()>;
-
   static constexpr std::chrono::seconds interval{2};
   static constexpr std::chrono::seconds limit{60};
 
   /// `email` tells what is shown now; nothing when there is nothing to send.
-  TestEmailForm(CampaignContext& context, std::function<std::optional<Email>()> email, Settle settle,
+  TestEmailForm(CampaignContext& context, SequenceAutosave& autosave, std::function<std::optional<Email>()> email,
                 QObject* parent = nullptr);
 
   bool shown() const { return m_shown; }
@@ -54,6 +55,8 @@ class TestEmailForm final : public Store {
   void setTo(const QString& to);
   QString error() const { return m_error; }
   QString note() const;
+  /// A test is on its way, shown or not.
+  bool waiting() const { return m_stage == Stage::sending || m_stage == Stage::following; }
   /// Somebody sends for the campaign.
   bool hasSender() const;
   /// Once it is no longer a form.
@@ -63,7 +66,7 @@ class TestEmailForm final : public Store {
 
   Q_INVOKABLE void show();
   Q_INVOKABLE void submit();
-  /// What has been sent goes out all the same; nobody follows it any more.
+  /// Closes the dialog. A test on its way goes on.
   Q_INVOKABLE void cancel();
 
   void close() override;
@@ -76,12 +79,14 @@ class TestEmailForm final : public Store {
   Task<void> followTask(TestEmail test);
   bool tell(const TestEmail& test);
   void set(Stage stage, const QString& headline = {}, const QString& detail = {});
+  void end(Stage stage, const QString& headline, const QString& detail);
   void fail(const QString& error);
+  void fail(const APIError& error);
 
   CampaignContext& m_context;
+  SequenceAutosave& m_autosave;
   std::function<std::optional<Email>()> m_emailShown;
-  Settle m_settle;
-  /// As it was when the form was opened.
+  /// As it was when the form was opened, or sent.
   Email m_email;
   bool m_shown = false;
   Stage m_stage = Stage::form;

@@ -139,6 +139,30 @@ TextEdit linked(QStringView text, Span selection) {
   return replaced(selection, link, {link.size() - 1, link.size() - 1});
 }
 
+constexpr char16_t beginningOfFrame = 0xfdd0, endOfFrame = 0xfdd1;
+
+/// Length of the line end at `place`: whatever a text document takes for one. 0 when there is none.
+qsizetype lineEndLength(QStringView text, qsizetype place) {
+  switch (text[place].unicode()) {
+    case u'\r':
+      return text.sliced(place).startsWith("\r\n"_L1) ? 2 : 1;
+    case u'\n':
+    case QChar::ParagraphSeparator:
+    case beginningOfFrame:
+    case endOfFrame:
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+/// Where in `text` the place is that a control which shows the text knows as `shown`.
+qsizetype placeIn(QStringView text, qsizetype shown) {
+  qsizetype place = 0;
+  while (shown-- > 0) place += std::max(lineEndLength(text, place), qsizetype(1));
+  return place;
+}
+
 }  // namespace
 
 QList<TextMark> marksIn(QStringView text) {
@@ -177,6 +201,39 @@ std::optional<TypedVariable> variableBeingTyped(QStringView text, qsizetype curs
 
 QString edited(const QString& text, const TextEdit& edit) {
   return QString(text).replace(edit.start, edit.length, edit.text);
+}
+
+TextEdit difference(QStringView before, QStringView after) {
+  qsizetype start = 0, end = 0;
+  const qsizetype shorter = std::min(before.size(), after.size());
+  while (start < shorter && after[start] == before[start]) ++start;
+  while (end < shorter - start && after[after.size() - 1 - end] == before[before.size() - 1 - end]) ++end;
+  // Never between the halves of one character.
+  while (start > 0 && after[start - 1].isHighSurrogate()) --start;
+  while (end > 0 && after[after.size() - end].isLowSurrogate()) --end;
+  const QString fresh = after.sliced(start, after.size() - start - end).toString();
+  return {start, before.size() - start - end, fresh, start + fresh.size(), start + fresh.size()};
+}
+
+QString withLineFeeds(const QString& text) {
+  QString fed;
+  fed.reserve(text.size());
+  for (qsizetype place = 0; place < text.size();) {
+    const qsizetype lineEnd = lineEndLength(text, place);
+    fed.append(lineEnd > 0 ? QChar(u'\n') : text[place]);
+    place += std::max(lineEnd, qsizetype(1));
+  }
+  return fed;
+}
+
+QString followed(const QString& text, const QString& before, const QString& after) {
+  if (text == before) return after;
+  const TextEdit change = difference(before, after);
+  const qsizetype start = placeIn(text, change.start), end = placeIn(text, change.start + change.length);
+  QString fresh = change.text;
+  // New lines end as the others do, so that taking back the removal of some brings them back as they were.
+  if (text.contains("\r\n"_L1)) fresh.replace(u'\n', "\r\n"_L1);
+  return text.first(start) + fresh + text.sliced(end);
 }
 
 TextEdit variableEdit(QStringView text, qsizetype selectionStart, qsizetype selectionEnd, const QString& name) {

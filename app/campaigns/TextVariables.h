@@ -43,6 +43,13 @@ struct TextEdit {
   bool operator==(const TextEdit&) const = default;
 };
 QString edited(const QString& text, const TextEdit& edit);
+/// The edit that makes `after` of `before` and leaves what both begin and end with.
+TextEdit difference(QStringView before, QStringView after);
+
+/// The text as a text control holds it: one line feed between two lines, whatever ends them here.
+QString withLineFeeds(const QString& text);
+/// `text` after the control that shows it has gone from `before` to `after`. The lines that stayed keep their ends.
+QString followed(const QString& text, const QString& before, const QString& after);
 
 /// Puts a variable in place of the one being typed, or else of the selection.
 TextEdit variableEdit(QStringView text, qsizetype selectionStart, qsizetype selectionEnd, const QString& name);

@@ -111,7 +111,7 @@ Item {
 
             OrvMenuItem {
                 text: "Rename"
-                enabled: root.store.canWrite
+                enabled: root.store.canWrite && !root.store.busy
                 iconName: "document-edit"
                 shortcutText: "F2"
                 onTriggered: root.store.beginRename()
@@ -119,7 +119,7 @@ Item {
 
             OrvMenuItem {
                 text: "Duplicate"
-                enabled: root.store.canWrite
+                enabled: root.store.canWrite && !root.store.busy
                 iconName: "edit-copy"
                 onTriggered: root.store.duplicate()
             }
@@ -141,7 +141,7 @@ Item {
 
             OrvMenuItem {
                 text: "Delete"
-                enabled: root.store.canWrite
+                enabled: root.store.canWrite && !root.store.busy
                 iconName: "edit-delete"
                 danger: true
                 onTriggered: root.store.remove()

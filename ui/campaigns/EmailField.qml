@@ -25,8 +25,9 @@ FocusScope {
     property bool dismissed: false
     onTypedChanged: if (typed === undefined || typed === null) dismissed = false
 
-    function show(text: string) {
-        content.show(text);
+    /// Another text; `before`, if not empty, is what one undo makes of it.
+    function show(text: string, before: string) {
+        content.show(text, before);
         flick.contentY = 0;
         flick.contentX = 0;
     }
@@ -36,12 +37,19 @@ FocusScope {
         content.replaceAll(text);
     }
 
+    function finishComposing() {
+        if (input.inputMethodComposing)
+            content.finishComposing(input);
+    }
+
     function format(command: string) {
-        select(content.format(command, input.selectionStart, input.selectionEnd));
+        if (!readOnly)
+            select(content.format(command, input.selectionStart, input.selectionEnd));
     }
 
     function insertVariable(variable: string) {
-        select(content.insertVariable(variable, input.selectionStart, input.selectionEnd));
+        if (!readOnly)
+            select(content.insertVariable(variable, input.selectionStart, input.selectionEnd));
     }
 
     function select(range: point) {

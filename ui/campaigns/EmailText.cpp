@@ -1,5 +1,8 @@
 #include "ui/campaigns/EmailText.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -54,28 +57,22 @@ void EmailText::setColour(QColor& colour, const QColor& value) {
   Q_EMIT coloursChanged();
 }
 
-void EmailText::show(const QString& text) {
+void EmailText::show(const QString& text, const QString& before) {
   const bool wasEmpty = isEmpty();
-  m_text = text;
+  m_text = before.isEmpty() || !m_document ? text : before;
+  m_shown = withLineFeeds(m_text);
   if (m_document) {
     const QScopedValueRollback showing(m_showing, true);
-    m_document->setPlainText(text);
+    m_document->setPlainText(m_shown);
     highlight();
   }
   if (wasEmpty != isEmpty()) Q_EMIT isEmptyChanged();
+  replaceAll(text);
 }
 
 void EmailText::replaceAll(const QString& text) {
-  if (!m_document || text == m_text) return;
   // What both begin and end with stays, and with it the place that the person was reading.
-  qsizetype start = 0, end = 0;
-  const qsizetype shorter = std::min(text.size(), m_text.size());
-  while (start < shorter && text[start] == m_text[start]) ++start;
-  while (end < shorter - start && text[text.size() - 1 - end] == m_text[m_text.size() - 1 - end]) ++end;
-  // Never between the halves of one character.
-  while (start > 0 && text[start - 1].isHighSurrogate()) --start;
-  while (end > 0 && text[text.size() - end].isLowSurrogate()) --end;
-  apply({start, m_text.size() - start - end, text.sliced(start, text.size() - start - end), 0, 0});
+  if (m_document && text != m_text) apply(difference(m_shown, withLineFeeds(text)));
 }
 
 QPointF EmailText::apply(const TextEdit& edit) {
@@ -90,29 +87,42 @@ QPointF EmailText::apply(const TextEdit& edit) {
 }
 
 QPointF EmailText::format(const QString& command, int selectionStart, int selectionEnd) {
-  return apply(formatEdit(commandOf(command), m_text, selectionStart, selectionEnd));
+  return apply(formatEdit(commandOf(command), m_shown, selectionStart, selectionEnd));
 }
 
 QPointF EmailText::insertVariable(const QString& name, int selectionStart, int selectionEnd) {
-  return apply(variableEdit(m_text, selectionStart, selectionEnd, name));
+  return apply(variableEdit(m_shown, selectionStart, selectionEnd, name));
 }
 
 QVariant EmailText::typedVariable(int cursor) const {
-  const auto typed = variableBeingTyped(m_text, cursor);
+  const auto typed = variableBeingTyped(m_shown, cursor);
   return typed ? QVariant(typed->name) : QVariant();
+}
+
+void EmailText::finishComposing(QObject* control) {
+  QInputMethod* method = QGuiApplication::inputMethod();
+  method->commit();
+  const QString left = control->property("preeditText").toString();
+  if (left.isEmpty()) return;
+  // Not every input method does as it is told.
+  method->reset();
+  QInputMethodEvent event;
+  event.setCommitString(left);
+  QCoreApplication::sendEvent(control, &event);
 }
 
 void EmailText::takeText() {
   if (m_colouring) return;
-  QString text = textOf(*m_document);
-  if (m_showing || text == m_text) return highlight();
-  if (m_singleLine && text.contains(u'\n')) {
+  QString shown = textOf(*m_document);
+  if (m_showing || shown == m_shown) return highlight();
+  if (m_singleLine && shown.contains(u'\n')) {
     // Not from within the change itself, which is still being told to everybody.
     QMetaObject::invokeMethod(this, &EmailText::joinLines, Qt::QueuedConnection);
     return;
   }
   const bool wasEmpty = isEmpty();
-  m_text = std::move(text);
+  m_text = followed(m_text, m_shown, shown);
+  m_shown = std::move(shown);
   highlight();
   if (wasEmpty != isEmpty()) Q_EMIT isEmptyChanged();
   Q_EMIT edited(m_text);
@@ -135,7 +145,7 @@ void EmailText::joinLines() {
 void EmailText::highlight() {
   if (!m_document) return;
   const QScopedValueRollback colouring(m_colouring, true);
-  const QList<TextMark> marks = marksIn(m_text);
+  const QList<TextMark> marks = marksIn(m_shown);
   auto mark = marks.begin();
   for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
     const qsizetype start = block.position(), end = start + block.length();

@@ -15,7 +15,8 @@ namespace orv {
 /// What a text control needs to be the field of an email: its text to the last byte, colours behind variables and spin
 /// groups while somebody types, and changes that one undo takes back.
 ///
-/// The control's own `text` turns some spaces into others, so nobody reads that.
+/// The control's own `text` turns some spaces into others, so nobody reads that. Its document knows one kind of line
+/// end; the email's text has those that it came with.
 class EmailText : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -39,8 +40,8 @@ class EmailText : public QObject {
   bool isEmpty() const { return m_text.isEmpty(); }
   const QString& text() const { return m_text; }
 
-  /// Another text, with a history of its own.
-  Q_INVOKABLE void show(const QString& text);
+  /// Another text, with a history of its own: none, or the one edit that made it of `before`.
+  Q_INVOKABLE void show(const QString& text, const QString& before = {});
   /// The same text changed from outside, as one edit.
   Q_INVOKABLE void replaceAll(const QString& text);
   /// By the command's name; the new selection's start and end.
@@ -48,6 +49,8 @@ class EmailText : public QObject {
   Q_INVOKABLE QPointF insertVariable(const QString& name, int selectionStart, int selectionEnd);
   /// What of a variable's name stands before the cursor; null while none is being typed.
   Q_INVOKABLE QVariant typedVariable(int cursor) const;
+  /// Puts what is half composed in `control` into the text, where it was begun.
+  Q_INVOKABLE void finishComposing(QObject* control);
 
  Q_SIGNALS:
   void documentChanged();
@@ -66,6 +69,8 @@ class EmailText : public QObject {
   QPointer<QQuickTextDocument> m_quickDocument;
   QPointer<QTextDocument> m_document;
   QString m_text;
+  /// The same as the document has it.
+  QString m_shown;
   bool m_singleLine = false;
   bool m_showing = false;
   bool m_colouring = false;

@@ -84,7 +84,11 @@ Item {
             text: "Auto spintax"
             hint: "Auto spintax: the AI adds {a|b} options, so every lead gets a slightly different email"
             busy: root.editor.spinning !== ""
-            onClicked: root.editor.spin(root.field.singleLine ? "subject" : "body")
+            onClicked: {
+                // Where Ctrl+Z takes the answer back.
+                root.field.forceActiveFocus(Qt.OtherFocusReason);
+                root.editor.spin(root.field.singleLine ? "subject" : "body");
+            }
         }
     }
 

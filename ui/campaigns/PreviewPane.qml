@@ -80,7 +80,8 @@ FocusScope {
         width: parent.width - 32
         options: root.preview.leads
         current: root.preview.lead
-        placeholder: "A lead of the campaign"
+        enabled: options.length > 0
+        placeholder: root.preview.leadsNote !== "" ? root.preview.leadsNote : "A lead of the campaign"
         hint: "Whom the preview is rendered for"
         onChosen: key => root.preview.lead = key
     }
@@ -104,14 +105,14 @@ FocusScope {
             spacing: 10
 
             OrvNotice {
-                visible: root.preview.message !== ""
+                visible: text !== ""
                 width: parent.width
                 tone: "negative"
-                text: root.preview.message
+                text: root.preview.message !== "" ? root.preview.message : root.preview.leadsFailed ? root.preview.leadsNote : ""
             }
 
             OrvLink {
-                visible: root.preview.message !== ""
+                visible: root.preview.message !== "" || root.preview.leadsFailed
                 text: "Try again"
                 onClicked: root.preview.retry()
             }

@@ -50,11 +50,12 @@ Row {
 
         OrvTooltip {
             text: root.autosave.message
-            shown: hover.hovered && text !== ""
+            shown: (hover.hovered || again.visualFocus) && text !== ""
         }
     }
 
     OrvLink {
+        id: again
         visible: root.failed
         height: parent.height
         text: "Try again"

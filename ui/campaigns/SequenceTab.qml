@@ -13,6 +13,7 @@ FocusScope {
     readonly property bool wide: width >= 1000
     readonly property real previewWidth: width >= 1500 ? 400 : 316
 
+    Component.onCompleted: editor.preview.wantVariables()
     // Nobody who goes elsewhere has to wait to be sure.
     Component.onDestruction: editor.autosave.save()
 
@@ -25,11 +26,22 @@ FocusScope {
         onWriteRequested: writing.startWriting()
     }
 
+    OrvNotice {
+        id: unsaved
+        visible: text !== ""
+        x: timeline.width + 16
+        y: 12
+        width: writing.width - 32
+        tone: "negative"
+        text: root.editor.autosave.failure
+    }
+
     StepEditor {
         id: writing
         x: timeline.width
+        y: unsaved.visible ? unsaved.y + unsaved.height : 0
         width: root.width - x - (root.wide ? root.previewWidth : 0)
-        height: parent.height
+        height: parent.height - y
         focus: true
         visible: root.editor.stepCount > 0
         editor: root.editor
@@ -40,8 +52,9 @@ FocusScope {
 
     OrvEmpty {
         x: writing.x
+        y: writing.y
         width: writing.width
-        height: parent.height
+        height: writing.height
         visible: root.editor.stepCount === 0
         iconName: "mail-message"
         title: "No emails yet"

@@ -13,13 +13,32 @@ FocusScope {
 
     signal previewRequested()
 
+    /// What the fields show, whatever the editor has come to meanwhile.
+    property string variant: ""
+    property bool reply: false
+    /// Where the person wrote last.
+    property EmailField written: body
+
     function showText() {
-        subject.show(editor.repliesInThread ? "" : editor.subject);
-        body.show(editor.body);
+        const isOther = variant !== editor.variantKey;
+        // What is half composed belongs to the email that it was begun in.
+        if (isOther)
+            finishComposing();
+        variant = editor.variantKey;
+        reply = editor.repliesInThread;
+        subject.show(reply ? "" : editor.subject, reply ? "" : editor.unspun("subject"));
+        body.show(editor.body, editor.unspun("body"));
+        if (isOther)
+            written = subject.activeFocus ? subject : body;
+    }
+
+    function finishComposing() {
+        subject.finishComposing();
+        body.finishComposing();
     }
 
     function startWriting() {
-        (editor.repliesInThread ? body : subject).forceActiveFocus(Qt.OtherFocusReason);
+        (reply ? body : subject).forceActiveFocus(Qt.OtherFocusReason);
     }
 
     function showSpun(field: string, text: string) {
@@ -33,6 +52,7 @@ FocusScope {
         showText();
     }
     Component.onDestruction: {
+        finishComposing();
         editor.textShown.disconnect(showText);
         editor.textSpun.disconnect(showSpun);
     }
@@ -84,12 +104,12 @@ FocusScope {
             singleLine: true
             font: Theme.body
             name: "Subject"
-            readOnly: !root.canWrite || root.editor.repliesInThread
-            placeholder: root.editor.repliesInThread ? "Re: same thread (leave empty)" : "Subject"
+            readOnly: !root.canWrite || root.reply
+            placeholder: root.reply ? "Re: same thread (leave empty)" : "Subject"
             variables: root.editor.variables
-            onEdited: text => root.editor.setSubject(text)
+            onEdited: text => root.editor.setSubject(text, root.variant)
             onFinished: body.forceActiveFocus(Qt.TabFocusReason)
-            onActiveFocusChanged: if (activeFocus) bar.field = subject
+            onActiveFocusChanged: if (activeFocus) root.written = subject
         }
 
         OrvButton {
@@ -121,8 +141,8 @@ FocusScope {
         readOnly: !root.canWrite
         placeholder: "Hi {{firstName}},\n\nType {{ for a variable…"
         variables: root.editor.variables
-        onEdited: text => root.editor.setBody(text)
-        onActiveFocusChanged: if (activeFocus) bar.field = body
+        onEdited: text => root.editor.setBody(text, root.variant)
+        onActiveFocusChanged: if (activeFocus) root.written = body
     }
 
     FormatBar {
@@ -130,7 +150,7 @@ FocusScope {
         y: root.height - height
         width: root.width
         editor: root.editor
-        field: body
+        field: root.reply ? body : root.written
         canWrite: root.canWrite
         previewButton: root.previewButton
         onPreviewRequested: root.previewRequested()

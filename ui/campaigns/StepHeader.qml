@@ -51,6 +51,8 @@ Item {
             width: 104
             enabled: root.canWrite
             accessibleName: "Wait, in days if no reply"
+            lessText: "One day less"
+            moreText: "One day more"
             from: 1
             to: 60
             value: root.editor.waitDays

@@ -16,9 +16,10 @@ OnDemand {
         title: "Send a test"
         text: root.asks ? "" : root.form.headline + "\n" + root.form.detail
         confirmText: root.asks ? "Send test" : "Send another"
-        cancelText: root.asks ? "Cancel" : "Close"
+        cancelText: root.asks && !root.form.waiting ? "Cancel" : "Close"
         confirmEnabled: root.form.hasSender
-        busy: root.form.stage === "sending" || root.form.stage === "following"
+        busy: root.form.waiting
+        closesWhileBusy: true
         error: root.form.error
         warning: !root.form.hasSender ? "Pick sender inboxes in Settings first; the test goes from the first ready one."
                                       : root.form.warnings.join("\n")

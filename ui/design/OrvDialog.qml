@@ -20,6 +20,8 @@ T.Popup {
     property bool destructive: false
     property bool confirmEnabled: true
     property bool busy: false
+    /// The verb goes on without the dialog, and somebody else tells how it ends.
+    property bool closesWhileBusy: false
     /// What must be typed, exactly, before the verb can be pressed.
     property string typedWord: ""
     /// Takes the focus first; for forms.
@@ -72,9 +74,9 @@ T.Popup {
             confirmed();
     }
 
-    /// While the verb is under way there is nothing left to cancel.
+    /// While the verb is under way there may be nothing left to cancel.
     function cancel() {
-        if (busy)
+        if (busy && !closesWhileBusy)
             return;
         cancelled();
         close();
@@ -174,7 +176,7 @@ T.Popup {
                 id: cancelButton
                 visible: text !== ""
                 text: root.cancelText
-                enabled: !root.busy
+                enabled: !root.busy || root.closesWhileBusy
                 onClicked: root.cancel()
             }
 

@@ -5,8 +5,8 @@ import Orvella.Design
 
 /// A whole number with minus and plus at its sides; the arrow keys step as well.
 ///
-/// Bind `value` where only numbers count. A form that also keeps what is not a number yet, so as to refuse it when it is
-/// saved, sets `keepsText`, binds `text` and listens to `typed`.
+/// Bind `value` where only numbers count; one beyond the bounds counts as the nearest within. A form that also keeps what
+/// is not a number yet, so as to refuse it when it is saved, sets `keepsText`, binds `text` and listens to `typed`.
 FieldFrame {
     id: root
 
@@ -23,6 +23,9 @@ FieldFrame {
     property bool clearable: false
     property bool keepsText: false
     property string accessibleName: label
+    /// What the buttons at its sides do.
+    property string lessText: qsTr("Less, %1").arg(accessibleName)
+    property string moreText: qsTr("More, %1").arg(accessibleName)
     property alias text: input.text
     readonly property alias input: input
 
@@ -35,6 +38,9 @@ FieldFrame {
     readonly property var number: NumberText.parse(input.text, from, to)
     readonly property bool valid: number !== undefined || (clearable && input.text.trim() === "")
 
+    /// The person is typing: what counts beyond the bounds need not be what stands there yet.
+    property bool taking: false
+
     // By the input's own means: assigning to its text would end the binding that a form has on it.
     function put(text: string) {
         input.clear();
@@ -42,13 +48,22 @@ FieldFrame {
     }
 
     function show() {
-        if (!keepsText && number !== value) put(value);
+        if (!keepsText && (taking ? nearest(input.text) : number) !== value) put(value);
+    }
+
+    /// The number within the bounds that the text means, or undefined.
+    function nearest(text: string): var {
+        const any = NumberText.parse(text, -2147483648, 2147483647);
+        return any === undefined ? undefined : Math.max(from, Math.min(to, any));
     }
 
     function take(text: string) {
         const before = keepsText ? undefined : value;
         typed(text);
-        if (number !== undefined && number !== before) edited(number);
+        const meant = keepsText ? number : nearest(text);
+        taking = true;
+        if (meant !== undefined && meant !== before) edited(meant);
+        taking = false;
     }
 
     function stepBy(by: int) {
@@ -105,7 +120,7 @@ FieldFrame {
         id: less
         by: -root.step
         iconName: "list-remove"
-        text: qsTr("Less, %1").arg(root.accessibleName)
+        text: root.lessText
     }
 
     T.TextField {
@@ -172,6 +187,6 @@ FieldFrame {
         anchors.right: parent.right
         by: root.step
         iconName: "list-add"
-        text: qsTr("More, %1").arg(root.accessibleName)
+        text: root.moreText
     }
 }

@@ -211,14 +211,32 @@ class SequenceEditorTest : public QObject {
     QCOMPARE(spun.size(), 1);
     QCOMPARE(toasts().last(), u"Spintax added. ⌘Z takes it back out."_s);
 
-    for (const bool typedOn : {true, false}) {
-      f->api.expect(spintax);
-      editor->spin(u"subject"_s);
-      typedOn ? editor->setSubject(u"Other"_s) : editor->selectPlace(1);
-      f->api.answer(spintax, R"({"text":"lost"})");
-      QCOMPARE(toasts().last(), u"The email changed while it was spinning. Try again."_s);
-    }
+    f->api.expect(spintax);
+    editor->spin(u"subject"_s);
+    editor->setSubject(u"Other"_s);
+    f->api.answer(spintax, R"({"text":"lost"})");
+    QCOMPARE(toasts().last(), u"The email changed while it was spinning. Try again."_s);
+
+    // The text is the same, though another one is shown: it counts, and can be taken back when it is shown again.
+    f->api.expect(spintax);
+    editor->spin(u"subject"_s);
+    editor->selectPlace(1);
+    f->api.answer(spintax, R"({"text":"{Other|Else}"})");
+    QCOMPARE(editor->draft().steps()[0].variants[0].subject, u"{Other|Else}"_s);
     QCOMPARE(spun.size(), 1);
+    QCOMPARE(editor->unspun(u"subject"_s), QString());
+    editor->selectPlace(0);
+    QCOMPARE(editor->unspun(u"subject"_s), u"Other"_s);
+    editor->setSubject(u"Other"_s);
+    QCOMPARE(editor->unspun(u"subject"_s), QString());
+
+    // Only the lines that the service changed lose the ends that they came with.
+    editor->selectPlace(1);
+    editor->setBody(u"Hi\r\nJo\r\nBye"_s);
+    f->api.expect(spintax);
+    editor->spin(u"body"_s);
+    f->api.answer(spintax, R"({"text":"Hi\nJo\n{Bye|Ciao}"})");
+    QCOMPARE(editor->body(), u"Hi\r\nJo\r\n{Bye|Ciao}"_s);
     f->api.expect(spintax);
     editor->spin(u"body"_s);
     f->api.answer(spintax, refusal, 422);
@@ -263,11 +281,105 @@ class SequenceEditorTest : public QObject {
     f->api.answer(preview, rendered(2, R"({"id":"l2","email":"li@x.com"})"));
     QCOMPARE(pane->message(), QString());
 
+    // Offline is told as well; what failed is asked anew when somebody looks again.
+    editor->setBody(u"abcd"_s);
+    f->api.expect(preview);
+    f->clock.advance(SequencePreview::wait);
+    f->api.fail(preview, TransportFailure::offline);
+    QCOMPARE(pane->message(), u"Preview failed. You’re offline. Connect to the internet and try again."_s);
+    QCOMPARE(pane->subject(), u"S2"_s);
+    pane->setWatched(false);
+    f->api.expect(leads);
+    f->api.expect(preview);
+    pane->setWatched(true);
+    f->clock.advance(SequencePreview::firstWait);
+    f->api.answer(preview, rendered(2));
+    QCOMPARE(pane->message(), QString());
+
     // Nobody looks any more.
     pane->setWatched(false);
     editor->setBody(u"abc"_s);
     f->api.expect(put);
     f->clock.advance(std::chrono::seconds(5));
+    store->close();
+  }
+
+  void theLeadsToPreviewForAreKnownOrToldOf() {
+    load(campaign(twoSteps));
+    auto* pane = editor->preview();
+    f->api.expect(leads);
+    pane->setWatched(true);
+    QCOMPARE(pane->leadsNote(), u"Loading leads…"_s);
+    QVERIFY(pane->leads().isEmpty());
+    f->api.fail(leads, TransportFailure::offline);
+    QCOMPARE(pane->leadsNote(), u"Couldn’t load leads"_s);
+    QVERIFY(pane->leads().isEmpty());
+    f->api.expect(leads);
+    pane->retry();
+    QVERIFY(!pane->leadsFailed());
+    f->api.answer(leads, refusal, 422);
+    QVERIFY(pane->leadsFailed());
+    f->api.expect(leads);
+    pane->retry();
+    f->api.answer(leads, R"({"items":[]})");
+    QCOMPARE(pane->leadsNote(), QString());
+    QCOMPARE(pane->leads()[0].toMap()[u"label"_s].toString(), u"Sample lead (add leads to preview a real one)"_s);
+    store->close();
+  }
+
+  void theLeadsVariablesAreAskedForOnceThoughNobodyLooks() {
+    load(campaign(twoSteps));
+    editor->preview()->wantVariables();
+    f->api.expect(preview);
+    f->clock.advance(SequencePreview::firstWait);
+    f->api.fail(preview, TransportFailure::offline);
+    f->api.expect(put);
+    editor->setBody(u"a"_s);
+    f->api.expect(preview);
+    f->clock.advance(SequencePreview::wait);
+    f->api.answer(preview, rendered(2));
+    QCOMPARE(editor->variables().last().toMap()[u"name"_s].toString(), u"city"_s);
+    editor->setBody(u"ab"_s);
+    passWait();
+    store->close();
+  }
+
+  /// The text that is shown goes out, whatever becomes of the sequence.
+  void aTestNeedsNoSavedSequenceAndNoOpenDialog() {
+    load(campaign(twoSteps, 7, oneSender));
+    editor->setBody(u"unsaved"_s);
+    auto* form = editor->testEmail();
+    form->show();
+    form->setTo(u"you@x.com"_s);
+    f->api.expect(put);
+    form->submit();
+    form->cancel();
+    QVERIFY(!form->shown());
+    // Nor does it matter what is shown by then, and a second one is not begun.
+    editor->selectPlace(1);
+    form->show();
+    form->submit();
+    form->cancel();
+    f->api.expect(testEmail);
+    f->api.answer(put, refusal, 422);
+    QCOMPARE(sent()[u"body"_s].toString(), u"unsaved"_s);
+    QCOMPARE(sent()[u"variantId"_s].toString(), u"v1"_s);
+    QCOMPARE(sent()[u"stepPosition"_s].toInt(), 1);
+    f->api.answer(testEmail, R"({"id":"t1","state":"queued","from":"me@x.com","to":"you@x.com"})", 202);
+    f->api.expect(followed);
+    f->clock.advance(TestEmailForm::interval);
+    f->api.answer(followed, R"({"id":"t1","state":"sent"})");
+    QCOMPARE(toasts().last(), u"Sent from me@x.com to you@x.com"_s);
+
+    form->show();
+    QCOMPARE(form->stageName(), u"form"_s);
+    f->api.expect(put);
+    form->submit();
+    form->cancel();
+    f->api.expect(testEmail);
+    f->api.answer(put, refusal, 422);
+    f->api.answer(testEmail, refusal, 422);
+    QCOMPARE(toasts().last(), u"Couldn’t send the test."_s);
     store->close();
   }
 

@@ -160,6 +160,27 @@ class TextVariablesTest : public QObject {
     const Marked from(before);
     QTEST(afterwards(from, formatEdit(command, from.text, from.start, from.end)), "after");
   }
+
+  void linesThatStayKeepTheirEnds_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<QString>("followed");
+    QTest::newRow("typed behind") << u"a\r\nb\rc\u2029d\n"_s << u"a\nb\ncx\nd\n"_s << u"a\r\nb\rcx\u2029d\n"_s;
+    QTest::newRow("a line more") << u"a\r\nb"_s << u"a\nx\nb"_s << u"a\r\nx\r\nb"_s;
+    QTest::newRow("a line more, no pairs") << u"a\rb"_s << u"a\nx\nb"_s << u"a\rx\nb"_s;
+    QTest::newRow("a line less") << u"a\r\nb\r\nc"_s << u"a\nc"_s << u"a\r\nc"_s;
+    QTest::newRow("an empty line less") << u"a\r\n\r\nb"_s << u"a\nb"_s << u"a\r\nb"_s;
+    QTest::newRow("all gone") << u"a\r\nb"_s << u""_s << u""_s;
+  }
+  void linesThatStayKeepTheirEnds() {
+    QFETCH(QString, text);
+    QFETCH(QString, after);
+    const QString before = withLineFeeds(text);
+    QVERIFY(!before.contains(u'\r') && !before.contains(QChar::ParagraphSeparator));
+    QCOMPARE(orv::followed(text, before, before), text);
+    QTEST(orv::followed(text, before, after), "followed");
+    QCOMPARE(withLineFeeds(orv::followed(text, before, after)), after);
+  }
 };
 
 QTEST_GUILESS_MAIN(TextVariablesTest)

@@ -97,6 +97,39 @@ class EmailTextTest : public QObject {
     QCOMPARE(m_text->text(), u"a👎b"_s);
   }
 
+  /// The document has one kind of line end; the email keeps those that it came with.
+  void lineEndsStayAsTheyAre_data() {
+    QTest::addColumn<QString>("end");
+    QTest::newRow("pair") << u"\r\n"_s;
+    QTest::newRow("return") << u"\r"_s;
+    QTest::newRow("paragraph") << u"\u2029"_s;
+  }
+  void lineEndsStayAsTheyAre() {
+    QFETCH(QString, end);
+    QSignalSpy edited(m_text.get(), &EmailText::edited);
+    const QString text = u"Hi Jo,%1%1one two%1{a|b}"_s.arg(end);
+    m_text->show(text);
+    QCOMPARE(m_text->text(), text);
+    QCOMPARE(coloured(), (QList<QPair<int, int>>{{16, 5}}));
+    m_text->format(u"bold"_s, 8, 11);
+    QCOMPARE(last(edited), u"Hi Jo,%1%1**one** two%1{a|b}"_s.arg(end));
+    m_text->replaceAll(u"Hi Jo,%1%1**one** {two|2}%1{a|b}"_s.arg(end));
+    QCOMPARE(last(edited), u"Hi Jo,%1%1**one** {two|2}%1{a|b}"_s.arg(end));
+    m_document->undo();
+    m_document->undo();
+    QCOMPARE(last(edited), text);
+  }
+
+  /// A text that was changed while it was not shown can be taken back where it is shown.
+  void aTextComesWithItsLastEdit() {
+    QSignalSpy edited(m_text.get(), &EmailText::edited);
+    m_text->show(u"{Hi|Hello} Jo"_s, u"Hi Jo"_s);
+    QCOMPARE(m_text->text(), u"{Hi|Hello} Jo"_s);
+    m_document->undo();
+    QCOMPARE(last(edited), u"Hi Jo"_s);
+    QVERIFY(!m_document->isUndoAvailable());
+  }
+
   void coloursFollowTheText() {
     m_text->setVariableInk(Qt::red);
     m_text->show(u"Hi {{firstName}},\n{a\n|b} c"_s);

@@ -84,13 +84,21 @@ TestCase {
         compare(edits, [3, 2]);
     }
 
-    function test_whatIsNoNumberIsNotTaken() {
+    function test_aNumberBeyondTheBoundsCountsAsTheNearest() {
         type("31");
-        compare(edits, [3], "what was typed on the way counts while it is in bounds");
+        compare(edits, [3, 30]);
+        compare(wait.text, "31", "what is being typed stays");
         compare(wait.error, "1 to 30 days");
         limit.forceActiveFocus();
-        compare(wait.text, "3", "the last number comes back");
+        compare(wait.text, "30");
         compare(wait.error, "");
+        wait.forceActiveFocus();
+        type("0");
+        compare(days, 1);
+        type("x");
+        compare(days, 1, "what is no number is not taken");
+        limit.forceActiveFocus();
+        compare(wait.text, "1", "the last number comes back");
     }
 
     function test_aFormKeepsWhatIsTyped() {
