@@ -2,7 +2,7 @@
 
 #include "demo/DemoService.h"
 #include "kit/session/authRequests.h"
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 #include "tests/support/await.h"
 
 namespace orv::test {

@@ -14,7 +14,7 @@
 #include "desktop/services/MemoryPressureMonitor.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "kit/async/TaskScope.h"
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 #include "tests/support/PrivateBus.h"
 
 using namespace orv;

@@ -2,7 +2,7 @@
 
 #include "kit/async/OneShot.h"
 #include "kit/async/TaskScope.h"
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 #include "tests/support/await.h"
 
 using namespace orv;

@@ -8,7 +8,7 @@
 #include "app/base/desktop/MemoryPressure.h"
 #include "kit/session/Keychain.h"
 #include "tests/support/FakeTransport.h"
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 #include "tests/support/fixtures.h"
 
 namespace orv::test {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "kit/async/ManualClock.h"
 #include "tests/app/campaigns/SequenceFixture.h"
-#include "tests/support/ManualClock.h"
 
 namespace orv::test {
 

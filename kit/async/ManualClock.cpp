@@ -1,8 +1,8 @@
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 
 #include <algorithm>
 
-namespace orv::test {
+namespace orv {
 
 class ManualClock::ManualTimer final : public Timer {
  public:
@@ -34,4 +34,4 @@ void ManualClock::advance(std::chrono::milliseconds by) {
   m_now = end;
 }
 
-}  // namespace orv::test
+}  // namespace orv

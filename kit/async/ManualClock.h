@@ -4,11 +4,14 @@
 
 #include "kit/async/Clock.h"
 
-namespace orv::test {
+namespace orv {
 
-/// Time that moves when the test says so.
+/// Time that moves when it is told to: for tests, and for pictures that nobody wants to wait for.
 class ManualClock final : public Clock {
  public:
+  ManualClock() = default;
+  explicit ManualClock(const QDateTime& start) : m_now(start) {}
+
   QDateTime now() const override { return m_now; }
   std::unique_ptr<Timer> startTimer(std::chrono::milliseconds delay, std::function<void()> fire) override;
 
@@ -29,4 +32,4 @@ class ManualClock final : public Clock {
   quint64 m_lastId = 0;
 };
 
-}  // namespace orv::test
+}  // namespace orv
