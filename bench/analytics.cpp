@@ -2,7 +2,7 @@
 
 #include "bench/Frame.h"
 #include "bench/Report.h"
-#include "desktop/RenderStage.h"
+#include "desktop/scenes/Stage.h"
 #include "kit/api/JSONCoding.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -44,7 +44,7 @@ bool analytics(Scale scale) {
   std::printf("Analytics of %d campaigns, as many accounts and %d days, in the window\n", campaigns, days);
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  Stage stage(engine, true, StagedTransport::Mode::passing, QSize(1280, 800), false);
+  Stage stage(engine, {});
   if (!stage.isReady()) return false;
   auto* router = stage.app().router();
   router->open(Page::analytics);

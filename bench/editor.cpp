@@ -2,7 +2,7 @@
 
 #include "bench/Frame.h"
 #include "bench/Report.h"
-#include "desktop/RenderStage.h"
+#include "desktop/scenes/Stage.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -51,7 +51,7 @@ bool editor(Scale scale) {
   std::printf("A sequence of %d emails in %d variants, texts of %d words\n", steps, variants, length);
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  Stage stage(engine, true, StagedTransport::Mode::passing, QSize(1280, 800), false);
+  Stage stage(engine, {});
   if (!stage.isReady()) return false;
   stage.settle();
   const QString id = stage.app().session()->campaigns()->list()->value()->items.first().id;

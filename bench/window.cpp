@@ -3,7 +3,7 @@
 
 #include "bench/Frame.h"
 #include "bench/Report.h"
-#include "desktop/RenderStage.h"
+#include "desktop/scenes/Stage.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,7 +13,7 @@ namespace {
 bool list(Scale scale, QQmlEngine& engine) {
   const int count = scale.of(10000);
   std::printf("Filtering and sorting %d campaigns, in the window\n", count);
-  Stage stage(engine, true, StagedTransport::Mode::passing, QSize(1280, 800), false, true, count);
+  Stage stage(engine, {.campaigns = count});
   if (!stage.isReady()) return false;
   stage.settle();
   CampaignsStore& store = *stage.app().session()->campaigns();

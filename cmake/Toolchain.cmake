@@ -54,12 +54,18 @@ if(ORVELLA_SANITIZE)
   add_link_options(-fsanitize=${ORVELLA_SANITIZE})
 endif()
 
+set(ORVELLA_TEST_ENVIRONMENT
+  "QT_QPA_PLATFORM=offscreen" "QT_QUICK_BACKEND=software" "LC_ALL=C.UTF-8"
+  "ASAN_OPTIONS=detect_stack_use_after_return=1"
+  "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/leaks.supp:print_suppressions=0"
+  "UBSAN_OPTIONS=print_stacktrace=1"
+  "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/races.supp")
+
 # orvella_test(NAME SOURCES … [LIBRARIES …]): one Qt Test program, registered with CTest.
 function(orvella_test name)
   cmake_parse_arguments(arg "GUI" "" "SOURCES;LIBRARIES;WRAPPER" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE orvella_flags Qt6::Test ${arg_LIBRARIES})
   add_test(NAME ${name} COMMAND ${arg_WRAPPER} $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_stack_use_after_return=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/leaks.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1;TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/races.supp")
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120 ENVIRONMENT "${ORVELLA_TEST_ENVIRONMENT}")
 endfunction()

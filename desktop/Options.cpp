@@ -19,12 +19,9 @@ Options Options::parse(int argc, char** argv) {
   const QCommandLineOption demo(u"demo"_s, u"Opens a sample workspace, without a network."_s);
   const QCommandLineOption campaigns(u"campaigns"_s, u"Campaigns in the sample, at least."_s, u"n"_s, u"0"_s);
   const QCommandLineOption fresh(u"fresh"_s, u"Starts signed out and leaves the keyring alone."_s);
-  const QCommandLineOption render(u"render"_s, u"Renders every page and state to PNG files in a folder, and ends."_s,
-                                  u"folder"_s);
-  const QCommandLineOption scenes(u"scenes"_s, u"Renders only the pages whose names begin like this."_s, u"prefix"_s);
   QCommandLineOption untilContent(u"until-content"_s);
   untilContent.setFlags(QCommandLineOption::HiddenFromHelp);
-  parser.addOptions({help, version, demo, campaigns, fresh, render, scenes, untilContent});
+  parser.addOptions({help, version, demo, campaigns, fresh, untilContent});
   parser.addPositionalArgument(u"link"_s, u"A sign-in link."_s, u"[link]"_s);
 
   const bool parsed = parser.parse(words);
@@ -40,9 +37,7 @@ Options Options::parse(int argc, char** argv) {
     QTextStream(stdout) << "Orvella " << ORVELLA_VERSION << '\n';
     std::exit(0);
   }
-  return {parser.isSet(demo),          parser.value(campaigns).toInt(),
-          parser.isSet(fresh),         parser.isSet(untilContent),
-          parser.value(render),        parser.value(scenes),
+  return {parser.isSet(demo), parser.value(campaigns).toInt(), parser.isSet(fresh), parser.isSet(untilContent),
           parser.positionalArguments()};
 }
 

@@ -15,10 +15,6 @@ struct Options {
   bool fresh = false;
   /// Ends after the first frame with content, having said on standard output how much memory is in use: for measuring.
   bool untilContent = false;
-  /// Where to render every page and state instead of opening a window; empty to open one.
-  QString renderFolder;
-  /// What the names of the rendered pages begin with.
-  QString scenes;
   /// Links and whatever else stands after the options.
   QStringList arguments;
 

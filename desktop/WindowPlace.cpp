@@ -6,17 +6,26 @@
 
 namespace orv {
 namespace {
+
 constexpr QSize usualSize(1280, 800);
+
+QList<QRect> freeScreens() {
+  QList<QRect> screens;
+  for (const QScreen* screen : QGuiApplication::screens()) screens.append(screen->availableGeometry());
+  return screens;
 }
+
+}  // namespace
 
 WindowPlace::WindowPlace(QQuickWindow& window, Preferences& preferences, QObject* parent)
     : QObject(parent), m_window(window), m_preferences(preferences) {
   window.installEventFilter(this);
 }
 
-QRect WindowPlace::fitted(QRect remembered, const QList<QRect>& screens, const QSize& smallest, const QSize& usual) {
+QRect WindowPlace::fitted(QRect remembered, const QList<QRect>& screens, const QSize& smallest, const QSize& usual,
+                          const QMargins& frame) {
   if (screens.isEmpty()) return remembered.isValid() ? remembered : QRect({}, usual);
-  const QRect first = screens.first();
+  const QRect first = screens.first().marginsRemoved(frame);
   if (!remembered.isValid()) {
     QRect place({}, usual.boundedTo(first.size()).expandedTo(smallest));
     place.moveCenter(first.center());
@@ -29,7 +38,7 @@ QRect WindowPlace::fitted(QRect remembered, const QList<QRect>& screens, const Q
     const QRect seen = screen & remembered;
     const qint64 area = qint64(seen.width()) * seen.height();
     if (seen.isValid() && area > bestArea) {
-      best = screen;
+      best = screen.marginsRemoved(frame);
       bestArea = area;
     }
   }
@@ -39,16 +48,36 @@ QRect WindowPlace::fitted(QRect remembered, const QList<QRect>& screens, const Q
   return place;
 }
 
-void WindowPlace::restore() {
-  QList<QRect> screens;
-  for (const QScreen* screen : QGuiApplication::screens()) screens.append(screen->availableGeometry());
-  m_window.setGeometry(fitted(m_preferences.windowGeometry(), screens, m_window.minimumSize(), usualSize));
+// QWindow's own show() would make a maximised window a normal one.
+void WindowPlace::show() {
+  m_window.setGeometry(fitted(m_preferences.windowGeometry(), freeScreens(), m_window.minimumSize(), usualSize));
   if (m_preferences.windowMaximized()) m_window.setWindowStates(Qt::WindowMaximized);
+  m_window.setVisible(true);
+  m_window.requestActivate();
+}
+
+void WindowPlace::bringForward(const QString& activationToken) {
+  if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+  m_window.setWindowStates(m_window.windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
+  m_window.setVisible(true);
+  m_window.raise();
+  m_window.requestActivate();
+  qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 bool WindowPlace::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Close) remember();
+  // The desktop has put its frame around the window by the time it wants it drawn.
+  if (event->type() == QEvent::Expose && m_window.isExposed() && !m_framed) keepFrameOnScreen();
   return QObject::eventFilter(watched, event);
+}
+
+void WindowPlace::keepFrameOnScreen() {
+  m_framed = true;
+  if (m_window.windowStates() != Qt::WindowNoState || m_window.frameMargins().isNull()) return;
+  const QRect place =
+      fitted(m_window.geometry(), freeScreens(), m_window.minimumSize(), usualSize, m_window.frameMargins());
+  if (place != m_window.geometry()) m_window.setGeometry(place);
 }
 
 void WindowPlace::remember() {

@@ -1,5 +1,6 @@
 #include <QDBusConnection>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QLoggingCategory>
@@ -12,7 +13,6 @@
 #include "desktop/ClientWindow.h"
 #include "desktop/MemoryKeychain.h"
 #include "desktop/Options.h"
-#include "desktop/Render.h"
 #include "desktop/WindowPlace.h"
 #include "desktop/services/BrowserService.h"
 #include "desktop/services/ClipboardService.h"
@@ -41,23 +41,19 @@ bool hasDisplay() {
          qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+/// Qt Quick ends the program where there is no OpenGL, and OpenGL in software takes twice the time and the memory of
+/// the plain renderer, which draws everything this window has.
 void useSoftwareWithoutGraphics() {
-  if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) return;
+  for (const char* told : {"QT_QUICK_BACKEND", "QSG_RHI_BACKEND"})
+    if (qEnvironmentVariableIsSet(told)) return;
+  const bool hasCard = !QDir(u"/dev/dri"_s).entryList({u"renderD*"_s}, QDir::System).isEmpty();
   QOpenGLContext probe;
-  // Qt Quick ends the program where there is no OpenGL; the plain renderer draws everything this window has.
-  if (!probe.create()) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  if (!hasCard || !probe.create()) QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
 void follow(const ColorSchemeWatcher& desktop, Appearance& appearance) {
   appearance.setSystemDark(desktop.scheme() == ColorSchemeWatcher::Scheme::dark);
   appearance.setReducedMotion(desktop.reducedMotion());
-}
-
-void raise(QQuickWindow& window, const QString& activationToken) {
-  if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
-  window.show();
-  window.requestActivate();
-  qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 double residentMegabytes() {
@@ -139,12 +135,11 @@ int run(QGuiApplication& application, const Options& options) {
   QQuickWindow* window = main.open();
   if (!window) return 1;
   WindowPlace place(*window, preferences);
-  place.restore();
 
   QObject::connect(&instance, &SingleInstance::opened, &app,
                    [&app](const QString& link) { app.signIn()->takeGoogleLink(link); });
   QObject::connect(&instance, &SingleInstance::activated, window,
-                   [window](const QString& token) { raise(*window, token); });
+                   [&place](const QString& token) { place.bringForward(token); });
   for (const QString& link : links) app.signIn()->takeGoogleLink(link);
   if (!options.demo) {
     findSchemeHandler(applicationId, &app, [](const QString& entry) {
@@ -154,8 +149,7 @@ int run(QGuiApplication& application, const Options& options) {
   }
 
   if (options.untilContent) endAtContent(*window, app);
-  window->show();
-  window->requestActivate();
+  place.show();
   const int code = application.exec();
   instance.release();
   letFinish(app);
@@ -166,12 +160,9 @@ int run(QGuiApplication& application, const Options& options) {
 
 int main(int argc, char** argv) {
   const Options options = Options::parse(argc, argv);
-  const bool rendering = !options.renderFolder.isEmpty();
-  if (rendering) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-  } else if (!hasDisplay()) {
-    QTextStream(stderr) << "There is no display here. Start Orvella on a desktop, or render its pages with --render.\n";
+  if (!hasDisplay()) {
+    QTextStream(stderr) << "There is no display here. Start Orvella on a desktop, or look at pictures of its pages: "
+                           "orvella-render makes them.\n";
     return 1;
   }
 
@@ -182,7 +173,6 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(u"Orvella"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
   QGuiApplication::setDesktopFileName(applicationId);
-  if (rendering) return renderPages(options.renderFolder, options.scenes);
 
   const LogFile log(LogFile::defaultFolder());
   useSoftwareWithoutGraphics();

@@ -3,7 +3,7 @@
 #include <QWheelEvent>
 #include <functional>
 
-#include "desktop/RenderStage.h"
+#include "desktop/scenes/Stage.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -90,8 +90,7 @@ class FiguresTest : public QObject {
   }
   void init() {
     warnings.clear();
-    m_stage =
-        std::make_unique<Stage>(*m_engine, true, StagedTransport::Mode::passing, QSize(1024, 700), false, true, 200);
+    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{.size = {1024, 700}, .campaigns = 200});
     QVERIFY(m_stage->isReady());
     QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
     press(Qt::Key_G);

@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "desktop/RenderStage.h"
+#include "desktop/scenes/Stage.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -28,8 +28,8 @@ class WindowTest : public QObject {
   std::unique_ptr<Stage> m_stage;
 
   void open(bool signedIn, bool reducedMotion = true) {
-    m_stage = std::make_unique<Stage>(*m_engine, signedIn, StagedTransport::Mode::passing, QSize(1280, 800), false,
-                                      reducedMotion);
+    m_stage =
+        std::make_unique<Stage>(*m_engine, StageSetting{.signedIn = signedIn, .reducedMotion = reducedMotion});
     QVERIFY(m_stage->isReady());
     QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
   }

@@ -3,15 +3,17 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include "desktop/RenderScenes.h"
+#include "desktop/scenes/Scene.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
-/// The first campaign of the status; the list must have been loaded.
+/// The first campaign of the status.
 CampaignStore& openCampaign(Stage& stage, const QString& status) {
+  stage.app().router()->open(Page::campaigns);
+  stage.settle();
   const auto& items = stage.app().session()->campaigns()->list()->value()->items;
   const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
   stage.app().router()->openCampaign(found->id);
@@ -47,45 +49,25 @@ CampaignStatsStore& openStats(Stage& stage, const QString& section) {
 }
 
 /// The leads tab of the first running campaign.
-CampaignLeads& openLeads(Stage& stage) {
-  CampaignStore& campaign = openTab(stage, u"running"_s, u"leads"_s);
-  // A busy machine may need longer than a picture waits for.
-  for (int turns = 0; turns < 50 && campaign.leads()->rows()->count() == 0; ++turns) stage.settle();
-  return *campaign.leads();
-}
+CampaignLeads& openLeads(Stage& stage) { return *openTab(stage, u"running"_s, u"leads"_s).leads(); }
 
 QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
-
-void tabToTheRows(Stage& stage) {
-  // Thousands of leads have their say in what was sent.
-  stage.settle();
-  const auto inRow = [&stage] {
-    const QQuickItem* item = stage.window().activeFocusItem();
-    return item && item->property("ticked").isValid();
-  };
-  for (int i = 0; i < 30 && !inRow(); ++i) stage.press(Qt::Key_Tab);
-}
-
-/// The form scrolls to what has the focus.
-void tabOn(Stage& stage, int stops) {
-  for (int i = 0; i < stops; ++i) stage.press(Qt::Key_Tab);
-}
 
 QList<Scene> headerScenes() {
   using Mode = StagedTransport::Mode;
   return {
-      {u"campaign"_s, [](Stage& s) { openCampaign(s, u"running"_s); }},
+      page(u"campaign"_s, [](Stage& s) { openCampaign(s, u"running"_s); }),
       {u"campaign-pause"_s,
        [](Stage& s) {
-         auto& campaign = openCampaign(s, u"running"_s);
+         openCampaign(s, u"running"_s);
          s.settle();
-         campaign.pause();
+         s.press(u"Pause"_s);
        }},
       {u"campaign-launch"_s,
        [](Stage& s) {
-         auto& campaign = openCampaign(s, u"draft"_s);
+         openCampaign(s, u"draft"_s);
          s.settle();
-         campaign.launch();
+         s.press(u"Launch"_s);
        }},
       {u"campaign-rename"_s,
        [](Stage& s) {
@@ -142,13 +124,17 @@ QList<Scene> sequenceScenes() {
          s.type(u"Written while the service was down. "_s);
          editor.autosave()->save();
        }},
-      {u"campaign-sequence-test"_s, [](Stage& s) { openSequence(s, u"running"_s).testEmail()->show(); }},
+      {u"campaign-sequence-test"_s,
+       [](Stage& s) {
+         openSequence(s, u"running"_s);
+         s.press(u"Send a test"_s);
+       }},
   };
 }
 
 QList<Scene> leadScenes() {
   return {
-      {u"leads"_s, [](Stage& s) { openLeads(s); }},
+      page(u"leads"_s, [](Stage& s) { openLeads(s); }),
       {u"leads-ticked"_s,
        [](Stage& s) {
          auto& leads = openLeads(s);
@@ -164,7 +150,6 @@ QList<Scene> leadScenes() {
        [](Stage& s) {
          auto& leads = openLeads(s);
          leads.setLeadQuery(u"nothing like this"_s);
-         s.settle();
          s.settle();
        }},
       {u"leads-archive"_s,
@@ -186,7 +171,6 @@ QList<Scene> leadScenes() {
          if (file.open(QIODevice::WriteOnly)) file.write("email,firstName,company,city\na@x.example,Ana,Acme,Ulm\n");
          file.close();
          adding.setFile(file.fileName());
-         s.settle();
        }},
       {u"leads-added"_s,
        [](Stage& s) {
@@ -207,19 +191,20 @@ QList<Scene> leadScenes() {
 
 QList<Scene> settingsScenes() {
   return {
-      {u"campaign-settings"_s, [](Stage& s) { openTab(s, u"running"_s, u"settings"_s); }},
+      page(u"campaign-settings"_s, [](Stage& s) { openTab(s, u"running"_s, u"settings"_s); }),
       {u"campaign-settings-unsaved"_s,
        [](Stage& s) {
          auto& form = *openTab(s, u"paused"_s, u"settings"_s).settings();
          form.set(u"name"_s, QString());
          form.addTag(u"spring"_s);
          form.senders()->toggleTag(u"dach"_s);
-         form.save();
+         s.settle();
+         s.press(u"Save settings"_s);
        }},
       {u"campaign-settings-limits"_s,
        [](Stage& s) {
          openTab(s, u"draft"_s, u"settings"_s).settings()->set(u"gap"_s, u"1441"_s);
-         tabOn(s, 17);
+         s.tabTo(u"Max new leads a day"_s);
        }},
       {u"campaign-settings-schedule"_s,
        [](Stage& s) {
@@ -228,7 +213,7 @@ QList<Scene> settingsScenes() {
          form.setText(1, u"end"_s, u"08:00"_s);
          form.setText(1, u"timeZone"_s, u"Europe/Atlantis"_s);
          form.save();
-         tabOn(s, 46);
+         s.tabTo(u"Add schedule"_s);
        }},
   };
 }
@@ -243,38 +228,38 @@ QList<Scene> subsequenceScenes() {
          page.toggleLabel(u"interested"_s);
          page.create();
        }},
-      {u"campaign-subsequences"_s,
-       [](Stage& s) {
-         auto& campaign = openTab(s, u"running"_s, u"subsequences"_s);
-         campaign.subsequences()->beginCreate();
-         campaign.subsequences()->setName(u"Asked for a call"_s);
-         campaign.subsequences()->toggleLabel(u"interested"_s);
-         campaign.subsequences()->create();
-         s.settle();
-         s.app().router()->openCampaign(campaign.id());
-       }},
+      page(u"campaign-subsequences"_s,
+           [](Stage& s) {
+             auto& campaign = openTab(s, u"running"_s, u"subsequences"_s);
+             campaign.subsequences()->beginCreate();
+             campaign.subsequences()->setName(u"Asked for a call"_s);
+             campaign.subsequences()->toggleLabel(u"interested"_s);
+             campaign.subsequences()->create();
+             s.settle();
+             s.app().router()->openCampaign(campaign.id());
+           }),
       {u"campaign-subsequences-failed"_s, [](Stage& s) { openFailing(s, u"subsequences"_s); }},
   };
 }
 
 QList<Scene> statsScenes() {
   return {
-      {u"campaign-stats"_s, [](Stage& s) { openStats(s, u"inboxes"_s); }},
+      page(u"campaign-stats"_s, [](Stage& s) { openStats(s, u"inboxes"_s); }),
       {u"campaign-stats-emails"_s,
        [](Stage& s) {
          openStats(s, u"emails"_s);
-         tabToTheRows(s);
+         s.tabTo(u"row 1"_s);
        }},
       {u"campaign-stats-messages"_s,
        [](Stage& s) {
          openStats(s, u"messages"_s);
-         tabToTheRows(s);
+         s.tabTo(u"row 1"_s);
          s.press(Qt::Key_PageDown);
        }},
       {u"campaign-stats-activity"_s,
        [](Stage& s) {
          openStats(s, u"activity"_s);
-         tabToTheRows(s);
+         s.tabTo(u"row 1"_s);
          s.press(Qt::Key_End);
        }},
       {u"campaign-stats-draft"_s,
@@ -300,7 +285,7 @@ QList<Scene> offlineScenes() {
 
 }  // namespace
 
-QList<Scene> campaignPageScenes() {
+QList<Scene> campaignScenes() {
   return headerScenes() + sequenceScenes() + leadScenes() + settingsScenes() + subsequenceScenes() + statsScenes() +
          offlineScenes();
 }

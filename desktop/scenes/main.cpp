@@ -1,0 +1,84 @@
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QQuickStyle>
+#include <QTextStream>
+
+#include "desktop/scenes/SceneRunner.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+namespace {
+
+struct Wish {
+  bool check = false;
+  bool all = false;
+  QString prefix;
+  /// Every n-th scene from which on; one program takes them all otherwise.
+  int share = 0;
+  int shares = 1;
+  QString folder;
+
+  /// Each page once.
+  bool isShort() const { return !check && !all && prefix.isEmpty(); }
+};
+
+Wish wishOf(const QCoreApplication& application) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      u"Plays Orvella’s pages and states, and renders them to PNG files: each page once, or what is asked for."_s);
+  parser.addHelpOption();
+  parser.addOption({u"all"_s, u"Every state, in both sizes and both themes."_s});
+  parser.addOption({u"scenes"_s, u"Those states whose names begin like this."_s, u"prefix"_s});
+  parser.addOption({u"check"_s, u"Keeps no pictures; both themes at one size."_s});
+  parser.addOption({u"share"_s, u"With --check: one of n parts, as \"1/4\"."_s, u"part"_s, u"1/1"_s});
+  parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s, u"[folder]"_s);
+  parser.process(application);
+
+  const QStringList share = parser.value(u"share"_s).split(u'/');
+  const Wish wish{parser.isSet(u"check"_s),   parser.isSet(u"all"_s), parser.value(u"scenes"_s),
+                  share.value(0).toInt() - 1, share.value(1).toInt(), parser.positionalArguments().value(0)};
+  if (wish.share < 0 || wish.share >= wish.shares || wish.check == !wish.folder.isEmpty()) parser.showHelp(2);
+  return wish;
+}
+
+QList<Scene> scenesOf(const Wish& wish) {
+  QList<Scene> wanted;
+  for (int number = 0; const Scene& scene : allScenes()) {
+    if (!scene.name.startsWith(wish.prefix) || (wish.isShort() && !scene.isPage)) continue;
+    if (number++ % wish.shares == wish.share) wanted.append(scene);
+  }
+  return wanted;
+}
+
+int play(const Wish& wish) {
+  const QDir folder(wish.folder);
+  if (!wish.check && !folder.mkpath(u"."_s)) {
+    QTextStream(stderr) << "The folder " << wish.folder << " can’t be made.\n";
+    return 1;
+  }
+  const QList<Scene> scenes = scenesOf(wish);
+  QList<QSize> sizes{QSize(1280, 800)};
+  if (!wish.check && !wish.isShort()) sizes.append(QSize(1024, 700));
+
+  SceneRunner runner(wish.check ? std::nullopt : std::optional(folder));
+  for (const QSize& size : sizes)
+    for (const Scene& scene : scenes) runner.play(scene, size, !wish.isShort());
+
+  for (const QString& fault : runner.faults()) QTextStream(stderr) << fault << '\n';
+  QTextStream out(stdout);
+  out << runner.pictures() << " pictures of " << scenes.size() << " scenes";
+  if (!wish.check) out << " in " << folder.absolutePath();
+  out << ", " << runner.faults().size() << " faults\n";
+  return runner.faults().isEmpty() && !scenes.isEmpty() ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QUICK_BACKEND", "software");
+  QQuickStyle::setStyle(u"Basic"_s);
+  QGuiApplication application(argc, argv);
+  return play(wishOf(application));
+}
