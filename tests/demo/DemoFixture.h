@@ -1,8 +1,8 @@
 #pragma once
 
 #include "demo/DemoService.h"
-#include "kit/session/authRequests.h"
 #include "kit/async/ManualClock.h"
+#include "kit/session/authRequests.h"
 #include "tests/support/await.h"
 
 namespace orv::test {

@@ -13,8 +13,8 @@
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
 #include "desktop/services/SettingsPreferences.h"
-#include "kit/async/TaskScope.h"
 #include "kit/async/ManualClock.h"
+#include "kit/async/TaskScope.h"
 #include "tests/support/PrivateBus.h"
 
 using namespace orv;

@@ -1,8 +1,8 @@
 #include <QTest>
 
+#include "kit/async/ManualClock.h"
 #include "kit/async/OneShot.h"
 #include "kit/async/TaskScope.h"
-#include "kit/async/ManualClock.h"
 #include "tests/support/await.h"
 
 using namespace orv;

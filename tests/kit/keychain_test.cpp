@@ -1,7 +1,7 @@
 #include <QTest>
 
-#include "kit/session/SecretServiceKeychain.h"
 #include "kit/async/ManualClock.h"
+#include "kit/session/SecretServiceKeychain.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/await.h"
 

@@ -6,9 +6,9 @@
 
 #include "app/base/Services.h"
 #include "app/base/desktop/MemoryPressure.h"
+#include "kit/async/ManualClock.h"
 #include "kit/session/Keychain.h"
 #include "tests/support/FakeTransport.h"
-#include "kit/async/ManualClock.h"
 #include "tests/support/fixtures.h"
 
 namespace orv::test {

@@ -28,8 +28,7 @@ class WindowTest : public QObject {
   std::unique_ptr<Stage> m_stage;
 
   void open(bool signedIn, bool reducedMotion = true) {
-    m_stage =
-        std::make_unique<Stage>(*m_engine, StageSetting{.signedIn = signedIn, .reducedMotion = reducedMotion});
+    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{.signedIn = signedIn, .reducedMotion = reducedMotion});
     QVERIFY(m_stage->isReady());
     QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
   }
