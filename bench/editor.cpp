@@ -53,8 +53,7 @@ bool editor(Scale scale) {
   ClientWindow::prepare(engine);
   Stage stage(engine, {});
   if (!stage.isReady()) return false;
-  stage.settle();
-  const QString id = stage.app().session()->campaigns()->list()->value()->items.first().id;
+  const QString id = stage.openCampaigns().list()->value()->items.first().id;
   if (!write(stage, id, steps, variants, length)) {
     std::printf("  The sequence was not saved.\n");
     return false;

@@ -15,8 +15,7 @@ bool list(Scale scale, QQmlEngine& engine) {
   std::printf("Filtering and sorting %d campaigns, in the window\n", count);
   Stage stage(engine, {.campaigns = count});
   if (!stage.isReady()) return false;
-  stage.settle();
-  CampaignsStore& store = *stage.app().session()->campaigns();
+  CampaignsStore& store = stage.openCampaigns();
   if (store.rows()->count() < count) {
     std::printf("  Only %d campaigns were loaded.\n", store.rows()->count());
     return false;

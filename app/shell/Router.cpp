@@ -87,10 +87,8 @@ QString Router::title() const {
 void Router::setFeaturesOff(QSet<QString> features) {
   m_featuresOff = std::move(features);
   if (!m_featuresOff.contains(Pages::name(m_page))) return;
-  QList<Page> stays{Page::campaigns};
-  for (const auto& info : Pages::all()) stays.append(info.page);
-  for (const Page page : stays)
-    if (!m_featuresOff.contains(Pages::name(page))) return open(page);
+  for (const auto& info : Pages::all())
+    if (!m_featuresOff.contains(Pages::name(info.page))) return open(info.page);
 }
 
 void Router::reset() {

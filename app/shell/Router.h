@@ -95,7 +95,7 @@ class Router final : public QObject, public Navigator {
   Preferences& m_preferences;
   Clock& m_clock;
   QSet<QString> m_featuresOff;
-  Page m_page = Page::campaigns;
+  Page m_page = Page::dashboard;
   int m_direction = 0;
   QString m_inboxThread;
   QString m_campaign;

@@ -12,9 +12,7 @@ namespace {
 
 /// The first campaign of the status.
 CampaignStore& openCampaign(Stage& stage, const QString& status) {
-  stage.app().router()->open(Page::campaigns);
-  stage.settle();
-  const auto& items = stage.app().session()->campaigns()->list()->value()->items;
+  const auto& items = stage.openCampaigns().list()->value()->items;
   const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
   stage.app().router()->openCampaign(found->id);
   return *stage.app().session()->campaignStore(found->id);

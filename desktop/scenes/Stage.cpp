@@ -154,6 +154,12 @@ Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
 
 Stage::~Stage() = default;
 
+CampaignsStore& Stage::openCampaigns() {
+  app().router()->open(Page::campaigns);
+  settle();
+  return *app().session()->campaigns();
+}
+
 void Stage::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text) {
   for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(kind, key, modifiers, text);

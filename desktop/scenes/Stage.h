@@ -63,6 +63,8 @@ class Stage {
   AppModel& app() { return m_client->app(); }
   QQuickWindow& window() { return *m_window; }
   StagedTransport& transport() { return m_transport; }
+  /// Opens their page; they are loaded unless the transport keeps them from it.
+  CampaignsStore& openCampaigns();
 
   /// Straight to the window: keys of shortcuts, which the desktop's entrance matches, do nothing.
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {});

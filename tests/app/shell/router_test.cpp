@@ -19,6 +19,7 @@ class RouterTest : public QObject {
     ManualClock clock;
     MemoryPreferences preferences;
     Router router(preferences, clock);
+    QCOMPARE(router.page(), Page::dashboard);
     router.open(Page::inbox);
     QCOMPARE(router.direction(), 1);
     router.openCampaign(u"c1"_s);
@@ -28,7 +29,7 @@ class RouterTest : public QObject {
     router.open(Page::campaigns);
     QCOMPARE(router.campaign(), QString());
     router.setFeaturesOff({u"campaigns"_s});
-    QVERIFY2(router.page() != Page::campaigns, "a page that is off is never the open one");
+    QCOMPARE(router.page(), Page::dashboard);
     router.setFeaturesOff({});
     router.open(Page::campaigns);
     router.setFeaturesOff({u"rampup"_s});
