@@ -75,6 +75,7 @@ QList<Scene> headerScenes() {
        }},
       {u"campaign-failed"_s,
        [](Stage& s) {
+         s.openCampaigns();
          s.transport().mode = Mode::failing;
          openCampaign(s, u"running"_s);
        }},

@@ -69,6 +69,7 @@ Window {
             palette: root.palette
             shortcuts: root.shortcuts
         }
+        onLoaded: forceActiveFocus()
     }
 
     ConfirmDialog {
