@@ -32,23 +32,18 @@ void show(FigureRows<Row>& rows, std::vector<Row> records) {
 
 }  // namespace
 
-AnalyticsStore::AnalyticsStore(APITransport& api, Services& services, QObject* parent)
-    : Store(parent),
-      m_api(api),
-      m_services(services),
-      m_summary(
-          services.clock, [this] { return load(); }, [](const AnalyticsSummary&) { return false; }),
-      m_range(localToday(services.clock)),
+AnalyticsStore::AnalyticsStore(WorkspaceContext& context)
+    : Store(context),
+      m_summary(*this, [this] { return load(); }, {.failed = u"Couldn’t load analytics"_s}),
+      m_range(localToday(services().clock)),
       m_rangeForm([this](const QString& from, const QString& to) { return setCustomRange(from, to); }) {
   takeOptions({});
   connect(&m_busy, &BusySet::changed, this, &AnalyticsStore::changed);
   connect(&m_summary, &ResourceBase::valueChanged, this, &AnalyticsStore::arrived);
-  connect(&m_summary, &ResourceBase::refreshFailed, this,
-          [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load analytics"_s, error); });
 }
 
 void AnalyticsStore::setPreset(const QString& key) {
-  if (m_range.setPreset(key, localToday(m_services.clock))) ask();
+  if (m_range.setPreset(key, localToday(services().clock))) ask();
 }
 
 QVariantList AnalyticsStore::ranges() const {
@@ -123,24 +118,24 @@ QString AnalyticsStore::sampleNote() const {
 }
 
 void AnalyticsStore::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) refresh();
+  if (m_summary.needsLoad()) refresh();
 }
 
 void AnalyticsStore::refresh() {
   // Past midnight a preset stands for other days, which what is shown does not answer.
   const DateRange before = m_range.days();
-  m_range.follow(localToday(m_services.clock));
+  m_range.follow(localToday(services().clock));
   m_range.days() == before ? m_summary.load() : ask();
 }
 
 void AnalyticsStore::ask() {
   Q_EMIT changed();
-  if (m_loaded) m_summary.ask();
+  if (m_summary.isAsked()) m_summary.ask();
 }
 
 Task<AnalyticsSummary> AnalyticsStore::load() {
   const DateRange asked = m_range.days();
-  AnalyticsSummary summary = co_await m_api.send(Requests::analyticsSummary(
+  AnalyticsSummary summary = co_await api().send(Requests::analyticsSummary(
       Format::calendarDay(asked.from), Format::calendarDay(asked.to), unlessEmpty(m_filter.campaign),
       unlessEmpty(m_filter.mailbox), unlessEmpty(m_filter.tag)));
   m_shownRange = asked;
@@ -173,7 +168,7 @@ void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
 Task<void> AnalyticsStore::exportTask() {
   const bool campaigns = m_tab == Tab::campaigns;
   if (!m_summary.hasContent() || (campaigns ? m_campaignRows.count() : m_accountRows.count()) == 0) {
-    m_services.toasts.show(u"Nothing to export yet."_s);
+    services().toasts.show({.message = u"Nothing to export yet."_s});
     co_return;
   }
   const auto mark = m_busy.mark(u"export"_s);
@@ -181,12 +176,7 @@ Task<void> AnalyticsStore::exportTask() {
   const QString fileName = (campaigns ? u"campaigns-"_s : u"accounts-"_s) + Format::calendarDay(m_shownRange.from) +
                            u"-to-"_s + Format::calendarDay(m_shownRange.to) + u".csv"_s;
   const QByteArray bytes = campaigns ? campaignsCsv(m_campaignRows.records()) : accountsCsv(m_accountRows.records());
-  co_await saveCsv(m_services, fileName, bytes, u"Couldn’t save the file."_s);
-}
-
-void AnalyticsStore::close() {
-  m_summary.cancel();
-  Store::close();
+  co_await saveCsv(services(), fileName, bytes, u"Couldn’t save the file."_s);
 }
 
 }  // namespace orv

@@ -3,8 +3,6 @@
 #include "app/base/BusySet.h"
 #include "app/base/EnumName.h"
 #include "app/base/Resource.h"
-#include "app/base/Services.h"
-#include "app/base/Store.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
 #include "app/figures/FigureRows.h"
@@ -57,7 +55,7 @@ class AnalyticsStore final : public Store {
   enum class DayView { chart, table };
   Q_ENUM(DayView)
 
-  AnalyticsStore(APITransport& api, Services& services, QObject* parent = nullptr);
+  explicit AnalyticsStore(WorkspaceContext& context);
 
   Resource<AnalyticsSummary>* summary() { return &m_summary; }
   /// Key and label of each preset and, last, of a pair of dates.
@@ -123,16 +121,13 @@ class AnalyticsStore final : public Store {
   QVariantList series() const { return m_chart.series(); }
   Q_INVOKABLE void toggleSeries(const QString& key);
 
-  /// Loads when the page is first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
-  Q_INVOKABLE void refresh();
+  void ensureLoaded() override;
+  void refresh() override;
   /// Opens one of the campaigns.
-  Q_INVOKABLE void openCampaign(const QString& id) { m_services.router.openItem(Page::campaigns, id); }
+  Q_INVOKABLE void openCampaign(const QString& id) { context().openItem(Page::campaigns, id); }
   /// Saves the table of the shown tab, in its order.
   Q_INVOKABLE void exportCsv() { m_tasks.start(exportTask()); }
   Task<void> exportTask();
-
-  void close() override;
 
  Q_SIGNALS:
   void changed();
@@ -155,8 +150,6 @@ class AnalyticsStore final : public Store {
   void takeOptions(const AnalyticsSummary::Options& options);
   const std::optional<OrvSort>& sort() const { return m_tab == Tab::campaigns ? m_campaignSort : m_accountSort; }
 
-  APITransport& m_api;
-  Services& m_services;
   BusySet m_busy;
   Resource<AnalyticsSummary> m_summary;
   RangeChoice m_range;
@@ -176,7 +169,6 @@ class AnalyticsStore final : public Store {
   QVariantList m_tagOptions;
   /// The range that the figures on the screen are of; the person may have asked for another since.
   DateRange m_shownRange;
-  bool m_loaded = false;
 };
 
 }  // namespace orv

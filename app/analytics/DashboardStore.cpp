@@ -40,26 +40,22 @@ QVariantList todayFigures(const AnalyticsOverview::Today& today) {
 
 }  // namespace
 
-DashboardStore::DashboardStore(APITransport& api, Services& services, QObject* parent)
-    : Store(parent),
-      m_services(services),
-      m_range(localToday(services.clock)),
-      m_overview(
-          services.clock,
-          [this, &api] {
-            const DateRange& days = m_range.days();
-            return api.send(Requests::analyticsOverview(Format::calendarDay(days.from), Format::calendarDay(days.to)));
-          },
-          [](const AnalyticsOverview&) { return false; }) {
+DashboardStore::DashboardStore(WorkspaceContext& context)
+    : Store(context),
+      m_range(localToday(services().clock)),
+      m_overview(*this, [this] { return loadOverview(); }, {.failed = u"Couldn’t load the dashboard"_s}) {
   connect(&m_overview, &ResourceBase::valueChanged, this, &DashboardStore::arrived);
-  connect(&m_overview, &ResourceBase::refreshFailed, this,
-          [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load the dashboard"_s, error); });
+}
+
+Task<AnalyticsOverview> DashboardStore::loadOverview() {
+  const DateRange& days = m_range.days();
+  return api().send(Requests::analyticsOverview(Format::calendarDay(days.from), Format::calendarDay(days.to)));
 }
 
 void DashboardStore::setPreset(const QString& key) {
-  if (!m_range.setPreset(key, localToday(m_services.clock))) return;
+  if (!m_range.setPreset(key, localToday(services().clock))) return;
   Q_EMIT changed();
-  if (m_loaded) m_overview.ask();
+  if (m_overview.isAsked()) m_overview.ask();
 }
 
 void DashboardStore::toggleSeries(const QString& key) {
@@ -68,17 +64,17 @@ void DashboardStore::toggleSeries(const QString& key) {
 }
 
 void DashboardStore::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) refresh();
+  if (m_overview.needsLoad()) refresh();
 }
 
 void DashboardStore::refresh() {
   // Yesterday's figures are no answer for today.
   const DateRange before = m_range.days();
-  m_range.follow(localToday(m_services.clock));
+  m_range.follow(localToday(services().clock));
   m_range.days() == before ? m_overview.load() : m_overview.ask();
 }
 
-void DashboardStore::openAnalytics() { m_services.router.open(Page::analytics); }
+void DashboardStore::openAnalytics() { context().open(Page::analytics); }
 
 void DashboardStore::arrived() {
   const AnalyticsOverview& overview = *m_overview.value();
@@ -91,11 +87,6 @@ void DashboardStore::arrived() {
   m_chart.setDays(metricDays.value_or(QList<MetricDay>()), tracksOpens, tracksClicks);
   Q_EMIT figuresChanged();
   Q_EMIT chartChanged();
-}
-
-void DashboardStore::close() {
-  m_overview.cancel();
-  Store::close();
 }
 
 }  // namespace orv

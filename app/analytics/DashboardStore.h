@@ -1,8 +1,6 @@
 #pragma once
 
 #include "app/base/Resource.h"
-#include "app/base/Services.h"
-#include "app/base/Store.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
 #include "kit/api/APITransport.h"
@@ -23,7 +21,7 @@ class DashboardStore final : public Store {
   Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
 
  public:
-  DashboardStore(APITransport& api, Services& services, QObject* parent = nullptr);
+  explicit DashboardStore(WorkspaceContext& context);
 
   Resource<AnalyticsOverview>* overview() { return &m_overview; }
   static QVariantList presets() { return rangePresets(); }
@@ -44,13 +42,10 @@ class DashboardStore final : public Store {
   QVariantList series() const { return m_chart.series(); }
   Q_INVOKABLE void toggleSeries(const QString& key);
 
-  /// Loads when the page is first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
-  Q_INVOKABLE void refresh();
+  void ensureLoaded() override;
+  void refresh() override;
   /// Opens the figures per campaign and per account.
   Q_INVOKABLE void openAnalytics();
-
-  void close() override;
 
  Q_SIGNALS:
   void changed();
@@ -59,16 +54,15 @@ class DashboardStore final : public Store {
   void chartChanged();
 
  private:
+  Task<AnalyticsOverview> loadOverview();
   void arrived();
 
-  Services& m_services;
   RangeChoice m_range;
   Resource<AnalyticsOverview> m_overview;
   ChartFigures m_chart;
   QString m_dayText;
   QVariantList m_today;
   QVariantList m_metrics;
-  bool m_loaded = false;
 };
 
 }  // namespace orv

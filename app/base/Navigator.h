@@ -15,6 +15,10 @@ class Navigator {
   virtual void openItem(Page page, const QString& id) = 0;
   /// The record that the page shows; empty when it shows none or is not open.
   virtual QString openedItem(Page page) const = 0;
+  /// Slug of the open workspace.
+  virtual QString workspace() const = 0;
+  /// Opens another workspace; nothing changes where it is open already, or no longer there.
+  virtual void openWorkspace(const QString& slug) = 0;
 
  protected:
   ~Navigator() = default;

@@ -14,11 +14,11 @@ struct ConfirmRequest {
   QString title;
   QString text;
   QString confirm;
-  QString cancel;
+  QString cancel = QStringLiteral("Cancel");
   /// The verb destroys something: the safe button has the focus.
   bool destructive = false;
   /// Word that must be typed before the verb works; empty for none.
-  QString typedWord;
+  QString typedWord = {};
   bool operator==(const ConfirmRequest&) const = default;
 };
 

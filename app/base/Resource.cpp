@@ -2,6 +2,37 @@
 
 namespace orv {
 
+ResourceBase::ResourceBase(Store& owner, QString failed, bool loadsByItself)
+    : m_owner(owner), m_failed(std::move(failed)), m_loadsByItself(loadsByItself) {
+  owner.own(*this);
+  connect(&owner.context(), &WorkspaceContext::reachable, this, &ResourceBase::tryAgain);
+}
+
+void ResourceBase::ensureLoaded() {
+  if (needsLoad()) load();
+}
+
+void ResourceBase::markStale() {
+  if (!isAsked() || m_isTelling) return;
+  m_isStale = true;
+  if (m_views > 0) load();
+}
+
+void ResourceBase::appear() {
+  if (++m_views == 1 && m_isStale) load();
+}
+
+void ResourceBase::disappear() { --m_views; }
+
+void ResourceBase::tryAgain() {
+  if (stateName() == State::Offline && !m_refreshing) markStale();
+}
+
+void ResourceBase::tellRefreshFailed(const APIError& error) {
+  if (!m_failed.isEmpty()) m_owner.context().services().toasts.failure(m_failed, error);
+  Q_EMIT refreshFailed(error);
+}
+
 void ResourceBase::cancel() {
   m_load.cancel();
   ++m_generation;

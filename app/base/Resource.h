@@ -6,8 +6,7 @@
 #include <optional>
 
 #include "app/base/ScreenState.h"
-#include "kit/async/Clock.h"
-#include "kit/async/TaskScope.h"
+#include "app/base/Store.h"
 
 namespace orv {
 
@@ -24,7 +23,7 @@ class ResourceBase : public QObject {
   enum class State { Loading, Empty, Ready, Offline, Error };
   Q_ENUM(State)
 
-  explicit ResourceBase(const Clock& clock, QObject* parent = nullptr) : QObject(parent), m_clock(clock) {}
+  ResourceBase(Store& owner, QString failed, bool loadsByItself);
 
   virtual State stateName() const = 0;
   /// There is a value to show, fresh or cached.
@@ -37,6 +36,22 @@ class ResourceBase : public QObject {
   /// When the last successful load finished; invalid before.
   QDateTime loadedAt() const { return m_loadedAt; }
 
+  /// Starts a load; the one under way, if any, is let go.
+  virtual void load() = 0;
+  /// Loads when nothing was asked for yet, or when what is here is known to be old.
+  void ensureLoaded();
+  bool needsLoad() const { return !isAsked() || m_isStale; }
+  /// A load has been started, whatever came of it.
+  bool isAsked() const { return m_isAsked; }
+  /// Whether the store loads it when a page shows the store, or when something asks for it.
+  bool loadsByItself() const { return m_loadsByItself; }
+
+  /// The service has something else by now: read again at once when it is on a screen, when next shown otherwise.
+  void markStale();
+  /// A view shows it from now on, and no longer.
+  Q_INVOKABLE void appear();
+  Q_INVOKABLE void disappear();
+
   /// Lets go of the load under way, leaving the state as it is.
   void cancel();
 
@@ -44,40 +59,64 @@ class ResourceBase : public QObject {
   void changed();
   /// The value itself is another one, by a load or a change in place.
   void valueChanged();
-  /// A reload failed while content is shown. The content stays; somebody has to say so.
+  /// A reload failed while content is shown. The content stays, and a message has said so where the resource has words
+  /// for it.
   void refreshFailed(const orv::APIError& error);
 
  protected:
-  const Clock& m_clock;
+  void tellRefreshFailed(const APIError& error);
+  void tryAgain();
+
+  Store& m_owner;
   TaskSlot m_load;
   QDateTime m_loadedAt;
   qint64 m_generation = 0;
   bool m_refreshing = false;
+  bool m_isAsked = false;
+  bool m_isStale = false;
+  /// What it tells the change feed of its own answer is no news to itself.
+  bool m_isTelling = false;
+
+ private:
+  QString m_failed;
+  bool m_loadsByItself;
+  int m_views = 0;
+};
+
+/// How a resource is loaded and told of.
+template <class Value>
+struct ResourceOptions {
+  /// Title of the message when a reload fails while content is shown: "Couldn’t load campaigns". Empty says nothing.
+  QString failed = {};
+  /// Decides between the empty state and content; without it, whether a list has items.
+  std::function<bool(const Value&)> isEmpty = {};
+  /// Stands for "nothing" where the screen needs a value even then.
+  std::optional<Value> emptyValue = {};
+  bool loadsByItself = true;
+  /// The list is that of the archive.
+  bool isArchive = false;
 };
 
 /// One value, loaded by an asynchronous loader, and what the screen shows of it meanwhile.
 ///
-/// A newer load owns the state: the answer of an older one changes nothing.
+/// A newer load owns the state: the answer of an older one changes nothing. Nor does an answer that the change feed
+/// knows to be older than what is shown.
 template <class Value>
 class Resource final : public ResourceBase {
  public:
   using Loader = std::function<Task<Value>()>;
+  using Options = ResourceOptions<Value>;
 
-  /// `isEmpty` decides between the empty state and content; `emptyValue` stands for "nothing" where the screen needs a
-  /// value even then.
-  Resource(const Clock& clock, Loader loader, std::function<bool(const Value&)> isEmpty,
-           std::optional<Value> emptyValue = {}, QObject* parent = nullptr)
-      : ResourceBase(clock, parent),
+  Resource(Store& owner, Loader loader, Options options = {})
+      : ResourceBase(owner, options.failed, options.loadsByItself),
         m_loader(std::move(loader)),
-        m_isEmpty(std::move(isEmpty)),
-        m_emptyValue(std::move(emptyValue)) {}
+        m_options(std::move(options)) {}
 
   const ScreenState<Value>& state() const { return m_state; }
   /// The last loaded value, an empty one included; none before the first load and after a first load that failed.
   const Value* value() const { return m_value ? &*m_value : nullptr; }
 
-  /// Starts a load; the one under way, if any, is let go.
-  void load() { m_load.start(run(++m_generation)); }
+  void load() override { m_load.start(run(++m_generation)); }
 
   /// Starts a load of something else: another filter, another range. What is shown stays until the answer comes, but
   /// not beyond a failure, for it would stand under a question that it does not answer.
@@ -89,14 +128,20 @@ class Resource final : public ResourceBase {
   /// Changes the shown value in place. A load under way began before the change and may not know it, so it starts over.
   void update(const std::function<void(Value&)>& change) {
     if (!m_value) return;
+    amend(change);
+    if (!m_load.isIdle()) load();
+  }
+
+  /// The same for what another reading brought: a load under way knows as much.
+  void amend(const std::function<void(Value&)>& change) {
+    if (!m_value) return;
     change(*m_value);
     if (m_state.isOffline())
-      m_state = ScreenState<Value>::offline(m_value);
+      m_state = stateOf(*m_value).isEmpty() ? ScreenState<Value>::empty() : ScreenState<Value>::offline(m_value);
     else
       m_state = stateOf(*m_value);
     Q_EMIT valueChanged();
     Q_EMIT changed();
-    if (!m_load.isIdle()) load();
   }
 
   State stateName() const override {
@@ -111,15 +156,17 @@ class Resource final : public ResourceBase {
  private:
   Task<void> run(qint64 generation) {
     begin();
+    const Stamp asked = m_owner.context().changes().stamp();
     try {
       Value value = co_await m_loader();
-      if (generation == m_generation) succeed(std::move(value));
+      if (generation == m_generation) succeed(std::move(value), asked);
     } catch (const APIError& error) {
       if (generation == m_generation) fail(error);
     }
   }
 
   void begin() {
+    m_isAsked = true;
     const bool showsSomething = hasContent() || m_state.isEmpty();
     m_refreshing = showsSomething;
     // A retry after an error shows progress again; an offline screen without data does too.
@@ -127,42 +174,67 @@ class Resource final : public ResourceBase {
     Q_EMIT changed();
   }
 
-  void succeed(Value value) {
-    m_state = stateOf(value);
-    m_value = std::move(value);
-    m_answersAnother = false;
-    m_loadedAt = m_clock.now();
+  void succeed(Value value, Stamp asked) {
+    Changes& changes = m_owner.context().changes();
+    bool isNews = true;
+    if constexpr (WholeRecord<Value>) isNews = m_answersAnother || !m_value || changes.isNews(value, asked);
+    m_isTelling = true;
+    if constexpr (SharedList<Value>) reconcile(value, asked);
+    if (isNews) m_value = std::move(value);
+    m_state = stateOf(*m_value);
+    m_answersAnother = m_isStale = false;
+    m_loadedAt = m_owner.context().services().clock.now();
     m_refreshing = false;
-    Q_EMIT valueChanged();
+    if (isNews) Q_EMIT valueChanged();
     Q_EMIT changed();
+    if constexpr (WholeRecord<Value>) changes.publish(Value(*m_value), asked, false);
+    m_isTelling = false;
+    m_owner.context().cameOnline();
+  }
+
+  void reconcile(Value& value, Stamp asked)
+    requires SharedList<Value>
+  {
+    using Record = typename std::decay_t<decltype(value.items.first())>::Record;
+    Changes& changes = m_owner.context().changes();
+    const auto* shown = m_value && !m_answersAnother ? &m_value->items : nullptr;
+    if (m_options.isArchive)
+      changes.reconcile<Archived<Record>>(value.items, shown, asked);
+    else
+      changes.reconcile<Record>(value.items, shown, asked);
   }
 
   void fail(const APIError& error) {
     m_refreshing = false;
     const bool isRefresh = !m_answersAnother && (hasContent() || m_state.isEmpty());
-    const bool isTold = !error.is(APIError::Kind::offline) && !error.is(APIError::Kind::cancelled);
-    if (m_answersAnother && !error.is(APIError::Kind::cancelled)) m_value.reset();
-    if (error.is(APIError::Kind::offline))
+    const bool isOffline = error.is(APIError::Kind::offline), isCancelled = error.is(APIError::Kind::cancelled);
+    if (m_answersAnother && !isCancelled) m_value.reset();
+    if (isOffline)
       m_state = ScreenState<Value>::offline(isRefresh ? shown() : std::nullopt);
-    else if (isTold && !isRefresh)
+    else if (!isCancelled && !isRefresh)
       m_state = ScreenState<Value>::error(error);
+    if (isOffline) m_owner.context().wentOffline();
     Q_EMIT changed();
-    if (isTold && isRefresh) Q_EMIT refreshFailed(error);
+    if (!isOffline && !isCancelled && isRefresh) tellRefreshFailed(error);
   }
 
   ScreenState<Value> stateOf(const Value& value) const {
-    return m_isEmpty(value) ? ScreenState<Value>::empty() : ScreenState<Value>::ready(value);
+    bool isEmpty = false;
+    if (m_options.isEmpty)
+      isEmpty = m_options.isEmpty(value);
+    else if constexpr (requires { value.items.isEmpty(); })
+      isEmpty = value.items.isEmpty();
+    return isEmpty ? ScreenState<Value>::empty() : ScreenState<Value>::ready(value);
   }
 
   std::optional<Value> shown() const {
-    if (m_state.isEmpty()) return m_emptyValue;
+    if (m_state.isEmpty()) return m_options.emptyValue;
     const Value* value = m_state.value();
     return value ? std::optional(*value) : std::nullopt;
   }
 
   Loader m_loader;
-  std::function<bool(const Value&)> m_isEmpty;
-  std::optional<Value> m_emptyValue;
+  Options m_options;
   ScreenState<Value> m_state = ScreenState<Value>::loading();
   std::optional<Value> m_value;
   /// The value belongs to an earlier question.

@@ -17,12 +17,10 @@ QString write(const QString& path, const QByteArray& bytes) {
 }
 
 ConfirmRequest replaceQuestion(const QString& path) {
-  return {u"Replace "_s + QFileInfo(path).fileName() + u'?',
-          u"A file of that name is already there. What it holds would be gone."_s,
-          u"Replace"_s,
-          u"Cancel"_s,
-          true,
-          {}};
+  return {.title = u"Replace "_s + QFileInfo(path).fileName() + u'?',
+          .text = u"A file of that name is already there. What it holds would be gone."_s,
+          .confirm = u"Replace"_s,
+          .destructive = true};
 }
 
 }  // namespace
@@ -34,12 +32,14 @@ Task<void> saveCsv(Services& services, QString fileName, QByteArray bytes, QStri
   if (!chosen->mayReplace && QFileInfo::exists(path) && !co_await services.overlays.confirm(replaceQuestion(path)))
     co_return;
   if (const QString reason = write(path, bytes); !reason.isEmpty()) {
-    services.toasts.show(failure, Toasts::Tone::error, {}, {}, reason);
+    services.toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = reason});
     co_return;
   }
   FileRevealer& revealer = services.revealer;
-  services.toasts.show(u"Saved "_s + QFileInfo(path).fileName(), Toasts::Tone::success, u"Show in Finder"_s,
-                       [&revealer, path] { revealer.reveal(path); });
+  services.toasts.show({.message = u"Saved "_s + QFileInfo(path).fileName(),
+                        .tone = Toasts::Tone::success,
+                        .actionLabel = u"Show in Finder"_s,
+                        .action = [&revealer, path] { revealer.reveal(path); }});
 }
 
 }  // namespace orv

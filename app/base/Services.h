@@ -19,7 +19,7 @@ struct Services {
   Clock& clock;
   Toasts& toasts;
   Overlays& overlays;
-  Navigator& router;
+  Navigator& navigator;
   Clipboard& clipboard;
   FilePanel& filePanel;
   FileRevealer& revealer;

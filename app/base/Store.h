@@ -1,26 +1,62 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
+#include <vector>
 
+#include "app/base/WorkspaceContext.h"
 #include "kit/async/TaskScope.h"
 
 namespace orv {
 
-/// Base of the stores: owns the work in flight, so that a store that goes takes its requests along.
+class ResourceBase;
+
+/// Base of the stores: owns the work in flight and knows its resources and parts, so that loading, closing, what is
+/// unsaved and the gate of the person's role follow for all of them alike.
 ///
 /// A store may be let go by code that one of its own tasks runs (the answer that ends the session, say); it is then
 /// closed at once and deleted through the event loop.
 class Store : public QObject {
   Q_OBJECT
+  Q_PROPERTY(bool canWrite READ canWrite NOTIFY roleChanged)
 
  public:
-  using QObject::QObject;
+  /// A part of `whole` is closed, saved and asked for unsaved work with it. The whole owns its parts as members.
+  explicit Store(WorkspaceContext& context, Store* whole = nullptr);
+
+  WorkspaceContext& context() const { return m_context; }
+  bool canWrite() const { return m_context.canWrite(); }
+
+  /// Loads what is not there yet, or no longer what the service has; called whenever a page shows the store.
+  Q_INVOKABLE virtual void ensureLoaded();
+  /// Loads again, or for the first time, whatever is loaded by itself or has been asked for.
+  Q_INVOKABLE virtual void refresh();
+
+  /// A sentence for each piece of work that the service does not have yet.
+  virtual QStringList unsavedWork() const;
+  /// Saves what needs no button; true when nothing is left. This object may go while the task waits, which then gives
+  /// false.
+  virtual Task<bool> flush();
 
   /// Stops everything in flight; nothing of it is applied any more.
-  virtual void close() { m_tasks.cancel(); }
+  virtual void close();
+
+  /// Called by resources when they are made.
+  void own(ResourceBase& resource) { m_resources.push_back(&resource); }
+
+ Q_SIGNALS:
+  void roleChanged();
 
  protected:
+  APITransport& api() const { return m_context.api(); }
+  Services& services() const { return m_context.services(); }
+
   TaskScope m_tasks;
+
+ private:
+  WorkspaceContext& m_context;
+  std::vector<ResourceBase*> m_resources;
+  std::vector<Store*> m_parts;
 };
 
 }  // namespace orv

@@ -11,12 +11,19 @@ constexpr qsizetype visibleAtMost = 3;
 
 Toasts::Toasts(Clock& clock, QObject* parent) : QAbstractListModel(parent), m_clock(clock) {}
 
-QUuid Toasts::show(QString message, Tone tone, QString actionLabel, std::function<void()> action, QString detail) {
-  for (qsizetype row = m_toasts.size() - 1; row >= 0; --row)
-    if (m_toasts[row].message == message) removeAt(row);
+QUuid Toasts::show(Message message) {
+  for (qsizetype row = m_toasts.size() - 1; row >= 0; --row) {
+    if (m_toasts[row].message != message.message) continue;
+    if (message.accumulates && m_toasts[row].accumulates) {
+      message.action = [before = m_toasts[row].action, now = message.action] {
+        before();
+        now();
+      };
+    }
+    removeAt(row);
+  }
 
-  const Toast toast{QUuid::createUuid(),    std::move(message), std::move(detail), tone,
-                    std::move(actionLabel), std::move(action)};
+  const Toast toast{std::move(message), QUuid::createUuid()};
   beginInsertRows({}, count(), count());
   m_toasts.append(toast);
   endInsertRows();
@@ -29,9 +36,9 @@ QUuid Toasts::show(QString message, Tone tone, QString actionLabel, std::functio
 void Toasts::failure(const QString& title, const APIError& error) {
   if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) return;
   if (title.isEmpty())
-    show(error.message(), Tone::error);
+    show({.message = error.message(), .tone = Tone::error});
   else
-    show(title, Tone::error, {}, {}, error.message());
+    show({.message = title, .tone = Tone::error, .detail = error.message()});
 }
 
 void Toasts::dismiss(const QUuid& id) {

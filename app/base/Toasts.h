@@ -21,24 +21,28 @@ class Toasts final : public QAbstractListModel {
   enum class Tone { standard, success, error };
   Q_ENUM(Tone)
 
-  struct Toast {
-    QUuid id;
+  struct Message {
     QString message;
-    /// A second, quieter line; may be empty.
-    QString detail;
     Tone tone = Tone::standard;
     /// Empty for a toast without an action.
-    QString actionLabel;
+    QString actionLabel = {};
     /// Runs on the main thread. Must not keep alive, nor trust to be alive, what it acts on.
-    std::function<void()> action;
+    std::function<void()> action = {};
+    /// A second, quieter line.
+    QString detail = {};
+    /// The action of a toast with the same message, which this one takes the place of, is not lost: this one's does
+    /// both.
+    bool accumulates = false;
+  };
+  struct Toast : Message {
+    QUuid id;
   };
   enum Role { IdRole = Qt::UserRole, MessageRole, DetailRole, ToneRole, ActionLabelRole };
 
   explicit Toasts(Clock& clock, QObject* parent = nullptr);
 
-  QUuid show(QString message, Tone tone = Tone::standard, QString actionLabel = {}, std::function<void()> action = {},
-             QString detail = {});
-  void success(QString message) { show(std::move(message), Tone::success); }
+  QUuid show(Message message);
+  void success(QString message) { show({.message = std::move(message), .tone = Tone::success}); }
   /// Tells of a failed action: `title` with the error's sentence beneath, or that sentence alone when the title is
   /// empty. Silent for what the person did (`cancelled`) and for what the shell tells (`unauthorized`).
   void failure(const QString& title, const APIError& error);

@@ -3,9 +3,8 @@
 #include <QString>
 #include <functional>
 
+#include "app/base/Actions.h"
 #include "app/base/Resource.h"
-#include "app/base/Services.h"
-#include "kit/api/APITransport.h"
 #include "kit/models/campaigns.h"
 
 namespace orv {
@@ -13,13 +12,14 @@ namespace orv {
 /// What the parts of one campaign's page share. The campaign's store owns it and them.
 struct CampaignContext {
   QString id;
-  APITransport& api;
-  Services& services;
+  WorkspaceContext& workspace;
+  /// The campaign's store, whose parts they are.
+  Store& whole;
   Resource<Campaign>& campaign;
-  /// Shows the campaign that the service answered an action with.
-  std::function<void(const Campaign&)> take;
   /// Reads the campaign again, without clearing what is shown.
   std::function<void()> refresh;
+  APITransport& api = workspace.api();
+  Services& services = workspace.services();
 };
 
 }  // namespace orv

@@ -9,12 +9,10 @@ namespace {
 const auto bulk = u"bulk"_s;
 
 ConfirmRequest removeForGoodQuestion(const QString& name) {
-  return {u"Delete "_s + name + u" for good?"_s,
-          u"The lead’s emails and replies in this campaign go with it. This can’t be undone."_s,
-          u"Delete for good"_s,
-          u"Cancel"_s,
-          true,
-          {}};
+  return {.title = u"Delete "_s + name + u" for good?"_s,
+          .text = u"The lead’s emails and replies in this campaign go with it. This can’t be undone."_s,
+          .confirm = u"Delete for good"_s,
+          .destructive = true};
 }
 
 }  // namespace
@@ -55,9 +53,11 @@ Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done
                            : Format::counted(result->skipped, u"lead stays"_s, u"leads stay"_s) + u" as it was"_s;
   auto& toasts = m_context.services.toasts;
   if (result->changed == 0)
-    toasts.show(u"Nothing to change"_s, Toasts::Tone::standard, {}, {}, rest);
+    toasts.show({.message = u"Nothing to change"_s, .detail = rest});
   else
-    toasts.show(done + (ids.size() == 1 ? name : countedLeads(result->changed)), Toasts::Tone::success, {}, {}, rest);
+    toasts.show({.message = done + (ids.size() == 1 ? name : countedLeads(result->changed)),
+                 .tone = Toasts::Tone::success,
+                 .detail = rest});
   clearSelection();
   changedElsewhere();
 }
@@ -79,9 +79,13 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
            (result->changed == 1 ? u". It’s in Archived."_s : u". They’re in Archived."_s);
   }
   takeOut(ids);
-  m_context.services.toasts.show(said, Toasts::Tone::standard, u"Undo"_s, [store = QPointer(this), ids, name] {
-    if (store) store->m_tasks.start(store->restoreTask(ids, name));
-  });
+  m_context.services.toasts.show({.message = said,
+                                  .actionLabel = u"Undo"_s,
+                                  .action =
+                                      [store = QPointer(this), ids, name] {
+                                        if (store) store->m_tasks.start(store->restoreTask(ids, name));
+                                      },
+                                  .accumulates = true});
   changedElsewhere();
 }
 
@@ -122,10 +126,10 @@ void CampaignLeads::takeOut(const QStringList& ids) {
 }
 
 void CampaignLeads::changedElsewhere() {
-  if (m_loaded) m_leads.load();
+  if (m_leads.isAsked()) m_leads.load();
   m_panel.refresh();
-  // The campaign counts its leads, too.
-  m_context.refresh();
+  // The campaign counts its leads, too, and so does every list that it stands in.
+  m_context.workspace.changes().stale<Campaign>(m_context.id);
 }
 
 }  // namespace orv

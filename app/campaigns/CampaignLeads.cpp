@@ -18,11 +18,10 @@ constexpr const char* statusWords[] = {"queued",  "active",  "paused",       "co
 }  // namespace
 
 CampaignLeads::CampaignLeads(CampaignContext& context)
-    : m_context(context),
-      m_actions(context.api, context.services.toasts, m_busy, [this] { changedElsewhere(); }),
-      m_leads(
-          context.services.clock, [this] { return readPage({}); },
-          [](const LeadPage& page) { return page.items.isEmpty(); }),
+    : Store(context.workspace, &context.whole),
+      m_context(context),
+      m_actions(context.workspace, m_busy, [this] { changedElsewhere(); }),
+      m_leads(*this, [this] { return readPage({}); }, {.failed = u"Couldn’t load the leads"_s}),
       m_pages([this](const QString& cursor) { return readPage(cursor); },
               [this](const LeadPage& page) { pageArrived(page); }, [this] { Q_EMIT changed(); }),
       m_adding(context, [this] { changedElsewhere(); }),
@@ -37,8 +36,6 @@ CampaignLeads::CampaignLeads(CampaignContext& context)
       }) {
   connect(&m_leads, &ResourceBase::changed, this, &CampaignLeads::changed);
   connect(&m_leads, &ResourceBase::valueChanged, this, &CampaignLeads::firstPageArrived);
-  connect(&m_leads, &ResourceBase::refreshFailed, this,
-          [this](const APIError& error) { m_context.services.toasts.failure(u"Couldn’t load the leads"_s, error); });
   connect(&m_busy, &BusySet::changed, this, &CampaignLeads::busyChanged);
   connect(&m_bulk, &BusySet::changed, this, &CampaignLeads::changed);
 }
@@ -115,18 +112,10 @@ QString CampaignLeads::countText() const {
                 : countedLeads(m_rows.count());
 }
 
-void CampaignLeads::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) m_leads.load();
-}
-
-void CampaignLeads::refresh() {
-  m_loaded = true;
-  m_leads.load();
-}
+void CampaignLeads::refresh() { m_leads.load(); }
 
 void CampaignLeads::askAnew() {
   m_asksAnew = true;
-  m_loaded = true;
   m_pages.cancel();
   clearSelection();
   m_leads.ask();
@@ -235,12 +224,8 @@ void CampaignLeads::pruneSelection() {
 }
 
 void CampaignLeads::close() {
-  m_leads.cancel();
   m_pages.cancel();
   m_searchTask.cancel();
-  m_adding.close();
-  m_move.close();
-  m_panel.close();
   Store::close();
 }
 

@@ -84,10 +84,8 @@ class CampaignLeads final : public Store {
   bool bulkBusy() const { return !m_bulk.ids().isEmpty(); }
   QStringList busyIds() const { return m_busy.ids().values(); }
 
-  /// Loads when first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
   /// Reads again as much as has been read, leaving it on screen meanwhile.
-  Q_INVOKABLE void refresh();
+  void refresh() override;
   Q_INVOKABLE void loadMore();
   /// Clears status and search.
   Q_INVOKABLE void showAll();
@@ -159,7 +157,6 @@ class CampaignLeads final : public Store {
   bool m_isArchive = false;
   /// The rows still answer the question before.
   bool m_asksAnew = true;
-  bool m_loaded = false;
 };
 
 }  // namespace orv

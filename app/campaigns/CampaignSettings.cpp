@@ -11,13 +11,11 @@ QVariantMap chip(const QString& key, const QString& label) { return {{u"key"_s, 
 
 }  // namespace
 
-CampaignSettings::CampaignSettings(CampaignContext& context, QObject* parent)
-    : Store(parent),
+CampaignSettings::CampaignSettings(CampaignContext& context)
+    : Store(context.workspace, &context.whole),
       m_context(context),
-      m_actions(context.api, context.services.toasts, m_busy, [this] { m_context.refresh(); }),
-      m_tagList(
-          context.services.clock, [&api = context.api] { return api.send(Requests::listTags()); },
-          [](const TagList& list) { return list.items.isEmpty(); }),
+      m_actions(context.workspace, m_busy, [this] { m_context.refresh(); }),
+      m_tagList(*this, [&api = context.api] { return api.send(Requests::listTags()); }),
       m_senders(context, m_draft, [this](const QString& field, const QStringList& list) { set(field, list); }),
       m_schedule(context, m_actions, m_busy) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &CampaignSettings::follow);
@@ -27,8 +25,8 @@ CampaignSettings::CampaignSettings(CampaignContext& context, QObject* parent)
 }
 
 void CampaignSettings::ensureLoaded() {
+  Store::ensureLoaded();
   m_senders.ensureLoaded();
-  if (!std::exchange(m_loaded, true)) m_tagList.load();
 }
 
 bool CampaignSettings::saving() const { return m_busy.contains(busyKey); }
@@ -75,14 +73,14 @@ void CampaignSettings::follow() {
 }
 
 void CampaignSettings::announce() {
-  m_senders.refresh();
+  m_senders.followDraft();
   Q_EMIT changed();
 }
 
 void CampaignSettings::set(const QString& field, const QVariant& value) {
   if (!setField(m_draft, field, value)) return;
   m_errors.remove(field);
-  if (field.startsWith("sender"_L1)) m_senders.refresh();
+  if (field.startsWith("sender"_L1)) m_senders.followDraft();
   Q_EMIT changed();
 }
 
@@ -124,20 +122,13 @@ Task<void> CampaignSettings::saveTask() {
   const CampaignPatch patch = patchOf(sent, m_base, *campaign);
   // Blanks around a name, say.
   if (patch == CampaignPatch()) co_return discard();
-  auto request = Requests::updateCampaign(m_context.id, patch, campaign->version);
-  const auto saved = co_await m_actions.perform(busyKey, std::move(request), u"Couldn’t save."_s);
+  const auto saved = co_await m_actions.perform<Campaign>(
+      {busyKey, m_context.id},
+      [id = m_context.id, patch, version = campaign->version] { return Requests::updateCampaign(id, patch, version); },
+      // What was typed meanwhile differs from what was sent, and so outlives the answer.
+      u"Couldn’t save."_s, [this, sent](const Campaign&) { m_base = sent; });
   if (!saved) co_return;
-  // What was typed meanwhile differs from what was sent, and so outlives the answer.
-  m_base = sent;
-  m_context.take(*saved);
   m_context.services.toasts.success(u"Settings saved"_s);
-}
-
-void CampaignSettings::close() {
-  m_tagList.cancel();
-  m_senders.close();
-  m_schedule.close();
-  Store::close();
 }
 
 }  // namespace orv

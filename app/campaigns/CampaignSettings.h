@@ -25,7 +25,7 @@ class CampaignSettings final : public Store {
  public:
   static constexpr int mostTags = 20;
 
-  explicit CampaignSettings(CampaignContext& context, QObject* parent = nullptr);
+  explicit CampaignSettings(CampaignContext& context);
 
   /// By the names of SettingsDraft's fields.
   QVariantMap values() const { return valuesOf(m_draft); }
@@ -43,8 +43,8 @@ class CampaignSettings final : public Store {
   ScheduleForm* schedule() { return &m_schedule; }
   const ScheduleForm& schedule() const { return m_schedule; }
 
-  /// Loads what the form picks from, when first shown.
-  Q_INVOKABLE void ensureLoaded();
+  /// What the form picks from.
+  void ensureLoaded() override;
   Q_INVOKABLE void set(const QString& field, const QVariant& value);
   /// A key, or a name that somebody typed.
   Q_INVOKABLE void addTag(const QString& text);
@@ -52,8 +52,6 @@ class CampaignSettings final : public Store {
   Q_INVOKABLE void discard();
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
   Task<void> saveTask();
-
-  void close() override;
 
  Q_SIGNALS:
   void changed();
@@ -73,7 +71,6 @@ class CampaignSettings final : public Store {
   Resource<TagList> m_tagList;
   SenderPicker m_senders;
   ScheduleForm m_schedule;
-  bool m_loaded = false;
 };
 
 }  // namespace orv

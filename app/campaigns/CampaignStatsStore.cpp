@@ -15,17 +15,14 @@ QVariantMap choice(CampaignStatsStore::Section section, const QString& label) {
 }  // namespace
 
 CampaignStatsStore::CampaignStatsStore(CampaignContext& campaign)
-    : m_campaign(campaign),
+    : Store(campaign.workspace, &campaign.whole),
+      m_campaign(campaign),
       m_range(localToday(campaign.services.clock)),
-      m_summary(
-          campaign.services.clock, [this] { return loadSummary(); }, [](const AnalyticsSummary&) { return false; }),
-      m_messages(
-          campaign.services.clock, [this] { return m_campaign.api.send(Requests::campaignMessages(m_campaign.id)); },
-          [](const MessagePage& page) { return page.items.isEmpty(); }),
-      m_feed(
-          campaign.services.clock,
-          [this] { return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, {})); },
-          [](const FeedPage& page) { return page.items.isEmpty(); }),
+      m_summary(*this, [this] { return loadSummary(); }, {.failed = u"Couldn’t load the stats"_s}),
+      m_messages(*this, [this] { return m_campaign.api.send(Requests::campaignMessages(m_campaign.id)); },
+                 {.failed = u"Couldn’t load the stats"_s, .loadsByItself = false}),
+      m_feed(*this, [this] { return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, {})); },
+             {.failed = u"Couldn’t load the stats"_s, .loadsByItself = false}),
       m_feedPages(
           [this](const QString& cursor) {
             return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, cursor));
@@ -40,15 +37,12 @@ CampaignStatsStore::CampaignStatsStore(CampaignContext& campaign)
     m_feedPages.start(m_feed.value()->nextCursor);
   });
   connect(&campaign.campaign, &ResourceBase::valueChanged, this, &CampaignStatsStore::followCampaign);
-  for (ResourceBase* resource : QList<ResourceBase*>{&m_summary, &m_messages, &m_feed})
-    connect(resource, &ResourceBase::refreshFailed, this,
-            [this](const APIError& error) { m_campaign.services.toasts.failure(u"Couldn’t load the stats"_s, error); });
 }
 
 void CampaignStatsStore::setPreset(const QString& key) {
   if (!m_range.setPreset(key, localToday(m_campaign.services.clock))) return;
   Q_EMIT changed();
-  if (m_loaded) m_summary.ask();
+  if (m_summary.isAsked()) m_summary.ask();
 }
 
 QString CampaignStatsStore::headLine() const {
@@ -73,7 +67,7 @@ void CampaignStatsStore::setSection(const QString& name) {
   const auto section = enumNamed<Section>(name);
   if (!section || std::exchange(m_section, *section) == *section) return;
   Q_EMIT changed();
-  if (m_loaded) loadSection();
+  if (m_summary.isAsked()) loadSection();
 }
 
 QVariantList CampaignStatsStore::sections() {
@@ -101,13 +95,12 @@ void CampaignStatsStore::toggleSeries(const QString& key) {
 }
 
 void CampaignStatsStore::ensureLoaded() {
-  if (std::exchange(m_loaded, true)) return;
-  m_summary.load();
+  m_summary.ensureLoaded();
   loadSection();
 }
 
 void CampaignStatsStore::refresh() {
-  if (!m_loaded) return ensureLoaded();
+  if (!m_summary.isAsked()) return ensureLoaded();
   // Past midnight a preset stands for other days, which what is shown does not answer.
   const DateRange before = m_range.days();
   m_range.follow(localToday(m_campaign.services.clock));
@@ -117,8 +110,8 @@ void CampaignStatsStore::refresh() {
     Q_EMIT changed();
     m_summary.ask();
   }
-  if (m_messagesLoaded) m_messages.load();
-  if (m_feedLoaded) m_feed.load();
+  if (m_messages.isAsked()) m_messages.load();
+  if (m_feed.isAsked()) m_feed.load();
 }
 
 void CampaignStatsStore::refreshSection() {
@@ -127,8 +120,8 @@ void CampaignStatsStore::refreshSection() {
 }
 
 void CampaignStatsStore::loadSection() {
-  if (m_section == Section::messages && !std::exchange(m_messagesLoaded, true)) m_messages.load();
-  if (m_section == Section::activity && !std::exchange(m_feedLoaded, true)) m_feed.load();
+  if (m_section == Section::messages) m_messages.ensureLoaded();
+  if (m_section == Section::activity) m_feed.ensureLoaded();
 }
 
 Task<AnalyticsSummary> CampaignStatsStore::loadSummary() {
@@ -153,9 +146,6 @@ void CampaignStatsStore::followCampaign() {
 }
 
 void CampaignStatsStore::close() {
-  m_summary.cancel();
-  m_messages.cancel();
-  m_feed.cancel();
   m_feedPages.cancel();
   Store::close();
 }

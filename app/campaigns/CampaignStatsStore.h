@@ -86,10 +86,9 @@ class CampaignStatsStore final : public Store {
   bool moreFeedFailed() const { return m_feedPages.failed(); }
   Q_INVOKABLE void loadMoreFeed() { m_feedPages.loadMore(); }
 
-  /// Loads when the tab is first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
+  void ensureLoaded() override;
   /// Reads what was loaded again, without clearing what is shown.
-  Q_INVOKABLE void refresh();
+  void refresh() override;
   /// The same for the shown table alone.
   Q_INVOKABLE void refreshSection();
 
@@ -123,9 +122,6 @@ class CampaignStatsStore final : public Store {
   EmailFigureRows m_emailRows;
   EventLines m_messageRows;
   EventLines m_feedRows;
-  bool m_loaded = false;
-  bool m_messagesLoaded = false;
-  bool m_feedLoaded = false;
 };
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 
+#include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/LaunchQuestion.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -9,44 +10,47 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-const ConfirmRequest pauseQuestion{u"Pause this campaign?"_s,
-                                   u"Nothing more goes out until you resume. Leads keep their place in the sequence."_s,
-                                   u"Pause campaign"_s,
-                                   u"Cancel"_s,
-                                   false,
-                                   {}};
+const ConfirmRequest pauseQuestion{
+    .title = u"Pause this campaign?"_s,
+    .text = u"Nothing more goes out until you resume. Leads keep their place in the sequence."_s,
+    .confirm = u"Pause campaign"_s};
 
 ConfirmRequest removeQuestion(const QString& name) {
-  return {u"Delete "_s + name + u'?',
-          u"Stops sending at once. The campaign waits in Archived for 30 days, so you can restore it."_s,
-          u"Delete campaign"_s,
-          u"Cancel"_s,
-          true,
-          {}};
+  return {.title = u"Delete "_s + name + u'?',
+          .text = u"Stops sending at once. The campaign waits in Archived for 30 days, so you can restore it."_s,
+          .confirm = u"Delete campaign"_s,
+          .destructive = true};
+}
+
+Archive<Campaign>::Words archiveWords() {
+  return {.removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
+          .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
+          .restored = [](const QString&, const Campaign& campaign) { return campaign.name + u" restored"_s; },
+          .cannotRemove = [](const QString&) { return u"Couldn’t delete the campaign."_s; },
+          .cannotRestore = [](const QString&) { return u"Couldn’t restore the campaign."_s; }};
 }
 
 /// Says what keeps the campaign from being launched, and offers the tab where the first of it is mended.
 ConfirmRequest blockedQuestion(const Campaign& campaign, const QList<QcCheck>& blocking) {
   QStringList lines;
   for (const QcCheck& check : blocking) lines.append(check.label + u": "_s + check.detail);
-  return {campaign.name + u" can’t launch yet"_s, lines.join(u'\n'), u"Show me"_s, u"Close"_s, false, {}};
+  return {.title = campaign.name + u" can’t launch yet"_s,
+          .text = lines.join(u'\n'),
+          .confirm = u"Show me"_s,
+          .cancel = u"Close"_s};
 }
 
 }  // namespace
 
-CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, std::function<void()> changedElsewhere,
-                             QObject* parent)
-    : Store(parent),
+CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
+    : Store(context),
       m_id(std::move(id)),
-      m_services(services),
-      m_api(api),
-      m_changedElsewhere(std::move(changedElsewhere)),
-      m_actions(api, services.toasts, m_busy, [this] { refresh(); }),
-      m_campaign(
-          services.clock, [this] { return m_api.send(Requests::getCampaign(m_id)); },
-          [](const Campaign&) { return false; }),
+      m_actions(context, m_busy, [this] { refresh(); }),
+      m_archive(context, m_actions, campaignArchiveRequests(), archiveWords()),
+      m_campaign(*this, [this] { return api().send(Requests::getCampaign(m_id)); },
+                 {.failed = u"Couldn’t load this campaign"_s}),
       m_context{
-          m_id, api, services, m_campaign, [this](const Campaign& campaign) { take(campaign); }, [this] { refresh(); }},
+          .id = m_id, .workspace = context, .whole = *this, .campaign = m_campaign, .refresh = [this] { refresh(); }},
       m_sequence(m_context),
       m_stats(m_context),
       m_leads(m_context),
@@ -54,11 +58,25 @@ CampaignStore::CampaignStore(QString id, APITransport& api, Services& services, 
       m_subsequences(m_context),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
-  connect(&m_campaign, &ResourceBase::refreshFailed, this,
-          [this](const APIError& error) { m_services.toasts.failure(u"Couldn’t load this campaign"_s, error); });
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
   connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
+  context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };
+}
+
+void CampaignStore::take(const Change<Campaign>& change) {
+  using Kind = Change<Campaign>::Kind;
+  if (!change.id.isEmpty() && change.id != m_id) return;
+  if (change.kind == Kind::gone) {
+    // Whoever is looking at it is led to where it can be brought back.
+    if (this->context().openedItem(Page::campaigns) == m_id) this->context().open(Page::campaigns);
+    m_campaign.markStale();
+  } else if (change.kind == Kind::stale) {
+    m_campaign.markStale();
+  } else if (m_campaign.value() && *m_campaign.value() != *change.record) {
+    const auto amend = [&change](Campaign& shown) { shown = *change.record; };
+    change.acted ? m_campaign.update(amend) : m_campaign.amend(amend);
+  }
 }
 
 QString CampaignStore::name() const {
@@ -117,20 +135,6 @@ QVariantList CampaignStore::tabs() const {
   return tabs;
 }
 
-void CampaignStore::setCanWrite(bool canWrite) {
-  if (std::exchange(m_canWrite, canWrite) != canWrite) Q_EMIT changed();
-}
-
-void CampaignStore::ensureLoaded() {
-  if (std::exchange(m_loaded, true)) return;
-  m_campaign.load();
-}
-
-void CampaignStore::refresh() {
-  m_loaded = true;
-  m_campaign.load();
-}
-
 void CampaignStore::refreshShown() {
   refresh();
   if (m_tab == Tab::leads) m_leads.refresh();
@@ -155,18 +159,9 @@ Task<bool> CampaignStore::flush() {
 }
 
 void CampaignStore::beginRename() {
-  if (m_campaign.value() && !busy()) m_rename.show(name());
-}
-
-void CampaignStore::take(const Campaign& campaign) {
-  const Campaign* current = m_campaign.value();
-  if (current && current->version && campaign.version && *campaign.version < *current->version) {
-    // Overtaken by another answer: neither of the two has everything.
-    refresh();
-  } else {
-    m_campaign.update([&campaign](Campaign& shown) { shown = campaign; });
-  }
-  m_changedElsewhere();
+  if (!m_campaign.value() || busy() || !canWrite()) return;
+  m_renamed = *m_campaign.value();
+  m_rename.show(name());
 }
 
 Task<void> CampaignStore::renameTask(QString name) {
@@ -175,11 +170,13 @@ Task<void> CampaignStore::renameTask(QString name) {
   CampaignPatch patch;
   patch.name = name;
   auto submission = m_rename.begin();
-  auto request = Requests::updateCampaign(m_id, patch, campaign->version);
-  if (const auto renamed = co_await m_actions.perform(m_id, std::move(request), u"Couldn’t rename the campaign."_s)) {
+  // A name that somebody else gave meanwhile is not overwritten unseen: the service refuses the older version.
+  const auto build = [this, patch] {
+    const Campaign& now = *m_campaign.value();
+    return Requests::updateCampaign(m_id, patch, now.name == m_renamed.name ? now.version : m_renamed.version);
+  };
+  if (co_await m_actions.perform<Campaign>({m_id, m_id}, build, u"Couldn’t rename the campaign."_s))
     submission.succeed();
-    take(*renamed);
-  }
 }
 
 Task<bool> CampaignStore::checkBeforeLaunch() {
@@ -192,7 +189,7 @@ Task<bool> CampaignStore::checkBeforeLaunch() {
   }
   const auto blocking = blockingChecks(*campaign);
   if (blocking.isEmpty()) co_return true;
-  const bool show = co_await m_services.overlays.confirm(blockedQuestion(*campaign, blocking));
+  const bool show = co_await services().overlays.confirm(blockedQuestion(*campaign, blocking));
   if (show) {
     for (const QcCheck& check : blocking) {
       if (tabOfCheck(check.key).isEmpty()) continue;
@@ -207,12 +204,12 @@ Task<bool> CampaignStore::checkBeforeLaunch() {
 Task<bool> CampaignStore::saveSequence(QString failure) {
   if (co_await m_sequence.flush()) co_return true;
   setTab(enumName(Tab::sequence));
-  m_services.toasts.show(failure, Toasts::Tone::error, {}, {}, m_sequence.autosave()->message());
+  services().toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = m_sequence.autosave()->message()});
   co_return false;
 }
 
 Task<void> CampaignStore::launchTask() {
-  if (!m_campaign.value()) co_return;
+  if (!m_campaign.value() || !canWrite()) co_return;
   const auto mark = m_busy.mark(m_id);
   if (!mark) co_return;
   if (!co_await saveSequence(u"Couldn’t launch the campaign."_s)) co_return;
@@ -220,71 +217,38 @@ Task<void> CampaignStore::launchTask() {
   // What keeps a campaign from being launched is the service's to say of one that has been running.
   if (!resumes && !co_await checkBeforeLaunch()) co_return;
   const Campaign campaign = *m_campaign.value();
-  if (!co_await m_services.overlays.confirm(launchQuestion(campaign))) co_return;
-  const auto launched = co_await m_actions.send(Requests::launchCampaign(m_id, {namesExternal(campaign)}), {});
-  if (!launched) co_return;
-  take(*launched);
-  m_services.toasts.success(resumes ? u"Campaign resumed. Sends are being booked."_s
+  if (!co_await services().overlays.confirm(launchQuestion(campaign))) co_return;
+  if (!co_await m_actions.change(m_id, Requests::launchCampaign(m_id, {namesExternal(campaign)}), {})) co_return;
+  services().toasts.success(resumes ? u"Campaign resumed. Sends are being booked."_s
                                     : u"Campaign launched. The first email goes out in about 2 minutes."_s);
 }
 
 Task<void> CampaignStore::pauseTask() {
   const auto mark = m_busy.mark(m_id);
-  if (!mark || !co_await m_services.overlays.confirm(pauseQuestion)) co_return;
-  if (const auto paused = co_await m_actions.send(Requests::pauseCampaign(m_id), u"Couldn’t pause the campaign."_s)) {
-    take(*paused);
-    m_services.toasts.success(u"Campaign paused. Booked sends were cancelled."_s);
-  }
+  if (!mark || !canWrite() || !co_await services().overlays.confirm(pauseQuestion)) co_return;
+  if (co_await m_actions.change(m_id, Requests::pauseCampaign(m_id), u"Couldn’t pause the campaign."_s))
+    services().toasts.success(u"Campaign paused. Booked sends were cancelled."_s);
 }
 
 Task<void> CampaignStore::duplicateTask() {
   const auto mark = m_busy.mark(m_id);
   const auto failure = u"Couldn’t duplicate the campaign."_s;
-  if (!mark || !co_await saveSequence(failure)) co_return;
-  if (const auto copy = co_await m_actions.send(Requests::duplicateCampaign(m_id), failure)) {
-    m_changedElsewhere();
-    m_services.toasts.success(copy->name + u" created"_s);
-  }
+  if (!mark || !canWrite() || !co_await saveSequence(failure)) co_return;
+  if (const auto copy = co_await m_actions.change(m_id, Requests::duplicateCampaign(m_id), failure))
+    services().toasts.success(copy->name + u" created"_s);
 }
 
 Task<void> CampaignStore::removeTask() {
   const QString name = this->name();
   const auto mark = m_busy.mark(m_id);
-  if (!mark || !co_await m_services.overlays.confirm(removeQuestion(name))) co_return;
-  const auto removed =
-      co_await m_actions.send(Requests::deleteCampaign(m_id, false), u"Couldn’t delete the campaign."_s);
-  if (!removed) co_return;
-  m_changedElsewhere();
-  if (m_services.router.openedItem(Page::campaigns) == m_id) m_services.router.open(Page::campaigns);
-  m_services.toasts.show(u"Deleted “"_s + name + u"”. It’s in Archived."_s, Toasts::Tone::standard, u"Undo"_s,
-                         [store = QPointer(this)] {
-                           if (store) store->restore();
-                         });
+  if (!mark || !canWrite() || !co_await services().overlays.confirm(removeQuestion(name))) co_return;
+  co_await m_archive.remove(m_id, name);
 }
 
 Task<void> CampaignStore::restoreTask() {
-  if (const auto restored =
-          co_await m_actions.perform(m_id, Requests::restoreCampaign(m_id), u"Couldn’t restore the campaign."_s)) {
-    take(*restored);
-    m_services.toasts.success(restored->name + u" restored"_s);
-  }
+  if (const auto mark = m_busy.mark(m_id)) co_await m_archive.restore(m_id, name());
 }
 
-void CampaignStore::copyLink() {
-  QUrl link = m_services.webOrigin;
-  link.setPath(u"/campaigns/"_s + m_id);
-  m_services.clipboard.setText(link.toString(QUrl::FullyEncoded));
-  m_services.toasts.success(u"Link copied"_s);
-}
-
-void CampaignStore::close() {
-  m_campaign.cancel();
-  m_sequence.close();
-  m_stats.close();
-  m_leads.close();
-  m_settings.close();
-  m_subsequences.close();
-  Store::close();
-}
+void CampaignStore::copyLink() { copyCampaignLink(services(), m_id); }
 
 }  // namespace orv

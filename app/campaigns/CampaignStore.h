@@ -10,6 +10,7 @@
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignLeads.h"
+#include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/SequenceEditor.h"
@@ -41,15 +42,12 @@ class CampaignStore final : public Store {
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
-  Q_PROPERTY(bool canWrite READ canWrite NOTIFY changed)
 
  public:
   enum class Tab { sequence, leads, settings, subsequences, stats };
   Q_ENUM(Tab)
 
-  /// `changedElsewhere` is called when something changed that lists of campaigns show.
-  CampaignStore(QString id, APITransport& api, Services& services, std::function<void()> changedElsewhere,
-                QObject* parent = nullptr);
+  CampaignStore(QString id, WorkspaceContext& context);
 
   const QString& id() const { return m_id; }
   /// Empty until loaded, as everything that comes from the campaign.
@@ -79,14 +77,6 @@ class CampaignStore final : public Store {
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }
 
-  /// The person may change things here, and is not only let to look.
-  bool canWrite() const { return m_canWrite; }
-  void setCanWrite(bool canWrite);
-
-  /// Loads when first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
-  /// Loads again without clearing what is shown.
-  Q_INVOKABLE void refresh();
   /// Loads the open tab's own things again as well.
   Q_INVOKABLE void refreshShown();
 
@@ -107,12 +97,10 @@ class CampaignStore final : public Store {
   Task<void> restoreTask();
 
   /// One sentence that names what the service does not have yet: "“Fair” has unsaved changes: sequence, settings."
-  QStringList unsavedWork() const;
+  QStringList unsavedWork() const override;
   /// Saves the sequence; what waits for a button stays. True when nothing is unsaved then; this object may go while
   /// the task waits, which then gives false.
-  Task<bool> flush();
-
-  void close() override;
+  Task<bool> flush() override;
 
  Q_SIGNALS:
   void changed();
@@ -121,14 +109,12 @@ class CampaignStore final : public Store {
  private:
   Task<bool> checkBeforeLaunch();
   Task<bool> saveSequence(QString failure);
-  void take(const Campaign& campaign);
+  void take(const Change<Campaign>& change);
 
   QString m_id;
-  Services& m_services;
-  APITransport& m_api;
-  std::function<void()> m_changedElsewhere;
   BusySet m_busy;
   Actions m_actions;
+  Archive<Campaign> m_archive;
   Resource<Campaign> m_campaign;
   CampaignContext m_context;
   SequenceEditor m_sequence;
@@ -137,9 +123,9 @@ class CampaignStore final : public Store {
   CampaignSettings m_settings;
   Subsequences m_subsequences;
   NameForm m_rename;
+  /// As it was when the form was filled.
+  Campaign m_renamed;
   Tab m_tab = Tab::sequence;
-  bool m_loaded = false;
-  bool m_canWrite = true;
 };
 
 }  // namespace orv

@@ -1,6 +1,5 @@
 #include "app/campaigns/CampaignsStore.h"
 
-#include "app/base/RoleGate.h"
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/DateRange.h"
@@ -12,25 +11,32 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-bool isEmpty(const CampaignList& list) { return list.items.isEmpty(); }
-
 ConfirmRequest removeQuestion(const CampaignSummary& campaign) {
   const QString running = campaign.status.rawValue == "running"_L1 ? u"Sending stops at once. "_s : QString();
-  return {u"Delete "_s + campaign.name + u'?',
-          running + u"It moves to Archived for 30 days, so you can restore it."_s,
-          u"Delete campaign"_s,
-          u"Cancel"_s,
-          true,
-          {}};
+  return {.title = u"Delete "_s + campaign.name + u'?',
+          .text = running + u"It moves to Archived for 30 days, so you can restore it."_s,
+          .confirm = u"Delete campaign"_s,
+          .destructive = true};
 }
 
 ConfirmRequest removeForGoodQuestion(const CampaignSummary& campaign) {
-  return {u"Delete "_s + campaign.name + u" for good?"_s,
-          u"Its leads, emails and figures go with it. This can’t be undone."_s,
-          u"Delete for good"_s,
-          u"Cancel"_s,
-          true,
-          {}};
+  return {.title = u"Delete "_s + campaign.name + u" for good?"_s,
+          .text = u"Its leads, emails and figures go with it. This can’t be undone."_s,
+          .confirm = u"Delete for good"_s,
+          .destructive = true};
+}
+
+Archive<Campaign>::Words archiveWords() {
+  const auto cannotRemove = [](const QString& name) { return u"Couldn’t delete "_s + name; };
+  return {.removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
+          .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
+          .restored =
+              [](const QString& name, const Campaign& campaign) {
+                const bool isPaused = campaign.status.rawValue == "paused"_L1;
+                return name + (isPaused ? u" restored, paused: resume it to send again"_s : u" restored"_s);
+              },
+          .cannotRemove = cannotRemove,
+          .cannotRestore = [](const QString& name) { return u"Couldn’t restore "_s + name; }};
 }
 
 /// The campaign's name as a file's: words in lower case joined by "-". Whatever is neither letter nor digit parts
@@ -49,34 +55,60 @@ QString analyticsFileName(const QString& name) {
 
 }  // namespace
 
-CampaignsStore::CampaignsStore(APITransport& api, Services& services, QObject* parent)
-    : Store(parent),
-      m_api(api),
-      m_services(services),
-      m_actions(api, services.toasts, m_busy, [this] { reload(); }),
-      m_list(
-          services.clock, [&api] { return api.send(Requests::listCampaigns(false)); }, isEmpty),
-      m_archived(
-          services.clock, [&api] { return api.send(Requests::listCampaigns(true)); }, isEmpty),
+CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst)
+    : Store(context),
+      m_saveFirst(std::move(saveFirst)),
+      m_actions(context, m_busy, [this] { Store::refresh(); }),
+      m_archive(context, m_actions, campaignArchiveRequests(), archiveWords()),
+      m_list(*this, [this] { return api().send(Requests::listCampaigns(false)); },
+             {.failed = u"Couldn’t load campaigns"_s}),
+      m_archived(*this, [this] { return api().send(Requests::listCampaigns(true)); },
+                 {.failed = u"Couldn’t load archived campaigns"_s, .loadsByItself = false, .isArchive = true}),
       m_rows(m_busy),
       m_archivedRows(m_busy),
       m_newCampaign({u"New campaign"_s,
                      u"Name it after the offer and the list. You pick senders, leads and copy next."_s,
                      u"Campaign name"_s, u"Create campaign"_s}),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
-  watch(m_list, u"Couldn’t load campaigns"_s);
-  watch(m_archived, u"Couldn’t load archived campaigns"_s);
+  connect(&m_list, &ResourceBase::changed, this, &CampaignsStore::changed);
+  connect(&m_archived, &ResourceBase::changed, this, &CampaignsStore::changed);
   connect(&m_list, &ResourceBase::valueChanged, this, &CampaignsStore::listArrived);
   connect(&m_archived, &ResourceBase::valueChanged, this, &CampaignsStore::archiveArrived);
   connect(&m_busy, &BusySet::changed, this, &CampaignsStore::busyChanged);
+  connect(this, &Store::roleChanged, this, &CampaignsStore::changed);
+  context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
+  context.changes().watch<Archived<Campaign>>(this, [this](const auto& change) { takeArchived(change); });
   m_newCampaign.onSubmit = [this](const QString& name) { m_tasks.start(createTask(name)); };
-  m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(m_renamedId, name)); };
+  m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(m_renamed.id, name)); };
 }
 
-void CampaignsStore::watch(Resource<CampaignList>& resource, const QString& whatFailed) {
-  connect(&resource, &ResourceBase::changed, this, &CampaignsStore::changed);
-  connect(&resource, &ResourceBase::refreshFailed, this,
-          [this, whatFailed](const APIError& error) { m_services.toasts.failure(whatFailed, error); });
+void CampaignsStore::take(const Change<Campaign>& change) {
+  using Kind = Change<Campaign>::Kind;
+  const CampaignSummary* row = m_index.find(change.id);
+  if (change.kind == Kind::gone) {
+    m_list.update([&change](CampaignList& list) {
+      const auto left = list.items.removeIf([&change](const CampaignSummary& item) { return item.id == change.id; });
+      if (left > 0 && list.archivedCount) ++*list.archivedCount;
+    });
+  } else if (change.kind == Kind::is && row) {
+    const auto amend = [&change](CampaignList& list) {
+      const auto found = std::ranges::find(list.items, change.id, &CampaignSummary::id);
+      if (found != list.items.end()) follow(*found, *change.record);
+    };
+    change.acted ? m_list.update(amend) : m_list.amend(amend);
+  } else if (change.acted) {
+    m_list.markStale();
+  }
+}
+
+void CampaignsStore::takeArchived(const Change<Archived<Campaign>>& change) {
+  if (change.kind != Change<Archived<Campaign>>::Kind::gone) return m_archived.markStale();
+  m_archived.update([&change](CampaignList& list) {
+    list.items.removeIf([&change](const CampaignSummary& item) { return item.id == change.id; });
+  });
+  m_list.amend([](CampaignList& list) {
+    if (list.archivedCount && *list.archivedCount > 0) --*list.archivedCount;
+  });
 }
 
 void CampaignsStore::setFilter(const QString& filter) {
@@ -131,7 +163,7 @@ void CampaignsStore::ask(const CampaignQuery& query) {
 
 void CampaignsStore::setShowArchived(bool shown) {
   if (std::exchange(m_showArchived, shown) == shown) return;
-  if (shown && !std::exchange(m_archiveLoaded, true)) m_archived.load();
+  if (shown) m_archived.ensureLoaded();
   Q_EMIT changed();
 }
 
@@ -178,31 +210,17 @@ QString CampaignsStore::archivedCountText() const {
   return Format::counted(m_archivedRows.count(), u"archived campaign"_s, u"archived campaigns"_s);
 }
 
-bool CampaignsStore::canCreate() const { return canWrite(m_workspace.role); }
+bool CampaignsStore::canCreate() const { return canWrite(); }
 
 QString CampaignsStore::createHint() const { return canCreate() ? QString() : u"Only members can create campaigns."_s; }
 
-void CampaignsStore::setWorkspace(const WorkspaceSummary& workspace) {
-  m_workspace = workspace;
-  Q_EMIT changed();
-}
-
-void CampaignsStore::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) m_list.load();
-}
-
 void CampaignsStore::refresh() { m_showArchived ? m_archived.load() : m_list.load(); }
 
-void CampaignsStore::reload() {
-  if (m_loaded) m_list.load();
-  if (m_archiveLoaded) m_archived.load();
-}
-
-void CampaignsStore::open(const QString& id) { m_services.router.openItem(Page::campaigns, id); }
+void CampaignsStore::open(const QString& id) { context().openItem(Page::campaigns, id); }
 
 void CampaignsStore::beginCreate() {
   if (!canCreate()) {
-    m_services.toasts.show(createHint());
+    services().toasts.show({.message = createHint()});
     return;
   }
   m_newCampaign.show();
@@ -210,109 +228,104 @@ void CampaignsStore::beginCreate() {
 
 void CampaignsStore::beginRename(const QString& id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign || m_busy.contains(id)) return;
-  m_renamedId = id;
+  if (!campaign || m_busy.contains(id) || !canWrite()) return;
+  m_renamed = *campaign;
   m_rename.show(campaign->name);
 }
 
 Task<void> CampaignsStore::createTask(QString name) {
   auto submission = m_newCampaign.begin();
+  const Stamp asked = context().changes().stamp();
   try {
-    const Campaign campaign = co_await m_api.send(Requests::createCampaign({name}));
-    m_services.toasts.success(campaign.name + u" created"_s);
-    reload();
-    if (submission.succeed()) m_services.router.openItem(Page::campaigns, campaign.id);
+    const Campaign campaign = co_await api().send(Requests::createCampaign({name}));
+    services().toasts.success(campaign.name + u" created"_s);
+    context().changes().publish(campaign, asked, true);
+    if (submission.succeed()) open(campaign.id);
   } catch (const APIError& error) {
-    if (!submission.fail(error.message())) m_services.toasts.failure({}, error);
-    if (Actions::outcomeIsUnknown(error)) reload();
+    if (!submission.fail(error.message())) services().toasts.failure({}, error);
+    if (Actions::outcomeIsUnknown(error)) context().changes().stale<Campaign>();
   }
 }
 
 Task<void> CampaignsStore::renameTask(QString id, QString name) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign) co_return m_rename.cancel();
+  auto submission = m_rename.begin();
+  if (!campaign) {
+    submission.fail(u"This campaign isn’t in the list any more."_s);
+    co_return;
+  }
   const QString oldName = campaign->name;
   if (name == oldName) co_return m_rename.cancel();
   CampaignPatch patch;
   patch.name = name;
-  auto submission = m_rename.begin();
-  auto request = Requests::updateCampaign(id, patch, campaign->version);
-  if (const auto renamed = co_await m_actions.perform(id, std::move(request), u"Couldn’t rename the campaign."_s)) {
-    applyState(*renamed);
+  // A name that somebody else gave meanwhile is not overwritten unseen: the service refuses the older version.
+  const auto build = [this, patch, filled = m_renamed] {
+    const CampaignSummary* now = find(filled.id);
+    return Requests::updateCampaign(filled.id, patch, now && now->name == filled.name ? now->version : filled.version);
+  };
+  if (const auto renamed = co_await m_actions.perform<Campaign>({id, id}, build, u"Couldn’t rename the campaign."_s)) {
     submission.succeed();
-    m_services.toasts.success(u"Renamed "_s + oldName + u" to "_s + renamed->name);
+    services().toasts.success(u"Renamed "_s + oldName + u" to "_s + renamed->name);
   }
+}
+
+/// What the service starts or copies is what it has, and the person means what they wrote.
+Task<bool> CampaignsStore::savedFirst(QString id) {
+  if (!m_saveFirst) co_return true;
+  const QString reason = co_await m_saveFirst(id);
+  if (!reason.isEmpty()) services().toasts.show({.message = reason, .tone = Toasts::Tone::error});
+  co_return reason.isEmpty();
 }
 
 Task<void> CampaignsStore::pauseTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign) co_return;
+  if (!campaign || !canWrite()) co_return;
   const QString name = campaign->name;
-  if (const auto paused = co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) {
-    applyState(*paused);
-    m_services.toasts.success(name + u" paused"_s);
-  }
+  if (co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) services().toasts.success(name + u" paused"_s);
 }
 
 Task<void> CampaignsStore::resumeTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign) co_return;
+  if (!campaign || !canWrite()) co_return;
   const QString name = campaign->name;
+  const auto mark = m_busy.mark(id);
+  if (!mark || !co_await savedFirst(id)) co_return;
   // Nothing outside the workspace was shown here, so nothing of it is confirmed.
-  if (const auto resumed = co_await m_actions.perform(id, Requests::launchCampaign(id, {false}), {})) {
-    applyState(*resumed);
-    m_services.toasts.success(name + u" resumed"_s);
-  }
+  if (co_await m_actions.change(id, Requests::launchCampaign(id, {false}), {}))
+    services().toasts.success(name + u" resumed"_s);
 }
 
 Task<void> CampaignsStore::duplicateTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign) co_return;
+  if (!campaign || !canWrite()) co_return;
   const QString failure = u"Couldn’t duplicate "_s + campaign->name;
-  if (const auto copy = co_await m_actions.perform(id, Requests::duplicateCampaign(id), failure)) {
-    reload();
-    m_services.toasts.success(copy->name + u" created, without leads"_s);
-  }
+  const auto mark = m_busy.mark(id);
+  if (!mark || !co_await savedFirst(id)) co_return;
+  if (const auto copy = co_await m_actions.change(id, Requests::duplicateCampaign(id), failure))
+    services().toasts.success(copy->name + u" created, without leads"_s);
 }
 
 Task<void> CampaignsStore::removeTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign || m_busy.contains(id)) co_return;
+  if (!campaign || m_busy.contains(id) || !canWrite()) co_return;
   const QString name = campaign->name;
-  if (!co_await m_services.overlays.confirm(removeQuestion(*campaign))) co_return;
-  const auto removed =
-      co_await m_actions.perform(id, Requests::deleteCampaign(id, false), u"Couldn’t delete "_s + name);
-  if (!removed) co_return;
-  moveToArchive(id);
-  m_services.toasts.show(u"Deleted “"_s + name + u"”. It’s in Archived."_s, Toasts::Tone::standard, u"Undo"_s,
-                         [store = QPointer(this), id, name] {
-                           if (store) store->m_tasks.start(store->restoreNamedTask(id, name));
-                         });
+  if (!co_await services().overlays.confirm(removeQuestion(*campaign))) co_return;
+  if (const auto mark = m_busy.mark(id)) co_await m_archive.remove(id, name);
 }
 
 Task<void> CampaignsStore::restoreTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (campaign) co_await restoreNamedTask(id, campaign->name);
-}
-
-Task<void> CampaignsStore::restoreNamedTask(QString id, QString name) {
-  const auto restored = co_await m_actions.perform(id, Requests::restoreCampaign(id), u"Couldn’t restore "_s + name);
-  if (!restored) co_return;
-  takeFromArchive(id);
-  reload();
-  const bool paused = restored->status.rawValue == "paused"_L1;
-  m_services.toasts.success(name + (paused ? u" restored, paused: resume it to send again"_s : u" restored"_s));
+  if (!campaign || !canWrite()) co_return;
+  const QString name = campaign->name;
+  if (const auto mark = m_busy.mark(id)) co_await m_archive.restore(id, name);
 }
 
 Task<void> CampaignsStore::removeForGoodTask(QString id) {
   const CampaignSummary* campaign = find(id);
-  if (!campaign || m_busy.contains(id)) co_return;
+  if (!campaign || m_busy.contains(id) || !canWrite()) co_return;
   const QString name = campaign->name;
-  if (!co_await m_services.overlays.confirm(removeForGoodQuestion(*campaign))) co_return;
-  const auto removed = co_await m_actions.perform(id, Requests::deleteCampaign(id, true), u"Couldn’t delete "_s + name);
-  if (!removed) co_return;
-  takeFromArchive(id);
-  m_services.toasts.success(name + u" deleted for good"_s);
+  if (!co_await services().overlays.confirm(removeForGoodQuestion(*campaign))) co_return;
+  if (const auto mark = m_busy.mark(id)) co_await m_archive.removeForGood(id, name);
 }
 
 Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
@@ -321,7 +334,7 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   const auto mark = m_busy.mark(id);
   if (!mark) co_return;
   const QString fileName = analyticsFileName(campaign->name);
-  const QDate today = localToday(m_services.clock);
+  const QDate today = localToday(services().clock);
   const auto created = parsePlatformDate(campaign->createdAt);
   const QDate from = created ? created->toLocalTime().date() : today;
   const QString failure = u"Couldn’t download the analytics."_s;
@@ -331,24 +344,13 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   auto rows = summary->campaigns;
   rows.removeIf([&id](const auto& row) { return row.id != id; });
   if (rows.isEmpty()) {
-    m_services.toasts.show(u"Nothing to export yet."_s);
+    services().toasts.show({.message = u"Nothing to export yet."_s});
     co_return;
   }
-  co_await saveCsv(m_services, fileName, campaignsCsv(rows), failure);
+  co_await saveCsv(services(), fileName, campaignsCsv(rows), failure);
 }
 
-void CampaignsStore::copyLink(const QString& id) {
-  QUrl link = m_services.webOrigin;
-  link.setPath(u"/w/"_s + m_workspace.slug + u"/campaigns/"_s + id);
-  m_services.clipboard.setText(link.toString(QUrl::FullyEncoded));
-  m_services.toasts.success(u"Link copied"_s);
-}
-
-void CampaignsStore::close() {
-  m_list.cancel();
-  m_archived.cancel();
-  Store::close();
-}
+void CampaignsStore::copyLink(const QString& id) { copyCampaignLink(services(), id); }
 
 const CampaignSummary* CampaignsStore::find(const QString& id) const {
   const CampaignSummary* live = m_index.find(id);
@@ -369,34 +371,6 @@ void CampaignsStore::archiveArrived() {
 void CampaignsStore::showArchivedRows(bool newQuestion) {
   auto rows = m_archiveIndex.visible({u"all"_s, {}, {}, m_archivedSort});
   newQuestion ? m_archivedRows.replace(std::move(rows)) : m_archivedRows.update(std::move(rows));
-}
-
-void CampaignsStore::applyState(const Campaign& campaign) {
-  m_list.update([&campaign](CampaignList& list) {
-    for (CampaignSummary& item : list.items) {
-      if (item.id != campaign.id) continue;
-      item.name = campaign.name;
-      item.status = campaign.status;
-      item.version = campaign.version;
-      if (campaign.launchedAt) item.launchedAt = campaign.launchedAt;
-    }
-  });
-}
-
-void CampaignsStore::moveToArchive(const QString& id) {
-  m_list.update([&id](CampaignList& list) {
-    list.items.removeIf([&id](const CampaignSummary& item) { return item.id == id; });
-    if (list.archivedCount) ++*list.archivedCount;
-  });
-  if (m_archiveLoaded) m_archived.load();
-}
-
-void CampaignsStore::takeFromArchive(const QString& id) {
-  m_archived.update(
-      [&id](CampaignList& list) { list.items.removeIf([&id](const CampaignSummary& item) { return item.id == id; }); });
-  m_list.update([](CampaignList& list) {
-    if (list.archivedCount && *list.archivedCount > 0) --*list.archivedCount;
-  });
 }
 
 }  // namespace orv

@@ -3,13 +3,10 @@
 #include <QStringList>
 #include <QVariantList>
 
-#include "app/base/Actions.h"
 #include "app/base/NameForm.h"
 #include "app/base/Resource.h"
-#include "app/base/Services.h"
-#include "app/base/Store.h"
+#include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/CampaignRows.h"
-#include "kit/session/records.h"
 
 namespace orv {
 
@@ -44,7 +41,10 @@ class CampaignsStore final : public Store {
   Q_PROPERTY(QString createHint READ createHint NOTIFY changed)
 
  public:
-  CampaignsStore(APITransport& api, Services& services, QObject* parent = nullptr);
+  /// Has the sequence of a campaign saved that somebody is writing elsewhere; gives why that failed, or nothing.
+  using SaveFirst = std::function<Task<QString>(QString id)>;
+
+  explicit CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst = {});
 
   Resource<CampaignList>* list() { return &m_list; }
   Resource<CampaignList>* archived() { return &m_archived; }
@@ -84,15 +84,8 @@ class CampaignsStore final : public Store {
   /// Why nothing can be created; empty when it can.
   QString createHint() const;
 
-  /// The workspace as the account now has it: its address for links, the person's role.
-  void setWorkspace(const WorkspaceSummary& workspace);
-
-  /// Loads when the page is first shown; later calls do nothing.
-  Q_INVOKABLE void ensureLoaded();
-  /// Loads again whatever has been loaded: something changed what the lists show.
-  void reload();
   /// Loads what is on screen again.
-  Q_INVOKABLE void refresh();
+  void refresh() override;
   Q_INVOKABLE void toggleTag(const QString& tag);
   Q_INVOKABLE void toggleSort(const QString& key);
   Q_INVOKABLE void toggleArchivedSort(const QString& key);
@@ -121,8 +114,6 @@ class CampaignsStore final : public Store {
   Task<void> removeForGoodTask(QString id);
   Task<void> downloadAnalyticsTask(QString id);
 
-  void close() override;
-
  Q_SIGNALS:
   void changed();
   /// What is counted over the whole list. Apart from `changed`, so that a keystroke in the search field counts nothing.
@@ -130,22 +121,19 @@ class CampaignsStore final : public Store {
   void busyChanged();
 
  private:
-  Task<void> restoreNamedTask(QString id, QString name);
+  Task<bool> savedFirst(QString id);
   const CampaignSummary* find(const QString& id) const;
-  void watch(Resource<CampaignList>& resource, const QString& whatFailed);
+  void take(const Change<Campaign>& change);
+  void takeArchived(const Change<Archived<Campaign>>& change);
   void listArrived();
   void archiveArrived();
   void ask(const CampaignQuery& query);
   void showArchivedRows(bool newQuestion);
-  void applyState(const Campaign& campaign);
-  void moveToArchive(const QString& id);
-  void takeFromArchive(const QString& id);
 
-  APITransport& m_api;
-  Services& m_services;
-  WorkspaceSummary m_workspace;
+  SaveFirst m_saveFirst;
   BusySet m_busy;
   Actions m_actions;
+  Archive<Campaign> m_archive;
   Resource<CampaignList> m_list;
   Resource<CampaignList> m_archived;
   CampaignIndex m_index;
@@ -154,12 +142,11 @@ class CampaignsStore final : public Store {
   CampaignRowsModel m_archivedRows;
   NameForm m_newCampaign;
   NameForm m_rename;
-  QString m_renamedId;
+  /// As it was when the form was filled.
+  CampaignSummary m_renamed;
   CampaignQuery m_query;
   std::optional<OrvSort> m_archivedSort;
   bool m_showArchived = false;
-  bool m_loaded = false;
-  bool m_archiveLoaded = false;
 };
 
 }  // namespace orv

@@ -45,11 +45,10 @@ QString headline(const AddLeadsResult& result) {
 }  // namespace
 
 LeadAdding::LeadAdding(CampaignContext& context, std::function<void()> added)
-    : m_context(context),
+    : Store(context.workspace, &context.whole),
+      m_context(context),
       m_added(std::move(added)),
-      m_lists(
-          context.services.clock, [&context] { return context.api.send(Requests::leadLists(false)); },
-          [](const LeadListPage& page) { return page.items.isEmpty(); }) {
+      m_lists(*this, [&context] { return context.api.send(Requests::leadLists(false)); }, {.loadsByItself = false}) {
   connect(&m_lists, &ResourceBase::changed, this, &LeadAdding::listsChanged);
 }
 
@@ -311,18 +310,23 @@ void LeadAdding::setStage(const QString& text, qint64 done, qint64 all) {
 void LeadAdding::finish(const AddLeadsResult& result) {
   m_result = result;
   if (!m_shown)
-    m_context.services.toasts.show(headline(result), Toasts::Tone::success, u"Details"_s, [store = QPointer(this)] {
-      if (!store || !store->m_result) return;
-      store->m_shown = true;
-      Q_EMIT store->changed();
-    });
+    m_context.services.toasts.show({.message = headline(result),
+                                    .tone = Toasts::Tone::success,
+                                    .actionLabel = u"Details"_s,
+                                    .action = [store = QPointer(this)] {
+                                      if (!store || !store->m_result) return;
+                                      store->m_shown = true;
+                                      Q_EMIT store->changed();
+                                    }});
   Q_EMIT changed();
 }
 
 void LeadAdding::fail(const QString& reason) {
   m_error = reason;
   if (m_soFar.added > 0) m_error += u" Before that, "_s + headline(m_soFar) + u'.';
-  if (!m_shown) m_context.services.toasts.show(u"Couldn’t add the leads"_s, Toasts::Tone::error, {}, {}, m_error);
+  if (!m_shown)
+    m_context.services.toasts.show(
+        {.message = u"Couldn’t add the leads"_s, .tone = Toasts::Tone::error, .detail = m_error});
   Q_EMIT changed();
 }
 
@@ -344,7 +348,6 @@ void LeadAdding::dismiss() {
 
 void LeadAdding::close() {
   forgetFile();
-  m_lists.cancel();
   m_look.cancel();
   m_work.cancel();
   m_busy = m_looking = false;

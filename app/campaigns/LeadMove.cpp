@@ -9,11 +9,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringList&)> moved)
-    : m_context(context),
+    : Store(context.workspace, &context.whole),
+      m_context(context),
       m_moved(std::move(moved)),
-      m_campaigns(
-          context.services.clock, [&context] { return context.api.send(Requests::listCampaigns(false)); },
-          [](const CampaignList& list) { return list.items.isEmpty(); }) {
+      m_campaigns(*this, [&context] { return context.api.send(Requests::listCampaigns(false)); },
+                  {.loadsByItself = false}) {
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &LeadMove::optionsChanged);
 }
 
@@ -80,10 +80,12 @@ Task<void> LeadMove::move(QStringList leadIds, QString target) {
     const QString kept =
         result.skipped == 0 ? QString() : countedLeads(result.skipped) + u" stayed, already in "_s + name;
     if (result.moved == 0)
-      m_context.services.toasts.show(u"No leads moved"_s, Toasts::Tone::standard, {}, {}, kept);
+      m_context.services.toasts.show({.message = u"No leads moved"_s, .detail = kept});
     else
-      m_context.services.toasts.show(u"Moved "_s + countedLeads(result.moved) + u" to "_s + name, Toasts::Tone::success,
-                                     {}, {}, kept);
+      m_context.services.toasts.show({.message = u"Moved "_s + countedLeads(result.moved) + u" to "_s + name,
+                                      .tone = Toasts::Tone::success,
+                                      .detail = kept});
+    m_context.workspace.changes().stale<Campaign>(target);
     m_moved(leadIds);
   } catch (const APIError& error) {
     finish(error.message());
@@ -105,7 +107,6 @@ void LeadMove::finish(const QString& error) {
 }
 
 void LeadMove::close() {
-  m_campaigns.cancel();
   Store::close();
   m_busy = false;
 }

@@ -8,12 +8,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-const ConfirmRequest discardQuestion{u"Discard your changes?"_s,
-                                     u"What you typed about this lead is not saved."_s,
-                                     u"Discard"_s,
-                                     u"Keep editing"_s,
-                                     true,
-                                     {}};
+const ConfirmRequest discardQuestion{.title = u"Discard your changes?"_s,
+                                     .text = u"What you typed about this lead is not saved."_s,
+                                     .confirm = u"Discard"_s,
+                                     .cancel = u"Keep editing"_s,
+                                     .destructive = true};
 
 /// A custom field as text; nothing for one that is no single value and cannot be edited as one.
 std::optional<QString> textOf(const JSONValue& value) {
@@ -43,11 +42,11 @@ QString activityText(const LeadActivity& item) {
 }  // namespace
 
 LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const CampaignLead&)> changedLead)
-    : m_context(context),
+    : Store(context.workspace, &context.whole),
+      m_context(context),
       m_changedLead(std::move(changedLead)),
-      m_detail(
-          context.services.clock, [this] { return m_context.api.send(Requests::leadDetail(m_context.id, m_lead.id)); },
-          [](const LeadDetail&) { return false; }) {
+      m_detail(*this, [this] { return m_context.api.send(Requests::leadDetail(m_context.id, m_lead.id)); },
+               {.loadsByItself = false}) {
   connect(&m_detail, &ResourceBase::changed, this, &LeadPanel::changed);
   connect(&m_detail, &ResourceBase::valueChanged, this, [this] {
     if (detailed()) take(m_detail.value()->lead);
@@ -209,7 +208,6 @@ void LeadPanel::leave() {
 void LeadPanel::close() {
   m_asking.cancel();
   m_save.cancel();
-  m_detail.cancel();
   m_saving = false;
   Store::close();
 }

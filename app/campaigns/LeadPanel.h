@@ -62,7 +62,7 @@ class LeadPanel final : public Store {
 
   void show(const CampaignLead& lead);
   /// Reads again what is shown.
-  Q_INVOKABLE void refresh();
+  void refresh() override;
   Q_INVOKABLE void save();
   Q_INVOKABLE void discard();
   /// Closes the drawer; asks first when something is not saved.

@@ -52,8 +52,8 @@ QVariantMap problemsIn(const ScheduleWindow& window) {
 
 }  // namespace
 
-ScheduleForm::ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy, QObject* parent)
-    : Store(parent), m_context(context), m_actions(actions), m_busy(busy) {
+ScheduleForm::ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy)
+    : Store(context.workspace, &context.whole), m_context(context), m_actions(actions), m_busy(busy) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &ScheduleForm::follow);
   connect(&busy, &BusySet::changed, this, &ScheduleForm::changed);
   follow();
@@ -150,11 +150,11 @@ Task<void> ScheduleForm::saveTask() {
   patch.schedule = campaign->schedule.value_or(CampaignSchedule());
   patch.schedule->schedules = sent;
   for (ScheduleWindow& window : patch.schedule->schedules) window.timeZone = window.timeZone.trimmed();
-  auto request = Requests::updateCampaign(m_context.id, patch, campaign->version);
-  const auto saved = co_await m_actions.perform(QString::fromLatin1(busyKey), std::move(request), u"Couldn’t save."_s);
+  const auto saved = co_await m_actions.perform<Campaign>(
+      {QString::fromLatin1(busyKey), m_context.id},
+      [id = m_context.id, patch, version = campaign->version] { return Requests::updateCampaign(id, patch, version); },
+      u"Couldn’t save."_s, [this, sent](const Campaign&) { m_base = sent; });
   if (!saved) co_return;
-  m_base = sent;
-  m_context.take(*saved);
   m_context.services.toasts.success(u"Schedule saved"_s);
 }
 

@@ -51,19 +51,13 @@ QStringList with(QStringList list, const QString& item) {
 
 }  // namespace
 
-SenderPicker::SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick, QObject* parent)
-    : Store(parent),
+SenderPicker::SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick)
+    : Store(context.workspace, &context.whole),
       m_context(context),
       m_draft(draft),
       m_pick(std::move(pick)),
-      m_mailboxes(
-          context.services.clock, [&api = context.api] { return everyMailbox(api); },
-          [](const MailboxPage& page) { return page.items.isEmpty(); }) {
-  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::refresh);
-}
-
-void SenderPicker::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) m_mailboxes.load();
+      m_mailboxes(*this, [&api = context.api] { return everyMailbox(api); }) {
+  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::followDraft);
 }
 
 void SenderPicker::setQuery(const QString& query) {
@@ -114,7 +108,7 @@ QString SenderPicker::tagNote() const {
   return m_mailboxes.value() && tags().isEmpty() ? u"No tags yet. Tag inboxes on the Accounts page."_s : QString();
 }
 
-void SenderPicker::refresh() {
+void SenderPicker::followDraft() {
   collect();
   show();
   Q_EMIT changed();
@@ -169,11 +163,6 @@ void SenderPicker::show() {
       rows.push_back(entry.row);
   }
   m_rows.update(std::move(rows));
-}
-
-void SenderPicker::close() {
-  m_mailboxes.cancel();
-  Store::close();
 }
 
 }  // namespace orv

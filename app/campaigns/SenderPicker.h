@@ -49,7 +49,7 @@ class SenderPicker final : public Store {
   /// `pick` is told of a field of the draft and its new list.
   using Pick = std::function<void(const QString& field, const QStringList& list)>;
 
-  SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick, QObject* parent = nullptr);
+  SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick);
 
   Resource<MailboxPage>* mailboxes() { return &m_mailboxes; }
   SenderRows* rows() { return &m_rows; }
@@ -65,14 +65,12 @@ class SenderPicker final : public Store {
   QVariantList tags() const;
   QString tagNote() const;
 
-  void ensureLoaded();
   Q_INVOKABLE void retry() { m_mailboxes.load(); }
   Q_INVOKABLE void toggle(const QString& mailboxId);
   Q_INVOKABLE void toggleTag(const QString& tag);
 
   /// The draft or the campaign is another one.
-  void refresh();
-  void close() override;
+  void followDraft();
 
  Q_SIGNALS:
   void changed();
@@ -95,7 +93,6 @@ class SenderPicker final : public Store {
   SenderRows m_rows;
   std::vector<Entry> m_all;
   QString m_query;
-  bool m_loaded = false;
 };
 
 }  // namespace orv

@@ -28,11 +28,10 @@ QVariantMap variableOption(const QString& name, const QString& text, const QStri
 
 }  // namespace
 
-SequenceEditor::SequenceEditor(CampaignContext& context, QObject* parent)
-    : Store(parent),
+SequenceEditor::SequenceEditor(CampaignContext& context)
+    : Store(context.workspace, &context.whole),
       m_context(context),
-      m_autosave(context.services.clock,
-                 [&context](StepsBody body) { return context.api.send(Requests::saveSteps(context.id, body)); }),
+      m_autosave(context.services.clock, [this](StepsBody body) { return saveSteps(std::move(body)); }),
       m_preview(context, m_autosave.draft()),
       m_testEmail(context, m_autosave, [this] { return emailShown(); }) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
@@ -64,9 +63,16 @@ void SequenceEditor::takeLoaded() {
   if (m_shown.variant == variantBefore && (subject() != subjectBefore || body() != bodyBefore)) Q_EMIT textShown();
 }
 
+Task<Campaign> SequenceEditor::saveSteps(StepsBody body) {
+  const auto turn = co_await m_context.workspace.turns().next(m_context.id);
+  if (!turn) throw APIError::of(APIError::Kind::cancelled);
+  m_saveAsked = m_context.workspace.changes().stamp();
+  co_return co_await m_context.api.send(Requests::saveSteps(m_context.id, body));
+}
+
 void SequenceEditor::takeSaved(const Campaign& campaign) {
   m_savedVersion = campaign.version;
-  m_context.campaign.update([&campaign](Campaign& shown) { shown = campaign; });
+  m_context.workspace.changes().publish(campaign, m_saveAsked, true);
   follow();
 }
 
@@ -156,13 +162,17 @@ void SequenceEditor::removeStep(const QString& step) {
   const QUuid key(step);
   const qsizetype place = draft().placeOf(key);
   if (!edit([&key](SequenceDraft& draft) { return draft.removeStep(key); })) return;
-  m_context.services.toasts.show(u"Email %1 removed"_s.arg(place + 1), Toasts::Tone::standard, u"Undo"_s,
-                                 [editor = QPointer(this), key] {
-                                   if (!editor) return;
-                                   editor->m_autosave.edit([&key](SequenceDraft& draft) { draft.restoreStep(key); });
-                                   editor->m_step = key;
-                                   editor->follow();
-                                 });
+  m_context.services.toasts.show({.message = u"Email %1 removed"_s.arg(place + 1),
+                                  .actionLabel = u"Undo"_s,
+                                  .action =
+                                      [editor = QPointer(this), key] {
+                                        if (!editor) return;
+                                        editor->m_autosave.edit(
+                                            [&key](SequenceDraft& draft) { draft.restoreStep(key); });
+                                        editor->m_step = key;
+                                        editor->follow();
+                                      },
+                                  .accumulates = true});
 }
 
 void SequenceEditor::setWaitDays(int days) {
@@ -193,12 +203,15 @@ void SequenceEditor::removeVariant(const QString& variant) {
   if (!gone) return;
   const QString label = gone->label;
   if (!edit([&key](SequenceDraft& draft) { return draft.removeVariant(key); })) return;
-  m_context.services.toasts.show(u"Variant %1 removed"_s.arg(label), Toasts::Tone::standard, u"Undo"_s,
-                                 [editor = QPointer(this), key] {
-                                   if (!editor) return;
-                                   editor->edit([&key](SequenceDraft& draft) { draft.restoreVariant(key); });
-                                   editor->showVariant(key.toString());
-                                 });
+  m_context.services.toasts.show({.message = u"Variant %1 removed"_s.arg(label),
+                                  .actionLabel = u"Undo"_s,
+                                  .action =
+                                      [editor = QPointer(this), key] {
+                                        if (!editor) return;
+                                        editor->edit([&key](SequenceDraft& draft) { draft.restoreVariant(key); });
+                                        editor->showVariant(key.toString());
+                                      },
+                                  .accumulates = true});
 }
 
 void SequenceEditor::setWeight(int weight) {
@@ -230,7 +243,7 @@ Task<void> SequenceEditor::spinTask(QString field) {
   QString DraftVariant::*const text = field == "subject"_L1 ? &DraftVariant::subject : &DraftVariant::body;
   const QString before = shown->*text;
   if (before.trimmed().isEmpty()) {
-    m_context.services.toasts.show(u"Write the email first, then spin it"_s);
+    m_context.services.toasts.show({.message = u"Write the email first, then spin it"_s});
     co_return;
   }
   m_spinning = field;
@@ -246,7 +259,7 @@ Task<void> SequenceEditor::spinTask(QString field) {
   if (!spun) co_return;
   const DraftVariant* now = draft().variant(key);
   if (!now || now->*text != before) {
-    m_context.services.toasts.show(u"The email changed while it was spinning. Try again."_s);
+    m_context.services.toasts.show({.message = u"The email changed while it was spinning. Try again."_s});
     co_return;
   }
   takeSpun(key, field, {before, followed(before, withLineFeeds(before), withLineFeeds(spun->text))});

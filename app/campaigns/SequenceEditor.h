@@ -41,7 +41,7 @@ class SequenceEditor final : public Store {
  public:
   static constexpr int waitDaysAtMost = 60;
 
-  explicit SequenceEditor(CampaignContext& context, QObject* parent = nullptr);
+  explicit SequenceEditor(CampaignContext& context);
 
   SequenceAutosave* autosave() { return &m_autosave; }
   SequencePreview* preview() { return &m_preview; }
@@ -94,7 +94,7 @@ class SequenceEditor final : public Store {
   Q_INVOKABLE QString unspun(const QString& field) const;
 
   /// Saves what is unsaved; true when the service then has the very text. This object may go while the task waits.
-  Task<bool> flush() { return m_autosave.flush(); }
+  Task<bool> flush() override { return m_autosave.flush(); }
   /// There is text that the service does not have.
   bool isUnsaved() const { return m_autosave.state() != SequenceAutosave::SaveState::saved; }
 
@@ -127,6 +127,7 @@ class SequenceEditor final : public Store {
   template <class Change>
   auto edit(Change&& change);
   void takeLoaded();
+  Task<Campaign> saveSteps(StepsBody body);
   void takeSaved(const Campaign& campaign);
   void follow();
   void keepSelection();
@@ -138,6 +139,8 @@ class SequenceEditor final : public Store {
   std::optional<TestEmailForm::Email> emailShown() const;
 
   CampaignContext& m_context;
+  /// When the save under way went out.
+  Stamp m_saveAsked{};
   SequenceAutosave m_autosave;
   SequencePreview m_preview;
   TestEmailForm m_testEmail;

@@ -14,19 +14,18 @@ QString labelOf(const CampaignLead& lead) {
 
 }  // namespace
 
-SequencePreview::SequencePreview(CampaignContext& context, const SequenceDraft& draft, QObject* parent)
-    : Store(parent),
+SequencePreview::SequencePreview(CampaignContext& context, const SequenceDraft& draft)
+    : Store(context.workspace, &context.whole),
       m_context(context),
       m_draft(draft),
       m_answer(
-          context.services.clock, [this] { return load(); },
-          [](const PreviewResponse& answer) { return answer.steps.isEmpty(); }),
-      m_leads(
-          context.services.clock,
-          [this] {
-            return m_context.api.send(Requests::listLeads(m_context.id, {leadsAtMost, {}, false, {}}));
-          },
-          [](const LeadPage& page) { return page.items.isEmpty(); }) {
+          *this, [this] { return load(); },
+          {.isEmpty = [](const PreviewResponse& answer) { return answer.steps.isEmpty(); }, .loadsByItself = false}),
+      m_leads(*this,
+              [this] {
+                return m_context.api.send(Requests::listLeads(m_context.id, {leadsAtMost, {}, false, {}}));
+              },
+              {.loadsByItself = false}) {
   connect(&m_answer, &ResourceBase::changed, this, &SequencePreview::changed);
   connect(&m_answer, &ResourceBase::valueChanged, this, [this] { m_refreshError.clear(); });
   connect(&m_answer, &ResourceBase::refreshFailed, this, [this](const APIError& error) {
@@ -212,8 +211,6 @@ QString SequencePreview::message() const {
 
 void SequencePreview::close() {
   m_wait.reset();
-  m_answer.cancel();
-  m_leads.cancel();
   Store::close();
 }
 

@@ -36,7 +36,7 @@ class SequencePreview final : public Store {
   static constexpr std::chrono::milliseconds firstWait{30};
   static constexpr qint64 leadsAtMost = 50;
 
-  SequencePreview(CampaignContext& context, const SequenceDraft& draft, QObject* parent = nullptr);
+  SequencePreview(CampaignContext& context, const SequenceDraft& draft);
 
   Resource<PreviewResponse>* answer() { return &m_answer; }
   /// The pane is on the screen.

@@ -18,36 +18,41 @@ QString countText(const std::optional<qint64>& count) { return count ? Format::g
 
 }  // namespace
 
-Subsequences::Subsequences(CampaignContext& context, QObject* parent)
-    : Store(parent),
+Subsequences::Subsequences(CampaignContext& context)
+    : Store(context.workspace, &context.whole),
       m_context(context),
-      m_actions(context.api, context.services.toasts, m_busy, [this] { refresh(); }),
-      m_list(
-          context.services.clock, [this] { return m_context.api.send(Requests::listSubsequences(m_context.id)); },
-          [](const SubsequenceList& list) { return list.items.isEmpty(); }),
-      m_labels(
-          context.services.clock, [this] { return m_context.api.send(Requests::listReplyLabels()); },
-          [](const ReplyLabelList& list) { return list.items.isEmpty(); }) {
+      m_actions(context.workspace, m_busy, [this] { refresh(); }),
+      m_list(*this, [this] { return m_context.api.send(Requests::listSubsequences(m_context.id)); },
+             {.failed = u"Couldn’t load the subsequences"_s}),
+      m_labels(*this, [this] { return m_context.api.send(Requests::listReplyLabels()); }) {
   connect(&m_list, &ResourceBase::valueChanged, this, &Subsequences::show);
-  connect(&m_list, &ResourceBase::refreshFailed, this, [this](const APIError& error) {
-    m_context.services.toasts.failure(u"Couldn’t load the subsequences"_s, error);
-  });
   connect(&m_labels, &ResourceBase::changed, this, &Subsequences::show);
   connect(&m_busy, &BusySet::changed, this, &Subsequences::changed);
+  context.workspace.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) { take(change); });
+}
+
+/// Subsequences are campaigns, and may be changed on their own pages.
+void Subsequences::take(const Change<Campaign>& change) {
+  if (change.kind == Change<Campaign>::Kind::stale || !m_list.value()) return m_list.markStale();
+  const auto found = std::ranges::find(m_list.value()->items, change.id, &Subsequence::id);
+  if (found == m_list.value()->items.end()) return;
+  if (change.kind == Change<Campaign>::Kind::gone)
+    return m_list.update([&change](SubsequenceList& list) {
+      list.items.removeIf([&change](const Subsequence& item) { return item.id == change.id; });
+    });
+  m_list.amend([&change](SubsequenceList& list) {
+    for (Subsequence& item : list.items) {
+      if (item.id != change.id) continue;
+      item.name = change.record->name;
+      item.status = change.record->status;
+      item.version = change.record->version;
+      if (change.record->steps) item.steps = change.record->steps->size();
+    }
+  });
 }
 
 std::optional<qsizetype> Subsequences::count() const {
   return m_list.value() ? std::optional(m_list.value()->items.size()) : std::nullopt;
-}
-
-void Subsequences::ensureLoaded() {
-  if (!std::exchange(m_loaded, true)) refresh();
-}
-
-void Subsequences::refresh() {
-  m_loaded = true;
-  m_list.load();
-  if (!m_labels.value()) m_labels.load();
 }
 
 QString Subsequences::labelTitle(const QString& key) const {
@@ -130,18 +135,13 @@ Task<void> Subsequences::createTask() {
   Q_EMIT changed();
   if (name.isEmpty() || m_picked.isEmpty()) co_return;
   auto request = Requests::createSubsequence(m_context.id, {name, {m_picked}});
-  const auto made = co_await m_actions.perform(busyKey, std::move(request), u"Couldn’t create the subsequence."_s);
+  const auto made = co_await m_actions.perform<Campaign>(
+      {busyKey, m_context.id}, [request] { return request; }, u"Couldn’t create the subsequence."_s);
   if (!made) co_return;
   cancel();
-  m_list.load();
+  m_list.markStale();
   // The answer may come when the person has gone elsewhere; they are not to be fetched back.
-  if (m_context.services.router.openedItem(Page::campaigns) == m_context.id) open(made->id);
-}
-
-void Subsequences::close() {
-  m_list.cancel();
-  m_labels.cancel();
-  Store::close();
+  if (context().openedItem(Page::campaigns) == m_context.id) open(made->id);
 }
 
 }  // namespace orv

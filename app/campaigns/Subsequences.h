@@ -48,7 +48,7 @@ class Subsequences final : public Store {
   Q_PROPERTY(bool creating READ creating NOTIFY changed)
 
  public:
-  explicit Subsequences(CampaignContext& context, QObject* parent = nullptr);
+  explicit Subsequences(CampaignContext& context);
 
   Resource<SubsequenceList>* list() { return &m_list; }
   SubsequenceRows* rows() { return &m_rows; }
@@ -66,22 +66,18 @@ class Subsequences final : public Store {
   QString explanation() const;
   bool creating() const { return !m_busy.ids().isEmpty(); }
 
-  /// Loads when first shown.
-  Q_INVOKABLE void ensureLoaded();
-  Q_INVOKABLE void refresh();
-  Q_INVOKABLE void open(const QString& id) { m_context.services.router.openItem(Page::campaigns, id); }
+  Q_INVOKABLE void open(const QString& id) { context().openItem(Page::campaigns, id); }
   Q_INVOKABLE void beginCreate();
   Q_INVOKABLE void toggleLabel(const QString& key);
   Q_INVOKABLE void cancel();
   Q_INVOKABLE void create() { m_tasks.start(createTask()); }
   Task<void> createTask();
 
-  void close() override;
-
  Q_SIGNALS:
   void changed();
 
  private:
+  void take(const Change<Campaign>& change);
   void show();
   QString labelTitle(const QString& key) const;
 
@@ -91,7 +87,6 @@ class Subsequences final : public Store {
   Resource<SubsequenceList> m_list;
   Resource<ReplyLabelList> m_labels;
   SubsequenceRows m_rows;
-  bool m_loaded = false;
   bool m_formShown = false;
   QString m_name;
   QString m_nameError;

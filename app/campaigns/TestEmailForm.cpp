@@ -7,8 +7,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 TestEmailForm::TestEmailForm(CampaignContext& context, SequenceAutosave& autosave,
-                             std::function<std::optional<Email>()> email, QObject* parent)
-    : Store(parent), m_context(context), m_autosave(autosave), m_emailShown(std::move(email)) {
+                             std::function<std::optional<Email>()> email)
+    : Store(context.workspace, &context.whole),
+      m_context(context),
+      m_autosave(autosave),
+      m_emailShown(std::move(email)) {
   connect(&context.campaign, &ResourceBase::changed, this, &TestEmailForm::changed);
 }
 

@@ -45,8 +45,7 @@ class TestEmailForm final : public Store {
   static constexpr std::chrono::seconds limit{60};
 
   /// `email` tells what is shown now; nothing when there is nothing to send.
-  TestEmailForm(CampaignContext& context, SequenceAutosave& autosave, std::function<std::optional<Email>()> email,
-                QObject* parent = nullptr);
+  TestEmailForm(CampaignContext& context, SequenceAutosave& autosave, std::function<std::optional<Email>()> email);
 
   bool shown() const { return m_shown; }
   Stage stage() const { return m_stage; }

@@ -36,10 +36,13 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_platform.baseURL},
       m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
   m_sessions.onNotSaved = [this](const WorkspaceSession& session) {
-    m_toasts.show(
-        u"Unsaved changes in %1"_s.arg(session.name()), Toasts::Tone::error, u"Open"_s,
-        [this, slug = session.slug()] { openWorkspace(slug); }, session.unsavedWork().join(u'\n'));
+    m_toasts.show({.message = u"Unsaved changes in %1"_s.arg(session.name()),
+                   .tone = Toasts::Tone::error,
+                   .actionLabel = u"Open"_s,
+                   .action = [this, slug = session.slug()] { openWorkspace(slug); },
+                   .detail = session.unsavedWork().join(u'\n')});
   };
+  m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
 }
@@ -118,16 +121,27 @@ void AppModel::openInitialWorkspace() {
 }
 
 void AppModel::open(const WorkspaceSummary& workspace) {
-  const QString token = m_stored->token;
-  m_session = m_sessions.open(workspace.slug, [this, &workspace, &token] {
-    return new WorkspaceSession(workspace, token, m_platform.api, m_services, [this, token] { endSession(token); });
-  });
-  m_session->setWorkspace(workspace);
+  m_session =
+      m_sessions.open(workspace.slug, [this, &workspace] { return new WorkspaceSession(contextOf(workspace)); });
+  m_session->context().setWorkspace(workspace);
   m_current = workspace;
+  m_router.setWorkspace(workspace.slug);
   m_router.setFeaturesOff(m_session->featuresOff());
   m_stored->currentSlug = workspace.slug;
   keep();
   Q_EMIT changed();
+}
+
+/// The one that an undo or a job may still hold, though its session has left the cache: the workspace has one feed of
+/// changes.
+std::shared_ptr<WorkspaceContext> AppModel::contextOf(const WorkspaceSummary& workspace) {
+  std::weak_ptr<WorkspaceContext>& known = m_contexts[workspace.slug];
+  if (auto there = known.lock()) return there;
+  const QString token = m_stored->token;
+  const auto made = std::make_shared<WorkspaceContext>(workspace, token, m_platform.api, m_services,
+                                                       [this, token] { endSession(token); });
+  known = made;
+  return made;
 }
 
 void AppModel::openWorkspace(const QString& slug) {
@@ -184,7 +198,7 @@ void AppModel::applyAccount(const MeResponse& account) {
   }
   bool currentListed = false;
   for (const WorkspaceSummary& workspace : account.workspaces) {
-    if (auto* session = m_sessions.find(workspace.slug)) session->setWorkspace(workspace);
+    if (const auto context = m_contexts[workspace.slug].lock()) context->setWorkspace(workspace);
     if (!m_current || workspace.slug != m_current->slug) continue;
     m_current = workspace;
     currentListed = true;
@@ -207,8 +221,8 @@ Task<void> AppModel::saveSession(StoredSession session) {
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "The session is kept in memory only: %s", error.what());
     if (std::exchange(m_toldUnsaved, true)) co_return;
-    m_toasts.show(u"Your sign-in couldn’t be saved"_s, Toasts::Tone::standard, {}, {},
-                  u"The system keyring isn’t available, so Orvella asks again next time."_s);
+    m_toasts.show({.message = u"Your sign-in couldn’t be saved"_s,
+                   .detail = u"The system keyring isn’t available, so Orvella asks again next time."_s});
   }
 }
 
@@ -219,8 +233,9 @@ Task<void> AppModel::clearSession() {
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
     if (error.reason() == KeychainError::Reason::absent) co_return;
-    m_toasts.show(u"Your sign-in is still in the system keyring"_s, Toasts::Tone::error, {}, {},
-                  u"It couldn’t be removed. Unlock the keyring, then sign in and out once more."_s);
+    m_toasts.show({.message = u"Your sign-in is still in the system keyring"_s,
+                   .tone = Toasts::Tone::error,
+                   .detail = u"It couldn’t be removed. Unlock the keyring, then sign in and out once more."_s});
   }
 }
 
@@ -237,7 +252,7 @@ bool AppModel::mayClose() {
 Task<bool> AppModel::saveWork(QString title, QString verb) {
   if (m_sessions.unsavedWork().isEmpty() || co_await m_sessions.flush()) co_return true;
   const QString lost = m_sessions.unsavedWork().join(u'\n') + u"\nThey would be lost."_s;
-  co_return co_await m_overlays.confirm({title, lost, verb, u"Cancel"_s, true, {}});
+  co_return co_await m_overlays.confirm({.title = title, .text = lost, .confirm = verb, .destructive = true});
 }
 
 Task<void> AppModel::closeTask() {
@@ -284,6 +299,9 @@ void AppModel::leave() {
   // Screens let go of their stores before the stores go.
   Q_EMIT changed();
   m_sessions.clear();
+  // What outlives a session (an undo, a job) does not outlive the sign-in.
+  for (const auto& context : std::exchange(m_contexts, {}))
+    if (const auto there = context.lock()) there->close();
   m_platform.preferences.setSignedInName({});
   m_keychain.start(clearSession());
   m_signIn.checkMethods();

@@ -104,6 +104,7 @@ class AppModel final : public QObject {
   void adopt(StoredSession session);
   void restore(std::optional<StoredSession> session);
   void open(const WorkspaceSummary& workspace);
+  std::shared_ptr<WorkspaceContext> contextOf(const WorkspaceSummary& workspace);
   void openInitialWorkspace();
   Task<void> rememberWorkspace(QString slug, QString token);
   Task<void> fetchAccount(QString token);
@@ -135,6 +136,7 @@ class AppModel final : public QObject {
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
   StoreCache<WorkspaceSession> m_sessions;
+  QHash<QString, std::weak_ptr<WorkspaceContext>> m_contexts;
 
   TaskSlot m_boot;
   TaskSlot m_bootPatience;

@@ -64,6 +64,13 @@ class Router final : public QObject, public Navigator {
   void open(Page page) override;
   void openItem(Page page, const QString& id) override;
   QString openedItem(Page page) const override;
+  QString workspace() const override { return m_workspace; }
+  void openWorkspace(const QString& slug) override {
+    if (slug != m_workspace && onWorkspaceAsked) onWorkspaceAsked(slug);
+  }
+  /// Opens another workspace, which ends in setWorkspace().
+  std::function<void(const QString& slug)> onWorkspaceAsked;
+  void setWorkspace(const QString& slug) { m_workspace = slug; }
   /// The same by name; a name that no page has changes nothing.
   Q_INVOKABLE void open(const QString& page);
   Q_INVOKABLE void openCampaign(const QString& id) { openItem(Page::campaigns, id); }
@@ -94,6 +101,7 @@ class Router final : public QObject, public Navigator {
 
   Preferences& m_preferences;
   Clock& m_clock;
+  QString m_workspace;
   QSet<QString> m_featuresOff;
   Page m_page = Page::dashboard;
   int m_direction = 0;

@@ -1,54 +1,57 @@
 #include "app/shell/WorkspaceSession.h"
 
-#include "app/base/RoleGate.h"
+#include <QPointer>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-WorkspaceSession::WorkspaceSession(WorkspaceSummary workspace, QString token, APITransport& transport,
-                                   Services& services, std::function<void()> sessionEnded, QObject* parent)
+WorkspaceSession::WorkspaceSession(std::shared_ptr<WorkspaceContext> context, QObject* parent)
     : QObject(parent),
-      m_workspace(std::move(workspace)),
-      m_token(std::move(token)),
-      m_services(services),
-      m_api(transport, m_workspace.slug, m_token),
-      m_campaigns(m_api, services),
+      m_context(std::move(context)),
       m_campaignStores(campaignStoresAtMost, StoreCache<CampaignStore>::Order::firstOpening) {
-  m_api.onUnauthorized(std::move(sessionEnded));
-  m_campaigns.setWorkspace(m_workspace);
-  m_campaignStores.onNotSaved = [this](const CampaignStore& store) {
-    m_services.toasts.show(store.unsavedWork().value(0), Toasts::Tone::error, u"Open"_s,
-                           [&router = m_services.router, id = store.id()] { router.openItem(Page::campaigns, id); });
+  connect(m_context.get(), &WorkspaceContext::workspaceChanged, this, &WorkspaceSession::workspaceChanged);
+  m_campaignStores.onNotSaved = [workspace = m_context](const CampaignStore& store) {
+    workspace->services().toasts.show({.message = store.unsavedWork().value(0),
+                                       .tone = Toasts::Tone::error,
+                                       .actionLabel = u"Open"_s,
+                                       .action = [context = std::weak_ptr(workspace), id = store.id()] {
+                                         if (const auto there = context.lock()) there->openItem(Page::campaigns, id);
+                                       }});
   };
 }
 
-void WorkspaceSession::setWorkspace(const WorkspaceSummary& workspace) {
-  if (m_workspace == workspace) return;
-  m_workspace = workspace;
-  m_campaigns.setWorkspace(workspace);
-  for (const QString& id : m_campaignStores.keys()) m_campaignStores.find(id)->setCanWrite(canWrite(workspace.role));
-  Q_EMIT workspaceChanged();
+CampaignsStore* WorkspaceSession::campaigns() {
+  return store(m_campaigns, [this](const QString& id) { return saveCampaign(id); });
 }
 
-AnalyticsStore* WorkspaceSession::analytics() {
-  if (!m_analytics) m_analytics = std::make_unique<AnalyticsStore>(m_api, m_services);
-  return m_analytics.get();
-}
-
-DashboardStore* WorkspaceSession::dashboard() {
-  if (!m_dashboard) m_dashboard = std::make_unique<DashboardStore>(m_api, m_services);
-  return m_dashboard.get();
+Task<QString> WorkspaceSession::saveCampaign(QString id) {
+  const QPointer<CampaignStore> open = m_campaignStores.find(id);
+  if (!open || co_await open->sequence()->flush() || !open) co_return QString();
+  co_return open->sequence()->autosave()->message();
 }
 
 CampaignStore* WorkspaceSession::campaignStore(const QString& id) {
-  // QML deletes what a call hands it, unless that has a parent.
   return m_campaignStores.open(id, [this, &id] {
-    auto* store = new CampaignStore(
-        id, m_api, m_services, [this] { m_campaigns.reload(); }, this);
-    store->setCanWrite(canWrite(m_workspace.role));
+    auto* store = new CampaignStore(id, *m_context);
+    // QML deletes what a call hands it, unless that has a parent.
+    store->setParent(this);
     return store;
   });
+}
+
+QStringList WorkspaceSession::unsavedWork() const {
+  QStringList work = m_campaignStores.unsavedWork();
+  for (const Store* store : m_stores) work += store->unsavedWork();
+  return work;
+}
+
+Task<bool> WorkspaceSession::flush() {
+  const QPointer session(this);
+  co_await m_campaignStores.flush();
+  for (size_t i = 0; session && i < m_stores.size(); ++i)
+    if (!m_stores[i]->unsavedWork().isEmpty()) co_await m_stores[i]->flush();
+  co_return session&& unsavedWork().isEmpty();
 }
 
 void WorkspaceSession::trim() {
@@ -57,9 +60,7 @@ void WorkspaceSession::trim() {
 }
 
 void WorkspaceSession::close() {
-  m_campaigns.close();
-  if (m_analytics) m_analytics->close();
-  if (m_dashboard) m_dashboard->close();
+  for (Store* store : m_stores) store->close();
   m_campaignStores.clear();
 }
 

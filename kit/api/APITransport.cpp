@@ -95,6 +95,10 @@ WorkspaceTransport::WorkspaceTransport(APITransport& transport, QString slug, QS
 
 std::unique_ptr<APITransport::Exchange> WorkspaceTransport::exchange(APICall call,
                                                                      std::shared_ptr<AnswerReceiver> receiver) {
+  if (m_isClosed) {
+    receiver->receive(TransportFailure::cancelled);
+    return nullptr;
+  }
   if (!call.request.isAccountLevel()) call.slug = m_slug;
   call.token = m_token;
   return m_transport.exchange(std::move(call), std::move(receiver));

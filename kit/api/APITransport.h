@@ -200,9 +200,12 @@ class WorkspaceTransport final : public APITransport {
  public:
   WorkspaceTransport(APITransport& transport, QString slug, QString token);
   std::unique_ptr<Exchange> exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) override;
+  /// Sends nothing any more: every further request is cancelled.
+  void close() { m_isClosed = true; }
 
  private:
   APITransport& m_transport;
+  bool m_isClosed = false;
   QString m_slug;
   QString m_token;
 };

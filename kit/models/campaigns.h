@@ -27,7 +27,11 @@ struct LeadStatus : OpenWord {
 };
 
 /// One row of the campaigns list.
+struct Campaign;
+
 struct CampaignSummary {
+  using Record = Campaign;
+
   QString id;
   /// The workspace's running number of the campaign.
   std::optional<qint64> number;
@@ -246,6 +250,8 @@ struct CampaignTrigger {
 BOOST_DESCRIBE_STRUCT(CampaignTrigger, (), (labels))
 
 struct Campaign {
+  using Record = Campaign;
+
   /// The last booking run.
   struct Plan {
     QString at;
@@ -347,6 +353,8 @@ struct TestEmail {
 BOOST_DESCRIBE_STRUCT(TestEmail, (), (id, state, from, to, subject, error, warnings))
 
 struct Subsequence {
+  using Record = Campaign;
+
   QString id;
   std::optional<qint64> number;
   QString name;

@@ -4,7 +4,7 @@
 #include <QList>
 #include <map>
 
-#include "app/base/Services.h"
+#include "app/base/WorkspaceContext.h"
 #include "app/base/desktop/MemoryPressure.h"
 #include "kit/async/ManualClock.h"
 #include "kit/session/Keychain.h"
@@ -118,6 +118,9 @@ class FakeNavigator final : public Navigator {
     item = id;
   }
   QString openedItem(Page asked) const override { return asked == page ? item : QString(); }
+  QString slug = QStringLiteral("acme");
+  QString workspace() const override { return slug; }
+  void openWorkspace(const QString& opened) override { slug = opened; }
 };
 
 /// Everything a store needs, faked.
@@ -133,10 +136,15 @@ struct AppFixture {
   MemoryPressure memoryPressure;
   Toasts toasts{clock};
   Overlays overlays;
-  FakeNavigator router;
-  Services services{clock,    toasts,      overlays,
-                    router,   clipboard,   filePanel,
-                    revealer, preferences, QUrl(QStringLiteral("https://app.orvella.example"))};
+  FakeNavigator navigator;
+  Services services{clock,     toasts,      overlays,
+                    navigator, clipboard,   filePanel,
+                    revealer,  preferences, QUrl(QStringLiteral("https://app.orvella.example"))};
+  /// Of the workspace "acme", whose member the person is.
+  std::shared_ptr<WorkspaceContext> context = std::make_shared<WorkspaceContext>(
+      WorkspaceSummary{
+          QStringLiteral("w1"), QStringLiteral("acme"), QStringLiteral("Acme"), {QStringLiteral("member")}, {}, {}},
+      QString(), api, services, [] {});
 };
 
 }  // namespace orv::test

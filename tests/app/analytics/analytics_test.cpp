@@ -128,8 +128,8 @@ class AnalyticsTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<AnalyticsStore>(f->api, f->services);
-    dashboard = std::make_unique<DashboardStore>(f->api, f->services);
+    store = std::make_unique<AnalyticsStore>(*f->context);
+    dashboard = std::make_unique<DashboardStore>(*f->context);
     for (ListModel* rows : QList<ListModel*>{store->campaignRows(), store->accountRows()})
       new QAbstractItemModelTester(rows, QAbstractItemModelTester::FailureReportingMode::Fatal, store.get());
   }
@@ -572,7 +572,7 @@ class AnalyticsTest : public QObject {
     f->api.fail(overviewCall, TransportFailure::offline);
     QVERIFY(!dashboard->overview()->hasContent());
     dashboard->openAnalytics();
-    QCOMPARE(f->router.page, Page::analytics);
+    QCOMPARE(f->navigator.page, Page::analytics);
   }
 };
 

@@ -38,12 +38,12 @@ APIError error(APIError::Kind kind) { return APIError::of(kind); }
 
 }  // namespace
 
-struct Kept final : Store {
+struct Kept final : QObject {
   QStringList& closed;
   /// Set while there is something to save; gives how that ends.
   std::optional<OneShot<bool>> saved;
   Kept(QString key, QStringList& log) : closed(log) { setObjectName(key); }
-  void close() override { closed.append(objectName()); }
+  void close() { closed.append(objectName()); }
   QStringList unsavedWork() const { return saved ? QStringList{objectName()} : QStringList(); }
   Task<bool> flush() { co_return co_await saved->wait(); }
 };
@@ -52,19 +52,25 @@ class BaseTest : public QObject {
   Q_OBJECT
 
   std::unique_ptr<AppFixture> f;
+  std::unique_ptr<Store> store;
   std::unique_ptr<Loads> loads;
 
   Resource<int> resource(std::optional<int> emptyValue = {}) const {
     return Resource<int>(
-        f->clock, [this] { return loads->next(); }, [](int value) { return value == 0; }, emptyValue);
+        *store, [this] { return loads->next(); },
+        {.failed = u"Couldn’t load"_s, .isEmpty = [](int value) { return value == 0; }, .emptyValue = emptyValue});
   }
 
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
     loads = std::make_unique<Loads>();
+    store = std::make_unique<Store>(*f->context);
   }
-  void cleanup() { f.reset(); }
+  void cleanup() {
+    store.reset();
+    f.reset();
+  }
 
   void onlyTheNewestLoadCounts() {
     auto resource = this->resource();
@@ -179,11 +185,11 @@ class BaseTest : public QObject {
   }
 
   void toastsStackThreeAndNeverTwice() {
-    for (const auto& text : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}) f->toasts.show(text);
+    for (const auto& text : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}) f->toasts.show({.message = text});
     QCOMPARE(f->toasts.count(), 3);
     QCOMPARE(f->toasts.toasts().first().message, u"3"_s);
     f->clock.advance(3400ms);
-    f->toasts.show(u"4"_s);
+    f->toasts.show({.message = u"4"_s});
     f->clock.advance(200ms);
     QCOMPARE(f->toasts.count(), 1);
     QCOMPARE(f->toasts.toasts().first().message, u"4"_s);
@@ -202,7 +208,7 @@ class BaseTest : public QObject {
     QFETCH(Toasts::Tone, tone);
     QFETCH(QString, action);
     QFETCH(int, milliseconds);
-    f->toasts.show(u"x"_s, tone, action);
+    f->toasts.show({.message = u"x"_s, .tone = tone, .actionLabel = action});
     f->clock.advance(std::chrono::milliseconds(milliseconds - 1));
     QCOMPARE(f->toasts.count(), 1);
     f->clock.advance(1ms);
@@ -212,9 +218,9 @@ class BaseTest : public QObject {
   void heldToastsWait() {
     QAbstractItemModelTester tester(&f->toasts, QAbstractItemModelTester::FailureReportingMode::Fatal);
     int undone = 0;
-    const auto id = f->toasts.show(u"x"_s, Toasts::Tone::standard, u"Undo"_s, [&undone] { ++undone; });
+    const auto id = f->toasts.show({.message = u"x"_s, .actionLabel = u"Undo"_s, .action = [&undone] { ++undone; }});
     f->toasts.hold(true);
-    f->toasts.show(u"y"_s);
+    f->toasts.show({.message = u"y"_s});
     f->clock.advance(60s);
     QCOMPARE(f->toasts.count(), 2);
     f->toasts.hold(false);

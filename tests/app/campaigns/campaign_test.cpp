@@ -39,7 +39,7 @@ class CampaignTest : public QObject {
     f->api.expect(get);
     store->ensureLoaded();
     f->api.answer(get, answer);
-    f->router.openItem(Page::campaigns, u"c1"_s);
+    f->navigator.openItem(Page::campaigns, u"c1"_s);
   }
   void act(const QString& verb) {
     if (verb == "launch"_L1) store->launch();
@@ -59,7 +59,10 @@ class CampaignTest : public QObject {
   void init() {
     f = std::make_unique<AppFixture>();
     changes = 0;
-    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [this] { ++changes; });
+    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
+    f->context->changes().watch<Campaign>(store.get(), [this](const Change<Campaign>& change) {
+      changes += change.acted && change.kind != Change<Campaign>::Kind::stale;
+    });
   }
   void cleanup() {
     store.reset();
@@ -177,7 +180,7 @@ class CampaignTest : public QObject {
     QCOMPARE(f->toasts.count(), success.isEmpty() ? 0 : 1);
     if (!success.isEmpty()) QCOMPARE(f->toasts.toasts().last().message, success);
     QCOMPARE(store->name(), verb == "rename"_L1 ? u"New name"_s : u"Acme Q3"_s);
-    QCOMPARE(f->router.openedItem(Page::campaigns).isEmpty(), verb == "remove"_L1);
+    QCOMPARE(f->navigator.openedItem(Page::campaigns).isEmpty(), verb == "remove"_L1);
   }
 
   void aStoreDroppedWhileWaiting_data() { actions_data(); }

@@ -31,7 +31,7 @@ class CampaignDownloadTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignsStore>(f->api, f->services);
+    store = std::make_unique<CampaignsStore>(*f->context);
   }
   void cleanup() {
     store.reset();

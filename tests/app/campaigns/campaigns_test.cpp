@@ -69,8 +69,8 @@ class CampaignsTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignsStore>(f->api, f->services);
-    store->setWorkspace({u"w1"_s, u"acme"_s, u"Acme"_s, {u"member"_s}, {}, {}});
+    store = std::make_unique<CampaignsStore>(*f->context);
+    store->list()->appear();
     new QAbstractItemModelTester(store->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal, store.get());
     new QAbstractItemModelTester(store->archivedRows(), QAbstractItemModelTester::FailureReportingMode::Fatal,
                                  store.get());
@@ -343,13 +343,20 @@ class CampaignsTest : public QObject {
     QCOMPARE(store->archivedCount(), 2);
   }
 
-  void undoAfterTheStoreIsGoneDoesNothing() {
+  void undoOutlivesTheStoreButNotTheSignIn() {
     load();
     f->api.expect(u"DELETE /campaigns/c1"_s);
     start(u"remove"_s, true);
     f->api.answer(u"DELETE /campaigns/c1"_s, {}, 204);
     store.reset();
-    f->toasts.act(f->toasts.toasts().last().id);
+    f->api.expect(u"POST /campaigns/c1/restore"_s);
+    const auto undo = f->toasts.toasts().last().action;
+    undo();
+    f->api.answer(u"POST /campaigns/c1/restore"_s, campaign("c1", "Acme Q3", "draft"));
+    QCOMPARE(f->toasts.toasts().last().message, u"Acme Q3 restored"_s);
+    f->context->close();
+    undo();
+    settle();
     QCOMPARE(f->api.waiting(), 0);
   }
 
@@ -446,7 +453,7 @@ class CampaignsTest : public QObject {
     f->api.answer(u"POST /campaigns"_s, campaign("c7", "Q4 push", "draft"));
     QVERIFY(!store->newCampaign()->shown());
     QCOMPARE(f->toasts.toasts().last().message, u"Q4 push created"_s);
-    QCOMPARE(f->router.openedItem(Page::campaigns), u"c7"_s);
+    QCOMPARE(f->navigator.openedItem(Page::campaigns), u"c7"_s);
   }
 
   void onlyMembersCreate_data() {
@@ -460,17 +467,17 @@ class CampaignsTest : public QObject {
   void onlyMembersCreate() {
     QFETCH(QString, role);
     QFETCH(bool, may);
-    store->setWorkspace({u"w1"_s, u"acme"_s, u"Acme"_s, {role}, {}, {}});
+    f->context->setWorkspace({u"w1"_s, u"acme"_s, u"Acme"_s, {role}, {}, {}});
     store->beginCreate();
     QCOMPARE(store->newCampaign()->shown(), may);
     QCOMPARE(store->createHint(), may ? QString() : u"Only members can create campaigns."_s);
     QCOMPARE(f->toasts.count(), may ? 0 : 1);
   }
 
-  void copiedLinkNamesTheWorkspace() {
+  void copiedLinkIsTheOneOfThePage() {
     load();
     store->copyLink(u"c1"_s);
-    QCOMPARE(f->clipboard.text, u"https://app.orvella.example/w/acme/campaigns/c1"_s);
+    QCOMPARE(f->clipboard.text, u"https://app.orvella.example/campaigns/c1"_s);
     QCOMPARE(f->toasts.toasts().last().message, u"Link copied"_s);
   }
 

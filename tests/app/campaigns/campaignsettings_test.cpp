@@ -62,7 +62,7 @@ class CampaignSettingsTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     form = store->settings();
     schedule = form->schedule();
   }

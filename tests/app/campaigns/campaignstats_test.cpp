@@ -93,7 +93,7 @@ class CampaignStatsTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    campaign = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    campaign = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     store = campaign->stats();
     for (ListModel* rows :
          QList<ListModel*>{store->inboxRows(), store->emailRows(), store->messageRows(), store->feedRows()})

@@ -83,7 +83,7 @@ class SequenceEditorTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     editor = store->sequence();
     tester = std::make_unique<QAbstractItemModelTester>(editor->steps());
   }
@@ -152,7 +152,7 @@ class SequenceEditorTest : public QObject {
     f->toasts.act(undo);
   }
 
-  void anAnswerToWhatWasAskedBeforeTheLastSaveBringsNoOldText() {
+  void aSaveWaitsForTheRenameBeforeItAndOldAnswersBringNoOldText() {
     load(campaign(twoSteps));
     editor->setBody(u"new"_s);
     const auto rename = u"PATCH /campaigns/c1"_s;
@@ -160,15 +160,25 @@ class SequenceEditorTest : public QObject {
     store->beginRename();
     store->renameForm()->setText(u"Other"_s);
     store->renameForm()->submit();
-    f->api.expect(put);
+    f->api.expect(get);
+    store->refresh();
     passWait();
-    f->api.answer(put, campaign(step(1, "One", "new") + "," + step(2, "", "Again"), 9));
-    QCOMPARE(editor->autosave()->label(), u"Saved"_s);
+    QVERIFY2(!f->api.isWaiting(put), "one change of a campaign after another");
+    f->api.expect(put);
     f->api.expect(get);
     f->api.answer(rename, campaign(twoSteps, 8));
+    QVERIFY(f->api.isWaiting(put));
+    f->api.expect(get);
+    f->api.answer(put, campaign(step(1, "One", "new") + "," + step(2, "", "Again"), 9));
+    QCOMPARE(editor->autosave()->label(), u"Saved"_s);
+    // Asked for before the save, an older state is no news.
+    f->api.answer(get, campaign(twoSteps, 8));
     QCOMPARE(editor->body(), u"new"_s);
-    // What is read after it does: somebody else wrote there.
+    QCOMPARE(store->campaign()->value()->version, 9);
+    // What is read after it is: somebody else wrote there.
     QSignalSpy shown(editor, &SequenceEditor::textShown);
+    f->api.expect(get);
+    store->refresh();
     f->api.answer(get, campaign(step(1, "One", "theirs"), 10));
     QCOMPARE(editor->body(), u"theirs"_s);
     QCOMPARE(shown.size(), 1);

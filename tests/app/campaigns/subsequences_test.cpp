@@ -41,12 +41,13 @@ class SubsequencesTest : public QObject {
  private Q_SLOTS:
   void init() {
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     page = store->subsequences();
+    page->list()->appear();
     f->api.expect(get);
     store->ensureLoaded();
     f->api.answer(get, R"({"id":"c1","name":"Acme Q3","status":"running","version":7})");
-    f->router.openItem(Page::campaigns, u"c1"_s);
+    f->navigator.openItem(Page::campaigns, u"c1"_s);
   }
   void cleanup() {
     store.reset();
@@ -102,11 +103,11 @@ class SubsequencesTest : public QObject {
     QCOMPARE(
         QJsonDocument::fromJson(*f->api.last().request.body).object(),
         (QJsonObject{{u"name"_s, u"Warm"_s}, {u"trigger"_s, QJsonObject{{u"labels"_s, QJsonArray{u"interested"_s}}}}}));
-    if (leaves) f->router.openItem(Page::campaigns, u"c9"_s);
+    if (leaves) f->navigator.openItem(Page::campaigns, u"c9"_s);
     f->api.expect(listed);
     f->api.answer(created, R"({"id":"c3","name":"Warm","status":"draft"})");
     QVERIFY(!page->formShown());
-    QCOMPARE(f->router.openedItem(Page::campaigns), leaves ? u"c9"_s : u"c3"_s);
+    QCOMPARE(f->navigator.openedItem(Page::campaigns), leaves ? u"c9"_s : u"c3"_s);
     f->api.answer(listed, R"({"items":[]})");
   }
 

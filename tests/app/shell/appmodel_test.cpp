@@ -370,9 +370,10 @@ class AppModelTest : public QObject {
 
   void aSessionThatGoesTakesItsQuestionsAlong() {
     bool ended = false;
-    auto opened =
-        std::make_unique<WorkspaceSession>(WorkspaceSummary{u"w1"_s, u"acme"_s, u"Acme"_s, {u"member"_s}, {}, {}},
+    const auto context =
+        std::make_shared<WorkspaceContext>(WorkspaceSummary{u"w1"_s, u"acme"_s, u"Acme"_s, {u"member"_s}, {}, {}},
                                            u"t"_s, f->api, f->services, [&ended] { ended = true; });
+    auto opened = std::make_unique<WorkspaceSession>(context);
     QCOMPARE(opened->analytics(), opened->analytics());
     f->api.expect(u"GET /analytics/summary"_s);
     opened->analytics()->ensureLoaded();

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "app/base/Actions.h"
+
+namespace orv {
+
+/// Deleting that can be taken back: archive with "Undo", restore, delete for good. Each place has words of its own for
+/// it, and each record its requests.
+template <WholeRecord Record>
+class Archive final {
+ public:
+  struct Requests {
+    std::function<Request<Empty>(const QString& id, bool forGood)> remove;
+    std::function<Request<Record>(const QString& id)> restore;
+  };
+  /// The sentences of one place, by the record's name where they have one in them.
+  struct Words {
+    std::function<QString(const QString& name)> removed;
+    std::function<QString(const QString& name)> removedForGood;
+    std::function<QString(const QString& name, const Record&)> restored;
+    std::function<QString(const QString& name)> cannotRemove;
+    std::function<QString(const QString& name)> cannotRestore;
+  };
+
+  Archive(WorkspaceContext& context, Actions& actions, Requests requests, Words words)
+      : m_context(context), m_actions(actions), m_requests(std::move(requests)), m_words(std::move(words)) {}
+
+  /// The record has been asked about and is marked busy by the caller. True when it is in the archive now.
+  Task<bool> remove(QString id, QString name) {
+    if (!co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name)))
+      co_return false;
+    m_context.changes().template stale<Archived<Record>>();
+    m_context.services().toasts.show({.message = m_words.removed(name),
+                                      .actionLabel = QStringLiteral("Undo"),
+                                      .action = undo(id, name),
+                                      .accumulates = true});
+    co_return true;
+  }
+
+  Task<bool> restore(QString id, QString name) {
+    return restoreIn(m_context.shared_from_this(), m_requests, m_words, std::move(id), std::move(name));
+  }
+
+  Task<bool> removeForGood(QString id, QString name) {
+    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), m_words.cannotRemove(name)))
+      co_return false;
+    m_context.services().toasts.success(m_words.removedForGood(name));
+    co_return true;
+  }
+
+ private:
+  /// Holds the workspace's context and nothing of the store: page, tab and store may be gone when somebody takes it
+  /// back.
+  std::function<void()> undo(QString id, QString name) const {
+    return [context = m_context.weak_from_this(), requests = m_requests, words = m_words, id, name] {
+      if (const auto there = context.lock()) there->start(undoIn(there, requests, words, id, name));
+    };
+  }
+
+  static Task<void> undoIn(std::shared_ptr<WorkspaceContext> context, Requests requests, Words words, QString id,
+                           QString name) {
+    co_await restoreIn(context, requests, words, id, name);
+  }
+
+  static Task<bool> restoreIn(std::shared_ptr<WorkspaceContext> context, Requests requests, Words words, QString id,
+                              QString name) {
+    BusySet busy;
+    Actions actions(*context, busy, [&context] { context->changes().template stale<Record>(); });
+    const Stamp asked = context->changes().stamp();
+    const auto restored = co_await actions.change(id, requests.restore(id), words.cannotRestore(name));
+    if (!restored) co_return false;
+    context->changes().template gone<Archived<Record>>(id, asked);
+    context->services().toasts.success(words.restored(name, *restored));
+    co_return true;
+  }
+
+  WorkspaceContext& m_context;
+  Actions& m_actions;
+  Requests m_requests;
+  Words m_words;
+};
+
+}  // namespace orv

@@ -1,0 +1,44 @@
+#include "app/base/WorkspaceContext.h"
+
+#include "app/base/RoleGate.h"
+
+namespace orv {
+
+WorkspaceContext::WorkspaceContext(WorkspaceSummary workspace, QString token, APITransport& transport,
+                                   Services& services, std::function<void()> sessionEnded)
+    : m_workspace(std::move(workspace)), m_services(services), m_api(transport, m_workspace.slug, std::move(token)) {
+  m_api.onUnauthorized(std::move(sessionEnded));
+}
+
+void WorkspaceContext::setWorkspace(const WorkspaceSummary& workspace) {
+  if (m_workspace == workspace) return;
+  m_workspace = workspace;
+  Q_EMIT workspaceChanged();
+}
+
+bool WorkspaceContext::canWrite() const { return orv::canWrite(m_workspace.role); }
+
+void WorkspaceContext::open(Page page) {
+  m_services.navigator.openWorkspace(m_workspace.slug);
+  m_services.navigator.open(page);
+}
+
+void WorkspaceContext::openItem(Page page, const QString& id) {
+  m_services.navigator.openWorkspace(m_workspace.slug);
+  m_services.navigator.openItem(page, id);
+}
+
+QString WorkspaceContext::openedItem(Page page) const {
+  return m_services.navigator.workspace() == m_workspace.slug ? m_services.navigator.openedItem(page) : QString();
+}
+
+void WorkspaceContext::cameOnline() {
+  if (std::exchange(m_isOffline, false)) Q_EMIT reachable();
+}
+
+void WorkspaceContext::close() {
+  m_api.close();
+  m_work.cancel();
+}
+
+}  // namespace orv

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+#include "app/base/Changes.h"
+#include "app/base/Navigator.h"
+#include "app/base/RecordTurns.h"
+#include "app/base/Services.h"
+#include "kit/api/APITransport.h"
+#include "kit/async/TaskScope.h"
+#include "kit/session/records.h"
+
+namespace orv {
+
+/// What every store of a workspace gets: the transport bound to it, its facts, its news.
+///
+/// Shared by the workspace's session and by whatever outlives a store: an "Undo", a job. It is closed when the person
+/// signs out; what still holds it then sends nothing any more.
+class WorkspaceContext final : public QObject, public std::enable_shared_from_this<WorkspaceContext> {
+  Q_OBJECT
+
+ public:
+  /// `sessionEnded` is called when the service refuses the credential.
+  WorkspaceContext(WorkspaceSummary workspace, QString token, APITransport& transport, Services& services,
+                   std::function<void()> sessionEnded);
+
+  APITransport& api() { return m_api; }
+  Services& services() { return m_services; }
+  Changes& changes() { return m_changes; }
+  RecordTurns& turns() { return m_turns; }
+
+  /// As the account has it now: name and role may change while stores live.
+  const WorkspaceSummary& workspace() const { return m_workspace; }
+  void setWorkspace(const WorkspaceSummary& workspace);
+  /// The person may change things here, and is not only let to look.
+  bool canWrite() const;
+
+  /// Leads somewhere in this workspace, and into it first when another one is open.
+  void open(Page page);
+  void openItem(Page page, const QString& id);
+  /// The record that the page shows; empty when it shows none, is not open, or another workspace is.
+  QString openedItem(Page page) const;
+
+  /// Runs what must not end with the store that began it: the restoring of what somebody takes back.
+  void start(Task<void> task) { m_work.start(std::move(task)); }
+
+  /// A request found no connection.
+  void wentOffline() { m_isOffline = true; }
+  /// One was answered, or somebody has reason to think that the next one will be.
+  void cameOnline();
+
+  void close();
+
+ Q_SIGNALS:
+  void workspaceChanged();
+  /// There is a connection again: what could not be read can be tried anew.
+  void reachable();
+
+ private:
+  WorkspaceSummary m_workspace;
+  Services& m_services;
+  WorkspaceTransport m_api;
+  Changes m_changes;
+  RecordTurns m_turns;
+  bool m_isOffline = false;
+  TaskScope m_work;
+};
+
+}  // namespace orv

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/base/Archive.h"
+#include "kit/models/campaigns.h"
+
+namespace orv {
+
+/// Brings the row up to what a campaign read or answered later says.
+void follow(CampaignSummary& row, const Campaign& campaign);
+
+/// The requests of what is deleted and brought back, whose words differ by place.
+Archive<Campaign>::Requests campaignArchiveRequests();
+
+/// Puts the campaign's address for other people on the clipboard, and says so.
+void copyCampaignLink(Services& services, const QString& id);
+
+}  // namespace orv
