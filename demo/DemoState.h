@@ -5,8 +5,8 @@
 #include <QMap>
 #include <QSet>
 
-#include "kit/models/campaignLeads.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignLead.h"
 #include "kit/session/records.h"
 
 namespace orv::demo {

@@ -6,7 +6,7 @@
 #include "app/base/Resource.h"
 #include "app/base/Services.h"
 #include "kit/api/APITransport.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

@@ -4,8 +4,8 @@
 
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
-#include "kit/models/campaignLeads.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/base/Overlays.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

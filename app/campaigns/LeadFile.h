@@ -4,7 +4,7 @@
 #include <atomic>
 #include <memory>
 
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 

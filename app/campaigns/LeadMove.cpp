@@ -2,7 +2,7 @@
 
 #include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 using namespace Qt::Literals::StringLiterals;
 

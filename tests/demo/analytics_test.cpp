@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

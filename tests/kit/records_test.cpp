@@ -8,8 +8,8 @@
 
 #include "kit/api/APIError.h"
 #include "kit/api/JSONCoding.h"
-#include "kit/models/analytics.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes.h"

@@ -7,8 +7,8 @@
 #include <functional>
 #include <map>
 
-#include "kit/models/analytics.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes.h"

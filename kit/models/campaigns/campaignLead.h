@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

@@ -1,4 +1,4 @@
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 #include "kit/api/JSONCodingImpl.h"
 #include "kit/api/requestBuilders.h"

@@ -1,4 +1,4 @@
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 #include "kit/api/JSONCodingImpl.h"
 #include "kit/api/requestBuilders.h"

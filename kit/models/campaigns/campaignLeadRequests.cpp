@@ -1,4 +1,4 @@
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 #include "kit/api/JSONCodingImpl.h"
 #include "kit/api/requestBuilders.h"
