@@ -2,6 +2,7 @@
 
 #include "demo/DemoState.h"
 #include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/analytics/metrics.h"
 
 namespace orv::demo {
 

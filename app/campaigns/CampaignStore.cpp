@@ -3,6 +3,8 @@
 #include <QPointer>
 
 #include "app/campaigns/LaunchQuestion.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/launchCheck.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -9,6 +9,8 @@
 #include "app/base/Services.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignRows.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignSummary.h"
 #include "kit/session/records.h"
 
 namespace orv {

@@ -2,6 +2,7 @@
 
 #include "app/base/Overlays.h"
 #include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/launchCheck.h"
 
 namespace orv {
 

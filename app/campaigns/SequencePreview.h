@@ -6,6 +6,7 @@
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceDraft.h"
 #include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/emailPreview.h"
 
 namespace orv {
 

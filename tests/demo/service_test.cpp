@@ -3,7 +3,28 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/analytics/analyticsOverview.h"
+#include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/analytics/dashboard.h"
+#include "kit/models/analytics/warmupHealth.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/emailPreview.h"
+#include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/campaigns/leadStatus.h"
+#include "kit/models/campaigns/sentMessage.h"
+#include "kit/models/campaigns/sequence.h"
+#include "kit/models/campaigns/subsequence.h"
+#include "kit/models/campaigns/testEmail.h"
+#include "kit/models/labels.h"
+#include "kit/models/leads.h"
+#include "kit/models/mailboxes.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

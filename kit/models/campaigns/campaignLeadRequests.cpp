@@ -1,38 +1,21 @@
-#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/JSONCoding.h"
 #include "kit/api/requestBuilders.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/leadChanges.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace orv {
-
-ORV_RECORD_CODERS(CampaignLead)
-ORV_RECORD_CODERS(LeadPage)
-ORV_RECORD_CODERS(LeadDetail)
-ORV_RECORD_CODERS(FeedPage)
-ORV_RECORD_CODERS(MessagePage)
-ORV_RECORD_CODERS(AddLeadsResult)
-ORV_RECORD_CODERS(BulkResult)
-ORV_RECORD_CODERS(MoveResult)
-ORV_RECORD_CODERS(RestoredResult)
-ORV_RECORD_CODERS(BulkLeadsBody)
-ORV_RECORD_CODERS(MoveLeadsBody)
-ORV_RECORD_CODERS(LeadIdsBody)
-ORV_RECORD_CODERS(LeadPatchBody)
-ORV_RECORD_CODERS(AddLeadsBody::List)
-ORV_RECORD_CODERS(AddLeadsBody::Csv)
-ORV_RECORD_CODERS(AddLeadsBody::Manual)
-ORV_RECORD_CODERS(AddLeadsBody::Leads)
-
-namespace Requests {
+namespace orv::Requests {
 namespace {
 
-QString lead(const QString& id, const QString& leadId) {
-  return u"/campaigns/"_s + pathSegment(id) + u"/leads/"_s + pathSegment(leadId);
+QString leads(const QString& id, const QString& rest = {}) {
+  return u"/campaigns/"_s + pathSegment(id) + u"/leads"_s + rest;
 }
 
-QString campaign(const QString& id, const QString& rest) { return u"/campaigns/"_s + pathSegment(id) + rest; }
+QString lead(const QString& id, const QString& leadId) { return leads(id, u'/' + pathSegment(leadId)); }
 
 QByteArray encode(const AddLeadsBody& body) {
   static const QStringList names{u"list"_s, u"csv"_s, u"manual"_s, u"leads"_s};
@@ -44,7 +27,7 @@ QByteArray encode(const AddLeadsBody& body) {
 }  // namespace
 
 Request<LeadPage> listLeads(const QString& id, const LeadQuery& query) {
-  auto request = get<LeadPage>(campaign(id, u"/leads"_s), {{u"limit"_s, QString::number(query.limit)}});
+  auto request = get<LeadPage>(leads(id), {{u"limit"_s, QString::number(query.limit)}});
   if (query.status) request.query.append({u"status"_s, query.status->rawValue});
   addFlag(request.query, u"archived"_s, query.archived);
   addOptional(request.query, u"cursor"_s, query.cursor);
@@ -52,7 +35,7 @@ Request<LeadPage> listLeads(const QString& id, const LeadQuery& query) {
 }
 
 Request<AddLeadsResult> addLeads(const QString& id, const AddLeadsBody& body) {
-  return changing<AddLeadsResult>(HTTPMethod::post, campaign(id, u"/leads"_s), encode(body));
+  return changing<AddLeadsResult>(HTTPMethod::post, leads(id), encode(body));
 }
 
 Request<LeadDetail> leadDetail(const QString& id, const QString& leadId) { return get<LeadDetail>(lead(id, leadId)); }
@@ -68,26 +51,15 @@ Request<Empty> removeLead(const QString& id, const QString& leadId, bool permane
 }
 
 Request<RestoredResult> restoreLeads(const QString& id, const LeadIdsBody& body) {
-  return changing<RestoredResult>(HTTPMethod::post, campaign(id, u"/leads/restore"_s), encodeJSON(body));
+  return changing<RestoredResult>(HTTPMethod::post, leads(id, u"/restore"_s), encodeJSON(body));
 }
 
 Request<MoveResult> moveLeads(const QString& id, const MoveLeadsBody& body) {
-  return changing<MoveResult>(HTTPMethod::post, campaign(id, u"/leads/move"_s), encodeJSON(body));
+  return changing<MoveResult>(HTTPMethod::post, leads(id, u"/move"_s), encodeJSON(body));
 }
 
 Request<BulkResult> bulkLeads(const QString& id, const BulkLeadsBody& body) {
-  return changing<BulkResult>(HTTPMethod::post, campaign(id, u"/leads/bulk"_s), encodeJSON(body));
+  return changing<BulkResult>(HTTPMethod::post, leads(id, u"/bulk"_s), encodeJSON(body));
 }
 
-Request<FeedPage> campaignActivity(const QString& id, qint64 limit, std::optional<QString> cursor) {
-  auto request = get<FeedPage>(campaign(id, u"/activity"_s), {{u"limit"_s, QString::number(limit)}});
-  addOptional(request.query, u"cursor"_s, cursor);
-  return request;
-}
-
-Request<MessagePage> campaignMessages(const QString& id) {
-  return get<MessagePage>(campaign(id, u"/messages"_s), {{u"limit"_s, u"100"_s}});
-}
-
-}  // namespace Requests
-}  // namespace orv
+}  // namespace orv::Requests
