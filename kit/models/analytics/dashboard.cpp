@@ -1,6 +1,6 @@
 #include "kit/models/analytics/dashboard.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/recordCoders.h"
 
 namespace orv {
 

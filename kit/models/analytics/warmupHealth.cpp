@@ -1,6 +1,6 @@
 #include "kit/models/analytics/warmupHealth.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/recordCoders.h"
 
 namespace orv {
 

@@ -1,6 +1,6 @@
 #include "kit/models/campaigns/testEmail.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/recordCoders.h"
 
 namespace orv {
 
