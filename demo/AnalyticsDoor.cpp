@@ -1,6 +1,9 @@
 #include "demo/AnalyticsDoor.h"
 
 #include "demo/WarmupFigures.h"
+#include "kit/models/analytics/dashboard.h"
+#include "kit/models/analytics/warmupHealth.h"
+#include "kit/models/campaigns/campaignSummary.h"
 
 using namespace Qt::Literals::StringLiterals;
 

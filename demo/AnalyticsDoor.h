@@ -2,6 +2,8 @@
 
 #include "demo/DailyFigures.h"
 #include "demo/Door.h"
+#include "kit/models/analytics/analyticsOverview.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 namespace orv::demo {
 

@@ -8,6 +8,15 @@
 #include "demo/SequenceDoor.h"
 #include "demo/Timeline.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignOptions.h"
+#include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/campaigns/campaignStatus.h"
+#include "kit/models/campaigns/campaignSummary.h"
+#include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/campaigns/subsequence.h"
 
 using namespace Qt::Literals::StringLiterals;
 

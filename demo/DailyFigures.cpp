@@ -4,6 +4,8 @@
 #include <array>
 
 #include "demo/Door.h"
+#include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/campaigns/campaignStats.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "demo/DemoState.h"
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/analytics/metrics.h"
 
 namespace orv::demo {
 

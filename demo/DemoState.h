@@ -5,8 +5,14 @@
 #include <QMap>
 #include <QSet>
 
-#include "kit/models/campaignLeads.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/campaignSummary.h"
+#include "kit/models/campaigns/sequence.h"
+#include "kit/models/campaigns/testEmail.h"
 #include "kit/session/records.h"
 
 namespace orv::demo {

@@ -4,6 +4,9 @@
 #include <boost/mp11/algorithm.hpp>
 
 #include "demo/Words.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/leadStatus.h"
 
 using namespace Qt::Literals::StringLiterals;
 

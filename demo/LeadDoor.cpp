@@ -5,6 +5,10 @@
 #include "demo/Enrolment.h"
 #include "demo/LeadSource.h"
 #include "demo/Timeline.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/campaigns/leadStatus.h"
 
 using namespace Qt::Literals::StringLiterals;
 

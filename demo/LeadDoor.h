@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/Door.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv::demo {
 

@@ -1,5 +1,6 @@
 #include "demo/LeadListDoor.h"
 
+#include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/leads.h"
 
 using namespace Qt::Literals::StringLiterals;

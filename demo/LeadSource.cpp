@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 
 #include "demo/Enrolment.h"
+#include "kit/models/campaigns/addLeads.h"
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {

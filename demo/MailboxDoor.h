@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/Door.h"
+#include "kit/models/campaigns/campaignSender.h"
 #include "kit/models/mailboxes.h"
 
 namespace orv::demo {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "demo/DemoState.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignSender.h"
 
 namespace orv::demo {
 

@@ -4,6 +4,13 @@
 #include "demo/Enrolment.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignSchedule.h"
+#include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/campaignStatus.h"
+#include "kit/models/campaigns/campaignSummary.h"
+#include "kit/models/campaigns/sequence.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,6 +2,7 @@
 
 #include "demo/Enrolment.h"
 #include "demo/Rendering.h"
+#include "kit/models/campaigns/testEmail.h"
 
 using namespace Qt::Literals::StringLiterals;
 

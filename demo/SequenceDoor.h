@@ -1,6 +1,11 @@
 #pragma once
 
 #include "demo/Door.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/campaigns/emailPreview.h"
+#include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/campaigns/sequence.h"
 
 namespace orv::demo {
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "demo/DemoState.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/sentMessage.h"
 
 namespace orv::demo {
 

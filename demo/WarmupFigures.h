@@ -1,7 +1,7 @@
 #pragma once
 
 #include "demo/DemoState.h"
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/warmupHealth.h"
 
 namespace orv::demo {
 

@@ -3,6 +3,7 @@
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/MetricFigures.h"
+#include "kit/models/analytics/analyticsRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

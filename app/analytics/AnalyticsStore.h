@@ -9,6 +9,7 @@
 #include "app/figures/RangeForm.h"
 #include "kit/api/APITransport.h"
 #include "kit/api/Format.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 namespace orv {
 

@@ -4,6 +4,8 @@
 
 #include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
+#include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/analytics/metrics.h"
 
 using namespace Qt::Literals::StringLiterals;
 

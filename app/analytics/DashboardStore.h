@@ -4,6 +4,7 @@
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
 #include "kit/api/APITransport.h"
+#include "kit/models/analytics/analyticsOverview.h"
 
 namespace orv {
 

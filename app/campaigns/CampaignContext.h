@@ -5,7 +5,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/Resource.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

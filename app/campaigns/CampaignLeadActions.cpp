@@ -1,5 +1,8 @@
 #include "app/campaigns/CampaignLeads.h"
 #include "kit/api/Format.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/leadChanges.h"
 
 using namespace Qt::Literals::StringLiterals;
 

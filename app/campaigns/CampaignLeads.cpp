@@ -1,6 +1,8 @@
 #include "app/campaigns/CampaignLeads.h"
 
 #include "kit/api/Format.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/leadStatus.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;

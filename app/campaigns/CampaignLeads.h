@@ -12,6 +12,7 @@
 #include "app/campaigns/LeadMove.h"
 #include "app/campaigns/LeadPanel.h"
 #include "app/campaigns/LeadRows.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 

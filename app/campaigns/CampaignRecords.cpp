@@ -1,5 +1,7 @@
 #include "app/campaigns/CampaignRecords.h"
 
+#include "kit/models/campaigns/campaignRequests.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "app/base/Archive.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignSummary.h"
 
 namespace orv {
 

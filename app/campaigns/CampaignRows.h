@@ -7,7 +7,7 @@
 #include "app/base/BusySet.h"
 #include "app/base/RecordModel.h"
 #include "app/base/TableSort.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaignSummary.h"
 
 namespace orv {
 

@@ -1,5 +1,8 @@
 #include "app/campaigns/CampaignSettings.h"
 
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {

@@ -4,8 +4,9 @@
 
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
-#include "kit/models/campaignLeads.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/sentMessage.h"
+#include "kit/models/campaigns/sequence.h"
 
 namespace orv {
 

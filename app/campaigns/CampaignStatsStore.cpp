@@ -2,6 +2,11 @@
 
 #include "app/figures/MetricFigures.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/sequence.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -9,6 +9,9 @@
 #include "app/figures/DateRange.h"
 #include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/sentMessage.h"
 
 namespace orv {
 

@@ -4,6 +4,8 @@
 
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/LaunchQuestion.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/launchCheck.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -16,7 +16,7 @@
 #include "app/campaigns/SequenceEditor.h"
 #include "app/campaigns/Subsequences.h"
 #include "kit/api/APITransport.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

@@ -5,6 +5,9 @@
 #include "app/figures/DateRange.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignStatus.h"
 
 using namespace Qt::Literals::StringLiterals;
 

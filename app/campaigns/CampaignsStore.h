@@ -7,6 +7,8 @@
 #include "app/base/Resource.h"
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/CampaignRows.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignSummary.h"
 
 namespace orv {
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "app/base/Overlays.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/launchCheck.h"
 
 namespace orv {
 

@@ -8,6 +8,7 @@
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/async/background.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;

@@ -6,6 +6,7 @@
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/LeadFile.h"
+#include "kit/models/campaigns/addLeads.h"
 #include "kit/models/leads.h"
 
 namespace orv {

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "app/base/CsvReader.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -4,7 +4,8 @@
 #include <atomic>
 #include <memory>
 
-#include "kit/models/campaignLeads.h"
+#include "kit/api/APIRequest.h"
+#include "kit/models/campaigns/addLeads.h"
 
 namespace orv {
 

@@ -2,7 +2,9 @@
 
 #include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/leadChanges.h"
 
 using namespace Qt::Literals::StringLiterals;
 

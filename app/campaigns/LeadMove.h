@@ -4,6 +4,7 @@
 
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "kit/models/campaigns/campaignSummary.h"
 
 namespace orv {
 

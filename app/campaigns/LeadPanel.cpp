@@ -2,6 +2,7 @@
 
 #include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

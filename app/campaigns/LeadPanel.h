@@ -5,7 +5,7 @@
 
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 

@@ -9,7 +9,7 @@
 #include "app/base/BusySet.h"
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 

@@ -1,5 +1,8 @@
 #include "app/campaigns/ScheduleForm.h"
 
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
+
 #include <QTime>
 #include <QTimeZone>
 

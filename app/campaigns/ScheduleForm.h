@@ -5,6 +5,7 @@
 #include "app/base/Actions.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "kit/models/campaigns/campaignSchedule.h"
 
 namespace orv {
 

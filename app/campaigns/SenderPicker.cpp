@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "kit/api/Format.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignSender.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -11,6 +11,8 @@
 #include "kit/async/Clock.h"
 #include "kit/async/OneShot.h"
 #include "kit/async/TaskScope.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/sequence.h"
 
 namespace orv {
 

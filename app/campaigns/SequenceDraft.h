@@ -6,7 +6,7 @@
 #include <QUuid>
 #include <optional>
 
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/sequence.h"
 
 namespace orv {
 

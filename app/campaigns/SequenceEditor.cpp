@@ -1,5 +1,9 @@
 #include "app/campaigns/SequenceEditor.h"
 
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/emailPreview.h"
+#include "kit/models/campaigns/sequence.h"
+
 #include <QPointer>
 
 #include "app/campaigns/TextVariables.h"

@@ -8,6 +8,7 @@
 #include "app/campaigns/SequencePreview.h"
 #include "app/campaigns/SequenceRows.h"
 #include "app/campaigns/TestEmailForm.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

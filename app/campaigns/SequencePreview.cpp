@@ -1,6 +1,8 @@
 #include "app/campaigns/SequencePreview.h"
 
 #include "app/campaigns/LeadRows.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -5,7 +5,8 @@
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceDraft.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/emailPreview.h"
 
 namespace orv {
 

@@ -5,6 +5,7 @@
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
 #include "app/campaigns/SequenceDraft.h"
+#include "kit/models/campaigns/sequence.h"
 
 namespace orv {
 

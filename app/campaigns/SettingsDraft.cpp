@@ -7,6 +7,9 @@
 #include "app/base/EmailAddress.h"
 #include "app/base/RowFields.h"
 #include "kit/api/wholeNumber.h"
+#include "kit/models/campaigns/campaignOptions.h"
+#include "kit/models/campaigns/campaignSchedule.h"
+#include "kit/models/campaigns/campaignSender.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include <QVariantMap>
 #include <boost/describe/class.hpp>
 
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 

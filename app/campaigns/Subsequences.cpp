@@ -1,6 +1,8 @@
 #include "app/campaigns/Subsequences.h"
 
 #include "kit/api/Format.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

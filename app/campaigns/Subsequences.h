@@ -8,6 +8,7 @@
 #include "app/base/RowFields.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "kit/models/campaigns/subsequence.h"
 #include "kit/models/labels.h"
 
 namespace orv {

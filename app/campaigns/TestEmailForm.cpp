@@ -1,6 +1,8 @@
 #include "app/campaigns/TestEmailForm.h"
 
 #include "app/base/EmailAddress.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -6,6 +6,7 @@
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceAutosave.h"
+#include "kit/models/campaigns/testEmail.h"
 
 namespace orv {
 

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <span>
 
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 namespace orv {
 

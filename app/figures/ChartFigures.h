@@ -5,7 +5,7 @@
 #include <QVariantList>
 #include <array>
 
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/metrics.h"
 
 namespace orv {
 

@@ -3,7 +3,7 @@
 #include <numeric>
 
 #include "kit/api/Format.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaignStatus.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include "app/base/RecordModel.h"
 #include "app/base/TableSort.h"
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 namespace orv {
 

@@ -2,7 +2,7 @@
 
 #include <QVariantList>
 
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/metrics.h"
 
 namespace orv {
 

@@ -1,5 +1,7 @@
 #include "app/shell/Commands.h"
 
+#include "kit/models/campaigns/campaignSummary.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {

@@ -1,6 +1,7 @@
 #include "kit/models/leads.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/JSONCoding.h"
+#include "kit/api/recordCoders.h"
 #include "kit/api/requestBuilders.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,6 +1,6 @@
 #include "kit/models/mailboxes.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/recordCoders.h"
 #include "kit/api/requestBuilders.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,7 +1,7 @@
 #include "kit/session/StoredSession.h"
 
-#include "kit/api/JSONCodingImpl.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/recordCoders.h"
 
 using namespace Qt::Literals::StringLiterals;
 

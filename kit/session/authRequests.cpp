@@ -2,7 +2,8 @@
 
 #include <QJsonObject>
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/JSONCoding.h"
+#include "kit/api/recordCoders.h"
 #include "kit/api/requestBuilders.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -2,6 +2,13 @@
 
 #include "demo/DemoService.h"
 #include "kit/async/ManualClock.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignSummary.h"
+#include "kit/models/campaigns/launchCheck.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/await.h"
 

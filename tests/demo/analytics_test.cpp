@@ -1,6 +1,12 @@
 #include <QTest>
 
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsOverview.h"
+#include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/analytics/dashboard.h"
+#include "kit/models/analytics/metrics.h"
+#include "kit/models/analytics/warmupHealth.h"
+#include "kit/models/campaigns/campaignRequests.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

@@ -1,6 +1,12 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/campaigns/sequence.h"
 #include "kit/models/mailboxes.h"
 #include "tests/demo/DemoFixture.h"
 

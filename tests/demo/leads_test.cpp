@@ -1,6 +1,15 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignStats.h"
+#include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/campaigns/leadStatus.h"
+#include "kit/models/campaigns/sentMessage.h"
 #include "kit/models/leads.h"
 #include "tests/demo/DemoFixture.h"
 

@@ -5,7 +5,7 @@
 #include <atomic>
 
 #include "kit/api/APIClient.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/sequence.h"
 #include "tests/support/WireServer.h"
 #include "tests/support/await.h"
 

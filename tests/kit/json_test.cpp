@@ -2,7 +2,11 @@
 #include <QTest>
 #include <boost/describe/class.hpp>
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/Clearable.h"
+#include "kit/api/JSONCoding.h"
+#include "kit/api/JSONValue.h"
+#include "kit/api/RecordFields.h"
+#include "kit/api/recordCoders.h"
 
 using namespace orv;
 using namespace Qt::Literals::StringLiterals;
@@ -38,6 +42,23 @@ struct Thing {
 BOOST_DESCRIBE_STRUCT(Thing, (), (name, count, on, share, colour, at, part, parts, counts, free, memo))
 
 ORV_RECORD_CODERS(Thing)
+
+/// Keys that begin alike, and the lists that are read in a way of their own.
+struct Alike {
+  std::optional<qint64> trackingDomain;
+  std::optional<qint64> trackingDomainVerifiedAt;
+  std::optional<qint64> tracking;
+  std::optional<qint64> trackin;
+  std::optional<QList<QString>> texts;
+  std::optional<QList<qint64>> integers;
+  std::optional<QList<Colour>> colours;
+  std::optional<QMap<QString, JSONValue>> values;
+  bool operator==(const Alike&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(Alike, (),
+                      (trackingDomain, trackingDomainVerifiedAt, tracking, trackin, texts, integers, colours, values))
+
+ORV_RECORD_CODERS(Alike)
 
 }  // namespace orv
 
@@ -131,6 +152,7 @@ class JsonTest : public QObject {
     row(thing(R"("parts":{})"), u"parts"_s);
     row(thing(R"("parts":[{"count":1},{"count":2,"note":7}])"), u"parts[1].note"_s);
     row(thing(R"("parts":[null])"), u"parts[0]"_s);
+    row(thing("\"parts\":[" + QByteArray("0,").repeated(1000000) + "0]"), u"parts[0]"_s);
     row(thing(R"("counts":{"maren@example.com":"1"})"), u"counts.*"_s);
     row(thing(R"("memo":{})"), u"memo"_s);
     row(thing(R"("free":)" + QByteArray(100000, '[') + QByteArray(100000, ']')), u"free"_s);
@@ -147,6 +169,8 @@ class JsonTest : public QObject {
     QTest::addColumn<QByteArray>("value");
     for (const char* value : {"tru",
                               "truex",
+                              "\"x\"y",
+                              "\"x\"\"y\"",
                               "nul",
                               "True",
                               "NaN",
@@ -209,6 +233,38 @@ class JsonTest : public QObject {
     for (qsizetype length = 0; length < full.size(); ++length)
       QVERIFY2(faultIn(full.first(length)), full.first(length).constData());
     QCOMPARE(faultIn(full), std::nullopt);
+  }
+
+  /// Texts are looked at in steps of several bytes, and short ones are shared: every length around a step, twice, with
+  /// whatever needs another way at its begin and at its end.
+  void textsOfEveryLengthAreReadAsTheyStand() {
+    QStringList texts;
+    for (qsizetype length = 0; length <= 70; ++length) {
+      const QString plain = u"abcdefghijklmnopqrstuvwxyz0123456789"_s.repeated(2).first(length);
+      for (const QString& odd :
+           {QString(), u"é"_s, u"😀"_s, u"\\"_s, u"\""_s, u"\n"_s, QString(QChar(0)), u" "_s, u","_s})
+        texts << plain + odd << odd + plain;
+    }
+    texts += texts;
+    const Alike record{.texts = texts};
+    const QByteArray json = encodeJSON(record);
+    QVERIFY(decodeJSON<Alike>(json) == record);
+    QVERIFY(decodeJSON<Alike>(QByteArray(json).replace("\",\"", "\" \t,\r\n \"")) == record);
+    QVERIFY(!decodeJSON<Thing>(R"({"name":"","count":1})").name.isNull());
+  }
+
+  void keysThatBeginAlikeAreToldApart_data() {
+    QTest::addColumn<QByteArray>("json");
+    QTest::newRow("in order") << R"({"trackingDomain":1,"trackingDomainVerifiedAt":2,"tracking":3,"trackin":4})"_ba;
+    QTest::newRow("backwards") << R"({"trackin":4,"tracking":3,"trackingDomainVerifiedAt":2,"trackingDomain":1})"_ba;
+    QTest::newRow("among strangers")
+        << R"({"t":9,"trackingD":9,"trackingDomain":1,"trackingDomainV":9,"trackingDomainVerifiedAt":2,"track":9,)"
+           R"("trackingDomainVerifiedAt2":9,"tracking":3,"tracking_":9,"trackin":4,"trackink":9})"_ba;
+  }
+  void keysThatBeginAlikeAreToldApart() {
+    QFETCH(QByteArray, json);
+    const Alike expected{.trackingDomain = 1, .trackingDomainVerifiedAt = 2, .tracking = 3, .trackin = 4};
+    QVERIFY(decodeJSON<Alike>(json) == expected);
   }
 
   void aFailureLeavesTheNextDecodingAlone() {

@@ -4,7 +4,7 @@
 #include <mutex>
 
 #include "kit/api/APIClient.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/sequence.h"
 #include "tests/support/WireServer.h"
 #include "tests/support/await.h"
 

@@ -4,6 +4,7 @@
 
 #include "app/shell/AppModel.h"
 #include "kit/api/APIClient.h"
+#include "kit/models/campaigns/campaignSummary.h"
 #include "kit/session/authRequests.h"
 #include "tests/service/ServiceProcess.h"
 #include "tests/support/AppFixture.h"

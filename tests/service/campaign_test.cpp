@@ -1,5 +1,8 @@
 #include <QTest>
 
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/sequence.h"
 #include "tests/service/Client.h"
 
 using namespace orv;

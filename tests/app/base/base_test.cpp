@@ -6,7 +6,7 @@
 #include "app/base/Resource.h"
 #include "app/base/Store.h"
 #include "app/base/StoreCache.h"
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaignSummary.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;

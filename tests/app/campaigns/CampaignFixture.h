@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/campaigns/CampaignContext.h"
+#include "kit/models/campaigns/campaignRequests.h"
 #include "tests/support/AppFixture.h"
 
 namespace orv::test {

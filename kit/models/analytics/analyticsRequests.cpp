@@ -1,20 +1,10 @@
-#include "kit/models/analytics.h"
+#include "kit/models/analytics/analyticsRequests.h"
 
-#include "kit/api/JSONCodingImpl.h"
 #include "kit/api/requestBuilders.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace orv {
-
-ORV_RECORD_CODERS(AnalyticsSummary)
-ORV_RECORD_CODERS(AnalyticsSummary::CampaignRow)
-ORV_RECORD_CODERS(AnalyticsSummary::AccountRow)
-ORV_RECORD_CODERS(AnalyticsOverview)
-ORV_RECORD_CODERS(WarmupHealth)
-ORV_RECORD_CODERS(Dashboard)
-
-namespace Requests {
+namespace orv::Requests {
 
 Request<AnalyticsSummary> analyticsSummary(const QString& from, const QString& to,
                                            const std::optional<QString>& campaign,
@@ -34,5 +24,4 @@ Request<WarmupHealth> warmupHealth() { return get<WarmupHealth>(u"/analytics/war
 
 Request<Dashboard> dashboard() { return get<Dashboard>(u"/dashboard"_s); }
 
-}  // namespace Requests
-}  // namespace orv
+}  // namespace orv::Requests

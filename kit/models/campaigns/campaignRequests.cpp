@@ -1,51 +1,17 @@
-#include "kit/models/campaigns.h"
+#include "kit/models/campaigns/campaignRequests.h"
 
-#include "kit/api/JSONCodingImpl.h"
+#include "kit/api/JSONCoding.h"
 #include "kit/api/requestBuilders.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/emailPreview.h"
+#include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/campaigns/sequence.h"
+#include "kit/models/campaigns/subsequence.h"
+#include "kit/models/campaigns/testEmail.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace orv {
-
-ORV_RECORD_CODERS(CampaignSummary)
-ORV_RECORD_CODERS(CampaignList)
-ORV_RECORD_CODERS(Campaign)
-ORV_RECORD_CODERS(PreviewResponse)
-ORV_RECORD_CODERS(TestEmail)
-ORV_RECORD_CODERS(Qc)
-ORV_RECORD_CODERS(SubsequenceList)
-ORV_RECORD_CODERS(SpintaxOut)
-ORV_RECORD_CODERS(CreateCampaignBody)
-ORV_RECORD_CODERS(CampaignPatch)
-ORV_RECORD_CODERS(StepsBody)
-ORV_RECORD_CODERS(LaunchBody)
-ORV_RECORD_CODERS(PreviewBody)
-ORV_RECORD_CODERS(TestEmailBody)
-ORV_RECORD_CODERS(SpintaxBody)
-ORV_RECORD_CODERS(SubsequenceBody)
-
-QString CampaignStatus::label() const {
-  if (rawValue == "draft"_L1) return u"Draft"_s;
-  if (rawValue == "running"_L1) return u"Running"_s;
-  if (rawValue == "paused"_L1) return u"Paused"_s;
-  if (rawValue == "completed"_L1) return u"Completed"_s;
-  if (rawValue == "archived"_L1) return u"Archived"_s;
-  return rawValue;
-}
-
-QString LeadStatus::label() const {
-  if (rawValue == "queued"_L1) return u"Queued"_s;
-  if (rawValue == "active"_L1) return u"In sequence"_s;
-  if (rawValue == "paused"_L1) return u"Paused"_s;
-  if (rawValue == "completed"_L1) return u"Finished"_s;
-  if (rawValue == "replied"_L1) return u"Replied"_s;
-  if (rawValue == "bounced"_L1) return u"Bounced"_s;
-  if (rawValue == "unsubscribed"_L1) return u"Unsubscribed"_s;
-  if (rawValue == "stopped"_L1) return u"Stopped"_s;
-  return rawValue;
-}
-
-namespace Requests {
+namespace orv::Requests {
 namespace {
 
 QString campaign(const QString& id, const QString& rest = {}) { return u"/campaigns/"_s + pathSegment(id) + rest; }
@@ -122,5 +88,14 @@ Request<SpintaxOut> spinText(const SpintaxBody& body) {
   return changing<SpintaxOut>(HTTPMethod::post, u"/campaigns/spintax"_s, encodeJSON(body));
 }
 
-}  // namespace Requests
-}  // namespace orv
+Request<FeedPage> campaignActivity(const QString& id, qint64 limit, std::optional<QString> cursor) {
+  auto request = get<FeedPage>(campaign(id, u"/activity"_s), {{u"limit"_s, QString::number(limit)}});
+  addOptional(request.query, u"cursor"_s, cursor);
+  return request;
+}
+
+Request<MessagePage> campaignMessages(const QString& id) {
+  return get<MessagePage>(campaign(id, u"/messages"_s), {{u"limit"_s, u"100"_s}});
+}
+
+}  // namespace orv::Requests
