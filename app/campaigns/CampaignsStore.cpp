@@ -18,7 +18,7 @@ namespace {
 bool isEmpty(const CampaignList& list) { return list.items.isEmpty(); }
 
 ConfirmRequest removeQuestion(const CampaignSummary& campaign) {
-  const QString running = campaign.status.rawValue == "running"_L1 ? u"Sending stops at once. "_s : QString();
+  const QString running = campaign.status.isRunning() ? u"Sending stops at once. "_s : QString();
   return {u"Delete "_s + campaign.name + u'?',
           running + u"It moves to Archived for 30 days, so you can restore it."_s,
           u"Delete campaign"_s,
@@ -161,7 +161,7 @@ QString CampaignsStore::summary() const {
   if (!m_list.value()) return {};
   qint64 running = 0, sent = 0, positive = 0;
   for (const CampaignSummary& item : m_index.items()) {
-    running += item.status.rawValue == "running"_L1;
+    running += item.status.isRunning();
     sent += item.sent;
     positive += item.positive;
   }
@@ -303,7 +303,7 @@ Task<void> CampaignsStore::restoreNamedTask(QString id, QString name) {
   if (!restored) co_return;
   takeFromArchive(id);
   reload();
-  const bool paused = restored->status.rawValue == "paused"_L1;
+  const bool paused = restored->status.isPaused();
   m_services.toasts.success(name + (paused ? u" restored, paused: resume it to send again"_s : u" restored"_s));
 }
 
