@@ -175,8 +175,7 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
   Campaign& record = campaign.record;
   const bool resumes = record.launchedAt.has_value();
   if (campaign.archivedAt) return problemAnswer(409, u"archived"_s, u"Restore this campaign first"_s);
-  if (record.status.rawValue == "running"_L1)
-    return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
+  if (record.status.isRunning()) return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
   const Qc qc = SequenceDoor(m_context, campaign).check();
   for (const QcCheck& check : qc.checks) {
     // What has been sent from before may go on: its leads may be through, its senders may be waited for.
@@ -192,7 +191,7 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
   record.pausedAt.reset();
   const QString first = formatPlatformDate(m_context.now.addSecs(firstEmailAfterSeconds));
   for (CampaignLead& lead : campaign.leads)
-    if (lead.status.rawValue == "queued"_L1 && !lead.nextSendAt) lead.nextSendAt = first;
+    if (lead.status.isQueued() && !lead.nextSendAt) lead.nextSendAt = first;
   changeLeads(campaign, u"paused"_s, u"active"_s);
   changeLeads(campaign, u"queued"_s, u"active"_s);
   record.lastPlan = Campaign::Plan{m_context.stamp(), campaign.stats().leads.active, {}};
@@ -202,8 +201,7 @@ HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campai
 
 HTTPAnswer CampaignDoor::pause(DemoCampaign& campaign) {
   Campaign& record = campaign.record;
-  if (record.status.rawValue != "running"_L1)
-    return problemAnswer(409, u"not_running"_s, u"This campaign isn’t running"_s);
+  if (!record.status.isRunning()) return problemAnswer(409, u"not_running"_s, u"This campaign isn’t running"_s);
   record.status = CampaignStatus(u"paused"_s);
   record.pausedAt = m_context.stamp();
   changeLeads(campaign, u"active"_s, u"paused"_s);
@@ -242,7 +240,7 @@ void CampaignDoor::giveFreshIds(QList<CampaignStep>& steps) {
 
 HTTPAnswer CampaignDoor::archive(DemoCampaign& campaign) {
   if (campaign.archivedAt) return emptyAnswer();
-  if (campaign.record.status.rawValue == "running"_L1) pause(campaign);
+  if (campaign.record.status.isRunning()) pause(campaign);
   campaign.archivedAt = m_context.stamp();
   changed(campaign);
   return emptyAnswer();

@@ -86,7 +86,7 @@ void recount(DemoCampaign& campaign) {
     if (lead.removedAt) continue;
     ++found[lead.status.rawValue];
     ++counts.total;
-    booked += lead.status.rawValue == "active"_L1 && lead.nextSendAt;
+    booked += lead.status.isActive() && lead.nextSendAt;
   }
   forEachStatus(counts, [&found](const QString& word, qint64& count) { count = found.value(word); });
   campaign.stats().leads = counts;

@@ -113,7 +113,7 @@ HTTPAnswer LeadDoor::detail(const CampaignLead& lead) const {
   const qint64 steps = m_campaign.steps().size();
   detail.steps = steps;
   const qint64 next = lead.currentStep.value_or(0) + 1;
-  if (lead.status.rawValue == "active"_L1 && next <= steps) detail.next = {next, lead.nextSendAt};
+  if (lead.status.isActive() && next <= steps) detail.next = {next, lead.nextSendAt};
   detail.activity = activityOf(m_campaign, lead);
   return jsonAnswer(toJSON(detail));
 }
@@ -202,7 +202,7 @@ bool LeadDoor::act(const QString& action, CampaignLead& lead) {
     lead.removedAt = m_context.stamp();
   else if (action == "pause"_L1 && open)
     lead.status = LeadStatus(u"paused"_s);
-  else if (action == "resume"_L1 && status == "paused"_L1 && m_campaign.record.status.rawValue != "paused"_L1)
+  else if (action == "resume"_L1 && status == "paused"_L1 && !m_campaign.record.status.isPaused())
     lead.status = LeadStatus(openStatus(m_campaign));
   else if (action == "stop"_L1 && (open || status == "paused"_L1)) {
     lead.status = LeadStatus(u"stopped"_s);
@@ -210,7 +210,7 @@ bool LeadDoor::act(const QString& action, CampaignLead& lead) {
   } else {
     return false;
   }
-  if (lead.status.rawValue != "active"_L1) lead.nextSendAt.reset();
+  if (!lead.status.isActive()) lead.nextSendAt.reset();
   note(action, lead);
   return true;
 }

@@ -51,7 +51,7 @@ QList<FeedItem> correspondence(const DemoCampaign& campaign, const CampaignLead&
     items.append(item);
   }
   if (lead.repliedAt) items.append(itemOf(u"replied"_s, *lead.repliedAt, lead));
-  if (lead.status.rawValue == "bounced"_L1) items.append(itemOf(u"bounced"_s, emails->sentAt(emails->count), lead));
+  if (lead.status.isBounced()) items.append(itemOf(u"bounced"_s, emails->sentAt(emails->count), lead));
   return items;
 }
 
@@ -130,7 +130,7 @@ std::optional<FeedPage> feedOf(const DemoCampaign& campaign, qint64 limit, const
 MessagePage messagesOf(const DemoCampaign& campaign, qint64 limit) {
   MessagePage page;
   for (const CampaignLead& lead : campaign.leads)
-    if (lead.nextSendAt && lead.status.rawValue == "active"_L1 && !lead.removedAt) page.items.append(bookingOf(lead));
+    if (lead.nextSendAt && lead.status.isActive() && !lead.removedAt) page.items.append(bookingOf(lead));
   std::ranges::sort(page.items, std::ranges::greater(), &SentMessage::scheduledAt);
   // However much is booked, what was sent is to be seen as well.
   if (page.items.size() > limit / 2) page.items.remove(0, page.items.size() - limit / 2);

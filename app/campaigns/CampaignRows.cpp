@@ -17,13 +17,13 @@ const auto nothing = u"–"_s;
 double share(qint64 part, qint64 whole) { return whole > 0 ? double(part) / double(whole) : 0; }
 
 QString day(const std::optional<QString>& instant, int daysLater = 0) {
-  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
+  const auto date = parsePlatformDate(instant);
   return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
 }
 
 QString facts(const CampaignSummary& campaign) {
-  const QString when =
-      campaign.launchedAt ? u"Launched "_s + day(campaign.launchedAt) : u"Created "_s + day(campaign.createdAt);
+  const QString when = parsePlatformDate(campaign.launchedAt) ? u"Launched "_s + day(campaign.launchedAt)
+                                                              : u"Created "_s + day(campaign.createdAt);
   return QStringList{Format::counted(campaign.steps, u"step"_s, u"steps"_s),
                      Format::counted(campaign.senders, u"inbox"_s, u"inboxes"_s), when}
       .join(u" · "_s);
@@ -46,7 +46,7 @@ QString rate(const CampaignSummary& campaign, qint64 value) {
 /// What a column sorts by; nothing sorts last in either direction.
 std::optional<double> sortValue(const CampaignSummary& campaign, const QString& key) {
   const auto instant = [](const std::optional<QString>& text) -> std::optional<double> {
-    const auto date = text ? parsePlatformDate(*text) : std::nullopt;
+    const auto date = parsePlatformDate(text);
     return date ? std::optional(double(date->toMSecsSinceEpoch())) : std::nullopt;
   };
   if (key == "progress"_L1)

@@ -36,7 +36,7 @@ bool CampaignSettings::saving() const { return m_busy.contains(busyKey); }
 
 QString CampaignSettings::notice() const {
   const Campaign* campaign = m_context.campaign.value();
-  const bool runs = campaign && campaign->status.rawValue == "running"_L1;
+  const bool runs = campaign && campaign->status.isRunning();
   return runs ? u"This campaign is running. Changes apply to the next sends."_s : QString();
 }
 

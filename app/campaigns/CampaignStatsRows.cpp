@@ -42,7 +42,7 @@ EmailFigures withStats(EmailFigures row, const std::optional<Stats4>& stats) {
 }
 
 QString momentOf(const std::optional<QString>& instant) {
-  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
+  const auto date = parsePlatformDate(instant);
   return date ? Format::moment(date->toLocalTime()) : nothing;
 }
 

@@ -53,7 +53,7 @@ void CampaignStatsStore::setPreset(const QString& key) {
 QString CampaignStatsStore::headLine() const {
   const Campaign* campaign = m_campaign.campaign.value();
   if (!campaign) return {};
-  const auto launched = campaign->launchedAt ? parsePlatformDate(*campaign->launchedAt) : std::nullopt;
+  const auto launched = parsePlatformDate(campaign->launchedAt);
   const auto stats = campaign->stats.value_or(CampaignStats());
   const auto senders = campaign->senders ? campaign->senders->size() : 0;
   return QStringList{

@@ -109,8 +109,8 @@ QString CampaignStore::parentName() const {
 QString CampaignStore::mainAction() const {
   const Campaign* campaign = m_campaign.value();
   if (!campaign) return {};
-  if (campaign->status.rawValue == "running"_L1) return u"pause"_s;
-  if (campaign->status.rawValue == "paused"_L1) return u"resume"_s;
+  if (campaign->status.isRunning()) return u"pause"_s;
+  if (campaign->status.isPaused()) return u"resume"_s;
   return campaign->launchedAt ? QString() : u"launch"_s;
 }
 

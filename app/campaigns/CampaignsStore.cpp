@@ -15,7 +15,7 @@ namespace orv {
 namespace {
 
 ConfirmRequest removeQuestion(const CampaignSummary& campaign) {
-  const QString running = campaign.status.rawValue == "running"_L1 ? u"Sending stops at once. "_s : QString();
+  const QString running = campaign.status.isRunning() ? u"Sending stops at once. "_s : QString();
   return {.title = u"Delete "_s + campaign.name + u'?',
           .text = running + u"It moves to Archived for 30 days, so you can restore it."_s,
           .confirm = u"Delete campaign"_s,
@@ -35,7 +35,7 @@ Archive<Campaign>::Words archiveWords() {
           .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
           .restored =
               [](const QString& name, const Campaign& campaign) {
-                const bool isPaused = campaign.status.rawValue == "paused"_L1;
+                const bool isPaused = campaign.status.isPaused();
                 return name + (isPaused ? u" restored, paused: resume it to send again"_s : u" restored"_s);
               },
           .cannotRemove = cannotRemove,
@@ -193,7 +193,7 @@ QString CampaignsStore::summary() const {
   if (!m_list.value()) return {};
   qint64 running = 0, sent = 0, positive = 0;
   for (const CampaignSummary& item : m_index.items()) {
-    running += item.status.rawValue == "running"_L1;
+    running += item.status.isRunning();
     sent += item.sent;
     positive += item.positive;
   }

@@ -32,7 +32,7 @@ QString warning(const QcCheck& check) {
 
 }  // namespace
 
-bool isResume(const Campaign& campaign) { return campaign.status.rawValue == "paused"_L1; }
+bool isResume(const Campaign& campaign) { return campaign.status.isPaused(); }
 
 bool namesExternal(const Campaign& campaign) {
   return campaign.qc && campaign.qc->external && campaign.qc->external->count > 0;

@@ -24,7 +24,7 @@ QString searched(const CampaignLead& lead) {
 }
 
 QString day(const std::optional<QString>& instant, int daysLater = 0) {
-  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
+  const auto date = parsePlatformDate(instant);
   return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
 }
 
@@ -52,7 +52,7 @@ QString leadName(const CampaignLead& lead) {
 }
 
 QString leadMoment(const std::optional<QString>& instant) {
-  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
+  const auto date = parsePlatformDate(instant);
   if (!date) return nothing;
   const QDateTime local = date->toLocalTime();
   return Format::shortDate(local.date()) + u", "_s + QLocale().toString(local.time(), QLocale::ShortFormat);

@@ -42,7 +42,7 @@ QString reasonOf(const CampaignSender& sender) {
 
 QString reasonOf(const Mailbox& mailbox) {
   if (mailbox.sendReady && mailbox.sendReady->reason) return *mailbox.sendReady->reason;
-  return mailbox.status.rawValue == "active"_L1 ? QString() : mailbox.status.rawValue;
+  return mailbox.status.isActive() ? QString() : mailbox.status.rawValue;
 }
 
 QStringList with(QStringList list, const QString& item) {

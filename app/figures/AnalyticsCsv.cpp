@@ -1,6 +1,7 @@
 #include "app/figures/AnalyticsCsv.h"
 
 #include "app/base/Csv.h"
+#include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -9,7 +10,7 @@ namespace {
 
 QString count(qint64 value) { return QString::number(value); }
 QString count(const std::optional<qint64>& value) { return value ? count(*value) : QString(); }
-QString money(const std::optional<double>& value) { return value ? QString::number(*value, 'f', 2) : QString(); }
+QString money(const std::optional<double>& value) { return value ? Format::fixed(*value, 2) : QString(); }
 
 }  // namespace
 

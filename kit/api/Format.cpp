@@ -1,6 +1,9 @@
 #include "kit/api/Format.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -9,7 +12,14 @@ namespace orv::Format {
 QString oneDecimal(double value) {
   // Adding a positive zero takes the sign off a negative one.
   const double rounded = std::round(value * 10) / 10 + 0.0;
-  return QString::number(rounded, 'f', rounded == std::trunc(rounded) ? 0 : 1);
+  return fixed(rounded, rounded == std::trunc(rounded) ? 0 : 1);
+}
+
+QString fixed(double value, int decimals) {
+  // Not QString::number(), which rounds halves up, nor printf(), which writes the locale's comma.
+  std::array<char, std::numeric_limits<double>::max_exponent10 + 20> digits;
+  const auto end = std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, decimals).ptr;
+  return QString::fromLatin1(digits.data(), qsizetype(end - digits.data()));
 }
 
 QString compactCount(qint64 count, const QLocale& locale) {

@@ -9,6 +9,8 @@ namespace orv::Format {
 
 /// One decimal, half away from zero; a whole result has none.
 QString oneDecimal(double value);
+/// "%.2f" of the C language, for two decimals: of two equally near ones the even one, and always a point.
+QString fixed(double value, int decimals);
 /// 9,999 as it stands; 12.5K; 2M.
 QString compactCount(qint64 count, const QLocale& locale = QLocale());
 /// US dollars without cents.

@@ -11,6 +11,10 @@ struct OpenWord {
   OpenWord() = default;
   OpenWord(QString word) : rawValue(std::move(word)) {}
   bool operator==(const OpenWord&) const = default;
+
+ protected:
+  /// What the words of a set ask themselves, each by a name of its own.
+  bool is(QLatin1String word) const { return rawValue == word; }
 };
 
 }  // namespace orv

@@ -20,6 +20,10 @@ std::optional<QDateTime> parsePlatformDate(const QString& text) {
   return instant.isValid() ? std::optional(instant.toUTC()) : std::nullopt;
 }
 
+std::optional<QDateTime> parsePlatformDate(const std::optional<QString>& text) {
+  return text ? parsePlatformDate(*text) : std::nullopt;
+}
+
 QString formatPlatformDate(const QDateTime& instant) { return instant.toUTC().toString(Qt::ISODateWithMs); }
 
 }  // namespace orv

@@ -10,6 +10,9 @@ namespace orv {
 /// date, which is midnight UTC. Nothing for any other text.
 std::optional<QDateTime> parsePlatformDate(const QString& text);
 
+/// For what is shown: a date that cannot be read is as absent as one that is not there.
+std::optional<QDateTime> parsePlatformDate(const std::optional<QString>& text);
+
 /// ISO 8601 in UTC, with milliseconds.
 QString formatPlatformDate(const QDateTime& instant);
 

@@ -13,6 +13,7 @@ namespace orv {
 
 struct MailboxStatus : OpenWord {
   using OpenWord::OpenWord;
+  bool isActive() const { return is(QLatin1String("active")); }
 };
 
 /// One sending inbox; "email account" to the person.

@@ -12,6 +12,9 @@ namespace orv {
 /// A member's role in a workspace, as the service names it.
 struct Role : OpenWord {
   using OpenWord::OpenWord;
+  bool isOwner() const { return is(QLatin1String("owner")); }
+  bool isAdmin() const { return is(QLatin1String("admin")); }
+  bool isMember() const { return is(QLatin1String("member")); }
 };
 
 struct User {

@@ -1,4 +1,5 @@
 #include <QTest>
+#include <limits>
 
 #include "kit/api/APIEnvironment.h"
 #include "kit/api/APIError.h"
@@ -97,6 +98,26 @@ class FormatTest : public QObject {
   void oneDecimal() {
     QFETCH(double, value);
     QTEST(Format::oneDecimal(value), "shown");
+  }
+
+  void fixed_data() {
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("a half to the even below") << 0.125 << u"0.12"_s;
+    QTest::newRow("a half to the even above") << 0.375 << u"0.38"_s;
+    QTest::newRow("less than a half in truth") << 1.005 << u"1.00"_s;
+    QTest::newRow("money") << 1500.0 << u"1500.00"_s;
+    QTest::newRow("negative") << -2.5 << u"-2.50"_s;
+    QTest::newRow("the greatest has all its digits") << std::numeric_limits<double>::max() << QString();
+  }
+  void fixed() {
+    QFETCH(double, value);
+    QFETCH(QString, shown);
+    const QString written = Format::fixed(value, 2);
+    if (shown.isEmpty())
+      QCOMPARE(written.toDouble(), value);
+    else
+      QCOMPARE(written, shown);
   }
 
   void counts_data() {

@@ -8,6 +8,8 @@ namespace orv {
 
 struct CampaignStatus : OpenWord {
   using OpenWord::OpenWord;
+  bool isRunning() const { return is(QLatin1String("running")); }
+  bool isPaused() const { return is(QLatin1String("paused")); }
   /// What the screen says; an unknown word stands as it is.
   QString label() const;
 };

@@ -9,6 +9,9 @@ namespace orv {
 /// State of one lead inside one campaign.
 struct LeadStatus : OpenWord {
   using OpenWord::OpenWord;
+  bool isQueued() const { return is(QLatin1String("queued")); }
+  bool isActive() const { return is(QLatin1String("active")); }
+  bool isBounced() const { return is(QLatin1String("bounced")); }
   QString label() const;
 };
 

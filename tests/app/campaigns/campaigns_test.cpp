@@ -149,7 +149,8 @@ class CampaignsTest : public QObject {
   }
 
   void cellsSayWhatTheRowIs() {
-    load(list({row("c1", "One", "running"), row("c2", "Two", "draft", R"(,"launchedAt":"2026-04-02T12:00:00Z")"),
+    load(list({row("c1", "One", "running", R"(,"launchedAt":"soon")"),
+               row("c2", "Two", "draft", R"(,"launchedAt":"2026-04-02T12:00:00Z")"),
                R"({"id":"c3","name":"New","status":"odd","senders":1,"steps":3,"leads":0,"sent":0,"replied":0,)"
                R"("positive":0,"bounced":0,"createdAt":"2026-03-01T10:00:00Z"})"}));
     using Model = CampaignRowsModel;
