@@ -1,6 +1,7 @@
-#include "demo/AnalyticsDoor.h"
-
+#include "demo/DailyFigures.h"
+#include "demo/Routes.h"
 #include "demo/WarmupFigures.h"
+#include "kit/models/analytics/analyticsOverview.h"
 #include "kit/models/analytics/dashboard.h"
 #include "kit/models/analytics/warmupHealth.h"
 #include "kit/models/campaigns/campaignSummary.h"
@@ -17,9 +18,9 @@ struct Range {
   QDate from, to;
 };
 
-std::optional<Range> rangeOf(const QUrlQuery& query) {
-  const Range range{QDate::fromString(query.queryItemValue(u"from"_s), Qt::ISODate),
-                    QDate::fromString(query.queryItemValue(u"to"_s), Qt::ISODate)};
+std::optional<Range> rangeOf(const DemoRequest& request) {
+  const Range range{QDate::fromString(request.value(u"from"_s), Qt::ISODate),
+                    QDate::fromString(request.value(u"to"_s), Qt::ISODate)};
   const bool good = range.from.isValid() && range.to.isValid() && range.from <= range.to;
   return good && range.from.daysTo(range.to) < daysAtMost ? std::optional(range) : std::nullopt;
 }
@@ -36,38 +37,7 @@ std::optional<QString> healthWord(const WarmupHealth::Account& account) {
   return account.health == "watch"_L1 ? u"warning"_s : account.health;
 }
 
-}  // namespace
-
-std::optional<HTTPAnswer> AnalyticsDoor::answer(const DemoRequest& request, const QStringList& parts) const {
-  const QString call = QString::fromLatin1(request.method) + u' ' + parts.join(u'/');
-  if (call == "GET analytics/summary"_L1) return summary(request.query);
-  if (call == "GET analytics/overview"_L1) return overview(request.query);
-  if (call == "GET analytics/warmup"_L1) return jsonAnswer(toJSON(warmupHealthOf(m_workspace, m_now)));
-  if (call == "GET dashboard"_L1) return dashboard();
-  return std::nullopt;
-}
-
-HTTPAnswer AnalyticsDoor::summary(const QUrlQuery& query) const {
-  const auto range = rangeOf(query);
-  if (!range) return noRange();
-  const auto value = [&query](const QString& name) { return query.queryItemValue(name, QUrl::FullyDecoded); };
-  const auto figures = figuresOf(m_workspace, range->from, range->to,
-                                 {value(u"campaigns"_s), value(u"mailboxes"_s), value(u"tags"_s)}, m_now);
-  AnalyticsSummary summary;
-  summary.from = range->from.toString(Qt::ISODate);
-  summary.to = range->to.toString(Qt::ISODate);
-  summary.timeZone = m_workspace.timeZone;
-  summary.opportunityValueEach = opportunityValue;
-  summary.tracking = tracking;
-  summary.totals = metricsOf(figures.totals);
-  summary.days = metricDaysOf(figures);
-  summary.campaigns = campaignRows(figures);
-  summary.accounts = accountRows(figures);
-  summary.options = options();
-  return jsonAnswer(toJSON(summary));
-}
-
-QList<AnalyticsSummary::CampaignRow> AnalyticsDoor::campaignRows(const RangeFigures& figures) const {
+QList<AnalyticsSummary::CampaignRow> campaignRows(const RangeFigures& figures) {
   QList<AnalyticsSummary::CampaignRow> rows;
   for (const auto& [campaign, all] : figures.campaigns) {
     const CampaignSummary listed = campaign->summary();
@@ -89,10 +59,10 @@ QList<AnalyticsSummary::CampaignRow> AnalyticsDoor::campaignRows(const RangeFigu
   return rows;
 }
 
-QList<AnalyticsSummary::AccountRow> AnalyticsDoor::accountRows(const RangeFigures& figures) const {
-  const QTime time = localTimeIn(m_workspace, m_now).time();
+QList<AnalyticsSummary::AccountRow> accountRows(const Call& call, const RangeFigures& figures) {
+  const QTime time = localTimeIn(*call.workspace, call.now).time();
   QList<AnalyticsSummary::AccountRow> rows;
-  for (const DemoMailbox& mailbox : m_workspace.mailboxes) {
+  for (const DemoMailbox& mailbox : call.workspace->mailboxes) {
     const auto all = figures.accounts.constFind(mailbox.id);
     if (all == figures.accounts.cend()) continue;
     const auto warmup = warmupOf(mailbox, time);
@@ -113,13 +83,13 @@ QList<AnalyticsSummary::AccountRow> AnalyticsDoor::accountRows(const RangeFigure
   return rows;
 }
 
-AnalyticsSummary::Options AnalyticsDoor::options() const {
+AnalyticsSummary::Options optionsOf(const DemoWorkspace& workspace) {
   QList<AnalyticsSummary::Option> campaigns, mailboxes;
   QSet<QString> tags;
-  for (const DemoCampaign& campaign : m_workspace.campaigns)
+  for (const DemoCampaign& campaign : workspace.campaigns)
     if (campaign.record.launchedAt && !campaign.archivedAt)
       campaigns.append({campaign.record.id, campaign.record.name});
-  for (const DemoMailbox& mailbox : m_workspace.mailboxes) {
+  for (const DemoMailbox& mailbox : workspace.mailboxes) {
     mailboxes.append({mailbox.id, mailbox.address});
     for (const QString& tag : mailbox.tags) tags.insert(tag);
   }
@@ -128,37 +98,10 @@ AnalyticsSummary::Options AnalyticsDoor::options() const {
   return {campaigns, mailboxes, sorted};
 }
 
-HTTPAnswer AnalyticsDoor::overview(const QUrlQuery& query) const {
-  if (query.queryItemValue(u"scope"_s) != "this"_L1) return invalid(u"Ask for this workspace."_s, u"scope"_s);
-  const auto range = rangeOf(query);
-  if (!range) return noRange();
-  const auto figures = figuresOf(m_workspace, range->from, range->to, {}, m_now);
-  AnalyticsOverview overview;
-  overview.scope = u"this"_s;
-  overview.from = range->from.toString(Qt::ISODate);
-  overview.to = range->to.toString(Qt::ISODate);
-  overview.day = dayIn(m_workspace, m_now).toString(Qt::ISODate);
-  overview.timeZone = m_workspace.timeZone;
-  auto& combined = overview.combined;
-  combined.today = today();
-  combined.month = month();
-  combined.totals = activityOf(figures.totals);
-  combined.metrics = metricsOf(figures.totals);
-  combined.metricDays = metricDaysOf(figures);
-  combined.days.emplace();
-  for (qsizetype index = 0; index < figures.days.size(); ++index) {
-    const auto [sends, replies, positive, bounces, unsubscribes] = activityOf(figures.days[index]);
-    combined.days->append({combined.metricDays->at(index).day, sends, replies, positive, bounces, unsubscribes});
-  }
-  overview.workspaces.append({m_workspace.id, m_workspace.slug, m_workspace.name, true, combined.today, combined.month,
-                              combined.totals, combined.metrics});
-  return jsonAnswer(toJSON(overview));
-}
-
-AnalyticsOverview::Today AnalyticsDoor::today() const {
-  const QDate day = dayIn(m_workspace, m_now);
-  const Figures figures = figuresOf(m_workspace, day, day, {}, m_now).totals;
-  const WarmupHealth warmup = warmupHealthOf(m_workspace, m_now);
+AnalyticsOverview::Today todayOf(const Call& call) {
+  const QDate day = dayIn(*call.workspace, call.now);
+  const Figures figures = figuresOf(*call.workspace, day, day, {}, call.now).totals;
+  const WarmupHealth warmup = warmupHealthOf(*call.workspace, call.now);
   AnalyticsOverview::Today today;
   today.sendsCampaigns = figures.sent;
   today.replies = figures.replies;
@@ -168,33 +111,95 @@ AnalyticsOverview::Today AnalyticsDoor::today() const {
   }
   today.mailboxes = warmup.items.size();
   today.ready = warmup.summary.ready;
-  for (const DemoCampaign& campaign : m_workspace.campaigns)
+  for (const DemoCampaign& campaign : call.workspace->campaigns)
     if (!campaign.archivedAt) today.leads += campaign.stats().leads.total;
-  for (const DemoLeadList& list : m_workspace.lists) today.leads += list.people.size();
-  today.lists = m_workspace.lists.size();
+  for (const DemoLeadList& list : call.workspace->lists) today.leads += list.people.size();
+  today.lists = call.workspace->lists.size();
   return today;
 }
 
-AnalyticsOverview::Month AnalyticsDoor::month() const {
-  const QDate day = dayIn(m_workspace, m_now);
-  const Figures figures = figuresOf(m_workspace, {day.year(), day.month(), 1}, day, {}, m_now).totals;
+AnalyticsOverview::Month monthOf(const Call& call) {
+  const QDate day = dayIn(*call.workspace, call.now);
+  const Figures figures = figuresOf(*call.workspace, {day.year(), day.month(), 1}, day, {}, call.now).totals;
   return {figures.sent, figures.replies};
 }
 
-HTTPAnswer AnalyticsDoor::dashboard() const {
-  const auto now = today();
+HTTPAnswer summary(Call& call) {
+  const auto range = rangeOf(call.request);
+  if (!range) return noRange();
+  const DemoRequest& request = call.request;
+  const auto figures =
+      figuresOf(*call.workspace, range->from, range->to,
+                {request.value(u"campaigns"_s), request.value(u"mailboxes"_s), request.value(u"tags"_s)}, call.now);
+  AnalyticsSummary summary;
+  summary.from = range->from.toString(Qt::ISODate);
+  summary.to = range->to.toString(Qt::ISODate);
+  summary.timeZone = call.workspace->timeZone;
+  summary.opportunityValueEach = opportunityValue;
+  summary.tracking = tracking;
+  summary.totals = metricsOf(figures.totals);
+  summary.days = metricDaysOf(figures);
+  summary.campaigns = campaignRows(figures);
+  summary.accounts = accountRows(call, figures);
+  summary.options = optionsOf(*call.workspace);
+  return jsonAnswer(toJSON(summary));
+}
+
+HTTPAnswer overview(Call& call) {
+  if (call.request.value(u"scope"_s) != "this"_L1) return invalid(u"Ask for this workspace."_s, u"scope"_s);
+  const auto range = rangeOf(call.request);
+  if (!range) return noRange();
+  const auto figures = figuresOf(*call.workspace, range->from, range->to, {}, call.now);
+  AnalyticsOverview overview;
+  overview.scope = u"this"_s;
+  overview.from = range->from.toString(Qt::ISODate);
+  overview.to = range->to.toString(Qt::ISODate);
+  overview.day = dayIn(*call.workspace, call.now).toString(Qt::ISODate);
+  overview.timeZone = call.workspace->timeZone;
+  auto& combined = overview.combined;
+  combined.today = todayOf(call);
+  combined.month = monthOf(call);
+  combined.totals = activityOf(figures.totals);
+  combined.metrics = metricsOf(figures.totals);
+  combined.metricDays = metricDaysOf(figures);
+  combined.days.emplace();
+  for (qsizetype index = 0; index < figures.days.size(); ++index) {
+    const auto [sends, replies, positive, bounces, unsubscribes] = activityOf(figures.days[index]);
+    combined.days->append({combined.metricDays->at(index).day, sends, replies, positive, bounces, unsubscribes});
+  }
+  overview.workspaces.append({call.workspace->id, call.workspace->slug, call.workspace->name, true, combined.today,
+                              combined.month, combined.totals, combined.metrics});
+  return jsonAnswer(toJSON(overview));
+}
+
+HTTPAnswer warmup(Call& call) { return jsonAnswer(toJSON(warmupHealthOf(*call.workspace, call.now))); }
+
+HTTPAnswer dashboard(Call& call) {
+  const auto now = todayOf(call);
   Dashboard::InboxHealth inbox;
   inbox.total = now.mailboxes;
   inbox.active = now.active;
   inbox.ready = now.ready;
-  for (const DemoMailbox& mailbox : m_workspace.mailboxes) {
+  for (const DemoMailbox& mailbox : call.workspace->mailboxes) {
     inbox.paused += mailbox.status == "paused"_L1;
     inbox.failed += mailbox.status == "failed"_L1;
     inbox.verifying += mailbox.status == "verifying"_L1;
   }
-  return jsonAnswer(toJSON(Dashboard{dayIn(m_workspace, m_now).toString(Qt::ISODate), m_workspace.timeZone,
+  return jsonAnswer(toJSON(Dashboard{dayIn(*call.workspace, call.now).toString(Qt::ISODate), call.workspace->timeZone,
                                      Dashboard::Sends{now.sendsWarmup, now.sendsCampaigns}, now.replies, inbox,
                                      Dashboard::Leads{now.leads, now.lists}}));
+}
+
+}  // namespace
+
+const QList<Route>& analyticsRoutes() {
+  static const QList<Route> routes{
+      {"GET", u"/analytics/summary"_s, Access::readers, summary},
+      {"GET", u"/analytics/overview"_s, Access::readers, overview},
+      {"GET", u"/analytics/warmup"_s, Access::readers, warmup},
+      {"GET", u"/dashboard"_s, Access::readers, dashboard},
+  };
+  return routes;
 }
 
 }  // namespace orv::demo

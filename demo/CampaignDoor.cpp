@@ -1,9 +1,6 @@
 #include "demo/CampaignDoor.h"
 
-#include <QJsonArray>
-
 #include "demo/Enrolment.h"
-#include "demo/LeadDoor.h"
 #include "demo/MailboxDoor.h"
 #include "demo/SequenceDoor.h"
 #include "demo/Timeline.h"
@@ -24,8 +21,6 @@ namespace orv::demo {
 namespace {
 
 constexpr int firstEmailAfterSeconds = 120;
-
-bool isSet(const DemoRequest& request, const QString& flag) { return request.query.queryItemValue(flag) == "1"_L1; }
 
 /// What a patch does not name stays.
 template <class T>
@@ -61,80 +56,15 @@ QList<QString> pickedIdsOf(const DemoCampaign& campaign) {
 
 QList<QString> senderTagsOf(const CampaignOptions& options) { return options.senderTags.value_or(QList<QString>()); }
 
-qint64 limitOf(const DemoRequest& request) {
-  return std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, 500);
-}
+void giveNextVersion(DemoCampaign& campaign) { campaign.record.version = campaign.record.version.value_or(0) + 1; }
 
-}  // namespace
-
-HTTPAnswer invalid(const QString& detail, const QString& path) {
-  return problemAnswer(422, u"invalid_input"_s, u"Invalid input"_s, detail,
-                       {{u"errors"_s, QJsonArray{QJsonObject{{u"path"_s, path}, {u"message"_s, detail}}}}});
-}
-
-HTTPAnswer changed(DemoCampaign& campaign) {
-  campaign.record.version = campaign.record.version.value_or(0) + 1;
-  return jsonAnswer(toJSON(campaign.record));
-}
-
-std::optional<HTTPAnswer> CampaignDoor::answer(const DemoRequest& request, const QStringList& parts) {
-  purge();
-  const QString call = QString::fromLatin1(request.method) + u' ' + parts.join(u'/');
-  if (call == "GET campaigns"_L1) return list(isSet(request, u"archived"_s));
-  if (call == "POST campaigns"_L1) return create(request);
-  if (call == "POST campaigns/spintax"_L1) return SequenceDoor::spin(request);
-  if (parts.size() == 2 && call.startsWith("GET test-email/"_L1))
-    return SequenceDoor::testEmailState(m_context, parts[1]);
-  if (parts.size() < 2 || parts[0] != "campaigns"_L1) return std::nullopt;
-  DemoCampaign* campaign = m_workspace.find(parts[1]);
-  if (!campaign) return problemAnswer(404, u"not_found"_s, u"This campaign no longer exists"_s);
-  return one(request, *campaign, parts.mid(2));
-}
-
-std::optional<HTTPAnswer> CampaignDoor::one(const DemoRequest& request, DemoCampaign& campaign,
-                                            const QStringList& below) {
-  const QString call = QString::fromLatin1(request.method) + u' ' + below.join(u'/');
-  if (call == "GET "_L1) return jsonAnswer(toJSON(campaign.record));
-  if (call == "PATCH "_L1) return patch(request, campaign);
-  if (call == "POST launch"_L1) return launch(request, campaign);
-  if (call == "POST pause"_L1) return pause(campaign);
-  if (call == "POST duplicate"_L1) return duplicate(campaign);
-  if (call == "POST restore"_L1) return restore(campaign);
-  if (call == "DELETE "_L1) return isSet(request, u"permanent"_s) ? remove(campaign.record.id) : archive(campaign);
-  if (call == "GET subsequences"_L1) return subsequences(campaign);
-  if (call == "POST subsequences"_L1) return createSubsequence(request, campaign);
-  if (call == "GET activity"_L1) return activity(request, campaign);
-  if (call == "GET messages"_L1) return messages(request, campaign);
-  if (auto answer = SequenceDoor(m_context, campaign).answer(request, call)) return answer;
-  return LeadDoor(m_context, campaign).answer(request, below);
-}
-
-/// Subsequences are listed with their parent, not here; deleted ones wait in the archive like all others.
-HTTPAnswer CampaignDoor::list(bool archived) const {
-  CampaignList list;
-  list.archivedCount = 0;
-  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns)) {
-    if (campaign.archivedAt) ++*list.archivedCount;
-    if (campaign.archivedAt.has_value() != archived || (!archived && campaign.record.parent)) continue;
-    list.items.append(campaign.summary());
-  }
-  return jsonAnswer(toJSON(list));
-}
-
-HTTPAnswer CampaignDoor::create(const DemoRequest& request) {
-  const auto body = bodyOf<CreateCampaignBody>(request);
-  if (!body || body->name.trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
-  m_workspace.campaigns.prepend(newCampaign(body->name.trimmed()));
-  return jsonAnswer(toJSON(m_workspace.campaigns.first().record), 201);
-}
-
-DemoCampaign CampaignDoor::newCampaign(const QString& name) {
+DemoCampaign newCampaign(Call& call, const QString& name) {
   DemoCampaign campaign;
-  campaign.record.id = m_context.random.id(u"c"_s);
-  campaign.record.number = ++m_workspace.lastNumber;
+  campaign.record.id = call.random.id(u"c"_s);
+  campaign.record.number = ++call.workspace->lastNumber;
   campaign.record.name = name;
   campaign.record.status = CampaignStatus(u"draft"_s);
-  campaign.record.createdAt = m_context.stamp();
+  campaign.record.createdAt = call.stamp();
   campaign.record.version = 1;
   campaign.record.tags.emplace();
   campaign.record.senders.emplace();
@@ -143,18 +73,56 @@ DemoCampaign CampaignDoor::newCampaign(const QString& name) {
   return campaign;
 }
 
-HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaign) {
-  const QByteArray match = request.headers.value("if-match");
+void giveFreshIds(QList<CampaignStep>& steps, DemoRandom& random) {
+  for (CampaignStep& step : steps) {
+    step.id = random.id(u"st"_s);
+    step.stats.reset();
+    for (CampaignVariant& variant : step.variants) {
+      variant.id = random.id(u"va"_s);
+      variant.stats.reset();
+    }
+  }
+}
+
+void purge(DemoWorkspace& workspace, const QDateTime& now) {
+  workspace.campaigns.removeIf([&now](const DemoCampaign& campaign) { return isOverdue(campaign.archivedAt, now); });
+}
+
+/// Subsequences are listed with their parent, not here; deleted ones wait in the archive like all others.
+HTTPAnswer list(Call& call) {
+  purge(*call.workspace, call.now);
+  const bool archived = call.request.isSet(u"archived"_s);
+  CampaignList list;
+  list.archivedCount = 0;
+  for (const DemoCampaign& campaign : std::as_const(call.workspace->campaigns)) {
+    if (campaign.archivedAt) ++*list.archivedCount;
+    if (campaign.archivedAt.has_value() != archived || (!archived && campaign.record.parent)) continue;
+    list.items.append(campaign.summary());
+  }
+  return jsonAnswer(toJSON(list));
+}
+
+HTTPAnswer get(Call& call, DemoCampaign& campaign) { return campaignAnswer(call, campaign); }
+
+HTTPAnswer create(Call& call) {
+  const auto body = call.request.bodyAs<CreateCampaignBody>();
+  if (!body || body->name.trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
+  call.workspace->campaigns.prepend(newCampaign(call, body->name.trimmed()));
+  return campaignAnswer(call, call.workspace->campaigns.first(), 201);
+}
+
+HTTPAnswer patch(Call& call, DemoCampaign& campaign) {
+  const QByteArray match = call.request.headers.value("if-match");
   if (!match.isEmpty() && match != '"' + QByteArray::number(campaign.record.version.value_or(0)) + '"')
     return problemAnswer(409, u"version_conflict"_s, u"Someone changed this campaign meanwhile"_s,
                          u"What is shown now is the latest; make your change again."_s);
-  const auto patch = bodyOf<CampaignPatch>(request);
+  const auto patch = call.request.bodyAs<CampaignPatch>();
   if (!patch) return invalid(u"This change can’t be read."_s, {});
   if (patch->name && patch->name->trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
   Campaign& record = campaign.record;
   if (patch->senderMailboxIds || (patch->settings && patch->settings->senderTags)) {
     const auto& options = patch->settings && patch->settings->senderTags ? patch->settings : record.settings;
-    const auto senders = sendersOf(m_workspace, patch->senderMailboxIds.value_or(pickedIdsOf(campaign)),
+    const auto senders = sendersOf(*call.workspace, patch->senderMailboxIds.value_or(pickedIdsOf(campaign)),
                                    senderTagsOf(options.value_or(CampaignOptions())));
     if (!senders) return invalid(u"One of these inboxes is no longer there."_s, u"senderMailboxIds"_s);
     record.senders = senders;
@@ -168,49 +136,54 @@ HTTPAnswer CampaignDoor::patch(const DemoRequest& request, DemoCampaign& campaig
   take(record.tags, patch->tags);
   take(record.trigger, patch->trigger);
   if (record.qc) record.qc->current = false;
-  return changed(campaign);
+  return changedAnswer(call, campaign);
 }
 
-HTTPAnswer CampaignDoor::launch(const DemoRequest& request, DemoCampaign& campaign) {
+HTTPAnswer launch(Call& call, DemoCampaign& campaign) {
   Campaign& record = campaign.record;
   const bool resumes = record.launchedAt.has_value();
   if (campaign.archivedAt) return problemAnswer(409, u"archived"_s, u"Restore this campaign first"_s);
-  if (record.status.isRunning()) return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
-  const Qc qc = SequenceDoor(m_context, campaign).check();
+  if (record.status.isRunning())
+    return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
+  const Qc qc = checkOf(campaign, call.now);
   for (const QcCheck& check : qc.checks) {
     // What has been sent from before may go on: its leads may be through, its senders may be waited for.
     if (check.status == "fail"_L1 && !(resumes && check.key != "senders"_L1))
       return problemAnswer(422, u"not_ready"_s, u"Not ready to send"_s, check.detail);
   }
-  const auto body = bodyOf<LaunchBody>(request);
+  const auto body = call.request.bodyAs<LaunchBody>();
   if (!resumes && !(body && body->confirmExternal) && qc.external && qc.external->count > 0)
     return problemAnswer(409, u"external_unconfirmed"_s, u"This campaign writes to real people"_s,
                          u"Open the campaign and launch it there."_s);
   record.status = CampaignStatus(u"running"_s);
-  if (!resumes) record.launchedAt = m_context.stamp();
+  if (!resumes) record.launchedAt = call.stamp();
   record.pausedAt.reset();
-  const QString first = formatPlatformDate(m_context.now.addSecs(firstEmailAfterSeconds));
+  const QString first = formatPlatformDate(call.now.addSecs(firstEmailAfterSeconds));
   for (CampaignLead& lead : campaign.leads)
     if (lead.status.isQueued() && !lead.nextSendAt) lead.nextSendAt = first;
   changeLeads(campaign, u"paused"_s, u"active"_s);
   changeLeads(campaign, u"queued"_s, u"active"_s);
-  record.lastPlan = Campaign::Plan{m_context.stamp(), campaign.stats().leads.active, {}};
-  note(resumes ? u"resumed"_s : u"launched"_s, campaign);
-  return changed(campaign);
+  record.lastPlan = Campaign::Plan{call.stamp(), campaign.stats().leads.active, {}};
+  note(campaign, resumes ? u"resumed"_s : u"launched"_s, call.now);
+  return changedAnswer(call, campaign);
 }
 
-HTTPAnswer CampaignDoor::pause(DemoCampaign& campaign) {
-  Campaign& record = campaign.record;
-  if (!record.status.isRunning()) return problemAnswer(409, u"not_running"_s, u"This campaign isn’t running"_s);
-  record.status = CampaignStatus(u"paused"_s);
-  record.pausedAt = m_context.stamp();
+void stopSending(DemoCampaign& campaign, const Call& call) {
+  campaign.record.status = CampaignStatus(u"paused"_s);
+  campaign.record.pausedAt = call.stamp();
   changeLeads(campaign, u"active"_s, u"paused"_s);
-  note(u"paused"_s, campaign);
-  return changed(campaign);
+  note(campaign, u"paused"_s, call.now);
 }
 
-HTTPAnswer CampaignDoor::duplicate(const DemoCampaign& campaign) {
-  DemoCampaign copy = newCampaign(campaign.record.name + u" (copy)"_s);
+HTTPAnswer pause(Call& call, DemoCampaign& campaign) {
+  if (!campaign.record.status.isRunning())
+    return problemAnswer(409, u"not_running"_s, u"This campaign isn’t running"_s);
+  stopSending(campaign, call);
+  return changedAnswer(call, campaign);
+}
+
+HTTPAnswer duplicate(Call& call, DemoCampaign& campaign) {
+  DemoCampaign copy = newCampaign(call, campaign.record.name + u" (copy)"_s);
   const Campaign fresh = std::exchange(copy.record, campaign.record);
   copy.record.id = fresh.id;
   copy.record.number = fresh.number;
@@ -222,46 +195,33 @@ HTTPAnswer CampaignDoor::duplicate(const DemoCampaign& campaign) {
   for (auto* instant : {&copy.record.launchedAt, &copy.record.pausedAt, &copy.record.completedAt}) instant->reset();
   copy.record.qc.reset();
   copy.record.lastPlan.reset();
-  giveFreshIds(copy.steps());
-  m_workspace.campaigns.prepend(copy);
-  return jsonAnswer(toJSON(copy.record), 201);
+  giveFreshIds(copy.steps(), call.random);
+  call.workspace->campaigns.prepend(copy);
+  return campaignAnswer(call, copy, 201);
 }
 
-void CampaignDoor::giveFreshIds(QList<CampaignStep>& steps) {
-  for (CampaignStep& step : steps) {
-    step.id = m_context.random.id(u"st"_s);
-    step.stats.reset();
-    for (CampaignVariant& variant : step.variants) {
-      variant.id = m_context.random.id(u"va"_s);
-      variant.stats.reset();
-    }
+HTTPAnswer remove(Call& call, DemoCampaign& campaign) {
+  if (call.request.isSet(u"permanent"_s)) {
+    call.workspace->campaigns.removeIf([id = campaign.record.id](const DemoCampaign& other) {
+      return other.record.id == id || (other.record.parent && other.record.parent->id == id);
+    });
+  } else if (!campaign.archivedAt) {
+    if (campaign.record.status.isRunning()) stopSending(campaign, call);
+    campaign.archivedAt = call.stamp();
+    giveNextVersion(campaign);
   }
-}
-
-HTTPAnswer CampaignDoor::archive(DemoCampaign& campaign) {
-  if (campaign.archivedAt) return emptyAnswer();
-  if (campaign.record.status.isRunning()) pause(campaign);
-  campaign.archivedAt = m_context.stamp();
-  changed(campaign);
   return emptyAnswer();
 }
 
-HTTPAnswer CampaignDoor::remove(const QString& id) {
-  m_workspace.campaigns.removeIf([&id](const DemoCampaign& campaign) {
-    return campaign.record.id == id || (campaign.record.parent && campaign.record.parent->id == id);
-  });
-  return emptyAnswer();
-}
-
-HTTPAnswer CampaignDoor::restore(DemoCampaign& campaign) {
+HTTPAnswer restore(Call& call, DemoCampaign& campaign) {
   if (!campaign.archivedAt) return problemAnswer(409, u"not_archived"_s, u"This campaign isn’t archived"_s);
   campaign.archivedAt.reset();
-  return changed(campaign);
+  return changedAnswer(call, campaign);
 }
 
-HTTPAnswer CampaignDoor::subsequences(const DemoCampaign& parent) const {
+HTTPAnswer subsequences(Call& call, DemoCampaign& parent) {
   SubsequenceList list;
-  for (const DemoCampaign& campaign : std::as_const(m_workspace.campaigns)) {
+  for (const DemoCampaign& campaign : std::as_const(call.workspace->campaigns)) {
     if (campaign.archivedAt || !campaign.record.parent || campaign.record.parent->id != parent.record.id) continue;
     const CampaignSummary row = campaign.summary();
     list.items.append({row.id, row.number, row.name, row.status, campaign.record.trigger, row.steps, row.leads,
@@ -270,11 +230,11 @@ HTTPAnswer CampaignDoor::subsequences(const DemoCampaign& parent) const {
   return jsonAnswer(toJSON(list));
 }
 
-HTTPAnswer CampaignDoor::createSubsequence(const DemoRequest& request, const DemoCampaign& parent) {
-  const auto body = bodyOf<SubsequenceBody>(request);
+HTTPAnswer createSubsequence(Call& call, DemoCampaign& parent) {
+  const auto body = call.request.bodyAs<SubsequenceBody>();
   if (!body || body->name.trimmed().isEmpty()) return invalid(u"Name is required."_s, u"name"_s);
   if (body->trigger.labels.isEmpty()) return invalid(u"Pick at least one label."_s, u"trigger.labels"_s);
-  DemoCampaign campaign = newCampaign(body->name.trimmed());
+  DemoCampaign campaign = newCampaign(call, body->name.trimmed());
   campaign.record.parent = Campaign::Parent{parent.record.id, parent.record.number, parent.record.name};
   campaign.record.trigger = body->trigger;
   campaign.record.senders = parent.record.senders;
@@ -283,33 +243,58 @@ HTTPAnswer CampaignDoor::createSubsequence(const DemoRequest& request, const Dem
   campaign.record.dailyCapPerInbox = parent.record.dailyCapPerInbox;
   campaign.record.gapSeconds = parent.record.gapSeconds;
   campaign.record.stopOnReply = parent.record.stopOnReply;
-  const CampaignVariant variant{m_context.random.id(u"va"_s), u"A"_s, {}, {}, 100, true, {}};
-  campaign.steps().append({m_context.random.id(u"st"_s), 1, 0, true, {variant}, {}});
-  m_workspace.campaigns.append(campaign);
-  return jsonAnswer(toJSON(campaign.record), 201);
+  const CampaignVariant variant{call.random.id(u"va"_s), u"A"_s, {}, {}, 100, true, {}};
+  campaign.steps().append({call.random.id(u"st"_s), 1, 0, true, {variant}, {}});
+  call.workspace->campaigns.append(campaign);
+  return campaignAnswer(call, campaign, 201);
 }
 
-HTTPAnswer CampaignDoor::activity(const DemoRequest& request, DemoCampaign& campaign) const {
-  enrol(campaign, m_context.now);
-  const auto page = feedOf(campaign, limitOf(request), request.query.queryItemValue(u"cursor"_s));
+HTTPAnswer activity(Call& call, DemoCampaign& campaign) {
+  enrol(campaign, call.now);
+  const auto page = feedOf(campaign, call.request.limit(mostPerPage), call.request.value(u"cursor"_s));
   return page ? jsonAnswer(toJSON(*page)) : invalid(u"This page is gone. Load the feed again."_s, u"cursor"_s);
 }
 
-HTTPAnswer CampaignDoor::messages(const DemoRequest& request, DemoCampaign& campaign) const {
-  enrol(campaign, m_context.now);
-  return jsonAnswer(toJSON(messagesOf(campaign, limitOf(request))));
+HTTPAnswer messages(Call& call, DemoCampaign& campaign) {
+  enrol(campaign, call.now);
+  return jsonAnswer(toJSON(messagesOf(campaign, call.request.limit(mostPerPage))));
 }
 
-void CampaignDoor::note(const QString& kind, DemoCampaign& campaign) {
-  FeedItem item;
-  item.kind = kind;
-  item.at = m_context.stamp();
-  campaign.events.append(item);
+}  // namespace
+
+DemoCampaign* findCampaign(Call& call) {
+  purge(*call.workspace, call.now);
+  return call.workspace->find(call.ids.first());
 }
 
-void CampaignDoor::purge() {
-  m_workspace.campaigns.removeIf(
-      [this](const DemoCampaign& campaign) { return isOverdue(campaign.archivedAt, m_context.now); });
+HTTPAnswer campaignAnswer(const Call& call, const DemoCampaign& campaign, int status) {
+  Campaign record = campaign.record;
+  if (record.senders) tellTodaysSends(*record.senders, *call.workspace, call.now);
+  return jsonAnswer(toJSON(record), status);
+}
+
+HTTPAnswer changedAnswer(const Call& call, DemoCampaign& campaign) {
+  giveNextVersion(campaign);
+  return campaignAnswer(call, campaign);
+}
+
+const QList<Route>& campaignRoutes() {
+  static const QList<Route> routes{
+      {"GET", u"/campaigns"_s, Access::readers, list},
+      {"POST", u"/campaigns"_s, Access::members, create},
+      {"GET", u"/campaigns/{id}"_s, Access::readers, onCampaign<get>},
+      {"PATCH", u"/campaigns/{id}"_s, Access::members, onCampaign<patch>},
+      {"DELETE", u"/campaigns/{id}"_s, Access::members, onCampaign<remove>},
+      {"POST", u"/campaigns/{id}/launch"_s, Access::members, onCampaign<launch>},
+      {"POST", u"/campaigns/{id}/pause"_s, Access::members, onCampaign<pause>},
+      {"POST", u"/campaigns/{id}/duplicate"_s, Access::members, onCampaign<duplicate>},
+      {"POST", u"/campaigns/{id}/restore"_s, Access::members, onCampaign<restore>},
+      {"GET", u"/campaigns/{id}/subsequences"_s, Access::readers, onCampaign<subsequences>},
+      {"POST", u"/campaigns/{id}/subsequences"_s, Access::members, onCampaign<createSubsequence>},
+      {"GET", u"/campaigns/{id}/activity"_s, Access::readers, onCampaign<activity>},
+      {"GET", u"/campaigns/{id}/messages"_s, Access::readers, onCampaign<messages>},
+  };
+  return routes;
 }
 
 }  // namespace orv::demo

@@ -1,42 +1,24 @@
 #pragma once
 
-#include "demo/Door.h"
-#include "kit/models/campaigns/sequence.h"
+#include "demo/Routes.h"
 
 namespace orv::demo {
 
-/// The requests about one workspace's campaigns. Those about a campaign's emails and leads have doors of their own
-/// behind this one.
-class CampaignDoor {
- public:
-  explicit CampaignDoor(DoorContext context) : m_context(std::move(context)), m_workspace(m_context.workspace) {}
+constexpr qint64 mostPerPage = 500;
 
-  /// `parts` is the path below the workspace. Nothing when there is no such call.
-  std::optional<HTTPAnswer> answer(const DemoRequest& request, const QStringList& parts);
+/// The call's campaign, or nothing when it is not there, or no longer.
+DemoCampaign* findCampaign(Call& call);
 
- private:
-  std::optional<HTTPAnswer> one(const DemoRequest& request, DemoCampaign& campaign, const QStringList& below);
-  HTTPAnswer list(bool archived) const;
-  HTTPAnswer create(const DemoRequest& request);
-  HTTPAnswer patch(const DemoRequest& request, DemoCampaign& campaign);
-  HTTPAnswer launch(const DemoRequest& request, DemoCampaign& campaign);
-  HTTPAnswer pause(DemoCampaign& campaign);
-  HTTPAnswer duplicate(const DemoCampaign& campaign);
-  HTTPAnswer archive(DemoCampaign& campaign);
-  HTTPAnswer remove(const QString& id);
-  HTTPAnswer restore(DemoCampaign& campaign);
-  HTTPAnswer subsequences(const DemoCampaign& parent) const;
-  HTTPAnswer createSubsequence(const DemoRequest& request, const DemoCampaign& parent);
-  HTTPAnswer activity(const DemoRequest& request, DemoCampaign& campaign) const;
-  HTTPAnswer messages(const DemoRequest& request, DemoCampaign& campaign) const;
+/// As an answer, with what its senders did today.
+HTTPAnswer campaignAnswer(const Call& call, const DemoCampaign& campaign, int status = 200);
+/// The campaign as it now is, under its next version.
+HTTPAnswer changedAnswer(const Call& call, DemoCampaign& campaign);
 
-  DemoCampaign newCampaign(const QString& name);
-  void giveFreshIds(QList<CampaignStep>& steps);
-  void note(const QString& kind, DemoCampaign& campaign);
-  void purge();
-
-  DoorContext m_context;
-  DemoWorkspace& m_workspace;
-};
+/// Answers calls about one campaign: it is the first of their ids.
+template <HTTPAnswer (*answer)(Call&, DemoCampaign&)>
+HTTPAnswer onCampaign(Call& call) {
+  DemoCampaign* campaign = findCampaign(call);
+  return campaign ? answer(call, *campaign) : notFound(QStringLiteral("This campaign no longer exists"));
+}
 
 }  // namespace orv::demo

@@ -3,7 +3,7 @@
 #include <QTimeZone>
 #include <array>
 
-#include "demo/Door.h"
+#include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaignSender.h"
 #include "kit/models/campaigns/campaignStats.h"
 
@@ -37,6 +37,21 @@ Figures after(qint64 sent, const CampaignStats& stats) {
   return figures;
 }
 
+std::optional<QDateTime> instantOf(const std::optional<QString>& stamp) {
+  return stamp ? parsePlatformDate(*stamp) : std::nullopt;
+}
+
+/// Whether the campaign can have sent anything since that day: asked of very many, so that dates are told by their
+/// text.
+bool maySendSince(const DemoCampaign& campaign, const QDate& day) {
+  if (!campaign.record.launchedAt) return false;
+  // Elsewhere on earth that day may begin a day sooner.
+  const QString since = day.addDays(-1).toString(Qt::ISODate);
+  const auto& paused = campaign.record.pausedAt;
+  const auto& completed = campaign.record.completedAt;
+  return (!paused || *paused >= since) && (!completed || *completed >= since);
+}
+
 /// How the emails of a campaign fall on the days since its launch: on some more than on others, on weekends few.
 class SendingDays {
  public:
@@ -64,10 +79,6 @@ class SendingDays {
   }
 
  private:
-  static std::optional<QDateTime> instantOf(const std::optional<QString>& stamp) {
-    return stamp ? parsePlatformDate(*stamp) : std::nullopt;
-  }
-
   const CampaignStats& m_stats;
   QDate m_start;
   /// Of all days up to each.
@@ -136,7 +147,7 @@ RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const 
   if (!filter.mailbox.isEmpty() || !filter.tag.isEmpty()) counted = countedMailboxes(workspace, filter);
   const QDate today = dayIn(workspace, now);
   for (const DemoCampaign& campaign : workspace.campaigns) {
-    if (isOverdue(campaign.archivedAt, now)) continue;
+    if (!maySendSince(campaign, from) || isOverdue(campaign.archivedAt, now)) continue;
     if (!filter.campaign.isEmpty() && campaign.record.id != filter.campaign) continue;
     const Figures all = addCampaign(figures, workspace, campaign, counted, today);
     if (all.sent == 0) continue;
@@ -144,6 +155,16 @@ RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const 
     figures.totals += all;
   }
   return figures;
+}
+
+QHash<QString, qint64> sentTodayBy(const DemoWorkspace& workspace, const QDateTime& now) {
+  const QDate day = dayIn(workspace, now);
+  const auto accounts = figuresOf(workspace, day, day, {}, now).accounts;
+  QHash<QString, qint64> sent;
+  // Campaigns made up by the hundred may want more of a mailbox than it gives.
+  for (const DemoMailbox& mailbox : workspace.mailboxes)
+    sent.insert(mailbox.id, std::min(mailbox.dailyCap, accounts.value(mailbox.id).sent));
+  return sent;
 }
 
 QDateTime localTimeIn(const DemoWorkspace& workspace, const QDateTime& instant) {

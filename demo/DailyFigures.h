@@ -38,6 +38,9 @@ struct RangeFigures {
 RangeFigures figuresOf(const DemoWorkspace& workspace, const QDate& from, const QDate& to, const FigureFilter& filter,
                        const QDateTime& now);
 
+/// Today's emails by mailbox.
+QHash<QString, qint64> sentTodayBy(const DemoWorkspace& workspace, const QDateTime& now);
+
 /// The instant in the workspace's time zone, and its day there.
 QDateTime localTimeIn(const DemoWorkspace& workspace, const QDateTime& instant);
 QDate dayIn(const DemoWorkspace& workspace, const QDateTime& instant);

@@ -4,7 +4,9 @@
 #include <QHash>
 #include <QMap>
 #include <QSet>
+#include <functional>
 
+#include "demo/DemoRandom.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignFeed.h"
 #include "kit/models/campaigns/campaignLead.h"
@@ -97,12 +99,36 @@ struct DemoAccount {
   std::optional<QString> lastWorkspace;
 };
 
+/// Sent by email to sign in with.
+struct SentCode {
+  QString code;
+  QDateTime sentAt;
+  int triesLeft = 5;
+};
+
+struct GoogleGrant {
+  QString email;
+  QString challenge;
+};
+
 struct DemoState {
+  /// By email.
   QMap<QString, DemoAccount> accounts;
+  /// By email.
+  QHash<QString, SentCode> codes;
+  /// Whose, by token.
+  QHash<QString, QString> sessions;
+  /// By the code that is exchanged.
+  QHash<QString, GoogleGrant> googleGrants;
   QList<DemoWorkspace> workspaces;
+
+  std::function<void(const QString& email, const QString& code)> sendCode;
 
   DemoWorkspace* find(const QString& slug);
 };
+
+/// Whether what was archived at that instant has waited long enough to go for good.
+bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now);
 
 /// How much of everything there is, at least; what the sample has by hand is always there.
 struct DemoScale {
@@ -113,24 +139,5 @@ struct DemoScale {
 
 /// The sample: the same seed, scale and day give the same bytes.
 DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today);
-
-/// A small generator of our own, because the standard's distributions differ between libraries.
-class DemoRandom {
- public:
-  explicit DemoRandom(quint64 seed) : m_state(seed) {}
-  quint64 next();
-  /// From 0 to bound - 1.
-  qint64 below(qint64 bound) { return bound > 0 ? qint64(next() % quint64(bound)) : 0; }
-  qint64 between(qint64 low, qint64 high) { return low + below(high - low + 1); }
-  bool chance(double probability) { return double(next() >> 11) * 0x1.0p-53 < probability; }
-  template <class List>
-  const auto& pick(const List& list) {
-    return list[below(qint64(list.size()))];
-  }
-  QString id(const QString& prefix);
-
- private:
-  quint64 m_state;
-};
 
 }  // namespace orv::demo

@@ -4,6 +4,7 @@
 #include <boost/mp11/algorithm.hpp>
 
 #include "demo/Words.h"
+#include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignStats.h"
 #include "kit/models/campaigns/leadStatus.h"
@@ -31,6 +32,14 @@ QStringList shuffledStatuses(const LeadCounts& counts, DemoRandom& random) {
   return statuses;
 }
 
+/// When the last email can have gone out.
+QDateTime lastSend(const Campaign& record, const QDateTime& now) {
+  QDateTime last = now;
+  for (const auto* stopped : {&record.pausedAt, &record.completedAt})
+    if (const auto at = *stopped ? parsePlatformDate(**stopped) : std::nullopt) last = std::min(last, *at);
+  return last;
+}
+
 /// Gives the lead the past that its status stands for.
 void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTime& now, DemoRandom& random) {
   const Campaign& record = campaign.record;
@@ -44,9 +53,10 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
   if (!campaign.senders().isEmpty()) lead.senderAddress = random.pick(campaign.senders()).address;
   const qint64 step = status == "completed"_L1 ? steps : random.between(1, steps);
   lead.currentStep = step;
-  const qint64 seconds = std::max<qint64>(1, launched->secsTo(now));
+  const QDateTime end = lastSend(record, now);
+  const qint64 seconds = std::max<qint64>(1, launched->secsTo(end));
   const QDateTime first = launched->addSecs(random.below(seconds));
-  const QDateTime last = step == 1 ? first : first.addSecs(random.below(first.secsTo(now) + 1));
+  const QDateTime last = step == 1 ? first : first.addSecs(random.below(first.secsTo(end) + 1));
   lead.firstSentAt = formatPlatformDate(first);
   lead.lastSentAt = formatPlatformDate(last);
   if (status == "replied"_L1) {
@@ -59,11 +69,6 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
 }
 
 }  // namespace
-
-bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
-  const auto archived = archivedAt ? parsePlatformDate(*archivedAt) : std::nullopt;
-  return archived && archived->addDays(archiveDays) <= now;
-}
 
 void enrol(DemoCampaign& campaign, const QDateTime& now) {
   if (std::exchange(campaign.enrolled, true)) return;
@@ -86,7 +91,7 @@ void recount(DemoCampaign& campaign) {
     if (lead.removedAt) continue;
     ++found[lead.status.rawValue];
     ++counts.total;
-    booked += lead.status.isActive() && lead.nextSendAt;
+    booked += isBooked(lead);
   }
   forEachStatus(counts, [&found](const QString& word, qint64& count) { count = found.value(word); });
   campaign.stats().leads = counts;
@@ -111,6 +116,10 @@ QString openStatus(const DemoCampaign& campaign) {
   const QString status = campaign.record.status.rawValue;
   if (status == "running"_L1) return u"active"_s;
   return status == "paused"_L1 ? u"paused"_s : u"queued"_s;
+}
+
+bool isBooked(const CampaignLead& lead) {
+  return lead.nextSendAt && lead.status.isActive() && !lead.removedAt;
 }
 
 CampaignLead makePerson(DemoRandom& random, qint64 number) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "demo/Door.h"
-#include "kit/models/campaigns/campaignLead.h"
+#include "demo/DemoState.h"
 
 namespace orv::demo {
 
@@ -16,6 +15,9 @@ void recount(DemoCampaign& campaign);
 void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to);
 /// The status that a lead has which is neither through the sequence nor held back.
 QString openStatus(const DemoCampaign& campaign);
+
+/// Whether an email to the lead has its time.
+bool isBooked(const CampaignLead& lead);
 
 /// A person that is enrolled nowhere yet; `number` keeps the address apart from all others of the same generator.
 CampaignLead makePerson(DemoRandom& random, qint64 number);

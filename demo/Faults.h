@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QList>
 #include <QStringList>
 #include <chrono>
 #include <optional>
 
-#include "demo/DemoState.h"
+#include "demo/DemoRandom.h"
 
 namespace orv::demo {
 

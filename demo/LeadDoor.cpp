@@ -1,7 +1,6 @@
-#include "demo/LeadDoor.h"
-
 #include <QRegularExpression>
 
+#include "demo/CampaignDoor.h"
 #include "demo/Enrolment.h"
 #include "demo/LeadSource.h"
 #include "demo/Timeline.h"
@@ -15,52 +14,91 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-constexpr qint64 mostPerPage = 500;
-
 bool looksLikeAddress(const QString& email) {
   static const QRegularExpression pattern(uR"(\A[^\s@]+@[^\s@]+\.[^\s@]+\z)"_s);
   return pattern.match(email).hasMatch();
 }
 
-}  // namespace
-
-std::optional<HTTPAnswer> LeadDoor::answer(const DemoRequest& request, const QStringList& parts) {
-  if (parts.value(0) != "leads"_L1) return std::nullopt;
-  enrol(m_campaign, m_context.now);
-  purge();
-  const QString call = QString::fromLatin1(request.method) + u' ' + parts.mid(1).join(u'/');
-  if (call == "GET "_L1) return list(request);
-  if (call == "POST "_L1) return add(request);
-  if (call == "POST restore"_L1) return restore(request);
-  if (call == "POST move"_L1) return move(request);
-  if (call == "POST bulk"_L1) return bulk(request);
-  if (parts.size() != 2) return std::nullopt;
-  CampaignLead* lead = findLead(m_campaign, parts[1]);
-  if (!lead) return problemAnswer(404, u"not_found"_s, u"This lead is no longer in the campaign"_s);
-  return one(request, *lead);
+/// False when the action means nothing for this lead.
+bool act(const Call& call, DemoCampaign& campaign, const QString& action, CampaignLead& lead) {
+  if (lead.removedAt) return false;
+  const QString status = lead.status.rawValue;
+  const bool open = status == "active"_L1 || status == "queued"_L1;
+  if (action == "remove"_L1)
+    lead.removedAt = call.stamp();
+  else if (action == "pause"_L1 && open)
+    lead.status = LeadStatus(u"paused"_s);
+  else if (action == "resume"_L1 && status == "paused"_L1 && !campaign.record.status.isPaused())
+    lead.status = LeadStatus(openStatus(campaign));
+  else if (action == "stop"_L1 && (open || status == "paused"_L1)) {
+    lead.status = LeadStatus(u"stopped"_s);
+    lead.stopReason = u"manual"_s;
+  } else {
+    return false;
+  }
+  if (!lead.status.isActive()) lead.nextSendAt.reset();
+  note(campaign, action, call.now, &lead);
+  return true;
 }
 
-std::optional<HTTPAnswer> LeadDoor::one(const DemoRequest& request, CampaignLead& lead) {
-  if (request.method == "GET") return detail(lead);
-  if (request.method == "PATCH") return edit(request, lead);
-  if (request.method == "DELETE") return remove(lead, request.query.queryItemValue(u"permanent"_s) == "1"_L1);
-  return std::nullopt;
+QSet<QString> addressesElsewhere(const DemoWorkspace& workspace, const DemoCampaign& campaign) {
+  QSet<QString> addresses;
+  for (const DemoCampaign& other : workspace.campaigns)
+    if (other.record.id != campaign.record.id) addresses.unite(addressesIn(other));
+  return addresses;
 }
+
+void enter(const Call& call, DemoCampaign& campaign, CampaignLead lead) {
+  lead.status = LeadStatus(openStatus(campaign));
+  lead.enrolledAt = call.stamp();
+  campaign.leads.append(lead);
+  note(campaign, u"added"_s, call.now, &lead);
+}
+
+/// After any change to who is in the campaign or how far they are.
+void settle(DemoCampaign& campaign) {
+  recount(campaign);
+  if (campaign.record.qc) campaign.record.qc->current = false;
+}
+
+/// Makes the leads where there are none yet and lets go of those that have waited long enough in the archive.
+void prepare(DemoCampaign& campaign, const QDateTime& now) {
+  enrol(campaign, now);
+  const auto gone = [&now](const CampaignLead& lead) { return isOverdue(lead.removedAt, now); };
+  if (campaign.leads.removeIf(gone) > 0) recount(campaign);
+}
+
+template <HTTPAnswer (*answer)(Call&, DemoCampaign&)>
+HTTPAnswer prepared(Call& call, DemoCampaign& campaign) {
+  prepare(campaign, call.now);
+  return answer(call, campaign);
+}
+
+template <HTTPAnswer (*answer)(Call&, DemoCampaign&)>
+constexpr auto onLeads = onCampaign<prepared<answer>>;
+
+template <HTTPAnswer (*answer)(Call&, DemoCampaign&, CampaignLead&)>
+HTTPAnswer found(Call& call, DemoCampaign& campaign) {
+  CampaignLead* lead = findLead(campaign, call.ids[1]);
+  return lead ? answer(call, campaign, *lead) : notFound(u"This lead is no longer in the campaign"_s);
+}
+
+template <HTTPAnswer (*answer)(Call&, DemoCampaign&, CampaignLead&)>
+constexpr auto onLead = onLeads<found<answer>>;
 
 /// The cursor is the last lead given, so that leads added or removed between two pages shift nothing.
-HTTPAnswer LeadDoor::list(const DemoRequest& request) const {
-  const qint64 limit = std::clamp<qint64>(request.query.queryItemValue(u"limit"_s).toLongLong(), 1, mostPerPage);
-  const QString status = request.query.queryItemValue(u"status"_s);
-  const QString cursor = request.query.queryItemValue(u"cursor"_s, QUrl::FullyDecoded);
-  const bool archived = request.query.queryItemValue(u"archived"_s) == "1"_L1;
-  if (!cursor.isEmpty() && !findLead(m_campaign, cursor))
+HTTPAnswer list(Call& call, DemoCampaign& campaign) {
+  const qint64 limit = call.request.limit(mostPerPage);
+  const QString status = call.request.value(u"status"_s), cursor = call.request.value(u"cursor"_s);
+  const bool archived = call.request.isSet(u"archived"_s);
+  if (!cursor.isEmpty() && !findLead(campaign, cursor))
     return invalid(u"This page is gone. Load the list again."_s, u"cursor"_s);
 
   LeadPage page;
   page.counts.emplace();
   page.archivedCount = 0;
   bool reached = cursor.isEmpty();
-  for (const CampaignLead& lead : std::as_const(m_campaign.leads)) {
+  for (const CampaignLead& lead : std::as_const(campaign.leads)) {
     const bool wasReached = std::exchange(reached, reached || lead.id == cursor);
     if (lead.removedAt) ++*page.archivedCount;
     if (lead.removedAt.has_value() != archived) continue;
@@ -74,13 +112,13 @@ HTTPAnswer LeadDoor::list(const DemoRequest& request) const {
   return jsonAnswer(toJSON(page));
 }
 
-HTTPAnswer LeadDoor::add(const DemoRequest& request) {
-  auto source = readSource(m_context, request.body);
+HTTPAnswer add(Call& call, DemoCampaign& campaign) {
+  auto source = readSource(call);
   if (!source) return invalid(u"There is nobody to add here."_s, u"source"_s);
   AddLeadsResult result;
   result.columns = source->columns;
-  const QSet<QString> here = addressesIn(m_campaign),
-                      elsewhere = source->onlyNew ? addressesElsewhere() : QSet<QString>();
+  const QSet<QString> here = addressesIn(campaign),
+                      elsewhere = source->onlyNew ? addressesElsewhere(*call.workspace, campaign) : QSet<QString>();
   QSet<QString> seen;
   for (CampaignLead& lead : source->people) {
     lead.email = lead.email.trimmed().toLower();
@@ -91,7 +129,7 @@ HTTPAnswer LeadDoor::add(const DemoRequest& request) {
       ++skipped.invalid;
     else if (again)
       ++skipped.duplicateInFile;
-    else if (m_context.workspace.blocklist.contains(lead.email))
+    else if (call.workspace->blocklist.contains(lead.email))
       ++skipped.suppressed;
     else if (here.contains(lead.email))
       ++skipped.alreadyInCampaign;
@@ -99,27 +137,27 @@ HTTPAnswer LeadDoor::add(const DemoRequest& request) {
       ++skipped.inOtherCampaign;
     else {
       ++result.added;
-      enter(lead);
+      enter(call, campaign, lead);
     }
   }
-  settle();
-  result.total = m_campaign.stats().leads.total;
+  settle(campaign);
+  result.total = campaign.stats().leads.total;
   return jsonAnswer(toJSON(result));
 }
 
-HTTPAnswer LeadDoor::detail(const CampaignLead& lead) const {
+HTTPAnswer detail(Call&, DemoCampaign& campaign, CampaignLead& lead) {
   LeadDetail detail;
   detail.lead = lead;
-  const qint64 steps = m_campaign.steps().size();
+  const qint64 steps = campaign.steps().size();
   detail.steps = steps;
   const qint64 next = lead.currentStep.value_or(0) + 1;
   if (lead.status.isActive() && next <= steps) detail.next = {next, lead.nextSendAt};
-  detail.activity = activityOf(m_campaign, lead);
+  detail.activity = activityOf(campaign, lead);
   return jsonAnswer(toJSON(detail));
 }
 
-HTTPAnswer LeadDoor::edit(const DemoRequest& request, CampaignLead& lead) {
-  const auto body = bodyOf<LeadPatchBody>(request);
+HTTPAnswer edit(Call& call, DemoCampaign&, CampaignLead& lead) {
+  const auto body = call.request.bodyAs<LeadPatchBody>();
   if (!body) return invalid(u"This change can’t be read."_s, u"data"_s);
   for (const auto& [name, value] : body->data.asKeyValueRange()) {
     // Another address is another person.
@@ -129,40 +167,39 @@ HTTPAnswer LeadDoor::edit(const DemoRequest& request, CampaignLead& lead) {
   return jsonAnswer(toJSON(lead));
 }
 
-HTTPAnswer LeadDoor::remove(CampaignLead& lead, bool permanent) {
-  if (permanent)
-    m_campaign.leads.removeIf([id = lead.id](const CampaignLead& other) { return other.id == id; });
+HTTPAnswer remove(Call& call, DemoCampaign& campaign, CampaignLead& lead) {
+  if (call.request.isSet(u"permanent"_s))
+    campaign.leads.removeIf([id = lead.id](const CampaignLead& other) { return other.id == id; });
   else
-    act(u"remove"_s, lead);
-  settle();
+    act(call, campaign, u"remove"_s, lead);
+  settle(campaign);
   return emptyAnswer();
 }
 
-HTTPAnswer LeadDoor::restore(const DemoRequest& request) {
-  const auto body = bodyOf<LeadIdsBody>(request);
+HTTPAnswer restore(Call& call, DemoCampaign& campaign) {
+  const auto body = call.request.bodyAs<LeadIdsBody>();
   if (!body) return invalid(u"Choose the leads to restore."_s, u"leadIds"_s);
   RestoredResult result;
   for (const QString& id : body->leadIds) {
-    CampaignLead* lead = findLead(m_campaign, id);
+    CampaignLead* lead = findLead(campaign, id);
     if (!lead || !std::exchange(lead->removedAt, std::nullopt)) continue;
-    note(u"restored"_s, *lead);
+    note(campaign, u"restored"_s, call.now, lead);
     ++result.restored;
   }
-  settle();
+  settle(campaign);
   return jsonAnswer(toJSON(result));
 }
 
-HTTPAnswer LeadDoor::move(const DemoRequest& request) {
-  const auto body = bodyOf<MoveLeadsBody>(request);
-  DemoCampaign* target = body ? m_context.workspace.find(body->toCampaignId) : nullptr;
-  if (!body || !target || target == &m_campaign || target->archivedAt)
+HTTPAnswer move(Call& call, DemoCampaign& campaign) {
+  const auto body = call.request.bodyAs<MoveLeadsBody>();
+  DemoCampaign* target = body ? call.workspace->find(body->toCampaignId) : nullptr;
+  if (!body || !target || target == &campaign || target->archivedAt)
     return invalid(u"Choose another campaign to move the leads to."_s, u"toCampaignId"_s);
-  enrol(*target, m_context.now);
-  LeadDoor there(m_context, *target);
+  enrol(*target, call.now);
   QSet<QString> taken = addressesIn(*target);
   MoveResult result;
   for (const QString& id : body->leadIds) {
-    const CampaignLead* found = findLead(m_campaign, id);
+    const CampaignLead* found = findLead(campaign, id);
     if (!found || found->removedAt || taken.contains(found->email)) {
       ++result.skipped;
       continue;
@@ -170,82 +207,43 @@ HTTPAnswer LeadDoor::move(const DemoRequest& request) {
     CampaignLead lead = *found;
     lead.currentStep.reset();
     lead.nextSendAt.reset();
-    m_campaign.leads.removeIf([&id](const CampaignLead& other) { return other.id == id; });
+    campaign.leads.removeIf([&id](const CampaignLead& other) { return other.id == id; });
     taken.insert(lead.email);
-    there.enter(lead);
+    enter(call, *target, lead);
     ++result.moved;
   }
-  settle();
-  there.settle();
+  settle(campaign);
+  settle(*target);
   return jsonAnswer(toJSON(result));
 }
 
-HTTPAnswer LeadDoor::bulk(const DemoRequest& request) {
+HTTPAnswer bulk(Call& call, DemoCampaign& campaign) {
   static const QStringList actions{u"pause"_s, u"resume"_s, u"stop"_s, u"remove"_s};
-  const auto body = bodyOf<BulkLeadsBody>(request);
+  const auto body = call.request.bodyAs<BulkLeadsBody>();
   if (!body || !actions.contains(body->action)) return invalid(u"Choose what to do with the leads."_s, u"action"_s);
   BulkResult result;
   for (const QString& id : body->leadIds) {
-    CampaignLead* lead = findLead(m_campaign, id);
-    ++(lead && act(body->action, *lead) ? result.changed : result.skipped);
+    CampaignLead* lead = findLead(campaign, id);
+    ++(lead && act(call, campaign, body->action, *lead) ? result.changed : result.skipped);
   }
-  settle();
+  settle(campaign);
   return jsonAnswer(toJSON(result));
 }
 
-/// False when the action means nothing for this lead.
-bool LeadDoor::act(const QString& action, CampaignLead& lead) {
-  if (lead.removedAt) return false;
-  const QString status = lead.status.rawValue;
-  const bool open = status == "active"_L1 || status == "queued"_L1;
-  if (action == "remove"_L1)
-    lead.removedAt = m_context.stamp();
-  else if (action == "pause"_L1 && open)
-    lead.status = LeadStatus(u"paused"_s);
-  else if (action == "resume"_L1 && status == "paused"_L1 && !m_campaign.record.status.isPaused())
-    lead.status = LeadStatus(openStatus(m_campaign));
-  else if (action == "stop"_L1 && (open || status == "paused"_L1)) {
-    lead.status = LeadStatus(u"stopped"_s);
-    lead.stopReason = u"manual"_s;
-  } else {
-    return false;
-  }
-  if (!lead.status.isActive()) lead.nextSendAt.reset();
-  note(action, lead);
-  return true;
-}
+}  // namespace
 
-QSet<QString> LeadDoor::addressesElsewhere() const {
-  QSet<QString> addresses;
-  for (const DemoCampaign& campaign : std::as_const(m_context.workspace.campaigns))
-    if (campaign.record.id != m_campaign.record.id) addresses.unite(addressesIn(campaign));
-  return addresses;
-}
-
-void LeadDoor::enter(CampaignLead lead) {
-  lead.status = LeadStatus(openStatus(m_campaign));
-  lead.enrolledAt = m_context.stamp();
-  m_campaign.leads.append(lead);
-  note(u"added"_s, lead);
-}
-
-void LeadDoor::note(const QString& kind, const CampaignLead& lead) {
-  FeedItem item;
-  item.kind = kind;
-  item.at = m_context.stamp();
-  item.lead = whoIs(lead);
-  m_campaign.events.append(item);
-}
-
-/// After any change to who is in the campaign or how far they are.
-void LeadDoor::settle() {
-  recount(m_campaign);
-  if (m_campaign.record.qc) m_campaign.record.qc->current = false;
-}
-
-void LeadDoor::purge() {
-  const auto gone = [this](const CampaignLead& lead) { return isOverdue(lead.removedAt, m_context.now); };
-  if (m_campaign.leads.removeIf(gone) > 0) recount(m_campaign);
+const QList<Route>& campaignLeadRoutes() {
+  static const QList<Route> routes{
+      {"GET", u"/campaigns/{id}/leads"_s, Access::readers, onLeads<list>},
+      {"POST", u"/campaigns/{id}/leads"_s, Access::members, onLeads<add>},
+      {"POST", u"/campaigns/{id}/leads/restore"_s, Access::members, onLeads<restore>},
+      {"POST", u"/campaigns/{id}/leads/move"_s, Access::members, onLeads<move>},
+      {"POST", u"/campaigns/{id}/leads/bulk"_s, Access::members, onLeads<bulk>},
+      {"GET", u"/campaigns/{id}/leads/{leadId}"_s, Access::readers, onLead<detail>},
+      {"PATCH", u"/campaigns/{id}/leads/{leadId}"_s, Access::members, onLead<edit>},
+      {"DELETE", u"/campaigns/{id}/leads/{leadId}"_s, Access::members, onLead<remove>},
+  };
+  return routes;
 }
 
 }  // namespace orv::demo

@@ -1,25 +1,17 @@
-#include "demo/LeadListDoor.h"
-
-#include "kit/models/campaigns/campaignLead.h"
+#include "demo/Routes.h"
 #include "kit/models/leads.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
+namespace {
 
-std::optional<HTTPAnswer> LeadListDoor::answer(const DemoRequest& request, const QStringList& parts) const {
-  const QString call = QString::fromLatin1(request.method) + u' ' + parts.join(u'/');
-  if (call == "GET lead-lists"_L1) return lists(request.query.queryItemValue(u"archived"_s) == "1"_L1);
-  if (call == "POST leads/own"_L1) return own(request);
-  return std::nullopt;
-}
-
-HTTPAnswer LeadListDoor::lists(bool archived) const {
+HTTPAnswer lists(Call& call) {
   LeadListPage page;
   // Nothing here deletes a list yet, so that none is archived.
-  if (archived) return jsonAnswer(toJSON(page));
-  const QString made = formatPlatformDate(m_context.now.addDays(-20));
-  for (const DemoLeadList& list : std::as_const(m_context.workspace.lists)) {
+  if (call.request.isSet(u"archived"_s)) return jsonAnswer(toJSON(page));
+  const QString made = formatPlatformDate(call.now.addDays(-20));
+  for (const DemoLeadList& list : std::as_const(call.workspace->lists)) {
     LeadList record{list.id, page.items.size() + 1, list.name, {}, list.people.size(), {}, made, made, {}};
     page.items.append(record);
   }
@@ -27,15 +19,26 @@ HTTPAnswer LeadListDoor::lists(bool archived) const {
 }
 
 /// A workspace's own leads are those of its lists.
-HTTPAnswer LeadListDoor::own(const DemoRequest& request) const {
-  const auto body = bodyOf<OwnLeadsBody>(request);
+HTTPAnswer own(Call& call) {
+  const auto body = call.request.bodyAs<OwnLeadsBody>();
   if (!body) return invalid(u"Say which leads."_s, u"leadIds"_s);
   OwnLeads own;
-  for (const DemoLeadList& list : std::as_const(m_context.workspace.lists))
+  for (const DemoLeadList& list : std::as_const(call.workspace->lists))
     for (const CampaignLead& lead : list.people)
       if (!body->leadIds || body->leadIds->contains(lead.id)) own.ids.append(lead.id);
   if (body->limit) own.ids.resize(std::clamp<qsizetype>(*body->limit, 0, own.ids.size()));
   return jsonAnswer(toJSON(own));
+}
+
+}  // namespace
+
+const QList<Route>& leadListRoutes() {
+  static const QList<Route> routes{
+      {"GET", u"/lead-lists"_s, Access::readers, lists},
+      // Asks which, and changes nothing.
+      {"POST", u"/leads/own"_s, Access::readers, own},
+  };
+  return routes;
 }
 
 }  // namespace orv::demo

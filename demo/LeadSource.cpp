@@ -34,14 +34,14 @@ QList<QStringList> readCsv(const QString& text) {
   return lines;
 }
 
-LeadSource fromCsv(const DoorContext& context, const AddLeadsBody::Csv& csv) {
+LeadSource fromCsv(Call& call, const AddLeadsBody::Csv& csv) {
   const auto lines = readCsv(csv.csv);
   LeadSource source;
   source.onlyNew = looksEverywhere(csv.dedupe);
   source.columns = lines.value(0);
   for (const QStringList& line : lines.mid(1)) {
     CampaignLead lead;
-    lead.id = context.random.id(u"l"_s);
+    lead.id = call.random.id(u"l"_s);
     lead.source = csv.fileName.value_or(u"csv"_s);
     for (qsizetype i = 0; i < std::min(line.size(), source.columns->size()); ++i)
       setLeadField(lead, source.columns->at(i), line[i]);
@@ -50,39 +50,39 @@ LeadSource fromCsv(const DoorContext& context, const AddLeadsBody::Csv& csv) {
   return source;
 }
 
-LeadSource fromHand(const DoorContext& context, const AddLeadsBody::Manual& manual) {
+LeadSource fromHand(Call& call, const AddLeadsBody::Manual& manual) {
   CampaignLead lead;
-  lead.id = context.random.id(u"l"_s);
+  lead.id = call.random.id(u"l"_s);
   lead.email = manual.email;
   lead.source = u"manual"_s;
   for (const auto& [name, value] : manual.data.asKeyValueRange()) setLeadField(lead, name, value);
   return {{lead}, {}, looksEverywhere(manual.dedupe)};
 }
 
-std::optional<LeadSource> fromList(const DoorContext& context, const AddLeadsBody::List& body) {
-  const auto list = std::ranges::find(context.workspace.lists, body.listId, &DemoLeadList::id);
-  if (list == context.workspace.lists.end()) return std::nullopt;
+std::optional<LeadSource> fromList(Call& call, const AddLeadsBody::List& body) {
+  const auto list = std::ranges::find(call.workspace->lists, body.listId, &DemoLeadList::id);
+  if (list == call.workspace->lists.end()) return std::nullopt;
   LeadSource source{list->people, {}, looksEverywhere(body.dedupe)};
   for (CampaignLead& lead : source.people) lead.source = list->name;
   return source;
 }
 
 /// Somebody known from a list or another campaign.
-const CampaignLead* findAnywhere(const DoorContext& context, const QString& id) {
-  for (const DemoLeadList& list : std::as_const(context.workspace.lists)) {
+const CampaignLead* findAnywhere(Call& call, const QString& id) {
+  for (const DemoLeadList& list : std::as_const(call.workspace->lists)) {
     const auto found = std::ranges::find(list.people, id, &CampaignLead::id);
     if (found != list.people.end()) return &*found;
   }
-  for (DemoCampaign& campaign : context.workspace.campaigns)
+  for (DemoCampaign& campaign : call.workspace->campaigns)
     if (const CampaignLead* lead = findLead(campaign, id)) return lead;
   return nullptr;
 }
 
 /// Leads of the workspace, as new as on their first day.
-LeadSource fromLeads(const DoorContext& context, const AddLeadsBody::Leads& body) {
+LeadSource fromLeads(Call& call, const AddLeadsBody::Leads& body) {
   LeadSource source{{}, {}, !body.allowOtherCampaigns};
   for (const QString& id : body.leadIds) {
-    const CampaignLead* known = findAnywhere(context, id);
+    const CampaignLead* known = findAnywhere(call, id);
     if (!known) continue;
     CampaignLead lead = *known;
     for (auto* instant : {&lead.firstSentAt, &lead.lastSentAt, &lead.repliedAt, &lead.nextSendAt, &lead.removedAt})
@@ -117,13 +117,14 @@ void setLeadField(CampaignLead& lead, const QString& name, const QString& value)
   }
 }
 
-std::optional<LeadSource> readSource(const DoorContext& context, const QByteArray& body) {
+std::optional<LeadSource> readSource(Call& call) {
+  const QByteArray& body = call.request.body;
   const QString source = QJsonDocument::fromJson(body).object().value("source"_L1).toString();
   try {
-    if (source == "csv"_L1) return fromCsv(context, decodeJSON<AddLeadsBody::Csv>(body));
-    if (source == "manual"_L1) return fromHand(context, decodeJSON<AddLeadsBody::Manual>(body));
-    if (source == "list"_L1) return fromList(context, decodeJSON<AddLeadsBody::List>(body));
-    if (source == "leads"_L1) return fromLeads(context, decodeJSON<AddLeadsBody::Leads>(body));
+    if (source == "csv"_L1) return fromCsv(call, decodeJSON<AddLeadsBody::Csv>(body));
+    if (source == "manual"_L1) return fromHand(call, decodeJSON<AddLeadsBody::Manual>(body));
+    if (source == "list"_L1) return fromList(call, decodeJSON<AddLeadsBody::List>(body));
+    if (source == "leads"_L1) return fromLeads(call, decodeJSON<AddLeadsBody::Leads>(body));
   } catch (const DecodeError&) {
     // Refused like any other body that is none.
   }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "demo/Door.h"
-#include "kit/models/campaigns/campaignLead.h"
+#include "demo/Routes.h"
 
 namespace orv::demo {
 
@@ -14,8 +13,8 @@ struct LeadSource {
   bool onlyNew = false;
 };
 
-/// Reads the body of a request to add leads. Nothing when it is none, or names a list or leads that are not there.
-std::optional<LeadSource> readSource(const DoorContext& context, const QByteArray& body);
+/// Reads the body of a call to add leads. Nothing when it is none, or names a list or leads that are not there.
+std::optional<LeadSource> readSource(Call& call);
 
 /// Sets a lead's field, one of its own or a custom one.
 void setLeadField(CampaignLead& lead, const QString& name, const QString& value);

@@ -76,6 +76,34 @@ Rendering render(const QString& text, const QMap<QString, QString>& values, Demo
   return rendering;
 }
 
+DemoRandom randomFor(const CampaignLead& lead, qint64 position) { return DemoRandom::of(lead.id, quint64(position)); }
+
+EmailHead headOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position) {
+  const auto& steps = campaign.steps();
+  if (position < 1 || position > steps.size()) return {};
+  const auto variantOf = [&](qint64 at) -> const CampaignVariant* {
+    const auto& variants = steps[at - 1].variants;
+    // A lead got one even where all have been switched off since.
+    return variants.isEmpty() ? nullptr : &variants[std::max<qsizetype>(0, pickVariant(variants, randomFor(lead, at)))];
+  };
+  qint64 opening = position;
+  while (opening > 1 && steps[opening - 1].sameThread) --opening;
+  const CampaignVariant *variant = variantOf(position), *first = variantOf(opening);
+  EmailHead head;
+  if (variant) head.variant = variant->label;
+  if (!first) return head;
+  const auto& senders = campaign.senders();
+  const auto sender = std::ranges::find(senders, lead.senderAddress.value_or(QString()), &CampaignSender::address);
+  const auto values = valuesOf(lead, sender == senders.end() ? std::nullopt : std::optional(*sender));
+  const QString subject = render(first->subject, values, randomFor(lead, opening)).text;
+  head.subject = opening < position ? asReply(subject) : subject;
+  return head;
+}
+
+QString asReply(const QString& subject) {
+  return subject.isEmpty() || subject.startsWith("Re:"_L1) ? subject : u"Re: "_s + subject;
+}
+
 QString withOptions(const QString& text) {
   static const QList<std::pair<QString, QString>> known{{u"Hi"_s, u"{Hi|Hello|Hey}"_s},
                                                         {u"Hello"_s, u"{Hello|Hi}"_s},

@@ -23,6 +23,32 @@ QStringList variablesIn(const QString& text);
 /// Fills in the variables, then takes one option of each {a|b}. The same lead always gets the same text.
 Rendering render(const QString& text, const QMap<QString, QString>& values, DemoRandom random);
 
+/// Always the same for the same lead and email.
+DemoRandom randomFor(const CampaignLead& lead, qint64 position);
+
+/// The place of the variant that a lead gets, by weight among the enabled ones; -1 when there is none.
+template <class Variants>
+qsizetype pickVariant(const Variants& variants, DemoRandom random) {
+  qint64 total = 0;
+  for (const auto& variant : variants) total += variant.enabled ? variant.weight : 0;
+  qint64 at = random.below(total);
+  for (qsizetype i = 0; i < variants.size(); ++i) {
+    if (!variants[i].enabled) continue;
+    at -= variants[i].weight;
+    if (at < 0) return i;
+  }
+  return -1;
+}
+
+/// What an inbox shows of an email before it is opened; nothing in it when the sequence has no such email any more.
+struct EmailHead {
+  std::optional<QString> variant;
+  std::optional<QString> subject;
+};
+EmailHead headOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position);
+
+QString asReply(const QString& subject);
+
 /// The text with options put in where this knows some.
 QString withOptions(const QString& text);
 

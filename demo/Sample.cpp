@@ -17,6 +17,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
+/// What an inbox may send in a day.
+constexpr qint64 sendsPerInbox = 40;
+
 struct Row {
   QString name;
   QStringList tags;
@@ -105,6 +108,19 @@ void shareAmong(QList<CampaignStep>& steps, const CampaignStats& stats) {
   }
 }
 
+/// The mailboxes after those of the campaign before: what is sent at the same time comes out of different ones.
+QList<CampaignSender> nextSenders(const DemoWorkspace& workspace, qint64 count) {
+  const auto& mailboxes = workspace.mailboxes;
+  qint64 next = 0;
+  for (qsizetype last = workspace.campaigns.size(); next == 0 && last-- > 0;)
+    if (const auto& senders = workspace.campaigns[last].senders(); !senders.isEmpty())
+      next = 1 + std::ranges::find(mailboxes, senders.last().mailboxId, &DemoMailbox::id) - mailboxes.begin();
+  QList<CampaignSender> senders;
+  for (qint64 i = 0; i < std::min<qint64>(count, mailboxes.size()); ++i)
+    senders.append(mailboxes[(next + i) % mailboxes.size()].asSender());
+  return senders;
+}
+
 DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& random, const QDate& today) {
   DemoCampaign campaign;
   campaign.seed = random.next();
@@ -116,16 +132,18 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.tags = row.tags;
   record.version = 1;
   record.stopOnReply = true;
-  record.dailyCapPerInbox = 30;
+  record.dailyCapPerInbox = sendsPerInbox;
   record.gapSeconds = 600;
   record.schedule =
       CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
   record.steps = makeSteps(row.steps, random);
-  for (qint64 i = 0; i < std::min(row.senders, qint64(workspace.mailboxes.size())); ++i)
-    campaign.senders().append(workspace.mailboxes[i].asSender());
+  record.senders = nextSenders(workspace, row.senders);
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
   if (launched) record.launchedAt = instant(today, row.daysAgo);
+  const int stoppedDaysAgo = std::max(1, row.daysAgo / 4), stoppedAt = 16;
+  if (record.status.isPaused()) record.pausedAt = instant(today, stoppedDaysAgo, stoppedAt);
+  if (record.status.isCompleted()) record.completedAt = instant(today, stoppedDaysAgo, stoppedAt);
   CampaignStats stats;
   stats.leads = countsOf(row);
   stats.sent = row.sent;
@@ -160,6 +178,11 @@ Row randomRow(DemoRandom& random) {
   return row;
 }
 
+void addRandomCampaigns(DemoWorkspace& workspace, qint64 count, DemoRandom& random, const QDate& today) {
+  for (qint64 i = 0; i < count; ++i)
+    workspace.campaigns.append(makeCampaign(randomRow(random), workspace, random, today));
+}
+
 DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QString& timeZone,
                             const QMap<QString, QString>& members) {
   DemoWorkspace workspace;
@@ -177,7 +200,7 @@ void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
     workspace.mailboxes.append(
         {random.id(u"mb"_s),
          first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug + u"-mail.example"_s,
-         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, 30,
+         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, sendsPerInbox,
          i % 3 == 0   ? QStringList{u"new domains"_s}
          : i % 3 == 1 ? QStringList{u"dach"_s}
                       : QStringList()});
@@ -193,15 +216,6 @@ void addList(DemoWorkspace& workspace, DemoRandom& random) {
 
 }  // namespace
 
-quint64 DemoRandom::next() {
-  quint64 z = (m_state += 0x9e3779b97f4a7c15ULL);
-  z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ULL;
-  z = (z ^ (z >> 27)) * 0x94d049bb133111ebULL;
-  return z ^ (z >> 31);
-}
-
-QString DemoRandom::id(const QString& prefix) { return prefix + u'_' + QString::number(next(), 36); }
-
 DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   DemoRandom random(seed);
   DemoState state;
@@ -211,7 +225,7 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
 
   auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
                                  {{maren, u"owner"_s}, {tomas, u"member"_s}});
-  addMailboxes(northgate, std::max(16, scale.mailboxes), random);
+  addMailboxes(northgate, std::max(48, scale.mailboxes), random);
   for (Row row : northgateRows()) {
     if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
     northgate.campaigns.append(makeCampaign(row, northgate, random, today));
@@ -222,58 +236,18 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
     campaign.archivedAt = instant(today, day += 3, 15);
     northgate.campaigns.append(campaign);
   }
-  for (qint64 i = northgateRows().size(); i < scale.campaigns; ++i) {
-    northgate.campaigns.append(makeCampaign(randomRow(random), northgate, random, today));
-  }
+  addRandomCampaigns(northgate, scale.campaigns - northgateRows().size(), random, today);
   addList(northgate, random);
 
   auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}});
   addMailboxes(caldera, 4, random);
-  for (int i = 0; i < 3; ++i) {
-    caldera.campaigns.append(makeCampaign(randomRow(random), caldera, random, today));
-  }
-  state.workspaces = {northgate, caldera,
-                      makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}),
+  addRandomCampaigns(caldera, 3, random, today);
+  auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}});
+  addMailboxes(harbour, 6, random);
+  addRandomCampaigns(harbour, 2, random, today);
+  state.workspaces = {northgate, caldera, harbour,
                       makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}})};
   return state;
-}
-
-CampaignSender DemoMailbox::asSender() const {
-  return {id, address, displayName, status, status == "active"_L1, {}, dailyCap, {}, 0, false, {}};
-}
-
-CampaignSummary DemoCampaign::summary() const {
-  CampaignSummary summary;
-  summary.id = record.id;
-  summary.number = record.number;
-  summary.name = record.name;
-  summary.status = archivedAt ? CampaignStatus(u"archived"_s) : record.status;
-  summary.senders = senders().size();
-  summary.steps = steps().size();
-  const LeadCounts& counts = stats().leads;
-  summary.leads = counts.total;
-  summary.done = counts.completed + counts.replied + counts.bounced;
-  summary.sent = stats().sent;
-  summary.replied = stats().replied;
-  summary.positive = stats().positive;
-  summary.bounced = stats().bounced;
-  summary.launchedAt = record.launchedAt;
-  summary.createdAt = record.createdAt.value_or(QString());
-  summary.tags = record.tags;
-  summary.version = record.version;
-  summary.archivedAt = archivedAt;
-  return summary;
-}
-
-DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
-  const auto found =
-      std::ranges::find_if(campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
-  return found == campaigns.end() ? nullptr : &*found;
-}
-
-DemoWorkspace* DemoState::find(const QString& slug) {
-  const auto found = std::ranges::find(workspaces, slug, &DemoWorkspace::slug);
-  return found == workspaces.end() ? nullptr : &*found;
 }
 
 }  // namespace orv::demo

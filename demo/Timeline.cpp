@@ -1,5 +1,7 @@
 #include "demo/Timeline.h"
 
+#include "demo/Enrolment.h"
+#include "demo/Rendering.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -7,91 +9,109 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-FeedItem itemOf(const QString& kind, const QString& at, const CampaignLead& lead) {
+/// As much as it takes to put events in order; what they say is made for those that are shown.
+struct Event {
+  enum class Kind { sent, replied, bounced, noted };
+
+  Kind kind;
+  QString at;
+  const CampaignLead* lead = nullptr;
+  /// Of the email sent, or of the one that was answered or came back.
+  qint64 step = 0;
+  const FeedItem* noted = nullptr;
+};
+
+/// The emails that a lead was sent, evenly between the first and the last, and what came back, oldest first.
+void appendCorrespondence(QList<Event>& events, const CampaignLead& lead) {
+  const auto first = parsePlatformDate(lead.firstSentAt.value_or(QString()));
+  const auto last = parsePlatformDate(lead.lastSentAt.value_or(QString()));
+  if (!first || !last) return;
+  const qint64 count = lead.currentStep.value_or(0);
+  for (qint64 step = 1; step < count; ++step) {
+    const QDateTime at = first->addMSecs(first->msecsTo(*last) * (step - 1) / (count - 1));
+    events.append({Event::Kind::sent, formatPlatformDate(at), &lead, step});
+  }
+  if (count > 0) events.append({Event::Kind::sent, *lead.lastSentAt, &lead, count});
+  if (lead.repliedAt) events.append({Event::Kind::replied, *lead.repliedAt, &lead, count});
+  if (lead.status.rawValue == "bounced"_L1) events.append({Event::Kind::bounced, *lead.lastSentAt, &lead, count});
+}
+
+void sortNewestFirst(QList<Event>& events) {
+  std::ranges::reverse(events);
+  // Timestamps of one form sort as text.
+  std::ranges::stable_sort(events, std::ranges::greater(), &Event::at);
+}
+
+QList<Event> everything(const DemoCampaign& campaign) {
+  QList<Event> events;
+  for (const CampaignLead& lead : campaign.leads) appendCorrespondence(events, lead);
+  for (const FeedItem& item : campaign.events) events.append({Event::Kind::noted, item.at, nullptr, 0, &item});
+  sortNewestFirst(events);
+  return events;
+}
+
+FeedItem::Who whoIs(const CampaignLead& lead) {
+  const QString name = (lead.firstName.value_or(QString()) + u' ' + lead.lastName.value_or(QString())).trimmed();
+  return {lead.id, lead.email, name.isEmpty() ? std::nullopt : std::optional(name)};
+}
+
+QString messageId(const CampaignLead& lead, qint64 step) { return lead.id + u"-m"_s + QString::number(step); }
+
+FeedItem itemOf(const DemoCampaign& campaign, const Event& event) {
+  if (event.kind == Event::Kind::noted) return *event.noted;
+  const EmailHead head = headOf(campaign, *event.lead, event.step);
   FeedItem item;
-  item.kind = kind;
-  item.at = at;
-  item.lead = whoIs(lead);
-  item.account = lead.senderAddress;
+  item.at = event.at;
+  item.lead = whoIs(*event.lead);
+  item.account = event.lead->senderAddress;
+  item.subject = head.subject;
+  switch (event.kind) {
+    case Event::Kind::sent:
+      item.kind = u"sent"_s;
+      item.step = event.step;
+      item.variant = head.variant;
+      item.messageId = messageId(*event.lead, event.step);
+      break;
+    case Event::Kind::replied:
+      item.kind = u"replied"_s;
+      if (head.subject) item.subject = asReply(*head.subject);
+      break;
+    case Event::Kind::bounced:
+      item.kind = u"bounced"_s;
+      break;
+    case Event::Kind::noted:
+      Q_UNREACHABLE();
+  }
   return item;
 }
 
-/// The emails that a lead was sent: so many, evenly between the first and the last.
-struct Emails {
-  qint64 count;
-  QDateTime first, last;
-
-  QString sentAt(qint64 step) const {
-    return formatPlatformDate(step == count ? last : first.addMSecs(first.msecsTo(last) * (step - 1) / (count - 1)));
-  }
-};
-
-std::optional<Emails> emailsTo(const CampaignLead& lead) {
-  const auto first = parsePlatformDate(lead.firstSentAt.value_or(QString()));
-  const auto last = parsePlatformDate(lead.lastSentAt.value_or(QString()));
-  if (!first || !last) return std::nullopt;
-  return Emails{lead.currentStep.value_or(0), *first, *last};
-}
-
-/// The emails to the lead and what came back, oldest first.
-QList<FeedItem> correspondence(const DemoCampaign& campaign, const CampaignLead& lead) {
-  QList<FeedItem> items;
-  const auto emails = emailsTo(lead);
-  if (!emails) return items;
-  const auto& steps = campaign.steps();
-  for (qint64 step = 1; step <= emails->count; ++step) {
-    FeedItem item = itemOf(u"sent"_s, emails->sentAt(step), lead);
-    item.step = step;
-    item.messageId = lead.id + u"-m"_s + QString::number(step);
-    // The sequence may have been cut since.
-    if (step <= steps.size() && !steps[step - 1].variants.isEmpty()) {
-      item.variant = steps[step - 1].variants.first().label;
-      item.subject = steps[step - 1].variants.first().subject;
-    }
-    items.append(item);
-  }
-  if (lead.repliedAt) items.append(itemOf(u"replied"_s, *lead.repliedAt, lead));
-  if (lead.status.isBounced()) items.append(itemOf(u"bounced"_s, emails->sentAt(emails->count), lead));
-  return items;
-}
-
-void newestFirst(QList<FeedItem>& items) {
-  std::ranges::reverse(items);
-  // Timestamps of one form sort as text.
-  std::ranges::stable_sort(items, std::ranges::greater(), &FeedItem::at);
-}
-
-QList<FeedItem> everything(const DemoCampaign& campaign) {
-  QList<FeedItem> items;
-  for (const CampaignLead& lead : campaign.leads) items += correspondence(campaign, lead);
-  items += campaign.events;
-  newestFirst(items);
-  return items;
-}
-
-SentMessage messageOf(const FeedItem& item) {
-  const auto lead = item.lead.value_or(FeedItem::Who());
+/// An email to the lead, sent or not.
+SentMessage messageTo(const DemoCampaign& campaign, const CampaignLead& lead, qint64 step) {
+  const EmailHead head = headOf(campaign, lead, step);
   SentMessage message;
-  message.id = item.messageId.value_or(QString());
-  message.leadId = lead.id;
-  message.to = lead.email;
-  message.from = item.account.value_or(QString());
-  message.step = item.step;
-  message.variant = item.variant;
-  message.subject = item.subject;
-  message.state = u"sent"_s;
-  message.sentAt = item.at;
-  return message;
-}
-
-SentMessage bookingOf(const CampaignLead& lead) {
-  SentMessage message;
-  const qint64 step = lead.currentStep.value_or(0) + 1;
-  message.step = step;
-  message.id = lead.id + u"-m"_s + QString::number(step);
+  message.id = messageId(lead, step);
   message.leadId = lead.id;
   message.to = lead.email;
   message.from = lead.senderAddress.value_or(QString());
+  message.step = step;
+  message.variant = head.variant;
+  message.subject = head.subject;
+  return message;
+}
+
+SentMessage sentMessage(const DemoCampaign& campaign, const Event& event) {
+  const CampaignLead& lead = *event.lead;
+  SentMessage message = messageTo(campaign, lead, event.step);
+  message.state = u"sent"_s;
+  message.sentAt = event.at;
+  const bool last = event.step == lead.currentStep;
+  if (last) message.repliedAt = lead.repliedAt;
+  if (last && lead.status.rawValue == "bounced"_L1) message.bouncedAt = event.at;
+  return message;
+}
+
+SentMessage bookedMessage(const DemoCampaign& campaign, const CampaignLead& lead) {
+  SentMessage message = messageTo(campaign, lead, lead.currentStep.value_or(0) + 1);
   message.state = u"scheduled"_s;
   message.scheduledAt = lead.nextSendAt;
   return message;
@@ -99,45 +119,56 @@ SentMessage bookingOf(const CampaignLead& lead) {
 
 }  // namespace
 
-FeedItem::Who whoIs(const CampaignLead& lead) {
-  const QString name = (lead.firstName.value_or(QString()) + u' ' + lead.lastName.value_or(QString())).trimmed();
-  return {lead.id, lead.email, name.isEmpty() ? std::nullopt : std::optional(name)};
+void note(DemoCampaign& campaign, const QString& kind, const QDateTime& now, const CampaignLead* lead) {
+  FeedItem item;
+  item.kind = kind;
+  item.at = formatPlatformDate(now);
+  if (lead) item.lead = whoIs(*lead);
+  campaign.events.append(item);
 }
 
 QList<LeadActivity> activityOf(const DemoCampaign& campaign, const CampaignLead& lead) {
-  QList<FeedItem> items = correspondence(campaign, lead);
-  for (const FeedItem& event : campaign.events)
-    if (event.lead && event.lead->id == lead.id) items.append(event);
-  newestFirst(items);
+  QList<Event> events;
+  appendCorrespondence(events, lead);
+  for (const FeedItem& item : campaign.events)
+    if (item.lead && item.lead->id == lead.id) events.append({Event::Kind::noted, item.at, nullptr, 0, &item});
+  sortNewestFirst(events);
   QList<LeadActivity> activity;
-  for (const FeedItem& item : std::as_const(items))
+  for (const Event& event : std::as_const(events)) {
+    const FeedItem item = itemOf(campaign, event);
     activity.append(
         {item.kind, item.at, item.step, item.variant, item.subject, item.detail, item.account, item.messageId});
+  }
   return activity;
 }
 
 std::optional<FeedPage> feedOf(const DemoCampaign& campaign, qint64 limit, const QString& cursor) {
-  const QList<FeedItem> items = everything(campaign);
+  const QList<Event> events = everything(campaign);
   bool isNumber = true;
-  const qint64 older = cursor.isEmpty() ? items.size() : cursor.toLongLong(&isNumber);
-  if (!isNumber || older < 0 || older > items.size()) return std::nullopt;
+  const qint64 older = cursor.isEmpty() ? events.size() : cursor.toLongLong(&isNumber);
+  if (!isNumber || older < 0 || older > events.size()) return std::nullopt;
   FeedPage page;
-  page.items = items.mid(items.size() - older, limit);
+  for (const Event& event : events.mid(events.size() - older, limit)) page.items.append(itemOf(campaign, event));
   if (page.items.size() < older) page.nextCursor = QString::number(older - page.items.size());
   return page;
 }
 
 MessagePage messagesOf(const DemoCampaign& campaign, qint64 limit) {
-  MessagePage page;
-  for (const CampaignLead& lead : campaign.leads)
-    if (lead.nextSendAt && lead.status.isActive() && !lead.removedAt) page.items.append(bookingOf(lead));
-  std::ranges::sort(page.items, std::ranges::greater(), &SentMessage::scheduledAt);
-  // However much is booked, what was sent is to be seen as well.
-  if (page.items.size() > limit / 2) page.items.remove(0, page.items.size() - limit / 2);
-  for (const FeedItem& item : everything(campaign)) {
-    if (page.items.size() >= limit) break;
-    if (item.kind == "sent"_L1) page.items.append(messageOf(item));
+  QList<const CampaignLead*> booked;
+  QList<Event> sent;
+  for (const CampaignLead& lead : campaign.leads) {
+    if (isBooked(lead)) booked.append(&lead);
+    appendCorrespondence(sent, lead);
   }
+  sent.removeIf([](const Event& event) { return event.kind != Event::Kind::sent; });
+  sortNewestFirst(sent);
+  std::ranges::sort(booked, {}, &CampaignLead::nextSendAt);
+  // However much was sent, what comes next is to be seen as well.
+  const qsizetype bookedCount = std::min(booked.size(), std::max(limit / 4, limit - sent.size()));
+  MessagePage page;
+  for (const Event& event : sent.first(std::min(sent.size(), limit - bookedCount)))
+    page.items.append(sentMessage(campaign, event));
+  for (const CampaignLead* lead : booked.first(bookedCount)) page.items.append(bookedMessage(campaign, *lead));
   return page;
 }
 

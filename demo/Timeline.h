@@ -9,7 +9,8 @@ namespace orv::demo {
 
 /// What happened in a campaign: the emails and answers that follow from each lead's state, and what people did.
 
-FeedItem::Who whoIs(const CampaignLead& lead);
+/// Writes down what somebody did, to the campaign or to one of its leads.
+void note(DemoCampaign& campaign, const QString& kind, const QDateTime& now, const CampaignLead* lead = nullptr);
 
 /// Of one lead, newest first.
 QList<LeadActivity> activityOf(const DemoCampaign& campaign, const CampaignLead& lead);
@@ -18,7 +19,7 @@ QList<LeadActivity> activityOf(const DemoCampaign& campaign, const CampaignLead&
 /// Nothing when it is no cursor.
 std::optional<FeedPage> feedOf(const DemoCampaign& campaign, qint64 limit, const QString& cursor);
 
-/// Emails booked and sent, the last ones first.
+/// Emails sent, the last ones first, then some of those booked, the next ones first.
 MessagePage messagesOf(const DemoCampaign& campaign, qint64 limit);
 
 }  // namespace orv::demo

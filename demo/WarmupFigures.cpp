@@ -11,13 +11,6 @@ namespace {
 constexpr qint64 daysUntilReady = 14;
 constexpr qint64 millisecondsADay = 86400000;
 
-/// The library's own hash differs from one start to the next.
-quint64 seedOf(const QString& id) {
-  quint64 seed = 0;
-  for (const QChar c : id) seed = seed * 31 + c.unicode();
-  return seed;
-}
-
 QString healthOf(qint64 inboxPct) {
   if (inboxPct >= 92) return u"healthy"_s;
   return inboxPct >= 85 ? u"watch"_s : u"at_risk"_s;
@@ -26,7 +19,7 @@ QString healthOf(qint64 inboxPct) {
 }  // namespace
 
 WarmupHealth::Account warmupOf(const DemoMailbox& mailbox, const QTime& time) {
-  DemoRandom random(seedOf(mailbox.id));
+  DemoRandom random = DemoRandom::of(mailbox.id);
   WarmupHealth::Account account;
   account.id = mailbox.id;
   account.address = mailbox.address;

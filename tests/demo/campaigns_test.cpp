@@ -1,9 +1,12 @@
 #include <QTest>
 
 #include "kit/api/PlatformDate.h"
+#include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/analytics/dashboard.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/campaigns/campaignSender.h"
 #include "kit/models/campaigns/campaignStats.h"
 #include "kit/models/campaigns/launchCheck.h"
 #include "kit/models/campaigns/sequence.h"
@@ -113,6 +116,25 @@ class DemoCampaignsTest : public QObject {
     f.clock.advance(1s);
     QVERIFY(!f.row(id, true));
     QCOMPARE(f.refusalCode(Requests::restoreCampaign(id)), u"not_found"_s);
+  }
+
+  void sendersHaveSentTodayWhatEveryPageSays() {
+    DemoFixture f;
+    f.clock.advance(24h * 2);  // To a Monday.
+    QMap<QString, qint64> sent;
+    for (const Mailbox& mailbox : f.ask(Requests::listMailboxes()).items)
+      sent.insert(mailbox.id, mailbox.campaign->sentToday);
+    qint64 all = 0;
+    for (const CampaignSummary& row : f.ask(Requests::listCampaigns(false)).items) {
+      const auto senders = *f.ask(Requests::getCampaign(row.id)).senders;
+      for (const CampaignSender& sender : senders) {
+        QCOMPARE(sender.sentToday, sent.value(sender.mailboxId));
+        QVERIFY(sender.sentToday <= sender.capToday);
+        if (row.status.rawValue == "running"_L1) QVERIFY(sender.sentToday > 0);
+      }
+    }
+    for (const qint64 count : std::as_const(sent)) all += count;
+    QCOMPARE(f.ask(Requests::dashboard()).sends->campaigns, all);
   }
 
   void sendersArePickedAmongTheMailboxes() {

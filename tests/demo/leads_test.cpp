@@ -59,7 +59,7 @@ class DemoLeadsTest : public QObject {
   }
 
   void theLeadsAreWhatTheFiguresSay() {
-    for (const auto& row : f->ask(Requests::listCampaigns(false)).items) verifyCounts(row.id);
+    for (const auto& status : {u"running"_s, u"paused"_s, u"draft"_s, u"completed"_s}) verifyCounts(f->idOf(status));
     QSet<QString> addresses;
     const auto leads = f->leads(id);
     for (const CampaignLead& lead : leads) addresses.insert(lead.email);
@@ -77,6 +77,7 @@ class DemoLeadsTest : public QObject {
   void pagesWalkTheListOnce() {
     QFETCH(qint64, limit);
     QFETCH(QString, status);
+    id = f->idOf(u"paused"_s);
     const auto wanted = status.isEmpty() ? std::nullopt : std::optional(LeadStatus(status));
     QStringList expected;
     for (const CampaignLead& lead : f->leads(id))
@@ -121,12 +122,41 @@ class DemoLeadsTest : public QObject {
     QCOMPARE(detail.activity.first().at, *detail.lead.repliedAt);
     QCOMPARE(detail.activity.size(), *detail.lead.currentStep + 1);
     QVERIFY(!detail.next);
+  }
+
+  void messagesAreThoseSentAndThenThoseToCome() {
     const auto messages = f->ask(Requests::campaignMessages(id)).items;
     QCOMPARE(messages.size(), 100);
-    QCOMPARE(messages.first().state, u"scheduled"_s);
-    QCOMPARE(messages.last().state, u"sent"_s);
-    QVERIFY(*messages.first().scheduledAt > formatPlatformDate(f->clock.now()));
-    QVERIFY(*messages.last().sentAt <= formatPlatformDate(f->clock.now()));
+    const auto booked = std::ranges::find(messages, u"scheduled"_s, &SentMessage::state);
+    const QString now = formatPlatformDate(f->clock.now());
+    const auto at = [](const SentMessage& message) { return message.sentAt.value_or(*message.scheduledAt); };
+    QVERIFY(booked - messages.begin() >= 50 && messages.end() - booked >= 10);
+    QVERIFY(std::ranges::is_sorted(messages.begin(), booked, std::ranges::greater(), at));
+    QVERIFY(std::ranges::is_sorted(booked, messages.end(), {}, at));
+    QVERIFY(at(messages.first()) <= now && at(*booked) > now);
+    // What was sent is the same to the campaign's feed and to its lead.
+    const auto detail = f->ask(Requests::leadDetail(id, *messages.first().leadId));
+    const auto sent = std::ranges::find(detail.activity, messages.first().id, &LeadActivity::messageId);
+    QVERIFY(sent != detail.activity.end());
+    QCOMPARE(sent->subject, messages.first().subject);
+    QCOMPARE(sent->at, messages.first().sentAt);
+  }
+
+  void subjectsReadAsTheirLeadsDo() {
+    const auto steps = *f->ask(Requests::getCampaign(id)).steps;
+    QVERIFY(steps.size() > 1 && steps[1].sameThread);
+    const auto feed = f->ask(Requests::campaignActivity(id, 500, {})).items;
+    QSet<QString> kinds;
+    for (const FeedItem& item : feed) {
+      const auto lead = f->ask(Requests::leadDetail(id, item.lead->id)).lead;
+      const QString opening = *lead.company + u" and the waiting list"_s;
+      const bool again =
+          item.kind == "replied"_L1 || item.step > 1 || (item.kind == "bounced"_L1 && lead.currentStep > 1);
+      QCOMPARE(item.subject, again ? u"Re: "_s + opening : opening);
+      kinds.insert(item.kind);
+      if (kinds.size() == 3) break;
+    }
+    QVERIFY(kinds.contains(u"sent"_s) && kinds.contains(u"replied"_s));
   }
 
   void addedByHand() {

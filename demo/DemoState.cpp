@@ -1,0 +1,62 @@
+#include "demo/DemoState.h"
+
+#include <algorithm>
+
+#include "kit/api/PlatformDate.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::demo {
+namespace {
+
+/// Archived campaigns and removed leads wait this long, then go for good.
+constexpr int archiveDays = 30;
+
+}  // namespace
+
+bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
+  const auto archived = archivedAt ? parsePlatformDate(*archivedAt) : std::nullopt;
+  return archived && archived->addDays(archiveDays) <= now;
+}
+
+CampaignSender DemoMailbox::asSender() const {
+  const bool ready = status == "active"_L1;
+  const auto reason = ready ? std::nullopt : std::optional(u"Paused"_s);
+  return {id, address, displayName, status, ready, reason, dailyCap, {}, 0, false, {}};
+}
+
+CampaignSummary DemoCampaign::summary() const {
+  CampaignSummary summary;
+  summary.id = record.id;
+  summary.number = record.number;
+  summary.name = record.name;
+  summary.status = archivedAt ? CampaignStatus(u"archived"_s) : record.status;
+  summary.senders = senders().size();
+  summary.steps = steps().size();
+  const LeadCounts& counts = stats().leads;
+  summary.leads = counts.total;
+  summary.done = counts.completed + counts.replied + counts.bounced;
+  summary.sent = stats().sent;
+  summary.replied = stats().replied;
+  summary.positive = stats().positive;
+  summary.bounced = stats().bounced;
+  summary.launchedAt = record.launchedAt;
+  summary.createdAt = record.createdAt.value_or(QString());
+  summary.tags = record.tags;
+  summary.version = record.version;
+  summary.archivedAt = archivedAt;
+  return summary;
+}
+
+DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
+  const auto found =
+      std::ranges::find_if(campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
+  return found == campaigns.end() ? nullptr : &*found;
+}
+
+DemoWorkspace* DemoState::find(const QString& slug) {
+  const auto found = std::ranges::find(workspaces, slug, &DemoWorkspace::slug);
+  return found == workspaces.end() ? nullptr : &*found;
+}
+
+}  // namespace orv::demo

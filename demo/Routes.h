@@ -1,0 +1,63 @@
+#pragma once
+
+#include "demo/DemoRequest.h"
+#include "demo/DemoState.h"
+#include "kit/api/PlatformDate.h"
+
+namespace orv::demo {
+
+/// Who may call.
+enum class Access {
+  anybody,
+  signedIn,
+  /// Everybody in the workspace: viewers and client logins see everything.
+  readers,
+  /// Those who may also change things.
+  members,
+};
+
+/// A request on its way to the function that answers it.
+struct Call {
+  const DemoRequest& request;
+  DemoState& state;
+  DemoRandom& random;
+  QDateTime now;
+  /// Whose session it is; empty for nobody's.
+  QString email = {};
+  /// Nothing in calls about the account.
+  DemoWorkspace* workspace = nullptr;
+  /// What stands in the places of the path's {…}, in their order.
+  QStringList ids = {};
+
+  QString stamp() const { return formatPlatformDate(now); }
+};
+
+struct Route {
+  QByteArray method;
+  /// Below the workspace, or whole from "/api/v1/" for calls about the account. {…} takes any one part.
+  QString path;
+  Access access;
+  HTTPAnswer (*answer)(Call& call);
+};
+
+/// One table for each area, in the area's own file. A new area adds its table here and to allRoutes().
+const QList<Route>& accountRoutes();
+const QList<Route>& analyticsRoutes();
+const QList<Route>& campaignLeadRoutes();
+const QList<Route>& campaignRoutes();
+const QList<Route>& leadListRoutes();
+const QList<Route>& mailboxRoutes();
+const QList<Route>& sequenceRoutes();
+QList<Route> allRoutes();
+
+struct FoundRoute {
+  const Route* route = nullptr;
+  /// Of the workspace, for calls about one.
+  QString slug;
+  QStringList ids;
+};
+
+/// The first route that takes the request, or none.
+FoundRoute findRoute(const DemoRequest& request);
+
+}  // namespace orv::demo
