@@ -215,7 +215,7 @@ Task<void> AppModel::saveSession(StoredSession session) {
 Task<void> AppModel::clearSession() {
   if (isDemo()) co_return;
   try {
-    co_await m_store.clear();
+    co_await m_store.clear(m_platform.clock.now());
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
     if (error.reason() == KeychainError::Reason::absent) co_return;
