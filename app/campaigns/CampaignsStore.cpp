@@ -227,7 +227,7 @@ Task<void> CampaignsStore::createTask(QString name) {
     if (submission.succeed()) m_services.router.openItem(Page::campaigns, campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) m_services.toasts.failure({}, error);
-    if (Actions::outcomeIsUnknown(error)) reload();
+    if (mayHaveActed(error)) reload();
   }
 }
 
