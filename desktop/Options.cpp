@@ -26,11 +26,12 @@ Options Options::parse(int argc, char** argv) {
 
   const bool parsed = parser.parse(words);
   if (!parsed) {
-    QTextStream(stderr) << parser.errorText() << '\n';
+    QTextStream(stderr) << "orvella: " << parser.errorText() << '\n';
     std::exit(2);
   }
   if (parser.isSet(help)) {
-    QTextStream(stdout) << parser.helpText();
+    // The toolkit would name the program only with an application object.
+    QTextStream(stdout) << parser.helpText().replace(u"<executable_name>"_s, u"orvella"_s);
     std::exit(0);
   }
   if (parser.isSet(version)) {

@@ -18,6 +18,7 @@
 #include "desktop/services/ClipboardService.h"
 #include "desktop/services/ColorSchemeWatcher.h"
 #include "desktop/services/DesktopFilePanel.h"
+#include "desktop/services/DesktopProxy.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
@@ -103,8 +104,13 @@ int run(QGuiApplication& application, const Options& options) {
   SecretServiceKeychain keyring(applicationId, u"Orvella"_s, clock);
   MemoryKeychain memory(applicationId);
   APIClient client;
+  DesktopProxy proxy(QDBusConnection::sessionBus(), client.environment().baseURL,
+                     [&client](std::optional<QByteArray> found) { client.useProxy(std::move(found)); });
   std::optional<Demo> sample;
-  if (options.demo) sample.emplace(clock, options.demoCampaigns);
+  if (options.demo)
+    sample.emplace(clock, options.demoCampaigns);
+  else if (proxy.ask())
+    client.holdForProxy(std::chrono::seconds(2));
 
   APITransport& api = sample ? static_cast<APITransport&>(sample->transport) : client;
   Keychain& keychain = options.fresh ? static_cast<Keychain&>(memory) : keyring;
@@ -119,7 +125,8 @@ int run(QGuiApplication& application, const Options& options) {
                     memoryPressure,
                     client.environment().baseURL,
                     ClientWindow::thisDevice(),
-                    {}};
+                    {},
+                    options.fresh ? QString() : LogFile::defaultFolder()};
   if (sample) platform.demoSession = StoredSession::from(sample->service.signInDirectly(), clock.now());
 
   QQmlEngine engine;
@@ -142,6 +149,11 @@ int run(QGuiApplication& application, const Options& options) {
                    [&place](const QString& token) { place.bringForward(token); });
   for (const QString& link : links) app.signIn()->takeGoogleLink(link);
   if (!options.demo) {
+    // The portal does not tell when its answer changes.
+    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &proxy,
+                     [&proxy](Qt::ApplicationState state) {
+                       if (state == Qt::ApplicationActive) proxy.ask();
+                     });
     findSchemeHandler(applicationId, &app, [](const QString& entry) {
       if (entry != applicationId + u".desktop"_s)
         qCInfo(lcMain, "Sign-in links go to \"%s\"; they have to be pasted here", qPrintable(entry));

@@ -88,15 +88,9 @@ class Actions {
       co_return answer;
     } catch (const APIError& error) {
       m_context.services().toasts.failure(failure, error);
-      if (changes && (outcomeIsUnknown(error) || isVersionConflict(error))) m_recheck();
+      if (changes && (mayHaveActed(error) || isVersionConflict(error))) m_recheck();
     }
     co_return std::nullopt;
-  }
-
-  /// The service may have acted although no answer of it arrived whole.
-  static bool outcomeIsUnknown(const APIError& error) {
-    using Kind = APIError::Kind;
-    return error.is(Kind::timedOut) || error.is(Kind::offline) || error.is(Kind::invalidResponse);
   }
 
  private:

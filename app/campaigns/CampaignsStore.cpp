@@ -246,7 +246,7 @@ Task<void> CampaignsStore::createTask(QString name) {
     if (submission.succeed()) open(campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) services().toasts.failure({}, error);
-    if (Actions::outcomeIsUnknown(error)) context().changes().stale<Campaign>();
+    if (mayHaveActed(error)) context().changes().stale<Campaign>();
   }
 }
 

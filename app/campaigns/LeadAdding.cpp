@@ -254,7 +254,7 @@ Task<void> LeadAdding::work(QString way) {
     reason = trouble.reason;
   } catch (const APIError& error) {
     reason = error.message();
-    isUncertain = Actions::outcomeIsUnknown(error);
+    isUncertain = mayHaveActed(error);
   }
   forgetFile();
   m_busy = false;

@@ -92,7 +92,7 @@ Task<void> LeadMove::move(QStringList leadIds, QString target) {
   } catch (const APIError& error) {
     finish(error.message());
     // It may have moved them although its answer was lost.
-    if (Actions::outcomeIsUnknown(error)) m_moved({});
+    if (mayHaveActed(error)) m_moved({});
   }
 }
 

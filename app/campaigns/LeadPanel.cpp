@@ -171,7 +171,7 @@ Task<void> LeadPanel::saveTask() {
     m_error = error.message();
     Q_EMIT changed();
     // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
-    if (Actions::outcomeIsUnknown(error)) refresh();
+    if (mayHaveActed(error)) refresh();
   }
 }
 

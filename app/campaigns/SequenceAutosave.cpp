@@ -5,17 +5,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
-namespace {
-
-/// Only then is it certain that the service did not act: a time-out, a lost connection, an answer that cannot be read
-/// and a fault on its side all leave that open.
-bool isRefusal(const APIError& error) {
-  const int status = error.context().httpStatus;
-  return status >= 400 && status < 500;
-}
-
-}  // namespace
-
 SequenceAutosave::SequenceAutosave(Clock& clock, Send send, QObject* parent)
     : QObject(parent), m_clock(clock), m_send(std::move(send)) {}
 
@@ -124,7 +113,7 @@ void SequenceAutosave::succeed(const QList<DraftStep>& sent, const Campaign& cam
 }
 
 void SequenceAutosave::fail(const QList<DraftStep>& sent, const APIError& error) {
-  if (!isRefusal(error)) {
+  if (mayHaveActed(error)) {
     m_savedInputs.reset();
     // An id that the service may have dropped would have it refuse the whole sequence, every time.
     m_draft.takeIds(sent);

@@ -13,6 +13,9 @@ Q_LOGGING_CATEGORY(lcApp, "orvella.app")
 
 namespace {
 
+const auto noWorkspaceNotice =
+    u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s;
+
 QString keychainNotice(const KeychainError& error) {
   if (error.reason() == KeychainError::Reason::locked)
     return u"Your keyring is locked, so you’re signed out for now. Unlock it and start Orvella again, or sign in."_s;
@@ -24,7 +27,8 @@ QString keychainNotice(const KeychainError& error) {
 AppModel::AppModel(Platform platform, QObject* parent)
     : QObject(parent),
       m_platform(std::move(platform)),
-      m_store(m_platform.keychain),
+      m_sessionApi(m_platform.api, m_platform.clock),
+      m_store(m_platform.keychain, m_platform.stateFolder),
       m_toasts(m_platform.clock),
       m_router(m_platform.preferences, m_platform.clock),
       m_appearance(m_platform.preferences),
@@ -44,6 +48,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
   };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
+  m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
 }
 
@@ -83,9 +88,11 @@ void AppModel::restore(std::optional<StoredSession> session) {
     m_keychain.start(clearSession());
     session.reset();
   }
-  if (session && !session->workspaces.isEmpty()) {
+  // Who is signing in by now goes on with it; what the keyring had to say came too late.
+  if (session && !session->workspaces.isEmpty() && !m_signIn.isUnderWay()) {
     m_stored = std::move(session);
     m_kept = m_stored;
+    m_sessionApi.open(*m_stored);
     m_phase = Phase::signedIn;
     m_signIn.reset();
     openInitialWorkspace();
@@ -104,11 +111,13 @@ void AppModel::adopt(StoredSession session) {
   m_signIn.reset();
   if (session.workspaces.isEmpty()) {
     m_phase = Phase::signedOut;
-    m_signIn.setNotice(u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    m_signIn.setNotice(noWorkspaceNotice);
+    m_farewells.start(logOut(session.token));
     Q_EMIT changed();
     return;
   }
   m_stored = std::move(session);
+  m_sessionApi.open(*m_stored);
   m_phase = Phase::signedIn;
   openInitialWorkspace();
 }
@@ -138,7 +147,7 @@ std::shared_ptr<WorkspaceContext> AppModel::contextOf(const WorkspaceSummary& wo
   std::weak_ptr<WorkspaceContext>& known = m_contexts[workspace.slug];
   if (auto there = known.lock()) return there;
   const QString token = m_stored->token;
-  const auto made = std::make_shared<WorkspaceContext>(workspace, token, m_platform.api, m_services,
+  const auto made = std::make_shared<WorkspaceContext>(workspace, token, m_sessionApi, m_services,
                                                        [this, token] { endSession(token); });
   known = made;
   return made;
@@ -152,17 +161,28 @@ void AppModel::openWorkspace(const QString& slug) {
     m_overlays.dismissAll();
     const WorkspaceSummary chosen = workspace;
     open(chosen);
-    m_remember.start(rememberWorkspace(slug, m_stored->token));
+    m_remember.start(rememberWorkspace(slug));
     return;
   }
 }
 
-Task<void> AppModel::rememberWorkspace(QString slug, QString token) {
+template <class R>
+Task<R> AppModel::accountCall(Request<R> request) {
+  const QString token = m_stored->token;
   try {
-    co_await m_platform.api.send(Requests::setCurrentWorkspace(slug), {}, token);
+    co_return co_await m_sessionApi.send(std::move(request), {}, token);
+  } catch (const APIError& error) {
+    if (error.is(APIError::Kind::unauthorized)) endSession(token);
+    throw;
+  }
+}
+
+Task<void> AppModel::rememberWorkspace(QString slug) {
+  try {
+    co_await accountCall(Requests::setCurrentWorkspace(slug));
   } catch (const APIError& error) {
     // Only the next start on another machine would have known.
-    qCInfo(lcApp, "Last workspace not recorded: %s", error.what());
+    qCInfo(lcApp, "Last workspace not recorded: %s", qPrintable(error.description()));
   }
 }
 
@@ -171,20 +191,19 @@ void AppModel::refreshAccount() {
     if (m_phase == Phase::signedOut) m_signIn.checkMethods();
     return;
   }
-  if (m_stored->isExpired(m_platform.clock.now())) return endSession(QString(m_stored->token));
-  if (m_account.isIdle()) m_account.start(fetchAccount(m_stored->token));
+  if (m_account.isIdle()) m_account.start(fetchAccount());
 }
 
-Task<void> AppModel::fetchAccount(QString token) {
+Task<void> AppModel::fetchAccount() {
+  const QString token = m_stored->token;
   try {
-    const MeResponse account = co_await m_platform.api.send(Requests::me(), {}, token);
-    if (!m_stored || m_stored->token != token) co_return;
+    const MeResponse account = co_await accountCall(Requests::me());
     if (account.user)
       applyAccount(account);
     else
       endSession(token);
   } catch (const APIError& error) {
-    if (error.is(APIError::Kind::unauthorized)) endSession(token);
+    qCInfo(lcApp, "The account could not be read: %s", qPrintable(error.description()));
   }
 }
 
@@ -192,8 +211,9 @@ void AppModel::applyAccount(const MeResponse& account) {
   m_stored->user = *account.user;
   m_stored->workspaces = account.workspaces;
   if (account.workspaces.isEmpty()) {
+    m_farewells.start(logOut(m_stored->token));
     leave();
-    m_signIn.setNotice(u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
+    m_signIn.setNotice(noWorkspaceNotice);
     return;
   }
   bool currentListed = false;
@@ -229,7 +249,7 @@ Task<void> AppModel::saveSession(StoredSession session) {
 Task<void> AppModel::clearSession() {
   if (isDemo()) co_return;
   try {
-    co_await m_store.clear();
+    co_await m_store.clear(m_platform.clock.now());
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
     if (error.reason() == KeychainError::Reason::absent) co_return;
@@ -271,7 +291,7 @@ Task<void> AppModel::logOut(QString token) {
   try {
     co_await m_platform.api.send(Requests::logOut(), {}, token);
   } catch (const APIError& error) {
-    qCInfo(lcApp, "Sign-out not heard by the service: %s", error.what());
+    qCInfo(lcApp, "Sign-out not heard by the service: %s", qPrintable(error.description()));
   }
 }
 
@@ -290,6 +310,7 @@ void AppModel::leave() {
   m_overlays.dismissAll();
   m_toasts.clear();
   m_stored.reset();
+  m_sessionApi.close();
   m_kept.reset();
   m_current.reset();
   m_session = nullptr;

@@ -14,6 +14,7 @@
 #include "app/shell/SignInModel.h"
 #include "app/shell/WorkspaceSession.h"
 #include "kit/session/SessionStore.h"
+#include "kit/session/SessionTransport.h"
 
 namespace orv {
 
@@ -32,6 +33,8 @@ struct Platform {
   Device device;
   /// Set in demo mode: the session that is simply there. Nothing is then read from or written to the keychain.
   std::optional<StoredSession> demoSession;
+  /// Where the person's state is kept that is no setting; empty to keep none.
+  QString stateFolder = {};
 };
 
 /// The application's root: signed out or signed in, and the few workspaces kept warm.
@@ -106,8 +109,11 @@ class AppModel final : public QObject {
   void open(const WorkspaceSummary& workspace);
   std::shared_ptr<WorkspaceContext> contextOf(const WorkspaceSummary& workspace);
   void openInitialWorkspace();
-  Task<void> rememberWorkspace(QString slug, QString token);
-  Task<void> fetchAccount(QString token);
+  /// With the open session's token; a 401 ends that session.
+  template <class R>
+  Task<R> accountCall(Request<R> request);
+  Task<void> rememberWorkspace(QString slug);
+  Task<void> fetchAccount();
   void applyAccount(const MeResponse& account);
   void keep();
   Task<void> saveSession(StoredSession session);
@@ -121,6 +127,7 @@ class AppModel final : public QObject {
   void trim();
 
   Platform m_platform;
+  SessionTransport m_sessionApi;
   SessionStore m_store;
   Toasts m_toasts;
   Overlays m_overlays;

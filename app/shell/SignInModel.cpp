@@ -1,5 +1,6 @@
 #include "app/shell/SignInModel.h"
 
+#include <QCryptographicHash>
 #include <QLoggingCategory>
 #include <QRegularExpression>
 
@@ -17,9 +18,12 @@ Q_LOGGING_CATEGORY(lcSignIn, "orvella.signin")
 namespace {
 
 constexpr int defaultResendSeconds = 60;
+constexpr qint64 longestResendSeconds = 24 * 60 * 60;
 
 bool looksLikeAddress(const QString& address) {
-  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s));
+  // White space is that of every script.
+  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s),
+                                          QRegularExpression::UseUnicodePropertiesOption);
   return pattern.match(address).hasMatch();
 }
 
@@ -95,14 +99,14 @@ void SignInModel::submitEmail() {
 void SignInModel::submitPassword() {
   if (m_busy) return;
   if (m_password.isEmpty()) return say(u"Enter your password."_s);
-  begin(signInWithPassword(m_address, m_password));
+  beginSignIn(Requests::signInWithPassword(m_address, m_password), Way::password);
 }
 
 void SignInModel::submitCode() {
   if (m_busy) return;
   const QString code = m_code.trimmed();
   if (!isCompleteCode(code)) return say(u"Enter the 6-digit code from the email."_s);
-  begin(verifyCode(m_codeSentTo, code));
+  beginSignIn(Requests::verifyEmail(m_codeSentTo, code), Way::code);
 }
 
 void SignInModel::resendCode() {
@@ -111,7 +115,7 @@ void SignInModel::resendCode() {
 }
 
 void SignInModel::useDifferentEmail() {
-  if (m_busy) return;
+  abandonCall();
   m_step = Step::email;
   m_password.clear();
   m_code.clear();
@@ -143,13 +147,17 @@ void SignInModel::cancelGoogle() {
 }
 
 void SignInModel::takeGoogleLink(const QString& link) {
+  const QByteArray digest = QCryptographicHash::hash(link.trimmed().toUtf8(), QCryptographicHash::Sha256);
+  // Browsers hand a link over again when the page is shown again.
+  if (digest == m_takenLinkDigest) return;
   // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
   if (!m_google) return say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);
-  if (!m_google->accept(link)) say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
+  if (!m_google->accept(link)) return say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
+  m_takenLinkDigest = digest;
 }
 
 void SignInModel::reset() {
-  m_call.cancel();
+  abandonCall();
   m_googleCall.cancel();
   m_countdown.cancel();
   m_google.reset();
@@ -160,7 +168,6 @@ void SignInModel::reset() {
   m_code.clear();
   m_codeSentTo.clear();
   m_resendIn = 0;
-  m_busy = false;
   m_notice.clear();
   say({});
 }
@@ -177,7 +184,7 @@ Task<void> SignInModel::fetchMethods() {
   } catch (const APIError& error) {
     // The email step works without knowing.
     m_methodsFailed = true;
-    qCInfo(lcSignIn, "Sign-in methods unknown: %s", error.what());
+    qCInfo(lcSignIn, "Sign-in methods unknown: %s", qPrintable(error.description()));
   }
 }
 
@@ -197,16 +204,12 @@ Task<void> SignInModel::checkEmail(QString address) {
   co_await startCode(address);
 }
 
-Task<void> SignInModel::signInWithPassword(QString address, QString password) {
-  finish(co_await m_api.send(Requests::signInWithPassword(address, password)));
-}
-
 Task<void> SignInModel::startCode(QString address) {
   try {
     const EmailStarted started = co_await m_api.send(Requests::startEmail(address));
     m_code.clear();
     expectCode(address);
-    startCountdown(int(started.retryIn.value_or(defaultResendSeconds)));
+    startCountdown(started.retryIn.value_or(defaultResendSeconds));
   } catch (const APIError& error) {
     // The code that was sent a moment ago holds, and needs its field.
     if (error.code() == u"too_soon"_s) expectCode(address);
@@ -218,10 +221,6 @@ void SignInModel::expectCode(const QString& address) {
   m_codeSentTo = address;
   m_step = Step::code;
   Q_EMIT changed();
-}
-
-Task<void> SignInModel::verifyCode(QString address, QString code) {
-  finish(co_await m_api.send(Requests::verifyEmail(address, code)));
 }
 
 Task<void> SignInModel::signInWithGoogle(std::shared_ptr<GoogleSignIn> flow) {
@@ -242,16 +241,32 @@ Task<void> SignInModel::signInWithGoogle(std::shared_ptr<GoogleSignIn> flow) {
     case GoogleSignIn::Outcome::code:
       break;
   }
-  if (!m_busy) begin(exchangeGoogleCode(result.code, flow->verifier()));
+  // Who has signed in over there waits for nothing that is still under way here.
+  abandonCall();
+  beginSignIn(Requests::exchangeToken(result.code, flow->verifier(), m_device), Way::google);
 }
 
-Task<void> SignInModel::exchangeGoogleCode(QString code, QString verifier) {
+Task<void> SignInModel::signIn(Request<NativeSession> request, Way way, int attempt) {
+  std::optional<APIError> failure;
   try {
-    finish(co_await m_api.send(Requests::exchangeToken(code, verifier, m_device)));
+    const NativeSession session = co_await m_api.send(std::move(request));
+    const auto stored = StoredSession::from(session, m_clock.now());
+    const bool isUsable = !stored.isExpired(m_clock.now());
+    if (attempt == m_attempt && isUsable) {
+      m_busy = false;
+      cancelGoogle();
+      m_notice.clear();
+      if (onSignedIn) onSignedIn(stored);
+      co_return;
+    }
+    if (onDiscarded) onDiscarded(session.token);
+    if (!isUsable) failure = APIError::of(APIError::Kind::invalidResponse);
   } catch (const APIError& error) {
-    qCWarning(lcSignIn, "Google sign-in failed: %s", error.what());
-    throw;
+    failure = error;
   }
+  if (failure && way == Way::google)
+    qCWarning(lcSignIn, "Google sign-in failed: %s", qPrintable(failure->description()));
+  if (failure && attempt == m_attempt) fail(*failure);
 }
 
 void SignInModel::begin(Task<void> call) {
@@ -261,6 +276,19 @@ void SignInModel::begin(Task<void> call) {
   m_call.start(guarded(std::move(call)));
 }
 
+void SignInModel::beginSignIn(Request<NativeSession> request, Way way) {
+  m_busy = true;
+  m_error.clear();
+  Q_EMIT changed();
+  m_signIns.start(signIn(std::move(request), way, ++m_attempt));
+}
+
+void SignInModel::abandonCall() {
+  m_call.cancel();
+  ++m_attempt;
+  m_busy = false;
+}
+
 Task<void> SignInModel::guarded(Task<void> call) {
   std::optional<APIError> failure;
   try {
@@ -268,15 +296,15 @@ Task<void> SignInModel::guarded(Task<void> call) {
   } catch (const APIError& error) {
     failure = error;
   }
+  if (failure) co_return fail(*failure);
   m_busy = false;
-  if (failure) fail(*failure);
   Q_EMIT changed();
 }
 
 void SignInModel::fail(const APIError& error) {
-  if (error.is(APIError::Kind::cancelled)) return;
-  if (error.code() == u"too_soon"_s && error.problem().retryIn) startCountdown(int(*error.problem().retryIn));
-  say(errorLine(error));
+  m_busy = false;
+  if (error.code() == u"too_soon"_s && error.problem().retryIn) startCountdown(*error.problem().retryIn);
+  say(error.is(APIError::Kind::cancelled) ? QString() : errorLine(error));
 }
 
 void SignInModel::say(const QString& error) {
@@ -284,14 +312,9 @@ void SignInModel::say(const QString& error) {
   Q_EMIT changed();
 }
 
-void SignInModel::finish(const NativeSession& session) {
-  cancelGoogle();
-  m_notice.clear();
-  if (onSignedIn) onSignedIn(StoredSession::from(session, m_clock.now()));
-}
-
-void SignInModel::startCountdown(int seconds) {
-  m_resendIn = std::max(0, seconds);
+void SignInModel::startCountdown(qint64 seconds) {
+  m_resendIn = int(std::clamp<qint64>(seconds, 0, longestResendSeconds));
+  m_resendAt = m_clock.now().addSecs(m_resendIn);
   Q_EMIT changed();
   m_countdown.start(countDown());
 }
@@ -299,7 +322,9 @@ void SignInModel::startCountdown(int seconds) {
 Task<void> SignInModel::countDown() {
   while (m_resendIn > 0) {
     co_await m_clock.sleep(1s);
-    --m_resendIn;
+    // The machine may have slept meanwhile. A clock that was set back makes nobody wait longer.
+    const qint64 left = (m_clock.now().msecsTo(m_resendAt) + 999) / 1000;
+    m_resendIn = left > m_resendIn ? m_resendIn - 1 : int(std::max<qint64>(0, left));
     Q_EMIT changed();
   }
 }

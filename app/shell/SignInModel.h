@@ -41,6 +41,8 @@ class SignInModel final : public QObject {
               QObject* parent = nullptr);
 
   std::function<void(StoredSession)> onSignedIn;
+  /// A token that the service has given and nobody will use.
+  std::function<void(const QString& token)> onDiscarded;
 
   Step step() const { return m_step; }
   QString stepName() const { return enumName(m_step); }
@@ -61,6 +63,8 @@ class SignInModel final : public QObject {
   bool offersCode() const;
   bool waitingForGoogle() const { return m_google != nullptr; }
   bool methodsChecked() const { return m_methodsChecked; }
+  /// More than an address typed: something would be lost if the screen went away.
+  bool isUnderWay() const { return m_busy || m_step != Step::email || m_google; }
 
   void setEmail(const QString& email);
   void setPassword(const QString& password);
@@ -89,20 +93,20 @@ class SignInModel final : public QObject {
  private:
   Task<void> fetchMethods();
   Task<void> checkEmail(QString address);
-  Task<void> signInWithPassword(QString address, QString password);
-  Task<void> verifyCode(QString address, QString code);
+  enum class Way { password, code, google };
+  Task<void> signIn(Request<NativeSession> request, Way way, int attempt);
   Task<void> signInWithGoogle(std::shared_ptr<GoogleSignIn> flow);
-  Task<void> exchangeGoogleCode(QString code, QString verifier);
   Task<void> startCode(QString address);
   void expectCode(const QString& address);
   Task<void> countDown();
 
   void begin(Task<void> call);
+  void beginSignIn(Request<NativeSession> request, Way way);
+  void abandonCall();
   Task<void> guarded(Task<void> call);
   void fail(const APIError& error);
   void say(const QString& error);
-  void finish(const NativeSession& session);
-  void startCountdown(int seconds);
+  void startCountdown(qint64 seconds);
 
   APITransport& m_api;
   Clock& m_clock;
@@ -119,6 +123,7 @@ class SignInModel final : public QObject {
   QString m_error;
   QString m_notice;
   int m_resendIn = 0;
+  QDateTime m_resendAt;
   QString m_codeSentTo;
   std::optional<NativeGoogleClient> m_googleClient;
   bool m_passwordOffered = true;
@@ -126,8 +131,14 @@ class SignInModel final : public QObject {
   bool m_methodsChecked = false;
   bool m_methodsFailed = false;
   std::shared_ptr<GoogleSignIn> m_google;
+  /// Of the last link that was taken, which holds a secret.
+  QByteArray m_takenLinkDigest;
+  int m_attempt = 0;
 
   TaskSlot m_call;
+  /// What may end with a token: goes on when the person has turned to something else, since the service signs in
+  /// whether anybody waits or not.
+  TaskScope m_signIns;
   TaskSlot m_googleCall;
   TaskSlot m_methods;
   TaskSlot m_countdown;

@@ -2,6 +2,7 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -99,7 +100,7 @@ SingleInstance::Start SingleInstance::claimSocket(const QStringList& links) {
   const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
   const QString path = folder + u'/' + m_id;
   if (handOverBySocket(path, links)) return Start::second;
-  // Nobody listens: what is there was left by a process that died.
+  // Nobody listens: what is there was left by a process that died, or belongs to one that hangs.
   QLocalServer::removeServer(path);
   if (!m_server.listen(path)) qCWarning(lcInstance, "No single instance: %s", qPrintable(m_server.errorString()));
   return Start::first;
@@ -111,9 +112,12 @@ bool SingleInstance::handOverBySocket(const QString& path, const QStringList& li
   if (!socket.waitForConnected(handOverMilliseconds)) return false;
   const QJsonObject message{{u"links"_s, QJsonArray::fromStringList(links)}, {u"token"_s, activationToken()}};
   socket.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n');
-  while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(handOverMilliseconds)) continue;
-  socket.disconnectFromServer();
-  return true;
+  // The kernel takes connection and message for one that hangs.
+  const QDeadlineTimer deadline(handOverMilliseconds);
+  while (!socket.canReadLine() && socket.waitForReadyRead(int(deadline.remainingTime()))) continue;
+  if (socket.canReadLine()) return true;
+  qCWarning(lcInstance, "The running application did not answer: %s", qPrintable(socket.errorString()));
+  return false;
 }
 
 void SingleInstance::readFromSocket() {
@@ -122,6 +126,7 @@ void SingleInstance::readFromSocket() {
       if (socket->bytesAvailable() > longestMessage) return socket->abort();
       if (!socket->canReadLine()) return;
       const auto message = QJsonDocument::fromJson(socket->readLine()).object();
+      socket->write("taken\n");
       receive(message["links"_L1].toVariant().toStringList(), message["token"_L1].toString());
     };
     connect(socket, &QLocalSocket::readyRead, this, read);

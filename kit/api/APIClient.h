@@ -7,6 +7,8 @@
 
 namespace orv {
 
+class NetworkChanges;
+
 /// The network: one per process, with nothing in it but settings. May be called from any thread; answers are decoded on
 /// the network thread and delivered where the call was made.
 ///
@@ -20,13 +22,25 @@ class APIClient final : public APITransport {
     std::chrono::milliseconds whole = std::chrono::seconds(90);
     /// A longer answer is refused as `invalidResponse`.
     qint64 answerBytes = 256LL << 20;
+    /// How long an idle connection is kept for the next request.
+    std::chrono::seconds kept = std::chrono::seconds(60);
+    /// HTTP/2 from the first byte where no handshake agrees on it: for a test's server without TLS.
+    bool http2Unasked = false;
   };
 
   /// This process's environment and identity.
   APIClient();
   APIClient(APIEnvironment environment, ClientIdentity identity, Limits limits);
+  APIClient(APIEnvironment environment, ClientIdentity identity, Limits limits,
+            std::unique_ptr<NetworkChanges> changes);
   /// Closes what is in flight; nothing is delivered afterwards.
   ~APIClient() override;
+
+  /// What requests go through from now on ("http://proxy.example:3128"); empty is the direct way. Without a value the
+  /// environment's variables decide, and what "no_proxy" excepts goes the direct way in any case.
+  void useProxy(std::optional<QByteArray> proxy);
+  /// Lets requests wait for useProxy(), so that the first ones do not take a way that is closed.
+  void holdForProxy(std::chrono::milliseconds atMost);
 
   const APIEnvironment& environment() const { return m_environment; }
   const ClientIdentity& identity() const { return m_identity; }

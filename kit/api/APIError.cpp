@@ -101,6 +101,14 @@ const char* APIError::what() const noexcept {
   return "";
 }
 
+QString APIError::description() const {
+  QString text = QString::fromLatin1(what());
+  if (const auto word = code()) text += u' ' + *word;
+  if (m_context.httpStatus > 0) text += u", status "_s + QString::number(m_context.httpStatus);
+  if (const auto id = requestId()) text += u", request "_s + *id;
+  return text;
+}
+
 bool APIError::operator==(const APIError& other) const {
   return m_kind == other.m_kind && m_retryAfter == other.m_retryAfter && m_problem == other.m_problem &&
          m_requestId == other.m_requestId && m_status == other.m_status;
@@ -113,8 +121,14 @@ size_t qHash(const APIError& error, size_t seed) {
 }
 
 bool isVersionConflict(const APIError& error) {
-  const auto& [httpStatus, conditional] = error.context();
-  return conditional && (httpStatus == 409 || httpStatus == 412);
+  const APIError::Context& context = error.context();
+  return context.conditional && (context.httpStatus == 409 || context.httpStatus == 412);
+}
+
+bool mayHaveActed(const APIError& error) {
+  const APIError::Context& context = error.context();
+  const bool refused = context.httpStatus >= 400 && context.httpStatus < 500;
+  return context.sent && !refused;
 }
 
 }  // namespace orv

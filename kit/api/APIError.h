@@ -77,12 +77,16 @@ class APIError final : public std::exception {
     int httpStatus = 0;
     /// The request named the version it was based on.
     bool conditional = false;
+    /// The request may have reached the service. False when no connection came about.
+    bool sent = true;
   };
   const Context& context() const { return m_context; }
   APIError withContext(Context context) const;
 
   /// A kind's name in ASCII, for the log.
   const char* what() const noexcept override;
+  /// The same with what helps to find the call in the service's own log: "problem bad_code, status 400, request r-1".
+  QString description() const;
 
   bool operator==(const APIError& other) const;
 
@@ -101,5 +105,10 @@ size_t qHash(const APIError& error, size_t seed = 0);
 
 /// Whether the service refused a change because the record had moved on since the caller read it.
 bool isVersionConflict(const APIError& error);
+
+/// Whether the service may have done what was asked of it although the call failed. Only a request that never went out
+/// and one that the service refused are certain to have changed nothing: a time-out, a lost connection, an answer that
+/// cannot be read and a fault on its side all leave that open.
+bool mayHaveActed(const APIError& error);
 
 }  // namespace orv

@@ -77,10 +77,10 @@ APIError refusal(const HTTPAnswer& answer) {
 }  // namespace
 
 std::optional<APIError> errorOf(const ExchangeResult& result) {
-  if (const auto* failure = std::get_if<TransportFailure>(&result)) return ofFailure(*failure);
+  if (const auto* none = std::get_if<NoAnswer>(&result)) return ofFailure(none->why).withContext({.sent = none->sent});
   const auto& answer = std::get<HTTPAnswer>(result);
   if (answer.status >= 200 && answer.status < 300) return std::nullopt;
-  const APIError::Context context{answer.status, false};
+  const APIError::Context context{.httpStatus = answer.status};
   if (answer.status == 429) return rateLimit(answer).withContext(context);
   if (answer.status == 401) return APIError::of(APIError::Kind::unauthorized).withContext(context);
   return refusal(answer).withContext(context);

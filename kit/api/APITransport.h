@@ -29,7 +29,15 @@ struct HTTPAnswer {
 /// Why no whole answer came back.
 enum class TransportFailure { offline, timedOut, cancelled, unreachable, invalidResponse };
 
-using ExchangeResult = std::variant<HTTPAnswer, TransportFailure>;
+struct NoAnswer {
+  /// From the failure alone, which says it all most of the time.
+  NoAnswer(TransportFailure reason, bool mayHaveArrived = true) : why(reason), sent(mayHaveArrived) {}
+  TransportFailure why;
+  /// See APIError::Context.
+  bool sent;
+};
+
+using ExchangeResult = std::variant<HTTPAnswer, NoAnswer>;
 
 /// A request with the workspace it is for and the credential it goes with.
 struct APICall {
@@ -190,7 +198,9 @@ Task<R> APITransport::perform(APICall call) {
   auto outcome = co_await Awaiter<R>(*this, std::move(call));
   if (const auto* error = std::get_if<APIError>(&outcome)) {
     if (error->is(APIError::Kind::unauthorized) && m_unauthorized) m_unauthorized();
-    throw error->withContext({error->context().httpStatus, conditional});
+    APIError::Context context = error->context();
+    context.conditional = conditional;
+    throw error->withContext(context);
   }
   co_return std::move(std::get<R>(outcome));
 }

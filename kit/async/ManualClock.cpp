@@ -21,6 +21,11 @@ std::unique_ptr<Clock::Timer> ManualClock::startTimer(std::chrono::milliseconds 
   return std::make_unique<ManualTimer>(*this, m_lastId);
 }
 
+void ManualClock::jump(std::chrono::milliseconds by) {
+  m_now = m_now.addMSecs(by.count());
+  for (Entry& entry : m_timers) entry.due = entry.due.addMSecs(by.count());
+}
+
 void ManualClock::advance(std::chrono::milliseconds by) {
   const QDateTime end = m_now.addMSecs(by.count());
   for (;;) {

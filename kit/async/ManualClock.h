@@ -17,6 +17,8 @@ class ManualClock final : public Clock {
 
   /// Moves on, firing what comes due in its order and at its instant. What fires may start and stop timers.
   void advance(std::chrono::milliseconds by);
+  /// Lets time pass while the machine sleeps: timers wait as long as before. Backwards, the clock is set.
+  void jump(std::chrono::milliseconds by);
   int running() const { return int(m_timers.size()); }
 
  private:

@@ -15,23 +15,31 @@ namespace orv {
 /// One request, shared by the task that waits and the thread that works; either may let go first.
 struct SecretServiceKeychain::Job {
   using Perform = std::function<std::optional<QByteArray>(secretservice::Session&)>;
-  enum class Stage { queued, asking, unlocking };
+  /// Whom the request waits for once it has been taken up: the service, or the person that it asks.
+  enum class Stage { asking, unlocking };
 
   explicit Job(Perform toPerform) : perform(std::move(toPerform)) {}
 
   const Perform perform;
   secretservice::Cancellable cancellable;
-  std::atomic<Stage> stage = Stage::queued;
 
-  /// Worker thread: leaves the outcome and wakes the waiting task, if it still waits.
+  /// Worker thread: tells the waiting task, if it still waits.
+  void enter(Stage stage) {
+    const std::lock_guard lock(m_mutex);
+    if (!m_home) return;
+    QMetaObject::invokeMethod(
+        m_home, [entered = m_entered, stage] { entered(stage); }, Qt::QueuedConnection);
+  }
+  /// Worker thread: leaves the outcome and wakes the waiting task.
   void finish(secretservice::Outcome result) {
     const std::lock_guard lock(m_mutex);
     outcome = std::move(result);
     if (m_home) QMetaObject::invokeMethod(m_home, m_wake, Qt::QueuedConnection);
   }
-  void awaitIn(QObject* home, std::function<void()> wake) {
+  void awaitIn(QObject* home, std::function<void(Stage)> entered, std::function<void()> wake) {
     const std::lock_guard lock(m_mutex);
     m_home = home;
+    m_entered = std::move(entered);
     m_wake = std::move(wake);
   }
   /// Nobody waits any longer. What the service has already begun may still happen.
@@ -48,6 +56,7 @@ struct SecretServiceKeychain::Job {
  private:
   std::mutex m_mutex;
   QObject* m_home = nullptr;
+  std::function<void(Stage)> m_entered;
   std::function<void()> m_wake;
 };
 
@@ -99,10 +108,9 @@ class SecretServiceKeychain::Worker {
   }
 
   static void work(Job& job) {
-    job.stage = Job::Stage::asking;
-    secretservice::Session session(job.cancellable, [&job](bool unlocking) {
-      job.stage = unlocking ? Job::Stage::unlocking : Job::Stage::asking;
-    });
+    job.enter(Job::Stage::asking);
+    secretservice::Session session(
+        job.cancellable, [&job](bool unlocking) { job.enter(unlocking ? Job::Stage::unlocking : Job::Stage::asking); });
     try {
       job.finish(job.perform(session));
     } catch (const KeychainError& error) {
@@ -128,9 +136,13 @@ class SecretServiceKeychain::Awaiter {
   template <class Promise>
   void await_suspend(std::coroutine_handle<Promise> frame) {
     if (!m_resumption.arm(frame)) return;
-    m_job->awaitIn(&m_home, [this] { m_resumption(); });
+    m_job->awaitIn(
+        &m_home,
+        [this](Job::Stage stage) { watch(stage == Job::Stage::asking ? m_limits.answer : m_limits.unlocking); },
+        [this] { m_resumption(); });
     m_worker.add(m_job);
-    watch();
+    // Behind another request it may be a person that is waited for.
+    watch(m_limits.unlocking);
   }
   std::optional<QByteArray> await_resume() {
     if (m_silent) throw secretservice::silentError();
@@ -139,16 +151,12 @@ class SecretServiceKeychain::Awaiter {
   }
 
  private:
-  void watch() {
-    m_timer = m_clock.startTimer(m_limits.answer, [this] { giveUpOrWatchOn(); });
-  }
-  void giveUpOrWatchOn() {
-    m_waited += m_limits.answer;
-    // Waiting for a person, be it behind another request, is no silence of the service.
-    if (m_job->stage != Job::Stage::asking && m_waited < m_limits.unlocking) return watch();
-    m_job->abandon();
-    m_silent = true;
-    m_resumption();
+  void watch(std::chrono::milliseconds limit) {
+    m_timer = m_clock.startTimer(limit, [this] {
+      m_job->abandon();
+      m_silent = true;
+      m_resumption();
+    });
   }
 
   Worker& m_worker;
@@ -158,7 +166,6 @@ class SecretServiceKeychain::Awaiter {
   Resumption m_resumption;
   QObject m_home;
   std::unique_ptr<Clock::Timer> m_timer;
-  std::chrono::milliseconds m_waited{0};
   bool m_silent = false;
 };
 

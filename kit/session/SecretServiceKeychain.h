@@ -15,7 +15,7 @@ namespace orv {
 class SecretServiceKeychain final : public Keychain {
  public:
   struct Limits {
-    /// For a service that owes an answer; then the request fails as `silent`.
+    /// For a service that owes an answer, from when it was asked; then the request fails as `silent`.
     std::chrono::milliseconds answer = std::chrono::seconds(30);
     /// For a person whom the service asks to unlock the keyring.
     std::chrono::milliseconds unlocking = std::chrono::minutes(5);

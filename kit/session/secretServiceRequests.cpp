@@ -63,6 +63,8 @@ std::unique_ptr<GHashTable, decltype(&g_hash_table_unref)> attributes(const Item
           &g_hash_table_unref};
 }
 
+void freeItems(GList* list) { g_list_free_full(list, g_object_unref); }
+
 KeychainError lockedError() { return KeychainError::status(SECRET_ERROR_IS_LOCKED, Reason::locked); }
 
 }  // namespace
@@ -90,16 +92,16 @@ void Session::connect() {
   m_service.reset(secret_service_open_sync(SECRET_TYPE_SERVICE, nullptr, SECRET_SERVICE_OPEN_SESSION,
                                            m_cancellable.get(), failure.out()));
   failure.check();
-  unlockDefaultCollection();
+  openDefaultCollection();
 }
 
-void Session::unlockDefaultCollection() {
+void Session::openDefaultCollection() {
   Failure failure;
   // Some services show no items at all of a locked collection, so "not found" means nothing until it is open.
-  const std::unique_ptr<SecretCollection, Unref> collection(secret_collection_for_alias_sync(
-      m_service.get(), SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, m_cancellable.get(), failure.out()));
+  m_collection.reset(secret_collection_for_alias_sync(m_service.get(), SECRET_COLLECTION_DEFAULT,
+                                                      SECRET_COLLECTION_NONE, m_cancellable.get(), failure.out()));
   failure.check();
-  if (collection && secret_collection_get_locked(collection.get())) unlock(collection.get());
+  if (m_collection && secret_collection_get_locked(m_collection.get())) unlock(m_collection.get());
 }
 
 void Session::unlock(void* object) {
@@ -113,11 +115,13 @@ void Session::unlock(void* object) {
   if (count < 1) throw lockedError();
 }
 
-Session::ItemList Session::find(const Item& item, int flags) {
+Session::ItemList Session::find(const Item& item) {
   Failure failure;
-  ItemList items(secret_service_search_sync(m_service.get(), schema(), attributes(item).get(), SecretSearchFlags(flags),
-                                            m_cancellable.get(), failure.out()),
-                 [](GList* list) { g_list_free_full(list, g_object_unref); });
+  // Another collection may hold an item of the same name: of an earlier keyring, or of somebody who put it there.
+  ItemList items(m_collection ? secret_collection_search_sync(m_collection.get(), schema(), attributes(item).get(),
+                                                              SECRET_SEARCH_ALL, m_cancellable.get(), failure.out())
+                              : nullptr,
+                 freeItems);
   failure.check();
   for (const GList* entry = items.get(); entry; entry = entry->next)
     if (secret_item_get_locked(SECRET_ITEM(entry->data))) unlock(entry->data);
@@ -126,7 +130,7 @@ Session::ItemList Session::find(const Item& item, int flags) {
 
 std::optional<QByteArray> Session::read(const Item& item) {
   connect();
-  const ItemList items = find(item, SECRET_SEARCH_NONE);
+  const ItemList items = find(item);
   if (!items) return std::nullopt;
   Failure failure;
   auto* const found = SECRET_ITEM(items->data);
@@ -157,11 +161,25 @@ void Session::write(const Item& item, const QByteArray& data) {
 
 void Session::remove(const Item& item) {
   connect();
-  const ItemList items = find(item, SECRET_SEARCH_ALL);
+  const ItemList items = find(item);
   for (const GList* entry = items.get(); entry; entry = entry->next) {
     Failure failure;
     secret_item_delete_sync(SECRET_ITEM(entry->data), m_cancellable.get(), failure.out());
     failure.check();
+  }
+  removeElsewhere(item);
+}
+
+/// Nothing reads what other collections hold, so it goes only where that asks nobody for a password.
+void Session::removeElsewhere(const Item& item) {
+  Failure unfound;
+  const ItemList items(secret_service_search_sync(m_service.get(), schema(), attributes(item).get(), SECRET_SEARCH_ALL,
+                                                  m_cancellable.get(), unfound.out()),
+                       freeItems);
+  for (const GList* entry = items.get(); entry; entry = entry->next) {
+    Failure undeleted;
+    if (!secret_item_get_locked(SECRET_ITEM(entry->data)))
+      secret_item_delete_sync(SECRET_ITEM(entry->data), m_cancellable.get(), undeleted.out());
   }
 }
 

@@ -13,6 +13,7 @@
 // NOLINTBEGIN(bugprone-reserved-identifier)
 typedef struct _GCancellable GCancellable;
 typedef struct _GList GList;
+typedef struct _SecretCollection SecretCollection;
 typedef struct _SecretService SecretService;
 // NOLINTEND(bugprone-reserved-identifier)
 
@@ -63,13 +64,16 @@ class Session {
   using ItemList = std::unique_ptr<GList, void (*)(GList*)>;
 
   void connect();
-  void unlockDefaultCollection();
+  void openDefaultCollection();
   void unlock(void* object);
-  ItemList find(const Item& item, int flags);
+  ItemList find(const Item& item);
+  void removeElsewhere(const Item& item);
 
   Cancellable& m_cancellable;
   std::function<void(bool)> m_unlocking;
   std::unique_ptr<SecretService, Unref> m_service;
+  /// Null as long as the desktop has none.
+  std::unique_ptr<SecretCollection, Unref> m_collection;
 };
 
 }  // namespace orv::secretservice

@@ -1,3 +1,7 @@
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
@@ -90,6 +94,20 @@ class InstanceTest : public QObject {
     SingleInstance first(id, connection(nowhere));
     QCOMPARE(first.claim({}), SingleInstance::Start::first);
     QCOMPARE(startAnother({}), "second");
+  }
+
+  void oneThatHangsWithoutABusSwallowsNothing() {
+    const QString runtime = m_bus->environment().value(u"XDG_RUNTIME_DIR"_s);
+    m_bus->setSessionAddress(u"unix:path="_s + m_bus->folder() + u"/nothing"_s);
+    // The kernel takes its connections; nobody reads them.
+    const int hung = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, (runtime + u'/' + id).toLocal8Bit().constData(), sizeof address.sun_path);
+    QCOMPARE(::bind(hung, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    QCOMPARE(::listen(hung, 8), 0);
+    QCOMPARE(startAnother({signInLink}), "first");
+    ::close(hung);
   }
 
   void onlyItsOwnLinksCount() {

@@ -4,10 +4,7 @@
 #include <algorithm>
 #include <atomic>
 
-#include "kit/api/APIClient.h"
-#include "kit/models/campaigns/sequence.h"
-#include "tests/support/WireServer.h"
-#include "tests/support/await.h"
+#include "tests/kit/Wire.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -19,42 +16,6 @@ using Then = WireServer::Reply::Then;
 Q_DECLARE_METATYPE(WireServer::Reply)
 
 namespace {
-
-const ClientIdentity identity{u"1.4.2"_s, u"318"_s, u"14.5"_s};
-constexpr APIClient::Limits patient{.idle = 20s, .whole = 40s};
-
-Request<SpintaxOut> request(HTTPMethod method = HTTPMethod::get, const QString& path = u"/x"_s) {
-  Request<SpintaxOut> result;
-  result.method = method;
-  result.path = path;
-  return result;
-}
-
-struct Wire {
-  explicit Wire(APIClient::Limits limits = patient, const QString& scheme = u"http"_s) {
-    QUrl url = server.url();
-    url.setScheme(scheme);
-    client = std::make_unique<APIClient>(APIEnvironment{url}, identity, limits);
-  }
-  Task<SpintaxOut> send(Request<SpintaxOut> call) { return client->send(std::move(call)); }
-  std::optional<Kind> failureOf(Request<SpintaxOut> call) {
-    try {
-      await(send(std::move(call)));
-    } catch (const APIError& error) {
-      return error.kind();
-    }
-    return std::nullopt;
-  }
-  /// How often the service saw a request of this method.
-  int seen(HTTPMethod method) const {
-    return int(std::ranges::count_if(server.received(), [method](const auto& each) {
-      return each.bytes.startsWith(token(method) + " /api/v1/w//x");
-    }));
-  }
-
-  WireServer server;
-  std::unique_ptr<APIClient> client;
-};
 
 Task<void> countAnswers(Task<SpintaxOut> task, int* answers) {
   co_await std::move(task);

@@ -1,10 +1,12 @@
 // A process of its own for every request: what one leaves in the keyring, the next must find, and each meets the
 // session bus of its own environment.
 //
-//   kit-keychain-probe MILLISECONDS (read | write=DATA | remove)…   prints one line per request
+//   kit-keychain-probe MILLISECONDS (read | write=DATA | remove | shadow=DATA)…   prints one line per request;
+//       shadow puts an item of the same name into another collection
 //   kit-keychain-probe --swallow                                     owns the secret service's name and never answers
 
 #include <gio/gio.h>
+#include <libsecret/secret.h>
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -31,9 +33,28 @@ const char* name(KeychainError::Reason reason) {
   return "";
 }
 
+void shadow(const QByteArray& data) {
+  const SecretSchema schema{"com.orvella.desktop.Item",
+                            SECRET_SCHEMA_NONE,
+                            {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING}, {"account", SECRET_SCHEMA_ATTRIBUTE_STRING}},
+                            0,
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            nullptr,
+                            nullptr};
+  const bool stored = secret_password_store_sync(&schema, SECRET_COLLECTION_SESSION, "Other", data.constData(), nullptr,
+                                                 nullptr, "service", "com.orvella.test", "account", "session", nullptr);
+  std::puts(stored ? "shadowed" : "not shadowed");
+}
+
 Task<void> perform(Keychain& keychain, QString request) {
   try {
-    if (request == "read"_L1) {
+    if (request.startsWith("shadow="_L1)) {
+      shadow(request.sliced(7).toUtf8());
+    } else if (request == "read"_L1) {
       const auto data = co_await keychain.read(u"session"_s);
       std::printf("%s\n", data ? ("data " + *data).constData() : "none");
     } else if (request == "remove"_L1) {

@@ -36,6 +36,15 @@ class KeychainTest : public QObject {
     QCOMPARE(outcomes(bus, {u"remove"_s, u"read"_s, u"remove"_s}), QByteArrayList({"removed", "none", "removed"}));
   }
 
+  void anItemElsewhereIsNobodys() {
+    PrivateBus bus;
+    bus.startKeyring();
+    QCOMPARE(outcomes(bus, {u"shadow=theirs"_s, u"read"_s, u"write=mine"_s, u"shadow=theirs again"_s, u"read"_s}),
+             QByteArrayList({"shadowed", "none", "written", "shadowed", "data mine"}));
+    QCOMPARE(outcomes(bus, {u"remove"_s, u"read"_s}), QByteArrayList({"removed", "none"}));
+    QVERIFY2(!items(bus).contains("/collection/"), items(bus));
+  }
+
   void saysItsNameAndNothingSecretInTheOpen() {
     PrivateBus bus;
     bus.startKeyring();
@@ -103,6 +112,33 @@ class KeychainTest : public QObject {
     } catch (const KeychainError& error) {
       QCOMPARE(error.reason(), KeychainError::Reason::silent);
     }
+  }
+
+  void silenceCountsFromTheAsking() {
+    PrivateBus bus;
+    startSilentService(bus);
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    ManualClock clock;
+    SecretServiceKeychain keychain(u"com.orvella.test"_s, u"Orvella test"_s, clock);
+    std::optional<std::optional<QByteArray>> value;
+    std::exception_ptr failure;
+    TaskScope first, second;
+    const auto secondsUntil = [&clock](const TaskScope& scope) {
+      int seconds = 0;
+      const bool ended = QTest::qWaitFor([&] {
+        if (scope.isIdle()) return true;
+        clock.advance(1s);
+        ++seconds;
+        return false;
+      });
+      return ended ? seconds : -1;
+    };
+    first.start(keepOutcome(keychain.read(u"session"_s), &value, &failure));
+    clock.advance(20s);
+    // Waits behind the first, whose silence is not its own.
+    second.start(keepOutcome(keychain.read(u"session"_s), &value, &failure));
+    QVERIFY(secondsUntil(first) > 0);
+    QVERIFY(secondsUntil(second) >= 30);
   }
 
   void tasksMayBeDroppedWhileTheServiceIsAsked() {

@@ -1,9 +1,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "kit/api/JSONCoding.h"
 #include "kit/session/SessionStore.h"
+#include "kit/session/SessionTransport.h"
+#include "kit/session/authRequests.h"
 #include "tests/support/AppFixture.h"
 #include "tests/support/await.h"
 
@@ -69,9 +72,9 @@ class SessionTest : public QObject {
     QCOMPARE(json.value("expiresAt"_L1).toString(), u"2026-12-21T09:30:00.000Z"_s);
     QCOMPARE(json.value("workspaces"_L1).toArray().size(), 2);
 
-    await(store.clear());
+    await(store.clear(session().expiresAt));
     QVERIFY(keychain.items.empty());
-    await(store.clear());
+    await(store.clear(session().expiresAt));
   }
 
   void whatIsNoSessionIsCorrupted_data() {
@@ -95,8 +98,8 @@ class SessionTest : public QObject {
     MemoryKeychain keychain;
     keychain.failure = KeychainError::status(-25308, KeychainError::Reason::locked);
     SessionStore store(keychain);
-    for (const auto& failure :
-         {failureOf(dropValue(store.load())), failureOf(store.save(session())), failureOf(store.clear())}) {
+    for (const auto& failure : {failureOf(dropValue(store.load())), failureOf(store.save(session())),
+                                failureOf(store.clear(session().expiresAt))}) {
       QVERIFY(failure && *failure == *keychain.failure);
       QCOMPARE(failure->reason(), KeychainError::Reason::locked);
     }
@@ -105,6 +108,91 @@ class SessionTest : public QObject {
   void whatIsNotKeptIsNotSaved() {
     ForgetfulKeychain keychain;
     QVERIFY(failureOf(SessionStore(keychain).save(session())));
+  }
+
+  void whatWasReplacedOrEndedIsNeverOpenedAgain_data() {
+    QTest::addColumn<bool>("signsOut");
+    QTest::addColumn<bool>("letsGo");
+    QTest::newRow("another person, whose session is not kept") << false << true;
+    QTest::newRow("another person, and the keyring keeps the first one's") << false << false;
+    QTest::newRow("signed out, and the keyring keeps the session") << true << false;
+  }
+  void whatWasReplacedOrEndedIsNeverOpenedAgain() {
+    QFETCH(bool, signsOut);
+    QFETCH(bool, letsGo);
+    QTemporaryDir state;
+    MemoryKeychain keychain;
+    await(SessionStore(keychain, state.path()).save(session()));
+    StoredSession second = session();
+    second.token = u"orv_sess_second"_s;
+    second.issuedAt = second.issuedAt.addSecs(60);
+
+    SessionStore store(keychain, state.path());
+    QVERIFY(await(store.load()));
+    using Reason = KeychainError::Reason;
+    (letsGo ? keychain.writeFailure : keychain.failure) =
+        KeychainError::status(-1, letsGo ? Reason::other : Reason::locked);
+    QVERIFY(failureOf(signsOut ? store.clear(second.issuedAt) : store.save(second)));
+    keychain.failure.reset();
+    keychain.writeFailure.reset();
+
+    const auto files = QDir(state.path()).entryInfoList(QDir::Files);
+    QCOMPARE(files.size(), letsGo ? 0 : 1);
+    for (const QFileInfo& file : files) {
+      QFile opened(file.filePath());
+      QVERIFY(opened.open(QIODevice::ReadOnly));
+      QVERIFY(!opened.readAll().contains("canary"));
+      QCOMPARE(file.permissions() & ~(QFile::ReadUser | QFile::WriteUser), QFile::ReadOwner | QFile::WriteOwner);
+    }
+    QVERIFY(!await(SessionStore(keychain, state.path()).load()));
+    QVERIFY2(keychain.items.empty(), "and it goes as soon as the keyring lets it");
+
+    await(SessionStore(keychain, state.path()).save(second));
+    QVERIFY(await(SessionStore(keychain, state.path()).load()) == second);
+  }
+
+  void anOlderStateOfTheSameSignInStays() {
+    QTemporaryDir state;
+    MemoryKeychain keychain;
+    await(SessionStore(keychain, state.path()).save(session()));
+    SessionStore store(keychain, state.path());
+    await(store.load());
+    StoredSession changed = session();
+    changed.currentSlug = u"other"_s;
+    keychain.writeFailure = KeychainError::status(-1, KeychainError::Reason::locked);
+    QVERIFY(failureOf(store.save(changed)));
+    QVERIFY(await(SessionStore(keychain, state.path()).load()) == session());
+  }
+
+  void onlyTheOpenSessionIsEverUsed() {
+    const auto me = u"GET /api/v1/auth/me"_s;
+    FakeTransport api;
+    ManualClock clock;
+    SessionTransport transport(api, clock);
+    const auto refused = [&](const QString& token) {
+      try {
+        await(transport.send(Requests::me(), {}, token));
+      } catch (const APIError& error) {
+        return error.is(APIError::Kind::unauthorized) && !mayHaveActed(error);
+      }
+      return false;
+    };
+    QVERIFY(refused(session().token));
+    StoredSession open = session();
+    open.expiresAt = clock.now().addSecs(60);
+    transport.open(open);
+    QVERIFY(refused(u"orv_sess_earlier"_s));
+    api.expect(me);
+    TaskScope scope;
+    std::optional<MeResponse> answer;
+    std::exception_ptr failure;
+    scope.start(keepOutcome(transport.send(Requests::me(), {}, open.token), &answer, &failure));
+    api.answer(me, R"({"workspaces":[]})");
+    QVERIFY(answer);
+    clock.advance(std::chrono::seconds(60));
+    QVERIFY2(refused(open.token), "expired at this very instant");
+    transport.close();
+    QVERIFY(refused(open.token));
   }
 
   void expiresAtItsInstant() {

@@ -76,13 +76,13 @@ class MemoryPreferences final : public Preferences {
   void setWindowMaximized(bool value) override { maximized = value; }
 };
 
-/// Items in memory. `failure` makes every operation throw; `gate`, when set, keeps every operation waiting.
-/// `changes` counts the writes and removals tried.
+/// Items in memory. `failure` makes every operation throw, `writeFailure` each write; `gate`, when set, keeps every
+/// operation waiting. `changes` counts the writes and removals tried.
 class MemoryKeychain final : public Keychain {
  public:
   MemoryKeychain() : Keychain(QStringLiteral("com.orvella.test")) {}
   std::map<QString, QByteArray> items;
-  std::optional<KeychainError> failure;
+  std::optional<KeychainError> failure, writeFailure;
   std::optional<OneShot<bool>> gate;
   int changes = 0;
 
@@ -97,6 +97,7 @@ class MemoryKeychain final : public Keychain {
     ++changes;
     if (gate) co_await gate->wait();
     if (failure) throw *failure;
+    if (writeFailure) throw *writeFailure;
     items[account] = data;
   }
   Task<void> remove(QString account) override {

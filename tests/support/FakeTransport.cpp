@@ -44,7 +44,7 @@ void FakeTransport::answer(const QString& label, const QByteArray& json, int sta
   give(label, HTTPAnswer{status, headers, json});
 }
 
-void FakeTransport::fail(const QString& label, TransportFailure failure) { give(label, failure); }
+void FakeTransport::fail(const QString& label, NoAnswer failure) { give(label, failure); }
 
 bool FakeTransport::isWaiting(const QString& label) const {
   return std::ranges::find(m_waiting, label, &Waiting::label) != m_waiting.end();

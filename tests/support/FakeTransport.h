@@ -23,7 +23,7 @@ class FakeTransport final : public APITransport {
   /// Answers the oldest waiting request of this name and lets the answer be applied.
   void answer(const QString& label, const QByteArray& json, int status = 200,
               const QList<QPair<QByteArray, QByteArray>>& headers = {});
-  void fail(const QString& label, TransportFailure failure);
+  void fail(const QString& label, NoAnswer failure);
   bool isWaiting(const QString& label) const;
   int waiting() const { return int(m_waiting.size()); }
 

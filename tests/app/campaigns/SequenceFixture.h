@@ -17,7 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 /// comes without, and drops what comes no more.
 class SequenceService {
  public:
-  enum class End { accepted, refused, lostBeforeActing, lostAfterActing, brokenAfterActing };
+  enum class End { accepted, refused, lostBeforeActing, lostAfterActing, brokenAfterActing, neverSent };
 
   QList<CampaignStep> steps;
   int saves = 0;
@@ -54,7 +54,7 @@ class SequenceService {
   void end(End end) {
     Waiting save = m_waiting.takeFirst();
     if (end == End::accepted) return save.answer.give(accept(save.body));
-    if (end != End::refused && end != End::lostBeforeActing) accept(save.body);
+    if (end == End::brokenAfterActing || end == End::lostAfterActing) accept(save.body);
     save.answer.give(errorOf(end));
   }
 
@@ -82,6 +82,7 @@ class SequenceService {
 
   static APIError errorOf(End end) {
     if (end == End::brokenAfterActing) return APIError::server(502).withContext({502, false});
+    if (end == End::neverSent) return APIError::of(APIError::Kind::unreachable).withContext({.sent = false});
     if (end != End::refused) return APIError::of(APIError::Kind::timedOut);
     Problem problem;
     problem.detail = u"Not now."_s;

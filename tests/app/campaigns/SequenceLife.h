@@ -37,7 +37,7 @@ class SequenceLife {
   using End = SequenceService::End;
 
   void act(int what) {
-    const auto some = End(m_random.bounded(5));
+    const auto some = End(m_random.bounded(6));
     if (what < 6) edit();
     if (what >= 6 && what < 9) m_clock.advance(std::chrono::milliseconds(m_random.bounded(1000)));
     if (what >= 9 && what < 12 && m_service.waiting() > 0) m_service.end(m_random.bounded(2) ? End::accepted : some);
@@ -105,7 +105,7 @@ class SequenceLife {
     else
       edit();
     if (m_clock.running() > 0) complain(u"a timer runs after the close"_s);
-    while (m_service.waiting() > 0) m_service.end(End(m_random.bounded(5)));
+    while (m_service.waiting() > 0) m_service.end(End(m_random.bounded(6)));
     m_clock.advance(std::chrono::hours(1));
     if (m_service.saves != saves) complain(u"saves after the close"_s);
     if (m_autosave) check();

@@ -1,4 +1,5 @@
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/shell/AppModel.h"
@@ -43,11 +44,12 @@ class AppModelTest : public QObject {
 
   std::unique_ptr<AppFixture> f;
   std::unique_ptr<AppModel> app;
+  std::unique_ptr<QTemporaryDir> state;
 
   void create() {
-    app = std::make_unique<AppModel>(Platform{f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard,
-                                              f->filePanel, f->revealer, f->memoryPressure,
-                                              QUrl(u"https://app.orvella.example"_s), Device{}, std::nullopt});
+    app = std::make_unique<AppModel>(
+        Platform{f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard, f->filePanel, f->revealer,
+                 f->memoryPressure, QUrl(u"https://app.orvella.example"_s), Device{}, std::nullopt, state->path()});
   }
   void keep(const StoredSession& stored) { f->keychain.items[u"session"_s] = encodeJSON(stored); }
   void startSignedIn(const QStringList& slugs) {
@@ -65,7 +67,10 @@ class AppModelTest : public QObject {
   }
 
  private Q_SLOTS:
-  void init() { f = std::make_unique<AppFixture>(); }
+  void init() {
+    f = std::make_unique<AppFixture>();
+    state = std::make_unique<QTemporaryDir>();
+  }
   void cleanup() {
     app.reset();
     f.reset();
@@ -124,11 +129,53 @@ class AppModelTest : public QObject {
     QCOMPARE(app->signIn()->notice(), QString());
   }
 
+  void theKeyringsLateAnswerDisturbsNoSignIn_data() {
+    QTest::addColumn<bool>("answersWithSession");
+    QTest::newRow("the stored session") << true;
+    QTest::newRow("a refusal") << false;
+  }
+  void theKeyringsLateAnswerDisturbsNoSignIn() {
+    QFETCH(bool, answersWithSession);
+    const auto check = u"POST /api/v1/auth/email/check"_s;
+    keep(session({u"a"_s}));
+    f->keychain.gate.emplace();
+    create();
+    app->start();
+    f->api.expect(methods);
+    f->clock.advance(3s);
+    app->signIn()->setEmail(u"eve@b.c"_s);
+    f->api.expect(check);
+    app->signIn()->submitEmail();
+    if (!answersWithSession) f->keychain.failure = KeychainError::status(-1, KeychainError::Reason::other);
+    f->keychain.gate->give(true);
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+    f->api.answer(check, R"({"account":true,"password":true,"signUp":false})");
+    QCOMPARE(app->signIn()->step(), SignInModel::Step::password);
+    QVERIFY(!f->keychain.items.empty());
+  }
+
+  void aSessionThatTheKeyringKeepsIsNotOpenedAgain() {
+    startSignedIn({u"a"_s});
+    f->keychain.failure = KeychainError::status(-1, KeychainError::Reason::locked);
+    f->api.expect(logOut);
+    f->api.expect(methods);
+    app->signOut();
+    app.reset();
+    f->keychain.failure.reset();
+    f->keychain.gate.reset();
+    create();
+    f->api.expect(methods);
+    app->start();
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+  }
+
   void signingInSavesAndOpens() {
     create();
     f->api.expect(methods);
     app->start();
+    f->api.expect(logOut);
     app->signIn()->onSignedIn(session({}));
+    QCOMPARE(f->api.last().token, u"orv_sess_canary"_s);
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
     QCOMPARE(app->signIn()->notice(),
              u"You’re signed in, but you’re not in a workspace yet. Ask a workspace owner to invite you."_s);
@@ -195,11 +242,20 @@ class AppModelTest : public QObject {
     QCOMPARE(f->preferences.name, QString());
   }
 
+  void aSessionThatRunsOutIsNotUsed_data() {
+    QTest::addColumn<QString>("asked");
+    for (const char* each : {"account", "campaigns"}) QTest::newRow(each) << QString::fromLatin1(each);
+  }
   void aSessionThatRunsOutIsNotUsed() {
+    QFETCH(QString, asked);
     startSignedIn({u"a"_s});
     f->clock.advance(std::chrono::hours(24 * 10));
     f->api.expect(methods);
-    app->refreshAccount();
+    if (asked == "account"_L1)
+      app->refreshAccount();
+    else
+      app->session()->campaigns()->ensureLoaded();
+    settle();
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
     QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
   }
@@ -266,6 +322,27 @@ class AppModelTest : public QObject {
     QVERIFY(f->keychain.items.empty());
     settle();
     QVERIFY(!old);
+  }
+
+  void aRefusedAccountCallEndsTheSession() {
+    startSignedIn({u"a"_s, u"b"_s});
+    f->api.expect(remember);
+    app->openWorkspace(u"b"_s);
+    f->api.expect(methods);
+    f->api.answer(remember, {}, 401);
+    QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
+  }
+
+  void whoIsInNoWorkspaceAnyLongerIsSignedOut() {
+    startSignedIn({u"a"_s});
+    f->api.expect(me);
+    app->refreshAccount();
+    f->api.expect(logOut);
+    f->api.expect(methods);
+    f->api.answer(me, account({}));
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+    QVERIFY(app->signIn()->notice().startsWith(u"You’re signed in, but you’re not in a workspace yet."_s));
+    QVERIFY(f->keychain.items.empty());
   }
 
   void theAccountWithoutAUserEndsTheSession() {
