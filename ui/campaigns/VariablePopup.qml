@@ -44,71 +44,81 @@ T.Popup {
         clip: true
         model: root.matches
         boundsBehavior: Flickable.StopAtBounds
-        section.property: "modelData.group"
-        section.delegate: Text {
-            required property string section
-
-            visible: section !== ""
-            height: visible ? 26 : 0
-            leftPadding: 10
-            verticalAlignment: Text.AlignVCenter
-            textFormat: Text.PlainText
-            text: section
-            font: Theme.microBold
-            color: Theme.text3
-        }
         Accessible.role: Accessible.List
         Accessible.name: "Variables"
 
-        delegate: Rectangle {
+        delegate: Item {
             id: entry
 
             required property var modelData
             required property int index
+            // Not a section of the list, which finds no property in a plain value.
+            readonly property bool begins: modelData.group !== "" && root.matches[index - 1]?.group !== modelData.group
 
             width: list.width
-            height: 30
-            radius: Theme.radiusControl
-            color: ListView.isCurrentItem ? Theme.selected : "transparent"
+            height: line.y + line.height
 
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData.name + (modelData.text !== "" ? ", " + modelData.text : "")
+            Accessible.description: modelData.group
             Accessible.selected: ListView.isCurrentItem
             Accessible.onPressAction: root.chosen(modelData.name)
 
             Text {
-                id: nameText
-                x: 10
-                width: Math.min(implicitWidth, 150)
-                height: parent.height
+                id: heading
+                visible: entry.begins
+                height: 26
+                leftPadding: 10
                 verticalAlignment: Text.AlignVCenter
-                elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: entry.modelData.name
-                font: Theme.bodyStrong
-                color: Theme.text
-                Accessible.ignored: true
-            }
-
-            Text {
-                anchors { left: nameText.right; leftMargin: 10; right: parent.right; rightMargin: 8 }
-                height: parent.height
-                horizontalAlignment: Text.AlignRight
-                verticalAlignment: Text.AlignVCenter
-                elide: Text.ElideRight
-                textFormat: Text.PlainText
-                text: entry.modelData.text
-                font: Theme.small
+                text: entry.modelData.group
+                font: Theme.microBold
                 color: Theme.text3
                 Accessible.ignored: true
             }
 
-            HoverHandler {
-                onHoveredChanged: if (hovered) list.currentIndex = entry.index
-            }
+            Rectangle {
+                id: line
+                y: heading.visible ? heading.height : 0
+                width: parent.width
+                height: 30
+                radius: Theme.radiusControl
+                color: entry.ListView.isCurrentItem ? Theme.selected : "transparent"
 
-            TapHandler {
-                onTapped: root.chosen(entry.modelData.name)
+                Text {
+                    id: nameText
+                    x: 10
+                    width: Math.min(implicitWidth, 150)
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    elide: Text.ElideRight
+                    textFormat: Text.PlainText
+                    text: entry.modelData.name
+                    font: Theme.bodyStrong
+                    color: Theme.text
+                    Accessible.ignored: true
+                }
+
+                Text {
+                    anchors { left: nameText.right; leftMargin: 10; right: parent.right; rightMargin: 8 }
+                    height: parent.height
+                    horizontalAlignment: Text.AlignRight
+                    verticalAlignment: Text.AlignVCenter
+                    elide: Text.ElideRight
+                    textFormat: Text.PlainText
+                    text: entry.modelData.text
+                    font: Theme.small
+                    color: Theme.text3
+                    Accessible.ignored: true
+                }
+
+                HoverHandler {
+                    onHoveredChanged: if (hovered) list.currentIndex = entry.index
+                }
+
+                TapHandler {
+                    onTapped: root.chosen(entry.modelData.name)
+                }
             }
         }
     }

@@ -40,11 +40,15 @@ FieldFrame {
 
     /// The person is typing: what counts beyond the bounds need not be what stands there yet.
     property bool taking: false
+    /// The field is writing: the input says of that, too, that it was edited.
+    property bool putting: false
 
     // By the input's own means: assigning to its text would end the binding that a form has on it.
     function put(text: string) {
+        putting = true;
         input.clear();
         input.insert(0, text);
+        putting = false;
     }
 
     function show() {
@@ -149,7 +153,7 @@ FieldFrame {
         Accessible.onDecreaseAction: root.stepBy(-root.step)
         Keys.onUpPressed: root.stepBy(root.step)
         Keys.onDownPressed: root.stepBy(-root.step)
-        onTextEdited: root.take(text)
+        onTextEdited: if (!root.putting) root.take(text)
         onEditingFinished: if (!root.keepsText && !(root.clearable && text.trim() === "")) root.put(root.value)
 
         Text {

@@ -188,6 +188,7 @@ class SequenceTabTest : public QObject {
     QCOMPARE(editor->variables().last().toMap()[u"name"_s].toString(), u"city"_s);
     field(u"Email text"_s)->forceActiveFocus();
     for (const char letter : {'{', '{', 'c', 'i'}) QTest::keyClick(view.get(), letter);
+    QVERIFY(withText(u"From your leads"_s));
     QTest::keyClick(view.get(), Qt::Key_Return);
     QVERIFY(editor->body().contains(u"{{city}}"_s));
   }
