@@ -10,6 +10,9 @@ namespace orv {
 /// date, which is midnight UTC. Nothing for any other text.
 std::optional<QDateTime> parsePlatformDate(const QString& text);
 
+/// The day of a text that is YYYY-MM-DD whole. Nothing for any other text.
+std::optional<QDate> parseCalendarDay(const QString& text);
+
 /// ISO 8601 in UTC, with milliseconds.
 QString formatPlatformDate(const QDateTime& instant);
 
