@@ -1,5 +1,7 @@
 #include "app/analytics/AnalyticsStore.h"
 
+#include <algorithm>
+
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/MetricFigures.h"
@@ -18,7 +20,8 @@ const auto customKey = u"custom"_s;
 QVariantMap choice(const QString& key, const QString& label) { return {{u"key"_s, key}, {u"label"_s, label}}; }
 
 bool has(const QVariantList& choices, const QString& key) {
-  return std::ranges::any_of(choices, [&](const QVariant& item) { return item.toMap().value(u"key"_s) == key; });
+  return std::ranges::any_of(choices,
+                             [&](const QVariant& item) { return item.toMap().value(u"key"_s).toString() == key; });
 }
 
 /// All of them first. What is chosen stays among them under the name that it had, though the service no longer has it.
@@ -30,7 +33,8 @@ void offer(QVariantList& choices, const QString& all, const QString& chosen,
   if (has(choices, chosen)) return;
   QString name = chosen;
   for (const QVariant& item : before)
-    if (const QVariantMap map = item.toMap(); map.value(u"key"_s) == chosen) name = map.value(u"label"_s).toString();
+    if (const QVariantMap map = item.toMap(); map.value(u"key"_s).toString() == chosen)
+      name = map.value(u"label"_s).toString();
   choices.append(choice(chosen, name));
 }
 
@@ -169,7 +173,7 @@ void AnalyticsStore::arrived() {
 void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
   m_options = options;
   QList<AnalyticsSummary::Option> tags;
-  for (const QString& tag : options.tags.value_or(QList<QString>())) tags.append({tag, tag});
+  for (const QString& tag : options.tags.value_or(QList<QString>())) tags.append(AnalyticsSummary::Option{tag, tag});
   offer(m_campaignOptions, u"All campaigns"_s, m_filter.campaign, options.campaigns);
   offer(m_mailboxOptions, u"All inboxes"_s, m_filter.mailbox, options.mailboxes);
   offer(m_tagOptions, u"All tags"_s, m_filter.tag, tags);
