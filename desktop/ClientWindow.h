@@ -4,7 +4,7 @@
 #include <QQuickWindow>
 #include <memory>
 
-#include "app/base/NameForm.h"
+#include "app/base/Form.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
 

@@ -1,5 +1,7 @@
 #include "app/analytics/AnalyticsStore.h"
 
+#include <algorithm>
+
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/MetricFigures.h"
@@ -18,11 +20,23 @@ const auto customKey = u"custom"_s;
 
 QVariantMap choice(const QString& key, const QString& label) { return {{u"key"_s, key}, {u"label"_s, label}}; }
 
-QVariantList choices(const QString& all, const std::optional<QList<AnalyticsSummary::Option>>& options) {
-  QVariantList list{choice({}, all)};
+bool has(const QVariantList& choices, const QString& key) {
+  return std::ranges::any_of(choices,
+                             [&](const QVariant& item) { return item.toMap().value(u"key"_s).toString() == key; });
+}
+
+/// All of them first. What is chosen stays among them under the name that it had, though the service no longer has it.
+void offer(QVariantList& choices, const QString& all, const QString& chosen,
+           const std::optional<QList<AnalyticsSummary::Option>>& options) {
+  const QVariantList before = std::exchange(choices, {choice({}, all)});
   for (const auto& option : options.value_or(QList<AnalyticsSummary::Option>()))
-    list.append(choice(option.id, option.name.value_or(option.id)));
-  return list;
+    choices.append(choice(option.id, option.name.value_or(option.id)));
+  if (has(choices, chosen)) return;
+  QString name = chosen;
+  for (const QVariant& item : before)
+    if (const QVariantMap map = item.toMap(); map.value(u"key"_s).toString() == chosen)
+      name = map.value(u"label"_s).toString();
+  choices.append(choice(chosen, name));
 }
 
 /// Where most rows are new there is no place to keep, and to let them in one by one would cost the view a layout each.
@@ -140,7 +154,7 @@ Task<AnalyticsSummary> AnalyticsStore::load() {
       Format::calendarDay(asked.from), Format::calendarDay(asked.to), unlessEmpty(m_filter.campaign),
       unlessEmpty(m_filter.mailbox), unlessEmpty(m_filter.tag)));
   m_shownRange = asked;
-  co_return summary;
+  co_return asTracked(std::move(summary));
 }
 
 void AnalyticsStore::arrived() {
@@ -148,9 +162,9 @@ void AnalyticsStore::arrived() {
   const auto [tracksOpens, tracksClicks] = summary.tracking;
   show(m_campaignRows, inOrder(summary.campaigns, m_campaignSort));
   show(m_accountRows, inOrder(summary.accounts, m_accountSort));
-  m_figures = metricFigures(summary.totals, tracksOpens, tracksClicks);
+  m_figures = metricFigures(summary.totals);
   m_chart.setDays(summary.days, tracksOpens, tracksClicks);
-  // An answer without choices leaves those of the one before: the filters in force are among them.
+  // An answer without choices leaves those of the one before.
   if (summary.options && *summary.options != m_options) takeOptions(*summary.options);
   Q_EMIT changed();
   Q_EMIT figuresChanged();
@@ -159,10 +173,11 @@ void AnalyticsStore::arrived() {
 
 void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
   m_options = options;
-  m_campaignOptions = choices(u"All campaigns"_s, options.campaigns);
-  m_mailboxOptions = choices(u"All inboxes"_s, options.mailboxes);
-  m_tagOptions = choices(u"All tags"_s, {});
-  for (const QString& tag : options.tags.value_or(QList<QString>())) m_tagOptions.append(choice(tag, tag));
+  QList<AnalyticsSummary::Option> tags;
+  for (const QString& tag : options.tags.value_or(QList<QString>())) tags.append(AnalyticsSummary::Option{tag, tag});
+  offer(m_campaignOptions, u"All campaigns"_s, m_filter.campaign, options.campaigns);
+  offer(m_mailboxOptions, u"All inboxes"_s, m_filter.mailbox, options.mailboxes);
+  offer(m_tagOptions, u"All tags"_s, m_filter.tag, tags);
   Q_EMIT optionsChanged();
 }
 

@@ -73,7 +73,8 @@ class AnalyticsStore final : public Store {
   /// A chosen pair of dates is in force.
   bool custom() const { return m_range.isCustom(); }
   QString rangeLabel() const { return m_range.label(); }
-  QString rangeText() const { return orv::rangeText(m_range.days()); }
+  /// Of the figures shown; of those asked for while there are none.
+  QString rangeText() const { return orv::rangeText(m_summary.hasContent() ? m_shownRange : m_range.days()); }
   /// The range as dates ("2026-11-21").
   QString from() const { return Format::calendarDay(m_range.days().from); }
   QString to() const { return Format::calendarDay(m_range.days().to); }

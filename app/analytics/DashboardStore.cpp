@@ -83,7 +83,7 @@ void DashboardStore::arrived() {
   const auto& [today, month, totals, days, metrics, metricDays] = overview.combined;
   m_dayText = dayTextOf(overview);
   m_today = today ? todayFigures(*today) : QVariantList();
-  m_metrics = metrics ? metricFigures(*metrics, true, true) : QVariantList();
+  m_metrics = metrics ? metricFigures(*metrics) : QVariantList();
   // Without totals nobody says whether opens are tracked; the days themselves do.
   const bool tracksOpens = !metrics || metrics->opens, tracksClicks = !metrics || metrics->clicks;
   m_chart.setDays(metricDays.value_or(QList<MetricDay>()), tracksOpens, tracksClicks);

@@ -30,14 +30,18 @@ class Actions {
   /// Gets the answer before anybody else does: a form, say, that must know what of it is its own.
   template <class R>
   using First = std::function<void(const R&)>;
+  /// Gets the error first, and says whether it has been told: a form shows it in itself while somebody sees it there.
+  using Tell = std::function<bool(const APIError&)>;
 
   /// The answer, or nothing when the target is busy already or the action failed, which has then been told.
   /// `failure` is the title of that message; empty shows the error's own sentence instead.
   template <class R>
-  Task<std::optional<R>> perform(ActionTarget target, Build<R> build, QString failure, First<R> first = {}) {
+  Task<std::optional<R>> perform(ActionTarget target, Build<R> build, QString failure, First<R> first = {},
+                                 Tell tell = {}) {
     const auto mark = m_busy.mark(target.busy);
     if (!mark) co_return std::nullopt;
-    co_return co_await change(std::move(target.record), std::move(build), std::move(failure), std::move(first));
+    co_return co_await change(std::move(target.record), std::move(build), std::move(failure), std::move(first),
+                              std::move(tell));
   }
   template <class R>
   Task<std::optional<R>> perform(QString id, Request<R> request, QString failure) {
@@ -51,7 +55,7 @@ class Actions {
   }
   /// `build` is called when the turn has come: what it depends on may have changed by then.
   template <class R>
-  Task<std::optional<R>> change(QString record, Build<R> build, QString failure, First<R> first = {}) {
+  Task<std::optional<R>> change(QString record, Build<R> build, QString failure, First<R> first = {}, Tell tell = {}) {
     const auto turn = co_await m_context.turns().next(record);
     if (!turn) {
       m_context.services().toasts.show({.message = failure.isEmpty() ? QStringLiteral("Nothing was changed") : failure,
@@ -59,7 +63,7 @@ class Actions {
                                         .detail = QStringLiteral("It was deleted meanwhile.")});
       co_return std::nullopt;
     }
-    co_return co_await send(build(), std::move(failure), std::move(first));
+    co_return co_await send(build(), std::move(failure), std::move(first), std::move(tell));
   }
 
   /// The change after which the record is gone from where it was: what waits behind it is let go, aloud.
@@ -77,7 +81,7 @@ class Actions {
 
   /// Asks without a turn: for what changes no record that others change as well.
   template <class R>
-  Task<std::optional<R>> send(Request<R> request, QString failure, First<R> first = {}) {
+  Task<std::optional<R>> send(Request<R> request, QString failure, First<R> first = {}, Tell tell = {}) {
     const bool changes = request.method != HTTPMethod::get;
     const Stamp asked = m_context.changes().stamp();
     try {
@@ -87,7 +91,7 @@ class Actions {
       if constexpr (WholeRecord<R>) m_context.changes().publish(answer, asked, changes);
       co_return answer;
     } catch (const APIError& error) {
-      m_context.services().toasts.failure(failure, error);
+      if (!tell || !tell(error)) m_context.services().toasts.failure(failure, error);
       if (changes && (mayHaveActed(error) || isVersionConflict(error))) m_recheck();
     }
     co_return std::nullopt;

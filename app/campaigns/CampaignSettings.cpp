@@ -18,18 +18,21 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_actions(context.workspace, m_busy, [this] { m_context.refresh(); }),
-      m_tagList(*this, [&api = context.api] { return api.send(Requests::listTags()); }),
-      m_senders(context, m_draft, [this](const QString& field, const QStringList& list) { set(field, list); }),
+      m_tagList(*this, [&api = context.api] { return api.send(Requests::listTags()); },
+                {.failed = u"Couldn’t load the tags"_s}),
+      m_senders(context, m_draft),
       m_schedule(context, m_actions, m_busy) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &CampaignSettings::follow);
   connect(&m_busy, &BusySet::changed, this, &CampaignSettings::changed);
   connect(&m_tagList, &ResourceBase::changed, this, &CampaignSettings::changed);
+  connect(&m_draft, &FieldDraft::changed, this, &CampaignSettings::changed);
+  m_draft.setKey(u"campaigns/"_s + context.id + u"/settings"_s);
   follow();
 }
 
-void CampaignSettings::ensureLoaded() {
-  Store::ensureLoaded();
-  m_senders.ensureLoaded();
+void CampaignSettings::refresh() {
+  m_senders.refresh();
+  m_tagList.load();
 }
 
 bool CampaignSettings::saving() const { return m_busy.contains(busyKey); }
@@ -40,14 +43,14 @@ QString CampaignSettings::notice() const {
   return runs ? u"This campaign is running. Changes apply to the next sends."_s : QString();
 }
 
-QList<Label> CampaignSettings::knownTags() const {
+QList<Label> CampaignSettings::tagItems() const {
   return m_tagList.value() ? m_tagList.value()->items : QList<Label>();
 }
 
 QVariantList CampaignSettings::tags() const {
   QVariantList chips;
-  const QList<Label> known = knownTags();
-  for (const QString& key : m_draft.tags) {
+  const QList<Label> known = tagItems();
+  for (const QString& key : m_draft.typed().tags) {
     const auto found = std::ranges::find(known, key, &Label::key);
     chips.append(chip(key, found == known.end() ? key : found->title()));
   }
@@ -56,80 +59,58 @@ QVariantList CampaignSettings::tags() const {
 
 QVariantList CampaignSettings::tagSuggestions() const {
   QVariantList chips;
-  for (const Label& tag : knownTags())
-    if (!m_draft.tags.contains(tag.key)) chips.append(chip(tag.key, tag.title()));
+  const QStringList picked = m_draft.typed().tags;
+  for (const Label& tag : tagItems())
+    if (!picked.contains(tag.key)) chips.append(chip(tag.key, tag.title()));
   return chips;
 }
 
 QString CampaignSettings::tagNote() const {
+  if (!m_tagList.message().isEmpty()) return u"Couldn’t load the tags. "_s + m_tagList.message();
   return m_tagList.value() && m_tagList.value()->items.isEmpty() ? u"No tags yet. Type one below."_s : QString();
 }
 
-/// The campaign came again. What the person changed stays; everything else is as the service has it.
 void CampaignSettings::follow() {
   const Campaign* campaign = m_context.campaign.value();
   if (!campaign) return;
-  const SettingsDraft fresh = draftOf(*campaign);
-  m_draft = rebased(m_draft, m_base, fresh);
-  m_base = fresh;
-  announce();
-}
-
-void CampaignSettings::announce() {
-  m_senders.followDraft();
-  Q_EMIT changed();
-}
-
-void CampaignSettings::set(const QString& field, const QVariant& value) {
-  if (!setField(m_draft, field, value)) return;
-  m_errors.remove(field);
-  if (field.startsWith("sender"_L1)) m_senders.followDraft();
-  Q_EMIT changed();
+  m_draft.rebase(settingsOf(*campaign), campaign->version);
+  m_senders.show();
 }
 
 void CampaignSettings::addTag(const QString& text) {
   QString key = text.trimmed();
-  for (const Label& tag : knownTags())
+  for (const Label& tag : tagItems())
     if (tag.title().compare(key, Qt::CaseInsensitive) == 0) key = tag.key;
-  if (key.isEmpty() || m_draft.tags.contains(key)) return;
-  if (m_draft.tags.size() >= mostTags) {
-    m_errors.insert(u"tags"_s, u"20 tags is the most"_s);
-    Q_EMIT changed();
-    return;
-  }
-  QStringList tags = m_draft.tags;
+  QStringList tags = m_draft.typed().tags;
+  if (key.isEmpty() || tags.contains(key)) return;
   tags.append(key);
   tags.sort();
-  set(u"tags"_s, tags);
+  m_draft.set(u"tags"_s, tags);
 }
 
 void CampaignSettings::removeTag(const QString& key) {
-  QStringList tags = m_draft.tags;
+  QStringList tags = m_draft.typed().tags;
   tags.removeOne(key);
-  set(u"tags"_s, tags);
-}
-
-void CampaignSettings::discard() {
-  m_draft = m_base;
-  m_errors.clear();
-  announce();
+  m_draft.set(u"tags"_s, tags);
 }
 
 Task<void> CampaignSettings::saveTask() {
   const Campaign* campaign = m_context.campaign.value();
   if (!campaign || !canSave()) co_return;
-  m_errors = problemsIn(m_draft, m_base);
-  Q_EMIT changed();
-  if (!m_errors.isEmpty()) co_return;
-  const SettingsDraft sent = m_draft;
-  const CampaignPatch patch = patchOf(sent, m_base, *campaign);
+  const SettingsFields sent = m_draft.sending(), base = m_draft.base();
+  m_draft.setProblems(problemsIn(sent, base));
+  if (!m_draft.problems().isEmpty()) co_return;
   // Blanks around a name, say.
-  if (patch == CampaignPatch()) co_return discard();
+  if (patchOf(sent, base, *campaign) == CampaignPatch()) co_return discard();
+  // Of the campaign as it is when the turn comes: its hours go along with changed dates.
+  const auto build = [this, sent, base] {
+    const CampaignPatch patch = patchOf(sent, base, *m_context.campaign.value());
+    return Requests::updateCampaign(m_context.id, patch, m_draft.version());
+  };
   const auto saved = co_await m_actions.perform<Campaign>(
-      {busyKey, m_context.id},
-      [id = m_context.id, patch, version = campaign->version] { return Requests::updateCampaign(id, patch, version); },
-      // What was typed meanwhile differs from what was sent, and so outlives the answer.
-      u"Couldn’t save."_s, [this, sent](const Campaign&) { m_base = sent; });
+      {busyKey, m_context.id}, build, u"Couldn’t save."_s,
+      [this](const Campaign& answer) { m_draft.taken(settingsOf(answer), answer.version); },
+      [this](const APIError& error) { return m_draft.failed(error); });
   if (!saved) co_return;
   m_context.services.toasts.success(u"Settings saved"_s);
 }

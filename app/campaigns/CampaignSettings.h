@@ -10,46 +10,48 @@ namespace orv {
 /// A campaign's settings while they are edited. Beside them, and saved apart from them, the schedule.
 class CampaignSettings final : public Store {
   Q_OBJECT
-  Q_PROPERTY(QVariantMap values READ values NOTIFY changed)
-  Q_PROPERTY(QVariantMap errors READ errors NOTIFY changed)
+  Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
   Q_PROPERTY(QString notice READ notice NOTIFY changed)
+  Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
   Q_PROPERTY(QVariantList tags READ tags NOTIFY changed)
   Q_PROPERTY(QVariantList tagSuggestions READ tagSuggestions NOTIFY changed)
+  Q_PROPERTY(orv::ResourceBase* knownTags READ knownTags CONSTANT)
   Q_PROPERTY(QString tagNote READ tagNote NOTIFY changed)
   Q_PROPERTY(orv::SenderPicker* senders READ senders CONSTANT)
   Q_PROPERTY(orv::ScheduleForm* schedule READ schedule CONSTANT)
 
  public:
-  static constexpr int mostTags = 20;
-
   explicit CampaignSettings(CampaignContext& context);
 
-  /// By the names of SettingsDraft's fields.
-  QVariantMap values() const { return valuesOf(m_draft); }
-  QVariantMap errors() const { return m_errors; }
-  bool dirty() const { return m_draft != m_base; }
+  SettingsDraft* draft() { return &m_draft; }
+  bool dirty() const { return m_draft.dirty(); }
   bool saving() const;
   bool canSave() const { return dirty() && m_busy.ids().isEmpty(); }
   /// What to know before changing anything here.
   QString notice() const;
+  /// What somebody else made of fields that were changed here as well.
+  QString conflict() const { return rivalNote(m_draft.rivals()); }
   /// Key and label of each.
   QVariantList tags() const;
   QVariantList tagSuggestions() const;
+  Resource<TagList>* knownTags() { return &m_tagList; }
+  /// What to know of the tags to pick from: there are none, or they could not be read.
   QString tagNote() const;
   SenderPicker* senders() { return &m_senders; }
   ScheduleForm* schedule() { return &m_schedule; }
   const ScheduleForm& schedule() const { return m_schedule; }
 
-  /// What the form picks from.
-  void ensureLoaded() override;
-  Q_INVOKABLE void set(const QString& field, const QVariant& value);
+  /// What the form picks from is read whenever it is opened.
+  void ensureLoaded() override { refresh(); }
+  void refresh() override;
+  Q_INVOKABLE void retryTags() { m_tagList.load(); }
   /// A key, or a name that somebody typed.
   Q_INVOKABLE void addTag(const QString& text);
   Q_INVOKABLE void removeTag(const QString& key);
-  Q_INVOKABLE void discard();
+  Q_INVOKABLE void discard() { m_draft.discard(); }
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
   Task<void> saveTask();
 
@@ -58,16 +60,12 @@ class CampaignSettings final : public Store {
 
  private:
   void follow();
-  void announce();
-  QList<Label> knownTags() const;
+  QList<Label> tagItems() const;
 
   CampaignContext& m_context;
   BusySet m_busy;
   Actions m_actions;
   SettingsDraft m_draft;
-  /// What the draft was typed on.
-  SettingsDraft m_base;
-  QVariantMap m_errors;
   Resource<TagList> m_tagList;
   SenderPicker m_senders;
   ScheduleForm m_schedule;

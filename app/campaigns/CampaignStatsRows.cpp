@@ -29,7 +29,7 @@ QString subjectOf(const CampaignStep& step, qsizetype place, const CampaignVaria
 EmailFigures withStats(EmailFigures row, const std::optional<Stats4>& stats) {
   const auto count = [&stats](qint64 Stats4::*field) { return stats ? Format::grouped(*stats.*field) : nothing; };
   const auto rate = [&stats](qint64 Stats4::*field) {
-    return stats && stats->sent > 0 ? Format::rate(*stats.*field, stats->sent) : QString();
+    return stats ? Format::rate(*stats.*field, stats->sent) : QString();
   };
   row.sent = count(&Stats4::sent);
   row.replied = count(&Stats4::replied);

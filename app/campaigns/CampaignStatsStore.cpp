@@ -130,17 +130,20 @@ void CampaignStatsStore::loadSection() {
 }
 
 Task<AnalyticsSummary> CampaignStatsStore::loadSummary() {
-  const auto [from, to] = m_range.days();
-  return m_campaign.api.send(
-      Requests::analyticsSummary(Format::calendarDay(from), Format::calendarDay(to), m_campaign.id));
+  const DateRange asked = m_range.days();
+  AnalyticsSummary summary = co_await m_campaign.api.send(
+      Requests::analyticsSummary(Format::calendarDay(asked.from), Format::calendarDay(asked.to), m_campaign.id));
+  m_shownRange = asked;
+  co_return asTracked(std::move(summary));
 }
 
 void CampaignStatsStore::arrived() {
   const AnalyticsSummary& summary = *m_summary.value();
   const auto [tracksOpens, tracksClicks] = summary.tracking;
   m_inboxRows.update({summary.accounts.begin(), summary.accounts.end()});
-  m_figures = metricFigures(summary.totals, tracksOpens, tracksClicks);
+  m_figures = metricFigures(summary.totals);
   m_chart.setDays(summary.days, tracksOpens, tracksClicks);
+  Q_EMIT changed();
   Q_EMIT figuresChanged();
   Q_EMIT chartChanged();
 }

@@ -58,7 +58,8 @@ class CampaignStatsStore final : public Store {
   /// Range of the figures, the chart and the inboxes; setting another asks anew.
   QString preset() const { return m_range.preset(); }
   void setPreset(const QString& key);
-  QString rangeText() const { return orv::rangeText(m_range.days()); }
+  /// Of the figures shown; of those asked for while there are none.
+  QString rangeText() const { return orv::rangeText(m_summary.hasContent() ? m_shownRange : m_range.days()); }
   /// "Launched 3 Nov · 900 leads · 412 sent · 96 booked · 6 inboxes"; empty before the campaign is loaded.
   QString headLine() const;
 
@@ -113,6 +114,8 @@ class CampaignStatsStore final : public Store {
 
   CampaignContext& m_campaign;
   RangeChoice m_range;
+  /// The range that the figures on the screen are of; the person may have asked for another since.
+  DateRange m_shownRange;
   DayView m_dayView = DayView::chart;
   Section m_section = Section::inboxes;
   Resource<AnalyticsSummary> m_summary;

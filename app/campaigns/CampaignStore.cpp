@@ -140,6 +140,7 @@ QVariantList CampaignStore::tabs() const {
 void CampaignStore::refreshShown() {
   refresh();
   if (m_tab == Tab::leads) m_leads.refresh();
+  if (m_tab == Tab::settings) m_settings.refresh();
   if (m_tab == Tab::subsequences) m_subsequences.refresh();
   if (m_tab == Tab::stats) m_stats.refresh();
 }

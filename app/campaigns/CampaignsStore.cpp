@@ -3,6 +3,7 @@
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/DateRange.h"
+#include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/analytics/analyticsRequests.h"
@@ -344,7 +345,7 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   const auto summary = co_await m_actions.send(
       Requests::analyticsSummary(Format::calendarDay(from), Format::calendarDay(today), id), failure);
   if (!summary) co_return;
-  auto rows = summary->campaigns;
+  auto rows = asTracked(*summary).campaigns;
   rows.removeIf([&id](const auto& row) { return row.id != id; });
   if (rows.isEmpty()) {
     services().toasts.show({.message = u"Nothing to export yet."_s});

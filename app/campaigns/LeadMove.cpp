@@ -17,6 +17,7 @@ LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringLis
       m_campaigns(*this, [&context] { return context.api.send(Requests::listCampaigns(false)); },
                   {.loadsByItself = false}) {
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &LeadMove::optionsChanged);
+  connect(&m_form, &Form::changed, this, &LeadMove::changed);
 }
 
 QString LeadMove::title() const { return u"Move "_s + countedLeads(m_leadIds.size()); }
@@ -42,43 +43,38 @@ void LeadMove::setQuery(const QString& query) {
 
 void LeadMove::setTarget(const QString& campaignId) {
   m_target = campaignId;
-  m_error.clear();
+  m_form.clearError();
   Q_EMIT changed();
 }
 
 void LeadMove::show(const QStringList& leadIds) {
-  if (m_busy || leadIds.isEmpty()) return;
+  if (leadIds.isEmpty()) return;
   m_leadIds = leadIds;
-  m_shown = true;
   m_query.clear();
   m_target.clear();
-  m_error.clear();
   // Campaigns come and go: the list is read anew each time.
   m_campaigns.load();
-  Q_EMIT changed();
+  m_form.show();
+  Q_EMIT optionsChanged();
 }
 
 void LeadMove::submit() {
-  if (!canSubmit()) return;
-  m_busy = true;
-  m_error.clear();
-  Q_EMIT changed();
-  m_tasks.start(move(m_leadIds, m_target));
+  if (canSubmit()) m_tasks.start(move(m_leadIds, m_target));
 }
 
 void LeadMove::cancel() {
-  if (m_busy || !std::exchange(m_shown, false)) return;
   m_campaigns.cancel();
-  Q_EMIT changed();
+  m_form.cancel();
 }
 
 Task<void> LeadMove::move(QStringList leadIds, QString target) {
   const QString name = nameOf(target);
+  auto submission = m_form.begin();
+  std::optional<APIError> failure;
   try {
     const MoveResult result =
         co_await m_context.api.send(Requests::moveLeads(m_context.id, MoveLeadsBody{leadIds, target}));
-    m_shown = false;
-    finish({});
+    submission.succeed();
     const QString kept =
         result.skipped == 0 ? QString() : countedLeads(result.skipped) + u" stayed, already in "_s + name;
     if (result.moved == 0)
@@ -90,27 +86,18 @@ Task<void> LeadMove::move(QStringList leadIds, QString target) {
     m_context.workspace.changes().stale<Campaign>(target);
     m_moved(leadIds);
   } catch (const APIError& error) {
-    finish(error.message());
-    // It may have moved them although its answer was lost.
-    if (mayHaveActed(error)) m_moved({});
+    failure = error;
   }
+  if (!failure) co_return;
+  submission.fail(m_context.services.toasts, u"Couldn’t move the leads"_s, *failure);
+  // It may have moved them although its answer was lost.
+  if (mayHaveActed(*failure)) m_moved({});
 }
 
 QString LeadMove::nameOf(const QString& campaignId) const {
   for (const CampaignSummary& campaign : m_campaigns.value()->items)
     if (campaign.id == campaignId) return campaign.name;
   return {};
-}
-
-void LeadMove::finish(const QString& error) {
-  m_busy = false;
-  m_error = error;
-  Q_EMIT changed();
-}
-
-void LeadMove::close() {
-  Store::close();
-  m_busy = false;
 }
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/Form.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "kit/models/campaigns/campaignSummary.h"
@@ -25,7 +26,7 @@ class LeadMove final : public Store {
   /// `moved` is called with what was asked for once the service has moved any of it.
   LeadMove(CampaignContext& context, std::function<void(const QStringList& ids)> moved);
 
-  bool shown() const { return m_shown; }
+  bool shown() const { return m_form.shown(); }
   /// "Move 3 leads".
   QString title() const;
   Resource<CampaignList>* campaigns() { return &m_campaigns; }
@@ -35,16 +36,15 @@ class LeadMove final : public Store {
   QVariantList options() const;
   const QString& target() const { return m_target; }
   void setTarget(const QString& campaignId);
-  bool canSubmit() const { return !m_busy && !m_target.isEmpty(); }
-  bool busy() const { return m_busy; }
-  const QString& error() const { return m_error; }
+  bool canSubmit() const { return !busy() && !m_target.isEmpty(); }
+  bool busy() const { return m_form.busy(); }
+  QString error() const { return m_form.error(); }
 
   void show(const QStringList& leadIds);
   Q_INVOKABLE void submit();
   Q_INVOKABLE void retry() { m_campaigns.load(); }
+  /// Closes the dialog. Leads that are being moved move on.
   Q_INVOKABLE void cancel();
-
-  void close() override;
 
  Q_SIGNALS:
   void changed();
@@ -53,7 +53,6 @@ class LeadMove final : public Store {
  private:
   Task<void> move(QStringList leadIds, QString target);
   QString nameOf(const QString& campaignId) const;
-  void finish(const QString& error);
 
   CampaignContext& m_context;
   std::function<void(const QStringList&)> m_moved;
@@ -61,9 +60,7 @@ class LeadMove final : public Store {
   QStringList m_leadIds;
   QString m_query;
   QString m_target;
-  QString m_error;
-  bool m_shown = false;
-  bool m_busy = false;
+  Form m_form;
 };
 
 }  // namespace orv

@@ -1,8 +1,12 @@
 #include "app/campaigns/LeadPanel.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 #include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/api/JSONCoding.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,6 +27,30 @@ std::optional<QString> textOf(const JSONValue& value) {
   if (const auto* flag = std::get_if<bool>(&value.storage())) return *flag ? u"true"_s : u"false"_s;
   if (value.isNull()) return QString();
   return std::nullopt;
+}
+
+QString compact(const QJsonDocument& json) { return QString::fromUtf8(json.toJson(QJsonDocument::Compact)); }
+
+/// The fields that can be edited.
+QVariantMap textsOf(const CampaignLead& lead) {
+  QVariantMap texts;
+  if (!lead.data) return texts;
+  for (const auto& [name, value] : lead.data->asKeyValueRange())
+    if (const auto text = textOf(value)) texts.insert(name, *text);
+  return texts;
+}
+
+/// A lead's data goes whole, for the service forgets what is left out: beside what can be edited also what is no single
+/// value, as JSON.
+QMap<QString, QString> wholeData(const CampaignLead& lead, const QVariantMap& texts) {
+  QMap<QString, QString> data;
+  const QJsonObject fields = toJSON(lead).value("data"_L1).toObject();
+  for (auto field = fields.begin(); field != fields.end(); ++field) {
+    if (field.value().isArray()) data.insert(field.key(), compact(QJsonDocument(field.value().toArray())));
+    if (field.value().isObject()) data.insert(field.key(), compact(QJsonDocument(field.value().toObject())));
+  }
+  for (const auto& [field, text] : texts.asKeyValueRange()) data.insert(field, text.toString());
+  return data;
 }
 
 /// A word of the service as the screen says it: "step_sent" is "Step sent".
@@ -49,6 +77,8 @@ LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const Campaign
       m_detail(*this, [this] { return m_context.api.send(Requests::leadDetail(m_context.id, m_lead.id)); },
                {.loadsByItself = false}) {
   connect(&m_detail, &ResourceBase::changed, this, &LeadPanel::changed);
+  connect(&m_form, &Form::changed, this, &LeadPanel::changed);
+  connect(&m_draft, &FieldDraft::changed, this, &LeadPanel::changed);
   connect(&m_detail, &ResourceBase::valueChanged, this, [this] {
     if (detailed()) take(m_detail.value()->lead);
   });
@@ -99,44 +129,30 @@ QVariantList LeadPanel::activity() const {
   return lines;
 }
 
-QString LeadPanel::fieldText(const QString& name) const {
-  const auto edit = m_edits.constFind(name);
-  if (edit != m_edits.constEnd()) return *edit;
-  return m_lead.data ? textOf(m_lead.data->value(name)).value_or(QString()) : QString();
-}
-
-void LeadPanel::setField(const QString& name, const QString& text) {
-  const QString saved = m_lead.data ? textOf(m_lead.data->value(name)).value_or(QString()) : QString();
-  text == saved ? (void)m_edits.remove(name) : (void)m_edits.insert(name, text);
-  Q_EMIT changed();
-}
-
 void LeadPanel::show(const CampaignLead& lead) {
-  if (m_shown && lead.id == m_lead.id) return refresh();
+  if (shown() && lead.id == m_lead.id) return refresh();
   m_asking.start(showTask(lead));
 }
 
 Task<void> LeadPanel::showTask(CampaignLead lead) {
   if (!co_await mayLeave()) co_return;
   leave();
-  m_lead = {};
+  m_draft.fill(QVariantMap(), {});
+  m_draft.setKey(u"campaigns/%1/leads/%2"_s.arg(m_context.id, lead.id));
   take(lead);
-  m_shown = true;
-  Q_EMIT changed();
+  m_form.show();
   m_detail.ask();
 }
 
 void LeadPanel::refresh() {
-  if (m_shown) m_detail.load();
+  if (shown()) m_detail.load();
 }
 
 /// What was typed stays; the rest is as the service has it.
 void LeadPanel::take(const CampaignLead& lead) {
   m_lead = lead;
-  QStringList names;
-  if (lead.data)
-    for (const auto& [name, value] : lead.data->asKeyValueRange())
-      if (textOf(value)) names.append(name);
+  m_draft.rebase(textsOf(lead), {});
+  const QStringList names = m_draft.values().keys();
   if (std::exchange(m_fieldNames, names) != names) Q_EMIT fieldsChanged();
   ++m_fieldsRevision;
   Q_EMIT fieldTextsChanged();
@@ -144,72 +160,63 @@ void LeadPanel::take(const CampaignLead& lead) {
   Q_EMIT changed();
 }
 
-void LeadPanel::save() {
-  if (m_saving || m_edits.isEmpty()) return;
-  m_saving = true;
-  m_error.clear();
-  Q_EMIT changed();
-  m_save.start(saveTask());
-}
-
 Task<void> LeadPanel::saveTask() {
-  const QMap<QString, QString> sent = m_edits;
+  if (saving() || !dirty()) co_return;
+  const QString id = m_lead.id, name = this->name();
+  m_sent = m_draft.sending();
+  LeadPatchBody body{wholeData(m_lead, m_sent)};
+  auto submission = m_form.begin();
+  std::optional<APIError> failure;
   try {
-    const CampaignLead saved =
-        co_await m_context.api.send(Requests::editLeadData(m_context.id, m_lead.id, LeadPatchBody{sent}));
-    // Typed on meanwhile, a field is not saved yet.
-    for (const auto& [name, text] : sent.asKeyValueRange())
-      if (m_edits.value(name) == text) m_edits.remove(name);
-    m_saving = false;
-    m_detail.update([&saved](LeadDetail& detail) {
-      if (detail.lead.id == saved.id) detail.lead = saved;
-    });
-    take(saved);
+    const CampaignLead saved = co_await m_context.api.send(Requests::editLeadData(m_context.id, id, body));
+    if (submission.isShown()) {
+      m_draft.taken(textsOf(saved), {});
+      m_detail.update([&saved](LeadDetail& detail) {
+        if (detail.lead.id == saved.id) detail.lead = saved;
+      });
+      take(saved);
+    } else {
+      m_context.services.toasts.success(u"Saved the fields of "_s + name);
+    }
     m_changedLead(saved);
   } catch (const APIError& error) {
-    m_saving = false;
-    m_error = error.message();
-    Q_EMIT changed();
-    // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
-    if (mayHaveActed(error)) refresh();
+    failure = error;
   }
+  if (!failure) co_return;
+  submission.fail(m_context.services.toasts, u"Couldn’t save the fields of "_s + name, *failure);
+  // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
+  if (submission.isShown() && mayHaveActed(*failure)) refresh();
 }
 
 void LeadPanel::discard() {
-  m_edits.clear();
-  m_error.clear();
+  m_form.clearError();
+  m_draft.discard();
   ++m_fieldsRevision;
   Q_EMIT fieldTextsChanged();
-  Q_EMIT changed();
 }
 
 Task<bool> LeadPanel::mayLeave() {
-  if (!m_shown || m_edits.isEmpty()) co_return true;
+  if (!shown() || !dirty() || (saving() && m_draft.values() == m_sent)) co_return true;
   co_return co_await m_context.services.overlays.confirm(discardQuestion);
 }
 
 Task<void> LeadPanel::dismissTask() {
-  if (!m_shown || !co_await mayLeave()) co_return;
+  if (!shown() || !co_await mayLeave()) co_return;
   leave();
 }
 
 void LeadPanel::leadsLeft(const QStringList& ids) {
-  if (m_shown && ids.contains(m_lead.id)) leave();
+  if (shown() && ids.contains(m_lead.id)) leave();
 }
 
 void LeadPanel::leave() {
-  m_save.cancel();
   m_detail.cancel();
-  m_saving = m_shown = false;
-  m_edits.clear();
-  m_error.clear();
-  Q_EMIT changed();
+  m_draft.discard();
+  m_form.cancel();
 }
 
 void LeadPanel::close() {
   m_asking.cancel();
-  m_save.cancel();
-  m_saving = false;
   Store::close();
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QMap>
 #include <QVariantList>
 
+#include "app/base/Draft.h"
+#include "app/base/Form.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "kit/models/campaigns/campaignLead.h"
@@ -30,12 +31,13 @@ class LeadPanel final : public Store {
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(QString error READ error NOTIFY changed)
+  Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
 
  public:
   /// `changedLead` gets the lead as the service has it after a save.
   LeadPanel(CampaignContext& context, std::function<void(const CampaignLead&)> changedLead);
 
-  bool shown() const { return m_shown; }
+  bool shown() const { return m_form.shown(); }
   QString leadId() const { return m_lead.id; }
   QString name() const;
   QString statusWord() const { return m_lead.status.rawValue; }
@@ -54,18 +56,21 @@ class LeadPanel final : public Store {
   const QStringList& fieldNames() const { return m_fieldNames; }
   /// Changes when texts of fields changed other than by typing.
   int fieldsRevision() const { return m_fieldsRevision; }
-  Q_INVOKABLE QString fieldText(const QString& name) const;
-  Q_INVOKABLE void setField(const QString& name, const QString& text);
-  bool dirty() const { return !m_edits.isEmpty(); }
-  bool saving() const { return m_saving; }
-  const QString& error() const { return m_error; }
+  Q_INVOKABLE QString fieldText(const QString& name) const { return m_draft.values().value(name).toString(); }
+  Q_INVOKABLE void setField(const QString& name, const QString& text) { m_draft.set(name, text); }
+  bool dirty() const { return m_draft.dirty(); }
+  bool saving() const { return m_form.busy(); }
+  QString error() const { return m_form.error(); }
+  /// Which of the fields that were typed in somebody else has changed as well.
+  QString conflict() const { return rivalsTold(m_draft.rivals().keys()); }
+  FieldDraft* draft() { return &m_draft; }
 
   void show(const CampaignLead& lead);
   /// Reads again what is shown.
   void refresh() override;
-  Q_INVOKABLE void save();
+  Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
   Q_INVOKABLE void discard();
-  /// Closes the drawer; asks first when something is not saved.
+  /// Closes the drawer; asks first when something is not even on its way to the service.
   Q_INVOKABLE void dismiss() { m_asking.start(dismissTask()); }
   /// Closes when its lead is one of those that are gone from the list.
   void leadsLeft(const QStringList& ids);
@@ -90,15 +95,13 @@ class LeadPanel final : public Store {
   std::function<void(const CampaignLead&)> m_changedLead;
   Resource<LeadDetail> m_detail;
   TaskSlot m_asking;
-  TaskSlot m_save;
   CampaignLead m_lead;
   QStringList m_fieldNames;
-  /// Typed and not saved, by field.
-  QMap<QString, QString> m_edits;
-  QString m_error;
+  Form m_form;
+  FieldDraft m_draft;
+  /// What a save under way sends.
+  QVariantMap m_sent;
   int m_fieldsRevision = 0;
-  bool m_shown = false;
-  bool m_saving = false;
 };
 
 }  // namespace orv

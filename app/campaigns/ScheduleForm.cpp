@@ -1,10 +1,14 @@
 #include "app/campaigns/ScheduleForm.h"
 
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QTime>
+
+#include "app/base/TimeZones.h"
+#include "app/campaigns/SettingsDraft.h"
+#include "kit/api/JSONCoding.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignRequests.h"
-
-#include <QTime>
-#include <QTimeZone>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,52 +17,79 @@ namespace {
 
 constexpr qsizetype suggestedZones = 8;
 constexpr int lastDay = 7;
+constexpr int minutesOfDay = 24 * 60, halfHour = 30;
+const auto windowsField = u"windows"_s;
 
-const QStringList& allZones() {
-  static const QStringList zones = [] {
-    QStringList list;
-    for (const QByteArray& id : QTimeZone::availableTimeZoneIds()) list.append(QString::fromLatin1(id));
-    return list;
-  }();
-  return zones;
+/// Seconds since midnight of a time of day, which may be the midnight that ends it. Nothing for any other text.
+std::optional<int> secondsOf(const QString& time) {
+  static const QRegularExpression form(
+      QRegularExpression::anchoredPattern(u"([0-9]{1,2}):([0-9]{2})(?::([0-9]{2})(?:\\.[0-9]+)?)?"_s));
+  const auto match = form.match(time.trimmed());
+  if (!match.hasMatch()) return std::nullopt;
+  const int hours = match.captured(1).toInt(), minutes = match.captured(2).toInt(), seconds = match.captured(3).toInt();
+  const int whole = (hours * 60 + minutes) * 60 + seconds;
+  if (minutes > 59 || seconds > 59 || whole > minutesOfDay * 60) return std::nullopt;
+  return whole;
 }
 
-QTime timeOf(const QString& text) { return QTime::fromString(text, u"H:mm"_s); }
+QString timeText(int minutes) { return u"%1:%2"_s.arg(minutes / 60, 2, 10, '0'_L1).arg(minutes % 60, 2, 10, '0'_L1); }
 
 QString shown(const QString& time) {
-  const QTime parsed = timeOf(time);
-  return parsed.isValid() ? parsed.toString(u"HH:mm"_s) : time;
+  const auto seconds = secondsOf(time);
+  return seconds ? timeText(*seconds / 60) : time;
 }
 
-ScheduleWindow workingWeek(const QString& name, const QString& zone) {
-  return {name, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, zone};
-}
-
-QList<ScheduleWindow> windowsOf(const Campaign& campaign) {
-  QList<ScheduleWindow> windows = campaign.schedule.value_or(CampaignSchedule()).schedules;
-  for (ScheduleWindow& window : windows) {
-    window.start = shown(window.start);
-    window.end = shown(window.end);
-  }
-  return windows;
+QVariantList timeOptions(int first, int last, const QString& time) {
+  QStringList texts;
+  for (int minutes = first; minutes <= last; minutes += halfHour) texts.append(timeText(minutes));
+  if (!texts.contains(shown(time))) texts.append(shown(time));
+  texts.sort();
+  QVariantList options;
+  for (const QString& text : texts) options.append(QVariantMap{{u"key"_s, text}, {u"label"_s, text}});
+  return options;
 }
 
 QVariantMap problemsIn(const ScheduleWindow& window) {
   QVariantMap problems;
   if (window.days.isEmpty()) problems.insert(u"daysError"_s, u"Pick at least one day."_s);
-  const QTime start = timeOf(window.start), end = timeOf(window.end);
-  if (!start.isValid() || !end.isValid() || end <= start)
-    problems.insert(u"timesError"_s, u"The end must come after the start."_s);
-  if (!allZones().contains(window.timeZone.trimmed())) problems.insert(u"zoneError"_s, u"Not a known time zone"_s);
+  const auto start = secondsOf(window.start), end = secondsOf(window.end);
+  if (!start || !end || *end <= *start) problems.insert(u"timesError"_s, u"The end must come after the start."_s);
+  if (!isTimeZone(window.timeZone.trimmed())) problems.insert(u"zoneError"_s, u"Not a known time zone"_s);
   return problems;
 }
 
+QString inWords(const ScheduleWindow& window) {
+  static const QStringList names{u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s, u"Sun"_s};
+  QStringList days;
+  for (const qint64 day : window.days) days.append(names.value(qsizetype(day) - 1));
+  return u"%1 (%2, %3 to %4, %5)"_s.arg(window.name, days.join(u' '), shown(window.start), shown(window.end),
+                                        window.timeZone);
+}
+
 }  // namespace
+
+QJsonValue ScheduleDraft::written(const QVariant& value) const {
+  // No record of the kit is a list of windows alone.
+  CampaignPatch patch;
+  patch.schedule = CampaignSchedule{{}, {}, value.value<QList<ScheduleWindow>>()};
+  return toJSON(patch);
+}
+
+QVariant ScheduleDraft::read(const QJsonValue& value) const {
+  try {
+    const auto patch = decodeJSON<CampaignPatch>(QJsonDocument(value.toObject()).toJson());
+    return QVariant::fromValue(patch.schedule.value_or(CampaignSchedule()).schedules);
+  } catch (const DecodeError&) {
+    return {};
+  }
+}
 
 ScheduleForm::ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy)
     : Store(context.workspace, &context.whole), m_context(context), m_actions(actions), m_busy(busy) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &ScheduleForm::follow);
   connect(&busy, &BusySet::changed, this, &ScheduleForm::changed);
+  connect(&m_draft, &FieldDraft::changed, this, &ScheduleForm::changed);
+  m_draft.setKey(u"campaigns/"_s + context.id + u"/schedule"_s);
   follow();
 }
 
@@ -66,32 +97,40 @@ bool ScheduleForm::saving() const { return m_busy.contains(QLatin1String(busyKey
 
 QVariantList ScheduleForm::windows() const {
   QVariantList list;
-  for (qsizetype i = 0; i < m_draft.size(); ++i) {
-    const ScheduleWindow& window = m_draft[i];
+  const auto windows = typed();
+  for (qsizetype i = 0; i < windows.size(); ++i) {
+    const ScheduleWindow& window = windows[i];
     QVariantMap map = m_errors.value(i);
     map.insert(u"name"_s, window.name);
     map.insert(u"days"_s, QVariant::fromValue(window.days));
-    map.insert(u"start"_s, window.start);
-    map.insert(u"end"_s, window.end);
+    map.insert(u"start"_s, shown(window.start));
+    map.insert(u"end"_s, shown(window.end));
     map.insert(u"timeZone"_s, window.timeZone);
     list.append(map);
   }
   return list;
 }
 
+QString ScheduleForm::note() const {
+  QStringList theirs;
+  for (const ScheduleWindow& window : m_draft.rivals().value(windowsField).value<QList<ScheduleWindow>>())
+    theirs.append(inWords(window));
+  return rivalsTold(theirs);
+}
+
 /// Unsaved hours stay as they are when the campaign comes again.
 void ScheduleForm::follow() {
   const Campaign* campaign = m_context.campaign.value();
   if (!campaign) return;
-  QList<ScheduleWindow> fresh = windowsOf(*campaign);
+  QList<ScheduleWindow> fresh = campaign->schedule.value_or(CampaignSchedule()).schedules;
   m_isNew = fresh.isEmpty();
-  if (m_isNew) fresh.append(workingWeek(u"Main schedule"_s, QString::fromLatin1(QTimeZone::systemTimeZoneId())));
-  if (!dirty()) {
-    m_draft = fresh;
-    m_errors.clear();
-  }
-  m_base = fresh;
-  Q_EMIT changed();
+  if (m_isNew) fresh = offeredHours();
+  if (!dirty()) m_errors.clear();
+  m_draft.rebase({fresh}, campaign->version);
+}
+
+void ScheduleForm::edit(const QList<ScheduleWindow>& windows) {
+  m_draft.set(windowsField, QVariant::fromValue(windows));
 }
 
 void ScheduleForm::drop(int window, const QString& error) {
@@ -99,84 +138,95 @@ void ScheduleForm::drop(int window, const QString& error) {
 }
 
 void ScheduleForm::setText(int window, const QString& field, const QString& text) {
-  if (window < 0 || window >= m_draft.size()) return;
-  ScheduleWindow& edited = m_draft[window];
-  QString* target = field == "name"_L1    ? &edited.name
-                    : field == "start"_L1 ? &edited.start
-                    : field == "end"_L1   ? &edited.end
-                                          : &edited.timeZone;
-  if (std::exchange(*target, text) == text) return;
-  drop(window, target == &edited.timeZone ? u"zoneError"_s : u"timesError"_s);
-  Q_EMIT changed();
+  auto windows = typed();
+  if (window < 0 || window >= windows.size()) return;
+  ScheduleWindow& edited = windows[window];
+  const bool isTime = field == "start"_L1 || field == "end"_L1;
+  QString& target = field == "name"_L1    ? edited.name
+                    : field == "start"_L1 ? edited.start
+                    : field == "end"_L1   ? edited.end
+                                          : edited.timeZone;
+  // What the service writes otherwise ("09:00:00") stays so until another time is chosen.
+  if ((isTime ? shown(target) : target) == text) return;
+  target = text;
+  if (field != "name"_L1) drop(window, isTime ? u"timesError"_s : u"zoneError"_s);
+  edit(windows);
 }
 
 void ScheduleForm::toggleDay(int window, int day) {
-  if (window < 0 || window >= m_draft.size() || day < 1 || day > lastDay) return;
-  QList<qint64>& days = m_draft[window].days;
+  auto windows = typed();
+  if (window < 0 || window >= windows.size() || day < 1 || day > lastDay) return;
+  QList<qint64>& days = windows[window].days;
   if (!days.removeOne(day)) days.append(day);
   std::ranges::sort(days);
   drop(window, u"daysError"_s);
-  Q_EMIT changed();
+  edit(windows);
 }
 
 void ScheduleForm::add() {
-  const QString zone = m_draft.isEmpty() ? QString() : m_draft.last().timeZone;
-  m_draft.append(workingWeek(u"Schedule "_s + QString::number(m_draft.size() + 1), zone));
-  Q_EMIT changed();
+  auto windows = typed();
+  ScheduleWindow added = offeredHours().first();
+  added.name = u"Schedule "_s + QString::number(windows.size() + 1);
+  if (!windows.isEmpty()) added.timeZone = windows.last().timeZone;
+  windows.append(added);
+  edit(windows);
 }
 
 void ScheduleForm::remove(int window) {
-  if (window < 0 || window >= m_draft.size() || m_draft.size() == 1) return;
-  m_draft.removeAt(window);
+  auto windows = typed();
+  if (window < 0 || window >= windows.size() || windows.size() == 1) return;
+  windows.removeAt(window);
   if (window < m_errors.size()) m_errors.removeAt(window);
-  Q_EMIT changed();
+  edit(windows);
 }
 
 void ScheduleForm::discard() {
-  m_draft = m_base;
   m_errors.clear();
-  Q_EMIT changed();
+  m_draft.discard();
 }
 
+/// Hours that the service has already are not the person's to mend.
 bool ScheduleForm::isValid() {
+  const auto saved = m_isNew ? QList<ScheduleWindow>() : m_draft.base().windows;
   m_errors.clear();
-  for (const ScheduleWindow& window : m_draft) m_errors.append(problemsIn(window));
+  for (const ScheduleWindow& window : typed())
+    m_errors.append(saved.contains(window) ? QVariantMap() : problemsIn(window));
   Q_EMIT changed();
   return std::ranges::all_of(m_errors, [](const QVariantMap& problems) { return problems.isEmpty(); });
 }
 
 Task<void> ScheduleForm::saveTask() {
-  const Campaign* campaign = m_context.campaign.value();
-  if (!campaign || !canSave() || !isValid()) co_return;
-  const QList<ScheduleWindow> sent = m_draft;
-  CampaignPatch patch;
-  patch.schedule = campaign->schedule.value_or(CampaignSchedule());
-  patch.schedule->schedules = sent;
-  for (ScheduleWindow& window : patch.schedule->schedules) window.timeZone = window.timeZone.trimmed();
+  if (!m_context.campaign.value() || !canSave() || !isValid()) co_return;
+  QList<ScheduleWindow> windows = m_draft.sending().windows;
+  for (ScheduleWindow& window : windows) window.timeZone = window.timeZone.trimmed();
+  const auto build = [this, windows] {
+    CampaignPatch patch;
+    patch.schedule = m_context.campaign.value()->schedule.value_or(CampaignSchedule());
+    patch.schedule->schedules = windows;
+    return Requests::updateCampaign(m_context.id, patch, m_draft.version());
+  };
   const auto saved = co_await m_actions.perform<Campaign>(
-      {QString::fromLatin1(busyKey), m_context.id},
-      [id = m_context.id, patch, version = campaign->version] { return Requests::updateCampaign(id, patch, version); },
-      u"Couldn’t save."_s, [this, sent](const Campaign&) { m_base = sent; });
+      {QString::fromLatin1(busyKey), m_context.id}, build, u"Couldn’t save."_s,
+      [this](const Campaign& answer) {
+        const auto hours = answer.schedule.value_or(CampaignSchedule()).schedules;
+        m_draft.taken({hours.isEmpty() ? offeredHours() : hours}, answer.version);
+      },
+      [this](const APIError& error) { return m_draft.failed(error); });
   if (!saved) co_return;
   m_context.services.toasts.success(u"Schedule saved"_s);
 }
 
-QVariantList ScheduleForm::times(const QString& time) const {
-  QStringList texts;
-  constexpr int halfHours = 48, minutes = 30;
-  for (int i = 0; i < halfHours; ++i) texts.append(QTime(0, 0).addSecs(i * minutes * 60).toString(u"HH:mm"_s));
-  if (!texts.contains(time)) texts.append(time);
-  texts.sort();
-  QVariantList options;
-  for (const QString& text : texts) options.append(QVariantMap{{u"key"_s, text}, {u"label"_s, text}});
-  return options;
+QVariantList ScheduleForm::startTimes(const QString& time) const {
+  return timeOptions(0, minutesOfDay - halfHour, time);
 }
+
+QVariantList ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
 
 QStringList ScheduleForm::zones(const QString& text) const {
   const QString wanted = text.trimmed().replace(u' ', u'_');
   QStringList found;
-  if (wanted.isEmpty() || allZones().contains(wanted)) return found;
-  for (const QString& zone : allZones()) {
+  if (wanted.isEmpty() || isTimeZone(wanted)) return found;
+  for (const QString& zone : timeZoneNames()) {
     if (zone.contains(wanted, Qt::CaseInsensitive)) found.append(zone);
     if (found.size() == suggestedZones) break;
   }

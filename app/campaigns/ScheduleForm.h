@@ -3,11 +3,27 @@
 #include <QVariantList>
 
 #include "app/base/Actions.h"
+#include "app/base/Draft.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "kit/models/campaigns/campaignSchedule.h"
 
 namespace orv {
+
+struct ScheduleFields {
+  QList<ScheduleWindow> windows;
+  bool operator==(const ScheduleFields&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(ScheduleFields, (), (windows))
+
+class ScheduleDraft final : public Draft<ScheduleFields> {
+ public:
+  using Draft::Draft;
+
+ protected:
+  QJsonValue written(const QVariant& value) const override;
+  QVariant read(const QJsonValue& value) const override;
+};
 
 /// The weekly hours of a campaign while they are edited, saved on their own: the dates stay as the service has them.
 class ScheduleForm final : public Store {
@@ -17,6 +33,7 @@ class ScheduleForm final : public Store {
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
+  Q_PROPERTY(QString note READ note NOTIFY changed)
 
  public:
   static constexpr auto busyKey = "schedule";
@@ -27,10 +44,13 @@ class ScheduleForm final : public Store {
 
   /// Name, days (1 is Monday), start, end and timeZone of each, and what is wrong: daysError, timesError, zoneError.
   QVariantList windows() const;
-  int count() const { return int(m_draft.size()); }
-  bool dirty() const { return m_draft != m_base; }
+  int count() const { return int(typed().size()); }
+  bool dirty() const { return m_draft.dirty(); }
   bool saving() const;
   bool canSave() const { return (dirty() || m_isNew) && m_busy.ids().isEmpty(); }
+  /// What somebody else made of the hours while they were edited here.
+  QString note() const;
+  ScheduleDraft* draft() { return &m_draft; }
 
   Q_INVOKABLE void setText(int window, const QString& field, const QString& text);
   Q_INVOKABLE void toggleDay(int window, int day);
@@ -42,7 +62,9 @@ class ScheduleForm final : public Store {
   Task<void> saveTask();
 
   /// Half hours, and `time` itself where it is none.
-  Q_INVOKABLE QVariantList times(const QString& time) const;
+  Q_INVOKABLE QVariantList startTimes(const QString& time) const;
+  /// The same up to the end of the day.
+  Q_INVOKABLE QVariantList endTimes(const QString& time) const;
   /// The zones that the text may mean.
   Q_INVOKABLE QStringList zones(const QString& text) const;
 
@@ -50,6 +72,8 @@ class ScheduleForm final : public Store {
   void changed();
 
  private:
+  QList<ScheduleWindow> typed() const { return m_draft.typed().windows; }
+  void edit(const QList<ScheduleWindow>& windows);
   void follow();
   bool isValid();
   void drop(int window, const QString& error);
@@ -57,9 +81,7 @@ class ScheduleForm final : public Store {
   CampaignContext& m_context;
   Actions& m_actions;
   BusySet& m_busy;
-  QList<ScheduleWindow> m_draft;
-  /// What the draft was typed on.
-  QList<ScheduleWindow> m_base;
+  ScheduleDraft m_draft;
   /// The campaign has no hours yet; the ones shown are a suggestion.
   bool m_isNew = false;
   QList<QVariantMap> m_errors;

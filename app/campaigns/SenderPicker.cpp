@@ -53,24 +53,33 @@ QStringList with(QStringList list, const QString& item) {
 
 }  // namespace
 
-SenderPicker::SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick)
+SenderPicker::SenderPicker(CampaignContext& context, SettingsDraft& draft)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_draft(draft),
-      m_pick(std::move(pick)),
-      m_mailboxes(*this, [&api = context.api] { return everyMailbox(api); }) {
-  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::followDraft);
+      m_mailboxes(*this, [&api = context.api] { return everyMailbox(api); },
+                  {.failed = u"Couldn’t load the inboxes"_s}) {
+  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::show);
+  connect(&draft, &FieldDraft::fieldChanged, this, [this](const QString& field) {
+    if (!field.startsWith("sender"_L1)) return;
+    showRows();
+    Q_EMIT changed();
+  });
 }
 
 void SenderPicker::setQuery(const QString& query) {
   if (std::exchange(m_query, query) == query) return;
-  show();
+  showRows();
   Q_EMIT changed();
 }
 
-void SenderPicker::toggle(const QString& mailboxId) { m_pick(u"senders"_s, with(m_draft.senders, mailboxId)); }
+void SenderPicker::toggle(const QString& mailboxId) {
+  m_draft.set(u"senders"_s, with(m_draft.typed().senders, mailboxId));
+}
 
-void SenderPicker::toggleTag(const QString& tag) { m_pick(u"senderTags"_s, with(m_draft.senderTags, tag)); }
+void SenderPicker::toggleTag(const QString& tag) {
+  m_draft.set(u"senderTags"_s, with(m_draft.typed().senderTags, tag));
+}
 
 QString SenderPicker::summary() const {
   qint64 count = 0;
@@ -96,13 +105,14 @@ QString SenderPicker::note() const {
 
 QVariantList SenderPicker::tags() const {
   QMap<QString, int> counts;
-  for (const QString& tag : m_draft.senderTags) counts.insert(tag, 0);
+  const QStringList picked = m_draft.typed().senderTags;
+  for (const QString& tag : picked) counts.insert(tag, 0);
   for (const Entry& entry : m_all)
     for (const QString& tag : entry.tags) ++counts[tag];
   QVariantList list;
   for (auto tag = counts.cbegin(); tag != counts.cend(); ++tag)
-    list.append(QVariantMap{
-        {u"key"_s, tag.key()}, {u"count"_s, tag.value()}, {u"ticked"_s, m_draft.senderTags.contains(tag.key())}});
+    list.append(
+        QVariantMap{{u"key"_s, tag.key()}, {u"count"_s, tag.value()}, {u"ticked"_s, picked.contains(tag.key())}});
   return list;
 }
 
@@ -110,14 +120,10 @@ QString SenderPicker::tagNote() const {
   return m_mailboxes.value() && tags().isEmpty() ? u"No tags yet. Tag inboxes on the Accounts page."_s : QString();
 }
 
-void SenderPicker::followDraft() {
+void SenderPicker::show() {
   collect();
-  show();
+  showRows();
   Q_EMIT changed();
-}
-
-bool SenderPicker::isVia(const Entry& entry) const {
-  return std::ranges::any_of(entry.tags, [this](const QString& tag) { return m_draft.senderTags.contains(tag); });
 }
 
 /// The campaign's own come first: they are looked for, and stay in their place while boxes are ticked.
@@ -152,14 +158,13 @@ void SenderPicker::collect() {
   }
 }
 
-void SenderPicker::show() {
-  const QSet<QString> ticked(m_draft.senders.cbegin(), m_draft.senders.cend());
+void SenderPicker::showRows() {
+  const QStringList picked = m_draft.typed().senders;
+  const QSet<QString> ticked(picked.cbegin(), picked.cend());
   const QString wanted = m_query.trimmed();
   std::vector<SenderRow> rows;
   for (Entry& entry : m_all) {
     entry.row.ticked = ticked.contains(entry.row.id);
-    // A sender whose mailbox is not in the list has no tags here; the service said that it joins by one.
-    entry.row.viaTag = entry.tags.isEmpty() ? entry.row.viaTag : isVia(entry);
     if (wanted.isEmpty() || entry.row.name.contains(wanted, Qt::CaseInsensitive) ||
         entry.row.address.contains(wanted, Qt::CaseInsensitive))
       rows.push_back(entry.row);

@@ -46,10 +46,7 @@ class SenderPicker final : public Store {
   Q_PROPERTY(QString tagNote READ tagNote NOTIFY changed)
 
  public:
-  /// `pick` is told of a field of the draft and its new list.
-  using Pick = std::function<void(const QString& field, const QStringList& list)>;
-
-  SenderPicker(CampaignContext& context, const SettingsDraft& draft, Pick pick);
+  SenderPicker(CampaignContext& context, SettingsDraft& draft);
 
   Resource<MailboxPage>* mailboxes() { return &m_mailboxes; }
   SenderRows* rows() { return &m_rows; }
@@ -65,30 +62,29 @@ class SenderPicker final : public Store {
   QVariantList tags() const;
   QString tagNote() const;
 
-  Q_INVOKABLE void retry() { m_mailboxes.load(); }
+  /// Reads the mailboxes, anew where they are known.
+  void refresh() override { m_mailboxes.load(); }
   Q_INVOKABLE void toggle(const QString& mailboxId);
   Q_INVOKABLE void toggleTag(const QString& tag);
 
-  /// The draft or the campaign is another one.
-  void followDraft();
+  /// The campaign is another one.
+  void show();
 
  Q_SIGNALS:
   void changed();
 
  private:
   void collect();
-  void show();
+  void showRows();
 
   struct Entry {
     SenderRow row;
     QStringList tags;
     std::optional<qint64> cap;
   };
-  bool isVia(const Entry& entry) const;
 
   CampaignContext& m_context;
-  const SettingsDraft& m_draft;
-  Pick m_pick;
+  SettingsDraft& m_draft;
   Resource<MailboxPage> m_mailboxes;
   SenderRows m_rows;
   std::vector<Entry> m_all;

@@ -1,11 +1,11 @@
 #include "app/campaigns/SettingsDraft.h"
 
-#include <QDate>
 #include <QRegularExpression>
 #include <cmath>
 
 #include "app/base/EmailAddress.h"
-#include "app/base/RowFields.h"
+#include "app/base/TimeZones.h"
+#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignOptions.h"
 #include "kit/models/campaigns/campaignSchedule.h"
@@ -52,13 +52,8 @@ QString addressProblem(const QString& text) {
   return {};
 }
 
-bool isDate(const QString& text) {
-  static const QRegularExpression form(u"^[0-9]{4}-[0-9]{2}-[0-9]{2}$"_s);
-  return form.match(text).hasMatch() && QDate::fromString(text, Qt::ISODate).isValid();
-}
-
 QString dateProblem(const QString& text) {
-  return text.trimmed().isEmpty() || isDate(text.trimmed()) ? QString() : u"Write the date as YYYY-MM-DD"_s;
+  return text.trimmed().isEmpty() || parseCalendarDay(text.trimmed()) ? QString() : u"Write the date as YYYY-MM-DD"_s;
 }
 
 QString rangeProblem(const QString& text, int most, const QString& sentence, bool mayBeEmpty = false) {
@@ -80,7 +75,7 @@ void takeChanged(Target& target, const Value& now, const Value& before) {
   if (now != before) target = now;
 }
 
-CampaignOptions optionsOf(const SettingsDraft& draft, const SettingsDraft& base) {
+CampaignOptions optionsOf(const SettingsFields& draft, const SettingsFields& base) {
   CampaignOptions options;
   takeChanged(options.prioritizeNew, draft.prioritizeNew, base.prioritizeNew);
   takeChanged(options.stopOnAutoReply, draft.stopOnAutoReply, base.stopOnAutoReply);
@@ -94,17 +89,44 @@ CampaignOptions optionsOf(const SettingsDraft& draft, const SettingsDraft& base)
   return options;
 }
 
-template <class Use>
-void eachField(const Use& use) {
-  boost::mp11::mp_for_each<RowMembers<SettingsDraft>>(use);
+const QHash<QString, QString>& labels() {
+  static const QHash<QString, QString> labels{{u"name"_s, u"Name"_s},
+                                              {u"tags"_s, u"Tags"_s},
+                                              {u"senders"_s, u"the ticked inboxes"_s},
+                                              {u"senderTags"_s, u"Sender tags"_s},
+                                              {u"prioritizeNew"_s, u"Prioritize new leads"_s},
+                                              {u"stopOnReply"_s, u"Stop the sequence when a lead replies"_s},
+                                              {u"stopOnAutoReply"_s, u"Stop on auto reply"_s},
+                                              {u"stopCompanyOnReply"_s, u"Stop for the whole company"_s},
+                                              {u"unsubscribeHeader"_s, u"Insert unsubscribe header"_s},
+                                              {u"dailyCap"_s, u"Daily cap per inbox"_s},
+                                              {u"gap"_s, u"Gap between sends"_s},
+                                              {u"dailyLimit"_s, u"Campaign daily limit"_s},
+                                              {u"maxNewPerDay"_s, u"Max new leads a day"_s},
+                                              {u"cc"_s, u"CC"_s},
+                                              {u"bcc"_s, u"BCC"_s},
+                                              {u"startDate"_s, u"Start date"_s},
+                                              {u"endDate"_s, u"End date"_s}};
+  return labels;
+}
+
+/// What somebody else made of a field, in words.
+QString rivalText(const QString& field, const QVariant& value) {
+  const QString label = labels().value(field, field);
+  if (value.metaType() == QMetaType::fromType<bool>()) return label + (value.toBool() ? u" is on"_s : u" is off"_s);
+  // Ids say nothing to anybody.
+  if (field == "senders"_L1) return label + u" are others"_s;
+  const QString text = value.metaType() == QMetaType::fromType<QStringList>() ? value.toStringList().join(u", "_s)
+                                                                              : value.toString().trimmed();
+  return text.isEmpty() ? label + u" is empty"_s : label + u" is “"_s + text + u'”';
 }
 
 }  // namespace
 
-SettingsDraft draftOf(const Campaign& campaign) {
+SettingsFields settingsOf(const Campaign& campaign) {
   const CampaignOptions options = campaign.settings.value_or(CampaignOptions());
   const CampaignSchedule schedule = campaign.schedule.value_or(CampaignSchedule());
-  SettingsDraft draft;
+  SettingsFields draft;
   draft.name = campaign.name;
   draft.tags = sorted(campaign.tags);
   for (const CampaignSender& sender : campaign.senders.value_or(QList<CampaignSender>()))
@@ -127,31 +149,7 @@ SettingsDraft draftOf(const Campaign& campaign) {
   return draft;
 }
 
-QVariantMap valuesOf(const SettingsDraft& draft) {
-  QVariantMap values;
-  eachField([&](auto field) { values.insert(QString::fromLatin1(field.name), draft.*field.pointer); });
-  return values;
-}
-
-bool setField(SettingsDraft& draft, const QString& field, const QVariant& value) {
-  bool changes = false;
-  eachField([&](auto member) {
-    if (field != QLatin1String(member.name)) return;
-    auto& target = draft.*member.pointer;
-    auto next = value.value<std::decay_t<decltype(target)>>();
-    changes = std::exchange(target, next) != next;
-  });
-  return changes;
-}
-
-SettingsDraft rebased(SettingsDraft draft, const SettingsDraft& base, const SettingsDraft& fresh) {
-  eachField([&](auto field) {
-    if (draft.*field.pointer == base.*field.pointer) draft.*field.pointer = fresh.*field.pointer;
-  });
-  return draft;
-}
-
-QVariantMap problemsIn(const SettingsDraft& draft, const SettingsDraft& base) {
+QVariantMap problemsIn(const SettingsFields& draft, const SettingsFields& base) {
   QVariantMap problems;
   const auto check = [&](const QString& field, const QString& now, const QString& before, const QString& problem) {
     if (now != before && !problem.isEmpty()) problems.insert(field, problem);
@@ -168,13 +166,13 @@ QVariantMap problemsIn(const SettingsDraft& draft, const SettingsDraft& base) {
   check(u"startDate"_s, draft.startDate, base.startDate, dateProblem(draft.startDate));
   check(u"endDate"_s, draft.endDate, base.endDate, dateProblem(draft.endDate));
   const bool datesChanged = draft.startDate != base.startDate || draft.endDate != base.endDate;
-  const QString start = draft.startDate.trimmed(), end = draft.endDate.trimmed();
-  if (datesChanged && isDate(start) && isDate(end) && end < start)
+  const auto start = parseCalendarDay(draft.startDate.trimmed()), end = parseCalendarDay(draft.endDate.trimmed());
+  if (datesChanged && start && end && *end < *start)
     problems.insert(u"endDate"_s, u"The end date must not come before the start date"_s);
   return problems;
 }
 
-CampaignPatch patchOf(const SettingsDraft& draft, const SettingsDraft& base, const Campaign& campaign) {
+CampaignPatch patchOf(const SettingsFields& draft, const SettingsFields& base, const Campaign& campaign) {
   CampaignPatch patch;
   takeChanged(patch.name, draft.name.trimmed(), base.name);
   takeChanged(patch.tags, draft.tags, base.tags);
@@ -187,11 +185,23 @@ CampaignPatch patchOf(const SettingsDraft& draft, const SettingsDraft& base, con
   if (options != CampaignOptions()) patch.settings = options;
   if (dateOf(draft.startDate) != dateOf(base.startDate) || dateOf(draft.endDate) != dateOf(base.endDate)) {
     CampaignSchedule schedule = campaign.schedule.value_or(CampaignSchedule());
-    schedule.startDate = dateOf(draft.startDate);
-    schedule.endDate = dateOf(draft.endDate);
+    takeChanged(schedule.startDate, dateOf(draft.startDate), dateOf(base.startDate));
+    takeChanged(schedule.endDate, dateOf(draft.endDate), dateOf(base.endDate));
+    // Dates without hours would take the hours away, and the page shows the ones that are offered.
+    if (schedule.schedules.isEmpty()) schedule.schedules = offeredHours();
     patch.schedule = schedule;
   }
   return patch;
+}
+
+QString rivalNote(const QVariantMap& rivals) {
+  QStringList changes;
+  for (const auto& [field, value] : rivals.asKeyValueRange()) changes.append(rivalText(field, value));
+  return rivalsTold(changes);
+}
+
+QList<ScheduleWindow> offeredHours() {
+  return {{u"Main schedule"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, localTimeZone()}};
 }
 
 }  // namespace orv

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <QStringList>
-#include <QVariantMap>
 #include <boost/describe/class.hpp>
 
+#include "app/base/Draft.h"
 #include "kit/models/campaigns/campaign.h"
 
 namespace orv {
 
 /// A campaign's settings as they are typed: numbers, dates and addresses are text until they are saved.
-struct SettingsDraft {
+struct SettingsFields {
   QString name;
   /// Sorted, as all lists here, so that ticking and unticking again is no change.
   QStringList tags;
@@ -32,26 +32,26 @@ struct SettingsDraft {
   /// "2026-11-23", or empty.
   QString startDate;
   QString endDate;
-  bool operator==(const SettingsDraft&) const = default;
+  bool operator==(const SettingsFields&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(SettingsDraft, (),
+BOOST_DESCRIBE_STRUCT(SettingsFields, (),
                       (name, tags, senders, senderTags, prioritizeNew, stopOnReply, stopOnAutoReply, stopCompanyOnReply,
                        unsubscribeHeader, dailyCap, gap, dailyLimit, maxNewPerDay, cc, bcc, startDate, endDate))
 
-SettingsDraft draftOf(const Campaign& campaign);
+using SettingsDraft = Draft<SettingsFields>;
 
-/// By the names of the fields.
-QVariantMap valuesOf(const SettingsDraft& draft);
-/// False when there is no such field, or it has the value already.
-bool setField(SettingsDraft& draft, const QString& field, const QVariant& value);
-
-/// `draft` on a newer campaign: what differs from `base`, on which it was typed, is the person's and stays.
-SettingsDraft rebased(SettingsDraft draft, const SettingsDraft& base, const SettingsDraft& fresh);
+SettingsFields settingsOf(const Campaign& campaign);
 
 /// A sentence per field, of the fields that were changed: what the service has already is not the person's to mend.
-QVariantMap problemsIn(const SettingsDraft& draft, const SettingsDraft& base);
+QVariantMap problemsIn(const SettingsFields& draft, const SettingsFields& base);
 
-/// What was changed, of a draft without problems. The schedule's windows are as the campaign has them.
-CampaignPatch patchOf(const SettingsDraft& draft, const SettingsDraft& base, const Campaign& campaign);
+/// What was changed, of fields without problems. The schedule's windows are as the campaign has them.
+CampaignPatch patchOf(const SettingsFields& draft, const SettingsFields& base, const Campaign& campaign);
+
+/// Says what somebody else made of fields that were typed in as well; empty when there are none.
+QString rivalNote(const QVariantMap& rivals);
+
+/// What a campaign that has no hours yet is offered.
+QList<ScheduleWindow> offeredHours();
 
 }  // namespace orv

@@ -12,7 +12,6 @@ ORV_DEFINE_ROW(SubsequenceRow)
 
 namespace {
 
-const auto busyKey = u"create"_s;
 /// Who asks not to be written to is written to no more.
 const auto neverATrigger = u"unsubscribe"_s;
 
@@ -23,13 +22,19 @@ QString countText(const std::optional<qint64>& count) { return count ? Format::g
 Subsequences::Subsequences(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
-      m_actions(context.workspace, m_busy, [this] { refresh(); }),
+      m_actions(context.workspace, m_busy, [this] { m_list.load(); }),
       m_list(*this, [this] { return m_context.api.send(Requests::listSubsequences(m_context.id)); },
              {.failed = u"Couldn’t load the subsequences"_s}),
-      m_labels(*this, [this] { return m_context.api.send(Requests::listReplyLabels()); }) {
+      m_labels(*this, [this] { return m_context.api.send(Requests::listReplyLabels()); },
+               {.failed = u"Couldn’t load the labels"_s}) {
   connect(&m_list, &ResourceBase::valueChanged, this, &Subsequences::show);
   connect(&m_labels, &ResourceBase::changed, this, &Subsequences::show);
-  connect(&m_busy, &BusySet::changed, this, &Subsequences::changed);
+  connect(&m_draft, &FieldDraft::changed, this, &Subsequences::changed);
+  // What was filled in is given up with the form.
+  connect(&m_form, &Form::changed, this, [this] {
+    if (!m_form.shown()) m_draft.discard();
+  });
+  m_draft.setKey(u"campaigns/"_s + context.id + u"/new-subsequence"_s);
   context.workspace.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) { take(change); });
 }
 
@@ -57,6 +62,11 @@ std::optional<qsizetype> Subsequences::count() const {
   return m_list.value() ? std::optional(m_list.value()->items.size()) : std::nullopt;
 }
 
+void Subsequences::ensureLoaded() {
+  m_list.ensureLoaded();
+  m_labels.load();
+}
+
 QString Subsequences::labelTitle(const QString& key) const {
   if (m_labels.value())
     for (const Label& label : m_labels.value()->items)
@@ -82,16 +92,16 @@ void Subsequences::show() {
 QVariantList Subsequences::labels() const {
   QVariantList list;
   if (!m_labels.value()) return list;
+  const QStringList picked = m_draft.typed().labels;
   for (const Label& label : m_labels.value()->items) {
     if (label.key == neverATrigger) continue;
     list.append(
-        QVariantMap{{u"key"_s, label.key}, {u"label"_s, label.title()}, {u"ticked"_s, m_picked.contains(label.key)}});
+        QVariantMap{{u"key"_s, label.key}, {u"label"_s, label.title()}, {u"ticked"_s, picked.contains(label.key)}});
   }
   return list;
 }
 
-QString Subsequences::labelsError() const {
-  if (!m_labelsError.isEmpty()) return m_labelsError;
+QString Subsequences::labelsNote() const {
   return m_labels.message().isEmpty() ? QString() : u"Couldn’t load the labels. "_s + m_labels.message();
 }
 
@@ -102,48 +112,37 @@ QString Subsequences::explanation() const {
 }
 
 void Subsequences::beginCreate() {
-  if (creating()) return;
-  m_formShown = true;
-  m_name.clear();
-  m_nameError.clear();
-  m_picked.clear();
-  m_labelsError.clear();
-  if (!m_labels.value()) m_labels.load();
-  Q_EMIT changed();
-}
-
-void Subsequences::setName(const QString& name) {
-  if (std::exchange(m_name, name) == name) return;
-  m_nameError.clear();
-  Q_EMIT changed();
+  m_draft.fill(NewSubsequence());
+  m_labels.load();
+  m_form.show();
 }
 
 void Subsequences::toggleLabel(const QString& key) {
   if (key == neverATrigger) return;
-  if (!m_picked.removeOne(key)) m_picked.append(key);
-  m_labelsError.clear();
-  Q_EMIT changed();
-}
-
-void Subsequences::cancel() {
-  if (std::exchange(m_formShown, false)) Q_EMIT changed();
+  QStringList picked = m_draft.typed().labels;
+  if (!picked.removeOne(key)) picked.append(key);
+  m_draft.set(u"labels"_s, picked);
 }
 
 Task<void> Subsequences::createTask() {
-  if (!m_formShown || creating()) co_return;
-  const QString name = m_name.trimmed();
-  if (name.isEmpty()) m_nameError = u"Give the subsequence a name"_s;
-  if (m_picked.isEmpty()) m_labelsError = u"Pick at least one label"_s;
-  Q_EMIT changed();
-  if (name.isEmpty() || m_picked.isEmpty()) co_return;
-  auto request = Requests::createSubsequence(m_context.id, {name, {m_picked}});
-  const auto made = co_await m_actions.perform<Campaign>(
-      {busyKey, m_context.id}, [request] { return request; }, u"Couldn’t create the subsequence."_s);
+  if (!m_form.shown() || m_form.busy()) co_return;
+  const NewSubsequence typed = m_draft.typed();
+  const QString name = typed.name.trimmed();
+  QVariantMap problems;
+  if (name.isEmpty()) problems.insert(u"name"_s, u"Give the subsequence a name"_s);
+  if (typed.labels.isEmpty()) problems.insert(u"labels"_s, u"Pick at least one label"_s);
+  m_draft.setProblems(problems);
+  if (!problems.isEmpty()) co_return;
+  auto submission = m_form.begin();
+  const auto made = co_await m_actions.send(
+      Requests::createSubsequence(m_context.id, {name, {typed.labels}}), u"Couldn’t create the subsequence."_s, {},
+      [&submission](const APIError& error) { return submission.fail(error.message()); });
   if (!made) co_return;
-  cancel();
-  m_list.markStale();
-  // The answer may come when the person has gone elsewhere; they are not to be fetched back.
-  if (context().openedItem(Page::campaigns) == m_context.id) open(made->id);
+  m_list.load();
+  // Who closed the form, or has gone elsewhere, is not to be fetched back.
+  const bool isHere = context().openedItem(Page::campaigns) == m_context.id;
+  if (submission.succeed() && isHere) co_return open(made->id);
+  services().toasts.success(made->name + u" created"_s);
 }
 
 }  // namespace orv

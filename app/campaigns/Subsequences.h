@@ -4,6 +4,8 @@
 #include <QVariantList>
 
 #include "app/base/Actions.h"
+#include "app/base/Draft.h"
+#include "app/base/Form.h"
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
 #include "app/base/Store.h"
@@ -35,18 +37,26 @@ class SubsequenceRows final : public RecordModel<SubsequenceRow> {
   using RecordModel::RecordModel;
 };
 
+/// What a new subsequence is asked for.
+struct NewSubsequence {
+  QString name;
+  /// Keys of the reply labels that enrol a lead.
+  QStringList labels;
+  bool operator==(const NewSubsequence&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(NewSubsequence, (), (name, labels))
+
 /// The campaigns that take over leads of this one when a reply gets a label, and the form that makes another.
 class Subsequences final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* list READ list CONSTANT)
   Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
-  Q_PROPERTY(bool formShown READ formShown NOTIFY changed)
-  Q_PROPERTY(QString name READ name WRITE setName NOTIFY changed)
-  Q_PROPERTY(QString nameError READ nameError NOTIFY changed)
+  Q_PROPERTY(orv::Form* form READ form CONSTANT)
+  Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
+  Q_PROPERTY(orv::ResourceBase* knownLabels READ knownLabels CONSTANT)
   Q_PROPERTY(QVariantList labels READ labels NOTIFY changed)
-  Q_PROPERTY(QString labelsError READ labelsError NOTIFY changed)
+  Q_PROPERTY(QString labelsNote READ labelsNote NOTIFY changed)
   Q_PROPERTY(QString explanation READ explanation NOTIFY changed)
-  Q_PROPERTY(bool creating READ creating NOTIFY changed)
 
  public:
   explicit Subsequences(CampaignContext& context);
@@ -56,21 +66,23 @@ class Subsequences final : public Store {
   /// Nothing until it is known.
   std::optional<qsizetype> count() const;
 
-  bool formShown() const { return m_formShown; }
-  QString name() const { return m_name; }
-  void setName(const QString& name);
-  QString nameError() const { return m_nameError; }
+  /// The form that makes another, and what is filled in there.
+  Form* form() { return &m_form; }
+  Draft<NewSubsequence>* draft() { return &m_draft; }
+  Resource<ReplyLabelList>* knownLabels() { return &m_labels; }
   /// Those that may be picked: key, label and whether it is.
   QVariantList labels() const;
-  QString labelsError() const;
+  /// Says that there are none because they could not be read.
+  QString labelsNote() const;
   /// What a new one is made of.
   QString explanation() const;
-  bool creating() const { return !m_busy.ids().isEmpty(); }
 
+  /// Loads when first shown; the labels whenever the tab is.
+  void ensureLoaded() override;
   Q_INVOKABLE void open(const QString& id) { context().openItem(Page::campaigns, id); }
   Q_INVOKABLE void beginCreate();
+  Q_INVOKABLE void retryLabels() { m_labels.load(); }
   Q_INVOKABLE void toggleLabel(const QString& key);
-  Q_INVOKABLE void cancel();
   Q_INVOKABLE void create() { m_tasks.start(createTask()); }
   Task<void> createTask();
 
@@ -88,11 +100,8 @@ class Subsequences final : public Store {
   Resource<SubsequenceList> m_list;
   Resource<ReplyLabelList> m_labels;
   SubsequenceRows m_rows;
-  bool m_formShown = false;
-  QString m_name;
-  QString m_nameError;
-  QStringList m_picked;
-  QString m_labelsError;
+  Form m_form;
+  Draft<NewSubsequence> m_draft;
 };
 
 }  // namespace orv

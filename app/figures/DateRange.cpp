@@ -4,6 +4,7 @@
 
 #include "app/base/EnumName.h"
 #include "kit/api/Format.h"
+#include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -88,10 +89,10 @@ bool RangeChoice::setPreset(const QString& key, const QDate& today) {
 }
 
 bool RangeChoice::setCustom(const QString& from, const QString& to) {
-  const QDate first = QDate::fromString(from, Qt::ISODate), second = QDate::fromString(to, Qt::ISODate);
-  if (!first.isValid() || !second.isValid()) return false;
+  const auto first = parseCalendarDay(from), second = parseCalendarDay(to);
+  if (!first || !second) return false;
   m_custom = true;
-  m_days = {std::min(first, second), std::max(first, second)};
+  m_days = {std::min(*first, *second), std::max(*first, *second)};
   return true;
 }
 

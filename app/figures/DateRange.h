@@ -50,7 +50,7 @@ class RangeChoice {
 
   /// True when this changed the choice; a key that no preset has does not.
   bool setPreset(const QString& key, const QDate& today);
-  /// Two dates ("2026-11-21") in either order. True when they are dates.
+  /// Two dates ("2026-11-21"), whole, in either order. True when they are.
   bool setCustom(const QString& from, const QString& to);
   /// A preset goes along with the days; the person's own stay.
   void follow(const QDate& today);

@@ -19,7 +19,7 @@ QString text(const std::optional<qint64>& count) { return count ? Format::groupe
 
 template <class Row>
 QString rate(const Row& row, const std::optional<qint64>& count) {
-  return count && row.sent > 0 ? Format::rate(*count, row.sent) : QString();
+  return count ? Format::rate(*count, row.sent) : QString();
 }
 
 /// The service's words for an account's state and health; others are shown as they stand.

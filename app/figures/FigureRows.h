@@ -11,8 +11,8 @@ constexpr bool bouncesAreHigh(qint64 bounced, qint64 sent) { return 100 * bounce
 
 /// The rows of a table of figures: the records and what the table says of them.
 ///
-/// Every figure has its text; those that are shares of what was sent have their rate as well, empty where nothing was
-/// sent or where tracking is off.
+/// Every figure has its text; those that are shares of what was sent have their rate as well, empty where tracking is
+/// off.
 template <class Row>
 class FigureRows final : public RecordModel<Row> {
  public:

@@ -11,7 +11,11 @@ namespace orv {
 QVariantMap figure(const QString& title, const QString& value, const QString& detail, const QString& unit = {},
                    const QString& warning = {});
 
-/// The totals of a range. Opens and clicks are told to be off where tracking is, or where the service has none.
-QVariantList metricFigures(const Metrics& metrics, bool tracksOpens, bool tracksClicks);
+/// The summary without the opens and clicks that it holds of a time when they were tracked: whatever is made of it,
+/// strip, tables, chart or file, then says the same of them.
+AnalyticsSummary asTracked(AnalyticsSummary summary);
+
+/// The totals of a range. Opens and clicks that there are none of are told to be not tracked.
+QVariantList metricFigures(const Metrics& metrics);
 
 }  // namespace orv

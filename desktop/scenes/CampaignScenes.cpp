@@ -202,7 +202,7 @@ QList<Scene> settingsScenes() {
        }},
       {u"campaign-settings-limits"_s,
        [](Stage& s) {
-         openTab(s, u"draft"_s, u"settings"_s).settings()->set(u"gap"_s, u"1441"_s);
+         openTab(s, u"draft"_s, u"settings"_s).settings()->draft()->set(u"gap"_s, u"1441"_s);
          s.tabTo(u"Max new leads a day"_s);
        }},
       {u"campaign-settings-schedule"_s,
@@ -231,7 +231,7 @@ QList<Scene> subsequenceScenes() {
            [](Stage& s) {
              auto& campaign = openTab(s, u"running"_s, u"subsequences"_s);
              campaign.subsequences()->beginCreate();
-             campaign.subsequences()->setName(u"Asked for a call"_s);
+             campaign.subsequences()->draft()->set(u"name"_s, u"Asked for a call"_s);
              campaign.subsequences()->toggleLabel(u"interested"_s);
              campaign.subsequences()->create();
              s.settle();

@@ -23,7 +23,7 @@ class PathForm::Question {
 
 PathForm::PathForm(NameForm::Words words, Refusal refusal) : m_refusal(std::move(refusal)), m_form(std::move(words)) {
   m_form.onSubmit = [this](const QString& typed) { take(typed); };
-  QObject::connect(&m_form, &NameForm::changed, &m_form, [this] {
+  QObject::connect(&m_form, &Form::changed, &m_form, [this] {
     if (m_form.shown() || !m_answer) return;
     Answer cancelled = *std::exchange(m_answer, std::nullopt);
     cancelled.give({});

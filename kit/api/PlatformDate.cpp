@@ -5,14 +5,21 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+bool isBareDate(const QString& text) {
+  static const QRegularExpression form(QRegularExpression::anchoredPattern(u"[0-9]{4}-[0-9]{2}-[0-9]{2}"_s));
+  return form.match(text).hasMatch();
+}
+
+}  // namespace
 
 std::optional<QDateTime> parsePlatformDate(const QString& text) {
   // Qt reads many more forms than the service writes, some of them in local time; only these two are an instant.
-  static const QRegularExpression bareDate(QRegularExpression::anchoredPattern(u"[0-9]{4}-[0-9]{2}-[0-9]{2}"_s));
   static const QRegularExpression timestamp(QRegularExpression::anchoredPattern(
       u"[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}([.,][0-9]+)?(Z|[+-][0-9]{2}:?[0-9]{2})"_s));
   QString full = text;
-  if (bareDate.match(text).hasMatch())
+  if (isBareDate(text))
     full += "T00:00:00Z"_L1;
   else if (!timestamp.match(text).hasMatch())
     return std::nullopt;
@@ -22,6 +29,12 @@ std::optional<QDateTime> parsePlatformDate(const QString& text) {
 
 std::optional<QDateTime> parsePlatformDate(const std::optional<QString>& text) {
   return text ? parsePlatformDate(*text) : std::nullopt;
+}
+
+std::optional<QDate> parseCalendarDay(const QString& text) {
+  if (!isBareDate(text)) return std::nullopt;
+  const QDate day = QDate::fromString(text, Qt::ISODate);
+  return day.isValid() ? std::optional(day) : std::nullopt;
 }
 
 QString formatPlatformDate(const QDateTime& instant) { return instant.toUTC().toString(Qt::ISODateWithMs); }

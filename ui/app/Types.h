@@ -2,8 +2,9 @@
 
 #include <QtQml/qqml.h>
 
+#include "app/base/Draft.h"
+#include "app/base/Form.h"
 #include "app/base/ListModel.h"
-#include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
 #include "app/base/Resource.h"
 #include "app/base/Toasts.h"
@@ -11,6 +12,20 @@
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
 
 namespace orv::qml {
+
+struct FieldDraftType {
+  Q_GADGET
+  QML_FOREIGN(orv::FieldDraft)
+  QML_NAMED_ELEMENT(FieldDraft)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct FormType {
+  Q_GADGET
+  QML_FOREIGN(orv::Form)
+  QML_NAMED_ELEMENT(Form)
+  QML_UNCREATABLE("The application model owns it.")
+};
 
 struct ListModelType {
   Q_GADGET

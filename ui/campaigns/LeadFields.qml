@@ -43,6 +43,12 @@ Column {
     OrvNotice {
         width: parent.width
         visible: text !== ""
+        text: root.panel.conflict
+    }
+
+    OrvNotice {
+        width: parent.width
+        visible: text !== ""
         tone: "negative"
         text: root.panel.error === "" ? "" : "Couldn’t save the fields. " + root.panel.error
     }

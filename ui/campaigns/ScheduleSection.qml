@@ -27,6 +27,12 @@ SettingsSection {
         }
     }
 
+    OrvNotice {
+        width: parent.width
+        visible: text !== ""
+        text: root.form.note
+    }
+
     Row {
         width: parent.width
         spacing: 8

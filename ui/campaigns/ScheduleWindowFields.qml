@@ -74,7 +74,7 @@ Column {
         OrvSelect {
             width: 144
             label: "Start"
-            options: root.form.times(root.hours.start)
+            options: root.form.startTimes(root.hours.start)
             current: root.hours.start
             onChosen: key => root.set("start", key)
         }
@@ -82,7 +82,7 @@ Column {
         OrvSelect {
             width: 144
             label: "End"
-            options: root.form.times(root.hours.end)
+            options: root.form.endTimes(root.hours.end)
             current: root.hours.end
             onChosen: key => root.set("end", key)
         }

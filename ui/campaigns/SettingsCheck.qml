@@ -16,9 +16,9 @@ Item {
 
     OrvCheckbox {
         id: box
-        checked: root.form.values[root.field] ?? false
+        checked: root.form.draft.values[root.field] ?? false
         Accessible.description: root.help
-        onToggled: root.form.set(root.field, checked)
+        onToggled: root.form.draft.set(root.field, checked)
     }
 
     Text {

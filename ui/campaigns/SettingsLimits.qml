@@ -8,8 +8,8 @@ SettingsSection {
     id: root
 
     required property CampaignSettings form
-    readonly property var values: form.values
-    readonly property var errors: form.errors
+    readonly property var values: form.draft.values
+    readonly property var errors: form.draft.problems
 
     title: "Limits"
 
@@ -28,7 +28,7 @@ SettingsSection {
             keepsText: true
             text: root.values.dailyCap ?? ""
             error: root.errors.dailyCap ?? ""
-            onTyped: text => root.form.set("dailyCap", text)
+            onTyped: text => root.form.draft.set("dailyCap", text)
         }
 
         OrvNumberField {
@@ -40,7 +40,7 @@ SettingsSection {
             keepsText: true
             text: root.values.gap ?? ""
             error: root.errors.gap ?? ""
-            onTyped: text => root.form.set("gap", text)
+            onTyped: text => root.form.draft.set("gap", text)
         }
 
         OrvNumberField {
@@ -55,7 +55,7 @@ SettingsSection {
             keepsText: true
             text: root.values.dailyLimit ?? ""
             error: root.errors.dailyLimit ?? ""
-            onTyped: text => root.form.set("dailyLimit", text)
+            onTyped: text => root.form.draft.set("dailyLimit", text)
         }
 
         OrvNumberField {
@@ -70,7 +70,7 @@ SettingsSection {
             keepsText: true
             text: root.values.maxNewPerDay ?? ""
             error: root.errors.maxNewPerDay ?? ""
-            onTyped: text => root.form.set("maxNewPerDay", text)
+            onTyped: text => root.form.draft.set("maxNewPerDay", text)
         }
     }
 }

@@ -36,28 +36,11 @@ SettingsSection {
         Accessible.name: text
     }
 
-    Row {
-        visible: root.picker.note !== ""
+    FormNote {
         width: parent.width
-        spacing: 12
-
-        Text {
-            width: Math.min(implicitWidth, parent.width - (retry.visible ? retry.width + 12 : 0))
-            textFormat: Text.PlainText
-            text: root.picker.note
-            font: Theme.body
-            color: root.failed ? Theme.negative : Theme.text2
-            wrapMode: Text.Wrap
-            Accessible.role: root.failed ? Accessible.AlertMessage : Accessible.StaticText
-            Accessible.name: text
-        }
-
-        OrvLink {
-            id: retry
-            visible: root.failed
-            text: "Try again"
-            onClicked: root.picker.retry()
-        }
+        text: root.picker.note
+        failed: root.failed
+        onRetryRequested: root.picker.refresh()
     }
 
     Column {

@@ -11,8 +11,8 @@ FocusScope {
 
     required property CampaignStore store
     readonly property CampaignSettings form: store.settings
-    readonly property var values: form.values
-    readonly property var errors: form.errors
+    readonly property var values: form.draft.values
+    readonly property var errors: form.draft.problems
 
     // What the keyboard reaches comes into view.
     readonly property Item focused: Window.activeFocusItem
@@ -82,6 +82,12 @@ FocusScope {
                 text: root.form.notice
             }
 
+            OrvNotice {
+                width: parent.width
+                visible: text !== ""
+                text: root.form.conflict
+            }
+
             SettingsSection {
                 width: parent.width
                 title: "Campaign"
@@ -93,19 +99,25 @@ FocusScope {
                     placeholder: "Campaign name"
                     text: root.values.name ?? ""
                     error: root.errors.name ?? ""
-                    onEdited: text => root.form.set("name", text)
+                    onEdited: text => root.form.draft.set("name", text)
                 }
 
                 OrvTagEditor {
                     width: parent.width
                     label: "Tags"
-                    help: root.form.tagNote || "Labels to find it by in the campaign list, from Settings → Tags."
+                    help: "Labels to find it by in the campaign list, from Settings → Tags."
                     placeholder: "Add a tag"
                     tags: root.form.tags
                     suggestions: root.form.tagSuggestions
-                    error: root.errors.tags ?? ""
                     onAdded: text => root.form.addTag(text)
                     onRemoved: key => root.form.removeTag(key)
+                }
+
+                FormNote {
+                    width: parent.width
+                    text: root.form.tagNote
+                    failed: root.form.knownTags.message !== ""
+                    onRetryRequested: root.form.retryTags()
                 }
             }
 
@@ -174,7 +186,7 @@ FocusScope {
                     help: "Copied on every campaign email. Separate with commas."
                     text: root.values.cc ?? ""
                     error: root.errors.cc ?? ""
-                    onEdited: text => root.form.set("cc", text)
+                    onEdited: text => root.form.draft.set("cc", text)
                 }
 
                 OrvField {
@@ -184,7 +196,7 @@ FocusScope {
                     help: "A hidden copy of every campaign email. Test emails copy nobody."
                     text: root.values.bcc ?? ""
                     error: root.errors.bcc ?? ""
-                    onEdited: text => root.form.set("bcc", text)
+                    onEdited: text => root.form.draft.set("bcc", text)
                 }
             }
 
@@ -202,7 +214,7 @@ FocusScope {
                         help: "YYYY-MM-DD. Empty: on launch."
                         text: root.values.startDate ?? ""
                         error: root.errors.startDate ?? ""
-                        onEdited: text => root.form.set("startDate", text)
+                        onEdited: text => root.form.draft.set("startDate", text)
                     }
 
                     OrvField {
@@ -211,7 +223,7 @@ FocusScope {
                         help: "YYYY-MM-DD. Empty: no end date."
                         text: root.values.endDate ?? ""
                         error: root.errors.endDate ?? ""
-                        onEdited: text => root.form.set("endDate", text)
+                        onEdited: text => root.form.draft.set("endDate", text)
                     }
                 }
             }
@@ -240,7 +252,7 @@ FocusScope {
         saveText: "Save settings"
         saving: root.form.saving
         canSave: root.form.canSave
-        hasErrors: Object.keys(root.form.errors).length > 0
+        hasErrors: Object.keys(root.errors).length > 0
         onSaveRequested: root.save()
         onDiscardRequested: root.form.discard()
     }

@@ -9,25 +9,26 @@ OnDemand {
 
     required property Subsequences page
 
-    shown: page.formShown
+    shown: page.form.shown
 
     sourceComponent: OrvDialog {
         id: dialog
         title: "New subsequence"
         text: root.page.explanation
         confirmText: "Create subsequence"
-        busy: root.page.creating
+        busy: root.page.form.busy
+        error: root.page.form.error
         initialFocus: field
         onConfirmed: root.page.create()
-        onCancelled: root.page.cancel()
+        onCancelled: root.page.form.cancel()
 
         OrvField {
             id: field
             width: parent.width
             label: "Name"
-            text: root.page.name
-            error: root.page.nameError
-            onEdited: text => root.page.name = text
+            text: root.page.draft.values.name ?? ""
+            error: root.page.draft.problems.name ?? ""
+            onEdited: text => root.page.draft.set("name", text)
         }
 
         Column {
@@ -67,7 +68,14 @@ OnDemand {
 
             FieldError {
                 width: parent.width
-                text: root.page.labelsError
+                text: root.page.draft.problems.labels ?? ""
+            }
+
+            FormNote {
+                width: parent.width
+                text: root.page.labelsNote
+                failed: true
+                onRetryRequested: root.page.retryLabels()
             }
 
             Text {

@@ -19,7 +19,6 @@ OnDemand {
         cancelText: root.asks && !root.form.waiting ? "Cancel" : "Close"
         confirmEnabled: root.form.hasSender
         busy: root.form.waiting
-        closesWhileBusy: true
         error: root.form.error
         warning: !root.form.hasSender ? "Pick sender inboxes in Settings first; the test goes from the first ready one."
                                       : root.form.warnings.join("\n")

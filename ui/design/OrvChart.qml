@@ -31,7 +31,7 @@ FocusScope {
     Item {
         id: header
         width: root.width
-        height: (root.title !== "" || legend.visible ? 30 : 0) + legend.y
+        height: (root.title !== "" || legend.visible ? 30 : 0) + Math.max(legend.y, detailText.y)
         visible: height > 0
 
         Text {
@@ -46,9 +46,14 @@ FocusScope {
         }
 
         Text {
-            x: titleText.width + 10
-            // Cut short it would say nothing; the legend names the series.
-            visible: x + width + 16 <= (legend.visible && legend.y === 0 ? legend.x : root.width - root.headRoom)
+            id: detailText
+
+            readonly property real room: root.width - root.headRoom - (legend.visible && legend.fits ? legend.width : 0)
+            readonly property bool fits: titleText.width + 10 + implicitWidth + 16 <= room
+
+            // Cut short it would say nothing, so it gets a line of its own where there is no room beside the title.
+            x: fits ? titleText.width + 10 : 0
+            y: fits || root.detail === "" ? 0 : 22
             height: 26
             verticalAlignment: Text.AlignVCenter
             textFormat: Text.PlainText
@@ -65,7 +70,7 @@ FocusScope {
 
             // Under the title its text begins where the title's does.
             x: fits ? root.width - root.headRoom - width : -8
-            y: visible && !fits ? 26 : 0
+            y: visible && !fits ? 26 + detailText.y : 0
             plot: plot
             onToggled: key => root.seriesToggled(key)
         }

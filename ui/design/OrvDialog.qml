@@ -20,8 +20,6 @@ T.Popup {
     property bool destructive: false
     property bool confirmEnabled: true
     property bool busy: false
-    /// The verb goes on without the dialog, and somebody else tells how it ends.
-    property bool closesWhileBusy: false
     /// What must be typed, exactly, before the verb can be pressed.
     property string typedWord: ""
     /// Takes the focus first; for forms.
@@ -74,10 +72,8 @@ T.Popup {
             confirmed();
     }
 
-    /// While the verb is under way there may be nothing left to cancel.
+    /// Also while the verb is under way, which goes on: nobody has to wait for a service that hangs.
     function cancel() {
-        if (busy && !closesWhileBusy)
-            return;
         cancelled();
         close();
     }
@@ -176,7 +172,6 @@ T.Popup {
                 id: cancelButton
                 visible: text !== ""
                 text: root.cancelText
-                enabled: !root.busy || root.closesWhileBusy
                 onClicked: root.cancel()
             }
 

@@ -14,6 +14,7 @@ FocusScope {
     signal viewChosen(string view)
     signal seriesToggled(string key)
 
+    readonly property string caption: "Sent, unique opens, replies and clicks"
     readonly property bool asTable: view === "table" && days.length > 0
 
     implicitHeight: 302
@@ -41,7 +42,7 @@ FocusScope {
         OrvChart {
             focus: true
             title: "Daily sending"
-            detail: "Sent, unique opens, replies and clicks"
+            detail: root.caption
             headRoom: views.visible ? views.width + 8 : 0
             days: root.days
             series: root.series
@@ -55,12 +56,25 @@ FocusScope {
 
         FocusScope {
             Text {
+                id: heading
                 height: 26
                 verticalAlignment: Text.AlignVCenter
                 textFormat: Text.PlainText
                 text: "Daily sending"
                 font: Theme.bodyBold
                 color: Theme.text
+            }
+
+            Text {
+                x: heading.width + 10
+                width: Math.min(implicitWidth, views.x - 16 - x)
+                height: 26
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: root.caption
+                font: Theme.small
+                color: Theme.text3
             }
 
             OrvChartTable {

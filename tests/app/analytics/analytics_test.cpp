@@ -176,7 +176,9 @@ class AnalyticsTest : public QObject {
     QVERIFY(store->setCustomRange(u"2026-01-05"_s, u"2025-12-31"_s));
     QCOMPARE(store->rangeText(), u"31 Dec 2025 – 5 Jan 2026"_s);
     QCOMPARE(store->rangeLabel(), u"Custom range"_s);
-    QVERIFY(!store->setCustomRange(u"2026-02-29"_s, u"2026-03-01"_s));
+    for (const auto& bad : {u"2026-02-29"_s, u"2026-03-02T00:00"_s, u"2026-03-02x"_s, u"2026/03/02"_s, u"26-03-02"_s})
+      QVERIFY2(!store->setCustomRange(bad, u"2026-03-01"_s) && !store->setCustomRange(u"2026-03-01"_s, bad),
+               qPrintable(bad));
     QCOMPARE(store->from(), u"2025-12-31"_s);
   }
 
@@ -344,8 +346,11 @@ class AnalyticsTest : public QObject {
     QCOMPARE(cell(campaigns, 0, "valueText"), u"$1,500"_s);
     QCOMPARE(cell(campaigns, 1, "statusLabel"), u"odd"_s);
     for (const auto* role : {"openedText", "clickedText", "valueText"}) QCOMPARE(cell(campaigns, 1, role), u"–"_s);
-    QCOMPARE(cell(campaigns, 1, "openedRate") + cell(campaigns, 1, "repliedRate"), QString());
+    QCOMPARE(cell(campaigns, 1, "openedRate") + cell(campaigns, 1, "repliedRate"), u"0%"_s);
     const auto* accounts = store->accountRows();
+    // Clicks were tracked once, and are no longer.
+    QCOMPARE(cell(campaigns, 0, "clickedText") + cell(campaigns, 0, "clickedRate"), u"–"_s);
+    QCOMPARE(cell(accounts, 0, "clickedText") + cell(accounts, 0, "clickedRate"), u"–"_s);
     QCOMPARE(cell(accounts, 0, "healthLabel") + u' ' + cell(accounts, 0, "inboxText"), u"At risk 93%"_s);
     QCOMPARE(cell(accounts, 1, "healthLabel") + u' ' + cell(accounts, 1, "inboxText"), u"– –"_s);
     QCOMPARE(cell(accounts, 1, "statusLabel"), u"Paused"_s);
@@ -414,6 +419,13 @@ class AnalyticsTest : public QObject {
     f->api.answer(summaryCall, summaryOf());
     QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
     QVERIFY(store->sampleNote().isEmpty());
+    // What is chosen stays to be seen, under its name, where an answer no longer offers it.
+    f->api.expect(summaryCall);
+    store->setCampaign(u"c1"_s);
+    f->api.answer(summaryCall, summaryOf(R"(,"options":{"campaigns":[{"id":"c9"}],"tags":[]})"));
+    QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c9"_s, u"c1"_s}));
+    QCOMPARE(store->campaignOptions()[2].toMap().value(u"label"_s).toString(), u"Acme"_s);
+    QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
   }
 
   void chartShowsWhatThereIs() {
@@ -450,12 +462,12 @@ class AnalyticsTest : public QObject {
         << u"campaigns"_s << u"campaigns-2026-10-25-to-2026-11-21.csv"_s
         << "Campaign,Status,Leads,Contacted,Sent,Opened,Replied,Clicked,Bounced,Interested,Opportunities,Value\n"
            "\"beta\nnew\",odd,1,0,0,,9,,0,0,0,\n"
-           "\"Acme, \"\"Q3\"\"\",running,100,90,200,50,5,4,7,3,2,1500.00\n"_ba;
+           "\"Acme, \"\"Q3\"\"\",running,100,90,200,50,5,,7,3,2,1500.00\n"_ba;
     QTest::newRow("accounts") << u"accounts"_s << u"accounts-2026-10-25-to-2026-11-21.csv"_s
                               << "Account,Status,Health,Inbox 7d %,Contacted,Sent,Opened,Replied,Clicked,Bounced,"
                                  "Interested\n"
                                  "Bo@a.example,paused,,,1,100,,8,,4,0\n"
-                                 "ana@a.example,active,at_risk,93,90,200,50,5,4,3,3\n"_ba;
+                                 "ana@a.example,active,at_risk,93,90,200,50,5,,3,3\n"_ba;
   }
   void tablesAreSavedAsShown() {
     QFETCH(QString, tab);
@@ -468,6 +480,7 @@ class AnalyticsTest : public QObject {
     // The rows on the screen are still of the range before.
     f->api.expect(summaryCall);
     store->setPreset(u"last7"_s);
+    QCOMPARE(store->rangeText(), u"25 Oct – 21 Nov 2026"_s);
     store->exportCsv();
     QCOMPARE(f->filePanel.suggested, file);
     QCOMPARE(lastToast(), u"Saved "_s + file);
@@ -477,6 +490,7 @@ class AnalyticsTest : public QObject {
     QTEST(saved.readAll(), "bytes");
     QVERIFY(!store->exporting());
     f->api.answer(summaryCall, summaryOf());
+    QCOMPARE(store->rangeText(), u"15 Nov – 21 Nov 2026"_s);
     store->exportCsv();
     QVERIFY(f->filePanel.suggested.contains(u"2026-11-15-to-2026-11-21"_s));
   }

@@ -370,7 +370,8 @@ class CampaignLeadsTest : public QObject {
     f->api.expect(edit);
     panel.save();
     panel.save();
-    QCOMPARE(body(), (QJsonObject{{u"data"_s, QJsonObject{{u"city"_s, u"Bonn"_s}}}}));
+    const QJsonObject whole{{u"city"_s, u"Bonn"_s}, {u"size"_s, u"9"_s}, {u"list"_s, u"[1]"_s}};
+    QCOMPARE(body(), (QJsonObject{{u"data"_s, whole}}));
     f->api.answer(edit, refusal, 422);
     QVERIFY(panel.dirty() && !panel.saving() && !panel.error().isEmpty());
     QCOMPARE(panel.fieldText(u"city"_s), u"Bonn"_s);
@@ -394,6 +395,23 @@ class CampaignLeadsTest : public QObject {
     QVERIFY(!panel.dirty() && panel.fieldNames().isEmpty() && panel.activity().isEmpty());
     panel.dismiss();
     QVERIFY(!panel.shown());
+  }
+
+  void aSaveGoesOnWhenItsDrawerIsClosed() {
+    const auto detail = u"GET /campaigns/c1/leads/l1"_s, edit = u"PATCH /campaigns/c1/leads/l1"_s;
+    load(page({1}));
+    LeadPanel& panel = *store->panel();
+    f->api.expect(detail);
+    store->open(u"l1"_s);
+    f->api.answer(detail, detailOf(lead(1, "active", R"(,"data":{"city":"Ulm"})")));
+    panel.setField(u"city"_s, u"Bonn"_s);
+    f->api.expect(edit);
+    panel.save();
+    panel.dismiss();
+    QVERIFY2(!panel.shown() && !f->overlays.asking(), "what is on its way need not be asked about");
+    QCOMPARE(f->api.waiting(), 1);
+    f->api.answer(edit, refusal, 422);
+    QVERIFY(f->toasts.toasts().last().message.startsWith(u"Couldn’t save the fields of "_s));
   }
 
   void aHundredThousandAreSearchedAndGrow() {

@@ -487,7 +487,7 @@ class SequenceEditorTest : public QObject {
 
   void formsThatWaitForTheirButtonAreNotSavedUnasked() {
     load(campaign(twoSteps));
-    store->settings()->set(u"gap"_s, u"9"_s);
+    store->settings()->draft()->set(u"gap"_s, u"9"_s);
     store->settings()->schedule()->toggleDay(0, 6);
     QCOMPARE(store->unsavedWork(), QStringList{u"“Acme” has unsaved changes: settings, schedule."_s});
     std::optional<bool> outcome;

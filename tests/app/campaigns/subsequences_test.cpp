@@ -37,6 +37,11 @@ class SubsequencesTest : public QObject {
     f->api.answer(listed, R"({"items":[{"id":"c2","name":"Warm","status":"draft","sent":1204,)"
                           R"("trigger":{"labels":["interested","gone"]}}]})");
   }
+  void beginCreate(const QByteArray& known = someLabels) {
+    f->api.expect(labels);
+    page->beginCreate();
+    f->api.answer(labels, known);
+  }
 
  private Q_SLOTS:
   void init() {
@@ -67,18 +72,19 @@ class SubsequencesTest : public QObject {
 
   void anIncompleteFormSendsNothing() {
     load();
+    beginCreate();
     const auto before = f->api.sent().size();
-    page->beginCreate();
     for (const QVariant& label : page->labels()) QVERIFY(label.toMap().value(u"key"_s).toString() != "unsubscribe"_L1);
     QCOMPARE(page->labels().size(), 2);
     page->create();
-    QCOMPARE(page->nameError(), u"Give the subsequence a name"_s);
-    QCOMPARE(page->labelsError(), u"Pick at least one label"_s);
-    page->setName(u"Warm"_s);
+    const auto problem = [this](const QString& field) { return page->draft()->problems().value(field).toString(); };
+    QCOMPARE(problem(u"name"_s), u"Give the subsequence a name"_s);
+    QCOMPARE(problem(u"labels"_s), u"Pick at least one label"_s);
+    page->draft()->set(u"name"_s, u"Warm"_s);
     page->toggleLabel(u"unsubscribe"_s);
     page->create();
-    QCOMPARE(page->nameError(), QString());
-    QCOMPARE(page->labelsError(), u"Pick at least one label"_s);
+    QCOMPARE(problem(u"name"_s), QString());
+    QCOMPARE(problem(u"labels"_s), u"Pick at least one label"_s);
     QCOMPARE(f->api.sent().size(), before);
     QVERIFY(page->explanation().startsWith(u"It starts with Acme Q3’s inboxes, schedule and options, and one"_s));
   }
@@ -91,38 +97,72 @@ class SubsequencesTest : public QObject {
   void aNewOneIsOpened() {
     QFETCH(bool, leaves);
     load();
-    page->beginCreate();
-    page->setName(u" Warm "_s);
+    beginCreate();
+    page->draft()->set(u"name"_s, u" Warm "_s);
     page->toggleLabel(u"later"_s);
     page->toggleLabel(u"interested"_s);
     page->toggleLabel(u"later"_s);
     f->api.expect(created);
     page->create();
     page->create();
-    QVERIFY(page->creating());
+    QVERIFY(page->form()->busy());
     QCOMPARE(
         QJsonDocument::fromJson(*f->api.last().request.body).object(),
         (QJsonObject{{u"name"_s, u"Warm"_s}, {u"trigger"_s, QJsonObject{{u"labels"_s, QJsonArray{u"interested"_s}}}}}));
     if (leaves) f->navigator.openItem(Page::campaigns, u"c9"_s);
     f->api.expect(listed);
     f->api.answer(created, R"({"id":"c3","name":"Warm","status":"draft"})");
-    QVERIFY(!page->formShown());
+    QVERIFY(!page->form()->shown() && !page->draft()->dirty());
     QCOMPARE(f->navigator.openedItem(Page::campaigns), leaves ? u"c9"_s : u"c3"_s);
     f->api.answer(listed, R"({"items":[]})");
   }
 
   void aRefusalLeavesTheFormOpen() {
     load();
-    page->beginCreate();
-    page->setName(u"Warm"_s);
+    beginCreate();
+    page->draft()->set(u"name"_s, u"Warm"_s);
     page->toggleLabel(u"later"_s);
     f->api.expect(created);
     page->create();
     f->api.answer(created, R"({"title":"No","detail":"Not now."})", 422);
-    QVERIFY(page->formShown());
-    QVERIFY(!page->creating());
-    QCOMPARE(page->name(), u"Warm"_s);
-    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t create the subsequence."_s);
+    QVERIFY(page->form()->shown() && !page->form()->busy());
+    QCOMPARE(page->draft()->typed().name, u"Warm"_s);
+    QVERIFY(page->form()->error().contains(u"Not now."_s));
+    QCOMPARE(f->toasts.count(), 0);
+  }
+
+  void aFormClosedWhileItWaitsEndsWithAToast_data() {
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("taken") << true;
+    QTest::newRow("refused") << false;
+  }
+  void aFormClosedWhileItWaitsEndsWithAToast() {
+    QFETCH(bool, isTaken);
+    load();
+    beginCreate();
+    page->draft()->set(u"name"_s, u"Warm"_s);
+    page->toggleLabel(u"later"_s);
+    f->api.expect(created);
+    page->create();
+    page->form()->cancel();
+    QCOMPARE(f->api.waiting(), 1);
+    if (isTaken) f->api.expect(listed);
+    isTaken ? f->api.answer(created, R"({"id":"c3","name":"Warm","status":"draft"})")
+            : f->api.answer(created, R"({"title":"No","detail":"Not now."})", 422);
+    QCOMPARE(f->toasts.toasts().last().message, isTaken ? u"Warm created"_s : u"Couldn’t create the subsequence."_s);
+    QCOMPARE(f->navigator.openedItem(Page::campaigns), u"c1"_s);
+    if (isTaken) f->api.answer(listed, R"({"items":[]})");
+  }
+
+  void labelsAreReadAgain() {
+    load();
+    f->api.expect(labels);
+    page->ensureLoaded();
+    f->api.answer(labels, R"({"title":"Down","detail":"For an hour."})", 409);
+    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t load the labels"_s);
+    QCOMPARE(page->labels().size(), 2);
+    beginCreate(R"({"items":[{"key":"new"}]})");
+    QCOMPARE(page->labels().size(), 1);
   }
 };
 

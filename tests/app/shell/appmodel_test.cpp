@@ -388,7 +388,7 @@ class AppModelTest : public QObject {
     f->api.expect(u"GET /campaigns/c1"_s);
     app->session()->campaignStore(u"c1"_s)->ensureLoaded();
     f->api.answer(u"GET /campaigns/c1"_s, R"({"id":"c1","name":"Fair","status":"draft"})");
-    form()->set(u"gap"_s, u"9"_s);
+    form()->draft()->set(u"gap"_s, u"9"_s);
     QSignalSpy closable(app.get(), &AppModel::closable);
     const QString lost = u"“Fair” has unsaved changes: settings.\nThey would be lost."_s;
     for (int round = 0; round < 2; ++round) {

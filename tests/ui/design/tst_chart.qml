@@ -47,6 +47,7 @@ TestCase {
 
     function init() {
         chart.width = 600;
+        chart.detail = "";
         chart.kind = "line";
         chart.days = daysFrom("2026-11-09", 7);
         chart.series = lines([1272, 900, NaN, 1400, 0, 12, 1533], [498, 300, 200, NaN, NaN, 3, 600]);
@@ -190,6 +191,24 @@ TestCase {
         compare(chart.plot.Accessible.description === "Nothing sent in this range.", data.empty);
         keyClick(Qt.Key_Right);
         compare(chart.plot.currentDay, data.empty ? -1 : 0);
+    }
+
+    function test_captionStays_data() {
+        return [{tag: "beside the title", width: 600, y: 0}, {tag: "under it", width: 420, y: 22}, {tag: "above the legend", width: 240, y: 22}];
+    }
+
+    function test_captionStays(data) {
+        chart.detail = "Sent, opens and replies";
+        chart.width = data.width;
+        const caption = findChildren(chart, item => item.text === chart.detail)[0];
+        verify(caption.visible);
+        compare(caption.y, data.y);
+        const place = item => item.mapToItem(chart, 0, 0, item.width, item.height);
+        for (const entry of findChildren(chart, item => item.Accessible.role === Accessible.CheckBox)) {
+            const a = place(caption), b = place(entry);
+            verify(a.x + a.width <= b.x || b.x + b.width <= a.x || a.y + a.height <= b.y || b.y + b.height <= a.y, "clear of the legend");
+        }
+        verify(chart.plot.y >= caption.y + caption.height);
     }
 
     function test_resize() {

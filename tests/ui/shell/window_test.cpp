@@ -307,7 +307,7 @@ class WindowTest : public QObject {
     QVERIFY2(walkTo(u"Add schedule"_s), qPrintable(walked.join(u'\n')));
 
     // Far below the field that keeps the form from being saved.
-    store.settings()->set(u"name"_s, u" "_s);
+    store.settings()->draft()->set(u"name"_s, u" "_s);
     QVERIFY2(walkTo(u"Save settings"_s), qPrintable(walked.join(u'\n')));
     press(Qt::Key_Space);
     QCOMPARE(textOfFocus(), u" "_s);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+namespace orv {
+
+/// The names of the time zone database, links included, in their order.
+const QStringList& timeZoneNames();
+bool isTimeZone(const QString& name);
+/// The computer's own zone, where the database knows it.
+QString localTimeZone();
+
+/// The zones and links of the database's compact form, tzdata.zi.
+QStringList timeZonesIn(const QByteArray& zi);
+/// What is left of the toolkit's list without what is no name of the database: offsets, and files beside its zones.
+QStringList timeZonesAmong(const QList<QByteArray>& ids);
+
+}  // namespace orv
