@@ -89,6 +89,10 @@ void CampaignSettings::set(const QString& field, const QVariant& value) {
   Q_EMIT changed();
 }
 
+void CampaignSettings::addTags(const QStringList& texts) {
+  for (const QString& text : texts) addTag(text);
+}
+
 void CampaignSettings::addTag(const QString& text) {
   QString key = text.trimmed();
   for (const Label& tag : knownTags())

@@ -47,7 +47,7 @@ class CampaignSettings final : public Store {
   Q_INVOKABLE void ensureLoaded();
   Q_INVOKABLE void set(const QString& field, const QVariant& value);
   /// A key, or a name that somebody typed.
-  Q_INVOKABLE void addTag(const QString& text);
+  Q_INVOKABLE void addTags(const QStringList& texts);
   Q_INVOKABLE void removeTag(const QString& key);
   Q_INVOKABLE void discard();
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
@@ -62,6 +62,7 @@ class CampaignSettings final : public Store {
   void follow();
   void announce();
   QList<Label> knownTags() const;
+  void addTag(const QString& text);
 
   CampaignContext& m_context;
   BusySet m_busy;

@@ -63,6 +63,11 @@ OnDemand {
                 onActiveFocusChanged: if (activeFocus) pick()
                 onCurrentIndexChanged: if (activeFocus) pick()
 
+                function pickAt(index: int) {
+                    currentIndex = index;
+                    pick();
+                }
+
                 function pick() {
                     if (currentIndex >= 0 && currentIndex < count)
                         root.move.target = model[currentIndex].key;
@@ -72,10 +77,7 @@ OnDemand {
                     width: list.width
                     chosen: modelData.key === root.move.target
                     current: ListView.isCurrentItem && list.activeFocus
-                    onPicked: {
-                        list.currentIndex = index;
-                        root.move.target = modelData.key;
-                    }
+                    onPicked: list.pickAt(index)
                 }
             }
 

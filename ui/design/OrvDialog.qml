@@ -78,8 +78,8 @@ T.Popup {
     function cancel() {
         if (busy && !closesWhileBusy)
             return;
-        cancelled();
         close();
+        cancelled();
     }
 
     T.Overlay.modal: Rectangle {

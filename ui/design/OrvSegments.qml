@@ -74,7 +74,7 @@ FocusScope {
                 Accessible.name: modelData.count >= 0 ? text + ", " + modelData.count : text
                 Accessible.checkable: true
                 Accessible.checked: current
-                Accessible.onPressAction: clicked()
+                Accessible.onPressAction: if (enabled) clicked()
                 onClicked: root.chosen(modelData.key)
 
                 contentItem: Row {
@@ -90,11 +90,11 @@ FocusScope {
                         color: segment.current || segment.hovered ? Theme.text : Theme.text2
                     }
                     Text {
-                        visible: segment.modelData.count >= 0
+                        visible: (segment.modelData.count ?? -1) >= 0
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
                         textFormat: Text.PlainText
-                        text: segment.modelData.count
+                        text: segment.modelData.count ?? ""
                         font: Theme.body
                         color: Theme.text3
                     }

@@ -100,7 +100,6 @@ FocusScope {
 
         OrvTooltip {
             text: root.hint
-            shown: button.hovered && text !== ""
         }
     }
 

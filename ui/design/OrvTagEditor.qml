@@ -18,13 +18,14 @@ FieldFrame {
         return suggestions.filter(tag => tag.label.toLowerCase().includes(wanted)).slice(0, 6);
     }
 
-    signal added(string text)
+    /// What was typed or pasted, taken apart.
+    signal added(var texts)
     signal removed(string key)
 
     function add(text: string) {
+        const texts = text.split(/[,\n]/).map(part => part.trim()).filter(part => part !== "");
         input.clear();
-        for (const part of text.split(/[,\n]/))
-            if (part.trim() !== "") added(part.trim());
+        if (texts.length > 0) added(texts);
     }
 
     // The chip goes with its tag, and the caret must not go with the chip.

@@ -123,8 +123,10 @@ ListView {
     }
 
     Keys.onPressed: event => {
-        if (move(event) || act(event))
-            event.accepted = true;
+        // Before anything: what is done may take the table away.
+        event.accepted = true;
+        if (!move(event) && !act(event))
+            event.accepted = false;
     }
 
     function move(event): bool {

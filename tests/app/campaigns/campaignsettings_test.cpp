@@ -129,7 +129,7 @@ class CampaignSettingsTest : public QObject {
     form->set(u"stopOnReply"_s, false);
     form->set(u"cc"_s, u"c@a.example; d@a.example,"_s);
     form->set(u"endDate"_s, u"2026-12-23"_s);
-    form->addTag(u"Spring"_s);
+    form->addTags({u"Spring"_s});
     f->api.expect(patched);
     form->save();
     QVERIFY(form->saving());
@@ -297,7 +297,7 @@ class CampaignSettingsTest : public QObject {
     QVERIFY(form->senders()->rows()->records()[1].viaTag);
     QCOMPARE(form->senders()->summary(), u"2 inboxes send · 12 to 30 a day each"_s);
     form->senders()->toggle(u"m2"_s);
-    form->addTag(u"fourth QUARTER"_s);
+    form->addTags({u"fourth QUARTER"_s});
     QCOMPARE(form->tags().size(), 1);
     f->api.expect(patched);
     form->save();

@@ -1,16 +1,24 @@
 #include <QtQml/qqmlengine.h>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest/quicktest.h>
+#include <QQmlContext>
+
+#include "tests/ui/support/Reader.h"
+#include "tests/ui/support/warnings.h"
 
 Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
 
 class Setup : public QObject {
   Q_OBJECT
 
+  orv::ui::Reader m_reader;
+
  public Q_SLOTS:  // NOLINT: called by name
   void qmlEngineAvailable(QQmlEngine* engine) {
     // Qt 6.4 does not look there by itself.
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine->rootContext()->setContextProperty(QStringLiteral("reader"), &m_reader);
+    orv::ui::failOnWarnings(*engine);
   }
 };
 

@@ -3,21 +3,10 @@
 #include <QTest>
 
 #include "desktop/scenes/Stage.h"
+#include "tests/ui/support/warnings.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
-
-namespace {
-
-QStringList warnings;
-QtMessageHandler previousHandler;
-
-void collect(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  if (type == QtWarningMsg && QString::fromLatin1(context.category) != "orvella.api"_L1) warnings.append(message);
-  previousHandler(type, context, message);
-}
-
-}  // namespace
 
 /// The real window on the sample workspace, by keyboard alone.
 class WindowTest : public QObject {
@@ -68,16 +57,11 @@ class WindowTest : public QObject {
 
  private Q_SLOTS:  // NOLINT: Qt Test calls them by name
   void initTestCase() {
-    previousHandler = qInstallMessageHandler(collect);
     m_engine = std::make_unique<QQmlEngine>();
     ClientWindow::prepare(*m_engine);
   }
-  void init() { warnings.clear(); }
-  void cleanup() {
-    m_stage.reset();
-    QCOMPARE(warnings, QStringList());
-  }
-  void cleanupTestCase() { qInstallMessageHandler(previousHandler); }
+  void init() { ui::failOnWarnings(); }
+  void cleanup() { m_stage.reset(); }
 
   void signsInByPassword() {
     open(false);
@@ -282,7 +266,6 @@ class WindowTest : public QObject {
     QTRY_COMPARE(again.stepCount(), before + 1);
     again.selectPlace(1);
     QCOMPARE(again.body(), u"Hi {{company}},\nbold"_s);
-    QCOMPARE(warnings, QStringList());
   }
 
   void walksTheSettingsByKeyboard() {
@@ -311,7 +294,6 @@ class WindowTest : public QObject {
     QVERIFY2(walkTo(u"Save settings"_s), qPrintable(walked.join(u'\n')));
     press(Qt::Key_Space);
     QCOMPARE(textOfFocus(), u" "_s);
-    QCOMPARE(warnings, QStringList());
   }
 
   void leavesNothingOfAWorkspaceBehind() {
