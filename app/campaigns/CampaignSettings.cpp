@@ -77,6 +77,10 @@ void CampaignSettings::follow() {
   m_senders.show();
 }
 
+void CampaignSettings::addTags(const QStringList& texts) {
+  for (const QString& text : texts) addTag(text);
+}
+
 void CampaignSettings::addTag(const QString& text) {
   QString key = text.trimmed();
   for (const Label& tag : tagItems())

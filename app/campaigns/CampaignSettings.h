@@ -49,7 +49,7 @@ class CampaignSettings final : public Store {
   void refresh() override;
   Q_INVOKABLE void retryTags() { m_tagList.load(); }
   /// A key, or a name that somebody typed.
-  Q_INVOKABLE void addTag(const QString& text);
+  Q_INVOKABLE void addTags(const QStringList& texts);
   Q_INVOKABLE void removeTag(const QString& key);
   Q_INVOKABLE void discard() { m_draft.discard(); }
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
@@ -61,6 +61,7 @@ class CampaignSettings final : public Store {
  private:
   void follow();
   QList<Label> tagItems() const;
+  void addTag(const QString& text);
 
   CampaignContext& m_context;
   BusySet m_busy;

@@ -11,15 +11,18 @@ Loader {
     active: false
 
     onShownChanged: follow()
-    Component.onCompleted: follow()
+    onLoaded: follow()
 
     function follow() {
-        if (shown) {
+        // Wanted from the start, it is there only after this is complete.
+        if (shown)
             active = true;
+        if (!popup)
+            return;
+        if (shown)
             popup.open();
-        } else if (popup) {
+        else
             popup.close();
-        }
     }
 
     // Not from within the popup's own signal: it may have more to say.

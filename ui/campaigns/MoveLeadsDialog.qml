@@ -24,15 +24,15 @@ OnDemand {
         onConfirmed: root.move.submit()
         onCancelled: root.move.cancel()
 
-        OrvField {
+        SearchField {
             id: search
+            ofPage: false
             width: parent.width
-            search: true
             placeholder: "Search campaigns"
             text: root.move.query
             onEdited: text => root.move.query = text
+            onFinished: list.forceActiveFocus(Qt.TabFocusReason)
             onEscaped: dialog.cancel()
-            Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
         }
 
         ResourceView {
@@ -63,6 +63,11 @@ OnDemand {
                 onActiveFocusChanged: if (activeFocus) pick()
                 onCurrentIndexChanged: if (activeFocus) pick()
 
+                function pickAt(index: int) {
+                    currentIndex = index;
+                    pick();
+                }
+
                 function pick() {
                     if (currentIndex >= 0 && currentIndex < count)
                         root.move.target = model[currentIndex].key;
@@ -72,10 +77,7 @@ OnDemand {
                     width: list.width
                     chosen: modelData.key === root.move.target
                     current: ListView.isCurrentItem && list.activeFocus
-                    onPicked: {
-                        list.currentIndex = index;
-                        root.move.target = modelData.key;
-                    }
+                    onPicked: list.pickAt(index)
                 }
             }
 

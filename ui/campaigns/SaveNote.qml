@@ -44,13 +44,9 @@ Row {
         color: root.failed ? Theme.negative : Theme.text2
         Accessible.ignored: true
 
-        HoverHandler {
-            id: hover
-        }
-
         OrvTooltip {
             text: root.autosave.message
-            shown: (hover.hovered || again.visualFocus) && text !== ""
+            asked: again.visualFocus
         }
     }
 

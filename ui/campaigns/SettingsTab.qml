@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
@@ -14,232 +13,183 @@ FocusScope {
     readonly property var values: form.draft.values
     readonly property var errors: form.draft.problems
 
-    // What the keyboard reaches comes into view.
-    readonly property Item focused: Window.activeFocusItem
-
-    function reveal(item: Item) {
-        let inside = item;
-        while (inside && inside !== column) inside = inside.parent;
-        if (!inside) return;
-        const top = item.mapToItem(column, 0, 0).y + column.y;
-        const most = Math.max(0, scroll.contentHeight - scroll.height);
-        if (top - 40 < scroll.contentY)
-            scroll.contentY = Math.max(0, top - 40);
-        else if (top + item.height + 60 > scroll.contentY + scroll.height)
-            scroll.contentY = Math.min(most, top + item.height + 60 - scroll.height);
-    }
-
-    /// The first field in there that has an error.
-    function firstWrong(item: Item): Item {
-        // Not iterable as a sequence, only by number.
-        for (let i = 0; i < item.children.length; ++i) {
-            const child = item.children[i];
-            const isWrong = child instanceof FieldFrame ? child.error !== ""
-                                                        : child instanceof FieldError && child.text !== "";
-            const wrong = isWrong ? child : firstWrong(child);
-            if (wrong) return wrong;
-        }
-        return null;
-    }
-
-    // An error above or below what is in view would leave the button looking dead.
-    function showWrong(section: Item) {
-        const wrong = firstWrong(section);
-        if (!wrong) return;
-        if (wrong instanceof FieldFrame) wrong.forceActiveFocus(Qt.OtherFocusReason);
-        reveal(wrong);
-    }
-
     function save() {
         form.save();
-        showWrong(column);
+        fields.showWrong(null);
     }
 
-    onFocusedChanged: reveal(focused)
     Component.onCompleted: form.ensureLoaded()
 
-    Flickable {
-        id: scroll
+    OrvForm {
+        id: fields
         width: root.width
         height: root.height - bar.height
-        contentHeight: column.height + 48
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
+        focus: true
+        editable: root.store.canWrite
 
-        T.ScrollBar.vertical: OrvScrollBar {}
+        OrvNotice {
+            width: parent.width
+            visible: text !== ""
+            text: root.form.notice
+        }
 
-        Column {
-            id: column
-            x: Theme.pageSide
-            y: 24
-            width: Math.min(640, scroll.width - 2 * x)
-            spacing: 24
-            enabled: root.store.canWrite
+        OrvNotice {
+            width: parent.width
+            visible: text !== ""
+            text: root.form.conflict
+        }
 
-            OrvNotice {
+        SettingsSection {
+            width: parent.width
+            title: "Campaign"
+
+            OrvField {
                 width: parent.width
-                visible: text !== ""
-                text: root.form.notice
+                focus: true
+                label: "Name"
+                placeholder: "Campaign name"
+                text: root.values.name ?? ""
+                error: root.errors.name ?? ""
+                onEdited: text => root.form.draft.set("name", text)
             }
 
-            OrvNotice {
+            OrvTagEditor {
                 width: parent.width
-                visible: text !== ""
-                text: root.form.conflict
+                label: "Tags"
+                help: "Labels to find it by in the campaign list, from Settings → Tags."
+                placeholder: "Add a tag"
+                tags: root.form.tags
+                suggestions: root.form.tagSuggestions
+                onAdded: texts => root.form.addTags(texts)
+                onRemoved: key => root.form.removeTag(key)
             }
 
-            SettingsSection {
+            FormNote {
                 width: parent.width
-                title: "Campaign"
-
-                OrvField {
-                    width: parent.width
-                    focus: true
-                    label: "Name"
-                    placeholder: "Campaign name"
-                    text: root.values.name ?? ""
-                    error: root.errors.name ?? ""
-                    onEdited: text => root.form.draft.set("name", text)
-                }
-
-                OrvTagEditor {
-                    width: parent.width
-                    label: "Tags"
-                    help: "Labels to find it by in the campaign list, from Settings → Tags."
-                    placeholder: "Add a tag"
-                    tags: root.form.tags
-                    suggestions: root.form.tagSuggestions
-                    onAdded: text => root.form.addTag(text)
-                    onRemoved: key => root.form.removeTag(key)
-                }
-
-                FormNote {
-                    width: parent.width
-                    text: root.form.tagNote
-                    failed: root.form.knownTags.message !== ""
-                    onRetryRequested: root.form.retryTags()
-                }
+                text: root.form.tagNote
+                failed: root.form.knownTags.message !== ""
+                onRetryRequested: root.form.retryTags()
             }
+        }
 
-            SettingsSenders {
-                width: parent.width
-                picker: root.form.senders
-            }
+        SettingsSenders {
+            width: parent.width
+            picker: root.form.senders
+        }
 
-            SettingsSection {
-                width: parent.width
-                title: "Sending"
+        SettingsSection {
+            width: parent.width
+            title: "Sending"
 
-                SettingsCheck {
-                    width: parent.width
-                    form: root.form
-                    field: "prioritizeNew"
-                    text: "Prioritize new leads"
-                    help: "First emails take the day’s sends before follow-ups."
-                }
-
-                SettingsCheck {
-                    width: parent.width
-                    form: root.form
-                    field: "stopOnReply"
-                    text: "Stop the sequence when a lead replies"
-                    help: "Bounces and unsubscribe replies always stop it."
-                }
-
-                SettingsCheck {
-                    width: parent.width
-                    form: root.form
-                    field: "stopOnAutoReply"
-                    text: "Stop on auto reply"
-                    help: "An out-of-office reply stops the lead too."
-                }
-
-                SettingsCheck {
-                    width: parent.width
-                    form: root.form
-                    field: "stopCompanyOnReply"
-                    text: "Stop for the whole company"
-                    help: "A reply stops every lead at the same company domain."
-                }
-
-                SettingsCheck {
-                    width: parent.width
-                    form: root.form
-                    field: "unsubscribeHeader"
-                    text: "Insert unsubscribe header"
-                }
-            }
-
-            SettingsLimits {
+            SettingsCheck {
                 width: parent.width
                 form: root.form
+                field: "prioritizeNew"
+                text: "Prioritize new leads"
+                help: "First emails take the day’s sends before follow-ups."
             }
 
-            SettingsSection {
+            SettingsCheck {
                 width: parent.width
-                title: "Copies"
-
-                OrvField {
-                    width: parent.width
-                    label: "CC"
-                    placeholder: "None"
-                    help: "Copied on every campaign email. Separate with commas."
-                    text: root.values.cc ?? ""
-                    error: root.errors.cc ?? ""
-                    onEdited: text => root.form.draft.set("cc", text)
-                }
-
-                OrvField {
-                    width: parent.width
-                    label: "BCC"
-                    placeholder: "None"
-                    help: "A hidden copy of every campaign email. Test emails copy nobody."
-                    text: root.values.bcc ?? ""
-                    error: root.errors.bcc ?? ""
-                    onEdited: text => root.form.draft.set("bcc", text)
-                }
+                form: root.form
+                field: "stopOnReply"
+                text: "Stop the sequence when a lead replies"
+                help: "Bounces and unsubscribe replies always stop it."
             }
 
-            SettingsSection {
+            SettingsCheck {
                 width: parent.width
-                title: "Dates"
-                help: "It sends between these dates, only inside the schedules below, spread evenly across each one."
-
-                Row {
-                    spacing: 16
-
-                    OrvField {
-                        label: "Start date"
-                        placeholder: "On launch"
-                        help: "YYYY-MM-DD. Empty: on launch."
-                        text: root.values.startDate ?? ""
-                        error: root.errors.startDate ?? ""
-                        onEdited: text => root.form.draft.set("startDate", text)
-                    }
-
-                    OrvField {
-                        label: "End date"
-                        placeholder: "No end date"
-                        help: "YYYY-MM-DD. Empty: no end date."
-                        text: root.values.endDate ?? ""
-                        error: root.errors.endDate ?? ""
-                        onEdited: text => root.form.draft.set("endDate", text)
-                    }
-                }
+                form: root.form
+                field: "stopOnAutoReply"
+                text: "Stop on auto reply"
+                help: "An out-of-office reply stops the lead too."
             }
 
-            OrvDivider {
+            SettingsCheck {
                 width: parent.width
+                form: root.form
+                field: "stopCompanyOnReply"
+                text: "Stop for the whole company"
+                help: "A reply stops every lead at the same company domain."
             }
 
-            ScheduleSection {
-                id: schedule
+            SettingsCheck {
                 width: parent.width
-                form: root.form.schedule
-                onSaveRequested: {
-                    root.form.schedule.save();
-                    root.showWrong(schedule);
+                form: root.form
+                field: "unsubscribeHeader"
+                text: "Insert unsubscribe header"
+            }
+        }
+
+        SettingsLimits {
+            width: parent.width
+            form: root.form
+        }
+
+        SettingsSection {
+            width: parent.width
+            title: "Copies"
+
+            OrvField {
+                width: parent.width
+                label: "CC"
+                placeholder: "None"
+                help: "Copied on every campaign email. Separate with commas."
+                text: root.values.cc ?? ""
+                error: root.errors.cc ?? ""
+                onEdited: text => root.form.draft.set("cc", text)
+            }
+
+            OrvField {
+                width: parent.width
+                label: "BCC"
+                placeholder: "None"
+                help: "A hidden copy of every campaign email. Test emails copy nobody."
+                text: root.values.bcc ?? ""
+                error: root.errors.bcc ?? ""
+                onEdited: text => root.form.draft.set("bcc", text)
+            }
+        }
+
+        SettingsSection {
+            width: parent.width
+            title: "Dates"
+            help: "It sends between these dates, only inside the schedules below, spread evenly across each one."
+
+            Row {
+                spacing: 16
+
+                OrvDateField {
+                    label: "Start date"
+                    placeholder: "On launch"
+                    help: "YYYY-MM-DD. Empty: on launch."
+                    text: root.values.startDate ?? ""
+                    problem: root.errors.startDate ?? ""
+                    onEdited: text => root.form.draft.set("startDate", text)
                 }
+
+                OrvDateField {
+                    label: "End date"
+                    placeholder: "No end date"
+                    help: "YYYY-MM-DD. Empty: no end date."
+                    text: root.values.endDate ?? ""
+                    problem: root.errors.endDate ?? ""
+                    onEdited: text => root.form.draft.set("endDate", text)
+                }
+            }
+        }
+
+        OrvDivider {
+            width: parent.width
+        }
+
+        ScheduleSection {
+            id: schedule
+            width: parent.width
+            form: root.form.schedule
+            onSaveRequested: {
+                root.form.schedule.save();
+                fields.showWrong(schedule);
             }
         }
     }

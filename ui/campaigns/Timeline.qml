@@ -111,8 +111,8 @@ FocusScope {
                 current: entry.model.current
                 ringed: root.ringed && current
                 onClicked: {
-                    root.editor.select(entry.model.id);
                     list.forceActiveFocus(Qt.MouseFocusReason);
+                    root.editor.select(entry.model.id);
                 }
             }
         }

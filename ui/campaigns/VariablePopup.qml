@@ -18,14 +18,14 @@ T.Popup {
 
     function takeKey(event: var) {
         const down = event.key === Qt.Key_Down, up = event.key === Qt.Key_Up;
-        if (down || up) {
-            list.currentIndex = (list.currentIndex + (down ? 1 : -1) + list.count) % list.count;
-        } else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Tab) {
-            root.chosen(root.matches[list.currentIndex].name);
-        } else {
+        const takes = event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Tab;
+        if (!down && !up && !takes)
             return;
-        }
         event.accepted = true;
+        if (takes)
+            chosen(matches[list.currentIndex].name);
+        else
+            list.currentIndex = (list.currentIndex + (down ? 1 : -1) + list.count) % list.count;
     }
 
     width: 288

@@ -158,8 +158,9 @@ Item {
         checked: root.editor.enabled
         Accessible.name: "This variant is sent"
         onToggled: {
-            root.editor.setEnabled(checked);
+            const on = checked;
             checked = Qt.binding(() => root.editor.enabled);
+            root.editor.setEnabled(on);
         }
     }
 }

@@ -81,9 +81,12 @@ T.Button {
                     id: ring
 
                     readonly property bool shown: item !== null && (item as OrvBusyRing).shown
+                    // Stays once it is made: it shows for a moment longer than the button is busy.
+                    readonly property bool wanted: root.busy
+                    onWantedChanged: if (wanted) active = true
 
                     anchors.centerIn: parent
-                    active: root.busy || shown
+                    active: false
                     sourceComponent: OrvBusyRing {
                         running: root.busy
                         color: root.iconInk
@@ -137,6 +140,5 @@ T.Button {
     OrvTooltip {
         text: root.hint !== "" ? root.hint : root.iconOnly ? root.text : ""
         keys: root.iconOnly ? root.keys : ""
-        shown: root.hovered && text !== ""
     }
 }

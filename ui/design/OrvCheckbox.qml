@@ -24,7 +24,6 @@ T.CheckBox {
         if (!enabled) return;
         toggle();
         toggled();
-        clicked();
     }
 
     indicator: Rectangle {

@@ -18,7 +18,7 @@ FocusScope {
     Accessible.role: Accessible.Button
     Accessible.name: (exclusion ? qsTr("Not: ") : "") + key + " " + value
     Accessible.description: qsTr("Remove")
-    Accessible.onPressAction: root.removed()
+    Accessible.onPressAction: if (root.enabled) root.removed()
     Keys.onDeletePressed: removed()
     Keys.onPressed: event => {
         if (event.key !== Qt.Key_Backspace) return;

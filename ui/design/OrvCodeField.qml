@@ -1,7 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 
-/// Six digits in six cells, one field to everything but the eye. Typing and pasting fill it; at six it submits.
+/// Six digits in six cells, one field to everything but the eye. Typing and pasting fill it.
 FocusScope {
     id: root
 
@@ -10,8 +10,8 @@ FocusScope {
     property string error: ""
     readonly property int length: 6
 
-    signal edited(string text)
-    signal complete()
+    /// `whole` when nothing is missing.
+    signal edited(string text, bool whole)
 
     implicitWidth: 348
     implicitHeight: 44
@@ -33,11 +33,8 @@ FocusScope {
             digits = digits.startsWith(before) && before.length === length ? digits.slice(length) : digits;
         digits = digits.slice(0, length);
         fill(digits);
-        if (digits === before)
-            return;
-        edited(digits);
-        if (digits.length === length)
-            complete();
+        if (digits !== before)
+            edited(digits, digits.length === length);
     }
 
     TextInput {

@@ -108,8 +108,8 @@ FieldFrame {
         activeFocusOnTab: false
         onClicked: {
             input.clear();
-            root.edited("");
             input.forceActiveFocus();
+            root.edited("");
         }
     }
 

@@ -28,10 +28,9 @@ T.MenuItem {
     Accessible.description: detail !== "" ? detail : shortcutText
     Accessible.checkable: tickable
     Accessible.checked: ticked
-    Accessible.onPressAction: {
-        root.triggered();
-        root.menu.close();
-    }
+    Accessible.onPressAction: if (enabled) triggered()
+    // Before those who listen: they may take this entry away, and the toolkit then forgets the menu.
+    onTriggered: if (!subMenu) menu.close()
 
     contentItem: Item {
         implicitWidth: label.x + label.implicitWidth + (shortcut.visible ? 24 + shortcut.implicitWidth : 0)

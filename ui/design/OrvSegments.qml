@@ -7,18 +7,21 @@ import Orvella.Design
 FocusScope {
     id: root
 
-    /// Maps with key, label and count; a negative count is not shown.
-    property var options: []
-    property string current: ""
+    property alias options: choices.options
+    property alias current: choices.current
     property string label: ""
 
     signal chosen(string key)
 
-    readonly property int currentIndex: options.findIndex(option => option.key === current)
+    readonly property alias currentIndex: choices.currentIndex
 
-    function step(by) {
+    function step(by: int) {
         const next = currentIndex + by;
-        if (next >= 0 && next < options.length) chosen(options[next].key);
+        if (next >= 0 && next < choices.count) chosen(choices.keyAt(next));
+    }
+
+    ChoiceList {
+        id: choices
     }
 
     implicitWidth: row.implicitWidth + 4
@@ -63,7 +66,7 @@ FocusScope {
             model: root.options
             T.AbstractButton {
                 id: segment
-                required property var modelData
+                required property choice modelData
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
@@ -74,7 +77,7 @@ FocusScope {
                 Accessible.name: modelData.count >= 0 ? text + ", " + modelData.count : text
                 Accessible.checkable: true
                 Accessible.checked: current
-                Accessible.onPressAction: clicked()
+                Accessible.onPressAction: if (enabled) clicked()
                 onClicked: root.chosen(modelData.key)
 
                 contentItem: Row {

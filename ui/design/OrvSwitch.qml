@@ -24,7 +24,6 @@ T.Switch {
         if (!enabled) return;
         toggle();
         toggled();
-        clicked();
     }
 
     indicator: Rectangle {

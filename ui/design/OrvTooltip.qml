@@ -1,19 +1,23 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
-/// A tooltip of its parent. Made when first shown, since most never are.
+/// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are. Not in a file
+/// of bound components, which a type declared elsewhere cannot make.
 Loader {
     id: root
 
     property string text: ""
     property string keys: ""
-    property bool shown: false
     /// To the right of its parent, for the rail; else above it.
     property bool beside: false
+    /// Something else than the pointer wants it shown, the keyboard's focus say.
+    property bool asked: false
+    /// Not by the parent's own `hovered`: a button that is off has none, and why it is off is what its tooltip says.
+    readonly property bool shown: (hover.hovered || asked) && text !== ""
 
-    active: shown || (item !== null && (item as T.ToolTip).visible)
+    active: false
     visible: false
+    onShownChanged: if (shown) active = true
 
     sourceComponent: T.ToolTip {
         id: tip
@@ -42,5 +46,10 @@ Loader {
             color: Theme.tooltip
         }
         enter: Transition { NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.hoverDuration } }
+    }
+
+    HoverHandler {
+        id: hover
+        parent: root.parent
     }
 }

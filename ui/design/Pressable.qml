@@ -11,7 +11,7 @@ Item {
     signal clicked()
 
     Accessible.name: text
-    Accessible.onPressAction: root.clicked()
+    Accessible.onPressAction: if (root.enabled) root.clicked()
 
     HoverHandler {
         id: hover

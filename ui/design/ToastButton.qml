@@ -15,7 +15,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled) clicked()
 
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

@@ -53,8 +53,9 @@ FocusScope {
             OrvButton {
                 text: "Start again"
                 onClicked: {
-                    root.model.cancelGoogle();
-                    root.model.continueWithGoogle();
+                    const model = root.model;
+                    model.cancelGoogle();
+                    model.continueWithGoogle();
                 }
             }
 

@@ -83,8 +83,7 @@ Item {
 
         OrvTooltip {
             beside: true
-            text: root.app.userName
-            shown: root.rail && person.hovered
+            text: root.rail ? root.app.userName : ""
         }
     }
 

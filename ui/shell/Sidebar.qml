@@ -108,9 +108,8 @@ FocusScope {
 
         OrvTooltip {
             beside: true
-            text: search.text
+            text: root.rail ? search.text : ""
             keys: "Ctrl K"
-            shown: root.rail && search.hovered
         }
     }
 

@@ -59,8 +59,7 @@ T.AbstractButton {
 
     OrvTooltip {
         beside: true
-        text: root.text
+        text: root.rail ? root.text : ""
         keys: root.keys
-        shown: root.rail && root.hovered
     }
 }

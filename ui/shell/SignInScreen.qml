@@ -207,8 +207,11 @@ Rectangle {
                 label: "6-digit code"
                 error: root.model.error
                 text: root.model.code
-                onEdited: text => root.model.code = text
-                onComplete: root.model.submitCode()
+                onEdited: (text, whole) => {
+                    const model = root.model;
+                    model.code = text;
+                    if (whole) model.submitCode();
+                }
                 Keys.onReturnPressed: root.model.submitCode()
                 Keys.onEnterPressed: root.model.submitCode()
             }

@@ -21,8 +21,7 @@ OrvMenu {
             text: modelData.name
             iconName: modelData.current ? "checkmark" : "system-users"
             shortcutText: modelData.slug
-            // Not from within: the list changes, and this entry would be gone before it is done.
-            onTriggered: Qt.callLater(slug => root.app.openWorkspace(slug), modelData.slug)
+            onTriggered: root.app.openWorkspace(modelData.slug)
         }
 
         onObjectAdded: (index, object) => root.insertItem(index, object)

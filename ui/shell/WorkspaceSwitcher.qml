@@ -80,8 +80,7 @@ T.AbstractButton {
 
     OrvTooltip {
         beside: true
-        text: root.name
-        shown: root.rail && root.hovered
+        text: root.rail ? root.name : ""
     }
 
     MenuLoader {

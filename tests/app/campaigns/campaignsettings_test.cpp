@@ -132,8 +132,8 @@ class CampaignSettingsTest : public QObject {
     form->draft()->set(u"stopOnReply"_s, false);
     form->draft()->set(u"cc"_s, u"c@a.example; d@a.example,"_s);
     form->draft()->set(u"endDate"_s, u"2026-12-23"_s);
-    form->addTag(u"Spring"_s);
-    for (int i = 0; i < 25; ++i) form->addTag(u"t%1"_s.arg(i));
+    form->addTags({u"Spring"_s});
+    for (int i = 0; i < 25; ++i) form->addTags({u"t%1"_s.arg(i)});
     QCOMPARE(form->tags().size(), 27);
     for (int i = 0; i < 25; ++i) form->removeTag(u"t%1"_s.arg(i));
     f->api.expect(patched);
@@ -303,7 +303,7 @@ class CampaignSettingsTest : public QObject {
     QVERIFY2(!form->senders()->rows()->records()[1].viaTag, "only the service says who joins by a tag");
     form->senders()->toggle(u"m2"_s);
     QCOMPARE(form->senders()->summary(), u"2 inboxes send · 12 to 20 a day each"_s);
-    form->addTag(u"fourth QUARTER"_s);
+    form->addTags({u"fourth QUARTER"_s});
     QCOMPARE(form->tags().size(), 1);
     f->api.expect(patched);
     form->save();

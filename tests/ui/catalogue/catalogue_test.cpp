@@ -1,19 +1,10 @@
 #include <QTest>
 
+#include "tests/ui/support/warnings.h"
 #include "ui/catalogue/CataloguePages.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
-
-namespace {
-
-QStringList warnings;
-
-void collect(QtMsgType type, const QMessageLogContext&, const QString& message) {
-  if (type >= QtWarningMsg && type != QtInfoMsg) warnings.append(message);
-}
-
-}  // namespace
 
 /// Every control in every state loads and draws without one QML warning, light and dark.
 class CatalogueTest : public QObject {
@@ -33,8 +24,7 @@ class CatalogueTest : public QObject {
     QFETCH(QString, page);
     QFETCH(QString, popup);
     QFETCH(bool, dark);
-    warnings.clear();
-    const auto previous = qInstallMessageHandler(collect);
+    ui::failOnWarnings();
     QImage picture;
     {
       QQmlEngine engine;
@@ -48,8 +38,6 @@ class CatalogueTest : public QObject {
         picture = window->grabWindow();
       }
     }
-    qInstallMessageHandler(previous);
-    QCOMPARE(warnings, QStringList());
     QVERIFY2(!picture.isNull(), "the page does not load");
     QVERIFY2(picture.pixelColor(2, 2).lightness() > 128 != dark, "the theme is the one asked for");
   }

@@ -18,8 +18,10 @@ TestCase {
         id: field
         width: 348
         text: root.kept
-        onEdited: text => root.kept = text
-        onComplete: root.sent = root.sent.concat([root.kept])
+        onEdited: (text, whole) => {
+            root.kept = text;
+            if (whole) root.sent = root.sent.concat([text]);
+        }
     }
 
     TextInput { id: clipboard }

@@ -19,7 +19,7 @@ TestCase {
         label: "Tags"
         tags: root.kept.map(key => ({key: key, label: key.toUpperCase()}))
         suggestions: [{key: "spring", label: "Spring"}, {key: "spam", label: "Spam trap"}, {key: "fleet", label: "Fleet"}]
-        onAdded: text => root.kept = root.kept.concat([text])
+        onAdded: texts => root.kept = root.kept.concat(texts)
         onRemoved: key => root.kept = root.kept.filter(other => other !== key)
     }
 

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+namespace orv::ui {
+
+/// Does what a screen reader does: it knows items by what they say of themselves and presses them without a pointer.
+class Reader : public QObject {
+  Q_OBJECT
+
+ public:
+  using QObject::QObject;
+
+  Q_INVOKABLE static bool press(QQuickItem* item) { return act(item, QAccessibleActionInterface::pressAction()); }
+  Q_INVOKABLE static bool toggle(QQuickItem* item) { return act(item, QAccessibleActionInterface::toggleAction()); }
+  Q_INVOKABLE static QString nameOf(QQuickItem* item) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
+    return spoken ? spoken->text(QAccessible::Name) : QString();
+  }
+  /// Everything that a walk through the window comes to.
+  Q_INVOKABLE static QStringList heardIn(QQuickItem* item) {
+    QStringList names;
+    walk(QAccessible::queryAccessibleInterface(item->window()), names);
+    return names;
+  }
+  /// The shown item that is called so, the one drawn last where there are several.
+  Q_INVOKABLE static QQuickItem* find(QQuickItem* in, const QString& name) {
+    if (!in || !in->isVisible()) return nullptr;
+    const QList<QQuickItem*> children = in->childItems();
+    for (auto child = children.crbegin(); child != children.crend(); ++child)
+      if (QQuickItem* found = find(*child, name)) return found;
+    return nameOf(in) == name ? in : nullptr;
+  }
+
+ private:
+  static void walk(QAccessibleInterface* spoken, QStringList& names) {
+    if (!spoken) return;
+    names.append(spoken->text(QAccessible::Name));
+    for (int i = 0; i < spoken->childCount(); ++i) {
+      QAccessibleInterface* child = spoken->child(i);
+      if (child && child->parent() != spoken)
+        names.append(QStringLiteral("a stranger's child: ") + child->text(QAccessible::Name));
+      walk(child, names);
+    }
+  }
+  static bool act(QQuickItem* item, const QString& action) {
+    QAccessibleInterface* spoken = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+    QAccessibleActionInterface* actions = spoken ? spoken->actionInterface() : nullptr;
+    if (!actions || !actions->actionNames().contains(action)) return false;
+    actions->doAction(action);
+    return true;
+  }
+};
+
+}  // namespace orv::ui
