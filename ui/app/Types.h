@@ -2,6 +2,7 @@
 
 #include <QtQml/qqml.h>
 
+#include "app/base/Jobs.h"
 #include "app/base/ListModel.h"
 #include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
@@ -11,6 +12,20 @@
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
 
 namespace orv::qml {
+
+struct JobType {
+  Q_GADGET
+  QML_FOREIGN(orv::Job)
+  QML_NAMED_ELEMENT(Job)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct JobsType {
+  Q_GADGET
+  QML_FOREIGN(orv::Jobs)
+  QML_NAMED_ELEMENT(Jobs)
+  QML_UNCREATABLE("The application model owns it.")
+};
 
 struct ListModelType {
   Q_GADGET

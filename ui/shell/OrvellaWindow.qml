@@ -72,6 +72,15 @@ Window {
         onLoaded: forceActiveFocus()
     }
 
+    JobResultDialog {
+        jobs: root.app.jobs
+        workspace: root.app.session !== null ? root.app.session.slug : ""
+    }
+
+    SavingDialog {
+        departure: root.app.departure
+    }
+
     ConfirmDialog {
         overlays: root.app.overlays
     }
