@@ -136,6 +136,10 @@ void Journal::drop(const Key& key) {
   if (m_entries.remove(key) > 0 || !m_isRead) m_files.remove(fileOf(key));
 }
 
+void Journal::setAside(const Key& key) {
+  if (m_person && m_entries.remove(key) > 0) m_files.setAside(fileOf(key));
+}
+
 Task<std::optional<JournalText>> Journal::find(Key key) {
   if (m_person && !m_isRead) {
     const OneShot<bool> read;
@@ -186,6 +190,11 @@ Task<std::optional<JournalText>> JournalLine::takeUp() {
   m_takenUp = true;
   m_unsaved = found.has_value();
   co_return found;
+}
+
+void JournalLine::setAside() {
+  m_unsaved = false;
+  if (counts()) m_journal.setAside(m_key);
 }
 
 }  // namespace orv

@@ -65,6 +65,8 @@ class Journal final : public QObject {
   /// `text` is called when it is time to write, or never.
   void keep(const Key& key, std::function<JournalText()> text);
   void drop(const Key& key);
+  /// Nobody can tell what is kept there: it goes out of the way, but not for good.
+  void setAside(const Key& key);
   /// What is kept under the key; waits for the reading that open() began.
   Task<std::optional<JournalText>> find(Key key);
   /// What is kept of the person who is signed in; empty until it has been read.
@@ -117,6 +119,8 @@ class JournalLine final {
   void follow(bool isUnsaved);
   /// What an earlier run or session left, once.
   Task<std::optional<JournalText>> takeUp();
+  /// What was taken up means nothing.
+  void setAside();
 
  private:
   bool counts() const { return m_journal.sitting() == m_sitting; }

@@ -26,10 +26,13 @@ void Recovery::end() {
 Task<void> Recovery::takeUp(std::optional<qint64> version) {
   const auto kept = co_await m_line->takeUp();
   // Whoever was quick enough to type meanwhile goes on with that.
-  if (kept && !m_hooks.isUnsaved() && m_hooks.restore(*kept)) {
+  if (kept && !m_hooks.isUnsaved()) {
     const bool isOther = kept->base && version && *kept->base != *version;
-    setNotice(isOther ? u"Restored what you had not saved. Somebody changed it since: saving puts yours in its place."_s
-                      : u"Restored what you had not saved."_s);
+    const auto restored = m_hooks.restore({*kept, isOther});
+    if (restored == Restored::unreadable) m_line->setAside();
+    if (restored == Restored::shown)
+      setNotice(isOther ? u"Restored what you had not saved. It was changed since: saving puts yours in its place."_s
+                        : u"Restored what you had not saved."_s);
   }
   follow();
 }

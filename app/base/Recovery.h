@@ -16,11 +16,24 @@ class Recovery final : public QObject {
   Q_PROPERTY(QString notice READ notice NOTIFY changed)
 
  public:
+  enum class Restored {
+    /// It is shown as unsaved work.
+    shown,
+    /// The service has it already.
+    held,
+    /// Nobody can tell what it is.
+    unreadable
+  };
+  /// What was kept, and the record as it is now.
+  struct Kept {
+    JournalText text;
+    /// Somebody changed the record since.
+    bool isOther = false;
+  };
   struct Hooks {
     std::function<bool()> isUnsaved;
     std::function<JournalText()> text;
-    /// Shows what was kept as unsaved work; false when the service has it already, or it cannot be used.
-    std::function<bool(const JournalText&)> restore;
+    std::function<Restored(const Kept&)> restore;
     /// Back to what the service has.
     std::function<void()> discard;
   };

@@ -6,6 +6,7 @@
 #include "app/base/ListModel.h"
 #include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
+#include "app/base/Recovery.h"
 #include "app/base/Resource.h"
 #include "app/base/Toasts.h"
 
@@ -45,6 +46,13 @@ struct OverlaysType {
   Q_GADGET
   QML_FOREIGN(orv::Overlays)
   QML_NAMED_ELEMENT(Overlays)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RecoveryType {
+  Q_GADGET
+  QML_FOREIGN(orv::Recovery)
+  QML_NAMED_ELEMENT(Recovery)
   QML_UNCREATABLE("The application model owns it.")
 };
 
