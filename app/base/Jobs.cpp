@@ -131,8 +131,10 @@ void Jobs::clearEnded() {
 
 void Jobs::jobEnded() {
   qsizetype over = qsizetype(m_jobs.size()) - running() - endedAtMost;
-  for (qsizetype row = 0; over > 0 && row < qsizetype(m_jobs.size());) {
-    if (m_jobs[size_t(row)]->running()) {
+  for (qsizetype row = 0; row < qsizetype(m_jobs.size());) {
+    const Job& job = *m_jobs[size_t(row)];
+    // Of one that has told its end itself there is nothing to read.
+    if (job.running() || (over <= 0 && !job.title().isEmpty())) {
       ++row;
       continue;
     }
