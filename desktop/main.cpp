@@ -6,6 +6,7 @@
 #include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <QQuickStyle>
+#include <QSessionManager>
 #include <QTextStream>
 #include <QTimer>
 
@@ -19,7 +20,9 @@
 #include "desktop/services/ColorSchemeWatcher.h"
 #include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/DesktopProxy.h"
+#include "desktop/services/EndSignals.h"
 #include "desktop/services/FileManagerRevealer.h"
+#include "desktop/services/JournalFolder.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
 #include "desktop/services/SchemeRegistration.h"
@@ -88,6 +91,22 @@ void letFinish(const AppModel& app) {
   while (app.isFinishing() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+/// The ways in which the process ends without anybody closing the window.
+void keepWhatIsTyped(QGuiApplication& application, const EndSignals& signals, AppModel& app) {
+  QObject::connect(&signals, &EndSignals::asked, &app, [&app] {
+    app.journal().finish();
+    QCoreApplication::quit();
+  });
+  QObject::connect(&application, &QCoreApplication::aboutToQuit, &app, [&app] { app.journal().finish(); });
+  // Only where the desktop has a session manager. Its log-out asks as closing does: it is called off while the person
+  // is asked. The answer cannot be waited for here.
+  const auto logOut = [&app](QSessionManager& manager) {
+    app.journal().finish();
+    if (manager.allowsInteraction() && !app.mayClose()) manager.cancel();
+  };
+  QObject::connect(&application, &QGuiApplication::commitDataRequest, &app, logOut, Qt::DirectConnection);
+}
+
 int run(QGuiApplication& application, const Options& options) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
@@ -127,6 +146,9 @@ int run(QGuiApplication& application, const Options& options) {
                     ClientWindow::thisDevice(),
                     {},
                     options.fresh ? QString() : LogFile::defaultFolder()};
+  JournalFolder journal(LogFile::defaultFolder() + u"/journal"_s);
+  // The sample and a start without a keyring leave nothing behind.
+  if (!sample && !options.fresh) platform.journalFiles = &journal;
   if (sample) platform.demoSession = StoredSession::from(sample->service.signInDirectly(), clock.now());
 
   QQmlEngine engine;
@@ -140,6 +162,9 @@ int run(QGuiApplication& application, const Options& options) {
   const ColorSchemeWatcher desktop(QDBusConnection::sessionBus());
   follow(desktop, *app.appearance());
   QObject::connect(&desktop, &ColorSchemeWatcher::changed, &app, [&] { follow(desktop, *app.appearance()); });
+
+  const EndSignals endSignals;
+  keepWhatIsTyped(application, endSignals, app);
 
   app.start();
   QQuickWindow* window = main.open();

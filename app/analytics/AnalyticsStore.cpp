@@ -192,7 +192,7 @@ Task<void> AnalyticsStore::exportTask() {
   const QString fileName = (campaigns ? u"campaigns-"_s : u"accounts-"_s) + Format::calendarDay(m_shownRange.from) +
                            u"-to-"_s + Format::calendarDay(m_shownRange.to) + u".csv"_s;
   const QByteArray bytes = campaigns ? campaignsCsv(m_campaignRows.records()) : accountsCsv(m_accountRows.records());
-  co_await saveCsv(services(), fileName, bytes, u"Couldn’t save the file."_s);
+  co_await saveCsv(context(), fileName, bytes, u"Couldn’t save the file."_s);
 }
 
 }  // namespace orv

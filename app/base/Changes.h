@@ -116,9 +116,8 @@ class Changes final : public QObject {
   /// Calls `take` for every change of such a record until `watcher` is gone.
   template <class Record>
   void watch(QObject* watcher, std::function<void(const Change<Record>&)> take) {
-    listen(topic<Record>(), watcher, [take = std::move(take)](const void* change) {
-      take(*static_cast<const Change<Record>*>(change));
-    });
+    listen(topic<Record>(), watcher,
+           [take = std::move(take)](const void* change) { take(*static_cast<const Change<Record>*>(change)); });
   }
 
  private:

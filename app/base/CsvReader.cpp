@@ -1,6 +1,5 @@
 #include "app/base/CsvReader.h"
 
-#include <QStringDecoder>
 #include <algorithm>
 
 namespace orv {
@@ -15,12 +14,6 @@ constexpr char16_t windowsLetters[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E,
 char16_t windowsLetter(char byte) {
   const auto code = uchar(byte);
   return code >= 0x80 && code < 0xA0 ? windowsLetters[code - 0x80] : char16_t(code);
-}
-
-QString fromWindows(QByteArrayView bytes) {
-  QString text(bytes.size(), Qt::Uninitialized);
-  std::ranges::transform(bytes, text.begin(), [](char byte) { return QChar(windowsLetter(byte)); });
-  return text;
 }
 
 /// One pass over delimited text.
@@ -82,13 +75,25 @@ QByteArrayView withoutCutCharacter(QByteArrayView bytes) {
   return bytes;
 }
 
-QString decodeText(QByteArrayView bytes) {
-  if (bytes.startsWith("\xEF\xBB\xBF")) bytes = bytes.sliced(3);
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-  QString text = decoder(bytes);
-  if (!decoder.hasError()) return text;
+TextEncoding encodingOf(QByteArrayView bytes) {
+  if (bytes.isValidUtf8()) return TextEncoding::utf8;
   const bool isWindows = std::ranges::none_of(bytes, [](char byte) { return byte && !windowsLetter(byte); });
-  return isWindows ? fromWindows(bytes) : QString::fromLatin1(bytes);
+  return isWindows ? TextEncoding::windows1252 : TextEncoding::latin1;
+}
+
+char16_t letterOf(char byte, TextEncoding encoding) {
+  return encoding == TextEncoding::windows1252 ? windowsLetter(byte) : char16_t(uchar(byte));
+}
+
+QByteArrayView withoutMark(QByteArrayView bytes) { return bytes.startsWith("\xEF\xBB\xBF") ? bytes.sliced(3) : bytes; }
+
+QString decodeText(QByteArrayView bytes) {
+  bytes = withoutMark(bytes);
+  const TextEncoding encoding = encodingOf(bytes);
+  if (encoding == TextEncoding::utf8) return QString::fromUtf8(bytes);
+  QString text(bytes.size(), Qt::Uninitialized);
+  std::ranges::transform(bytes, text.begin(), [encoding](char byte) { return QChar(letterOf(byte, encoding)); });
+  return text;
 }
 
 QChar csvDelimiter(QStringView text) {

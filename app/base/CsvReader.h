@@ -7,8 +7,15 @@
 
 namespace orv {
 
-/// The text of a file that names no encoding: UTF-8, else Windows-1252, else ISO-8859-1, which takes anything. A
-/// leading byte-order mark is left out.
+/// How a file that names no encoding is read: as UTF-8, else as Windows-1252, else as ISO-8859-1, which takes anything.
+enum class TextEncoding { utf8, windows1252, latin1 };
+TextEncoding encodingOf(QByteArrayView bytes);
+/// The character that stands for a byte in an encoding where each is one.
+char16_t letterOf(char byte, TextEncoding encoding);
+/// `bytes` without a leading byte-order mark.
+QByteArrayView withoutMark(QByteArrayView bytes);
+
+/// The text of a file that names no encoding, its mark left out.
 QString decodeText(QByteArrayView bytes);
 
 /// `bytes` without a UTF-8 character that was cut off at the end: a file read in part is no other encoding for it.

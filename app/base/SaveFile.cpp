@@ -23,23 +23,43 @@ ConfirmRequest replaceQuestion(const QString& path) {
           .destructive = true};
 }
 
-}  // namespace
+/// Tells who waits for the end of a job, on whatever way it ends.
+struct Ending {
+  OneShot<bool> ended;
+  ~Ending() { OneShot(ended).give(true); }
+};
 
-Task<void> saveCsv(Services& services, QString fileName, QByteArray bytes, QString failure) {
+Task<JobOutcome> save(Job* job, QString fileName, QByteArray bytes, QString failure, OneShot<bool> ended) {
+  const Ending ending{std::move(ended)};
+  Services& services = job->context().services();
+  job->setStage(u"Choosing where to keep it…"_s);
   const auto chosen = co_await services.filePanel.saveFile(fileName, u"Comma-separated text"_s, u"csv"_s);
-  if (!chosen) co_return;
+  if (!chosen) co_return JobOutcome{};
   const QString path = chosen->path;
   if (!chosen->mayReplace && QFileInfo::exists(path) && !co_await services.overlays.confirm(replaceQuestion(path)))
-    co_return;
+    co_return JobOutcome{};
+  job->setStage(u"Writing…"_s);
   if (const QString reason = write(path, bytes); !reason.isEmpty()) {
     services.toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = reason});
-    co_return;
+    co_return JobOutcome{};
   }
   FileRevealer& revealer = services.revealer;
   services.toasts.show({.message = u"Saved "_s + QFileInfo(path).fileName(),
                         .tone = Toasts::Tone::success,
                         .actionLabel = u"Show in Finder"_s,
                         .action = [&revealer, path] { revealer.reveal(path); }});
+  co_return JobOutcome{};
+}
+
+}  // namespace
+
+Task<void> saveCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure) {
+  const OneShot<bool> ended;
+  context.services().jobs.start({.name = u"Saving "_s + fileName, .stopped = u"Nothing was saved."_s},
+                                context.shared_from_this(),
+                                [&](Job& job) { return save(&job, fileName, bytes, failure, ended); });
+  // Gone with the store that asked; the job is not.
+  co_await ended.wait();
 }
 
 }  // namespace orv

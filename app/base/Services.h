@@ -14,6 +14,9 @@
 
 namespace orv {
 
+class Jobs;
+class Journal;
+
 /// What stores use besides their transport. Everything outlives every store.
 struct Services {
   Clock& clock;
@@ -24,6 +27,8 @@ struct Services {
   FilePanel& filePanel;
   FileRevealer& revealer;
   Preferences& preferences;
+  Journal& journal;
+  Jobs& jobs;
   /// Where links that people share point to.
   QUrl webOrigin;
 };

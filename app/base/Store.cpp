@@ -34,6 +34,10 @@ Task<bool> Store::flush() {
   co_return store && store->unsavedWork().isEmpty();
 }
 
+void Store::disappear() {
+  if (--m_pages == 0) Q_EMIT left();
+}
+
 void Store::close() {
   m_tasks.cancel();
   for (ResourceBase* resource : m_resources) resource->cancel();

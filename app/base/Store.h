@@ -38,6 +38,11 @@ class Store : public QObject {
   /// false.
   virtual Task<bool> flush();
 
+  /// A page shows the store from now on, and no longer.
+  Q_INVOKABLE void appear() { ++m_pages; }
+  Q_INVOKABLE void disappear();
+  bool isShown() const { return m_pages > 0; }
+
   /// Stops everything in flight; nothing of it is applied any more.
   virtual void close();
 
@@ -46,6 +51,8 @@ class Store : public QObject {
 
  Q_SIGNALS:
   void roleChanged();
+  /// No page shows it any more.
+  void left();
 
  protected:
   APITransport& api() const { return m_context.api(); }
@@ -57,6 +64,7 @@ class Store : public QObject {
   WorkspaceContext& m_context;
   std::vector<ResourceBase*> m_resources;
   std::vector<Store*> m_parts;
+  int m_pages = 0;
 };
 
 }  // namespace orv

@@ -13,7 +13,8 @@ namespace orv {
 /// Objects kept warm by key, the oldest evicted beyond a capacity.
 ///
 /// `T` is a QObject with close(), unsavedWork() and flush(). One that is evicted with unsaved work is kept aside until
-/// that is saved; when it cannot be saved it stays there, to be opened again, until clear().
+/// that is saved; when it cannot be saved it stays there, to be opened again, until clear(). So does one that a page
+/// shows, until it is left: nothing is taken away from under the person's eyes.
 template <class T>
 class StoreCache {
  public:
@@ -37,7 +38,12 @@ class StoreCache {
     T* object = m_objects.value(key);
     if (!object) {
       object = m_aside.take(key);
-      if (!object) object = make();
+      if (!object) {
+        object = make();
+        // For when it is out of the cache by then.
+        if constexpr (requires { &T::left; })
+          QObject::connect(object, &T::left, object, [this, key, object] { letGo(key, object); });
+      }
       m_objects.insert(key, object);
       m_keys.append(key);
     } else if (m_order == Order::lastOpening) {
@@ -87,21 +93,32 @@ class StoreCache {
  private:
   static bool isUnsaved(const T& object) { return !object.unsavedWork().isEmpty(); }
 
+  static bool isShown(const T& object) {
+    if constexpr (requires { object.isShown(); })
+      return object.isShown();
+    else
+      return false;
+  }
+
   void evict(const QString& key) {
     m_keys.removeOne(key);
     T* object = m_objects.take(key);
-    if (!isUnsaved(*object)) return drop(object);
+    if (!isUnsaved(*object) && !isShown(*object)) return drop(object);
     m_aside.insert(key, object);
+    letGo(key, object);
+  }
+
+  void letGo(const QString& key, T* object) {
     // Whoever shows it may open it again at once, and is not to hear that it could not be saved.
     QTimer::singleShot(0, object, [this, key, object] {
-      if (m_aside.value(key) == object) m_saving.start(saveAside(key, object));
+      if (m_aside.value(key) == object && !isShown(*object)) m_saving.start(saveAside(key, object));
     });
   }
 
   Task<void> saveAside(QString key, T* object) {
-    const bool saved = co_await object->flush();
+    const bool saved = !isUnsaved(*object) || co_await object->flush();
     // Opened again meanwhile.
-    if (m_aside.value(key) != object) co_return;
+    if (m_aside.value(key) != object || isShown(*object)) co_return;
     if (!saved) {
       if (onNotSaved) onNotSaved(*object);
       co_return;

@@ -351,7 +351,7 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
     services().toasts.show({.message = u"Nothing to export yet."_s});
     co_return;
   }
-  co_await saveCsv(services(), fileName, campaignsCsv(rows), failure);
+  co_await saveCsv(context(), fileName, campaignsCsv(rows), failure);
 }
 
 void CampaignsStore::copyLink(const QString& id) { copyCampaignLink(services(), id); }

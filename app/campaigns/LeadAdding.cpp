@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 
-#include "app/base/Actions.h"
 #include "app/base/EmailAddress.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
@@ -11,37 +10,11 @@
 #include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace orv {
 namespace {
 
-/// The service takes this many ids in one request.
-constexpr qsizetype blockSize = 1000;
 constexpr int mostAtATime = 100'000;
-constexpr auto watchInterval = 100ms;
-
-QString megabytes(qint64 bytes) { return QString::number(double(bytes) / (1024 * 1024), 'f', 1) + u" MB"_s; }
-
-/// Raised where the reason is the file's, not the service's.
-struct FileTrouble {
-  QString reason;
-};
-
-void addTo(AddLeadsResult& sum, const AddLeadsResult& more) {
-  sum.added += more.added;
-  sum.skipped.alreadyInCampaign += more.skipped.alreadyInCampaign;
-  sum.skipped.inOtherCampaign += more.skipped.inOtherCampaign;
-  sum.skipped.inList += more.skipped.inList;
-  sum.skipped.suppressed += more.skipped.suppressed;
-  sum.skipped.invalid += more.skipped.invalid;
-  sum.skipped.duplicateInFile += more.skipped.duplicateInFile;
-  sum.total += more.total;
-}
-
-QString headline(const AddLeadsResult& result) {
-  return result.added == 0 ? u"No leads added"_s : countedLeads(result.added) + u" added"_s;
-}
 
 }  // namespace
 
@@ -51,25 +24,22 @@ LeadAdding::LeadAdding(CampaignContext& context, std::function<void()> added)
       m_added(std::move(added)),
       m_lists(*this, [&context] { return context.api.send(Requests::leadLists(false)); }, {.loadsByItself = false}) {
   connect(&m_lists, &ResourceBase::changed, this, &LeadAdding::listsChanged);
+  // Of any batch: one may have been sent off before this dialog was made.
+  context.workspace.changes().watch<AddedLeads>(this, [this](const Change<AddedLeads>& change) {
+    if (change.id == m_context.id) m_added();
+  });
 }
 
-LeadAdding::~LeadAdding() { forgetFile(); }
-
 QString LeadAdding::title() const {
-  if (m_result) return headline(*m_result);
   if (m_way == "list"_L1) return u"Add leads from a list"_s;
   if (m_way == "csv"_L1) return u"Add leads from a CSV file"_s;
   return m_way == "leads"_L1 ? u"Add leads you already have"_s : u"Add a lead"_s;
 }
 
-QString LeadAdding::submitLabel() const {
-  if (m_result) return u"Done"_s;
-  return m_way == "manual"_L1 ? u"Add lead"_s : u"Add leads"_s;
-}
+QString LeadAdding::submitLabel() const { return m_way == "manual"_L1 ? u"Add lead"_s : u"Add leads"_s; }
 
 bool LeadAdding::canSubmit() const {
   if (busy()) return false;
-  if (m_result) return true;
   if (m_way == "manual"_L1) return !m_email.trimmed().isEmpty();
   if (m_way == "list"_L1) return !m_listId.isEmpty();
   if (m_way == "csv"_L1) return !fileLooking() && !m_preview.headers.isEmpty();
@@ -141,33 +111,11 @@ void LeadAdding::setAllowOtherCampaigns(bool allowed) {
   Q_EMIT changed();
 }
 
-QString LeadAdding::progressText() const { return busy() ? m_stage.text : QString(); }
-
-double LeadAdding::progress() const {
-  const qint64 done = m_watch ? m_watch->bytes.load() : m_stage.done;
-  return m_stage.all > 0 ? double(done) / double(m_stage.all) : -1;
-}
-
-QStringList LeadAdding::resultLines() const {
-  QStringList lines;
-  if (!m_result) return lines;
-  const auto tell = [&lines](qint64 count, const QString& one, const QString& many) {
-    if (count > 0) lines.append(Format::counted(count, one, many));
-  };
-  const auto& skipped = m_result->skipped;
-  tell(skipped.alreadyInCampaign, u"was in this campaign already"_s, u"were in this campaign already"_s);
-  tell(skipped.inOtherCampaign, u"is in another campaign"_s, u"are in another campaign"_s);
-  tell(skipped.inList, u"is in another list"_s, u"are in another list"_s);
-  tell(skipped.suppressed, u"is on the block list and never gets an email"_s,
-       u"are on the block list and never get an email"_s);
-  tell(skipped.invalid, u"has no valid email address"_s, u"have no valid email address"_s);
-  tell(skipped.duplicateInFile, u"came more than once"_s, u"came more than once"_s);
-  return lines;
-}
-
 void LeadAdding::show(const QString& way) {
   m_shown = true;
-  if (!busy()) {
+  if (busy()) {
+    m_job->attend(this);
+  } else {
     m_way = way;
     startAnew();
     if (way == "list"_L1) m_lists.load();
@@ -176,7 +124,6 @@ void LeadAdding::show(const QString& way) {
 }
 
 void LeadAdding::startAnew() {
-  m_result.reset();
   m_error.clear();
   m_emailError.clear();
   m_email.clear();
@@ -198,7 +145,7 @@ Task<void> LeadAdding::chooseFileTask() {
 }
 
 void LeadAdding::setFile(const QString& path) {
-  if (busy() || m_way != "csv"_L1 || m_result) return;
+  if (busy() || m_way != "csv"_L1) return;
   m_path = path;
   m_preview = {};
   m_error.clear();
@@ -218,140 +165,71 @@ Task<void> LeadAdding::look(QString path) {
 
 void LeadAdding::submit() {
   if (!canSubmit()) return;
-  if (m_result) return dismiss();
   if (m_way == "manual"_L1 && !isEmailAddress(m_email.trimmed())) {
     m_emailError = u"Enter a valid email address."_s;
     Q_EMIT changed();
     return;
   }
   m_error.clear();
-  m_soFar = {};
-  m_busy = true;
-  m_work.start(work(m_way));
+  Jobs& jobs = services().jobs;
+  m_job = jobs.start({.name = jobName(),
+                      .stopped = u"Stopped. Leads that were taken by then are in the campaign."_s,
+                      .attendant = this},
+                     context().shared_from_this(), [batch = batch()](Job& job) { return addLeads(&job, batch); });
+  connect(m_job, &Job::changed, this, &LeadAdding::changed);
+  connect(m_job, &Job::ended, this, &LeadAdding::jobEnded);
+  if (!m_job->running()) jobEnded();
   Q_EMIT changed();
 }
 
-Task<void> LeadAdding::work(QString way) {
-  std::optional<QString> reason;
-  AddLeadsResult result;
-  bool isUncertain = false;
-  try {
-    if (way == "csv"_L1) {
-      result = co_await addFile();
-    } else if (way == "leads"_L1) {
-      result = co_await addOwn();
-    } else {
-      setStage(u"Adding…"_s, 0, 0);
-      AddLeadsBody body{AddLeadsBody::List{m_listId, m_dedupe}};
-      if (way == "manual"_L1) {
-        auto data = m_fields;
-        for (auto it = data.begin(); it != data.end();) it = it->trimmed().isEmpty() ? data.erase(it) : std::next(it);
-        body.source = AddLeadsBody::Manual{m_email.trimmed(), data, m_dedupe};
-      }
-      result = co_await m_context.api.send(Requests::addLeads(m_context.id, body));
-    }
-  } catch (const FileTrouble& trouble) {
-    reason = trouble.reason;
-  } catch (const APIError& error) {
-    reason = error.message();
-    isUncertain = mayHaveActed(error);
+LeadBatch LeadAdding::batch() const {
+  if (m_way == "csv"_L1) return {m_context.id, LeadBatch::File{m_path, m_dedupe, m_preview.bytes}};
+  if (m_way == "leads"_L1) return {m_context.id, LeadBatch::Own{ownCount().value_or(0), m_allowOthers}};
+  if (m_way == "list"_L1) return {m_context.id, AddLeadsBody{AddLeadsBody::List{m_listId, m_dedupe}}};
+  auto data = m_fields;
+  for (auto it = data.begin(); it != data.end();) it = it->trimmed().isEmpty() ? data.erase(it) : std::next(it);
+  return {m_context.id, AddLeadsBody{AddLeadsBody::Manual{m_email.trimmed(), data, m_dedupe}}};
+}
+
+QString LeadAdding::jobName() const {
+  QString whom = u"your leads"_s;
+  if (m_way == "manual"_L1) whom = m_email.trimmed();
+  if (m_way == "csv"_L1) whom = u"leads from "_s + fileName();
+  if (m_way == "list"_L1) {
+    whom = u"leads from a list"_s;
+    for (const LeadList& list : m_lists.value() ? m_lists.value()->items : QList<LeadList>())
+      if (list.id == m_listId) whom = u"leads from "_s + list.name;
   }
-  forgetFile();
-  m_busy = false;
-  reason ? fail(*reason) : finish(result);
-  if (!reason || isUncertain || m_soFar.added > 0) m_added();
+  const Campaign* campaign = m_context.campaign.value();
+  return u"Adding "_s + whom + (campaign ? u" to "_s + campaign->name : QString());
 }
 
-Task<AddLeadsResult> LeadAdding::addFile() {
-  m_watch = std::make_shared<FileWatch>();
-  setStage(u"Reading "_s + fileName() + u"…"_s, 0, m_preview.bytes);
-  m_ticker.start(watchFile());
-  LeadUpload upload =
-      co_await inBackground<LeadUpload>([id = m_context.id, path = m_path, dedupe = m_dedupe, watch = m_watch] {
-        return packLeadFile(id, path, dedupe, *watch);
-      });
-  if (!upload.request) throw FileTrouble{upload.error};
-  const qint64 size = upload.request->body->size();
-  m_watch->bytes = 0;
-  upload.request->sent = {m_watch, &m_watch->bytes};
-  setStage(u"Sending "_s + fileName() + u", "_s + megabytes(size) + u"…"_s, 0, size);
-  co_return co_await m_context.api.send(std::move(*upload.request));
-}
-
-Task<void> LeadAdding::watchFile() {
-  while (true) {
-    co_await m_context.services.clock.sleep(watchInterval);
-    Q_EMIT changed();
+void LeadAdding::jobEnded() {
+  if (!m_shown) return;
+  if (m_job->outcome().kind == JobOutcome::Kind::done) {
+    services().jobs.show(m_job);
+    dismiss();
+  } else {
+    m_error = m_job->text();
   }
-}
-
-void LeadAdding::forgetFile() {
-  if (m_watch) m_watch->stopped = true;
-  m_watch.reset();
-  m_ticker.cancel();
-}
-
-Task<AddLeadsResult> LeadAdding::addOwn() {
-  setStage(u"Looking up your leads…"_s, 0, 0);
-  const bool allowOthers = m_allowOthers;
-  const OwnLeads own = co_await m_context.api.send(Requests::ownLeads({std::nullopt, ownCount()}));
-  for (qsizetype at = 0; at < own.ids.size(); at += blockSize) {
-    setStage(Format::grouped(at) + u" of "_s + countedLeads(own.ids.size()) + u" sent"_s, at, own.ids.size());
-    const AddLeadsBody::Leads block{own.ids.mid(at, blockSize), allowOthers};
-    addTo(m_soFar, co_await m_context.api.send(Requests::addLeads(m_context.id, {block})));
-  }
-  co_return m_soFar;
-}
-
-void LeadAdding::setStage(const QString& text, qint64 done, qint64 all) {
-  m_stage = {text, done, all};
-  Q_EMIT changed();
-}
-
-void LeadAdding::finish(const AddLeadsResult& result) {
-  m_result = result;
-  if (!m_shown)
-    m_context.services.toasts.show({.message = headline(result),
-                                    .tone = Toasts::Tone::success,
-                                    .actionLabel = u"Details"_s,
-                                    .action = [store = QPointer(this)] {
-                                      if (!store || !store->m_result) return;
-                                      store->m_shown = true;
-                                      Q_EMIT store->changed();
-                                    }});
-  Q_EMIT changed();
-}
-
-void LeadAdding::fail(const QString& reason) {
-  m_error = reason;
-  if (m_soFar.added > 0) m_error += u" Before that, "_s + headline(m_soFar) + u'.';
-  if (!m_shown)
-    m_context.services.toasts.show(
-        {.message = u"Couldn’t add the leads"_s, .tone = Toasts::Tone::error, .detail = m_error});
   Q_EMIT changed();
 }
 
 void LeadAdding::stop() {
-  if (!busy()) return;
-  forgetFile();
-  m_work.cancel();
-  m_busy = false;
-  m_error = u"Stopped. Leads that were taken by then are in the campaign."_s;
-  Q_EMIT changed();
-  m_added();
+  if (busy()) m_job->stop();
 }
 
 void LeadAdding::dismiss() {
   if (!std::exchange(m_shown, false)) return;
+  if (m_job) m_job->attend(nullptr);
   m_lists.cancel();
   Q_EMIT changed();
 }
 
 void LeadAdding::close() {
-  forgetFile();
+  dismiss();
   m_look.cancel();
-  m_work.cancel();
-  m_busy = m_looking = false;
+  m_looking = false;
   Store::close();
 }
 

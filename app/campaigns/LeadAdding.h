@@ -5,15 +5,16 @@
 
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/LeadBatch.h"
 #include "app/campaigns/LeadFile.h"
 #include "kit/models/campaigns/addLeads.h"
 #include "kit/models/leads.h"
 
 namespace orv {
 
-/// The dialog that adds leads to a campaign: one by hand, a list, a file or the workspace's own, and what came of it.
+/// The dialog that adds leads to a campaign: one by hand, a list, a file or the workspace's own.
 ///
-/// What takes long goes on while the dialog is hidden, and says so when it is done.
+/// The adding itself is a job of the workspace, which the dialog shows while it is there and hands over when it goes.
 class LeadAdding final : public Store {
   Q_OBJECT
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
@@ -40,18 +41,14 @@ class LeadAdding final : public Store {
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
   Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
   Q_PROPERTY(double progress READ progress NOTIFY changed)
-  Q_PROPERTY(bool hasResult READ hasResult NOTIFY changed)
-  Q_PROPERTY(QStringList resultLines READ resultLines NOTIFY changed)
 
  public:
   /// `added` is called when leads may have come into the campaign.
   LeadAdding(CampaignContext& context, std::function<void()> added);
-  ~LeadAdding() override;
 
   bool shown() const { return m_shown; }
   /// "manual", "list", "csv" or "leads".
   const QString& way() const { return m_way; }
-  /// "Add a lead", or what came of it: "12 leads added".
   QString title() const;
   QString submitLabel() const;
   bool canSubmit() const;
@@ -89,13 +86,10 @@ class LeadAdding final : public Store {
   bool allowOtherCampaigns() const { return m_allowOthers; }
   void setAllowOtherCampaigns(bool allowed);
 
-  bool busy() const { return m_busy; }
-  QString progressText() const;
+  bool busy() const { return m_job && m_job->running(); }
+  QString progressText() const { return busy() ? m_job->stage() : QString(); }
   /// From 0 to 1; below 0 while nobody can say.
-  double progress() const;
-  bool hasResult() const { return m_result.has_value(); }
-  /// A plain sentence for each kind of lead that was left out.
-  QStringList resultLines() const;
+  double progress() const { return busy() ? m_job->progress() : -1; }
 
   /// Opens the dialog, or shows the one whose work goes on.
   Q_INVOKABLE void show(const QString& way);
@@ -113,6 +107,7 @@ class LeadAdding final : public Store {
   Q_INVOKABLE void dismiss();
   Q_INVOKABLE void retryLists() { m_lists.load(); }
 
+  /// The dialog's own requests end; the adding goes on.
   void close() override;
 
  Q_SIGNALS:
@@ -121,33 +116,19 @@ class LeadAdding final : public Store {
   void fileChanged();
 
  private:
-  /// How far the work is.
-  struct Stage {
-    QString text;
-    qint64 done = 0;
-    qint64 all = 0;
-  };
-
   Task<void> chooseFileTask();
   Task<void> look(QString path);
-  Task<void> work(QString way);
-  Task<AddLeadsResult> addFile();
-  Task<AddLeadsResult> addOwn();
-  Task<void> watchFile();
-  void forgetFile();
+  LeadBatch batch() const;
+  QString jobName() const;
+  void jobEnded();
   void startAnew();
-  void setStage(const QString& text, qint64 done, qint64 all);
-  void finish(const AddLeadsResult& result);
-  void fail(const QString& reason);
   std::optional<qint64> ownCount() const;
 
   CampaignContext& m_context;
   std::function<void()> m_added;
   Resource<LeadListPage> m_lists;
-  TaskSlot m_work;
   TaskSlot m_look;
-  TaskSlot m_ticker;
-  std::shared_ptr<FileWatch> m_watch;
+  QPointer<Job> m_job;
   QString m_way;
   QString m_error;
   QString m_dedupe;
@@ -158,13 +139,8 @@ class LeadAdding final : public Store {
   QString m_path;
   LeadFilePreview m_preview;
   QString m_ownLimit;
-  Stage m_stage;
-  /// What the service has taken of work that goes in several requests.
-  AddLeadsResult m_soFar;
-  std::optional<AddLeadsResult> m_result;
   bool m_allowOthers = false;
   bool m_shown = false;
-  bool m_busy = false;
   bool m_looking = false;
 };
 

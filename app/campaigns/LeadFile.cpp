@@ -43,6 +43,8 @@ std::optional<QByteArray> readAll(QFile& file, FileWatch& watch) {
 
 }  // namespace
 
+QString megabytes(qint64 bytes) { return QString::number(double(bytes) / (1024 * 1024), 'f', 1) + u" MB"_s; }
+
 LeadFilePreview previewLeadFile(const QString& path) {
   QFile file(path);
   if (const QString error = open(file); !error.isEmpty()) return {error, 0, {}, {}};
@@ -57,15 +59,14 @@ LeadFilePreview previewLeadFile(const QString& path) {
   return {{}, file.size(), headers, rows};
 }
 
-LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, FileWatch& watch) {
+LeadFileBytes readLeadFile(const QString& path, FileWatch& watch) {
   QFile file(path);
   if (const QString error = open(file); !error.isEmpty()) return {error, {}};
-  const auto bytes = readAll(file, watch);
+  auto bytes = readAll(file, watch);
   if (!bytes) return {notReadable, {}};
   // It may have grown since it was opened.
   if (bytes->size() > mostBytes) return {tooLarge, {}};
-  const AddLeadsBody::Csv csv{decodeText(*bytes), QFileInfo(path).fileName(), dedupe};
-  return {{}, Requests::addLeads(campaignId, {csv})};
+  return {{}, *std::move(bytes)};
 }
 
 }  // namespace orv

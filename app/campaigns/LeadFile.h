@@ -1,11 +1,9 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QStringList>
 #include <atomic>
-#include <memory>
-
-#include "kit/api/APIRequest.h"
-#include "kit/models/campaigns/addLeads.h"
 
 namespace orv {
 
@@ -27,14 +25,18 @@ struct FileWatch {
   std::atomic<bool> stopped = false;
 };
 
-/// A file of leads, ready to be sent.
-struct LeadUpload {
+/// A file of leads as it is.
+struct LeadFileBytes {
+  /// Why it will not do; empty when it will.
   QString error;
-  std::optional<Request<AddLeadsResult>> request;
+  QByteArray bytes;
 };
+
+/// "2.4 MB".
+QString megabytes(qint64 bytes);
 
 /// Both read the file where they are called: not for the main thread.
 LeadFilePreview previewLeadFile(const QString& path);
-LeadUpload packLeadFile(const QString& campaignId, const QString& path, const QString& dedupe, FileWatch& watch);
+LeadFileBytes readLeadFile(const QString& path, FileWatch& watch);
 
 }  // namespace orv

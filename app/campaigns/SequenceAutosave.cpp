@@ -39,16 +39,40 @@ bool SequenceAutosave::take(const Campaign& loaded) {
   return m_savedInputs != before;
 }
 
+bool SequenceAutosave::restore(const QList<StepIn>& kept, const QList<CampaignStep>& loaded, bool isOther) {
+  if (m_closed || m_saving || !m_loaded || m_state != SaveState::saved) return false;
+  // A save may have come through whose answer nobody was there for: then the steps have ids by now.
+  if (withoutIds(kept) == withoutIds(m_draft.inputs())) return false;
+  m_draft.rebuild(stepsOf(kept));
+  // What has been deleted meanwhile is a new step now.
+  m_draft.keepIdsOf(loaded);
+  m_awaitsWord = isOther;
+  set(SaveState::dirty);
+  return true;
+}
+
+void SequenceAutosave::discard(const QList<CampaignStep>& loaded) {
+  if (m_closed || m_saving || !m_loaded) return;
+  m_wait.reset();
+  m_draft.rebuild(loaded);
+  m_savedInputs = m_draft.inputs();
+  m_awaitsWord = false;
+  set(SaveState::saved);
+}
+
 void SequenceAutosave::edited() {
   // Before the first load the draft is empty because it is unknown; saved, it would wipe out the sequence.
   if (!m_loaded) return;
+  m_awaitsWord = false;
   if (!m_closed) m_wait = m_clock.startTimer(wait, [this] { save(); });
   set(SaveState::dirty);
+  Q_EMIT typed();
 }
 
-void SequenceAutosave::save() {
+void SequenceAutosave::save(bool onLeaving) {
   m_wait.reset();
-  if (m_closed || !m_loaded) return;
+  if (m_closed || !m_loaded || (m_awaitsWord && onLeaving)) return;
+  m_awaitsWord = false;
   if (m_saving)
     m_saveAgain = m_saveAgain || m_draft.revision() != m_sentRevision;
   else
@@ -56,7 +80,7 @@ void SequenceAutosave::save() {
 }
 
 Task<bool> SequenceAutosave::flush() {
-  if (m_state != SaveState::saved) save();
+  if (m_state != SaveState::saved) save(true);
   if (!m_saving) co_return m_state == SaveState::saved;
   const OneShot<bool> outcome;
   m_waiting.append(outcome);

@@ -59,8 +59,15 @@ class SequenceAutosave final : public QObject {
     return std::forward<Change>(change)(m_draft);
   }
 
-  /// Saves without the wait: "Try again".
-  Q_INVOKABLE void save();
+  /// Steps that were not saved when the program or the session ended, on the sequence as loaded since. They are unsaved
+  /// again, and stay so until the person writes on, saves or leaves; where the sequence was changed since (`isOther`),
+  /// leaving is no word to put them in its place. False when the service has them.
+  bool restore(const QList<StepIn>& kept, const QList<CampaignStep>& loaded, bool isOther);
+  /// Back to the sequence as loaded; nothing of the draft is sent. Does nothing while a save is under way.
+  void discard(const QList<CampaignStep>& loaded);
+
+  /// Saves without the wait: "Try again". `onLeaving`, nobody has asked for it.
+  Q_INVOKABLE void save(bool onLeaving = false);
   /// Saves what is unsaved and waits for its end, edits made meanwhile included. True when the service then holds the
   /// very draft. This object may go while the task waits, which then gives false.
   Task<bool> flush();
@@ -69,6 +76,8 @@ class SequenceAutosave final : public QObject {
 
  Q_SIGNALS:
   void changed();
+  /// The draft is another one than a moment ago.
+  void typed();
   /// The campaign that the service returned for a save. The draft may have moved on since.
   void saved(const orv::Campaign& campaign);
 
@@ -101,6 +110,8 @@ class SequenceAutosave final : public QObject {
   std::optional<QList<StepIn>> m_savedInputs;
   /// What the save in flight carries.
   quint64 m_sentRevision = 0;
+  /// Restored on a sequence that somebody changed meanwhile.
+  bool m_awaitsWord = false;
   bool m_loaded = false;
   bool m_closed = false;
   bool m_saving = false;

@@ -110,6 +110,35 @@ QList<StepIn> inputsOf(const QList<DraftStep>& steps) {
   return inputs;
 }
 
+QList<CampaignStep> stepsOf(const QList<StepIn>& inputs) {
+  QList<CampaignStep> steps;
+  for (const StepIn& input : inputs) {
+    CampaignStep step;
+    step.id = input.id.value_or(QString());
+    step.position = steps.size() + 1;
+    step.delayMinutes = input.delayMinutes;
+    step.sameThread = input.sameThread;
+    for (const VariantIn& variant : input.variants)
+      step.variants.append({variant.id.value_or(QString()),
+                            variant.label,
+                            variant.subject,
+                            variant.body,
+                            variant.weight,
+                            variant.enabled,
+                            {}});
+    steps.append(step);
+  }
+  return steps;
+}
+
+QList<StepIn> withoutIds(QList<StepIn> steps) {
+  for (StepIn& step : steps) {
+    step.id.reset();
+    for (VariantIn& variant : step.variants) variant.id.reset();
+  }
+  return steps;
+}
+
 QList<DraftStep> withAnsweredIds(QList<DraftStep> sent, QList<CampaignStep> answered) {
   // Lists of another length are not an answer to what was sent; any pairing would be a guess.
   if (answered.size() != sent.size()) return sent;

@@ -50,6 +50,10 @@ struct DraftStep {
 /// A draft as the service's steps give it, with keys of its own.
 QList<DraftStep> draftOf(QList<CampaignStep> steps);
 QList<StepIn> inputsOf(const QList<DraftStep>& steps);
+/// Steps as the service would give them back.
+QList<CampaignStep> stepsOf(const QList<StepIn>& inputs);
+/// The texts alone.
+QList<StepIn> withoutIds(QList<StepIn> steps);
 /// `sent` with the ids that the service answered with. It tells nothing of our keys, so places in the lists decide.
 QList<DraftStep> withAnsweredIds(QList<DraftStep> sent, QList<CampaignStep> answered);
 

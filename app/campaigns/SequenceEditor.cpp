@@ -36,10 +36,27 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_autosave(context.services.clock, [this](StepsBody body) { return saveSteps(std::move(body)); }),
+      m_recovery(context.workspace,
+                 {.isUnsaved = [this] { return isUnsaved(); },
+                  .text =
+                      [this] {
+                        const Campaign* campaign = m_context.campaign.value();
+                        return JournalText{campaign ? campaign->version : std::nullopt,
+                                           encodeJSON(StepsBody{draft().inputs()})};
+                      },
+                  .restore = [this](const Recovery::Kept& kept) { return restore(kept); },
+                  .discard =
+                      [this] {
+                        showing([this] {
+                          m_autosave.discard(m_context.campaign.value()->steps.value_or(QList<CampaignStep>()));
+                        });
+                      }}),
       m_preview(context, m_autosave.draft()),
       m_testEmail(context, m_autosave, [this] { return emailShown(); }) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
   connect(&m_autosave, &SequenceAutosave::saved, this, &SequenceEditor::takeSaved);
+  connect(&m_autosave, &SequenceAutosave::changed, &m_recovery, &Recovery::follow);
+  connect(&m_autosave, &SequenceAutosave::typed, &m_recovery, &Recovery::follow);
   connect(m_preview.answer(), &ResourceBase::valueChanged, this, &SequenceEditor::collectVariables);
   collectVariables();
 }
@@ -61,8 +78,29 @@ void SequenceEditor::takeLoaded() {
   const Campaign& campaign = *m_context.campaign.value();
   // The answer to something that was asked before the last save knows an older sequence.
   if (m_savedVersion && campaign.version && *campaign.version < *m_savedVersion) return;
+  showing([this, &campaign] { m_autosave.take(campaign); });
+  m_recovery.begin(u"campaigns/"_s + m_context.id + u"/sequence"_s, campaign.version);
+}
+
+Recovery::Restored SequenceEditor::restore(const Recovery::Kept& kept) {
+  using Restored = Recovery::Restored;
+  try {
+    const auto steps = decodeJSON<StepsBody>(kept.text.bytes).steps;
+    bool isShown = false;
+    showing([&] {
+      isShown =
+          m_autosave.restore(steps, m_context.campaign.value()->steps.value_or(QList<CampaignStep>()), kept.isOther);
+    });
+    return isShown ? Restored::shown : Restored::held;
+  } catch (const DecodeError&) {
+    return Restored::unreadable;
+  }
+}
+
+template <class Change>
+void SequenceEditor::showing(Change&& change) {
   const QString subjectBefore = subject(), bodyBefore = body(), variantBefore = m_shown.variant;
-  m_autosave.take(campaign);
+  change();
   follow();
   if (m_shown.variant == variantBefore && (subject() != subjectBefore || body() != bodyBefore)) Q_EMIT textShown();
 }

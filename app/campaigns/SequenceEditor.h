@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceAutosave.h"
@@ -21,6 +22,7 @@ class SequenceEditor final : public Store {
   Q_PROPERTY(orv::SequenceAutosave* autosave READ autosave CONSTANT)
   Q_PROPERTY(orv::SequencePreview* preview READ preview CONSTANT)
   Q_PROPERTY(orv::TestEmailForm* testEmail READ testEmail CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::ListModel* steps READ steps CONSTANT)
   Q_PROPERTY(int stepCount READ stepCount NOTIFY changed)
   Q_PROPERTY(int place READ place NOTIFY changed)
@@ -47,6 +49,8 @@ class SequenceEditor final : public Store {
   SequenceAutosave* autosave() { return &m_autosave; }
   SequencePreview* preview() { return &m_preview; }
   TestEmailForm* testEmail() { return &m_testEmail; }
+  /// Of what an earlier run or session did not save.
+  Recovery* recovery() { return &m_recovery; }
   SequenceRows* steps() { return &m_rows; }
   const SequenceDraft& draft() const { return m_autosave.draft(); }
 
@@ -128,6 +132,10 @@ class SequenceEditor final : public Store {
   template <class Change>
   auto edit(Change&& change);
   void takeLoaded();
+  /// Runs what may change the text that the fields show, and has them show it.
+  template <class Change>
+  void showing(Change&& change);
+  Recovery::Restored restore(const Recovery::Kept& kept);
   Task<Campaign> saveSteps(StepsBody body);
   void takeSaved(const Campaign& campaign);
   void follow();
@@ -143,6 +151,7 @@ class SequenceEditor final : public Store {
   /// When the save under way went out.
   Stamp m_saveAsked{};
   SequenceAutosave m_autosave;
+  Recovery m_recovery;
   SequencePreview m_preview;
   TestEmailForm m_testEmail;
   SequenceRows m_rows;

@@ -33,12 +33,22 @@ AppModel::AppModel(Platform platform, QObject* parent)
       m_router(m_platform.preferences, m_platform.clock),
       m_appearance(m_platform.preferences),
       m_signIn(m_platform.api, m_platform.clock, m_platform.browser, m_platform.baseURL, m_platform.device),
-      m_services{m_platform.clock,     m_toasts,
-                 m_overlays,           m_router,
-                 m_platform.clipboard, m_platform.filePanel,
-                 m_platform.revealer,  m_platform.preferences,
+      m_journal(m_platform.journalFiles ? *m_platform.journalFiles : m_memoryFiles, m_platform.clock),
+      m_services{m_platform.clock,
+                 m_toasts,
+                 m_overlays,
+                 m_router,
+                 m_platform.clipboard,
+                 m_platform.filePanel,
+                 m_platform.revealer,
+                 m_platform.preferences,
+                 m_journal,
+                 m_jobs,
                  m_platform.baseURL},
-      m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
+      m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening),
+      m_departure(
+          m_platform.clock, m_overlays, m_jobs,
+          {.unsaved = [this] { return m_sessions.unsavedWork(); }, .flush = [this] { return m_sessions.flush(); }}) {
   m_sessions.onNotSaved = [this](const WorkspaceSession& session) {
     m_toasts.show({.message = u"Unsaved changes in %1"_s.arg(session.name()),
                    .tone = Toasts::Tone::error,
@@ -123,6 +133,7 @@ void AppModel::adopt(StoredSession session) {
 }
 
 void AppModel::openInitialWorkspace() {
+  m_journal.open({m_stored->user.id, m_platform.baseURL.toString(QUrl::RemovePath | QUrl::FullyEncoded)});
   const auto& list = m_stored->workspaces;
   const auto last = std::ranges::find_if(
       list, [this](const WorkspaceSummary& workspace) { return workspace.slug == m_stored->currentSlug; });
@@ -212,7 +223,7 @@ void AppModel::applyAccount(const MeResponse& account) {
   m_stored->workspaces = account.workspaces;
   if (account.workspaces.isEmpty()) {
     m_farewells.start(logOut(m_stored->token));
-    leave();
+    leave(Leaving::sessionEnded);
     m_signIn.setNotice(noWorkspaceNotice);
     return;
   }
@@ -264,27 +275,35 @@ void AppModel::signOut() {
 }
 
 bool AppModel::mayClose() {
-  if (m_closable || m_sessions.unsavedWork().isEmpty()) return true;
-  m_leaving.start(closeTask());
+  if (m_closable || !m_departure.isUnsaved()) return true;
+  // A second wish to close is no other one.
+  if (!std::exchange(m_closing, true) || m_leaving.isIdle()) m_leaving.start(closeTask());
   return false;
 }
 
-Task<bool> AppModel::saveWork(QString title, QString verb) {
-  if (m_sessions.unsavedWork().isEmpty() || co_await m_sessions.flush()) co_return true;
-  const QString lost = m_sessions.unsavedWork().join(u'\n') + u"\nThey would be lost."_s;
-  co_return co_await m_overlays.confirm({.title = title, .text = lost, .confirm = verb, .destructive = true});
-}
-
 Task<void> AppModel::closeTask() {
-  if (!co_await saveWork(u"Close without saving?"_s, u"Close"_s)) co_return;
+  const bool cutsOff = m_jobs.running() > 0;
+  const bool goes = co_await m_departure.mayGo(
+      {.question = u"Close without saving?"_s,
+       .confirm = u"Close"_s,
+       .price = cutsOff ? u"What you wrote is kept on this computer. What is under way is cut off."_s
+                        : u"What you wrote is kept on this computer for when you’re back."_s,
+       .now = u"Close now"_s});
+  m_closing = false;
+  if (!goes) co_return;
   m_closable = true;
   Q_EMIT closable();
 }
 
 Task<void> AppModel::signOutTask() {
-  if (!co_await saveWork(u"Sign out without saving?"_s, u"Sign out"_s) || !m_stored) co_return;
+  m_closing = false;
+  const bool goes = co_await m_departure.mayGo({.question = u"Sign out without saving?"_s,
+                                                .confirm = u"Sign out"_s,
+                                                .price = u"They would be lost."_s,
+                                                .now = u"Sign out now"_s});
+  if (!goes || !m_stored) co_return;
   m_farewells.start(logOut(m_stored->token));
-  leave();
+  leave(Leaving::byChoice);
 }
 
 Task<void> AppModel::logOut(QString token) {
@@ -299,12 +318,15 @@ void AppModel::endSession(const QString& token) {
   // An answer to an older sign-in says nothing about this one.
   if (!m_stored || m_stored->token != token) return;
   qCInfo(lcApp, "The session has ended");
-  leave();
+  leave(Leaving::sessionEnded);
   m_signIn.setNotice(u"Your session ended. Sign in again."_s);
 }
 
-void AppModel::leave() {
+void AppModel::leave(Leaving why) {
   m_leaving.cancel();
+  m_closing = false;
+  // Before the stores go: they have what was typed.
+  why == Leaving::byChoice ? m_journal.forget() : m_journal.close();
   m_account.cancel();
   m_remember.cancel();
   m_overlays.dismissAll();
@@ -320,6 +342,11 @@ void AppModel::leave() {
   // Screens let go of their stores before the stores go.
   Q_EMIT changed();
   m_sessions.clear();
+  for (const QString& name : m_jobs.clear())
+    if (why == Leaving::sessionEnded)
+      m_toasts.show({.message = name + u" was cut off"_s,
+                     .tone = Toasts::Tone::error,
+                     .detail = u"Your session ended before it was done."_s});
   // What outlives a session (an undo, a job) does not outlive the sign-in.
   for (const auto& context : std::exchange(m_contexts, {}))
     if (const auto there = context.lock()) there->close();

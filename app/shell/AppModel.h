@@ -6,10 +6,13 @@
 #include <optional>
 
 #include "app/base/EnumName.h"
+#include "app/base/Jobs.h"
+#include "app/base/Journal.h"
 #include "app/base/Services.h"
 #include "app/base/StoreCache.h"
 #include "app/base/desktop/MemoryPressure.h"
 #include "app/shell/Appearance.h"
+#include "app/shell/Departure.h"
 #include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
 #include "app/shell/WorkspaceSession.h"
@@ -35,6 +38,8 @@ struct Platform {
   std::optional<StoredSession> demoSession;
   /// Where the person's state is kept that is no setting; empty to keep none.
   QString stateFolder = {};
+  /// Where what is typed survives this process; null keeps it in memory alone.
+  JournalFiles* journalFiles = nullptr;
 };
 
 /// The application's root: signed out or signed in, and the few workspaces kept warm.
@@ -52,6 +57,8 @@ class AppModel final : public QObject {
   Q_PROPERTY(orv::Overlays* overlays READ overlays CONSTANT)
   Q_PROPERTY(orv::SignInModel* signIn READ signIn CONSTANT)
   Q_PROPERTY(orv::Appearance* appearance READ appearance CONSTANT)
+  Q_PROPERTY(orv::Jobs* jobs READ jobs CONSTANT)
+  Q_PROPERTY(orv::Departure* departure READ departure CONSTANT)
 
  public:
   enum class Phase { booting, signedOut, signedIn };
@@ -86,6 +93,9 @@ class AppModel final : public QObject {
   Overlays* overlays() { return &m_overlays; }
   SignInModel* signIn() { return &m_signIn; }
   Appearance* appearance() { return &m_appearance; }
+  Jobs* jobs() { return &m_jobs; }
+  Departure* departure() { return &m_departure; }
+  Journal& journal() { return m_journal; }
 
   Q_INVOKABLE void openWorkspace(const QString& slug);
   /// Saves what is unsaved first, and asks when that does not work.
@@ -95,7 +105,7 @@ class AppModel final : public QObject {
   /// The window became active: workspaces and roles may have changed meanwhile, or the session run out.
   Q_INVOKABLE void refreshAccount();
   /// A sign-out or a save is under way that the person would miss if the program ended now.
-  bool isFinishing() const { return !m_keychain.isIdle() || !m_farewells.isIdle(); }
+  bool isFinishing() const { return !m_keychain.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
 
  Q_SIGNALS:
   void changed();
@@ -118,12 +128,13 @@ class AppModel final : public QObject {
   void keep();
   Task<void> saveSession(StoredSession session);
   Task<void> clearSession();
-  Task<bool> saveWork(QString title, QString verb);
   Task<void> signOutTask();
   Task<void> closeTask();
   Task<void> logOut(QString token);
   void endSession(const QString& token);
-  void leave();
+  /// What was typed stays for the same person, unless they go by choice.
+  enum class Leaving { byChoice, sessionEnded };
+  void leave(Leaving why);
   void trim();
 
   Platform m_platform;
@@ -134,6 +145,9 @@ class AppModel final : public QObject {
   Router m_router;
   Appearance m_appearance;
   SignInModel m_signIn;
+  MemoryJournalFiles m_memoryFiles;
+  Journal m_journal;
+  Jobs m_jobs;
   Services m_services;
 
   Phase m_phase = Phase::booting;
@@ -143,6 +157,7 @@ class AppModel final : public QObject {
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
   StoreCache<WorkspaceSession> m_sessions;
+  Departure m_departure;
   QHash<QString, std::weak_ptr<WorkspaceContext>> m_contexts;
 
   TaskSlot m_boot;
@@ -153,6 +168,7 @@ class AppModel final : public QObject {
   TaskSlot m_leaving;
   /// The person was asked whether what could not be saved may go.
   bool m_closable = false;
+  bool m_closing = false;
   /// Keychain writes, one after the other: a save overtaken by the clear of a sign-out would bring the session back.
   TaskSlot m_keychain;
   TaskScope m_farewells;

@@ -54,10 +54,7 @@ Task<bool> WorkspaceSession::flush() {
   co_return session&& unsavedWork().isEmpty();
 }
 
-void WorkspaceSession::trim() {
-  m_campaignStores.evictAll();
-  Q_EMIT campaignStoresDropped();
-}
+void WorkspaceSession::trim() { m_campaignStores.evictAll(); }
 
 void WorkspaceSession::close() {
   for (Store* store : m_stores) store->close();

@@ -46,15 +46,13 @@ class WorkspaceSession final : public QObject {
   /// Saves what can be saved unasked; true when nothing is left.
   Task<bool> flush();
 
-  /// Under memory pressure: lets go of what can be loaded again.
+  /// Under memory pressure: lets go of what can be loaded again and is not on the screen.
   void trim();
   /// Stops all requests of its stores; nothing of this session is applied any more.
   void close();
 
  Q_SIGNALS:
   void workspaceChanged();
-  /// The campaigns' stores are going: who shows one asks for it anew.
-  void campaignStoresDropped();
 
  private:
   template <class S, class... Arguments>

@@ -51,6 +51,22 @@ CampaignLeads& openLeads(Stage& stage) { return *openTab(stage, u"running"_s, u"
 
 QString firstLead(CampaignLeads& leads) { return leads.rows()->records().front().id; }
 
+/// The draft with a sequence that an earlier run of the program left, which ended before it was saved.
+void openRestored(Stage& stage) {
+  openCampaign(stage, u"draft"_s);
+  stage.settle();
+  const QString id = stage.app().router()->campaign();
+  stage.app().router()->open(Page::campaigns);
+  stage.settle();
+  stage.app().session()->trim();
+  stage.app().journal().keep({stage.app().session()->slug(), u"campaigns/"_s + id + u"/sequence"_s}, [] {
+    const VariantIn variant{{}, u"A"_s, u"Back again"_s, u"This was being written when the power went."_s, 1, true};
+    return JournalText{1, encodeJSON(StepsBody{{{{}, 0, false, {variant}}}})};
+  });
+  stage.app().journal().write();
+  stage.app().router()->openCampaign(id);
+}
+
 QList<Scene> headerScenes() {
   using Mode = StagedTransport::Mode;
   return {
@@ -85,6 +101,13 @@ QList<Scene> headerScenes() {
 QList<Scene> sequenceScenes() {
   using Mode = StagedTransport::Mode;
   return {
+      {u"campaign-sequence-restored"_s, openRestored},
+      {u"campaign-saving-to-close"_s,
+       [](Stage& s) {
+         openSequence(s, u"draft"_s).setBody(u"Written a moment ago."_s);
+         s.transport().mode = Mode::holding;
+         s.window().close();
+       }},
       {u"campaign-sequence-second"_s, [](Stage& s) { openSequence(s, u"running"_s).selectPlace(1); }},
       {u"campaign-sequence-variants"_s,
        [](Stage& s) {
@@ -178,6 +201,18 @@ QList<Scene> leadScenes() {
          s.settle();
          adding.setListId(u"li_fair"_s);
          adding.submit();
+       }},
+      {u"leads-adding-elsewhere"_s,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"manual"_s);
+         adding.setEmail(u"jo@lead.example"_s);
+         s.transport().mode = StagedTransport::Mode::holding;
+         adding.submit();
+         adding.dismiss();
+         s.app().router()->open(Page::dashboard);
+         s.settle();
+         s.press(s.app().jobs()->line());
        }},
       {u"leads-move"_s,
        [](Stage& s) {

@@ -14,12 +14,12 @@ namespace orv {
 /// A task that is dropped meanwhile leaves the work running: what takes long looks at a flag that it shares with its
 /// owner. `work` must own what it reads and must not throw.
 template <class R>
-Task<R> inBackground(std::function<R()> work) {
+Task<R> inBackground(std::function<R()> work, QThreadPool* pool = QThreadPool::globalInstance()) {
   // The last to let go may be the worker, when the task is gone already; the object dies on its own thread all the
   // same.
   const std::shared_ptr<QObject> home(new QObject, [](QObject* object) { object->deleteLater(); });
   const OneShot<R> done;
-  QThreadPool::globalInstance()->start([home, done, work = std::move(work)] {
+  pool->start([home, done, work = std::move(work)] {
     auto result = std::make_shared<R>(work());
     QMetaObject::invokeMethod(
         home.get(), [done = OneShot<R>(done), result]() mutable { done.give(std::move(*result)); },

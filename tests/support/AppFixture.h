@@ -4,6 +4,8 @@
 #include <QList>
 #include <map>
 
+#include "app/base/Jobs.h"
+#include "app/base/Journal.h"
 #include "app/base/WorkspaceContext.h"
 #include "app/base/desktop/MemoryPressure.h"
 #include "kit/async/ManualClock.h"
@@ -138,9 +140,20 @@ struct AppFixture {
   Toasts toasts{clock};
   Overlays overlays;
   FakeNavigator navigator;
-  Services services{clock,     toasts,      overlays,
-                    navigator, clipboard,   filePanel,
-                    revealer,  preferences, QUrl(QStringLiteral("https://app.orvella.example"))};
+  MemoryJournalFiles journalFiles;
+  Journal journal{journalFiles, clock};
+  Jobs jobs;
+  Services services{clock,
+                    toasts,
+                    overlays,
+                    navigator,
+                    clipboard,
+                    filePanel,
+                    revealer,
+                    preferences,
+                    journal,
+                    jobs,
+                    QUrl(QStringLiteral("https://app.orvella.example"))};
   /// Of the workspace "acme", whose member the person is.
   std::shared_ptr<WorkspaceContext> context = std::make_shared<WorkspaceContext>(
       WorkspaceSummary{

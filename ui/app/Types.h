@@ -4,8 +4,10 @@
 
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
+#include "app/base/Jobs.h"
 #include "app/base/ListModel.h"
 #include "app/base/Overlays.h"
+#include "app/base/Recovery.h"
 #include "app/base/Resource.h"
 #include "app/base/Toasts.h"
 
@@ -27,6 +29,20 @@ struct FormType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct JobType {
+  Q_GADGET
+  QML_FOREIGN(orv::Job)
+  QML_NAMED_ELEMENT(Job)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct JobsType {
+  Q_GADGET
+  QML_FOREIGN(orv::Jobs)
+  QML_NAMED_ELEMENT(Jobs)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct ListModelType {
   Q_GADGET
   QML_FOREIGN(orv::ListModel)
@@ -45,6 +61,13 @@ struct OverlaysType {
   Q_GADGET
   QML_FOREIGN(orv::Overlays)
   QML_NAMED_ELEMENT(Overlays)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RecoveryType {
+  Q_GADGET
+  QML_FOREIGN(orv::Recovery)
+  QML_NAMED_ELEMENT(Recovery)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -3,7 +3,7 @@ import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
-/// The dialog that adds leads, shows how far that is, and then what came of it.
+/// The dialog that adds leads and shows how far that is.
 OnDemand {
     id: root
 
@@ -13,11 +13,10 @@ OnDemand {
 
     sourceComponent: OrvDialog {
         title: root.adding.title
-        text: root.adding.hasResult && root.adding.resultLines.length > 0 ? "Left out:" : ""
         dialogWidth: root.adding.way === "csv" ? 640 : 480
         confirmText: root.adding.submitLabel
         confirmEnabled: root.adding.canSubmit
-        cancelText: root.adding.busy ? "Hide" : root.adding.hasResult ? "" : "Cancel"
+        cancelText: root.adding.busy ? "Hide" : "Cancel"
         error: root.adding.error
         initialFocus: root.adding.way === "manual" ? byHand : null
         onConfirmed: root.adding.submit()
@@ -26,28 +25,28 @@ OnDemand {
         LeadByHand {
             id: byHand
             width: parent.width
-            visible: root.adding.way === "manual" && !root.adding.hasResult
+            visible: root.adding.way === "manual"
             enabled: !root.adding.busy
             adding: root.adding
         }
 
         LeadsFromFile {
             width: parent.width
-            visible: root.adding.way === "csv" && !root.adding.hasResult
+            visible: root.adding.way === "csv"
             enabled: !root.adding.busy
             adding: root.adding
         }
 
         LeadsFromList {
             width: parent.width
-            visible: root.adding.way === "list" && !root.adding.hasResult
+            visible: root.adding.way === "list"
             enabled: !root.adding.busy
             adding: root.adding
         }
 
         OrvField {
             width: parent.width
-            visible: root.adding.way === "leads" && !root.adding.hasResult
+            visible: root.adding.way === "leads"
             enabled: !root.adding.busy
             label: "How many"
             placeholder: "As many as there are"
@@ -58,7 +57,7 @@ OnDemand {
         }
 
         OrvCheckbox {
-            visible: root.adding.way === "leads" && !root.adding.hasResult
+            visible: root.adding.way === "leads"
             enabled: !root.adding.busy
             text: "Also add leads that are in another campaign"
             checked: root.adding.allowOtherCampaigns
@@ -67,7 +66,7 @@ OnDemand {
 
         OrvSelect {
             width: parent.width
-            visible: root.adding.way !== "leads" && !root.adding.hasResult
+            visible: root.adding.way !== "leads"
             enabled: !root.adding.busy
             label: "Leave out people who are in"
             options: [
@@ -82,29 +81,6 @@ OnDemand {
             width: parent.width
             visible: root.adding.busy
             adding: root.adding
-        }
-
-        Column {
-            visible: root.adding.hasResult && root.adding.resultLines.length > 0
-            width: parent.width
-            spacing: 4
-
-            Repeater {
-                model: root.adding.resultLines
-
-                Text {
-                    required property string modelData
-
-                    width: parent.width
-                    wrapMode: Text.Wrap
-                    textFormat: Text.PlainText
-                    text: modelData
-                    font: Theme.body
-                    color: Theme.text
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: text
-                }
-            }
         }
     }
 }

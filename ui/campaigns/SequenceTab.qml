@@ -15,7 +15,7 @@ FocusScope {
 
     Component.onCompleted: editor.preview.wantVariables()
     // Nobody who goes elsewhere has to wait to be sure.
-    Component.onDestruction: editor.autosave.save()
+    Component.onDestruction: editor.autosave.save(true)
 
     Timeline {
         id: timeline
@@ -36,10 +36,18 @@ FocusScope {
         text: root.editor.autosave.failure
     }
 
+    RestoredNotice {
+        id: restored
+        x: unsaved.x
+        y: unsaved.visible ? unsaved.y + unsaved.height + 8 : 12
+        width: unsaved.width
+        recovery: root.editor.recovery
+    }
+
     StepEditor {
         id: writing
         x: timeline.width
-        y: unsaved.visible ? unsaved.y + unsaved.height : 0
+        y: restored.visible ? restored.y + restored.height : unsaved.visible ? unsaved.y + unsaved.height : 0
         width: root.width - x - (root.wide ? root.previewWidth : 0)
         height: parent.height - y
         focus: true

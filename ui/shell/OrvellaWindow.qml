@@ -78,6 +78,15 @@ Window {
         }
     }
 
+    JobResultDialog {
+        jobs: root.app.jobs
+        workspace: root.app.session !== null ? root.app.session.slug : ""
+    }
+
+    SavingDialog {
+        departure: root.app.departure
+    }
+
     ConfirmDialog {
         overlays: root.app.overlays
     }

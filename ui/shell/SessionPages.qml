@@ -69,30 +69,25 @@ FocusScope {
             focus: true
 
             Repeater {
-                id: opened
-
-                property int generation: 0
-
-                // One campaign after the other gets a page of its own; so does one whose store was let go.
-                model: root.router.campaign !== "" && generation >= 0
-                       ? [{ id: root.router.campaign, generation: generation }] : []
+                // One campaign after the other gets a page of its own.
+                model: root.router.campaign !== "" ? [root.router.campaign] : []
 
                 CampaignPage {
-                    required property var modelData
+                    required property string modelData
+                    readonly property CampaignStore kept: root.session.campaignStore(modelData)
 
                     anchors.fill: parent
                     focus: true
-                    store: root.session.campaignStore(modelData.id)
+                    store: kept
                     onBackRequested: root.router.open("campaigns")
                     onCampaignRequested: id => root.router.openCampaign(id)
-                }
-            }
 
-            Connections {
-                target: root.session
-
-                function onCampaignStoresDropped() {
-                    ++opened.generation;
+                    // What is on the screen stays, however short the memory.
+                    Component.onCompleted: kept.appear()
+                    Component.onDestruction: {
+                        if (kept)
+                            kept.disappear();
+                    }
                 }
             }
         }

@@ -140,7 +140,7 @@ FocusScope {
         readonly property var info: root.pages[root.pages.length - 1]
 
         x: 8
-        y: person.y - height - 8
+        y: (jobs.visible ? jobs.y : person.y) - height - 8
         width: root.itemWidth
         rail: root.rail
         text: info.title
@@ -148,6 +148,15 @@ FocusScope {
         keys: "G " + info.key
         current: root.router.page === info.page
         onClicked: root.router.open(info.page)
+    }
+
+    JobsLine {
+        id: jobs
+        x: 8
+        y: person.y - height - 8
+        width: root.itemWidth
+        jobs: root.app.jobs
+        rail: root.rail
     }
 
     PersonFoot {

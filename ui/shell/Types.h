@@ -34,6 +34,13 @@ struct CommandPaletteType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct DepartureType {
+  Q_GADGET
+  QML_FOREIGN(orv::Departure)
+  QML_NAMED_ELEMENT(Departure)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct RouterType {
   Q_GADGET
   QML_FOREIGN(orv::Router)

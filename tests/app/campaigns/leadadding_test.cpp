@@ -6,6 +6,7 @@
 
 #include "app/base/CsvReader.h"
 #include "app/campaigns/LeadAdding.h"
+#include "app/campaigns/LeadFileUpload.h"
 #include "tests/app/campaigns/CampaignFixture.h"
 
 using namespace orv;
@@ -31,7 +32,7 @@ class LeadAddingTest : public QObject {
 
   struct Life : CampaignFixture {
     int added = 0;
-    LeadAdding adding{context, [this] { ++added; }};
+    std::optional<LeadAdding> adding{std::in_place, context, [this] { ++added; }};
   };
   std::unique_ptr<Life> life;
   AppFixture* f = nullptr;
@@ -58,7 +59,7 @@ class LeadAddingTest : public QObject {
   void init() {
     life = std::make_unique<Life>();
     f = &life->f;
-    adding = &life->adding;
+    adding = &*life->adding;
   }
   void cleanup() { life.reset(); }
 
@@ -85,7 +86,8 @@ class LeadAddingTest : public QObject {
                                   {u"data"_s, QJsonObject{{u"firstName"_s, u"Ana"_s}}},
                                   {u"dedupe"_s, u"campaign"_s}}));
     f->api.answer(add, addResult(1));
-    QCOMPARE(adding->title(), u"1 lead added"_s);
+    QCOMPARE(f->jobs.shown()->title(), u"1 lead added"_s);
+    QVERIFY(!adding->shown());
     QCOMPARE(life->added, 1);
   }
 
@@ -102,12 +104,11 @@ class LeadAddingTest : public QObject {
     QCOMPARE(body(), (QJsonObject{{u"source"_s, u"list"_s}, {u"listId"_s, u"li1"_s}, {u"dedupe"_s, u"workspace"_s}}));
     f->api.answer(add, addResult(0, R"({"alreadyInCampaign":1,"inOtherCampaign":2,"inList":3,"suppressed":1,)"
                                     R"("invalid":1200,"duplicateInFile":1})"));
-    QCOMPARE(adding->title(), u"No leads added"_s);
-    QCOMPARE(adding->resultLines(),
+    QCOMPARE(f->jobs.shown()->title(), u"No leads added"_s);
+    QCOMPARE(f->jobs.shown()->lines(),
              (QStringList{u"1 was in this campaign already"_s, u"2 are in another campaign"_s,
                           u"3 are in another list"_s, u"1 is on the block list and never gets an email"_s,
                           u"1,200 have no valid email address"_s, u"1 came more than once"_s}));
-    adding->submit();
     QVERIFY(!adding->shown());
   }
 
@@ -141,7 +142,7 @@ class LeadAddingTest : public QObject {
     f->api.answer(add, addResult(10));
     QCOMPARE(toast(), u"2,000 leads added"_s);
     f->toasts.act(f->toasts.toasts().last().id);
-    QVERIFY(adding->shown() && adding->hasResult());
+    QCOMPARE(f->jobs.shown()->title(), u"2,000 leads added"_s);
   }
 
   void whatWasTakenBeforeAFailureIsTold() {
@@ -156,7 +157,7 @@ class LeadAddingTest : public QObject {
     f->api.answer(add, addResult(7));
     f->api.answer(add, refusal, 422);
     QCOMPARE(adding->error(), u"Not now: It is being checked. Before that, 7 leads added."_s);
-    QVERIFY(!adding->busy() && !adding->hasResult());
+    QVERIFY(!adding->busy() && adding->shown() && !f->jobs.shown());
     QCOMPARE(life->added, 1);
   }
 
@@ -242,10 +243,42 @@ class LeadAddingTest : public QObject {
     adding->stop();
     QVERIFY(!adding->busy() && adding->canSubmit());
     QCOMPARE(life->added, 1);
-    // So is one whose page goes while it is read.
+  }
+
+  void itGoesOnWhenThePageIsGone() {
+    adding->show(u"leads"_s);
+    f->api.expect(own);
     adding->submit();
-    life.reset();
-    settle();
+    // The store is let go, and the campaign's page opened anew.
+    life->adding.reset();
+    int told = 0;
+    const LeadAdding anew(life->context, [&told] { ++told; });
+    f->api.expect(add);
+    f->api.answer(own, R"({"ids":["o1"]})");
+    f->api.answer(add, addResult(1));
+    QCOMPARE(toast(), u"1 lead added"_s);
+    QCOMPARE(told, 1);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QCOMPARE(f->jobs.shown()->title(), u"1 lead added"_s);
+  }
+
+  void aFileThatIsSentIsTheFile_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QByteArray every;
+    for (int code = 0; code < 256; ++code) every += char(code);
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("every byte") << every;
+    QTest::newRow("Windows-1252") << "\x80\x9F\xFF \"quoted\"\\\r\n\t\b\f\x01"_ba;
+    QTest::newRow("UTF-8 with its mark") << "\xEF\xBB\xBF\xC3\xBC\xE2\x82\xAC\xF0\x9F\x98\x80 \x7F\x1F"_ba;
+  }
+  void aFileThatIsSentIsTheFile() {
+    QFETCH(QByteArray, bytes);
+    const AddLeadsBody whole{AddLeadsBody::Csv{decodeText(bytes), u"\"csv\":\"\".csv"_s, u"campaign"_s}};
+    const auto expected = Requests::addLeads(u"c1"_s, whole);
+    const auto packed = leadFileUpload(u"c1"_s, u"\"csv\":\"\".csv"_s, u"campaign"_s, bytes);
+    QCOMPARE(packed.path, expected.path);
+    QCOMPARE(QJsonDocument::fromJson(*packed.body), QJsonDocument::fromJson(*expected.body));
+    QVERIFY(packed.body->size() == packed.body->capacity());
   }
 };
 

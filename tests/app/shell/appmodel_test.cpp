@@ -390,16 +390,16 @@ class AppModelTest : public QObject {
     f->api.answer(u"GET /campaigns/c1"_s, R"({"id":"c1","name":"Fair","status":"draft"})");
     form()->draft()->set(u"gap"_s, u"9"_s);
     QSignalSpy closable(app.get(), &AppModel::closable);
-    const QString lost = u"“Fair” has unsaved changes: settings.\nThey would be lost."_s;
+    const auto unsaved = u"“Fair” has unsaved changes: settings.\n"_s;
     for (int round = 0; round < 2; ++round) {
       QVERIFY(!app->mayClose());
       QVERIFY(app->overlays()->asking());
-      QCOMPARE(app->overlays()->text(), lost);
+      QCOMPARE(app->overlays()->text(), unsaved + u"What you wrote is kept on this computer for when you’re back."_s);
       app->overlays()->answer(app->overlays()->token(), false);
     }
     QCOMPARE(closable.count(), 0);
     app->signOut();
-    QCOMPARE(app->overlays()->text(), lost);
+    QCOMPARE(app->overlays()->text(), unsaved + u"They would be lost."_s);
     app->overlays()->answer(app->overlays()->token(), false);
     QCOMPARE(app->phase(), AppModel::Phase::signedIn);
 

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <variant>
+
+#include "app/base/Jobs.h"
+#include "kit/models/campaignLeads.h"
+#include "kit/models/leads.h"
+
+namespace orv {
+
+/// News of a campaign whose leads somebody adds: told under its id when some may have come in.
+struct AddedLeads;
+
+/// Whom to add to a campaign, as the dialog had it when it was sent off. What goes on from there needs no dialog.
+struct LeadBatch {
+  struct File {
+    QString path;
+    QString dedupe;
+    qint64 bytes = 0;
+  };
+  /// The newest of the workspace's own leads.
+  struct Own {
+    qint64 count = 0;
+    bool allowOtherCampaigns = false;
+  };
+
+  QString campaignId;
+  std::variant<AddLeadsBody, File, Own> source;
+};
+
+/// Adds them, in as many requests as that takes.
+Task<JobOutcome> addLeads(Job* job, LeadBatch batch);
+
+}  // namespace orv

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "kit/models/campaignLeads.h"
+
+namespace orv {
+
+/// The request that adds a file of leads to a campaign. Takes as long as the file is: not for the main thread.
+Request<AddLeadsResult> leadFileUpload(const QString& campaignId, const QString& fileName, const QString& dedupe,
+                                       QByteArrayView bytes);
+
+}  // namespace orv

@@ -1,0 +1,83 @@
+#include "app/shell/Departure.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+/// From the wish to go to its end, whatever that is.
+class Departure::Waiting {
+ public:
+  explicit Waiting(Departure& departure) : m_departure(departure) {
+    m_departure.m_patience = m_departure.m_clock.startTimer(patience, [&departure] {
+      departure.m_saving = true;
+      Q_EMIT departure.changed();
+    });
+  }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+  ~Waiting() {
+    m_departure.m_patience.reset();
+    m_departure.m_task.cancel();
+    if (std::exchange(m_departure.m_saving, false)) Q_EMIT m_departure.changed();
+  }
+
+ private:
+  Departure& m_departure;
+};
+
+Departure::Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QObject* parent)
+    : QObject(parent), m_clock(clock), m_overlays(overlays), m_jobs(jobs), m_work(std::move(work)) {
+  connect(&jobs, &Jobs::changed, this, &Departure::jobsChanged);
+}
+
+QStringList Departure::lines() const { return m_work.unsaved() + m_jobs.unsavedWork(); }
+
+Task<bool> Departure::mayGo(Words words) {
+  m_words = std::move(words);
+  auto choice = Choice::saved;
+  {
+    const Waiting waiting(*this);
+    // Somebody may have written more while the last save was under way.
+    for (int round = 0; choice == Choice::saved && isUnsaved(); ++round) {
+      if (round == roundsAtMost) {
+        choice = Choice::notSaved;
+        break;
+      }
+      m_choice = {};
+      m_task.start(save());
+      choice = co_await m_choice.wait();
+    }
+  }
+  if (choice == Choice::notSaved) co_return co_await ask();
+  co_return choice != Choice::stay;
+}
+
+Task<bool> Departure::ask() {
+  return m_overlays.confirm({.title = m_words.question,
+                             .text = text() + u'\n' + m_words.price,
+                             .confirm = m_words.confirm,
+                             .destructive = true});
+}
+
+Task<void> Departure::save() {
+  if (!m_work.unsaved().isEmpty() && !co_await m_work.flush()) co_return choose(Choice::notSaved);
+  Q_EMIT changed();
+  m_jobsDone = {};
+  if (m_jobs.running() > 0) co_await m_jobsDone.wait();
+  choose(Choice::saved);
+}
+
+void Departure::choose(Choice choice) {
+  // The waiting task may start the next round, and with it another choice, at once.
+  OneShot<Choice> asked = m_choice;
+  asked.give(choice);
+}
+
+void Departure::jobsChanged() {
+  if (m_saving) Q_EMIT changed();
+  if (m_jobs.running() > 0) return;
+  OneShot<bool> done = m_jobsDone;
+  done.give(true);
+}
+
+}  // namespace orv

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+#include "app/base/Jobs.h"
+#include "app/base/Overlays.h"
+#include "kit/async/Clock.h"
+#include "kit/async/OneShot.h"
+#include "kit/async/TaskScope.h"
+
+namespace orv {
+
+/// The person wants to go, by closing or by signing out: what is unsaved is saved first, what is under way is waited
+/// for, both in sight and for no longer than they like; where that does not work they are asked.
+class Departure final : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(bool saving READ saving NOTIFY changed)
+  Q_PROPERTY(QString text READ text NOTIFY changed)
+  Q_PROPERTY(QString verb READ verb NOTIFY changed)
+
+ public:
+  /// Saves that take no longer are not worth a dialog.
+  static constexpr std::chrono::milliseconds patience{400};
+
+  struct Words {
+    /// "Close without saving?"
+    QString question;
+    QString confirm;
+    /// What becomes of what is not saved.
+    QString price;
+    /// "Close now", while it is being saved.
+    QString now;
+  };
+  struct Work {
+    /// A sentence for each piece of work that the service does not have.
+    std::function<QStringList()> unsaved;
+    /// Saves what can be saved unasked.
+    std::function<Task<bool>()> flush;
+  };
+
+  Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QObject* parent = nullptr);
+
+  bool isUnsaved() const { return !lines().isEmpty(); }
+  /// True when nothing keeps the person any more, or they go all the same.
+  Task<bool> mayGo(Words words);
+
+  /// The dialog that shows what is being saved.
+  bool saving() const { return m_saving; }
+  QString text() const { return lines().join(u'\n'); }
+  QString verb() const { return m_words.now; }
+  Q_INVOKABLE void stay() { choose(Choice::stay); }
+  Q_INVOKABLE void goNow() { choose(Choice::goNow); }
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  enum class Choice { saved, notSaved, stay, goNow };
+  class Waiting;
+  static constexpr int roundsAtMost = 5;
+
+  QStringList lines() const;
+  Task<bool> ask();
+  Task<void> save();
+  void choose(Choice choice);
+  void jobsChanged();
+
+  Clock& m_clock;
+  Overlays& m_overlays;
+  Jobs& m_jobs;
+  Work m_work;
+  Words m_words;
+  bool m_saving = false;
+  OneShot<Choice> m_choice;
+  OneShot<bool> m_jobsDone;
+  std::unique_ptr<Clock::Timer> m_patience;
+  TaskSlot m_task;
+};
+
+}  // namespace orv

@@ -1,0 +1,264 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/shell/AppModel.h"
+#include "tests/support/AppFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const auto get = u"GET /campaigns/c1"_s;
+const auto put = u"PUT /campaigns/c1/steps"_s;
+const auto add = u"POST /campaigns/c1/leads"_s;
+const auto logOut = u"POST /api/v1/auth/logout"_s;
+
+QByteArray campaign(const QString& body, int version) {
+  const QJsonObject variant{{u"id"_s, u"v1"_s}, {u"label"_s, u"A"_s}, {u"subject"_s, u"Hi"_s},
+                            {u"body"_s, body},  {u"weight"_s, 1},     {u"enabled"_s, true}};
+  const QJsonObject step{{u"id"_s, u"s1"_s},
+                         {u"position"_s, 1},
+                         {u"delayMinutes"_s, 0},
+                         {u"sameThread"_s, false},
+                         {u"variants"_s, QJsonArray{variant}}};
+  const QJsonObject object{{u"id"_s, u"c1"_s},
+                           {u"name"_s, u"Fair"_s},
+                           {u"status"_s, u"draft"_s},
+                           {u"version"_s, version},
+                           {u"steps"_s, QJsonArray{step}}};
+  return QJsonDocument(object).toJson();
+}
+
+}  // namespace
+
+/// Nothing that somebody typed or started is lost, whichever way they go.
+class KeepingTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<AppFixture> f;
+  std::unique_ptr<AppModel> app;
+
+  void signIn(const QString& user = u"u1"_s) {
+    if (!app) {
+      app = std::make_unique<AppModel>(Platform{
+          f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard, f->filePanel, f->revealer,
+          f->memoryPressure, QUrl(u"https://app.orvella.example"_s), Device{}, std::nullopt, &f->journalFiles});
+      f->api.expect(u"GET /api/v1/auth/methods"_s);
+      app->start();
+    }
+    StoredSession stored;
+    stored.token = u"orv_sess_"_s + user;
+    stored.issuedAt = QDateTime({2026, 11, 1}, {0, 0}, Qt::UTC);
+    stored.expiresAt = QDateTime({2026, 12, 1}, {0, 0}, Qt::UTC);
+    stored.user = {user, u"ada@b.c"_s, u"Ada"_s, {}, {}};
+    stored.workspaces.append({u"a"_s, u"a"_s, u"Acme"_s, {u"owner"_s}, {}, {}});
+    app->signIn()->onSignedIn(stored);
+    QCOMPARE(app->phase(), AppModel::Phase::signedIn);
+  }
+  CampaignStore& page() { return *app->session()->campaignStore(u"c1"_s); }
+  SequenceEditor& editor() { return *page().sequence(); }
+  void load(const QString& body = u"old"_s, int version = 7) {
+    f->api.expect(get);
+    page().ensureLoaded();
+    f->api.answer(get, campaign(body, version));
+  }
+  void crash() {
+    app.reset();
+    settle();
+  }
+  void endSession() {
+    f->api.expect(get);
+    page().refresh();
+    f->api.expect(u"GET /api/v1/auth/methods"_s);
+    f->api.answer(get, "{}", 401);
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+  }
+
+ private Q_SLOTS:
+  void init() { f = std::make_unique<AppFixture>(); }
+  void cleanup() {
+    app.reset();
+    f.reset();
+  }
+
+  void closingSavesInSightAndLooksAgain() {
+    signIn();
+    load();
+    editor().setBody(u"new"_s);
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    Departure& departure = *app->departure();
+    f->api.expect(put);
+    QVERIFY(!app->mayClose());
+    QVERIFY2(!departure.saving(), "most saves are too short to be shown");
+    f->clock.advance(Departure::patience);
+    QVERIFY(departure.saving());
+    QCOMPARE(departure.text(), u"“Fair” has unsaved changes: sequence."_s);
+    QVERIFY2(!app->mayClose(), "a second wish to close is no other one");
+    QVERIFY(departure.saving());
+    departure.stay();
+    QVERIFY(!departure.saving());
+    QCOMPARE(closable.count(), 0);
+
+    QVERIFY(!app->mayClose());
+    editor().setBody(u"newer"_s);
+    f->api.expect(put);
+    f->api.answer(put, campaign(u"new"_s, 8));
+    QCOMPARE(closable.count(), 0);
+    f->api.answer(put, campaign(u"newer"_s, 9));
+    QCOMPARE(closable.count(), 1);
+    QVERIFY(app->mayClose() && !departure.saving());
+    QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void whoeverDoesNotWaitFindsItAgain() {
+    signIn();
+    load();
+    editor().setBody(u"new"_s);
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    f->api.expect(put);
+    QVERIFY(!app->mayClose());
+    f->clock.advance(1s);
+    app->departure()->goNow();
+    QCOMPARE(closable.count(), 1);
+    crash();
+
+    signIn();
+    load();
+    QCOMPARE(editor().body(), u"new"_s);
+    QCOMPARE(editor().recovery()->notice(), u"Restored what you had not saved."_s);
+    QVERIFY(editor().isUnsaved());
+    f->clock.advance(5s);
+    editor().recovery()->discard();
+    QCOMPARE(editor().body(), u"old"_s);
+    QVERIFY(!editor().isUnsaved() && editor().recovery()->notice().isEmpty());
+    QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void onlyTheSamePersonFindsItAfterASessionThatEnds() {
+    signIn();
+    load();
+    editor().setBody(u"mine"_s);
+    endSession();
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    signIn(u"u2"_s);
+    load();
+    QCOMPARE(editor().body(), u"old"_s);
+    QVERIFY(editor().recovery()->notice().isEmpty());
+    endSession();
+
+    // Somebody else saved meanwhile: nobody is to overwrite that unasked.
+    signIn();
+    load(u"theirs"_s, 8);
+    QCOMPARE(editor().body(), u"mine"_s);
+    QVERIFY(editor().recovery()->notice().contains(u"changed since"_s));
+    editor().autosave()->save(true);
+    QVERIFY(!app->mayClose());
+    QVERIFY(app->overlays()->text().endsWith(u"What you wrote is kept on this computer for when you’re back."_s));
+    app->overlays()->answer(app->overlays()->token(), false);
+    f->api.expect(put);
+    editor().autosave()->save();
+    f->api.answer(put, campaign(u"mine"_s, 9));
+    QVERIFY(f->journalFiles.files.isEmpty() && editor().recovery()->notice().isEmpty());
+  }
+
+  void signingOutByChoiceLeavesNothing() {
+    signIn();
+    load();
+    editor().setBody(u"new"_s);
+    f->clock.advance(500ms);
+    f->api.expect(put);
+    app->signOut();
+    f->clock.advance(1s);
+    QVERIFY(app->departure()->saving());
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    f->api.expect(logOut);
+    f->api.expect(u"GET /api/v1/auth/methods"_s);
+    app->departure()->goNow();
+    QCOMPARE(app->phase(), AppModel::Phase::signedOut);
+    QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void whatTheServiceHasIsNotRestored() {
+    signIn();
+    load();
+    editor().setBody(u"new"_s);
+    app->journal().write();
+    crash();
+    signIn();
+    // The save came through, though its answer did not.
+    load(u"new"_s, 8);
+    QVERIFY(!editor().isUnsaved() && editor().recovery()->notice().isEmpty());
+    QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void whatCannotBeReadIsSetAside() {
+    signIn();
+    app->journal().keep({u"a"_s, u"campaigns/c1/sequence"_s}, [] { return JournalText{7, "not a sequence"}; });
+    app->journal().write();
+    load();
+    QVERIFY(!editor().isUnsaved());
+    QVERIFY(f->journalFiles.files.isEmpty());
+    QCOMPARE(f->journalFiles.aside.size(), 1);
+  }
+
+  void longWorkIsWaitedForOrCutOffAloud() {
+    signIn();
+    load();
+    LeadAdding& adding = *page().leads()->adding();
+    const auto begin = [&] {
+      adding.show(u"manual"_s);
+      adding.setEmail(u"jo@x.example"_s);
+      f->api.expect(add);
+      adding.submit();
+      adding.dismiss();
+    };
+    begin();
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    QVERIFY(!app->mayClose());
+    f->clock.advance(1s);
+    QCOMPARE(app->departure()->text(), u"Adding jo@x.example to Fair is not done yet."_s);
+    f->api.answer(add, R"({"added":1,"skipped":{"alreadyInCampaign":0,"inOtherCampaign":0,"inList":0,"suppressed":0,)"
+                       R"("invalid":0,"duplicateInFile":0},"total":1})");
+    QCOMPARE(closable.count(), 1);
+
+    begin();
+    endSession();
+    QCOMPARE(app->jobs()->count(), 0);
+    QCOMPARE(app->toasts()->toasts().last().message, u"Adding jo@x.example to Fair was cut off"_s);
+  }
+
+  void aShortMemoryTakesNothingFromUnderTheEyes() {
+    signIn();
+    load();
+    const QPointer<CampaignStore> shown = &page();
+    shown->appear();
+    app->session()->campaignStore(u"c2"_s);
+    Q_EMIT f->memoryPressure.pressure();
+    settle();
+    QVERIFY(shown);
+    QCOMPARE(app->session()->campaignOrder(), QStringList());
+    QVERIFY2(shown->campaign()->value(), "it goes on working");
+    shown->disappear();
+    settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!shown);
+
+    // Asked for while it is shown, it is the same one, in the cache again.
+    CampaignStore* again = &page();
+    again->appear();
+    Q_EMIT f->memoryPressure.pressure();
+    QCOMPARE(&page(), again);
+    again->disappear();
+    settle();
+    QCOMPARE(app->session()->campaignOrder(), QStringList{u"c1"_s});
+  }
+};
+
+QTEST_GUILESS_MAIN(KeepingTest)
+#include "keeping_test.moc"
