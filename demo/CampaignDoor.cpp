@@ -143,8 +143,7 @@ HTTPAnswer launch(Call& call, DemoCampaign& campaign) {
   Campaign& record = campaign.record;
   const bool resumes = record.launchedAt.has_value();
   if (campaign.archivedAt) return problemAnswer(409, u"archived"_s, u"Restore this campaign first"_s);
-  if (record.status.isRunning())
-    return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
+  if (record.status.isRunning()) return problemAnswer(409, u"already_running"_s, u"This campaign is running already"_s);
   const Qc qc = checkOf(campaign, call.now);
   for (const QcCheck& check : qc.checks) {
     // What has been sent from before may go on: its leads may be through, its senders may be waited for.

@@ -118,9 +118,7 @@ QString openStatus(const DemoCampaign& campaign) {
   return status == "paused"_L1 ? u"paused"_s : u"queued"_s;
 }
 
-bool isBooked(const CampaignLead& lead) {
-  return lead.nextSendAt && lead.status.isActive() && !lead.removedAt;
-}
+bool isBooked(const CampaignLead& lead) { return lead.nextSendAt && lead.status.isActive() && !lead.removedAt; }
 
 CampaignLead makePerson(DemoRandom& random, qint64 number) {
   CampaignLead lead;

@@ -51,9 +51,8 @@ void Changes::tellWatchers(const void* about, const void* change) {
   // A watcher may bring others, or go, while it takes a change.
   const auto watchers = m_watchers;
   for (const Watcher& one : watchers) {
-    const bool isThere = std::ranges::any_of(m_watchers, [&](const Watcher& there) {
-      return there.watcher == one.watcher && there.about == about;
-    });
+    const bool isThere = std::ranges::any_of(
+        m_watchers, [&](const Watcher& there) { return there.watcher == one.watcher && there.about == about; });
     if (one.about == about && isThere) one.take(change);
   }
 }

@@ -58,7 +58,8 @@ void RecordTurns::leave(Place* place) {
     m_queues.remove(record);
   else if (wasFirst)
     // Not from within this: it is the end of somebody's frame.
-    QMetaObject::invokeMethod(this, [this, record] { handOn(record); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, record] { handOn(record); }, Qt::QueuedConnection);
 }
 
 void RecordTurns::handOn(const QString& record) {

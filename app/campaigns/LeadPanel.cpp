@@ -5,8 +5,8 @@
 
 #include "app/base/Actions.h"
 #include "app/campaigns/LeadRows.h"
-#include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/api/JSONCoding.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

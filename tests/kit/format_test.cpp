@@ -5,7 +5,6 @@
 #include "kit/api/APIError.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
-#include "kit/api/PlatformDate.h"
 
 using namespace orv;
 using namespace Qt::Literals::StringLiterals;
