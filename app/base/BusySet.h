@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// The ids of records with an action in flight.
+/// The ids of records that are marked: by an action in flight, say.
 class BusySet final : public QObject {
   Q_OBJECT
 

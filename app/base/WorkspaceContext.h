@@ -3,6 +3,7 @@
 #include <QObject>
 #include <memory>
 
+#include "app/base/BusySet.h"
 #include "app/base/Changes.h"
 #include "app/base/Navigator.h"
 #include "app/base/RecordTurns.h"
@@ -29,6 +30,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   Services& services() { return m_services; }
   Changes& changes() { return m_changes; }
   RecordTurns& turns() { return m_turns; }
+  /// Records with something that the service refused to keep, for lists to mark them.
+  BusySet& unsaved() { return m_unsaved; }
 
   /// As the account has it now: name and role may change while stores live.
   const WorkspaceSummary& workspace() const { return m_workspace; }
@@ -63,6 +66,7 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   WorkspaceTransport m_api;
   Changes m_changes;
   RecordTurns m_turns;
+  BusySet m_unsaved;
   bool m_isOffline = false;
   TaskScope m_work;
 };

@@ -126,13 +126,15 @@ void CampaignIndex::sortByName(std::vector<qsizetype>& rows, bool descending) co
   });
 }
 
-CampaignRowsModel::CampaignRowsModel(const BusySet& busy, QObject* parent)
-    : RecordModel<CampaignSummary>(parent), m_busy(busy) {
-  connect(&busy, &BusySet::changed, this, [this](const QString& id) { touch(id); });
+CampaignRowsModel::CampaignRowsModel(const BusySet& busy, const BusySet& unsaved, QObject* parent)
+    : RecordModel<CampaignSummary>(parent), m_busy(busy), m_unsaved(unsaved) {
+  for (const BusySet* marks : {&busy, &unsaved})
+    connect(marks, &BusySet::changed, this, [this](const QString& id) { touch(id); });
 }
 
 void CampaignRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
   roles.insert({{BusyRole, "busy"},
+                {UnsavedRole, "unsaved"},
                 {StatusWordRole, "statusWord"},
                 {StatusLabelRole, "statusLabel"},
                 {FactsRole, "facts"},
@@ -154,6 +156,8 @@ QVariant CampaignRowsModel::extraData(const CampaignSummary& campaign, int, int 
   switch (role) {
     case BusyRole:
       return m_busy.contains(campaign.id);
+    case UnsavedRole:
+      return m_unsaved.contains(campaign.id);
     case StatusWordRole:
       return campaign.status.rawValue;
     case StatusLabelRole:

@@ -51,6 +51,7 @@ class CampaignRowsModel final : public RecordModel<CampaignSummary> {
  public:
   enum Role {
     BusyRole = firstRole + 1000,
+    UnsavedRole,
     StatusWordRole,
     StatusLabelRole,
     FactsRole,
@@ -68,7 +69,7 @@ class CampaignRowsModel final : public RecordModel<CampaignSummary> {
     GoneTextRole
   };
 
-  explicit CampaignRowsModel(const BusySet& busy, QObject* parent = nullptr);
+  CampaignRowsModel(const BusySet& busy, const BusySet& unsaved, QObject* parent = nullptr);
 
  protected:
   void addExtraRoles(QHash<int, QByteArray>& roles) const override;
@@ -76,6 +77,7 @@ class CampaignRowsModel final : public RecordModel<CampaignSummary> {
 
  private:
   const BusySet& m_busy;
+  const BusySet& m_unsaved;
 };
 
 }  // namespace orv

@@ -145,7 +145,7 @@ Task<JobOutcome> addLeads(Job* job, LeadBatch batch) {
     adding.mayHaveAdded = false;
   } catch (const APIError& error) {
     reason = error.message();
-    adding.mayHaveAdded = Actions::outcomeIsUnknown(error) || adding.soFar.added > 0;
+    adding.mayHaveAdded = mayHaveActed(error) || adding.soFar.added > 0;
   }
   if (adding.soFar.added > 0) reason += u" Before that, "_s + headline(adding.soFar) + u'.';
   co_return JobOutcome{.kind = JobOutcome::Kind::failed, .title = u"Couldn’t add the leads"_s, .text = reason};

@@ -3,7 +3,7 @@
 #include <variant>
 
 #include "app/base/Jobs.h"
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/addLeads.h"
 #include "kit/models/leads.h"
 
 namespace orv {

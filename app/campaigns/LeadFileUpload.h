@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kit/models/campaignLeads.h"
+#include "kit/models/campaigns/addLeads.h"
 
 namespace orv {
 

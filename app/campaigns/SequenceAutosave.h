@@ -46,6 +46,8 @@ class SequenceAutosave final : public QObject {
   const QString& message() const { return m_message; }
   /// Why the last save failed, until one succeeds: it stays readable while the person writes on and the next one runs.
   const QString& failure() const { return m_failure; }
+  /// Somebody waits in flush(), and will tell what comes of it.
+  bool isAwaited() const { return !m_waiting.isEmpty(); }
 
   /// A campaign as loaded from the service. The draft follows it while nothing in it is unsaved; true when it has
   /// become another one. What is still to be saved stands, and the next save wins.

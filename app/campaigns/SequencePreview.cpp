@@ -47,6 +47,8 @@ Task<PreviewResponse> SequencePreview::load() {
 
 void SequencePreview::setWatched(bool watched) {
   if (std::exchange(m_watched, watched) == watched) return;
+  for (ResourceBase* shown : {static_cast<ResourceBase*>(&m_answer), static_cast<ResourceBase*>(&m_leads)})
+    watched ? shown->appear() : shown->disappear();
   m_wait.reset();
   // What failed while nobody looked, or before they looked away, is asked anew.
   if (!message().isEmpty()) m_askedRevision.reset();

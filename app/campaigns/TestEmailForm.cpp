@@ -140,7 +140,7 @@ void TestEmailForm::end(Stage stage, const QString& headline, const QString& det
   set(stage, headline, detail);
   if (m_shown) return;
   const auto tone = stage == Stage::failed ? Toasts::Tone::error : Toasts::Tone::standard;
-  m_context.services.toasts.show(headline, tone, {}, {}, detail);
+  m_context.services.toasts.show({.message = headline, .tone = tone, .detail = detail});
 }
 
 void TestEmailForm::fail(const QString& error) {
@@ -150,7 +150,7 @@ void TestEmailForm::fail(const QString& error) {
 
 void TestEmailForm::fail(const APIError& error) {
   if (!m_shown) m_context.services.toasts.failure(u"Couldn’t send the test."_s, error);
-  fail(error.message());
+  fail(mayHaveActed(error) ? error.message() + u" The test may be on its way all the same."_s : error.message());
 }
 
 void TestEmailForm::close() {

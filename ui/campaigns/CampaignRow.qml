@@ -29,13 +29,21 @@ OrvTableRow {
     required property string bouncedText
     required property string bouncedRate
     required property bool bouncesHigh
+    required property bool unsaved
 
-    label: name + ", " + statusLabel
+    label: name + ", " + statusLabel + (unsaved ? ", not saved" : "")
 
     OrvTwoLineCell {
         column: root.nameColumn
         title: root.name
         detail: root.facts
+
+        OrvBadge {
+            visible: root.unsaved
+            text: "Not saved"
+            tone: "negative"
+            shape: "square"
+        }
 
         Repeater {
             // Two tell campaigns apart; the rest would push the name out. By number, so that a row which comes to stand

@@ -166,6 +166,17 @@ class CampaignsTest : public QObject {
   }
 
   // Every action: its one request, its words on success and on failure, and what holds on every way it can end.
+  void aRowWhoseTextTheServiceLacksIsMarked() {
+    load();
+    QSignalSpy told(store->rows(), &QAbstractItemModel::dataChanged);
+    {
+      const auto mark = f->context->unsaved().mark(u"c1"_s);
+      QVERIFY(cell(u"c1"_s, CampaignRowsModel::UnsavedRole).toBool());
+    }
+    QVERIFY(!cell(u"c1"_s, CampaignRowsModel::UnsavedRole).toBool());
+    QCOMPARE(told.size(), 2);
+  }
+
   void actions_data() {
     QTest::addColumn<QString>("verb");
     QTest::addColumn<QString>("label");

@@ -85,6 +85,7 @@ class SequenceEditorTest : public QObject {
     f = std::make_unique<AppFixture>();
     store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     editor = store->sequence();
+    f->navigator.openItem(Page::campaigns, u"c1"_s);
     tester = std::make_unique<QAbstractItemModelTester>(editor->steps());
   }
   void cleanup() {
@@ -483,6 +484,34 @@ class SequenceEditorTest : public QObject {
     slot.start(keep(store->flush(), &outcome));
     store->close();
     QCOMPARE(outcome, std::optional(false));
+  }
+
+  void aSaveThatFailsWhenItsPageWasLeftIsTold() {
+    load(campaign(twoSteps));
+    f->navigator.open(Page::dashboard);
+    editor->setBody(u"new"_s);
+    f->api.expect(put);
+    passWait();
+    f->api.answer(put, refusal, 422);
+    QCOMPARE(toasts(), QStringList{u"“Acme” has unsaved changes"_s});
+    QVERIFY(f->context->unsaved().contains(u"c1"_s));
+    f->navigator.slug = u"other"_s;
+    f->toasts.act(f->toasts.toasts().first().id);
+    QCOMPARE(f->navigator.slug, u"acme"_s);
+    QCOMPARE(f->navigator.item, u"c1"_s);
+
+    // Its own page has the note, and the row its mark until the service has the text.
+    editor->setBody(u"newer"_s);
+    f->api.expect(put);
+    passWait();
+    f->api.answer(put, refusal, 422);
+    QVERIFY(toasts().isEmpty());
+    QVERIFY(f->context->unsaved().contains(u"c1"_s));
+    f->api.expect(put);
+    editor->autosave()->save();
+    f->api.answer(put, campaign(twoSteps, 8));
+    QVERIFY(!f->context->unsaved().contains(u"c1"_s));
+    store->close();
   }
 
   void formsThatWaitForTheirButtonAreNotSavedUnasked() {
