@@ -57,6 +57,7 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
   connect(&m_autosave, &SequenceAutosave::saved, this, &SequenceEditor::takeSaved);
   connect(&m_autosave, &SequenceAutosave::changed, &m_recovery, &Recovery::follow);
   connect(&m_autosave, &SequenceAutosave::typed, &m_recovery, &Recovery::follow);
+  connect(&m_autosave, &SequenceAutosave::changed, this, &SequenceEditor::tellFailure);
   connect(m_preview.answer(), &ResourceBase::valueChanged, this, &SequenceEditor::collectVariables);
   collectVariables();
 }
@@ -113,9 +114,29 @@ Task<Campaign> SequenceEditor::saveSteps(StepsBody body) {
 }
 
 void SequenceEditor::takeSaved(const Campaign& campaign) {
-  m_savedVersion = campaign.version;
+  m_savedVersion = std::max(m_savedVersion, campaign.version);
   m_context.workspace.changes().publish(campaign, m_saveAsked, true);
   follow();
+}
+
+/// The note beside the campaign's name tells of it on its own page; elsewhere the row in the list and a message do.
+void SequenceEditor::tellFailure() {
+  WorkspaceContext& workspace = m_context.workspace;
+  if (m_autosave.failure().isEmpty())
+    m_unsaved.reset();
+  else if (!m_unsaved)
+    m_unsaved.emplace(workspace.unsaved().mark(m_context.id));
+  const bool isNew = m_autosave.state() == SequenceAutosave::SaveState::failed && !m_autosave.isAwaited();
+  if (!isNew || workspace.openedItem(Page::campaigns) == m_context.id) return;
+  const Campaign* campaign = m_context.campaign.value();
+  m_context.services.toasts.show({.message = u"“%1” has unsaved changes"_s.arg(campaign ? campaign->name : QString()),
+                                  .tone = Toasts::Tone::error,
+                                  .actionLabel = u"Open"_s,
+                                  .action =
+                                      [there = workspace.weak_from_this(), id = m_context.id] {
+                                        if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
+                                      },
+                                  .detail = m_autosave.message()});
 }
 
 const DraftStep* SequenceEditor::step() const {

@@ -42,8 +42,6 @@ class SequenceEditor final : public Store {
   Q_PROPERTY(QVariantList variables READ variables NOTIFY variablesChanged)
 
  public:
-  static constexpr int waitDaysAtMost = 60;
-
   explicit SequenceEditor(CampaignContext& context);
 
   SequenceAutosave* autosave() { return &m_autosave; }
@@ -138,6 +136,7 @@ class SequenceEditor final : public Store {
   Recovery::Restored restore(const Recovery::Kept& kept);
   Task<Campaign> saveSteps(StepsBody body);
   void takeSaved(const Campaign& campaign);
+  void tellFailure();
   void follow();
   void keepSelection();
   void takeSpun(const QUuid& key, const QString& field, const Spun& spun);
@@ -151,6 +150,8 @@ class SequenceEditor final : public Store {
   /// When the save under way went out.
   Stamp m_saveAsked{};
   SequenceAutosave m_autosave;
+  /// While the last save has failed.
+  std::optional<BusySet::Mark> m_unsaved;
   Recovery m_recovery;
   SequencePreview m_preview;
   TestEmailForm m_testEmail;

@@ -1,4 +1,5 @@
 #include <QAbstractItemModelTester>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "app/campaigns/CampaignsStore.h"

@@ -71,7 +71,7 @@ class SequenceTabTest : public QObject {
   void init() {
     orv::ui::failOnWarnings();
     f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
+    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     editor = store->sequence();
     f->api.expect(get);
     store->ensureLoaded();
