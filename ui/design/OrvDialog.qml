@@ -180,25 +180,14 @@ T.Popup {
                     onClicked: root.cancel()
                 }
 
-        Row {
-            id: buttons
-            anchors { right: parent.right; bottom: parent.bottom }
-            spacing: 8
-
-            OrvButton {
-                id: cancelButton
-                visible: text !== ""
-                text: root.cancelText
-                onClicked: root.cancel()
-            }
-
-            OrvButton {
-                id: confirmButton
-                kind: root.destructive ? "danger" : "primary"
-                text: root.confirmText
-                busy: root.busy
-                enabled: root.canConfirm || root.busy
-                onClicked: root.confirm()
+                OrvButton {
+                    id: confirmButton
+                    kind: root.destructive ? "danger" : "primary"
+                    text: root.confirmText
+                    busy: root.busy
+                    enabled: root.canConfirm || root.busy
+                    onClicked: root.confirm()
+                }
             }
         }
     }

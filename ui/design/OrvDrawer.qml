@@ -66,6 +66,9 @@ T.Popup {
     contentItem: FocusScope {
         focus: true
 
+        Accessible.role: Accessible.Dialog
+        Accessible.name: root.title
+
         ModalPane {
             anchors.fill: parent
             level: root.modalLevel.level

@@ -20,7 +20,7 @@ FocusScope {
             stepRequested(by);
     }
 
-    Accessible.role: Accessible.Dialog
+    Accessible.role: Accessible.Pane
     Accessible.name: title
 
     Keys.onEscapePressed: closeRequested()

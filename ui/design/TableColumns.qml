@@ -42,6 +42,15 @@ QtObject {
     onRightPaddingChanged: place()
     onColumnsChanged: place()
     onScrollXChanged: shift()
+    // What is kept may have been read before anybody here listened.
+    Component.onCompleted: place()
+
+    readonly property Connections follower: Connections {
+        target: root.layout
+        function onChanged() {
+            root.place();
+        }
+    }
 
     readonly property Connections follower: Connections {
         target: root.layout

@@ -15,7 +15,7 @@ TestCase {
     property var ticks: []
     property var sorts: []
     readonly property OrvTable table: loader.item
-    readonly property var columns: table.placed
+    readonly property var columns: table ? table.placed : null
 
     ListModel {
         id: records
@@ -238,7 +238,6 @@ TestCase {
         ticks = data.ticks ?? [];
         for (const key of data.keys)
             keyClick(key);
-        // A line field turns line ends into spaces.
-        compare(copied(), data.want.replace("\n", " "));
+        compare(copied(), data.want);
     }
 }
