@@ -38,7 +38,7 @@ Figures after(qint64 sent, const CampaignStats& stats) {
 }
 
 std::optional<QDateTime> instantOf(const std::optional<QString>& stamp) {
-  return stamp ? parsePlatformDate(*stamp) : std::nullopt;
+  return parsePlatformDate(stamp);
 }
 
 /// Whether the campaign can have sent anything since that day: asked of very many, so that dates are told by their

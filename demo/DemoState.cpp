@@ -15,7 +15,7 @@ constexpr int archiveDays = 30;
 }  // namespace
 
 bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
-  const auto archived = archivedAt ? parsePlatformDate(*archivedAt) : std::nullopt;
+  const auto archived = parsePlatformDate(archivedAt);
   return archived && archived->addDays(archiveDays) <= now;
 }
 

@@ -36,7 +36,7 @@ QStringList shuffledStatuses(const LeadCounts& counts, DemoRandom& random) {
 QDateTime lastSend(const Campaign& record, const QDateTime& now) {
   QDateTime last = now;
   for (const auto* stopped : {&record.pausedAt, &record.completedAt})
-    if (const auto at = *stopped ? parsePlatformDate(**stopped) : std::nullopt) last = std::min(last, *at);
+    if (const auto at = parsePlatformDate(*stopped)) last = std::min(last, *at);
   return last;
 }
 
@@ -45,7 +45,7 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
   const Campaign& record = campaign.record;
   lead.enrolledAt = record.createdAt;
   lead.source = u"csv"_s;
-  const auto launched = record.launchedAt ? parsePlatformDate(*record.launchedAt) : std::nullopt;
+  const auto launched = parsePlatformDate(record.launchedAt);
   const qint64 steps = campaign.steps().size();
   const QString status = lead.status.rawValue;
   if (!launched || steps == 0 || status == "queued"_L1) return;

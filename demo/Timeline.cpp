@@ -33,7 +33,7 @@ void appendCorrespondence(QList<Event>& events, const CampaignLead& lead) {
   }
   if (count > 0) events.append({Event::Kind::sent, *lead.lastSentAt, &lead, count});
   if (lead.repliedAt) events.append({Event::Kind::replied, *lead.repliedAt, &lead, count});
-  if (lead.status.rawValue == "bounced"_L1) events.append({Event::Kind::bounced, *lead.lastSentAt, &lead, count});
+  if (lead.status.isBounced()) events.append({Event::Kind::bounced, *lead.lastSentAt, &lead, count});
 }
 
 void sortNewestFirst(QList<Event>& events) {
@@ -106,7 +106,7 @@ SentMessage sentMessage(const DemoCampaign& campaign, const Event& event) {
   message.sentAt = event.at;
   const bool last = event.step == lead.currentStep;
   if (last) message.repliedAt = lead.repliedAt;
-  if (last && lead.status.rawValue == "bounced"_L1) message.bouncedAt = event.at;
+  if (last && lead.status.isBounced()) message.bouncedAt = event.at;
   return message;
 }
 
