@@ -37,10 +37,6 @@ Figures after(qint64 sent, const CampaignStats& stats) {
   return figures;
 }
 
-std::optional<QDateTime> instantOf(const std::optional<QString>& stamp) {
-  return parsePlatformDate(stamp);
-}
-
 /// Whether the campaign can have sent anything since that day: asked of very many, so that dates are told by their
 /// text.
 bool maySendSince(const DemoCampaign& campaign, const QDate& day) {
@@ -57,11 +53,12 @@ class SendingDays {
  public:
   SendingDays(const DemoWorkspace& workspace, const DemoCampaign& campaign, const QDate& today)
       : m_stats(campaign.stats()) {
-    const auto launched = instantOf(campaign.record.launchedAt);
+    const auto launched = parsePlatformDate(campaign.record.launchedAt);
     if (!launched) return;
     m_start = dayIn(workspace, *launched);
     QDate end = today;
-    for (const auto& stopped : {instantOf(campaign.record.pausedAt), instantOf(campaign.record.completedAt)})
+    for (const auto& stopped :
+         {parsePlatformDate(campaign.record.pausedAt), parsePlatformDate(campaign.record.completedAt)})
       if (stopped) end = std::min(end, dayIn(workspace, *stopped));
     DemoRandom random(campaign.seed);
     qint64 weight = 0;
