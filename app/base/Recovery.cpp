@@ -1,11 +1,30 @@
 #include "app/base/Recovery.h"
 
+#include <QJsonDocument>
+
+#include "app/base/Draft.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
 Recovery::Recovery(WorkspaceContext& context, Hooks hooks, QObject* parent)
     : QObject(parent), m_context(context), m_hooks(std::move(hooks)) {}
+
+Recovery::Hooks Recovery::of(FieldDraft& draft) {
+  return {.isUnsaved = [&draft] { return draft.dirty(); },
+          .text =
+              [&draft] {
+                return JournalText{draft.version(), QJsonDocument(draft.journal()).toJson(QJsonDocument::Compact)};
+              },
+          .restore =
+              [&draft](const Kept& kept) {
+                const QJsonDocument document = QJsonDocument::fromJson(kept.text.bytes);
+                if (!document.isObject()) return Restored::unreadable;
+                return draft.restore(document.object()) ? Restored::shown : Restored::held;
+              },
+          .discard = [&draft] { draft.discard(); }};
+}
 
 void Recovery::begin(const QString& key, std::optional<qint64> version) {
   if (m_line && m_key == key) return;

@@ -9,6 +9,8 @@
 
 namespace orv {
 
+class FieldDraft;
+
 /// What a form or a text does about the journal: it keeps what is unsaved there, takes up what an earlier run or
 /// session left, and says so until that is saved or thrown away.
 class Recovery final : public QObject {
@@ -37,6 +39,9 @@ class Recovery final : public QObject {
     /// Back to what the service has.
     std::function<void()> discard;
   };
+
+  /// What they are for a draft of fields.
+  static Hooks of(FieldDraft& draft);
 
   /// Its owner declares it after what the hooks read.
   Recovery(WorkspaceContext& context, Hooks hooks, QObject* parent = nullptr);

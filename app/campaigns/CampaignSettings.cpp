@@ -18,6 +18,7 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_actions(context.workspace, m_busy, [this] { m_context.refresh(); }),
+      m_recovery(context.workspace, Recovery::of(m_draft)),
       m_tagList(*this, [&api = context.api] { return api.send(Requests::listTags()); },
                 {.failed = u"Couldn’t load the tags"_s}),
       m_senders(context, m_draft),
@@ -26,6 +27,8 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
   connect(&m_busy, &BusySet::changed, this, &CampaignSettings::changed);
   connect(&m_tagList, &ResourceBase::changed, this, &CampaignSettings::changed);
   connect(&m_draft, &FieldDraft::changed, this, &CampaignSettings::changed);
+  connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
+  connect(&m_recovery, &Recovery::changed, &m_senders, &SenderPicker::show);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/settings"_s);
   follow();
 }
@@ -74,6 +77,7 @@ void CampaignSettings::follow() {
   const Campaign* campaign = m_context.campaign.value();
   if (!campaign) return;
   m_draft.rebase(settingsOf(*campaign), campaign->version);
+  m_recovery.begin(m_draft.key(), campaign->version);
   m_senders.show();
 }
 

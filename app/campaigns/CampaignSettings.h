@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/Recovery.h"
 #include "app/campaigns/ScheduleForm.h"
 #include "app/campaigns/SenderPicker.h"
 #include "app/campaigns/SettingsDraft.h"
@@ -11,6 +12,7 @@ namespace orv {
 class CampaignSettings final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
@@ -27,6 +29,7 @@ class CampaignSettings final : public Store {
   explicit CampaignSettings(CampaignContext& context);
 
   SettingsDraft* draft() { return &m_draft; }
+  Recovery* recovery() { return &m_recovery; }
   bool dirty() const { return m_draft.dirty(); }
   bool saving() const;
   bool canSave() const { return dirty() && m_busy.ids().isEmpty(); }
@@ -67,6 +70,7 @@ class CampaignSettings final : public Store {
   BusySet m_busy;
   Actions m_actions;
   SettingsDraft m_draft;
+  Recovery m_recovery;
   Resource<TagList> m_tagList;
   SenderPicker m_senders;
   ScheduleForm m_schedule;

@@ -75,12 +75,22 @@ LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const Campaign
       m_context(context),
       m_changedLead(std::move(changedLead)),
       m_detail(*this, [this] { return m_context.api.send(Requests::leadDetail(m_context.id, m_lead.id)); },
-               {.loadsByItself = false}) {
+               {.loadsByItself = false}),
+      m_recovery(context.workspace, Recovery::of(m_draft)) {
   connect(&m_detail, &ResourceBase::changed, this, &LeadPanel::changed);
   connect(&m_form, &Form::changed, this, &LeadPanel::changed);
   connect(&m_draft, &FieldDraft::changed, this, &LeadPanel::changed);
+  connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
+  // Fields show another text than the one typed in them when they are told to.
+  connect(&m_recovery, &Recovery::changed, this, [this] {
+    ++m_fieldsRevision;
+    Q_EMIT fieldTextsChanged();
+  });
   connect(&m_detail, &ResourceBase::valueChanged, this, [this] {
-    if (detailed()) take(m_detail.value()->lead);
+    if (!detailed()) return;
+    take(m_detail.value()->lead);
+    // Not before: a list knows only some of the fields.
+    m_recovery.begin(m_draft.key(), {});
   });
 }
 
@@ -212,6 +222,7 @@ void LeadPanel::leadsLeft(const QStringList& ids) {
 void LeadPanel::leave() {
   m_detail.cancel();
   m_draft.discard();
+  m_recovery.end();
   m_form.cancel();
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
+#include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "kit/models/campaigns/campaignLead.h"
@@ -28,6 +29,7 @@ class LeadPanel final : public Store {
   Q_PROPERTY(QVariantList activity READ activity NOTIFY leadChanged)
   Q_PROPERTY(QStringList fieldNames READ fieldNames NOTIFY fieldsChanged)
   Q_PROPERTY(int fieldsRevision READ fieldsRevision NOTIFY fieldTextsChanged)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(QString error READ error NOTIFY changed)
@@ -64,6 +66,7 @@ class LeadPanel final : public Store {
   /// Which of the fields that were typed in somebody else has changed as well.
   QString conflict() const { return rivalsTold(m_draft.rivals().keys()); }
   FieldDraft* draft() { return &m_draft; }
+  Recovery* recovery() { return &m_recovery; }
 
   void show(const CampaignLead& lead);
   /// Reads again what is shown.
@@ -99,6 +102,7 @@ class LeadPanel final : public Store {
   QStringList m_fieldNames;
   Form m_form;
   FieldDraft m_draft;
+  Recovery m_recovery;
   /// What a save under way sends.
   QVariantMap m_sent;
   int m_fieldsRevision = 0;

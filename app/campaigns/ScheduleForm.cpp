@@ -85,10 +85,15 @@ QVariant ScheduleDraft::read(const QJsonValue& value) const {
 }
 
 ScheduleForm::ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy)
-    : Store(context.workspace, &context.whole), m_context(context), m_actions(actions), m_busy(busy) {
+    : Store(context.workspace, &context.whole),
+      m_context(context),
+      m_actions(actions),
+      m_busy(busy),
+      m_recovery(context.workspace, Recovery::of(m_draft)) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &ScheduleForm::follow);
   connect(&busy, &BusySet::changed, this, &ScheduleForm::changed);
   connect(&m_draft, &FieldDraft::changed, this, &ScheduleForm::changed);
+  connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/schedule"_s);
   follow();
 }
@@ -127,6 +132,7 @@ void ScheduleForm::follow() {
   if (m_isNew) fresh = offeredHours();
   if (!dirty()) m_errors.clear();
   m_draft.rebase({fresh}, campaign->version);
+  m_recovery.begin(m_draft.key(), campaign->version);
 }
 
 void ScheduleForm::edit(const QList<ScheduleWindow>& windows) {

@@ -4,6 +4,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/Draft.h"
+#include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "kit/models/campaigns/campaignSchedule.h"
@@ -28,6 +29,7 @@ class ScheduleDraft final : public Draft<ScheduleFields> {
 /// The weekly hours of a campaign while they are edited, saved on their own: the dates stay as the service has them.
 class ScheduleForm final : public Store {
   Q_OBJECT
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(QVariantList windows READ windows NOTIFY changed)
   Q_PROPERTY(int count READ count NOTIFY changed)
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
@@ -51,6 +53,7 @@ class ScheduleForm final : public Store {
   /// What somebody else made of the hours while they were edited here.
   QString note() const;
   ScheduleDraft* draft() { return &m_draft; }
+  Recovery* recovery() { return &m_recovery; }
 
   Q_INVOKABLE void setText(int window, const QString& field, const QString& text);
   Q_INVOKABLE void toggleDay(int window, int day);
@@ -82,6 +85,7 @@ class ScheduleForm final : public Store {
   Actions& m_actions;
   BusySet& m_busy;
   ScheduleDraft m_draft;
+  Recovery m_recovery;
   /// The campaign has no hours yet; the ones shown are a suggestion.
   bool m_isNew = false;
   QList<QVariantMap> m_errors;

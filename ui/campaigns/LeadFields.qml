@@ -40,6 +40,11 @@ Column {
         }
     }
 
+    RestoredNotice {
+        width: parent.width
+        recovery: root.panel.recovery
+    }
+
     OrvNotice {
         width: parent.width
         visible: text !== ""

@@ -27,6 +27,11 @@ SettingsSection {
         }
     }
 
+    RestoredNotice {
+        width: parent.width
+        recovery: root.form.recovery
+    }
+
     OrvNotice {
         width: parent.width
         visible: text !== ""

@@ -33,6 +33,11 @@ FocusScope {
             text: root.form.notice
         }
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.form.recovery
+        }
+
         OrvNotice {
             width: parent.width
             visible: text !== ""

@@ -46,9 +46,20 @@ class KeepingTest : public QObject {
 
   void signIn(const QString& user = u"u1"_s) {
     if (!app) {
-      app = std::make_unique<AppModel>(Platform{
-          f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard, f->filePanel, f->revealer,
-          f->memoryPressure, QUrl(u"https://app.orvella.example"_s), Device{}, std::nullopt, &f->journalFiles});
+      app = std::make_unique<AppModel>(Platform{f->api,
+                                                f->keychain,
+                                                f->clock,
+                                                f->preferences,
+                                                f->browser,
+                                                f->clipboard,
+                                                f->filePanel,
+                                                f->revealer,
+                                                f->memoryPressure,
+                                                QUrl(u"https://app.orvella.example"_s),
+                                                Device{},
+                                                std::nullopt,
+                                                {},
+                                                &f->journalFiles});
       f->api.expect(u"GET /api/v1/auth/methods"_s);
       app->start();
     }
@@ -165,6 +176,31 @@ class KeepingTest : public QObject {
     editor().autosave()->save();
     f->api.answer(put, campaign(u"mine"_s, 9));
     QVERIFY(f->journalFiles.files.isEmpty() && editor().recovery()->notice().isEmpty());
+  }
+
+  void formsComeBackFieldByField() {
+    signIn();
+    load();
+    page().settings()->draft()->set(u"gap"_s, u"9"_s);
+    page().settings()->schedule()->toggleDay(0, 7);
+    const QVariantList hours = page().settings()->schedule()->windows();
+    f->clock.advance(1s);
+    QCOMPARE(f->journalFiles.files.size(), 2);
+    crash();
+
+    signIn();
+    load(u"theirs"_s, 8);
+    CampaignSettings& settings = *page().settings();
+    QCOMPARE(settings.draft()->values().value(u"gap"_s).toString(), u"9"_s);
+    QCOMPARE(settings.draft()->values().value(u"name"_s).toString(), u"Fair"_s);
+    QVERIFY(!settings.recovery()->notice().isEmpty());
+    QCOMPARE(settings.schedule()->windows(), hours);
+    QVERIFY(!editor().isUnsaved());
+    settings.recovery()->discard();
+    QVERIFY(!settings.dirty() && settings.recovery()->notice().isEmpty());
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    settings.schedule()->recovery()->discard();
+    QVERIFY(f->journalFiles.files.isEmpty());
   }
 
   void signingOutByChoiceLeavesNothing() {
