@@ -2,12 +2,12 @@
 
 #include <QFileInfo>
 
-#include "app/base/Actions.h"
 #include "app/campaigns/LeadFile.h"
 #include "app/campaigns/LeadFileUpload.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
 #include "kit/async/background.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "app/campaigns/LeadFileUpload.h"
 
 #include "app/campaigns/LeadFileText.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 
 namespace orv {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kit/api/APIRequest.h"
 #include "kit/models/campaigns/addLeads.h"
 
 namespace orv {

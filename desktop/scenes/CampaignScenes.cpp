@@ -229,7 +229,7 @@ QList<Scene> settingsScenes() {
       {u"campaign-settings-unsaved"_s,
        [](Stage& s) {
          auto& form = *openTab(s, u"paused"_s, u"settings"_s).settings();
-         form.set(u"name"_s, QString());
+         form.draft()->set(u"name"_s, QString());
          form.addTags({u"spring"_s});
          form.senders()->toggleTag(u"dach"_s);
          s.settle();

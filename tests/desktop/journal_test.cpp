@@ -1,7 +1,10 @@
 #include <QDir>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
 
+#include "desktop/services/EndSignals.h"
 #include "desktop/services/JournalFolder.h"
 #include "tests/support/await.h"
 
@@ -42,6 +45,16 @@ class JournalFolderTest : public QObject {
     files.setAside(u"a"_s);
     QVERIFY(await(files.readAll()).isEmpty());
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
+  }
+
+  void theSystemsWishToEndIsTold() {
+    const EndSignals signals;
+    QSignalSpy asked(&signals, &EndSignals::asked);
+    for (const int number : {SIGTERM, SIGHUP}) {
+      QCOMPARE(::raise(number), 0);
+      QVERIFY(asked.wait());
+    }
+    QCOMPARE(asked.count(), 2);
   }
 
   void aDiskThatTakesNothing() {

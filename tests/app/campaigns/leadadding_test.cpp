@@ -7,6 +7,7 @@
 #include "app/base/CsvReader.h"
 #include "app/campaigns/LeadAdding.h"
 #include "app/campaigns/LeadFileUpload.h"
+#include "kit/models/campaigns/campaignLeadRequests.h"
 #include "tests/app/campaigns/CampaignFixture.h"
 
 using namespace orv;
