@@ -406,8 +406,8 @@ class CampaignsTest : public QObject {
     f->api.answer(u"GET /campaigns"_s,
                   list({with("a", {1, 30, 0, 0, 0}, "2026-03-02"), with("b", {3, 10, 0, 0, 0}, "2026-03-03"),
                         with("c", {2, 20, 0, 0, 0}, "2026-03-01")}));
-    const auto sorted = [this](const QString& key) {
-      store->sortArchived(key, true);
+    const auto sorted = [this](const QString& key, bool descending = true) {
+      store->sortArchived(key, descending);
       QString ids;
       for (const auto& record : store->archivedRows()->records()) ids += record.id;
       return ids;
@@ -416,7 +416,7 @@ class CampaignsTest : public QObject {
     QCOMPARE(sorted(u"sent"_s), u"acb"_s);
     QCOMPARE(sorted(u"deleted"_s), u"bac"_s);
     QCOMPARE(sorted(u"gone"_s), u"bac"_s);
-    QCOMPARE(sorted(u"gone"_s), u"cab"_s);
+    QCOMPARE(sorted(u"gone"_s, false), u"cab"_s);
     QCOMPARE(names().size(), 3);
 
     f->api.expect(u"POST /campaigns/a/restore"_s);
