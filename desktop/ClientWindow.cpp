@@ -30,13 +30,14 @@ QString hardwareModel() {
 
 }  // namespace
 
-ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms)
+ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms, TableMemory* tables)
     : m_engine(engine),
       m_fileForms(fileForms),
       m_app(platform),
-      m_palette(platform.preferences, [this] { return commandsOf(m_app); }) {
+      m_palette(platform.preferences, [this] { return commandsOf(m_app); }),
+      m_tables(tables) {
   // QML would otherwise take what it is handed from C++ for its own and delete it.
-  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, fileForms.save, fileForms.open})
+  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, tables, fileForms.save, fileForms.open})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
 }
 
@@ -49,6 +50,7 @@ QQuickWindow* ClientWindow::open() {
   std::unique_ptr<QObject> made(component.createWithInitialProperties({
       {u"app"_s, QVariant::fromValue(&m_app)},
       {u"palette"_s, QVariant::fromValue(&m_palette)},
+      {u"tables"_s, QVariant::fromValue(m_tables)},
       {u"shortcuts"_s, shortcutSheet(m_app)},
       {u"saveForm"_s, QVariant::fromValue(m_fileForms.save)},
       {u"openForm"_s, QVariant::fromValue(m_fileForms.open)},

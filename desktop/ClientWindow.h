@@ -7,6 +7,7 @@
 #include "app/base/NameForm.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
+#include "ui/design/TableMemory.h"
 
 namespace orv {
 
@@ -19,7 +20,9 @@ class ClientWindow {
     NameForm* open = nullptr;
   };
 
-  ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms = {nullptr, nullptr});
+  /// Without `tables` each table is at every start as it was made.
+  ClientWindow(QQmlEngine& engine, Platform platform, FileForms fileForms = {nullptr, nullptr},
+               TableMemory* tables = nullptr);
 
   AppModel& app() { return m_app; }
   /// Makes the window, hidden. Null, with the reason in the log, when its QML does not load.
@@ -36,6 +39,7 @@ class ClientWindow {
   FileForms m_fileForms;
   AppModel m_app;
   CommandPalette m_palette;
+  TableMemory* m_tables;
   std::unique_ptr<QQuickWindow> m_window;
 };
 

@@ -124,7 +124,10 @@ int run(QGuiApplication& application, const Options& options) {
 
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  ClientWindow main(engine, platform, {files.saveForm(), files.openForm()});
+  TableMemory tables(
+      [&](const QString& table) { return preferences.tableLayout(table); },
+      [&](const QString& table, const QByteArray& layout) { preferences.setTableLayout(table, layout); });
+  ClientWindow main(engine, platform, {files.saveForm(), files.openForm()}, &tables);
   AppModel& app = main.app();
 
   const ColorSchemeWatcher desktop(QDBusConnection::sessionBus());

@@ -92,9 +92,9 @@ void AnalyticsStore::setDayView(const QString& name) {
   if (view && std::exchange(m_dayView, *view) != *view) Q_EMIT changed();
 }
 
-void AnalyticsStore::toggleSort(const QString& key) {
+void AnalyticsStore::sort(const QString& key, bool descending) {
   auto& sorted = m_tab == Tab::campaigns ? m_campaignSort : m_accountSort;
-  sorted = nextSort(sorted, key);
+  sorted = sortBy(key, descending);
   if (const AnalyticsSummary* summary = m_summary.value()) {
     m_tab == Tab::campaigns ? m_campaignRows.replace(inOrder(summary->campaigns, sorted))
                             : m_accountRows.replace(inOrder(summary->accounts, sorted));

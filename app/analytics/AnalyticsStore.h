@@ -106,7 +106,8 @@ class AnalyticsStore final : public Store {
   /// Of the shown table; empty for the service's order.
   QString sortKey() const { return sort() ? sort()->key : QString(); }
   bool sortDescending() const { return sort() && sort()->descending; }
-  Q_INVOKABLE void toggleSort(const QString& key);
+  /// The table of the open tab; an empty key is the service's order.
+  Q_INVOKABLE void sort(const QString& key, bool descending);
   CampaignFigureRows* campaignRows() { return &m_campaignRows; }
   AccountFigureRows* accountRows() { return &m_accountRows; }
 

@@ -15,11 +15,9 @@ struct OrvSort {
   bool operator==(const OrvSort&) const = default;
 };
 
-/// What a click on a column's head leads to: highest first, lowest first, then the service's own order again.
-inline std::optional<OrvSort> nextSort(const std::optional<OrvSort>& sort, const QString& key) {
-  if (!sort || sort->key != key) return OrvSort{key, true};
-  if (sort->descending) return OrvSort{key, false};
-  return std::nullopt;
+/// None is the service's own order.
+inline std::optional<OrvSort> sortBy(const QString& key, bool descending) {
+  return key.isEmpty() ? std::nullopt : std::optional(OrvSort{key, descending});
 }
 
 /// Sorts row numbers by one key each, highest or lowest first; rows without a key stay last.

@@ -1,8 +1,8 @@
 #include "app/campaigns/CampaignStatsRows.h"
 
+#include "app/campaigns/LeadRows.h"
 #include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,11 +41,6 @@ EmailFigures withStats(EmailFigures row, const std::optional<Stats4>& stats) {
   return row;
 }
 
-QString momentOf(const std::optional<QString>& instant) {
-  const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
-  return date ? Format::moment(date->toLocalTime()) : nothing;
-}
-
 QString joined(const QStringList& parts) {
   QStringList said;
   for (const QString& part : parts)
@@ -67,7 +62,7 @@ EventLine lineOf(const SentMessage& message) {
   const bool sent = message.state == "sent"_L1, failed = message.state == "failed"_L1;
   line.state = sent || failed ? message.state : u"unknown"_s;
   line.stateLabel = sent ? u"Sent"_s : failed ? u"Failed"_s : u"Unknown"_s;
-  line.when = momentOf(message.sentAt ? message.sentAt : message.scheduledAt);
+  line.when = leadMoment(message.sentAt ? message.sentAt : message.scheduledAt);
   return line;
 }
 
@@ -88,7 +83,7 @@ EventLine lineOf(const FeedItem& item) {
   const auto who = item.lead ? item.lead->name.value_or(item.lead->email) : QString();
   line.detail = joined({who, emailOf(item.step, item.variant), item.subject.value_or(QString()).trimmed(),
                         item.detail.value_or(QString()), item.account ? u"from "_s + *item.account : QString()});
-  line.when = momentOf(item.at);
+  line.when = leadMoment(item.at);
   return line;
 }
 

@@ -106,14 +106,14 @@ void CampaignsStore::toggleTag(const QString& tag) {
   ask(query);
 }
 
-void CampaignsStore::toggleSort(const QString& key) {
+void CampaignsStore::sort(const QString& key, bool descending) {
   auto query = m_query;
-  query.sort = nextSort(query.sort, key);
+  query.sort = sortBy(key, descending);
   ask(query);
 }
 
-void CampaignsStore::toggleArchivedSort(const QString& key) {
-  m_archivedSort = nextSort(m_archivedSort, key);
+void CampaignsStore::sortArchived(const QString& key, bool descending) {
+  m_archivedSort = sortBy(key, descending);
   showArchivedRows(true);
   Q_EMIT changed();
 }

@@ -96,8 +96,9 @@ class CampaignsStore final : public Store {
   /// Loads what is on screen again.
   Q_INVOKABLE void refresh();
   Q_INVOKABLE void toggleTag(const QString& tag);
-  Q_INVOKABLE void toggleSort(const QString& key);
-  Q_INVOKABLE void toggleArchivedSort(const QString& key);
+  /// An empty key is the service's order.
+  Q_INVOKABLE void sort(const QString& key, bool descending);
+  Q_INVOKABLE void sortArchived(const QString& key, bool descending);
   /// Clears the filters.
   Q_INVOKABLE void showAll();
 

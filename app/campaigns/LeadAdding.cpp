@@ -93,7 +93,7 @@ QVariantList LeadAdding::listOptions() const {
   if (!m_lists.value()) return options;
   for (const LeadList& list : m_lists.value()->items)
     options.append(
-        QVariantMap{{u"key"_s, list.id}, {u"label"_s, list.name}, {u"text"_s, countedLeads(list.leadCount)}});
+        QVariantMap{{u"key"_s, list.id}, {u"label"_s, list.name}, {u"detail"_s, countedLeads(list.leadCount)}});
   return options;
 }
 

@@ -53,9 +53,7 @@ QString leadName(const CampaignLead& lead) {
 
 QString leadMoment(const std::optional<QString>& instant) {
   const auto date = instant ? parsePlatformDate(*instant) : std::nullopt;
-  if (!date) return nothing;
-  const QDateTime local = date->toLocalTime();
-  return Format::shortDate(local.date()) + u", "_s + QLocale().toString(local.time(), QLocale::ShortFormat);
+  return date ? Format::moment(date->toLocalTime()) : nothing;
 }
 
 const CampaignLead* LeadIndex::find(const QString& id) const {

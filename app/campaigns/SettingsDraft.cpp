@@ -6,6 +6,7 @@
 
 #include "app/base/EmailAddress.h"
 #include "app/base/RowFields.h"
+#include "kit/api/isoDay.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignOptions.h"
 #include "kit/models/campaigns/campaignSchedule.h"
@@ -52,10 +53,7 @@ QString addressProblem(const QString& text) {
   return {};
 }
 
-bool isDate(const QString& text) {
-  static const QRegularExpression form(u"^[0-9]{4}-[0-9]{2}-[0-9]{2}$"_s);
-  return form.match(text).hasMatch() && QDate::fromString(text, Qt::ISODate).isValid();
-}
+bool isDate(const QString& text) { return isoDay(text).isValid(); }
 
 QString dateProblem(const QString& text) {
   return text.trimmed().isEmpty() || isDate(text.trimmed()) ? QString() : u"Write the date as YYYY-MM-DD"_s;

@@ -4,6 +4,7 @@
 
 #include "app/base/EnumName.h"
 #include "kit/api/Format.h"
+#include "kit/api/isoDay.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -88,7 +89,7 @@ bool RangeChoice::setPreset(const QString& key, const QDate& today) {
 }
 
 bool RangeChoice::setCustom(const QString& from, const QString& to) {
-  const QDate first = QDate::fromString(from, Qt::ISODate), second = QDate::fromString(to, Qt::ISODate);
+  const QDate first = isoDay(from), second = isoDay(to);
   if (!first.isValid() || !second.isValid()) return false;
   m_custom = true;
   m_days = {std::min(first, second), std::max(first, second)};

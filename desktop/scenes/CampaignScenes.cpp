@@ -195,7 +195,7 @@ QList<Scene> settingsScenes() {
        [](Stage& s) {
          auto& form = *openTab(s, u"paused"_s, u"settings"_s).settings();
          form.set(u"name"_s, QString());
-         form.addTag(u"spring"_s);
+         form.addTags({u"spring"_s});
          form.senders()->toggleTag(u"dach"_s);
          s.settle();
          s.press(u"Save settings"_s);

@@ -14,7 +14,7 @@ QString firstOf(CampaignsStore& store) { return store.list()->value()->items.fir
 QList<Scene> campaignsScenes() {
   return {
       page(u"campaigns"_s, [](Stage& s) { s.openCampaigns(); }),
-      {u"campaigns-sorted"_s, [](Stage& s) { s.openCampaigns().toggleSort(u"replied"_s); }},
+      {u"campaigns-sorted"_s, [](Stage& s) { s.openCampaigns().sort(u"replied"_s, true); }},
       {u"campaigns-filtered"_s, [](Stage& s) { s.openCampaigns().setFilter(u"paused"_s); }},
       {u"campaigns-none-match"_s, [](Stage& s) { s.openCampaigns().setQuery(u"nothing like this"_s); }},
       {u"campaigns-menu"_s,

@@ -10,6 +10,7 @@ const auto appearance = u"orv-appearance"_s;
 const auto nameKey = u"orv-signed-in-name"_s;
 const auto geometryKey = u"orv-window-geometry"_s;
 const auto maximizedKey = u"orv-window-maximized"_s;
+const auto tablesKey = u"orv-table-"_s;
 }  // namespace
 
 bool SettingsPreferences::sidebarRail() const { return m_settings.value(rail).toBool(); }
@@ -32,5 +33,15 @@ void SettingsPreferences::setWindowGeometry(const QRect& geometry) { m_settings.
 
 bool SettingsPreferences::windowMaximized() const { return m_settings.value(maximizedKey).toBool(); }
 void SettingsPreferences::setWindowMaximized(bool maximized) { m_settings.setValue(maximizedKey, maximized); }
+
+QByteArray SettingsPreferences::tableLayout(const QString& table) const {
+  return m_settings.value(tablesKey + table).toString().toUtf8();
+}
+void SettingsPreferences::setTableLayout(const QString& table, const QByteArray& layout) {
+  if (layout.isEmpty())
+    m_settings.remove(tablesKey + table);
+  else
+    m_settings.setValue(tablesKey + table, QString::fromUtf8(layout));
+}
 
 }  // namespace orv

@@ -26,6 +26,10 @@ class SettingsPreferences final : public Preferences {
   bool windowMaximized() const override;
   void setWindowMaximized(bool maximized) override;
 
+  /// What the person made of a table, as the table itself wrote it; empty for one that is as it was made.
+  QByteArray tableLayout(const QString& table) const;
+  void setTableLayout(const QString& table, const QByteArray& layout);
+
  private:
   QSettings m_settings;
 };

@@ -355,12 +355,17 @@ class ServicesTest : public QObject {
       preferences.setTheme(u"dark"_s);
       preferences.setWindowGeometry({-20, 10, 1280, 800});
       preferences.setWindowMaximized(true);
+      preferences.setTableLayout(u"campaigns"_s, R"({"order":["a, b","c=d"]})");
+      preferences.setTableLayout(u"leads"_s, "{}");
+      preferences.setTableLayout(u"leads"_s, {});
     }
     const SettingsPreferences preferences(path);
     QVERIFY(preferences.sidebarRail() && preferences.windowMaximized());
     QCOMPARE(preferences.recentCommands(), QStringList({u"page.inbox"_s, u"a, b"_s}));
     QCOMPARE(preferences.theme(), u"dark"_s);
     QCOMPARE(preferences.windowGeometry(), QRect(-20, 10, 1280, 800));
+    QCOMPARE(preferences.tableLayout(u"campaigns"_s), QByteArray(R"({"order":["a, b","c=d"]})"));
+    QVERIFY2(!contents(path).contains("orv-table-leads"), "a table as it was made leaves nothing behind");
     QVERIFY(contents(path).contains("orv-sidebar-rail=true"));
   }
 

@@ -4,6 +4,7 @@
 #include "kit/api/APIError.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/isoDay.h"
 
 using namespace orv;
 using namespace Qt::Literals::StringLiterals;
@@ -162,6 +163,10 @@ class FormatTest : public QObject {
     QCOMPARE(Format::counted(12000, u"lead"_s, u"leads"_s, english), u"12,000 leads"_s);
     QCOMPARE(Format::calendarDay({2024, 3, 7}), u"2024-03-07"_s);
     QCOMPARE(Format::calendarDay({987, 12, 31}), u"0987-12-31"_s);
+    QCOMPARE(isoDay(u"2028-02-29"_s), QDate(2028, 2, 29));
+    for (const auto& none :
+         {u"2026-02-29"_s, u"2026-2-9"_s, u"2026-02-09T10:00"_s, u"x2026-02-09"_s, u"2026-02-09\n"_s, u""_s})
+      QVERIFY2(!isoDay(none).isValid(), qPrintable(none));
     QCOMPARE(Format::shortDate({2024, 3, 7}, english), u"7 Mar"_s);
     QCOMPARE(Format::moment(QDateTime({2024, 3, 7}, {9, 5}), english), u"7 Mar, 09:05"_s);
   }

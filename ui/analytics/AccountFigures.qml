@@ -10,23 +10,24 @@ OrvTable {
     required property AnalyticsStore store
 
     title: "Accounts"
+    name: "analytics-accounts"
     rowHeight: 44
     scrolledByPage: true
     model: store.accountRows
     keyRole: "id"
     sortKey: store.sortKey
     sortDescending: store.sortDescending
-    onSortRequested: key => store.toggleSort(key || store.sortKey)
+    onSortRequested: (key, descending) => store.sort(key, descending)
     columns: [
         OrvColumn { id: addressColumn; key: "address"; title: "Account"; fill: true; sortable: true; minimumWidth: 168 },
         OrvColumn { id: statusColumn; key: "status"; title: "Status"; preferredWidth: 84; sortable: true },
         OrvColumn { id: healthColumn; key: "health"; title: "Health"; preferredWidth: 88; sortable: true },
         OrvColumn { id: inboxColumn; key: "inbox"; title: "Inbox 7d %"; preferredWidth: 76; alignment: Text.AlignRight; sortable: true },
-        OrvColumn { id: contactedColumn; key: "contacted"; title: "Contacted"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1320 },
+        OrvColumn { id: contactedColumn; key: "contacted"; title: "Contacted"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; yields: 2 },
         OrvColumn { id: sentColumn; key: "sent"; title: "Sent"; preferredWidth: 56; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: openedColumn; key: "opened"; title: "Opened"; preferredWidth: 88; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: repliedColumn; key: "replied"; title: "Replied"; preferredWidth: 80; alignment: Text.AlignRight; sortable: true },
-        OrvColumn { id: clickedColumn; key: "clicked"; title: "Clicked"; preferredWidth: 84; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1200 },
+        OrvColumn { id: clickedColumn; key: "clicked"; title: "Clicked"; preferredWidth: 84; alignment: Text.AlignRight; sortable: true; yields: 1 },
         OrvColumn { id: bouncedColumn; key: "bounced"; title: "Bounced"; preferredWidth: 76; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: interestedColumn; key: "interested"; title: "Interested"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true }
     ]

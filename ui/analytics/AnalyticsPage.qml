@@ -45,13 +45,8 @@ FocusScope {
             folded: root.width < 1000
         }
 
-        OrvButton {
-            kind: "ghost"
-            iconOnly: true
-            iconName: "view-refresh"
-            text: "Refresh"
-            keys: "F5"
-            busy: root.store.summary.refreshing
+        RefreshButton {
+            resource: root.store.summary
             onClicked: root.store.refresh()
         }
     }
@@ -158,11 +153,6 @@ FocusScope {
 
     RangeDialog {
         form: root.store.rangeForm
-    }
-
-    Shortcut {
-        sequences: ["F5", "Ctrl+R"]
-        onActivated: root.store.refresh()
     }
 
     Shortcut {

@@ -10,26 +10,27 @@ OrvTable {
     required property AnalyticsStore store
 
     title: "Campaigns"
+    name: "analytics-campaigns"
     rowHeight: 44
     scrolledByPage: true
     model: store.campaignRows
     keyRole: "id"
     sortKey: store.sortKey
     sortDescending: store.sortDescending
-    onSortRequested: key => store.toggleSort(key || store.sortKey)
+    onSortRequested: (key, descending) => store.sort(key, descending)
     onOpened: key => store.openCampaign(key)
     columns: [
         OrvColumn { id: nameColumn; key: "name"; title: "Campaign"; fill: true; sortable: true; minimumWidth: 156 },
         OrvColumn { id: statusColumn; key: "status"; title: "Status"; preferredWidth: 96; sortable: true },
-        OrvColumn { id: leadsColumn; key: "leads"; title: "Leads"; preferredWidth: 60; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1240 },
-        OrvColumn { id: contactedColumn; key: "contacted"; title: "Contacted"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1240 },
+        OrvColumn { id: leadsColumn; key: "leads"; title: "Leads"; preferredWidth: 60; alignment: Text.AlignRight; sortable: true; yields: 4 },
+        OrvColumn { id: contactedColumn; key: "contacted"; title: "Contacted"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; yields: 3 },
         OrvColumn { id: sentColumn; key: "sent"; title: "Sent"; preferredWidth: 56; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: openedColumn; key: "opened"; title: "Opened"; preferredWidth: 88; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: repliedColumn; key: "replied"; title: "Replied"; preferredWidth: 80; alignment: Text.AlignRight; sortable: true },
-        OrvColumn { id: clickedColumn; key: "clicked"; title: "Clicked"; preferredWidth: 84; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1040 },
+        OrvColumn { id: clickedColumn; key: "clicked"; title: "Clicked"; preferredWidth: 84; alignment: Text.AlignRight; sortable: true; yields: 1 },
         OrvColumn { id: bouncedColumn; key: "bounced"; title: "Bounced"; preferredWidth: 76; alignment: Text.AlignRight; sortable: true },
         OrvColumn { id: interestedColumn; key: "interested"; title: "Interested"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true },
-        OrvColumn { id: opportunitiesColumn; key: "opportunities"; title: "Opportunities"; preferredWidth: 92; alignment: Text.AlignRight; sortable: true; visible: root.width >= 1240 },
+        OrvColumn { id: opportunitiesColumn; key: "opportunities"; title: "Opportunities"; preferredWidth: 92; alignment: Text.AlignRight; sortable: true; yields: 2 },
         OrvColumn { id: valueColumn; key: "value"; title: "Value"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true }
     ]
 

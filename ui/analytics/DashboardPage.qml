@@ -26,13 +26,8 @@ FocusScope {
             onChosen: key => root.store.preset = key
         }
 
-        OrvButton {
-            kind: "ghost"
-            iconOnly: true
-            iconName: "view-refresh"
-            text: "Refresh"
-            keys: "F5"
-            busy: root.store.overview.refreshing
+        RefreshButton {
+            resource: root.store.overview
             onClicked: root.store.refresh()
         }
     }
@@ -97,10 +92,5 @@ FocusScope {
                 }
             }
         }
-    }
-
-    Shortcut {
-        sequences: ["F5", "Ctrl+R"]
-        onActivated: root.store.refresh()
     }
 }

@@ -25,21 +25,17 @@ OnDemand {
             width: parent.width
             spacing: 16
 
-            OrvField {
+            OrvDateField {
                 id: from
                 width: (parent.width - parent.spacing) / 2
                 label: "From"
-                placeholder: "2026-03-01"
-                maximumLength: 16
                 text: root.form.from
                 onEdited: text => root.form.from = text
             }
 
-            OrvField {
+            OrvDateField {
                 width: from.width
                 label: "To"
-                placeholder: "2026-03-31"
-                maximumLength: 16
                 text: root.form.to
                 onEdited: text => root.form.to = text
             }

@@ -21,7 +21,7 @@ Text {
             return "Updated just now";
         if (minutes < 60)
             return "Updated " + minutes + " min ago";
-        return "Updated at " + loadedAt.toLocaleTimeString(Qt.locale(), Locale.ShortFormat);
+        return "Updated at " + Qt.formatTime(loadedAt, "HH:mm");
     }
     Accessible.role: Accessible.StaticText
     Accessible.name: text

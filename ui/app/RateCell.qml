@@ -10,6 +10,7 @@ OrvCell {
     property color color: Theme.text
 
     label: rate === "" ? text : text + ", " + rate
+    naturalWidth: count.implicitWidth + (rate === "" ? 0 : 43)
 
     Text {
         visible: root.rate !== ""
@@ -26,6 +27,7 @@ OrvCell {
     }
 
     Text {
+        id: count
         width: root.rate === "" ? root.width : root.width - 43
         height: root.height
         horizontalAlignment: Text.AlignRight

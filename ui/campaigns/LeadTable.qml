@@ -13,6 +13,7 @@ OrvTable {
     readonly property bool roomy: width >= 1080
 
     title: archive ? "Archived leads" : "Leads"
+    name: archive ? "campaign-leads-archive" : "campaign-leads"
     model: store.rows
     keyRole: "id"
     query: store.question
@@ -27,9 +28,9 @@ OrvTable {
         OrvColumn { id: nameCells; key: "name"; title: "Lead"; fill: true; minimumWidth: 200 },
         OrvColumn { id: companyCells; key: "company"; title: "Company"; preferredWidth: root.roomy ? 200 : root.archive ? 112 : 152 },
         OrvColumn { id: statusCells; key: "status"; title: "Status"; preferredWidth: 116 },
-        OrvColumn { id: stepCells; key: "step"; title: "Step"; preferredWidth: 64; visible: !root.archive },
+        OrvColumn { id: stepCells; key: "step"; title: "Step"; preferredWidth: 64; visible: !root.archive; yields: 1 },
         OrvColumn { id: whenCells; key: "when"; title: "When"; preferredWidth: 124; visible: !root.archive },
-        OrvColumn { id: senderCells; key: "sender"; title: "Written to by"; preferredWidth: 200; visible: !root.archive && root.roomy },
+        OrvColumn { id: senderCells; key: "sender"; title: "Written to by"; preferredWidth: 200; visible: !root.archive; yields: 2 },
         OrvColumn { id: removedCells; key: "removed"; title: "Removed"; preferredWidth: 96; visible: root.archive },
         OrvColumn { id: goneCells; key: "gone"; title: "Goes for good"; preferredWidth: 112; visible: root.archive },
         OrvColumn { id: restoreCells; key: "restore"; title: "Restore"; titleHidden: true; preferredWidth: 104; visible: root.archive && root.canWrite; resizable: false },
@@ -51,7 +52,6 @@ OrvTable {
     }
 
     onOpened: key => store.open(key)
-    onCopyRequested: key => store.copyAddress(key)
     onDeleteRequested: key => {
         if (canWrite)
             archive ? store.removeForGood(key) : store.remove([key]);

@@ -3,43 +3,97 @@ import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
-/// A campaign's leads: by status, searched, ticked, added and removed, and the archive of those removed.
-FocusScope {
+/// A campaign's leads: by status, searched, ticked, added and removed, and the archive of those removed; beside them what
+/// is known of one.
+ListDetail {
     id: root
 
     required property CampaignStore campaign
     readonly property CampaignLeads store: campaign.leads
     readonly property bool archive: store.leadsArchived
     readonly property bool filtered: store.leadStatus !== "" || store.leadQuery !== ""
+    readonly property bool narrow: page.width < 900
 
     Component.onCompleted: store.ensureLoaded()
 
-    LeadFilters {
-        id: filters
-        width: root.width
+    table: leadTable
+    shownKey: store.panel.shown ? store.panel.leadId : ""
+    title: store.panel.name
+    detail: LeadPane {
         store: root.store
         canWrite: root.campaign.canWrite
-        onTableRequested: table.focusRows()
     }
+    onStepped: key => store.open(key)
+    onCloseRequested: store.panel.dismiss()
 
-    ResourceView {
-        y: filters.height
-        width: root.width
-        height: root.height - y - foot.height
+    TablePage {
+        id: page
+        anchors.fill: parent
+        focus: true
+        countText: root.store.countText
         resource: root.store.leads
-        skeletonColumns: table.columns
-        emptyIcon: root.archive ? "archive-insert" : root.filtered ? "view-filter" : "system-users"
-        emptyTitle: root.archive ? "Nothing archived" : root.filtered ? "No leads with this status" : "No leads yet"
-        emptyText: root.archive ? "A lead you remove waits here for 30 days, so you can restore it."
+        view.skeletonColumns: leadTable.columns
+        view.emptyIcon: root.archive ? "archive-insert" : root.filtered ? "view-filter" : "system-users"
+        view.emptyTitle: root.archive ? "Nothing archived" : root.filtered ? "No leads with this status" : "No leads yet"
+        view.emptyText: root.archive ? "A lead you remove waits here for 30 days, so you can restore it."
             : root.filtered ? "Leads change their status as the campaign sends."
             : "Add the people this campaign writes to: from a file, from a list or by hand."
-        emptyAction: root.archive ? "" : root.filtered ? "Show all leads" : root.campaign.canWrite ? "Add leads" : ""
-        errorTitle: "Couldn’t load the leads"
-        onEmptyActionRequested: root.filtered ? root.store.showAll() : filters.openAddMenu()
-        onRetryRequested: root.store.refresh()
+        view.emptyAction: root.archive ? "" : root.filtered ? "Show all leads" : root.campaign.canWrite ? "Add leads" : ""
+        view.errorTitle: "Couldn’t load the leads"
+        view.onEmptyActionRequested: root.filtered ? root.store.showAll() : add.openMenu()
+        view.onRetryRequested: root.store.refresh()
+
+        leading: [
+            OrvButton {
+                visible: root.archive
+                text: "Back to leads"
+                iconName: "arrow-left"
+                onClicked: root.store.leadsArchived = false
+            },
+            OrvSelect {
+                width: 208
+                hint: "Which leads are shown"
+                options: root.store.statusCounts
+                current: root.store.leadStatus
+                placeholder: "All leads"
+                onChosen: key => root.store.leadStatus = key
+            }
+        ]
+
+        trailing: [
+            SearchField {
+                width: root.narrow ? 172 : 232
+                placeholder: "Search leads"
+                text: root.store.leadQuery
+                onEdited: text => root.store.leadQuery = text
+                onFinished: leadTable.focusRows()
+            },
+            OrvButton {
+                visible: !root.archive
+                kind: "ghost"
+                text: "Archived"
+                iconName: "archive-insert"
+                iconOnly: root.narrow
+                count: root.store.archivedCount
+                onClicked: root.store.leadsArchived = true
+            },
+            RefreshButton {
+                resource: root.store.leads
+                // The campaign's page has them, for whatever of it shows.
+                withKeys: false
+                onClicked: root.store.refresh()
+            },
+            AddLeadsButton {
+                id: add
+                visible: !root.archive
+                enabled: root.campaign.canWrite
+                hint: root.campaign.canWrite ? "" : "Only members can add leads."
+                adding: root.store.adding
+            }
+        ]
 
         LeadTable {
-            id: table
+            id: leadTable
             anchors.fill: parent
             focus: true
             store: root.store
@@ -58,7 +112,7 @@ FocusScope {
             actionText: root.store.loadingMore ? "" : "Show all leads"
             onActionRequested: {
                 root.store.showAll();
-                table.focusRows();
+                leadTable.focusRows();
             }
         }
 
@@ -114,14 +168,6 @@ FocusScope {
         }
     }
 
-    PageFoot {
-        id: foot
-        y: root.height - height
-        width: root.width
-        countText: root.store.countText
-        resource: root.store.leads
-    }
-
     LeadMenu {
         id: menu
         store: root.store
@@ -134,15 +180,5 @@ FocusScope {
 
     MoveLeadsDialog {
         move: root.store.move
-    }
-
-    LeadDrawer {
-        store: root.store
-        canWrite: root.campaign.canWrite
-    }
-
-    Shortcut {
-        sequences: ["/", StandardKey.Find]
-        onActivated: filters.focusSearch()
     }
 }

@@ -24,15 +24,15 @@ OnDemand {
         onConfirmed: root.move.submit()
         onCancelled: root.move.cancel()
 
-        OrvField {
+        SearchField {
             id: search
+            ofPage: false
             width: parent.width
-            search: true
             placeholder: "Search campaigns"
             text: root.move.query
             onEdited: text => root.move.query = text
+            onFinished: list.forceActiveFocus(Qt.TabFocusReason)
             onEscaped: dialog.cancel()
-            Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
         }
 
         ResourceView {

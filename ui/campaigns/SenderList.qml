@@ -13,15 +13,15 @@ FocusScope {
 
     implicitHeight: frame.y + frame.height
 
-    OrvField {
+    SearchField {
         id: search
+        ofPage: false
         visible: root.picker.total > 8
         width: parent.width
-        search: true
         placeholder: "Search inboxes"
         text: root.picker.query
         onEdited: text => root.picker.query = text
-        Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+        onFinished: list.forceActiveFocus(Qt.TabFocusReason)
     }
 
     Rectangle {

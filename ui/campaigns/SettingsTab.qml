@@ -147,21 +147,21 @@ FocusScope {
             Row {
                 spacing: 16
 
-                OrvField {
+                OrvDateField {
                     label: "Start date"
                     placeholder: "On launch"
                     help: "YYYY-MM-DD. Empty: on launch."
                     text: root.values.startDate ?? ""
-                    error: root.errors.startDate ?? ""
+                    problem: root.errors.startDate ?? ""
                     onEdited: text => root.form.set("startDate", text)
                 }
 
-                OrvField {
+                OrvDateField {
                     label: "End date"
                     placeholder: "No end date"
                     help: "YYYY-MM-DD. Empty: no end date."
                     text: root.values.endDate ?? ""
-                    error: root.errors.endDate ?? ""
+                    problem: root.errors.endDate ?? ""
                     onEdited: text => root.form.set("endDate", text)
                 }
             }

@@ -10,6 +10,7 @@ OrvTable {
     required property CampaignStatsStore store
 
     title: "Emails of the sequence"
+    name: "campaign-emails"
     scrolledByPage: true
     model: store.emailRows
     keyRole: "id"

@@ -8,6 +8,7 @@ OrvTable {
     property string firstTitle: ""
     property bool withState: false
 
+    name: withState ? "campaign-messages" : "campaign-activity"
     scrolledByPage: true
     keyRole: "id"
     columns: [

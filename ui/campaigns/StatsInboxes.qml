@@ -10,6 +10,7 @@ OrvTable {
     required property CampaignStatsStore store
 
     title: "Sender inboxes"
+    name: "campaign-inboxes"
     rowHeight: 44
     scrolledByPage: true
     model: store.inboxRows
@@ -17,7 +18,7 @@ OrvTable {
     columns: [
         OrvColumn { id: inboxColumn; key: "address"; title: "Inbox"; fill: true; minimumWidth: 200 },
         OrvColumn { id: sentColumn; key: "sent"; title: "Sent"; preferredWidth: 80; alignment: Text.AlignRight },
-        OrvColumn { id: repliesColumn; key: "replies"; title: "Replies"; preferredWidth: 96; alignment: Text.AlignRight },
+        OrvColumn { id: repliesColumn; key: "replied"; title: "Replies"; preferredWidth: 96; alignment: Text.AlignRight },
         OrvColumn { id: interestedColumn; key: "interested"; title: "Interested"; preferredWidth: 80; alignment: Text.AlignRight },
         OrvColumn { id: bouncedColumn; key: "bounced"; title: "Bounced"; preferredWidth: 96; alignment: Text.AlignRight }
     ]

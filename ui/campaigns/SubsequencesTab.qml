@@ -61,6 +61,7 @@ FocusScope {
             anchors.fill: parent
             focus: true
             title: "Subsequences"
+            name: "subsequences"
             model: root.page.rows
             keyRole: "id"
             columns: [

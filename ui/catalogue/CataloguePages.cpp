@@ -17,7 +17,7 @@ QStringList pages() {
 QList<Sheet> sheets() {
   QList<Sheet> list;
   for (const QString& page : pages()) list.append({page, {}});
-  for (const auto& popup : {u"menu"_s, u"dialog"_s, u"danger"_s, u"palette"_s, u"drawer"_s})
+  for (const auto& popup : {u"menu"_s, u"dialog"_s, u"danger"_s, u"palette"_s, u"drawer"_s, u"calendar"_s})
     list.append({u"Popups"_s, popup});
   return list;
 }

@@ -6,9 +6,9 @@ Rectangle {
     id: root
 
     readonly property var roles: [
-        {key: "admin", label: "Admin", text: "Everything but closing the workspace"},
-        {key: "member", label: "Member", text: "Writes and runs campaigns"},
-        {key: "viewer", label: "Viewer", text: "Looks, changes nothing"}]
+        {key: "admin", label: "Admin", detail: "Everything but closing the workspace"},
+        {key: "member", label: "Member", detail: "Writes and runs campaigns"},
+        {key: "viewer", label: "Viewer", detail: "Looks, changes nothing"}]
 
     color: Theme.surface
 
@@ -30,6 +30,13 @@ Rectangle {
             OrvField { width: parent.width; label: "Password"; secret: true; text: "northgate" }
             OrvField { width: parent.width; label: "Off"; text: "Fixed by the owner"; enabled: false }
             OrvField { width: parent.width; search: true; placeholder: "Search campaigns"; text: "fleet" }
+            Row {
+                spacing: 16
+
+                OrvDateField { width: 166; label: "Start date"; placeholder: "On launch"; help: "Empty: on launch." }
+                OrvDateField { width: 166; label: "End date"; text: "2026-02-30" }
+            }
+
             OrvCodeField { width: parent.width; text: "4192" }
             OrvCodeField { width: parent.width; text: "419206"; error: "That code isn’t right. 2 tries left." }
         }

@@ -38,6 +38,8 @@ Rectangle {
             palette.open();
         else if (name === "drawer")
             drawer.open();
+        else if (name === "calendar")
+            calendar.openUnder();
     }
 
     Row {
@@ -47,7 +49,7 @@ Rectangle {
         spacing: 8
 
         Repeater {
-            model: ["menu", "dialog", "danger", "palette", "drawer"]
+            model: ["menu", "dialog", "danger", "palette", "drawer", "calendar"]
 
             OrvButton {
                 required property string modelData
@@ -86,6 +88,14 @@ Rectangle {
         destructive: true
         typedWord: "DELETE"
         confirmText: "Delete"
+    }
+
+    OrvCalendar {
+        id: calendar
+        parent: row
+        today: "2026-11-20"
+        chosen: "2026-11-26"
+        first: "2026-11-09"
     }
 
     OrvCommandPalette {

@@ -15,6 +15,7 @@ T.Popup {
     readonly property alias count: list.count
     readonly property string resultText: list.count + (list.count === 1 ? " result" : " results")
     readonly property FocusReturn focusReturn: FocusReturn {}
+    readonly property ModalLevel modalLevel: ModalLevel { held: root.visible && root.modal }
 
     signal queryEdited(string text)
     signal chosen(int row)

@@ -36,6 +36,7 @@ T.Popup {
     signal cancelled()
 
     readonly property FocusReturn focusReturn: FocusReturn {}
+    readonly property ModalLevel modalLevel: ModalLevel { held: root.visible && root.modal }
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -104,89 +105,94 @@ T.Popup {
         Keys.onReturnPressed: root.confirm()
         Keys.onEnterPressed: root.confirm()
 
-        Flickable {
-            id: scroll
-            width: parent.width
-            height: parent.height - 24 - buttons.height
-            contentHeight: column.implicitHeight
-            interactive: contentHeight > height
-            boundsBehavior: Flickable.StopAtBounds
-            clip: interactive
+        ModalPane {
+            anchors.fill: parent
+            level: root.modalLevel.level
 
-            T.ScrollBar.vertical: OrvScrollBar {}
+            Flickable {
+                id: scroll
+                width: parent.width
+                height: parent.height - 24 - buttons.height
+                contentHeight: column.implicitHeight
+                interactive: contentHeight > height
+                boundsBehavior: Flickable.StopAtBounds
+                clip: interactive
 
-            Column {
-                id: column
-                width: scroll.width
-                spacing: 10
-
-                DialogText {
-                    text: root.title
-                    font: Theme.dialogTitle
-                    color: Theme.text
-                }
-
-                DialogText {
-                    text: root.lead
-                    font: Theme.bodyBold
-                    color: Theme.text
-                }
-
-                DialogText {
-                    text: root.text
-                }
-
-                OrvNotice {
-                    width: parent.width
-                    visible: text !== ""
-                    text: root.warning
-                }
+                T.ScrollBar.vertical: OrvScrollBar {}
 
                 Column {
-                    id: form
-                    // Not by visibleChildren: those of a hidden parent are hidden.
-                    visible: children.length > 0
-                    width: parent.width
-                    topPadding: 6
-                    spacing: 16
-                }
+                    id: column
+                    width: scroll.width
+                    spacing: 10
 
-                OrvField {
-                    id: word
-                    visible: root.typedWord !== ""
-                    width: parent.width
-                    label: "Type " + root.typedWord + " to confirm"
-                }
+                    DialogText {
+                        text: root.title
+                        font: Theme.dialogTitle
+                        color: Theme.text
+                    }
 
-                OrvNotice {
-                    width: parent.width
+                    DialogText {
+                        text: root.lead
+                        font: Theme.bodyBold
+                        color: Theme.text
+                    }
+
+                    DialogText {
+                        text: root.text
+                    }
+
+                    OrvNotice {
+                        width: parent.width
+                        visible: text !== ""
+                        text: root.warning
+                    }
+
+                    Column {
+                        id: form
+                        // Not by visibleChildren: those of a hidden parent are hidden.
+                        visible: children.length > 0
+                        width: parent.width
+                        topPadding: 6
+                        spacing: 16
+                    }
+
+                    OrvField {
+                        id: word
+                        visible: root.typedWord !== ""
+                        width: parent.width
+                        label: "Type " + root.typedWord + " to confirm"
+                    }
+
+                    OrvNotice {
+                        width: parent.width
+                        visible: text !== ""
+                        tone: "negative"
+                        text: root.error
+                    }
+                }
+            }
+
+            Row {
+                id: buttons
+                anchors { right: parent.right; bottom: parent.bottom }
+                spacing: 8
+
+                OrvButton {
+                    id: cancelButton
                     visible: text !== ""
-                    tone: "negative"
-                    text: root.error
+                    text: root.cancelText
+                    enabled: !root.busy || root.closesWhileBusy
+                    onClicked: root.cancel()
                 }
-            }
-        }
 
-        Row {
-            id: buttons
-            anchors { right: parent.right; bottom: parent.bottom }
-            spacing: 8
-
-            OrvButton {
-                id: cancelButton
-                visible: text !== ""
-                text: root.cancelText
-                enabled: !root.busy || root.closesWhileBusy
-                onClicked: root.cancel()
-            }
-
-            OrvButton {
-                id: confirmButton
-                kind: root.destructive ? "danger" : "primary"
-                text: root.confirmText
-                busy: root.busy
-                enabled: root.canConfirm || root.busy
-                onClicked: root.confirm()
+                OrvButton {
+                    id: confirmButton
+                    kind: root.destructive ? "danger" : "primary"
+                    text: root.confirmText
+                    busy: root.busy
+                    enabled: root.canConfirm || root.busy
+                    onClicked: root.confirm()
+                }
             }
         }
     }

@@ -9,16 +9,18 @@ T.Popup {
     property string title: ""
     readonly property bool beside: parent ? parent.width >= 1280 : false
     readonly property FocusReturn focusReturn: FocusReturn {}
+    readonly property ModalLevel modalLevel: ModalLevel { held: root.visible && root.modal }
 
     /// Its owner decides whether it closes: something in it may not be saved.
     property bool asksToClose: false
 
-    default property alias content: body.data
+    property alias steps: frame.steps
+    default property alias content: frame.content
 
     signal closeRequested()
+    signal stepRequested(int by)
 
     function leave() {
-        // By its id: the button in it has the name.
         asksToClose ? closeRequested() : root.close();
     }
 
@@ -67,55 +69,17 @@ T.Popup {
         Accessible.role: Accessible.Dialog
         Accessible.name: root.title
 
-        Keys.onEscapePressed: root.leave()
+        ModalPane {
+            anchors.fill: parent
+            level: root.modalLevel.level
 
-        Text {
-            x: 20
-            width: close.x - x - 8
-            height: 52
-            verticalAlignment: Text.AlignVCenter
-            elide: Text.ElideRight
-            textFormat: Text.PlainText
-            text: root.title
-            font: Theme.paneTitle
-            color: Theme.text
-            Accessible.ignored: true
-        }
-
-        OrvButton {
-            id: close
-            anchors { right: parent.right; rightMargin: 12 }
-            y: 11
-            kind: "ghost"
-            iconName: "orv-close"
-            iconOnly: true
-            text: "Close"
-            onClicked: root.leave()
-        }
-
-        Rectangle {
-            y: 51
-            width: parent.width
-            height: 1
-            color: Theme.border
-        }
-
-        Flickable {
-            y: 52
-            width: parent.width
-            height: parent.height - y
-            contentHeight: body.childrenRect.height + 32
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-
-            T.ScrollBar.vertical: OrvScrollBar {}
-
-            Item {
-                id: body
-                x: 20
-                y: 16
-                width: parent.width - 40
-                height: childrenRect.height
+            PanelFrame {
+                id: frame
+                anchors.fill: parent
+                focus: true
+                title: root.title
+                onCloseRequested: root.leave()
+                onStepRequested: by => root.stepRequested(by)
             }
         }
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// The ground of everything that floats over a page: raised, a hairline and one soft shadow.
 Rectangle {
@@ -8,20 +9,11 @@ Rectangle {
     color: Theme.raised
     border { width: 1; color: Theme.border }
 
-    // The shadow as stacked outlines: effects need a graphics card, which not every desktop has.
-    Repeater {
-        model: 6
-
-        Rectangle {
-            required property int index
-
-            readonly property real spread: 2 + index * 4
-
-            z: -1
-            anchors { fill: parent; margins: -spread; topMargin: 8 - spread; bottomMargin: -8 - spread }
-            radius: root.radius + spread
-            color: Theme.shadow
-            opacity: 0.16
-        }
+    FloatShadow {
+        z: -1
+        anchors { fill: parent; margins: -blur; topMargin: Theme.shadowDrop - blur; bottomMargin: -Theme.shadowDrop - blur }
+        blur: Theme.shadowBlur
+        radius: root.radius
+        color: Theme.shadow
     }
 }

@@ -7,18 +7,21 @@ import Orvella.Design
 FocusScope {
     id: root
 
-    /// Maps with key, label and count; a negative count is not shown.
-    property var options: []
-    property string current: ""
+    property alias options: choices.options
+    property alias current: choices.current
     property string label: ""
 
     signal chosen(string key)
 
-    readonly property int currentIndex: options.findIndex(option => option.key === current)
+    readonly property alias currentIndex: choices.currentIndex
 
-    function step(by) {
+    function step(by: int) {
         const next = currentIndex + by;
-        if (next >= 0 && next < options.length) chosen(options[next].key);
+        if (next >= 0 && next < choices.count) chosen(choices.keyAt(next));
+    }
+
+    ChoiceList {
+        id: choices
     }
 
     implicitWidth: row.implicitWidth + 4
@@ -63,7 +66,7 @@ FocusScope {
             model: root.options
             T.AbstractButton {
                 id: segment
-                required property var modelData
+                required property choice modelData
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
@@ -90,11 +93,11 @@ FocusScope {
                         color: segment.current || segment.hovered ? Theme.text : Theme.text2
                     }
                     Text {
-                        visible: (segment.modelData.count ?? -1) >= 0
+                        visible: segment.modelData.count >= 0
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
                         textFormat: Text.PlainText
-                        text: segment.modelData.count ?? ""
+                        text: segment.modelData.count
                         font: Theme.body
                         color: Theme.text3
                     }

@@ -8,14 +8,13 @@ FocusScope {
     id: root
 
     property string label: ""
-    /// Maps with key, label and, where a choice needs words, text.
-    property var options: []
-    property string current: ""
+    property alias options: choices.options
+    property alias current: choices.current
     property string placeholder: "Choose…"
     property string hint: ""
 
-    readonly property int currentIndex: options.findIndex(option => option.key === current)
-    readonly property string valueText: currentIndex >= 0 ? options[currentIndex].label : placeholder
+    readonly property alias currentIndex: choices.currentIndex
+    readonly property string valueText: currentIndex >= 0 ? choices.currentLabel : placeholder
 
     signal chosen(string key)
 
@@ -23,13 +22,13 @@ FocusScope {
     implicitHeight: (label !== "" ? 22 : 0) + Theme.controlHeight
 
     function jump(letter: string) {
-        for (let i = 1; i <= options.length; ++i) {
-            const option = options[(currentIndex + i) % options.length];
-            if (option.label.toLowerCase().startsWith(letter.toLowerCase())) {
-                chosen(option.key);
-                return;
-            }
-        }
+        const key = choices.startingWith(letter);
+        if (key !== "")
+            chosen(key);
+    }
+
+    ChoiceList {
+        id: choices
     }
 
     function open() {
@@ -114,10 +113,10 @@ FocusScope {
                 model: root.options
 
                 OrvMenuItem {
-                    required property var modelData
+                    required property choice modelData
 
                     text: modelData.label
-                    detail: modelData.text ?? ""
+                    detail: modelData.detail
                     tickable: true
                     ticked: modelData.key === root.current
                     onTriggered: root.chosen(modelData.key)

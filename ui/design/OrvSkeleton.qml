@@ -52,7 +52,7 @@ Item {
                     readonly property real part: [0.62, 0.48, 0.7, 0.55][(line.index + index * 3) % 4]
                     readonly property bool rightAligned: column !== null && column.alignment === Text.AlignRight
 
-                    visible: !column || column.visible
+                    visible: !column || column.shown
                     x: column ? column.x : 24
                     width: room
                     height: line.height

@@ -5,8 +5,8 @@ import Orvella.Design
 OrvField {
     id: root
 
-    /// Maps with key and label, or nothing when the text needs no help.
-    property var suggestions: []
+    /// Nothing when the text needs no help.
+    property alias suggestions: list.options
     property bool dismissed: false
 
     signal chosen(string key)
@@ -29,7 +29,6 @@ OrvField {
     SuggestionList {
         id: list
         wanted: root.caret && !root.dismissed
-        options: root.suggestions
         onChosen: key => root.choose(key)
     }
 }

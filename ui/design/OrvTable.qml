@@ -39,6 +39,7 @@ TableCore {
         width: root.width
         table: root
         KeyNavigation.down: body
+        onFitRequested: column => root.placed.resize(column, body.naturalWidth(column))
     }
 
     TableBody {

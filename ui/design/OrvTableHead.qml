@@ -1,13 +1,20 @@
-pragma ComponentBehavior: Bound
 import QtQuick
+import QtQml
 
-/// The sticky head of an OrvTable: titles, sort, column widths and the tick for all rows. One stop for Tab; Left and
-/// Right move over the titles, Enter sorts, Alt+Left and Alt+Right resize.
+/// The sticky head of an OrvTable: titles, sort, columns and the tick for all rows. One stop for Tab; Left and Right move
+/// over the titles, Enter sorts, Alt+Left and Alt+Right resize, Ctrl+Left and Ctrl+Right move the column itself.
 FocusScope {
     id: root
 
     required property TableCore table
-    property int currentColumn: 0
+    property OrvColumn at: null
+    readonly property OrvColumn current: at !== null && at.shown ? at : table.placed.shown.length > 0 ? table.placed.shown[0] : null
+    /// What a dragged title would go before; null is the end of those that can move.
+    property OrvColumn carried: null
+    property OrvColumn dropBefore: null
+
+    /// The person wants the column as wide as what is in it.
+    signal fitRequested(OrvColumn column)
 
     height: 32
     activeFocusOnTab: true
@@ -17,46 +24,73 @@ FocusScope {
     Accessible.name: "Column titles"
 
     function step(by: int) {
-        const columns = table.columns;
-        for (let i = currentColumn + by; i >= 0 && i < columns.length; i += by) {
-            if (columns[i].visible) {
-                currentColumn = i;
+        const shown = table.placed.shown;
+        for (let i = 0; i < shown.length; ++i) {
+            if (shown[i] === current && shown[i + by]) {
+                at = shown[i + by];
                 return;
             }
         }
     }
 
     /// Highest first, then lowest first, then the service's order again.
-    function sortBy(column) {
+    function sortBy(column: OrvColumn) {
         if (!column.sortable)
             return;
         if (table.sortKey !== column.key)
-            table.sortRequested(column.key, true);
+            table.sortBy(column.key, true);
         else if (table.sortDescending)
-            table.sortRequested(column.key, false);
+            table.sortBy(column.key, false);
         else
-            table.sortRequested("", true);
+            table.sortBy("", true);
     }
 
-    function resize(column, width: real) {
-        if (!column.resizable)
+    function resize(column: OrvColumn, width: real) {
+        if (column.resizable)
+            table.placed.resize(column, width);
+    }
+
+    function carry(column: OrvColumn, x: real) {
+        if (column.fixed)
             return;
-        table.placed.resize(column, width);
-        table.columnResized(column.key, column.width);
+        carried = column;
+        const free = table.placed.movable();
+        dropBefore = free.find(other => x + table.scrollX < other.x + other.width / 2) ?? table.placed.after(free[free.length - 1]);
     }
 
+    function drop() {
+        const column = carried;
+        carried = null;
+        if (column)
+            table.placed.moveTo(column, dropBefore);
+    }
+
+    function openMenu(column: OrvColumn) {
+        at = column;
+        menu.openIn(root, Math.max(0, column.x + column.shift - table.scrollX), height);
+    }
+
+    Keys.onShortcutOverride: event => {
+        const sideways = event.key === Qt.Key_Left || event.key === Qt.Key_Right;
+        event.accepted = sideways && (event.modifiers & (Qt.AltModifier | Qt.ControlModifier)) !== 0;
+    }
     Keys.onPressed: event => {
-        const column = table.columns[currentColumn];
-        const alt = event.modifiers & Qt.AltModifier;
-        event.accepted = true;
-        if (event.key === Qt.Key_Left)
-            alt ? resize(column, column.width - 16) : step(-1);
-        else if (event.key === Qt.Key_Right)
-            alt ? resize(column, column.width + 16) : step(1);
-        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space)
-            sortBy(column);
+        const by = event.key === Qt.Key_Left ? -1 : event.key === Qt.Key_Right ? 1 : 0;
+        const menuAsked = event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && (event.modifiers & Qt.ShiftModifier);
+        const sortAsked = event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Space;
+        event.accepted = current !== null && (by !== 0 || menuAsked || sortAsked);
+        if (!event.accepted)
+            return;
+        if (menuAsked)
+            openMenu(current);
+        else if (sortAsked)
+            sortBy(current);
+        else if (event.modifiers & Qt.AltModifier)
+            resize(current, current.width + 16 * by);
+        else if (event.modifiers & Qt.ControlModifier)
+            table.placed.step(current, by);
         else
-            event.accepted = false;
+            step(by);
     }
 
     Rectangle {
@@ -97,11 +131,28 @@ FocusScope {
             height: root.height
             sorted: root.table.sortKey === column.key
             descending: root.table.sortDescending
-            ringShown: root.activeFocus && root.table.ringShown && root.currentColumn === index
-            focus: root.currentColumn === index
+            carried: root.carried === column
+            ringShown: root.activeFocus && root.table.ringShown && root.current === column
+            focus: root.current === column
             onPressed: root.sortBy(column)
             onDragged: width => root.resize(column, width)
+            onFitRequested: root.fitRequested(column)
+            onCarriedTo: x => root.carry(column, x)
+            onDropped: root.drop()
+            onMenuRequested: root.openMenu(column)
         }
+    }
+
+    Rectangle {
+        readonly property real place: root.dropBefore !== null ? root.dropBefore.x - root.table.placed.spacing / 2
+            : root.table.placed.contentWidth - root.table.placed.rightPadding
+
+        visible: root.carried !== null
+        x: place - root.table.scrollX - 1
+        z: 2
+        width: 2
+        height: root.height
+        color: Theme.accentText
     }
 
     Rectangle {
@@ -115,5 +166,62 @@ FocusScope {
         width: root.width
         height: 1
         color: Theme.border
+    }
+
+    MenuLoader {
+        id: menu
+        sourceComponent: OrvMenu {
+            id: list
+            title: "Columns"
+
+            // By number: the entries stay while what they say changes.
+            Instantiator {
+                model: root.table.columns.length
+
+                OrvMenuItem {
+                    required property int index
+                    readonly property OrvColumn column: root.table.columns[index]
+
+                    visible: column.visible && !column.fixed
+                    text: column.title
+                    tickable: true
+                    ticked: column.shown
+                    onTriggered: root.table.columnLayout.setShown(column.key, !column.shown)
+                }
+
+                onObjectAdded: (index, object) => list.insertItem(index, object)
+                onObjectRemoved: (index, object) => list.removeItem(object)
+            }
+
+            OrvMenuSeparator {}
+
+            OrvMenuItem {
+                text: "Fit to content"
+                enabled: root.current !== null && root.current.resizable
+                onTriggered: root.fitRequested(root.current)
+            }
+
+            OrvMenuItem {
+                text: "Move left"
+                shortcutText: "Ctrl Left"
+                enabled: root.current !== null && !root.current.fixed
+                onTriggered: root.table.placed.step(root.current, -1)
+            }
+
+            OrvMenuItem {
+                text: "Move right"
+                shortcutText: "Ctrl Right"
+                enabled: root.current !== null && !root.current.fixed
+                onTriggered: root.table.placed.step(root.current, 1)
+            }
+
+            OrvMenuSeparator {}
+
+            OrvMenuItem {
+                text: "Reset columns"
+                iconName: "edit-undo"
+                onTriggered: root.table.columnLayout.reset()
+            }
+        }
     }
 }

@@ -36,12 +36,23 @@ Rectangle {
     Accessible.role: Accessible.Row
     Accessible.name: "row " + (index + 1).toLocaleString(Qt.locale(), "f", 0) + " of "
         + table.recordCount.toLocaleString(Qt.locale(), "f", 0) + ", " + label + (busy ? ", busy" : "")
+    Accessible.description: current && table.cellColumn !== null ? table.cellColumn.title + ", " + table.rows.textAt(index, table.cellColumn.key) : ""
     Accessible.focusable: true
     Accessible.focused: activeFocus
     Accessible.selectable: table.tickable
     Accessible.selected: ticked
     Accessible.onPressAction: table.opened(key)
     Accessible.onToggleAction: table.tickToggled(key)
+
+    /// What the cell in a column would take.
+    function naturalWidth(column: OrvColumn): real {
+        for (let i = 0; i < content.children.length; ++i) {
+            const cell = content.children[i];
+            if (cell.column === column)
+                return Math.ceil(cell.naturalWidth);
+        }
+        return 0;
+    }
 
     // A screen reader follows the focus, so it sits on the row itself; the list handles the keys that rows let through.
     onCurrentChanged: focus = current
@@ -86,6 +97,21 @@ Rectangle {
         width: root.width
         height: 1
         color: Theme.border
+    }
+
+    // The current cell, once somebody has moved along the row.
+    Rectangle {
+        readonly property OrvColumn column: root.table.cellColumn
+
+        visible: column !== null && column.shown && root.current && root.activeFocus && root.table.ringShown
+        x: column ? column.x + column.shift - 6 : 0
+        y: 6
+        z: 2
+        width: column ? column.width + 12 : 0
+        height: root.height - 13
+        color: "transparent"
+        radius: Theme.radiusTag
+        border { width: 1; color: Theme.focus }
     }
 
     Rectangle {

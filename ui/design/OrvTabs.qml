@@ -6,17 +6,17 @@ import Orvella.Design
 FocusScope {
     id: root
 
-    /// Maps with key, label and, for a pill, count.
-    property var options: []
-    property string current: ""
+    property alias options: choices.options
+    property alias current: choices.current
 
     signal chosen(string key)
 
-    readonly property int currentIndex: options.findIndex(option => option.key === current)
+    function step(by: int) {
+        if (choices.count > 0) chosen(choices.around(by));
+    }
 
-    function step(by) {
-        const count = options.length;
-        if (count > 0) chosen(options[(currentIndex + by + count) % count].key);
+    ChoiceList {
+        id: choices
     }
 
     implicitWidth: row.implicitWidth
@@ -35,7 +35,7 @@ FocusScope {
             model: root.options
             Pressable {
                 id: tab
-                required property var modelData
+                required property choice modelData
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
@@ -58,7 +58,7 @@ FocusScope {
                         color: tab.current || tab.hovered ? Theme.text : Theme.text2
                     }
                     OrvCount {
-                        visible: tab.modelData.count !== undefined && tab.modelData.count >= 0
+                        visible: tab.modelData.count >= 0
                         anchors.verticalCenter: parent.verticalCenter
                         value: visible ? tab.modelData.count : 0
                     }

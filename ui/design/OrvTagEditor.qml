@@ -6,10 +6,9 @@ import Orvella.Design
 FieldFrame {
     id: root
 
-    /// Maps with key and label.
-    property var tags: []
-    /// The same, of those that could be added.
-    property var suggestions: []
+    property alias tags: held.options
+    /// Those that could be added.
+    property alias suggestions: offered.options
     property string placeholder: ""
     property bool dismissed: false
     readonly property alias input: input
@@ -17,6 +16,9 @@ FieldFrame {
         const wanted = input.text.trim().toLowerCase();
         return suggestions.filter(tag => tag.label.toLowerCase().includes(wanted)).slice(0, 6);
     }
+
+    ChoiceList { id: held }
+    ChoiceList { id: offered }
 
     /// What was typed or pasted, taken apart.
     signal added(var texts)
@@ -48,7 +50,7 @@ FieldFrame {
             model: root.tags
 
             OrvChip {
-                required property var modelData
+                required property choice modelData
 
                 value: modelData.label
                 onRemoved: root.remove(modelData.key)
@@ -57,7 +59,7 @@ FieldFrame {
 
         TextInput {
             id: input
-            width: root.tags.length > 0 ? 160 : flow.width
+            width: held.count > 0 ? 160 : flow.width
             height: 24
             leftPadding: 7
             focus: true
@@ -91,13 +93,13 @@ FieldFrame {
                 root.dismissed = true;
             }
             Keys.onPressed: event => {
-                if (event.key !== Qt.Key_Backspace || text !== "" || root.tags.length === 0) return;
+                if (event.key !== Qt.Key_Backspace || text !== "" || held.count === 0) return;
                 event.accepted = true;
-                root.remove(root.tags[root.tags.length - 1].key);
+                root.remove(held.keyAt(held.count - 1));
             }
 
             Text {
-                visible: root.tags.length === 0 && input.text === "" && input.preeditText === ""
+                visible: held.count === 0 && input.text === "" && input.preeditText === ""
                 leftPadding: 7
                 height: parent.height
                 verticalAlignment: Text.AlignVCenter

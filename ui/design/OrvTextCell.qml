@@ -5,12 +5,13 @@ Text {
     id: root
 
     required property OrvColumn column
+    readonly property real naturalWidth: implicitWidth
 
     x: column.x + column.shift
     z: column.frozen ? 1 : 0
     width: column.width
     height: parent ? parent.height : 0
-    visible: column.visible
+    visible: column.shown
     horizontalAlignment: column.alignment
     verticalAlignment: Text.AlignVCenter
     elide: Text.ElideRight

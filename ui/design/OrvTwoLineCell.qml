@@ -12,6 +12,7 @@ OrvCell {
     default property alias tags: tagRow.data
 
     label: title
+    naturalWidth: Math.max(titleText.implicitWidth + (tagRow.visible ? tagRow.width + 8 : 0), detailText.implicitWidth)
 
     Text {
         id: titleText
@@ -36,6 +37,7 @@ OrvCell {
     }
 
     Text {
+        id: detailText
         y: root.height / 2 + 2
         width: root.width
         height: 16

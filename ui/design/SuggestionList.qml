@@ -7,8 +7,7 @@ import Orvella.Design
 T.Popup {
     id: root
 
-    /// Maps with key and label.
-    property var options: []
+    property alias options: choices.options
     property bool wanted: false
     property int current: -1
 
@@ -16,7 +15,7 @@ T.Popup {
 
     function step(by: int): bool {
         if (!visible) return false;
-        const count = options.length;
+        const count = choices.count;
         current = current < 0 && by < 0 ? count - 1 : (current + by + count) % count;
         return true;
     }
@@ -24,11 +23,14 @@ T.Popup {
     /// Chooses the current one; false when there is none.
     function take(): bool {
         if (!visible || current < 0) return false;
-        chosen(options[current].key);
+        chosen(choices.keyAt(current));
         return true;
     }
 
-    onOptionsChanged: current = -1
+    readonly property ChoiceList choiceList: ChoiceList {
+        id: choices
+        onOptionsChanged: root.current = -1
+    }
 
     y: parent ? parent.height + 4 : 0
     width: parent ? parent.width : 0
@@ -36,7 +38,7 @@ T.Popup {
     padding: 4
     focus: false
     closePolicy: T.Popup.NoAutoClose
-    visible: wanted && options.length > 0
+    visible: wanted && choices.count > 0
     background: OrvFloat { radius: Theme.radiusFloat }
 
     contentItem: Column {
@@ -49,7 +51,7 @@ T.Popup {
             Rectangle {
                 id: entry
 
-                required property var modelData
+                required property choice modelData
                 required property int index
 
                 width: parent.width

@@ -49,6 +49,22 @@ ListView {
     }
     onCountChanged: askForMore()
 
+    /// What the widest of the rows in sight takes in a column, and its title.
+    function naturalWidth(column: OrvColumn): real {
+        let widest = column.minimumWidth;
+        for (let row = 0; row < count; ++row) {
+            const item = itemAtIndex(row);
+            if (item)
+                widest = Math.max(widest, (item as OrvTableRow).naturalWidth(column));
+        }
+        return Math.max(widest, titleWidth.advanceWidth(column.title) + 16);
+    }
+
+    FontMetrics {
+        id: titleWidth
+        font: Theme.smallStrong
+    }
+
     function goToTop() {
         held = false;
         table.rows.dropAnchor();
@@ -139,13 +155,36 @@ ListView {
         case Qt.Key_PageDown: moveTo(row + pageRows); break;
         case Qt.Key_Home: moveTo(0); break;
         case Qt.Key_End: moveTo(count - 1); break;
-        case Qt.Key_Left: contentX = Math.max(0, contentX - 80); return contentWidth > width;
-        case Qt.Key_Right: contentX = Math.min(contentWidth - width, contentX + 80); return contentWidth > width;
+        case Qt.Key_Left: return moveCell(-1);
+        case Qt.Key_Right: return moveCell(1);
         default: return false;
         }
         if ((event.modifiers & Qt.ShiftModifier) && table.tickable)
             table.tickExtended(from, table.currentKey);
         return true;
+    }
+
+    /// Along the current row, into sight.
+    function moveCell(by: int): bool {
+        const cells = table.placed.readable();
+        const next = cells[cells.indexOf(table.currentColumn) + by];
+        if (!next)
+            return cells.length > 0;
+        table.cellColumn = next;
+        if (!next.frozen) {
+            const left = next.x - Math.max(table.placed.frozenWidth, table.placed.leftPadding);
+            const right = next.x + next.width + table.placed.rightPadding - width;
+            contentX = Math.max(0, Math.min(left, Math.max(right, contentX)));
+        }
+        return true;
+    }
+
+    /// The current cell, or all ticked rows, one to a line.
+    function copy() {
+        if (table.tickedKeys.length > 0)
+            table.rows.copy(table.tickedKeys, table.placed.readable().map(column => column.key));
+        else if (table.currentColumn)
+            table.rows.copy([table.currentKey], [table.currentColumn.key]);
     }
 
     function act(event): bool {
@@ -166,7 +205,7 @@ ListView {
         else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && plain)
             table.opened(key);
         else if (event.matches(StandardKey.Copy))
-            table.copyRequested(key);
+            copy();
         else
             return !table.rows.isBusy(key) && change(event, key);
         return true;

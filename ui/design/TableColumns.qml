@@ -1,10 +1,12 @@
 import QtQuick
+import Orvella.Design
 
-/// Places a table's columns in the width there is.
+/// Places a table's columns in the width there is, as the page declared them and the person arranged them.
 QtObject {
     id: root
 
     property list<OrvColumn> columns
+    required property TableLayout layout
     property real availableWidth: 0
     property real leftPadding: 0
     property real rightPadding: 0
@@ -15,6 +17,16 @@ QtObject {
     property real frozenWidth: 0
     /// The width that all columns and paddings need; more than `availableWidth` when the table scrolls sideways.
     property real contentWidth: 0
+    /// The columns that show, from left to right.
+    property list<OrvColumn> shown
+
+    readonly property var keys: {
+        // Qt 6.4 cannot walk a list of QML types with for…of.
+        const keys = [];
+        for (let i = 0; i < columns.length; ++i)
+            keys.push(columns[i].key);
+        return keys;
+    }
 
     /// Changes with what the page says of its columns while they are shown.
     readonly property string wanted: {
@@ -30,59 +42,96 @@ QtObject {
     onRightPaddingChanged: place()
     onColumnsChanged: place()
     onScrollXChanged: shift()
+    // What is kept may have been read before anybody here listened.
+    Component.onCompleted: place()
+
+    readonly property Connections follower: Connections {
+        target: root.layout
+        function onChanged() {
+            root.place();
+        }
+    }
 
     function shift() {
-        // Qt 6.4 cannot walk a list of QML types with for…of.
         for (let i = 0; i < columns.length; ++i)
             columns[i].shift = columns[i].frozen ? scrollX : 0;
     }
 
+    function column(key: string): OrvColumn {
+        for (let i = 0; i < columns.length; ++i) {
+            if (columns[i].key === key)
+                return columns[i];
+        }
+        return null;
+    }
+
+    function isChosen(column): bool {
+        return layout.width(column.key) > 0;
+    }
+
     function wantedWidth(column): real {
-        const wanted = column.chosenWidth > 0 ? column.chosenWidth : column.preferredWidth;
-        return Math.max(column.minimumWidth, wanted);
+        return Math.max(column.minimumWidth, layout.width(column.key) || column.preferredWidth);
+    }
+
+    /// What the columns need at least: those that fill can shrink.
+    function needed(list): real {
+        const widths = list.map(column => column.fill && !isChosen(column) ? column.minimumWidth : wantedWidth(column));
+        return widths.reduce((sum, width) => sum + width, leftPadding + rightPadding + spacing * Math.max(0, list.length - 1));
+    }
+
+    /// In the person's order, without those they hid and those there is no room for. What they asked for stays, and the
+    /// table then scrolls sideways.
+    function chosenColumns() {
+        let list = layout.arranged(keys).map(key => column(key)).filter(column => column.visible
+            && (column.fixed || (layout.shown(column.key) ?? true)));
+        const yielding = list.filter(column => column.yields > 0 && layout.shown(column.key) === undefined)
+            .sort((a, b) => b.yields - a.yields);
+        for (const column of yielding) {
+            if (needed(list) <= availableWidth)
+                break;
+            list = list.filter(other => other !== column);
+        }
+        return list;
     }
 
     function place() {
-        const shown = [];
-        let used = leftPadding + rightPadding;
-        for (let i = 0; i < columns.length; ++i) {
-            if (columns[i].visible)
-                shown.push(columns[i]);
-        }
-        used += spacing * Math.max(0, shown.length - 1);
-        const widths = shown.map(column => wantedWidth(column));
-        used = widths.reduce((sum, width) => sum + width, used);
-        const rest = spread(shown, widths, availableWidth - used);
+        const list = chosenColumns();
+        const widths = list.map(column => wantedWidth(column));
+        const used = widths.reduce((sum, width) => sum + width, leftPadding + rightPadding + spacing * Math.max(0, list.length - 1));
+        const rest = spread(list, widths, availableWidth - used);
         if (rest > 0)
-            widen(shown, widths, rest);
+            widen(list, widths, rest);
         let x = leftPadding;
         let frozen = 0;
-        for (let i = 0; i < shown.length; ++i) {
-            shown[i].x = x;
-            shown[i].width = widths[i];
+        for (let i = 0; i < list.length; ++i) {
+            list[i].x = x;
+            list[i].width = widths[i];
             x += widths[i] + spacing;
-            if (shown[i].frozen)
+            if (list[i].frozen)
                 frozen = x;
         }
+        for (let i = 0; i < columns.length; ++i)
+            columns[i].shown = list.includes(columns[i]);
+        shown = list;
         frozenWidth = frozen;
         contentWidth = x - spacing + rightPadding;
     }
 
     /// Shares `room`, which may be negative, among the columns that fill; one that reaches its limit leaves the rest
     /// to the others. Returns what nobody took.
-    function spread(shown, widths, room: real): real {
+    function spread(list, widths, room: real): real {
         let open = [];
-        for (let i = 0; i < shown.length; ++i) {
-            if (shown[i].fill && shown[i].chosenWidth === 0)
+        for (let i = 0; i < list.length; ++i) {
+            if (list[i].fill && !isChosen(list[i]))
                 open.push(i);
         }
         while (open.length > 0 && Math.abs(room) >= 1) {
             const share = room / open.length;
             const still = [];
             for (const i of open) {
-                const width = Math.round(Math.min(Math.max(widths[i] + share, shown[i].minimumWidth), shown[i].maximumWidth));
+                const width = Math.round(Math.min(Math.max(widths[i] + share, list[i].minimumWidth), list[i].maximumWidth));
                 room -= width - widths[i];
-                if (width > shown[i].minimumWidth && width < shown[i].maximumWidth)
+                if (width > list[i].minimumWidth && width < list[i].maximumWidth)
                     still.push(i);
                 widths[i] = width;
             }
@@ -95,10 +144,10 @@ QtObject {
 
     /// In a wide window the columns that fill are at their limits; the others then share the rest, so that the last one
     /// still ends at the table's edge.
-    function widen(shown, widths, room: real) {
+    function widen(list, widths, room: real) {
         const open = [];
-        for (let i = 0; i < shown.length; ++i) {
-            if (!shown[i].fill && shown[i].chosenWidth === 0)
+        for (let i = 0; i < list.length; ++i) {
+            if (!list[i].fill && !isChosen(list[i]))
                 open.push(i);
         }
         for (const i of open)
@@ -107,7 +156,45 @@ QtObject {
 
     /// Gives a column the width the person wants, within its own limits.
     function resize(column, width: real) {
-        column.chosenWidth = Math.round(Math.max(column.minimumWidth, width));
-        place();
+        layout.setWidth(column.key, Math.round(Math.max(column.minimumWidth, width)));
+    }
+
+    /// Puts a column before the one that shows there, `by` places on; those that are fixed keep theirs.
+    function step(column, by: int) {
+        const free = movable();
+        const to = free.indexOf(column) + by;
+        if (free.includes(column) && to >= 0 && to < free.length)
+            moveTo(column, by < 0 ? free[to] : free[to + 1] ?? after(free[to]));
+    }
+
+    /// Puts a column before another; before nothing is the end.
+    function moveTo(column, before) {
+        layout.move(keys, column.key, before ? before.key : "");
+    }
+
+    function showing(wanted) {
+        const list = [];
+        for (let i = 0; i < shown.length; ++i) {
+            if (wanted(shown[i]))
+                list.push(shown[i]);
+        }
+        return list;
+    }
+
+    function movable() {
+        return showing(column => !column.fixed);
+    }
+
+    /// Those that hold something to read.
+    function readable() {
+        return showing(column => !column.titleHidden);
+    }
+
+    function after(column) {
+        for (let i = 0; i < shown.length - 1; ++i) {
+            if (shown[i] === column)
+                return shown[i + 1];
+        }
+        return null;
     }
 }

@@ -8,6 +8,8 @@ FocusScope {
 
     /// What the list is called, for screen readers.
     required property string title
+    /// Under this name the person's columns and sort are kept across starts; empty for a table that keeps nothing.
+    property alias name: layout.table
     property alias columns: placedColumns.columns
     property alias model: tableRows.model
     /// The role that holds a record's id.
@@ -35,6 +37,7 @@ FocusScope {
     readonly property alias rows: tableRows
     readonly property alias placed: placedColumns
     readonly property alias scrollX: placedColumns.scrollX
+    readonly property alias columnLayout: layout
     readonly property alias currentRow: tableRows.currentRow
     readonly property alias currentKey: tableRows.currentKey
     readonly property int recordCount: totalCount < 0 ? tableRows.count : totalCount
@@ -44,13 +47,16 @@ FocusScope {
 
     // Written by the table's parts.
     property int hoveredRow: -1
+    /// The column of the current cell, which Left and Right move along the current row.
+    property OrvColumn cellColumn: null
+    readonly property OrvColumn currentColumn: cellColumn !== null && cellColumn.shown ? cellColumn
+        : placedColumns.shown.length > 0 ? placedColumns.shown[0] : null
 
     signal opened(string key)
     /// `row` is the row's item; `x` and `y` are inside it.
     signal menuRequested(string key, Item row, real x, real y)
     signal renameRequested(string key)
     signal deleteRequested(string key)
-    signal copyRequested(string key)
     signal tickToggled(string key)
     /// Every row from the selection's anchor (or `fromKey`, where it has none) to `toKey`.
     signal tickExtended(string fromKey, string toKey)
@@ -58,8 +64,24 @@ FocusScope {
     signal ticksCleared()
     /// `key` is empty to return to the service's order.
     signal sortRequested(string key, bool descending)
-    signal columnResized(string key, real width)
     signal moreRequested()
+
+    /// Asks the page for an order of the rows and keeps it.
+    function sortBy(key: string, descending: bool) {
+        layout.setSort(key, descending);
+        sortRequested(key, descending);
+    }
+
+    Component.onCompleted: {
+        const column = placedColumns.column(layout.sortKey);
+        if (column && column.sortable && (sortKey !== column.key || sortDescending !== layout.sortDescending))
+            sortRequested(column.key, layout.sortDescending);
+    }
+
+    TableLayout {
+        id: layout
+        memory: Tables.memory
+    }
 
     TableRows {
         id: tableRows
@@ -67,6 +89,7 @@ FocusScope {
 
     TableColumns {
         id: placedColumns
+        layout: layout
         availableWidth: root.width
         leftPadding: root.sidePadding + root.tickWidth
         rightPadding: root.sidePadding

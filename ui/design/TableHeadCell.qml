@@ -1,13 +1,14 @@
 import QtQuick
 import Orvella.Design
 
-/// A column's title in the head of an OrvTable, with the edge that resizes it.
+/// A column's title in the head of an OrvTable, to be pressed or carried elsewhere, with the edge that resizes it.
 Item {
     id: root
 
     required property OrvColumn column
     property bool sorted: false
     property bool descending: true
+    property bool carried: false
     property bool ringShown: false
     readonly property bool rightAligned: column.alignment === Text.AlignRight
     readonly property real arrowWidth: sorted ? 16 : 0
@@ -16,9 +17,15 @@ Item {
     signal pressed()
     /// The person wants this width.
     signal dragged(real width)
+    signal fitRequested()
+    /// The title is under the pointer at this place of the head.
+    signal carriedTo(real x)
+    signal dropped()
+    signal menuRequested()
 
     width: column.width
-    visible: column.visible
+    visible: column.shown
+    opacity: carried ? 0.6 : 1
 
     Accessible.role: Accessible.ColumnHeader
     Accessible.name: column.title
@@ -62,9 +69,33 @@ Item {
 
     MouseArea {
         id: area
+
+        property real startX: 0
+        property bool carries: false
+
         anchors { fill: parent; leftMargin: -4; rightMargin: -4 }
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
         hoverEnabled: true
-        onClicked: root.pressed()
+        preventStealing: true
+        onPressed: mouse => {
+            carries = false;
+            startX = mouse.x;
+            if (mouse.button === Qt.RightButton)
+                root.menuRequested();
+        }
+        onPositionChanged: mouse => {
+            if (!(pressedButtons & Qt.LeftButton) || root.column.fixed)
+                return;
+            carries = carries || Math.abs(mouse.x - startX) > 8;
+            if (carries)
+                root.carriedTo(mapToItem(root.parent, mouse.x, 0).x);
+        }
+        onReleased: if (carries) root.dropped()
+        onCanceled: if (carries) root.dropped()
+        onClicked: mouse => {
+            if (!carries && mouse.button === Qt.LeftButton)
+                root.pressed();
+        }
     }
 
     Rectangle {
@@ -92,6 +123,7 @@ Item {
             if (pressed)
                 root.dragged(startWidth + mapToItem(null, mouseX, 0).x);
         }
+        onDoubleClicked: root.fitRequested()
 
         Rectangle {
             visible: edge.containsMouse || edge.pressed

@@ -1,5 +1,8 @@
 #include "ui/design/TableRows.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 void TableRows::setModel(QAbstractItemModel* model) {
   if (model == m_model) return;
   if (m_model) m_model->disconnect(this);
@@ -66,6 +69,29 @@ int TableRows::rowOf(const QString& key) const {
     if (keyAt(row) == key) return row;
   }
   return -1;
+}
+
+QString TableRows::textAt(int row, const QString& column) const {
+  if (!m_model || row < 0 || row >= count()) return {};
+  const auto roles = m_model->roleNames();
+  const QByteArray name = column.toUtf8();
+  for (const QByteArray& candidate : {name + "Text", name + "Label", name}) {
+    if (const int role = roles.key(candidate, -1); role >= 0)
+      return m_model->index(row, 0).data(role).toString().simplified();
+  }
+  return {};
+}
+
+void TableRows::copy(const QStringList& keys, const QStringList& columns) const {
+  const QSet<QString> wanted(keys.begin(), keys.end());
+  QStringList lines;
+  for (int row = 0, n = count(); row < n; ++row) {
+    if (!wanted.contains(keyAt(row))) continue;
+    QStringList cells;
+    for (const QString& column : columns) cells.append(textAt(row, column));
+    lines.append(cells.join(QLatin1Char('\t')));
+  }
+  QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 void TableRows::setCurrentKey(const QString& key) {

@@ -53,6 +53,12 @@ class TableRows : public QObject {
   Q_INVOKABLE bool isTicked(const QString& key) const { return m_ticked.contains(key); }
   Q_INVOKABLE bool isBusy(const QString& key) const { return m_busy.contains(key); }
 
+  /// What a cell says: by the role of the column's name, or of that name with "Text" or "Label" behind it, which is how
+  /// models call what is meant to be read.
+  Q_INVOKABLE QString textAt(int row, const QString& column) const;
+  /// Puts these columns of these records on the clipboard, a record to a line, in the order of the rows.
+  Q_INVOKABLE void copy(const QStringList& keys, const QStringList& columns) const;
+
   /// Remembers the record in `row` as the one that must not move on the screen, until dropAnchor(). `spare` rows
   /// after it stand in for it should it go.
   Q_INVOKABLE void holdAnchor(int row, int spare);

@@ -54,6 +54,8 @@ QtObject {
 
     readonly property color scrim: dark ? "#8C000000" : "#47000000"
     readonly property color shadow: dark ? "#8C000000" : "#24000000"
+    readonly property int shadowBlur: dark ? 28 : 24
+    readonly property int shadowDrop: dark ? 10 : 8
     readonly property color focusHalo: Qt.alpha(root.focus, 0.28)
     /// Grounds and inks of avatars, by the person's initial.
     readonly property var avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]

@@ -9,6 +9,7 @@ Window {
 
     required property AppModel app
     required property CommandPalette palette
+    property TableMemory tables: null
     /// Lines of the shortcut sheet: group, title, keys.
     property var shortcuts: []
     /// Stands in for the desktop's save panel where there is none.
@@ -38,38 +39,43 @@ Window {
             app.refreshAccount();
     }
 
+    Binding { target: Tables; property: "memory"; value: root.tables }
     Binding { target: Theme; property: "dark"; value: root.app.appearance.dark }
     Binding { target: Theme; property: "reducedMotion"; value: root.app.appearance.reducedMotion }
 
-    Loader {
+    ModalPane {
         anchors.fill: parent
-        active: root.phase === "booting"
-        sourceComponent: BootScreen {
-            name: root.app.greetedName
+
+        Loader {
+            anchors.fill: parent
+            active: root.phase === "booting"
+            sourceComponent: BootScreen {
+                name: root.app.greetedName
+            }
         }
-    }
 
-    Loader {
-        anchors.fill: parent
-        active: root.phase === "signedOut"
-        sourceComponent: SignInScreen {
-            model: root.app.signIn
+        Loader {
+            anchors.fill: parent
+            active: root.phase === "signedOut"
+            sourceComponent: SignInScreen {
+                model: root.app.signIn
+            }
         }
-    }
 
-    Loader {
-        id: shell
+        Loader {
+            id: shell
 
-        readonly property var view: item
+            readonly property var view: item
 
-        anchors.fill: parent
-        active: root.phase === "signedIn"
-        sourceComponent: ShellView {
-            app: root.app
-            palette: root.palette
-            shortcuts: root.shortcuts
+            anchors.fill: parent
+            active: root.phase === "signedIn"
+            sourceComponent: ShellView {
+                app: root.app
+                palette: root.palette
+                shortcuts: root.shortcuts
+            }
+            onLoaded: forceActiveFocus()
         }
-        onLoaded: forceActiveFocus()
     }
 
     ConfirmDialog {

@@ -378,10 +378,10 @@ class AnalyticsTest : public QObject {
     const bool campaigns = tab == "campaigns"_L1;
     const auto shown = [&] { return campaigns ? ids(store->campaignRows()) : ids(store->accountRows()); };
     const QStringList served = shown(), turned{served[1], served[0]};
-    store->toggleSort(key);
+    store->sort(key, true);
     QVERIFY(store->sortDescending());
     QCOMPARE(shown(), firstIsHigh ? served : turned);
-    store->toggleSort(key);
+    store->sort(key, false);
     QCOMPARE(shown(), firstIsHigh && !secondHasNone ? turned : served);
     // A reload keeps the order; the other table has its own.
     f->api.expect(summaryCall);
@@ -391,7 +391,7 @@ class AnalyticsTest : public QObject {
     store->setTab(campaigns ? u"accounts"_s : u"campaigns"_s);
     QCOMPARE(store->sortKey(), QString());
     store->setTab(tab);
-    store->toggleSort(key);
+    store->sort({}, true);
     QCOMPARE(store->sortKey(), QString());
     QCOMPARE(shown(), served);
   }
@@ -464,7 +464,7 @@ class AnalyticsTest : public QObject {
     f->filePanel.folder = folder.path();
     load();
     store->setTab(tab);
-    store->toggleSort(u"replied"_s);
+    store->sort(u"replied"_s, true);
     // The rows on the screen are still of the range before.
     f->api.expect(summaryCall);
     store->setPreset(u"last7"_s);

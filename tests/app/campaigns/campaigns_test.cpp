@@ -117,23 +117,23 @@ class CampaignsTest : public QObject {
     QCOMPARE(names().size(), 3);
   }
 
-  void sortCyclesAndKeepsNothingLast() {
+  void sortsAndKeepsNothingLast() {
     load(list({row("a", "b10", "running"), row("b", "B9", "draft", R"(,"x":0)"), row("c", "a", "paused")}));
-    store->toggleSort(u"name"_s);
+    store->sort(u"name"_s, true);
     QCOMPARE(names(), (QStringList{u"b10"_s, u"B9"_s, u"a"_s}));
-    store->toggleSort(u"name"_s);
+    store->sort(u"name"_s, false);
     QCOMPARE(names(), (QStringList{u"a"_s, u"B9"_s, u"b10"_s}));
-    store->toggleSort(u"name"_s);
+    store->sort({}, true);
     QCOMPARE(names(), (QStringList{u"b10"_s, u"B9"_s, u"a"_s}));
     QCOMPARE(store->sortKey(), QString());
-    store->toggleSort(u"status"_s);
+    store->sort(u"status"_s, true);
     QCOMPARE(names().first(), u"b10"_s);
     f->api.expect(u"GET /campaigns"_s);
     store->refresh();
     f->api.answer(u"GET /campaigns"_s, list({with("s", {0, 9, 1, 1, 1}), with("r", {0, 1, 9, 1, 1}),
                                              with("p", {0, 1, 1, 9, 1}), with("b", {0, 1, 1, 1, 9})}));
     for (const auto& key : {u"sent"_s, u"replied"_s, u"positive"_s, u"bounced"_s}) {
-      store->toggleSort(key);
+      store->sort(key, true);
       QCOMPARE(names().first(), key.left(1));
     }
 
@@ -142,8 +142,8 @@ class CampaignsTest : public QObject {
     f->api.expect(u"GET /campaigns"_s);
     store->refresh();
     f->api.answer(u"GET /campaigns"_s, list({noLeads, row("a", "some", "running")}));
-    for (int direction = 0; direction < 2; ++direction) {
-      store->toggleSort(u"progress"_s);
+    for (const bool descending : {true, false}) {
+      store->sort(u"progress"_s, descending);
       QCOMPARE(names().last(), u"none"_s);
     }
   }
@@ -386,8 +386,8 @@ class CampaignsTest : public QObject {
     f->api.answer(u"GET /campaigns"_s,
                   list({with("a", {1, 30, 0, 0, 0}, "2026-03-02"), with("b", {3, 10, 0, 0, 0}, "2026-03-03"),
                         with("c", {2, 20, 0, 0, 0}, "2026-03-01")}));
-    const auto sorted = [this](const QString& key) {
-      store->toggleArchivedSort(key);
+    const auto sorted = [this](const QString& key, bool descending = true) {
+      store->sortArchived(key, descending);
       QString ids;
       for (const auto& record : store->archivedRows()->records()) ids += record.id;
       return ids;
@@ -396,7 +396,7 @@ class CampaignsTest : public QObject {
     QCOMPARE(sorted(u"sent"_s), u"acb"_s);
     QCOMPARE(sorted(u"deleted"_s), u"bac"_s);
     QCOMPARE(sorted(u"gone"_s), u"bac"_s);
-    QCOMPARE(sorted(u"gone"_s), u"cab"_s);
+    QCOMPARE(sorted(u"gone"_s, false), u"cab"_s);
     QCOMPARE(names().size(), 3);
 
     f->api.expect(u"POST /campaigns/a/restore"_s);

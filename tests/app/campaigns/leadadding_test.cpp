@@ -93,7 +93,7 @@ class LeadAddingTest : public QObject {
     f->api.expect(u"GET /lead-lists"_s);
     adding->show(u"list"_s);
     f->api.answer(u"GET /lead-lists"_s, R"({"items":[{"id":"li1","name":"Fair","leadCount":9}]})");
-    QCOMPARE(adding->listOptions().first().toMap()[u"text"_s].toString(), u"9 leads"_s);
+    QCOMPARE(adding->listOptions().first().toMap()[u"detail"_s].toString(), u"9 leads"_s);
     QVERIFY(!adding->canSubmit());
     adding->setListId(u"li1"_s);
     adding->setDedupe(u"workspace"_s);

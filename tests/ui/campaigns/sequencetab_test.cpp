@@ -6,6 +6,7 @@
 
 #include "app/campaigns/CampaignStore.h"
 #include "tests/support/AppFixture.h"
+#include "tests/ui/support/warnings.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -68,6 +69,7 @@ class SequenceTabTest : public QObject {
 
  private Q_SLOTS:
   void init() {
+    orv::ui::failOnWarnings();
     f = std::make_unique<AppFixture>();
     store = std::make_unique<CampaignStore>(u"c1"_s, f->api, f->services, [] {});
     editor = store->sequence();

@@ -5,6 +5,7 @@
 
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/warnings.h"
+#include "ui/design/TableMemory.h"
 
 Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
 
@@ -12,12 +13,16 @@ class Setup : public QObject {
   Q_OBJECT
 
   orv::ui::Reader m_reader;
+  QHash<QString, QByteArray> m_kept;
+  orv::TableMemory m_memory{[this](const QString& table) { return m_kept.value(table); },
+                            [this](const QString& table, const QByteArray& value) { m_kept.insert(table, value); }};
 
  public Q_SLOTS:  // NOLINT: called by name
   void qmlEngineAvailable(QQmlEngine* engine) {
     // Qt 6.4 does not look there by itself.
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->rootContext()->setContextProperty(QStringLiteral("reader"), &m_reader);
+    engine->rootContext()->setContextProperty(QStringLiteral("memory"), &m_memory);
     orv::ui::failOnWarnings(*engine);
   }
 };

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "desktop/scenes/Stage.h"
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/warnings.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,6 +54,28 @@ class WindowTest : public QObject {
     return toasts.isEmpty() ? QString() : toasts.last().message;
   }
   QQuickItem* focused() { return m_stage->window().activeFocusItem(); }
+  /// The shown tooltips' owners to be, wherever they are.
+  QList<QQuickItem*> hints() {
+    QList<QQuickItem*> found, open{m_stage->window().contentItem()};
+    while (!open.isEmpty()) {
+      QQuickItem* next = open.takeLast();
+      if (next->property("beside").isValid() && next->property("keys").isValid() &&
+          !next->property("text").toString().isEmpty())
+        found.append(next);
+      for (QQuickItem* child : next->childItems())
+        if (child->isVisible() || child->inherits("QQuickLoader")) open.append(child);
+    }
+    return found;
+  }
+  QQuickItem* tableCalled(const QString& title) {
+    QList<QQuickItem*> open{m_stage->window().contentItem()};
+    while (!open.isEmpty()) {
+      QQuickItem* next = open.takeLast();
+      if (next->property("tickedKeys").isValid() && next->property("title").toString() == title) return next;
+      open += next->childItems();
+    }
+    return nullptr;
+  }
   bool rowHasFocus() { return focused() && focused()->property("key").isValid(); }
 
  private Q_SLOTS:  // NOLINT: Qt Test calls them by name
@@ -294,6 +317,89 @@ class WindowTest : public QObject {
     QVERIFY2(walkTo(u"Save settings"_s), qPrintable(walked.join(u'\n')));
     press(Qt::Key_Space);
     QCOMPARE(textOfFocus(), u" "_s);
+  }
+
+  void aLeadStandsBesideItsList() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    const auto& items = campaigns().list()->value()->items;
+    const auto running = std::ranges::find(items, u"running"_s, [](const auto& item) { return item.status.rawValue; });
+    CampaignStore& store = *m_stage->app().session()->campaignStore(running->id);
+    m_stage->app().router()->openCampaign(store.id());
+    QTRY_VERIFY(store.campaign()->hasContent());
+    store.setTab(u"leads"_s);
+    CampaignLeads& leads = *store.leads();
+    QTRY_VERIFY(leads.rows()->count() > 2);
+    QTRY_VERIFY(tableCalled(u"Leads"_s));
+    QQuickItem* table = tableCalled(u"Leads"_s);
+    const double whole = table->width();
+    table->forceActiveFocus();
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    QTRY_VERIFY(leads.panel()->shown());
+    QTRY_VERIFY2(table->width() <= whole - 400, "the detail takes its room from the table");
+    const auto idAt = [&](int row) {
+      return leads.rows()->index(row, 0).data(leads.rows()->roleNames().key("id")).toString();
+    };
+    QCOMPARE(leads.panel()->leadId(), idAt(0));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    QTRY_COMPARE(leads.panel()->leadId(), idAt(2));
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(!leads.panel()->shown());
+    QTRY_COMPARE(table->width(), whole);
+
+    // Over the table, where there is no room beside it; the arrows step all the same.
+    m_stage->window().resize(1024, 700);
+    table->forceActiveFocus();
+    press(Qt::Key_Return);
+    QTRY_VERIFY(leads.panel()->shown());
+    QTRY_VERIFY(!table->hasActiveFocus());
+    const QString before = leads.panel()->leadId();
+    press(Qt::Key_Up);
+    QTRY_COMPARE(leads.panel()->leadId(), idAt(1));
+    QVERIFY(leads.panel()->leadId() != before);
+  }
+
+  void whatHasAHintShowsIt() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    auto* router = m_stage->app().router();
+    router->setCollapsed(true);
+    QSet<QString> seen;
+    const QString id = campaigns().list()->value()->items.first().id;
+    for (const auto& go : {std::function<void()>([&] { router->open(Page::dashboard); }),
+                           std::function<void()>([&] { router->open(Page::analytics); }),
+                           std::function<void()>([&] { router->open(Page::campaigns); }),
+                           std::function<void()>([&] { router->openCampaign(id); })}) {
+      go();
+      m_stage->settle();
+      for (QQuickItem* hint : hints()) {
+        QQuickItem* of = hint->parentItem();
+        const QString kind = QString::fromLatin1(of->metaObject()->className()) + (of->isEnabled() ? u""_s : u" off"_s);
+        if (seen.contains(kind)) continue;
+        seen.insert(kind);
+        QTest::mouseMove(&m_stage->window(), {700, 795});
+        QTest::mouseMove(&m_stage->window(), of->mapRectToScene(of->boundingRect()).center().toPoint());
+        QTRY_VERIFY2(hint->property("item").value<QObject*>() &&
+                         hint->property("item").value<QObject*>()->property("visible").toBool(),
+                     qPrintable(kind + u": "_s + hint->property("text").toString()));
+      }
+    }
+    QVERIFY2(seen.size() >= 4, qPrintable(QStringList(seen.values()).join(u'\n')));
+  }
+
+  void nothingOfThePageIsHeardBehindADialog() {
+    open(true);
+    QTRY_COMPARE(campaigns().rows()->count(), 10);
+    const auto heard = [this] { return ui::Reader::heardIn(m_stage->window().contentItem()); };
+    QVERIFY(heard().contains(u"Search or go to…"_s));
+    campaigns().remove(campaigns().list()->value()->items.first().id);
+    QTRY_VERIFY(m_stage->app().overlays()->asking());
+    QTRY_VERIFY2(!heard().contains(u"Search or go to…"_s), qPrintable(heard().join(u'\n')));
+    QVERIFY(heard().contains(u"Cancel"_s));
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(heard().contains(u"Search or go to…"_s));
   }
 
   void leavesNothingOfAWorkspaceBehind() {

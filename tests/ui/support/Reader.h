@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QQuickItem>
+#include <QQuickWindow>
 
 namespace orv::ui {
 
@@ -18,6 +19,12 @@ class Reader : public QObject {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
     return spoken ? spoken->text(QAccessible::Name) : QString();
   }
+  /// Everything that a walk through the window comes to.
+  Q_INVOKABLE static QStringList heardIn(QQuickItem* item) {
+    QStringList names;
+    walk(QAccessible::queryAccessibleInterface(item->window()), names);
+    return names;
+  }
   /// The shown item that is called so, the one drawn last where there are several.
   Q_INVOKABLE static QQuickItem* find(QQuickItem* in, const QString& name) {
     if (!in || !in->isVisible()) return nullptr;
@@ -28,6 +35,16 @@ class Reader : public QObject {
   }
 
  private:
+  static void walk(QAccessibleInterface* spoken, QStringList& names) {
+    if (!spoken) return;
+    names.append(spoken->text(QAccessible::Name));
+    for (int i = 0; i < spoken->childCount(); ++i) {
+      QAccessibleInterface* child = spoken->child(i);
+      if (child && child->parent() != spoken)
+        names.append(QStringLiteral("a stranger's child: ") + child->text(QAccessible::Name));
+      walk(child, names);
+    }
+  }
   static bool act(QQuickItem* item, const QString& action) {
     QAccessibleInterface* spoken = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
     QAccessibleActionInterface* actions = spoken ? spoken->actionInterface() : nullptr;

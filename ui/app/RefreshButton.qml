@@ -1,0 +1,25 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+
+/// Reads what a page shows again, as F5 and Ctrl+R do.
+OrvButton {
+    id: root
+
+    /// What is read again; its reload turns the ring.
+    property Resource resource: null
+    property bool withKeys: true
+
+    kind: "ghost"
+    iconOnly: true
+    iconName: "view-refresh"
+    text: "Refresh"
+    keys: withKeys ? "F5" : ""
+    busy: resource !== null && resource.refreshing
+
+    Shortcut {
+        sequences: ["F5", "Ctrl+R"]
+        enabled: root.withKeys && root.visible && root.enabled
+        onActivated: root.press()
+    }
+}
