@@ -96,8 +96,7 @@ T.AbstractButton {
 
     OrvTooltip {
         beside: true
-        text: root.text
-        shown: root.hovered && !panel.shown
+        text: panel.shown ? "" : root.text
     }
 
     onClicked: panel.shown = !panel.shown
