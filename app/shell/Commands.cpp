@@ -114,6 +114,8 @@ QList<Command> commandsOf(AppModel& app) {
 
 QVariantList shortcutSheet(AppModel& app) {
   QVariantList lines{line(u"Anywhere"_s, u"Search or go to…"_s, u"Ctrl+K"_s),
+                     line(u"Anywhere"_s, u"Back to the last place"_s, u"Alt+Left"_s),
+                     line(u"Anywhere"_s, u"Forward again"_s, u"Alt+Right"_s),
                      line(u"Anywhere"_s, u"Next pane, messages"_s, u"F6"_s)};
   for (const Command& command : commandsOf(app))
     if (!command.keys.isEmpty()) lines.append(line(command.group, command.title, command.keys));

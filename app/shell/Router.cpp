@@ -11,6 +11,7 @@ Router::Router(Preferences& preferences, Clock& clock, QObject* parent)
 void Router::open(Page page) {
   if (!show(page)) return;
   clearSelections();
+  remember();
   Q_EMIT changed();
 }
 
@@ -18,6 +19,7 @@ void Router::openItem(Page page, const QString& id) {
   const auto selection = selectionOf(page);
   if (!selection || !show(page)) return;
   this->*selection = id;
+  remember();
   Q_EMIT changed();
 }
 
@@ -29,6 +31,29 @@ QString Router::openedItem(Page page) const {
 void Router::openSettings(SettingsTab tab) {
   if (!show(Page::settings)) return;
   m_settingsTab = tab;
+  remember();
+  Q_EMIT changed();
+}
+
+Router::Place Router::here() const { return {m_page, openedItem(m_page), m_settingsTab}; }
+
+void Router::remember() {
+  if (m_places[m_at] == here()) return;
+  m_places.resize(m_at + 1);
+  m_places.append(here());
+  if (m_places.size() > placesAtMost) m_places.removeFirst();
+  m_at = m_places.size() - 1;
+}
+
+void Router::goTo(qsizetype place) {
+  if (place < 0 || place >= m_places.size()) return;
+  const Place to = m_places[place];
+  // A feature that was switched off meanwhile is said to be off; the way through it stays open.
+  m_at = place;
+  if (!show(to.page)) return;
+  clearSelections();
+  if (const auto selection = selectionOf(to.page)) this->*selection = to.item;
+  m_settingsTab = to.tab;
   Q_EMIT changed();
 }
 
@@ -99,6 +124,8 @@ void Router::reset() {
   m_goTimer.cancel();
   m_offFeature.clear();
   m_migrationPick.clear();
+  m_places = {here()};
+  m_at = 0;
   Q_EMIT changed();
 }
 

@@ -32,6 +32,8 @@ class Router final : public QObject, public Navigator {
   Q_PROPERTY(bool shortcutsOpen READ shortcutsOpen WRITE setShortcutsOpen NOTIFY changed)
   Q_PROPERTY(bool collapsed READ collapsed WRITE setCollapsed NOTIFY changed)
   Q_PROPERTY(bool goPending READ goPending NOTIFY changed)
+  Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY changed)
+  Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY changed)
 
  public:
   Router(Preferences& preferences, Clock& clock, QObject* parent = nullptr);
@@ -75,6 +77,11 @@ class Router final : public QObject, public Navigator {
   Q_INVOKABLE void open(const QString& page);
   Q_INVOKABLE void openCampaign(const QString& id) { openItem(Page::campaigns, id); }
   void openSettings(SettingsTab tab);
+  /// Whether there is a place to go back to, or forward again.
+  bool canGoBack() const { return m_at > 0; }
+  bool canGoForward() const { return m_at + 1 < m_places.size(); }
+  Q_INVOKABLE void goBack() { goTo(m_at - 1); }
+  Q_INVOKABLE void goForward() { goTo(m_at + 1); }
   void setPaletteOpen(bool open);
   void setShortcutsOpen(bool open);
   void setCollapsed(bool collapsed);
@@ -93,6 +100,19 @@ class Router final : public QObject, public Navigator {
   void changed();
 
  private:
+  /// Where the person was: a page, and what was open in it.
+  struct Place {
+    Page page;
+    QString item;
+    SettingsTab tab;
+    bool operator==(const Place&) const = default;
+  };
+
+  static constexpr qsizetype placesAtMost = 20;
+  Place here() const;
+  /// What lay ahead is given up, as everywhere.
+  void remember();
+  void goTo(qsizetype place);
   /// Where the page keeps which of its records is open; null for pages that have none.
   static QString Router::*selectionOf(Page page);
   bool show(Page page);
@@ -118,6 +138,9 @@ class Router final : public QObject, public Navigator {
   bool m_collapsed = false;
   bool m_goPending = false;
   TaskSlot m_goTimer;
+  /// Oldest first; the one at m_at is shown.
+  QList<Place> m_places{here()};
+  qsizetype m_at = 0;
 };
 
 }  // namespace orv

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQml
 import Orvella.App
@@ -23,6 +24,18 @@ Item {
     Shortcut {
         sequences: ["Ctrl+/", "Ctrl+Shift+/"]
         onActivated: root.router.shortcutsOpen = true
+    }
+
+    Shortcut {
+        sequences: ["Alt+Left", "Back"]
+        enabled: root.router.canGoBack
+        onActivated: root.router.goBack()
+    }
+
+    Shortcut {
+        sequences: ["Alt+Right", "Forward"]
+        enabled: root.router.canGoForward
+        onActivated: root.router.goForward()
     }
 
     Shortcut {

@@ -42,6 +42,14 @@ FocusScope {
         app: root.app
     }
 
+    // Over everything, for what is under it takes any button; the others pass.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.BackButton | Qt.ForwardButton
+        Accessible.ignored: true
+        onPressed: mouse => mouse.button === Qt.BackButton ? root.router.goBack() : root.router.goForward()
+    }
+
     PalettePopup {
         router: root.router
         palette: root.palette

@@ -44,6 +44,39 @@ class RouterTest : public QObject {
     QVERIFY(Router(preferences, clock).collapsed());
   }
 
+  void walksTwentyPlacesBackAndForth() {
+    ManualClock clock;
+    MemoryPreferences preferences;
+    Router router(preferences, clock);
+    router.goBack();
+    QCOMPARE(router.page(), Page::dashboard);
+    router.openCampaign(u"c1"_s);
+    router.openCampaign(u"c1"_s);
+    router.openSettings(SettingsTab::tags);
+    router.openSettings(SettingsTab::members);
+    router.goBack();
+    QCOMPARE(router.settingsTab(), SettingsTab::tags);
+    router.goBack();
+    QCOMPARE(router.campaign(), u"c1"_s);
+    router.goForward();
+    QCOMPARE(router.page(), Page::settings);
+    router.goBack();
+    // Another way from here gives up what lay ahead.
+    router.open(Page::analytics);
+    QVERIFY(!router.canGoForward());
+    for (int i = 0; i < 30; ++i) router.openCampaign(u"x%1"_s.arg(i));
+    int steps = 0;
+    while (router.canGoBack()) {
+      router.goBack();
+      ++steps;
+    }
+    QCOMPARE(steps, 19);
+    QCOMPARE(router.campaign(), u"x10"_s);
+    // The places of one workspace are none in the next.
+    router.reset();
+    QVERIFY(!router.canGoBack() && !router.canGoForward());
+  }
+
   void goChordWaitsBriefly() {
     ManualClock clock;
     MemoryPreferences preferences;
