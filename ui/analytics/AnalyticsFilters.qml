@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -35,7 +36,7 @@ Item {
         onClicked: root.open()
     }
 
-    Loader {
+    OrvLoader {
         id: popover
 
         readonly property var popup: item

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -105,7 +106,7 @@ FocusScope {
             }
 
             below: [
-                Loader {
+                OrvLoader {
                     id: tables
 
                     readonly property OrvTable table: item as OrvTable

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -40,7 +41,7 @@ FocusScope {
         height: root.height
     }
 
-    Loader {
+    OrvLoader {
         id: pane
         active: root.shown && root.beside
         x: root.width - width
@@ -52,7 +53,7 @@ FocusScope {
             steps: true
             onStepRequested: by => root.step(by)
 
-            Loader {
+            OrvLoader {
                 width: parent.width
                 sourceComponent: root.detail
             }
@@ -76,7 +77,7 @@ FocusScope {
             steps: true
             onStepRequested: by => root.step(by)
 
-            Loader {
+            OrvLoader {
                 width: parent.width
                 sourceComponent: root.detail
             }

@@ -1,7 +1,8 @@
 import QtQuick
+import Orvella.Design
 
 /// Makes a popup when it is first wanted and lets it go when it has closed: a window starts without its dialogs.
-Loader {
+OrvLoader {
     id: root
 
     /// The popup is wanted on screen.

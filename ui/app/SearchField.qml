@@ -22,7 +22,7 @@ OrvField {
     Keys.onDownPressed: finished()
 
     Shortcut {
-        sequences: ["/", StandardKey.Find]
+        sequences: ["/", "Ctrl+F"]
         enabled: root.ofPage && root.visible && root.enabled
         onActivated: root.take()
     }

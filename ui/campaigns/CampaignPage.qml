@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -59,7 +60,7 @@ FocusScope {
         onErrorActionRequested: root.backRequested()
         onRetryRequested: root.store.refresh()
 
-        Loader {
+        OrvLoader {
             anchors.fill: parent
             active: root.store.campaign.hasContent
             sourceComponent: root.tabPages[root.store.tab]

@@ -1,4 +1,6 @@
+pragma ComponentBehavior: Bound
 import QtQuick
+import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
@@ -10,7 +12,7 @@ FocusScope {
 
     Component.onCompleted: store.ensureLoaded()
 
-    Loader {
+    OrvLoader {
         readonly property var content: item
 
         anchors.fill: parent

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -90,7 +91,7 @@ OrvTableRow {
         column: root.restoreColumn
 
         // Only the archive has it, and the rows of the others are made by the hundred.
-        Loader {
+        OrvLoader {
             anchors { right: parent.right; verticalCenter: parent.verticalCenter }
             active: root.restoreColumn.visible
             sourceComponent: OrvButton {

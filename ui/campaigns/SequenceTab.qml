@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -71,7 +72,7 @@ FocusScope {
         onActionRequested: timeline.insert(0)
     }
 
-    Loader {
+    OrvLoader {
         x: root.width - width
         width: root.previewWidth
         height: parent.height

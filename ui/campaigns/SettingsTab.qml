@@ -213,7 +213,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: StandardKey.Save
+        sequence: "Ctrl+S"
         enabled: root.form.canSave
         onActivated: root.save()
     }

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -30,7 +31,7 @@ FocusScope {
         errorTitle: "Couldn’t load the stats"
         onRetryRequested: root.store.refreshSection()
 
-        Loader {
+        OrvLoader {
             id: shown
 
             readonly property int rowCount: root.store.section === "inboxes" ? root.store.inboxRows.count

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -47,7 +48,7 @@ Item {
     }
 
     // The keyboard has Insert and the menu of an email.
-    Loader {
+    OrvLoader {
         active: root.canWrite && hover.hovered
         x: parent.width - width
         anchors.verticalCenter: parent.verticalCenter

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQml
 import Orvella.Design
@@ -32,7 +33,7 @@ OrvButton {
 
                     text: modelData
                     tickable: true
-                    ticked: root.store.tags.includes(modelData)
+                    ticked: [...root.store.tags].includes(modelData)
                     onTriggered: root.store.toggleTag(modelData)
                 }
 

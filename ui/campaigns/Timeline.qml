@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -39,7 +40,7 @@ FocusScope {
         activeFocusOnTab: root.editor.stepCount > 0
         keyNavigationEnabled: false
         boundsBehavior: Flickable.StopAtBounds
-        interactive: contentHeight > height
+        interactive: topMargin + contentHeight > height
         clip: true
         cacheBuffer: 0
 
@@ -70,8 +71,13 @@ FocusScope {
         readonly property int place: root.editor.place
         onPlaceChanged: place > 0 ? positionViewAtIndex(place, ListView.Contain) : positionViewAtBeginning()
 
-        header: TimelineNote {
+        // Not its header: those of bound components cannot be made.
+        topMargin: start.height
+
+        TimelineNote {
+            id: start
             x: list.ringRoom
+            y: list.originY - height
             width: list.width - 2 * x
             height: 56
             topMargin: 14
@@ -123,7 +129,7 @@ FocusScope {
         visible: root.canWrite
         x: 16
         // Under the last email, and in reach when there are more of them than fit.
-        y: Math.min(list.contentHeight, list.height)
+        y: Math.min(list.topMargin + list.contentHeight, list.height)
         width: parent.width - 2 * x
         height: root.canWrite ? 40 : 0
 

@@ -1,8 +1,7 @@
 import QtQuick
 
-/// A menu that is made when it is first opened. Not in a file of bound components, which a type declared elsewhere
-/// cannot make.
-Loader {
+/// A menu that is made when it is first opened.
+OrvLoader {
     readonly property var popup: item
 
     active: false

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -77,7 +78,7 @@ T.Button {
                     size: root.size === "small" ? 14 : 16
                     color: root.iconInk
                 }
-                Loader {
+                OrvLoader {
                     id: ring
 
                     readonly property bool shown: item !== null && (item as OrvBusyRing).shown
@@ -103,13 +104,13 @@ T.Button {
                 color: root.ink
             }
             // Few buttons have one of these, and every page makes many buttons.
-            Loader {
+            OrvLoader {
                 active: root.count >= 0
                 visible: active
                 anchors.verticalCenter: parent.verticalCenter
                 sourceComponent: OrvCount { value: root.count }
             }
-            Loader {
+            OrvLoader {
                 active: root.keys !== "" && !root.iconOnly
                 visible: active
                 anchors.verticalCenter: parent.verticalCenter

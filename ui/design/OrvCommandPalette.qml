@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -151,18 +152,6 @@ T.Popup {
             keyNavigationEnabled: false
             highlightFollowsCurrentItem: false
             section.property: "group"
-            section.delegate: Text {
-                required property string section
-
-                x: 21
-                height: 30
-                verticalAlignment: Text.AlignVCenter
-                topPadding: 4
-                textFormat: Text.PlainText
-                text: section
-                font: Theme.microBold
-                color: Theme.text3
-            }
             onCountChanged: currentIndex = count > 0 ? 0 : -1
 
             Accessible.role: Accessible.List
@@ -170,11 +159,36 @@ T.Popup {
 
             T.ScrollBar.vertical: OrvScrollBar {}
 
-            delegate: PaletteEntry {
+            // The group's name is a part of its first entry: a section's own delegate cannot be bound.
+            delegate: Column {
+                id: line
+
+                required property var model
+                required property int index
+                readonly property string title: model.title
+
                 width: list.width
-                current: ListView.isCurrentItem
-                onPointed: list.currentIndex = index
-                onPressed: root.run(index)
+
+                Text {
+                    visible: line.ListView.section !== line.ListView.previousSection
+                    x: 21
+                    height: 30
+                    verticalAlignment: Text.AlignVCenter
+                    topPadding: 4
+                    textFormat: Text.PlainText
+                    text: line.ListView.section
+                    font: Theme.microBold
+                    color: Theme.text3
+                }
+
+                PaletteEntry {
+                    width: parent.width
+                    model: line.model
+                    index: line.index
+                    current: line.ListView.isCurrentItem
+                    onPointed: list.currentIndex = index
+                    onPressed: root.run(index)
+                }
             }
         }
 

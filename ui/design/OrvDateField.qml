@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -102,7 +103,7 @@ FieldFrame {
         onClicked: root.openCalendar()
     }
 
-    Loader {
+    OrvLoader {
         id: calendar
         active: false
         sourceComponent: OrvCalendar {

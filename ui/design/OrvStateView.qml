@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -95,7 +96,7 @@ Item {
         Accessible.name: "Refreshing"
     }
 
-    Loader {
+    OrvLoader {
         anchors.fill: parent
         active: !root.contentShown
         sourceComponent: root.status === "loading" ? (root.skeleton !== null ? root.skeleton : rows)

@@ -1,9 +1,9 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 
-/// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are. Not in a file
-/// of bound components, which a type declared elsewhere cannot make.
-Loader {
+/// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are.
+OrvLoader {
     id: root
 
     property string text: ""

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -19,7 +20,7 @@ FocusScope {
 
     implicitHeight: 302
 
-    Loader {
+    OrvLoader {
         anchors.fill: parent
         focus: true
         sourceComponent: root.asTable ? table : chart

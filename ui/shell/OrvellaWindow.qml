@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -46,7 +47,7 @@ Window {
     ModalPane {
         anchors.fill: parent
 
-        Loader {
+        OrvLoader {
             anchors.fill: parent
             active: root.phase === "booting"
             sourceComponent: BootScreen {
@@ -54,7 +55,7 @@ Window {
             }
         }
 
-        Loader {
+        OrvLoader {
             anchors.fill: parent
             active: root.phase === "signedOut"
             sourceComponent: SignInScreen {
@@ -62,7 +63,7 @@ Window {
             }
         }
 
-        Loader {
+        OrvLoader {
             id: shell
 
             readonly property var view: item
@@ -110,7 +111,7 @@ Window {
     }
 
     Shortcut {
-        sequences: [StandardKey.Quit]
+        sequence: "Ctrl+Q"
         onActivated: root.close()
     }
 

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -17,7 +18,7 @@ FocusScope {
                                      : router.page !== "campaigns" ? notBuilt
                                      : router.campaign === "" ? campaigns : campaign
 
-    Loader {
+    OrvLoader {
         id: host
         width: root.width
         height: root.height

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -77,7 +78,7 @@ Rectangle {
             Item { width: 1; height: 20 }
 
             // One step's fields at a time, so that Tab never lands on those of another.
-            Loader {
+            OrvLoader {
                 id: step
 
                 readonly property var content: item
