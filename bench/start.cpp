@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include "bench/Report.h"
@@ -38,6 +39,9 @@ void prepare(QProcess& program, const Screen* screen, const QStringList& more) {
   program.setArguments(QStringList{u"--demo"_s} + more);
   program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  // Not where the person's own window stands.
+  static const QTemporaryDir settings;
+  environment.insert(u"XDG_CONFIG_HOME"_s, settings.path());
   if (screen) {
     environment.insert(u"DISPLAY"_s, screen->name());
     environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);

@@ -173,7 +173,7 @@ int run(QGuiApplication& application, const Options& options) {
 
   QObject::connect(&instance, &SingleInstance::opened, &app,
                    [&app](const QString& link) { app.signIn()->takeGoogleLink(link); });
-  QObject::connect(&instance, &SingleInstance::activated, window,
+  QObject::connect(&instance, &SingleInstance::activated, &place,
                    [&place](const QString& token) { place.bringForward(token); });
   for (const QString& link : links) app.signIn()->takeGoogleLink(link);
   if (!options.demo) {
