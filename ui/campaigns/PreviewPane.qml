@@ -80,7 +80,7 @@ FocusScope {
         width: parent.width - 32
         options: root.preview.leads
         current: root.preview.lead
-        enabled: options.length > 0
+        enabled: root.preview.leadsNote === "" || root.preview.lead !== ""
         placeholder: root.preview.leadsNote !== "" ? root.preview.leadsNote : "A lead of the campaign"
         hint: "Whom the preview is rendered for"
         onChosen: key => root.preview.lead = key
