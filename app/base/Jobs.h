@@ -99,7 +99,7 @@ class Job final : public QObject {
 };
 
 /// The long work of all workspaces, oldest first, and what came of the last few.
-class Jobs final : public ListModel {
+class Jobs : public ListModel {
   Q_OBJECT
   Q_PROPERTY(int running READ running NOTIFY changed)
   Q_PROPERTY(QString line READ line NOTIFY changed)
