@@ -2,7 +2,7 @@
 
 #include <QVariantList>
 
-#include "kit/models/analytics/metrics.h"
+#include "kit/models/analytics/analyticsSummary.h"
 
 namespace orv {
 

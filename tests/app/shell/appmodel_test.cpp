@@ -414,7 +414,7 @@ class AppModelTest : public QObject {
     QCOMPARE(app->toasts()->toasts().last().message, u"“Fair” has unsaved changes: settings."_s);
     app->toasts()->act(app->toasts()->toasts().last().id);
     QCOMPARE(app->router()->campaign(), u"c1"_s);
-    QCOMPARE(form()->values().value(u"gap"_s).toString(), u"9"_s);
+    QCOMPARE(form()->draft()->values().value(u"gap"_s).toString(), u"9"_s);
 
     QVERIFY(!app->mayClose());
     app->overlays()->answer(app->overlays()->token(), true);
