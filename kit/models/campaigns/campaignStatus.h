@@ -10,6 +10,7 @@ struct CampaignStatus : OpenWord {
   using OpenWord::OpenWord;
   bool isRunning() const { return is(QLatin1String("running")); }
   bool isPaused() const { return is(QLatin1String("paused")); }
+  bool isCompleted() const { return is(QLatin1String("completed")); }
   /// What the screen says; an unknown word stands as it is.
   QString label() const;
 };
