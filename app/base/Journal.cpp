@@ -102,6 +102,7 @@ Task<void> Journal::read() {
   const auto files = co_await m_files.readAll();
   for (auto file = files.begin(); file != files.end(); ++file) take(file.key(), file.value());
   m_isRead = true;
+  Q_EMIT opened();
   for (OneShot<bool> waiting : std::exchange(m_waiting, {})) waiting.give(true);
 }
 

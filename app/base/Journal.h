@@ -82,6 +82,10 @@ class Journal final : public QObject {
   /// Moves on with each open(), close() and forget(): who began under another one has no say any more.
   int sitting() const { return m_sitting; }
 
+ Q_SIGNALS:
+  /// What is left of the person's has been read.
+  void opened();
+
  private:
   Task<void> read();
   Task<void> removeAll(Person person);

@@ -59,6 +59,22 @@ AppModel::AppModel(Platform platform, QObject* parent)
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };
+  connect(&m_journal, &Journal::opened, this, [this] {
+    QList<Journal::Entry> kept = m_journal.entries();
+    // Of a page that may not be opened for long: somebody has to say that it is there.
+    std::ranges::sort(kept, std::greater(), &Journal::Entry::keptAt);
+    for (const Journal::Entry& entry : kept) {
+      const QStringList name = entry.key.name.split(u'/');
+      if (name.value(0) != "campaigns"_L1) continue;
+      m_toasts.show({.message = u"Unsaved work was kept from last time"_s,
+                     .actionLabel = u"Open"_s,
+                     .action = [this, slug = entry.key.workspace, id = name.value(1)] {
+                       openWorkspace(slug);
+                       m_router.openItem(Page::campaigns, id);
+                     }});
+      return;
+    }
+  });
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
 }
 

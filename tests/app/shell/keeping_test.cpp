@@ -140,6 +140,9 @@ class KeepingTest : public QObject {
     crash();
 
     signIn();
+    QCOMPARE(app->toasts()->toasts().last().message, u"Unsaved work was kept from last time"_s);
+    app->toasts()->act(app->toasts()->toasts().last().id);
+    QCOMPARE(app->router()->campaign(), u"c1"_s);
     load();
     QCOMPARE(editor().body(), u"new"_s);
     QCOMPARE(editor().recovery()->notice(), u"Restored what you had not saved."_s);
