@@ -5,8 +5,9 @@ import Orvella.Design
 
 /// A whole number with minus and plus at its sides; the arrow keys step as well.
 ///
-/// Bind `value` where only numbers count; one beyond the bounds counts as the nearest within. A form that also keeps what
-/// is not a number yet, so as to refuse it when it is saved, sets `keepsText`, binds `text` and listens to `typed`.
+/// Bind `value` where only numbers count, and listen to `edited`; a number beyond the bounds counts as the nearest within.
+/// A form that also keeps what is not a number yet, so as to refuse it when it is saved, sets `keepsText`, binds `text`
+/// and listens to `typed`.
 FieldFrame {
     id: root
 
@@ -31,17 +32,17 @@ FieldFrame {
 
     /// The person chose another number. A value from outside is shown and never sent back.
     signal edited(int value)
-    /// The person changed the text, whatever it is now.
+    /// With `keepsText`: the person changed the text, whatever it is now.
     signal typed(string text)
 
     /// The number typed, or undefined.
     readonly property var number: NumberText.parse(input.text, from, to)
+    // The input says of what is put into it that it was typed.
+    property bool putting: false
     readonly property bool valid: number !== undefined || (clearable && input.text.trim() === "")
 
-    /// The person is typing: what counts beyond the bounds need not be what stands there yet.
-    property bool taking: false
-    /// The field is writing: the input says of that, too, that it was edited.
-    property bool putting: false
+    /// What the text that is being typed counts as: beyond the bounds it is not what stands there.
+    property var meant: undefined
 
     // By the input's own means: assigning to its text would end the binding that a form has on it.
     function put(text: string) {
@@ -52,7 +53,9 @@ FieldFrame {
     }
 
     function show() {
-        if (!keepsText && (taking ? nearest(input.text) : number) !== value) put(value);
+        if (keepsText || number === value || meant === value) return;
+        meant = undefined;
+        put(value);
     }
 
     /// The number within the bounds that the text means, or undefined.
@@ -62,12 +65,12 @@ FieldFrame {
     }
 
     function take(text: string) {
-        const before = keepsText ? undefined : value;
-        typed(text);
-        const meant = keepsText ? number : nearest(text);
-        taking = true;
-        if (meant !== undefined && meant !== before) edited(meant);
-        taking = false;
+        if (keepsText) {
+            typed(text);
+            return;
+        }
+        meant = nearest(text);
+        if (meant !== undefined && meant !== value) edited(meant);
     }
 
     function stepBy(by: int) {
@@ -154,7 +157,10 @@ FieldFrame {
         Keys.onUpPressed: root.stepBy(root.step)
         Keys.onDownPressed: root.stepBy(-root.step)
         onTextEdited: if (!root.putting) root.take(text)
-        onEditingFinished: if (!root.keepsText && !(root.clearable && text.trim() === "")) root.put(root.value)
+        onEditingFinished: {
+            root.meant = undefined;
+            if (!root.keepsText && !(root.clearable && text.trim() === "")) root.put(root.value);
+        }
 
         Text {
             anchors.fill: parent

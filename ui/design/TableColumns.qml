@@ -52,13 +52,6 @@ QtObject {
         }
     }
 
-    readonly property Connections follower: Connections {
-        target: root.layout
-        function onChanged() {
-            root.place();
-        }
-    }
-
     function shift() {
         for (let i = 0; i < columns.length; ++i)
             columns[i].shift = columns[i].frozen ? scrollX : 0;
