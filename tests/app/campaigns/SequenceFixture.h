@@ -128,14 +128,6 @@ auto someOf(QRandomGenerator& random, const List& list) {
   return list[random.bounded(int(list.size()))];
 }
 
-inline QList<StepIn> withoutIds(QList<StepIn> inputs) {
-  for (StepIn& step : inputs) {
-    step.id.reset();
-    for (VariantIn& variant : step.variants) variant.id.reset();
-  }
-  return inputs;
-}
-
 /// Any one edit that the page offers. Keeps what it removed, to be restored by a later one.
 class SomePerson {
  public:
