@@ -179,9 +179,11 @@ class CampaignStatsTest : public QObject {
     f->clock.advance(24h);
     for (const auto& call : {campaignCall, summaryCall, messagesCall}) f->api.expect(call);
     campaign->refreshShown();
+    QVERIFY2(store->rangeText().contains(u"21 Nov 2026"_s), "the figures on the screen are still of that range");
+    f->api.answer(summaryCall, summaryAnswer);
     QVERIFY(store->rangeText().contains(u"22 Nov 2026"_s));
     // The tab is elsewhere: only the campaign is read.
-    campaign->setTab(u"settings"_s);
+    campaign->setTab(u"sequence"_s);
     f->api.expect(campaignCall);
     campaign->refreshShown();
   }
