@@ -2,9 +2,28 @@ import QtQuick
 import Orvella.Design
 import Orvella.App
 
-/// OrvStateView of a Resource.
+/// OrvStateView of a Resource, which knows by it whether it is on the screen.
 OrvStateView {
+    id: root
+
     required property Resource resource
+    /// The one that was told of this view; another one may take its place.
+    property Resource watched: null
+
+    function watch(shown: bool) {
+        const next = shown ? resource : null;
+        if (next === watched)
+            return;
+        const before = watched;
+        watched = next;
+        before?.disappear();
+        next?.appear();
+    }
+
+    onVisibleChanged: watch(visible)
+    onResourceChanged: watch(visible)
+    Component.onCompleted: watch(visible)
+    Component.onDestruction: watch(false)
 
     status: {
         switch (resource.state) {

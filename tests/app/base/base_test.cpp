@@ -34,6 +34,20 @@ struct Loads {
   void give(size_t load, Answer answer) { asked[load].give(std::move(answer)); }
 };
 
+/// One change of a record; its end is given, false where that deletes the record.
+Task<void> takeTurn(RecordTurns* turns, QString record, QString name, OneShot<bool> until, QStringList* log) {
+  auto turn = co_await turns->next(record);
+  log->append(turn ? name : name + u" in vain"_s);
+  if (turn && !co_await until.wait()) turn.recordGone();
+}
+
+struct Thing {
+  using Record = Thing;
+  QString id;
+  QString name;
+  std::optional<qint64> version;
+};
+
 APIError error(APIError::Kind kind) { return APIError::of(kind); }
 
 }  // namespace
@@ -70,6 +84,87 @@ class BaseTest : public QObject {
   void cleanup() {
     store.reset();
     f.reset();
+  }
+
+  void whatGrewOldIsReadAgainWhenOnScreenAndWhenNextShown() {
+    auto resource = this->resource();
+    resource.markStale();
+    QCOMPARE(loads->asked.size(), 0u);
+    resource.ensureLoaded();
+    loads->give(0, 1);
+    resource.ensureLoaded();
+    QCOMPARE(loads->asked.size(), 1u);
+    resource.markStale();
+    QCOMPARE(loads->asked.size(), 1u);
+    resource.appear();
+    QCOMPARE(loads->asked.size(), 2u);
+    loads->give(1, 2);
+    resource.markStale();
+    QCOMPARE(loads->asked.size(), 3u);
+    loads->give(2, error(APIError::Kind::offline));
+    QVERIFY(resource.state().isOffline());
+    // Any answer to anybody in the workspace says that there is a connection again.
+    f->context->cameOnline();
+    QCOMPARE(loads->asked.size(), 4u);
+    loads->give(3, 3);
+    resource.disappear();
+    resource.markStale();
+    QVERIFY(resource.needsLoad());
+    QCOMPARE(loads->asked.size(), 4u);
+  }
+
+  void changesOfOneRecordGoOneAfterAnother() {
+    RecordTurns& turns = f->context->turns();
+    QStringList log;
+    TaskScope scope;
+    OneShot<bool> first, second, other;
+    const auto change = [&](const QString& record, const QString& name, OneShot<bool> until) {
+      return takeTurn(&turns, record, name, until, &log);
+    };
+    scope.start(change(u"c1"_s, u"a"_s, first));
+    scope.start(change(u"c1"_s, u"b"_s, second));
+    scope.start(change(u"c2"_s, u"other"_s, other));
+    TaskSlot dropped;
+    dropped.start(change(u"c1"_s, u"dropped"_s, {}));
+    scope.start(change(u"c1"_s, u"c"_s, {}));
+    QCOMPARE(log, (QStringList{u"a"_s, u"other"_s}));
+    dropped.cancel();
+    first.give(true);
+    settle();
+    QCOMPARE(log.last(), u"b"_s);
+    // The record is deleted: who waits is told.
+    second.give(false);
+    settle();
+    QCOMPARE(log.last(), u"c in vain"_s);
+  }
+
+  void theNewestAnswerIsShownWhateverTheOrder() {
+    Changes& changes = f->context->changes();
+    QStringList told;
+    changes.watch<Thing>(store.get(), [&told](const Change<Thing>& change) {
+      told.append(change.record ? change.record->name : change.id);
+    });
+    const Stamp early = changes.stamp(), late = changes.stamp();
+    QVERIFY(changes.publish(Thing{u"t1"_s, u"new"_s, 7}, early, true));
+    QVERIFY2(!changes.publish(Thing{u"t1"_s, u"old"_s, 6}, late, true), "the version decides where there is one");
+    QVERIFY(changes.publish(Thing{u"t2"_s, u"later"_s, {}}, late, true));
+    QVERIFY2(!changes.publish(Thing{u"t2"_s, u"earlier"_s, {}}, early, true), "else who was asked last");
+    changes.gone<Thing>(u"t3"_s, late);
+    QCOMPARE(told, (QStringList{u"new"_s, u"later"_s, u"t3"_s}));
+    told.clear();
+
+    QList<Thing> shown{{u"t1"_s, u"new"_s, 7}, {u"t2"_s, u"later"_s, {}}};
+    QList<Thing> read{{u"t1"_s, u"old"_s, 6}, {u"t2"_s, u"earlier"_s, {}}, {u"t3"_s, u"deleted"_s, 1}};
+    changes.reconcile<Thing>(read, &shown, early);
+    QCOMPARE(read.size(), 2);
+    QCOMPARE(read[0].name, u"new"_s);
+    QCOMPARE(read[1].name, u"later"_s);
+    QCOMPARE(told, QStringList());
+    // A list that was asked for later brings back what was restored, and tells of what is newer in it.
+    read = {{u"t1"_s, u"newer"_s, 8}, {u"t3"_s, u"restored"_s, 2}};
+    changes.reconcile<Thing>(read, &shown, changes.stamp());
+    QCOMPARE(read.size(), 2);
+    QCOMPARE(told, (QStringList{u"t1"_s, u"t3"_s}));
   }
 
   void onlyTheNewestLoadCounts() {
