@@ -56,6 +56,9 @@ AppModel::AppModel(Platform platform, QObject* parent)
                    .action = [this, slug = session.slug()] { openWorkspace(slug); },
                    .detail = session.unsavedWork().join(u'\n')});
   };
+  connect(&m_router, &Router::pageAsked, this, [this](Page page) {
+    if (page == Page::campaigns && m_session) m_session->campaigns()->setShowArchived(false);
+  });
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };

@@ -12,6 +12,7 @@ void Router::open(Page page) {
   if (!show(page)) return;
   clearSelections();
   remember();
+  Q_EMIT pageAsked(page);
   Q_EMIT changed();
 }
 

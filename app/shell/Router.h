@@ -98,6 +98,8 @@ class Router final : public QObject, public Navigator {
 
  Q_SIGNALS:
   void changed();
+  /// Somebody asked for the page itself, be it the open one: it shows what it begins with.
+  void pageAsked(orv::Pages::Page page);
 
  private:
   /// Where the person was: a page, and what was open in it.

@@ -26,6 +26,8 @@ TablePage {
     }
 
     function openMenu(key: string, row: Item, x: real, y: real) {
+        if (store.busyIds.includes(key) || !store.canWrite)
+            return;
         rowMenu.campaign = key;
         rowMenu.openIn(row, x, y);
     }
@@ -89,6 +91,7 @@ TablePage {
                     iconName: "edit-undo"
                     focusPolicy: Qt.NoFocus
                     activeFocusOnTab: false
+                    enabled: root.store.canWrite
                     busy: row.busy
                     onClicked: root.store.restore(row.key)
                 }

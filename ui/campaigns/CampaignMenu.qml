@@ -23,6 +23,7 @@ MenuLoader {
         title: "Actions"
 
         OrvMenuItem {
+            enabled: root.store.canWrite
             text: "Rename"
             iconName: "document-edit"
             shortcutText: "F2"
@@ -31,6 +32,7 @@ MenuLoader {
 
         OrvMenuItem {
             visible: root.status === "running"
+            enabled: root.store.canWrite
             text: "Pause"
             iconName: "media-playback-pause"
             onTriggered: root.store.pause(root.campaign)
@@ -38,12 +40,14 @@ MenuLoader {
 
         OrvMenuItem {
             visible: root.status === "paused"
+            enabled: root.store.canWrite
             text: "Resume"
             iconName: "media-playback-start"
             onTriggered: root.store.resume(root.campaign)
         }
 
         OrvMenuItem {
+            enabled: root.store.canWrite
             text: "Duplicate"
             iconName: "edit-copy"
             shortcutText: "Ctrl D"
@@ -66,6 +70,7 @@ MenuLoader {
         OrvMenuSeparator {}
 
         OrvMenuItem {
+            enabled: root.store.canWrite
             text: "Delete"
             iconName: "edit-delete"
             shortcutText: "Del"
