@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 
 /// A menu that is made when it is first opened.
 OrvLoader {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are.
 OrvLoader {
