@@ -1,7 +1,7 @@
 #include <QTest>
 
 #include "app/base/Journal.h"
-#include "tests/support/ManualClock.h"
+#include "kit/async/ManualClock.h"
 #include "tests/support/await.h"
 
 using namespace orv;
