@@ -163,9 +163,11 @@ T.Popup {
             delegate: Column {
                 id: line
 
-                required property var model
                 required property int index
-                readonly property string title: model.title
+                required property string title
+                required property string subtitle
+                required property string iconName
+                required property string chord
 
                 width: list.width
 
@@ -183,11 +185,13 @@ T.Popup {
 
                 PaletteEntry {
                     width: parent.width
-                    model: line.model
-                    index: line.index
+                    title: line.title
+                    subtitle: line.subtitle
+                    iconName: line.iconName
+                    chord: line.chord
                     current: line.ListView.isCurrentItem
-                    onPointed: list.currentIndex = index
-                    onPressed: root.run(index)
+                    onPointed: list.currentIndex = line.index
+                    onPressed: root.run(line.index)
                 }
             }
         }

@@ -5,11 +5,12 @@ import Orvella.Design
 Item {
     id: root
 
-    required property var model
-    required property int index
-    readonly property string title: model.title
+    property string title: ""
+    property string subtitle: ""
+    property string iconName: ""
+    property string chord: ""
     property bool current: false
-    readonly property var keys: (model.chord ?? "").split(" ").filter(key => key !== "")
+    readonly property var keys: chord.split(" ").filter(key => key !== "")
 
     /// The pointer moved over it; a palette that opens under a resting pointer keeps its first entry.
     signal pointed()
@@ -18,7 +19,7 @@ Item {
     height: 38
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: model.subtitle ? title + ", " + model.subtitle : title
+    Accessible.name: subtitle !== "" ? title + ", " + subtitle : title
     Accessible.description: keys.join(" then ")
     Accessible.selectable: true
     Accessible.selected: current
@@ -34,7 +35,7 @@ Item {
         x: 21
         anchors.verticalCenter: parent.verticalCenter
         size: 16
-        name: root.model.iconName ?? ""
+        name: root.iconName
         color: root.current ? Theme.accentText : Theme.text2
     }
 
@@ -59,7 +60,7 @@ Item {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
-        text: root.model.subtitle ?? ""
+        text: root.subtitle
         font: Theme.body
         color: Theme.text3
         Accessible.ignored: true
