@@ -214,7 +214,8 @@ class NetworkTest : public QObject {
       QCOMPARE(machine::waitingLookUps(), 200);
       machine::letAllGo();
       QTRY_COMPARE(threads(), threadsBefore);
-      QTRY_COMPARE(openFiles(), filesBefore);
+      // Fewer when the first request's connection has gone by its age.
+      QTRY_VERIFY2(openFiles() <= filesBefore, qPrintable(QString::number(openFiles())));
       if (round == 0) heap = heapBytes();
     }
     QVERIFY2(heapBytes() < heap + 20'000, qPrintable(QString::number(heapBytes() - heap)));
