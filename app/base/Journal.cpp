@@ -169,25 +169,25 @@ void Journal::finish() {
 }
 
 JournalLine::JournalLine(Journal& journal, Journal::Key key, std::function<JournalText()> text)
-    : m_journal(journal), m_key(std::move(key)), m_text(std::move(text)), m_sitting(journal.sitting()) {}
+    : m_journal(&journal), m_key(std::move(key)), m_text(std::move(text)), m_sitting(journal.sitting()) {}
 
 JournalLine::~JournalLine() {
   // The text is about to go.
-  if (m_unsaved && counts()) m_journal.write();
+  if (m_unsaved && counts()) m_journal->write();
 }
 
 void JournalLine::follow(bool isUnsaved) {
   if (!m_takenUp || !counts()) return;
   if (isUnsaved)
-    m_journal.keep(m_key, m_text);
+    m_journal->keep(m_key, m_text);
   else if (m_unsaved)
-    m_journal.drop(m_key);
+    m_journal->drop(m_key);
   m_unsaved = isUnsaved;
 }
 
 Task<std::optional<JournalText>> JournalLine::takeUp() {
   if (m_takenUp || !counts()) co_return std::nullopt;
-  auto found = co_await m_journal.find(m_key);
+  auto found = co_await m_journal->find(m_key);
   m_takenUp = true;
   m_unsaved = found.has_value();
   co_return found;
@@ -195,7 +195,7 @@ Task<std::optional<JournalText>> JournalLine::takeUp() {
 
 void JournalLine::setAside() {
   m_unsaved = false;
-  if (counts()) m_journal.setAside(m_key);
+  if (counts()) m_journal->setAside(m_key);
 }
 
 }  // namespace orv

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QMap>
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -127,9 +128,10 @@ class JournalLine final {
   void setAside();
 
  private:
-  bool counts() const { return m_journal.sitting() == m_sitting; }
+  bool counts() const { return m_journal && m_journal->sitting() == m_sitting; }
 
-  Journal& m_journal;
+  /// Gone where a store is let go of through the event loop that is ending.
+  QPointer<Journal> m_journal;
   Journal::Key m_key;
   std::function<JournalText()> m_text;
   int m_sitting;

@@ -17,6 +17,7 @@ namespace {
 const auto get = u"GET /campaigns/c1"_s;
 const auto put = u"PUT /campaigns/c1/steps"_s;
 const auto add = u"POST /campaigns/c1/leads"_s;
+const auto methods = u"GET /api/v1/auth/methods"_s;
 const auto logOut = u"POST /api/v1/auth/logout"_s;
 
 QByteArray campaign(const QString& body, int version) {
@@ -60,8 +61,10 @@ class KeepingTest : public QObject {
                                                 std::nullopt,
                                                 {},
                                                 &f->journalFiles});
-      f->api.expect(u"GET /api/v1/auth/methods"_s);
+      f->keychain.items.clear();
+      f->api.expect(methods);
       app->start();
+      f->api.answer(methods, R"({"google":false,"dev":false})");
     }
     StoredSession stored;
     stored.token = u"orv_sess_"_s + user;
@@ -86,7 +89,6 @@ class KeepingTest : public QObject {
   void endSession() {
     f->api.expect(get);
     page().refresh();
-    f->api.expect(u"GET /api/v1/auth/methods"_s);
     f->api.answer(get, "{}", 401);
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
   }
@@ -217,7 +219,6 @@ class KeepingTest : public QObject {
     QVERIFY(app->departure()->saving());
     QCOMPARE(f->journalFiles.files.size(), 1);
     f->api.expect(logOut);
-    f->api.expect(u"GET /api/v1/auth/methods"_s);
     app->departure()->goNow();
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
     QVERIFY(f->journalFiles.files.isEmpty());
