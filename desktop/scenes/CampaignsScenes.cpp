@@ -50,8 +50,9 @@ QList<Scene> campaignsScenes() {
          store.copyLink(firstOf(store));
          s.transport().mode = Mode::failing;
          store.duplicate(firstOf(store));
-         s.app().toasts()->show(u"Deleted “Boutique hotels, winter”. It’s in Archived."_s, Toasts::Tone::standard,
-                                u"Undo"_s, [] {});
+         s.app().toasts()->show({.message = u"Deleted “Boutique hotels, winter”. It’s in Archived."_s,
+                                 .actionLabel = u"Undo"_s,
+                                 .action = [] {}});
        }},
       {u"campaigns-archive"_s,
        [](Stage& s) {
