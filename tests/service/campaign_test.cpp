@@ -21,6 +21,9 @@ class CampaignJourneyTest : public QObject {
     client->campaigns().beginCreate();
     client->campaigns().newCampaign()->setText(name);
     client->campaigns().newCampaign()->submit();
+    if (!QTest::qWaitFor([&] { return !client->campaigns().newCampaign()->shown(); })) return nullptr;
+    // As its page does when it is next shown.
+    client->campaigns().ensureLoaded();
     if (!QTest::qWaitFor([&] { return client->find(name) != nullptr; })) return nullptr;
     auto* store = client->app().session()->campaignStore(client->find(name)->id);
     store->ensureLoaded();
