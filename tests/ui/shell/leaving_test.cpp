@@ -12,7 +12,7 @@ namespace {
 QStringList warnings;
 
 void collect(QtMsgType type, const QMessageLogContext&, const QString& message) {
-  if (type == QtWarningMsg) warnings.append(message);
+  if (type == QtWarningMsg || type == QtCriticalMsg) warnings.append(message);
 }
 
 }  // namespace
