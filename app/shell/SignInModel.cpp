@@ -149,7 +149,7 @@ void SignInModel::cancelGoogle() {
 void SignInModel::takeGoogleLink(const QString& link) {
   const QByteArray digest = QCryptographicHash::hash(link.trimmed().toUtf8(), QCryptographicHash::Sha256);
   // Browsers hand a link over again when the page is shown again.
-  if (digest == m_takenLinkDigest) return;
+  if (!m_google && digest == m_takenLinkDigest) return;
   // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
   if (!m_google) return say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);
   if (!m_google->accept(link)) return say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
