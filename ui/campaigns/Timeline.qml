@@ -77,7 +77,8 @@ FocusScope {
         TimelineNote {
             id: start
             x: list.ringRoom
-            y: list.originY - height
+            // A child of the list itself, not of what it scrolls.
+            y: list.originY - list.contentY - height
             width: list.width - 2 * x
             height: 56
             topMargin: 14

@@ -152,6 +152,12 @@ class SequenceTabTest : public QObject {
     QCOMPARE(field(name)->property("preeditText").toString(), QString());
   }
 
+  void theTimelineSaysWhatBeginsIt() {
+    QQuickItem* start = withText(u"Starts when a lead is added to the campaign"_s);
+    QVERIFY(start);
+    QVERIFY(QRectF(0, 0, 264, 56).contains(start->mapToScene({0, 0})));
+  }
+
   void theWaitIsNamedAndClamped() {
     editor->selectPlace(1);
     click(u"One day less"_s);
