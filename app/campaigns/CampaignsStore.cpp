@@ -244,7 +244,9 @@ Task<void> CampaignsStore::createTask(QString name) {
     const Campaign campaign = co_await api().send(Requests::createCampaign({name}));
     services().toasts.success(campaign.name + u" created"_s);
     context().changes().publish(campaign, asked, true);
-    if (submission.succeed()) open(campaign.id);
+    // Who has gone to another workspace meanwhile is not to be fetched back.
+    const bool isHere = services().navigator.workspace() == context().workspace().slug;
+    if (submission.succeed() && isHere) open(campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) services().toasts.failure({}, error);
     if (mayHaveActed(error)) context().changes().stale<Campaign>();

@@ -43,6 +43,8 @@ class ScheduleForm final : public Store {
   /// `busy` is shared with whoever else saves parts of the same campaign: each save names the version it knows, so
   /// that two at once would refuse each other.
   ScheduleForm(CampaignContext& context, Actions& actions, BusySet& busy);
+  /// Ends a save while there is still a form to tell: its mark is in a set that outlives this.
+  ~ScheduleForm() override { m_tasks.cancel(); }
 
   /// Name, days (1 is Monday), start, end and timeZone of each, and what is wrong: daysError, timesError, zoneError.
   QVariantList windows() const;
