@@ -1,0 +1,136 @@
+#include <QLoggingCategory>
+#include <QMetaMethod>
+#include <QTest>
+
+#include "app/analytics/AnalyticsStore.h"
+#include "app/analytics/DashboardStore.h"
+#include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
+#include "tests/app/sweep/Sweep.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QList<SweepRow> allRows() { return campaignListRows() + campaignPageRows() + campaignLeadRows() + figureRows(); }
+
+/// What QML may call of a class, beyond what its base offers.
+QStringList operationsOf(const QMetaObject& type) {
+  QStringList operations;
+  for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
+    const QMetaMethod method = type.method(i);
+    if (method.methodType() == QMetaMethod::Signal || method.access() != QMetaMethod::Public) continue;
+    operations.append(QString::fromLatin1(type.className()).section(u':', -1) + u"::"_s +
+                      QString::fromLatin1(method.name()));
+  }
+  return operations;
+}
+
+const QList<const QMetaObject*> stores{
+    &CampaignsStore::staticMetaObject,   &CampaignStore::staticMetaObject,  &CampaignLeads::staticMetaObject,
+    &CampaignSettings::staticMetaObject, &ScheduleForm::staticMetaObject,   &SenderPicker::staticMetaObject,
+    &Subsequences::staticMetaObject,     &LeadMove::staticMetaObject,       &LeadPanel::staticMetaObject,
+    &LeadAdding::staticMetaObject,       &SequenceEditor::staticMetaObject, &SequencePreview::staticMetaObject,
+    &SequenceAutosave::staticMetaObject, &TestEmailForm::staticMetaObject,  &CampaignStatsStore::staticMetaObject,
+    &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject};
+
+/// Changes what is shown or typed, and asks nothing of the service.
+const std::map<QString, QStringList> sendNothing{
+    {u"CampaignsStore"_s, {u"toggleTag"_s, u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"copyLink"_s}},
+    {u"CampaignStore"_s, {u"copyLink"_s}},
+    {u"CampaignLeads"_s, {u"toggle"_s, u"extendTo"_s, u"toggleAll"_s, u"clearSelection"_s, u"copyAddress"_s}},
+    {u"CampaignSettings"_s, {u"addTags"_s, u"removeTag"_s, u"discard"_s}},
+    {u"ScheduleForm"_s,
+     {u"setText"_s, u"toggleDay"_s, u"add"_s, u"remove"_s, u"discard"_s, u"startTimes"_s, u"endTimes"_s, u"zones"_s}},
+    {u"SenderPicker"_s, {u"toggle"_s, u"toggleTag"_s}},
+    {u"Subsequences"_s, {u"open"_s, u"toggleLabel"_s}},
+    {u"LeadMove"_s, {u"cancel"_s}},
+    {u"LeadPanel"_s, {u"fieldText"_s, u"setField"_s, u"discard"_s, u"dismiss"_s}},
+    {u"LeadAdding"_s, {u"field"_s, u"setField"_s, u"chooseFile"_s, u"dropFile"_s, u"stop"_s, u"dismiss"_s}},
+    {u"SequenceEditor"_s,
+     {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,
+      u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
+      u"setBody"_s, u"unspun"_s}},
+    {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s}},
+    {u"CampaignStatsStore"_s, {u"toggleSeries"_s}},
+    {u"AnalyticsStore"_s, {u"sort"_s, u"toggleSeries"_s, u"openCampaign"_s, u"exportCsv"_s}},
+    {u"DashboardStore"_s, {u"toggleSeries"_s, u"openAnalytics"_s}},
+};
+
+/// Asks for another part or range of what a row above reads, or, to add leads, starts a job that outlives its store.
+/// Tests of their own follow them.
+const std::map<QString, QStringList> testedElsewhere{
+    {u"CampaignLeads"_s, {u"showAll"_s}},
+    {u"Subsequences"_s, {u"beginCreate"_s}},
+    {u"SequencePreview"_s, {u"wantVariables"_s}},
+    {u"LeadAdding"_s, {u"show"_s, u"submit"_s}},
+    {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
+};
+
+/// What does not hold yet, and why it is borne. One that holds again fails until it leaves this table.
+const QStringList knownDeviations{
+    // A list that is read between the sending of a delete and its answer shows the row until it is read again: the read
+    // was asked for later than the delete, whose answer therefore yields to it.
+    u"CampaignsStore::remove / answered after a reload: the answer is not what is shown"_s,
+    u"CampaignsStore::restore / answered after a reload: the answer is not what is shown"_s,
+    u"CampaignsStore::removeForGood / answered after a reload: the answer is not what is shown"_s,
+    // Closing stops the task without a word; the page that would show it as busy goes at the same moment.
+    u"SequenceEditor::spin / signed out, suspension 0: stays busy"_s,
+    u"TestEmailForm::submit / signed out, suspension 0: stays busy"_s,
+};
+
+bool stands(const std::map<QString, QStringList>& table, const QString& operation) {
+  const auto found = table.find(operation.section(u':', 0, 0));
+  return found != table.end() && found->second.contains(operation.section(u':', -1));
+}
+
+}  // namespace
+
+class SweepTest : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  // Every answer that cannot be read is logged, and hundreds are given here.
+  void initTestCase() { QLoggingCategory::setFilterRules(u"orvella.api=false"_s); }
+
+  void everyOperationHasARow() {
+    QSet<QString> swept, known;
+    for (const SweepRow& row : allRows()) swept.insert(row.operation());
+    QStringList wrong;
+    for (const QMetaObject* type : stores) {
+      for (const QString& operation : operationsOf(*type)) {
+        known.insert(operation);
+        const int listed =
+            swept.contains(operation) + stands(sendNothing, operation) + stands(testedElsewhere, operation);
+        if (listed != 1) wrong.append(operation + (listed ? u" is listed twice"_s : u" has no row"_s));
+      }
+    }
+    for (const auto* table : {&sendNothing, &testedElsewhere})
+      for (const auto& [type, names] : *table)
+        for (const QString& name : names)
+          if (!known.contains(type + u"::"_s + name)) wrong.append(type + u"::"_s + name + u" is no operation"_s);
+    QVERIFY2(wrong.isEmpty(), qPrintable(u'\n' + wrong.join(u'\n')));
+  }
+
+  void operations_data() {
+    QTest::addColumn<int>("row");
+    const auto rows = allRows();
+    for (int row = 0; row < rows.size(); ++row) QTest::newRow(qPrintable(rows[row].name)) << row;
+  }
+  void operations() {
+    QFETCH(int, row);
+    static const auto rows = allRows();
+    QStringList problems = Sweep(rows[row]).run();
+    for (const QString& known : knownDeviations) {
+      if (!known.startsWith(rows[row].name + u" / "_s)) continue;
+      const auto borne = problems.removeIf([&known](const QString& problem) { return problem.startsWith(known); });
+      if (borne == 0) problems.append(u"holds again: "_s + known);
+    }
+    QVERIFY2(problems.isEmpty(), qPrintable(u'\n' + problems.join(u'\n')));
+  }
+};
+
+QTEST_GUILESS_MAIN(SweepTest)
+#include "sweep_test.moc"
