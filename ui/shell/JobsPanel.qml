@@ -12,6 +12,8 @@ T.Popup {
     required property Jobs jobs
 
     width: 360
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    margins: 8
     padding: 16
     focus: true
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
