@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -36,7 +35,7 @@ Item {
         onClicked: root.open()
     }
 
-    OrvLoader {
+    Loader {
         id: popover
 
         readonly property var popup: item

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -106,7 +105,7 @@ FocusScope {
             }
 
             below: [
-                OrvLoader {
+                Loader {
                     id: tables
 
                     readonly property OrvTable table: item as OrvTable

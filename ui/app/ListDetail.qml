@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -41,7 +40,7 @@ FocusScope {
         height: root.height
     }
 
-    OrvLoader {
+    Loader {
         id: pane
         active: root.shown && root.beside
         x: root.width - width
@@ -53,7 +52,7 @@ FocusScope {
             steps: true
             onStepRequested: by => root.step(by)
 
-            OrvLoader {
+            Loader {
                 width: parent.width
                 sourceComponent: root.detail
             }
@@ -77,7 +76,7 @@ FocusScope {
             steps: true
             onStepRequested: by => root.step(by)
 
-            OrvLoader {
+            Loader {
                 width: parent.width
                 sourceComponent: root.detail
             }

@@ -1,8 +1,7 @@
 import QtQuick
-import Orvella.Design
 
 /// Makes a popup when it is first wanted and lets it go when it has closed: a window starts without its dialogs.
-OrvLoader {
+Loader {
     id: root
 
     /// The popup is wanted on screen.

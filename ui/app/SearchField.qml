@@ -22,7 +22,7 @@ OrvField {
     Keys.onDownPressed: finished()
 
     Shortcut {
-        sequences: ["/", "Ctrl+F"]
+        sequences: ["/", StandardKey.Find]
         enabled: root.ofPage && root.visible && root.enabled
         onActivated: root.take()
     }

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -60,7 +59,7 @@ FocusScope {
         onErrorActionRequested: root.backRequested()
         onRetryRequested: root.store.refresh()
 
-        OrvLoader {
+        Loader {
             anchors.fill: parent
             active: root.store.campaign.hasContent
             sourceComponent: root.tabPages[root.store.tab]

@@ -1,6 +1,4 @@
-pragma ComponentBehavior: Bound
 import QtQuick
-import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
@@ -12,7 +10,7 @@ FocusScope {
 
     Component.onCompleted: store.ensureLoaded()
 
-    OrvLoader {
+    Loader {
         readonly property var content: item
 
         anchors.fill: parent

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -91,7 +90,7 @@ OrvTableRow {
         column: root.restoreColumn
 
         // Only the archive has it, and the rows of the others are made by the hundred.
-        OrvLoader {
+        Loader {
             anchors { right: parent.right; verticalCenter: parent.verticalCenter }
             active: root.restoreColumn.visible
             sourceComponent: OrvButton {

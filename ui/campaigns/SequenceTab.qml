@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -72,7 +71,7 @@ FocusScope {
         onActionRequested: timeline.insert(0)
     }
 
-    OrvLoader {
+    Loader {
         x: root.width - width
         width: root.previewWidth
         height: parent.height

@@ -213,7 +213,7 @@ FocusScope {
     }
 
     Shortcut {
-        sequence: "Ctrl+S"
+        sequence: StandardKey.Save
         enabled: root.form.canSave
         onActivated: root.save()
     }

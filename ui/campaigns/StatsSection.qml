@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -31,7 +30,7 @@ FocusScope {
         errorTitle: "Couldn’t load the stats"
         onRetryRequested: root.store.refreshSection()
 
-        OrvLoader {
+        Loader {
             id: shown
 
             readonly property int rowCount: root.store.section === "inboxes" ? root.store.inboxRows.count

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -48,7 +47,7 @@ Item {
     }
 
     // The keyboard has Insert and the menu of an email.
-    OrvLoader {
+    Loader {
         active: root.canWrite && hover.hovered
         x: parent.width - width
         anchors.verticalCenter: parent.verticalCenter

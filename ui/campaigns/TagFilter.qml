@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQml
 import Orvella.Design
@@ -33,7 +32,7 @@ OrvButton {
 
                     text: modelData
                     tickable: true
-                    ticked: [...root.store.tags].includes(modelData)
+                    ticked: root.store.tags.includes(modelData)
                     onTriggered: root.store.toggleTag(modelData)
                 }
 

@@ -21,7 +21,7 @@ OnDemand {
         busy: root.form.waiting
         error: root.form.error
         warning: !root.form.hasSender ? "Pick sender inboxes in Settings first; the test goes from the first ready one."
-                                      : [...root.form.warnings].join("\n")
+                                      : root.form.warnings.join("\n")
         initialFocus: root.form.hasSender ? field : null
         onConfirmed: root.asks ? root.form.submit() : root.form.show()
         onCancelled: root.form.cancel()

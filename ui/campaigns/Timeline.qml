@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -40,7 +39,7 @@ FocusScope {
         activeFocusOnTab: root.editor.stepCount > 0
         keyNavigationEnabled: false
         boundsBehavior: Flickable.StopAtBounds
-        interactive: topMargin + contentHeight > height
+        interactive: contentHeight > height
         clip: true
         cacheBuffer: 0
 
@@ -71,14 +70,8 @@ FocusScope {
         readonly property int place: root.editor.place
         onPlaceChanged: place > 0 ? positionViewAtIndex(place, ListView.Contain) : positionViewAtBeginning()
 
-        // Not its header: those of bound components cannot be made.
-        topMargin: start.height
-
-        TimelineNote {
-            id: start
+        header: TimelineNote {
             x: list.ringRoom
-            // A child of the list itself, not of what it scrolls.
-            y: list.originY - list.contentY - height
             width: list.width - 2 * x
             height: 56
             topMargin: 14
@@ -130,7 +123,7 @@ FocusScope {
         visible: root.canWrite
         x: 16
         // Under the last email, and in reach when there are more of them than fit.
-        y: Math.min(list.topMargin + list.contentHeight, list.height)
+        y: Math.min(list.contentHeight, list.height)
         width: parent.width - 2 * x
         height: root.canWrite ? 40 : 0
 

@@ -1,8 +1,9 @@
 import QtQuick
 import Orvella.Design
 
-/// A menu that is made when it is first opened.
-OrvLoader {
+/// A menu that is made when it is first opened. Not in a file of bound components, which a type declared elsewhere
+/// cannot make.
+Loader {
     readonly property var popup: item
 
     active: false

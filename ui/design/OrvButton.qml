@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -78,7 +77,7 @@ T.Button {
                     size: root.size === "small" ? 14 : 16
                     color: root.iconInk
                 }
-                OrvLoader {
+                Loader {
                     id: ring
 
                     readonly property bool shown: item !== null && (item as OrvBusyRing).shown
@@ -104,13 +103,13 @@ T.Button {
                 color: root.ink
             }
             // Few buttons have one of these, and every page makes many buttons.
-            OrvLoader {
+            Loader {
                 active: root.count >= 0
                 visible: active
                 anchors.verticalCenter: parent.verticalCenter
                 sourceComponent: OrvCount { value: root.count }
             }
-            OrvLoader {
+            Loader {
                 active: root.keys !== "" && !root.iconOnly
                 visible: active
                 anchors.verticalCenter: parent.verticalCenter

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -152,6 +151,18 @@ T.Popup {
             keyNavigationEnabled: false
             highlightFollowsCurrentItem: false
             section.property: "group"
+            section.delegate: Text {
+                required property string section
+
+                x: 21
+                height: 30
+                verticalAlignment: Text.AlignVCenter
+                topPadding: 4
+                textFormat: Text.PlainText
+                text: section
+                font: Theme.microBold
+                color: Theme.text3
+            }
             onCountChanged: currentIndex = count > 0 ? 0 : -1
 
             Accessible.role: Accessible.List
@@ -159,40 +170,11 @@ T.Popup {
 
             T.ScrollBar.vertical: OrvScrollBar {}
 
-            // The group's name is a part of its first entry: a section's own delegate cannot be bound.
-            delegate: Column {
-                id: line
-
-                required property int index
-                required property string title
-                required property string subtitle
-                required property string iconName
-                required property string chord
-
+            delegate: PaletteEntry {
                 width: list.width
-
-                Text {
-                    visible: line.ListView.section !== line.ListView.previousSection
-                    x: 21
-                    height: 30
-                    verticalAlignment: Text.AlignVCenter
-                    topPadding: 4
-                    textFormat: Text.PlainText
-                    text: line.ListView.section
-                    font: Theme.microBold
-                    color: Theme.text3
-                }
-
-                PaletteEntry {
-                    width: parent.width
-                    title: line.title
-                    subtitle: line.subtitle
-                    iconName: line.iconName
-                    chord: line.chord
-                    current: line.ListView.isCurrentItem
-                    onPointed: list.currentIndex = line.index
-                    onPressed: root.run(line.index)
-                }
+                current: ListView.isCurrentItem
+                onPointed: list.currentIndex = index
+                onPressed: root.run(index)
             }
         }
 

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
@@ -103,7 +102,7 @@ FieldFrame {
         onClicked: root.openCalendar()
     }
 
-    OrvLoader {
+    Loader {
         id: calendar
         active: false
         sourceComponent: OrvCalendar {

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -96,7 +95,7 @@ Item {
         Accessible.name: "Refreshing"
     }
 
-    OrvLoader {
+    Loader {
         anchors.fill: parent
         active: !root.contentShown
         sourceComponent: root.status === "loading" ? (root.skeleton !== null ? root.skeleton : rows)

@@ -1,10 +1,10 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
 
-/// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are.
-OrvLoader {
+/// A tooltip of its parent, for a pointer that rests on it. Made when first shown, since most never are. Not in a file
+/// of bound components, which a type declared elsewhere cannot make.
+Loader {
     id: root
 
     property string text: ""

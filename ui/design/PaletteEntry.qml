@@ -5,12 +5,11 @@ import Orvella.Design
 Item {
     id: root
 
-    property string title: ""
-    property string subtitle: ""
-    property string iconName: ""
-    property string chord: ""
+    required property var model
+    required property int index
+    readonly property string title: model.title
     property bool current: false
-    readonly property var keys: chord.split(" ").filter(key => key !== "")
+    readonly property var keys: (model.chord ?? "").split(" ").filter(key => key !== "")
 
     /// The pointer moved over it; a palette that opens under a resting pointer keeps its first entry.
     signal pointed()
@@ -19,7 +18,7 @@ Item {
     height: 38
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: subtitle !== "" ? title + ", " + subtitle : title
+    Accessible.name: model.subtitle ? title + ", " + model.subtitle : title
     Accessible.description: keys.join(" then ")
     Accessible.selectable: true
     Accessible.selected: current
@@ -35,7 +34,7 @@ Item {
         x: 21
         anchors.verticalCenter: parent.verticalCenter
         size: 16
-        name: root.iconName
+        name: root.model.iconName ?? ""
         color: root.current ? Theme.accentText : Theme.text2
     }
 
@@ -60,7 +59,7 @@ Item {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
-        text: root.subtitle
+        text: root.model.subtitle ?? ""
         font: Theme.body
         color: Theme.text3
         Accessible.ignored: true

@@ -32,14 +32,11 @@ ListView {
     }
     T.ScrollBar.horizontal: OrvScrollBar {}
 
-    // Made in a context of the view's own, which a bound component refuses.
-    // qmllint disable unqualified
     footer: TableFoot {
         table: root.table
         width: root.width
         x: root.contentX
     }
-    // qmllint enable unqualified
 
     onActiveFocusChanged: {
         if (activeFocus && table.currentRow < 0)

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -20,7 +19,7 @@ FocusScope {
 
     implicitHeight: 302
 
-    OrvLoader {
+    Loader {
         anchors.fill: parent
         focus: true
         sourceComponent: root.asTable ? table : chart

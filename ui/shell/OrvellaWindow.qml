@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -47,7 +46,7 @@ Window {
     ModalPane {
         anchors.fill: parent
 
-        OrvLoader {
+        Loader {
             anchors.fill: parent
             active: root.phase === "booting"
             sourceComponent: BootScreen {
@@ -55,7 +54,7 @@ Window {
             }
         }
 
-        OrvLoader {
+        Loader {
             anchors.fill: parent
             active: root.phase === "signedOut"
             sourceComponent: SignInScreen {
@@ -63,7 +62,7 @@ Window {
             }
         }
 
-        OrvLoader {
+        Loader {
             id: shell
 
             readonly property var view: item
@@ -111,7 +110,7 @@ Window {
     }
 
     Shortcut {
-        sequence: "Ctrl+Q"
+        sequences: [StandardKey.Quit]
         onActivated: root.close()
     }
 

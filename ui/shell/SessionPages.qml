@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -18,7 +17,7 @@ FocusScope {
                                      : router.page !== "campaigns" ? notBuilt
                                      : router.campaign === "" ? campaigns : campaign
 
-    OrvLoader {
+    Loader {
         id: host
         width: root.width
         height: root.height

@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 import Orvella.App
@@ -78,7 +77,7 @@ Rectangle {
             Item { width: 1; height: 20 }
 
             // One step's fields at a time, so that Tab never lands on those of another.
-            OrvLoader {
+            Loader {
                 id: step
 
                 readonly property var content: item

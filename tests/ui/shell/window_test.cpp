@@ -63,7 +63,7 @@ class WindowTest : public QObject {
           !next->property("text").toString().isEmpty())
         found.append(next);
       for (QQuickItem* child : next->childItems())
-        if (child->isVisible() || child->inherits("orv::OrvLoader")) open.append(child);
+        if (child->isVisible() || child->inherits("QQuickLoader")) open.append(child);
     }
     return found;
   }
