@@ -72,10 +72,10 @@ class Actions {
     auto turn = co_await m_context.turns().next(id);
     // Somebody else's removal came first; that one has been told.
     if (!turn) co_return false;
-    const Stamp asked = m_context.changes().stamp();
     if (!co_await send(std::move(request), std::move(failure))) co_return false;
     turn.recordGone();
-    m_context.changes().gone<Record>(id, asked);
+    // As of now: a list that was asked for while this was under way may not know it yet.
+    m_context.changes().gone<Record>(id, m_context.changes().stamp());
     co_return true;
   }
 

@@ -66,10 +66,9 @@ class Archive final {
                               QString name) {
     BusySet busy;
     Actions actions(*context, busy, [&context] { context->changes().template stale<Record>(); });
-    const Stamp asked = context->changes().stamp();
     const auto restored = co_await actions.change(id, requests.restore(id), words.cannotRestore(name));
     if (!restored) co_return false;
-    context->changes().template gone<Archived<Record>>(id, asked);
+    context->changes().template gone<Archived<Record>>(id, context->changes().stamp());
     context->services().toasts.success(words.restored(name, *restored));
     co_return true;
   }

@@ -18,6 +18,11 @@ ConfirmRequest removeForGoodQuestion(const QString& name) {
           .destructive = true};
 }
 
+QString restoredText(const RestoredResult& result, const QStringList& ids, const QString& name) {
+  const bool isNamed = ids.size() == 1 && result.restored == 1;
+  return (isNamed ? name : countedLeads(result.restored)) + u" restored"_s;
+}
+
 }  // namespace
 
 QString CampaignLeads::named(const QStringList& ids) const {
@@ -85,11 +90,27 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
   m_context.services.toasts.show({.message = said,
                                   .actionLabel = u"Undo"_s,
                                   .action =
-                                      [store = QPointer(this), ids, name] {
-                                        if (store) store->m_tasks.start(store->restoreTask(ids, name));
+                                      [workspace = m_context.workspace.weak_from_this(), leads = QPointer(this),
+                                       campaign = m_context.id, ids, name] {
+                                        if (const auto there = workspace.lock())
+                                          there->start(undoRemoval(there, leads, campaign, ids, name));
                                       },
                                   .accumulates = true});
   changedElsewhere();
+}
+
+Task<void> CampaignLeads::undoRemoval(std::shared_ptr<WorkspaceContext> workspace, QPointer<CampaignLeads> leads,
+                                      QString campaign, QStringList ids, QString name) {
+  // The tab that is still there shows what is under way, and takes the leads back in.
+  if (leads) co_return leads->m_tasks.start(leads->restoreTask(ids, name));
+  BusySet busy;
+  const auto changed = [&workspace, &campaign] { workspace->changes().stale<Campaign>(campaign); };
+  Actions actions(*workspace, busy, changed);
+  const auto result =
+      co_await actions.send(Requests::restoreLeads(campaign, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
+  if (!result) co_return;
+  changed();
+  workspace->services().toasts.success(restoredText(*result, ids, name));
 }
 
 Task<void> CampaignLeads::restoreTask(QStringList ids, QString name) {
@@ -101,8 +122,7 @@ Task<void> CampaignLeads::restoreTask(QStringList ids, QString name) {
       co_await m_actions.send(Requests::restoreLeads(m_context.id, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
   if (!result) co_return;
   if (m_isArchive) takeOut(ids);
-  const bool isNamed = ids.size() == 1 && result->restored == 1;
-  m_context.services.toasts.success((isNamed ? name : countedLeads(result->restored)) + u" restored"_s);
+  m_context.services.toasts.success(restoredText(*result, ids, name));
   changedElsewhere();
 }
 

@@ -136,6 +136,9 @@ class CampaignLeads final : public Store {
   void takeOut(const QStringList& ids);
   void changedElsewhere();
   QString named(const QStringList& ids) const;
+  /// For who takes back what they removed, wherever they are by then.
+  static Task<void> undoRemoval(std::shared_ptr<WorkspaceContext> workspace, QPointer<CampaignLeads> leads,
+                                QString campaign, QStringList ids, QString name);
 
   CampaignContext& m_context;
   BusySet m_busy;

@@ -372,6 +372,8 @@ void SequenceEditor::close() {
   m_autosave.close();
   m_preview.close();
   Store::close();
+  m_spinning.clear();
+  Q_EMIT spinningChanged();
 }
 
 }  // namespace orv

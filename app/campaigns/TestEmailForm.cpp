@@ -155,6 +155,7 @@ void TestEmailForm::fail(const APIError& error) {
 
 void TestEmailForm::close() {
   m_task.cancel();
+  set(Stage::form);
   Store::close();
 }
 

@@ -66,7 +66,9 @@ class Client {
     signIn().submitPassword();
     QTRY_VERIFY(isSignedIn());
   }
+  /// As the page does.
   void showCampaigns() {
+    campaigns().list()->appear();
     campaigns().ensureLoaded();
     QTRY_COMPARE(campaigns().list()->stateName(), ResourceBase::State::Ready);
   }

@@ -26,6 +26,7 @@ class CampaignJourneyTest : public QObject {
     client->campaigns().ensureLoaded();
     if (!QTest::qWaitFor([&] { return client->find(name) != nullptr; })) return nullptr;
     auto* store = client->app().session()->campaignStore(client->find(name)->id);
+    store->campaign()->appear();
     store->ensureLoaded();
     return QTest::qWaitFor([&] { return store->campaign()->hasContent(); }) ? store : nullptr;
   }
@@ -94,6 +95,7 @@ class CampaignJourneyTest : public QObject {
       client->app().jobs()->hide();
     }
     QTRY_COMPARE(store->leads()->rows()->count(), 2);
+    QTRY_COMPARE(store->campaign()->value()->stats->leads.total, 2);
 
     store->launch();
     QTRY_VERIFY(client->app().overlays()->asking());

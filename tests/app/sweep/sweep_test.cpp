@@ -70,16 +70,7 @@ const std::map<QString, QStringList> testedElsewhere{
 };
 
 /// What does not hold yet, and why it is borne. One that holds again fails until it leaves this table.
-const QStringList knownDeviations{
-    // A list that is read between the sending of a delete and its answer shows the row until it is read again: the read
-    // was asked for later than the delete, whose answer therefore yields to it.
-    u"CampaignsStore::remove / answered after a reload: the answer is not what is shown"_s,
-    u"CampaignsStore::restore / answered after a reload: the answer is not what is shown"_s,
-    u"CampaignsStore::removeForGood / answered after a reload: the answer is not what is shown"_s,
-    // Closing stops the task without a word; the page that would show it as busy goes at the same moment.
-    u"SequenceEditor::spin / signed out, suspension 0: stays busy"_s,
-    u"TestEmailForm::submit / signed out, suspension 0: stays busy"_s,
-};
+const QStringList knownDeviations{};
 
 bool stands(const std::map<QString, QStringList>& table, const QString& operation) {
   const auto found = table.find(operation.section(u':', 0, 0));
