@@ -19,7 +19,14 @@ void ResourceBase::markStale() {
 }
 
 void ResourceBase::appear() {
-  if (++m_views == 1 && m_isStale) load();
+  if (++m_views > 1 || !m_isStale) return;
+  // Not from within the making of the view, whose bindings are being read.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (m_views > 0 && m_isStale && m_load.isIdle()) load();
+      },
+      Qt::QueuedConnection);
 }
 
 void ResourceBase::disappear() { --m_views; }

@@ -97,6 +97,7 @@ class BaseTest : public QObject {
     resource.markStale();
     QCOMPARE(loads->asked.size(), 1u);
     resource.appear();
+    settle();
     QCOMPARE(loads->asked.size(), 2u);
     loads->give(1, 2);
     resource.markStale();
