@@ -69,7 +69,7 @@ class EmailText : public QObject {
   QPointer<QQuickTextDocument> m_quickDocument;
   QPointer<QTextDocument> m_document;
   QString m_text;
-  /// The same as the document has it.
+  /// The same as the text field has it.
   QString m_shown;
   bool m_singleLine = false;
   bool m_showing = false;

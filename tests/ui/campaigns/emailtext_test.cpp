@@ -97,7 +97,7 @@ class EmailTextTest : public QObject {
     QCOMPARE(m_text->text(), u"a👎b"_s);
   }
 
-  /// The document has one kind of line end; the email keeps those that it came with.
+  /// The text field knows one kind of line end; the email keeps those that it came with.
   void lineEndsStayAsTheyAre_data() {
     QTest::addColumn<QString>("end");
     QTest::newRow("pair") << u"\r\n"_s;
