@@ -6,7 +6,7 @@
 
 #include "bench/Report.h"
 #include "kit/api/JSONCoding.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/mailboxPage.h"
 
 using namespace Qt::Literals::StringLiterals;
 

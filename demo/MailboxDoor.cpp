@@ -5,7 +5,7 @@
 #include "demo/DailyFigures.h"
 #include "demo/Routes.h"
 #include "kit/models/labels.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/mailboxPage.h"
 
 using namespace Qt::Literals::StringLiterals;
 

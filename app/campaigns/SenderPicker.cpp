@@ -6,6 +6,7 @@
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignSender.h"
+#include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -149,7 +150,7 @@ void SenderPicker::collect() {
   if (!page) return;
   for (const Mailbox& mailbox : page->items) {
     // The pool warms up the others and never sends for campaigns.
-    if (seen.contains(mailbox.id) || mailbox.role == "pool"_L1) continue;
+    if (seen.contains(mailbox.id) || mailbox.isPool()) continue;
     const qint64 sent = mailbox.campaign ? mailbox.campaign->sentToday : 0;
     m_all.push_back({{mailbox.id, mailbox.displayName, mailbox.address, false, false, todayText(sent, capOf(mailbox)),
                       reasonOf(mailbox)},

@@ -7,7 +7,7 @@
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SettingsDraft.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/mailboxPage.h"
 
 namespace orv {
 

@@ -10,7 +10,8 @@
 #include "kit/models/campaigns/campaignStats.h"
 #include "kit/models/campaigns/launchCheck.h"
 #include "kit/models/campaigns/sequence.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/mailboxPage.h"
+#include "kit/models/mailboxes/mailboxRequests.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

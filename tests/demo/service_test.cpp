@@ -24,7 +24,8 @@
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/mailboxPage.h"
+#include "kit/models/mailboxes/mailboxRequests.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;

@@ -27,7 +27,15 @@
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/googleWorkspace.h"
+#include "kit/models/mailboxes/mailboxBrand.h"
+#include "kit/models/mailboxes/mailboxBulk.h"
+#include "kit/models/mailboxes/mailboxHealth.h"
+#include "kit/models/mailboxes/mailboxHistory.h"
+#include "kit/models/mailboxes/mailboxPage.h"
+#include "kit/models/mailboxes/mailboxPatch.h"
+#include "kit/models/mailboxes/newMailbox.h"
+#include "kit/models/mailboxes/trackingDomainCheck.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -127,8 +135,10 @@ const QList<Record>& allRecords() {
   static const auto all =
       records<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail,
               FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult,
-              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, TagList, ReplyLabelList,
-              AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>();
+              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory,
+              TrackingDomainCheck, MailboxBulkResult, MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory,
+              GoogleConnectOutcome, OAuthProviders, TagList, ReplyLabelList, AuthMethods, EmailCheck, EmailStarted,
+              NativeSession, MeResponse, UnreadCounts, Problem>();
   return all;
 }
 
@@ -202,6 +212,44 @@ class RecordsTest : public QObject {
                                               {u"stopped"_s, u"Stopped"_s},
                                               {u"in_review"_s, u"in_review"_s}};
     for (const auto& [word, label] : lead) QCOMPARE(LeadStatus(word).label(), label);
+    const QList<QPair<QString, QString>> mailbox{{u"verifying"_s, u"Verifying"_s}, {u"active"_s, u"Active"_s},
+                                                 {u"paused"_s, u"Paused"_s},       {u"failed"_s, u"Failed"_s},
+                                                 {u"disabled"_s, u"Disabled"_s},   {u"on_holiday"_s, u"on_holiday"_s}};
+    for (const auto& [word, label] : mailbox) QCOMPARE(MailboxStatus(word).label(), label);
+  }
+
+  void mailboxesShowOneOfThreeBrands_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("host");
+    QTest::addColumn<QString>("provider");
+    QTest::addColumn<QString>("brand");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const char* name, const QString& kind, const QString& host, const QString& provider,
+                        const QString& brand,
+                        const QString& shown) { QTest::newRow(name) << kind << host << provider << brand << shown; };
+    const QString google = u"google"_s, microsoft = u"microsoft"_s, smtp = u"smtp"_s;
+    const QString workspace = u"Google Workspace"_s, servers = u"SMTP / IMAP"_s;
+    row("a signed in one", u"google_oauth"_s, {}, microsoft, google, workspace);
+    row("a whole domain", u"google_dwd"_s, {}, smtp, google, workspace);
+    row("an app password", u"smtp_imap"_s, u"smtp.gmail.com"_s, smtp, google, workspace);
+    row("another host", u"smtp_imap"_s, u"smtp.a.example"_s, google, smtp, servers);
+    row("no host", u"smtp_imap"_s, {}, google, smtp, servers);
+    row("signed in at the other", u"ms_oauth"_s, {}, google, microsoft, u"Microsoft 365"_s);
+    row("an app", u"ms_graph_app"_s, {}, google, microsoft, u"Microsoft 365 app"_s);
+    row("not connected", {}, {}, google, google, workspace);
+    row("not connected to the other", {}, {}, microsoft, microsoft, u"Microsoft 365"_s);
+    row("of an unknown provider", {}, {}, u"pigeon"_s, smtp, servers);
+    row("a way of tomorrow", u"telepathy"_s, {}, microsoft, microsoft, u"Microsoft 365"_s);
+  }
+  void mailboxesShowOneOfThreeBrands() {
+    QFETCH(QString, kind);
+    QFETCH(QString, host);
+    Mailbox mailbox;
+    mailbox.provider = *static_cast<QString*>(QTest::qData("provider", QMetaType::QString));
+    if (!kind.isEmpty()) mailbox.connection = Mailbox::Connection{kind, u"connected"_s, {}, {}, {}};
+    if (!host.isEmpty()) mailbox.connection->host = host;
+    QTEST(brandWord(brandOf(mailbox)), "brand");
+    QTEST(brandName(mailbox), "shown");
   }
 
  private:

@@ -31,7 +31,14 @@
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
-#include "kit/models/mailboxes.h"
+#include "kit/models/mailboxes/googleWorkspace.h"
+#include "kit/models/mailboxes/mailboxBulk.h"
+#include "kit/models/mailboxes/mailboxHistory.h"
+#include "kit/models/mailboxes/mailboxPage.h"
+#include "kit/models/mailboxes/mailboxPatch.h"
+#include "kit/models/mailboxes/mailboxRequests.h"
+#include "kit/models/mailboxes/newMailbox.h"
+#include "kit/models/mailboxes/trackingDomainCheck.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -80,9 +87,13 @@ StepsBody steps() {
            {{}, 2880, true, {{{}, u"A"_s, u""_s, u"2"_s, 100, false}}}}};
 }
 
+MailboxConnectionIn::SmtpImap smtpLogin() {
+  return {u"ana"_s, u" p\"ß "_s, {u"smtp.a.example"_s, 587, false}, {u"imap.a.example"_s, 993, true}, {}, {}};
+}
+
 /// The calls behind the cases of the fixture.
 const std::map<QString, std::function<Built()>>& builders() {
-  static const QString c1 = u"c1"_s, l1 = u"l1"_s, email = u"a@b.example"_s;
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, email = u"a@b.example"_s;
   static const std::map<QString, std::function<Built()>> all{
       {u"listCampaigns"_s, [] { return listCampaigns(false); }},
       {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
@@ -100,6 +111,58 @@ const std::map<QString, std::function<Built()>>& builders() {
        }},
       {u"listMailboxes"_s, [] { return listMailboxes(); }},
       {u"listMailboxes all"_s, [] { return listMailboxes(true, u"a+b/c=="_s); }},
+      {u"getMailbox"_s, [] { return getMailbox(u"mb/1 x%2F"_s); }},
+      {u"mailboxHistory"_s, [] { return mailboxHistory(mb1, 90); }},
+      {u"updateMailbox nothing"_s, [] { return updateMailbox(mb1, {}, {}); }},
+      {u"updateMailbox all"_s,
+       [] {
+         return updateMailbox(
+             mb1, {u"Ana"_s, 40, 0, 7, u"Best,\nAna"_s, QList{u"dach"_s}, Clearable<QString>(u"t.a.example"_s)}, 0);
+       }},
+      {u"updateMailbox without its tracking domain"_s,
+       [] {
+         MailboxPatch patch;
+         patch.trackingDomain = Clearable<QString>::cleared();
+         return updateMailbox(mb1, patch, 7);
+       }},
+      {u"setReadyMode"_s, [] { return setReadyMode(mb1, u"manual"_s, 7); }},
+      {u"pauseMailbox"_s, [] { return pauseMailbox(mb1); }},
+      {u"resumeMailbox"_s, [] { return resumeMailbox(mb1); }},
+      {u"verifyMailbox"_s, [] { return verifyMailbox(mb1); }},
+      {u"checkTrackingDomain"_s, [] { return checkTrackingDomain(mb1); }},
+      {u"createMailbox smtp"_s,
+       [] { return createMailbox({.address = email, .displayName = u"Ana"_s}, {smtpLogin()}); }},
+      {u"createMailbox all"_s,
+       [] {
+         return createMailbox({email, u"Ana"_s, 40, 30, 0, u"Ana"_s, QList{u"dach"_s}},
+                              {MailboxConnectionIn::MsGraphApp{u"t"_s, u"c"_s, u" s\"ß "_s}});
+       }},
+      {u"reconnectMailbox smtp"_s,
+       [] {
+         auto login = smtpLogin();
+         login.imapUsername = u"reader"_s;
+         login.imapPassword = u"r"_s;
+         return reconnectMailbox(mb1, {login});
+       }},
+      {u"reconnectMailbox google"_s, [] { return reconnectMailbox(mb1, {MailboxConnectionIn::GoogleDwd{}}); }},
+      {u"deleteMailbox"_s, [] { return deleteMailbox(mb1, false); }},
+      {u"deleteMailbox for good"_s, [] { return deleteMailbox(mb1, true); }},
+      {u"restoreMailbox"_s, [] { return restoreMailbox(mb1); }},
+      {u"bulkMailboxes"_s,
+       [] {
+         return bulkMailboxes({.action = u"pause"_s, .ids = {mb1, u"mb2"_s}});
+       }},
+      {u"bulkMailboxes all"_s,
+       [] {
+         return bulkMailboxes({u"set_tracking_domain"_s, {mb1}, 30, 0, QList<QString>(), u""_s});
+       }},
+      {u"oauthProviders"_s, [] { return oauthProviders(); }},
+      {u"googleWorkspaceStatus"_s, [] { return googleWorkspaceStatus(); }},
+      {u"googleDirectory"_s, [] { return googleDirectory({email}); }},
+      {u"googleConnect"_s,
+       [] {
+         return googleConnect({{email, u"b@b.example"_s}});
+       }},
       {u"listTags"_s, [] { return listTags(); }},
       {u"listReplyLabels"_s, [] { return listReplyLabels(); }},
       {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},

@@ -1,23 +1,19 @@
 #pragma once
 
 #include <QList>
-#include <QMap>
 #include <QString>
 #include <boost/describe/class.hpp>
 #include <optional>
 
-#include "kit/api/APIRequest.h"
-#include "kit/api/OpenWord.h"
+#include "kit/models/mailboxes/mailboxStatus.h"
 
 namespace orv {
 
-struct MailboxStatus : OpenWord {
-  using OpenWord::OpenWord;
-  bool isActive() const { return is(QLatin1String("active")); }
-};
-
 /// One sending inbox; "email account" to the person.
 struct Mailbox {
+  using Record = Mailbox;
+
+  /// How the service reaches the inbox.
   struct Connection {
     QString kind;
     QString status;
@@ -77,7 +73,6 @@ struct Mailbox {
   QString address;
   QString displayName;
   QString provider;
-  /// "pool" only warms up the others and never sends for campaigns.
   QString role;
   MailboxStatus status;
   std::optional<QString> pausedReason;
@@ -101,6 +96,9 @@ struct Mailbox {
   std::optional<qint64> version;
   QString createdAt;
   std::optional<QString> archivedAt;
+
+  /// One of the pool, which warms up the others and is nobody's own account.
+  bool isPool() const { return role == QLatin1String("pool"); }
   bool operator==(const Mailbox&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(Mailbox::Connection, (), (kind, status, lastError, lastVerifiedAt, host))
@@ -117,28 +115,4 @@ BOOST_DESCRIBE_STRUCT(Mailbox, (),
                        trackingDomain, trackingDomainVerifiedAt, campaign, health, rampup, version, createdAt,
                        archivedAt))
 
-struct MailboxPage {
-  struct TagCount {
-    QString tag;
-    qint64 n = 0;
-    bool operator==(const TagCount&) const = default;
-  };
-  QList<Mailbox> items;
-  /// Absent on the last page, however full that is.
-  std::optional<QString> nextCursor;
-  /// By status.
-  std::optional<QMap<QString, qint64>> counts;
-  std::optional<qint64> archivedCount;
-  std::optional<QList<TagCount>> tags;
-  bool operator==(const MailboxPage&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(MailboxPage::TagCount, (), (tag, n))
-BOOST_DESCRIBE_STRUCT(MailboxPage, (), (items, nextCursor, counts, archivedCount, tags))
-
-namespace Requests {
-
-/// One page; the next one continues with its cursor.
-Request<MailboxPage> listMailboxes(bool archived = false, const std::optional<QString>& cursor = {});
-
-}  // namespace Requests
 }  // namespace orv
