@@ -11,7 +11,7 @@ namespace orv {
 
 /// The drawn part of an OrvChart, and the day that the person is at: under the pointer, else where the keyboard left
 /// it. The keyboard's day is held by its date, so that it survives a reload.
-class ChartPlot : public orv::ImageItem {
+class ChartPlot : public ImageItem {
   Q_OBJECT
   QML_ELEMENT
   /// ISO dates.

@@ -7,7 +7,7 @@
 namespace orv {
 
 /// A piece of a series as its chart draws it, for legends and read-outs; upright as a chart's cursor.
-class ChartStroke : public orv::ImageItem {
+class ChartStroke : public ImageItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QColor color MEMBER m_color NOTIFY changed)

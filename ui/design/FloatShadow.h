@@ -8,7 +8,7 @@ namespace orv {
 
 /// The soft shadow of a rounded rectangle that lies `blur` inside the item on every side. Painted once for a size:
 /// effects need a graphics card, which not every desktop has.
-class FloatShadow : public orv::ImageItem {
+class FloatShadow : public ImageItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QColor color MEMBER m_color WRITE setColor NOTIFY changed)
