@@ -191,8 +191,10 @@ Task<void> AnalyticsStore::exportTask() {
   if (!mark) co_return;
   const QString fileName = (campaigns ? u"campaigns-"_s : u"accounts-"_s) + Format::calendarDay(m_shownRange.from) +
                            u"-to-"_s + Format::calendarDay(m_shownRange.to) + u".csv"_s;
-  const QByteArray bytes = campaigns ? campaignsCsv(m_campaignRows.records()) : accountsCsv(m_accountRows.records());
-  co_await saveCsv(context(), fileName, bytes, u"Couldn’t save the file."_s);
+  // Of the rows as they are now, whatever comes while the person chooses where to keep them.
+  std::function<QByteArray()> text = [rows = m_accountRows.records()] { return accountsCsv(rows); };
+  if (campaigns) text = [rows = m_campaignRows.records()] { return campaignsCsv(rows); };
+  co_await saveCsv(context(), fileName, text, u"Couldn’t save the file."_s);
 }
 
 }  // namespace orv

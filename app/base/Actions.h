@@ -83,12 +83,13 @@ class Actions {
   template <class R>
   Task<std::optional<R>> send(Request<R> request, QString failure, First<R> first = {}, Tell tell = {}) {
     const bool changes = request.method != HTTPMethod::get;
+    const auto madeOn = request.ifMatch;
     const Stamp asked = m_context.changes().stamp();
     try {
       R answer = co_await m_context.api().send(std::move(request));
       m_context.cameOnline();
       if (first) first(answer);
-      if constexpr (WholeRecord<R>) m_context.changes().publish(answer, asked, changes);
+      if constexpr (WholeRecord<R>) m_context.changes().publish(answer, asked, changes, madeOn);
       co_return answer;
     } catch (const APIError& error) {
       if (!tell || !tell(error)) m_context.services().toasts.failure(failure, error);

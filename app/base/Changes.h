@@ -46,6 +46,9 @@ struct Change {
   const Record* record = nullptr;
   /// False when a reading brought it and not somebody's action here.
   bool acted = false;
+  /// The version that the person changed, where their request named it: between that and this one lies nobody else's
+  /// doing.
+  std::optional<qint64> madeOn = {};
 };
 
 /// One workspace's news: through it, stores that show the same records agree.
@@ -70,9 +73,9 @@ class Changes final : public QObject {
 
   /// An answer brought the record. False when a newer one is known: nobody is told then.
   template <WholeRecord Record>
-  bool publish(const Record& record, Stamp asked, bool acted) {
+  bool publish(const Record& record, Stamp asked, bool acted, std::optional<qint64> madeOn = {}) {
     if (!learn(topic<Record>(), record.id, versionOf(record), asked)) return false;
-    tell<Record>({Change<Record>::Kind::is, record.id, &record, acted});
+    tell<Record>({Change<Record>::Kind::is, record.id, &record, acted, madeOn});
     return true;
   }
 

@@ -42,8 +42,9 @@ void FieldDraft::fill(const QVariantMap& record, Version version) {
   discard();
 }
 
-void FieldDraft::rebase(const QVariantMap& record, Version version) {
+void FieldDraft::rebase(const QVariantMap& record, Version version, Version madeOn) {
   if (version && m_seen && *version < *m_seen) return;
+  const bool isOurs = madeOn && madeOn == m_seen;
   QVariantMap typed = record;
   for (const auto& [field, now] : record.asKeyValueRange()) {
     const QVariant mine = m_typed.value(field), before = m_base.value(field);
@@ -52,7 +53,7 @@ void FieldDraft::rebase(const QVariantMap& record, Version version) {
       continue;
     }
     typed[field] = mine;
-    if (now != before) m_rivals.insert(field, now);
+    if (now != before && (!isOurs || m_rivals.contains(field))) m_rivals.insert(field, now);
   }
   // A field that is gone keeps what was typed in it.
   for (const auto& [field, mine] : m_typed.asKeyValueRange())

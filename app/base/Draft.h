@@ -46,8 +46,9 @@ class FieldDraft : public QObject {
 
   /// Another record: nothing is the person's.
   void fill(const QVariantMap& record, Version version);
-  /// The record came again.
-  void rebase(const QVariantMap& record, Version version);
+  /// The record came again. `madeOn`, the person themselves changed it elsewhere, on that version: what they did there
+  /// is nobody else's doing.
+  void rebase(const QVariantMap& record, Version version, Version madeOn = {});
   /// What a save sends. What is typed from now on is not among it.
   const QVariantMap& sending();
   /// The service answered the save with `record`. What was typed since stays.
@@ -125,7 +126,9 @@ class Draft : public FieldDraft {
   Fields typed() const { return fieldsOf<Fields>(values()); }
   Fields base() const { return fieldsOf<Fields>(saved()); }
   void fill(const Fields& record, Version version = {}) { FieldDraft::fill(valuesOf(record), version); }
-  void rebase(const Fields& record, Version version) { FieldDraft::rebase(valuesOf(record), version); }
+  void rebase(const Fields& record, Version version, Version madeOn = {}) {
+    FieldDraft::rebase(valuesOf(record), version, madeOn);
+  }
   Fields sending() { return fieldsOf<Fields>(FieldDraft::sending()); }
   void taken(const Fields& record, Version version) { FieldDraft::taken(valuesOf(record), version); }
 };

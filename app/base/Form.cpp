@@ -42,6 +42,10 @@ void Form::show() {
   Q_EMIT changed();
 }
 
+void Form::reopen() {
+  if (!std::exchange(m_shown, true)) Q_EMIT changed();
+}
+
 void Form::clearError() {
   if (std::exchange(m_error, {}).isEmpty()) return;
   Q_EMIT changed();
@@ -49,21 +53,6 @@ void Form::clearError() {
 
 void Form::cancel() {
   if (std::exchange(m_shown, false)) Q_EMIT changed();
-}
-
-void NameForm::show(const QString& text) {
-  m_text = text;
-  Form::show();
-}
-
-void NameForm::setText(const QString& text) {
-  if (std::exchange(m_text, text) == text) return;
-  clearError();
-  Q_EMIT changed();
-}
-
-void NameForm::submit() {
-  if (canSubmit() && onSubmit) onSubmit(m_text.trimmed());
 }
 
 }  // namespace orv

@@ -51,6 +51,8 @@ class Form : public QObject {
 
   /// Opens the form, idle and without an error, whatever it showed before.
   void show();
+  /// Opens it again as it was closed, with the submission that is under way.
+  void reopen();
   Submission begin() { return Submission(this); }
   void clearError();
   /// Closes the form. A submission under way goes on.
@@ -65,46 +67,6 @@ class Form : public QObject {
   /// Counts the times the form was shown, so that a submission of an earlier one leaves a later one alone.
   int m_showing = 0;
   QString m_error;
-};
-
-/// A form with one text field: a new name, a rename. Keeps what was typed until the service has it.
-class NameForm final : public Form {
-  Q_OBJECT
-  Q_PROPERTY(QString title READ title CONSTANT)
-  Q_PROPERTY(QString hint READ hint CONSTANT)
-  Q_PROPERTY(QString label READ label CONSTANT)
-  Q_PROPERTY(QString submitLabel READ submitLabel CONSTANT)
-  Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
-  Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
-
- public:
-  struct Words {
-    QString title;
-    QString hint;
-    QString label;
-    QString submitLabel;
-  };
-
-  explicit NameForm(Words words, QObject* parent = nullptr) : Form(parent), m_words(std::move(words)) {}
-
-  /// Gets the trimmed text, which is never empty.
-  std::function<void(QString)> onSubmit;
-
-  void show(const QString& text = {});
-
-  QString title() const { return m_words.title; }
-  QString hint() const { return m_words.hint; }
-  QString label() const { return m_words.label; }
-  QString submitLabel() const { return m_words.submitLabel; }
-  QString text() const { return m_text; }
-  void setText(const QString& text);
-  bool canSubmit() const { return !busy() && !m_text.trimmed().isEmpty(); }
-
-  Q_INVOKABLE void submit();
-
- private:
-  Words m_words;
-  QString m_text;
 };
 
 }  // namespace orv

@@ -69,8 +69,9 @@ void Job::tellEnd() {
   using Kind = JobOutcome::Kind;
   if (m_outcome.title.isEmpty() || m_outcome.kind == Kind::stopped) return;
   const bool isDone = m_outcome.kind == Kind::done;
+  const auto tone = isDone ? Toasts::Tone::success : failed() ? Toasts::Tone::error : Toasts::Tone::standard;
   m_context->services().toasts.show({.message = m_outcome.title,
-                                     .tone = isDone ? Toasts::Tone::success : Toasts::Tone::error,
+                                     .tone = tone,
                                      .actionLabel = u"Details"_s,
                                      .action =
                                          [job = QPointer(this), &jobs = m_jobs] {

@@ -16,7 +16,8 @@ class Jobs;
 
 /// What came of a job, for as long as somebody may want to read it.
 struct JobOutcome {
-  enum class Kind { done, failed, stopped };
+  /// `open`: it is over, and what comes of it remains to be seen.
+  enum class Kind { done, open, failed, stopped };
   Kind kind = Kind::done;
   /// "12 leads added". Empty where the job has told of its end itself.
   QString title = {};
@@ -50,7 +51,7 @@ class Job final : public QObject {
   WorkspaceContext& context() const { return *m_context; }
 
   bool running() const { return m_running; }
-  bool failed() const { return m_outcome.kind != JobOutcome::Kind::done; }
+  bool failed() const { return m_outcome.kind > JobOutcome::Kind::open; }
   /// What it is at, while it runs.
   const QString& stage() const { return m_stage; }
   /// From 0 to 1; below 0 while nobody can say.
@@ -64,7 +65,7 @@ class Job final : public QObject {
   void setStage(const QString& text, qint64 done = 0, qint64 all = 0);
   /// A stage whose end others count: `done` is asked again and again.
   void followStage(const QString& text, std::function<qint64()> done, qint64 all);
-  /// While this object lives, it tells of the job's end; no message does.
+  /// While this object lives, it tells of the job's end; no message does. None ends that.
   void attend(QObject* attendant) { m_attendant = attendant; }
   /// What the service has taken by then stays.
   Q_INVOKABLE void stop();

@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 
 #include "app/base/Draft.h"
+#include "app/base/Form.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -33,6 +34,25 @@ void Recovery::begin(const QString& key, std::optional<qint64> version) {
   m_line = std::make_unique<JournalLine>(m_context.services().journal, Journal::Key{m_context.workspace().slug, key},
                                          m_hooks.text);
   m_task.start(takeUp(version));
+}
+
+void Recovery::keep(Form& form, FieldDraft& draft) {
+  connect(&draft, &FieldDraft::changed, this, &Recovery::follow);
+  connect(&form, &Form::changed, this, [this, &form, &draft] {
+    if (!form.shown())
+      giveUp();
+    else if (!draft.key().isEmpty())
+      begin(draft.key(), draft.version());
+  });
+}
+
+void Recovery::giveUp() {
+  if (!m_line) return;
+  // Discarding is told to whoever led here.
+  const auto line = std::exchange(m_line, nullptr);
+  m_hooks.discard();
+  line->follow(false);
+  end();
 }
 
 void Recovery::end() {

@@ -10,6 +10,7 @@
 namespace orv {
 
 class FieldDraft;
+class Form;
 
 /// What a form or a text does about the journal: it keeps what is unsaved there, takes up what an earlier run or
 /// session left, and says so until that is saved or thrown away.
@@ -48,6 +49,9 @@ class Recovery final : public QObject {
 
   /// The record is there, of the version given; what is typed about it is kept under the key from now on.
   void begin(const QString& key, std::optional<qint64> version);
+  /// Follows the fields of a form while it is shown, and gives up with the form what was filled in. The draft names
+  /// key and version.
+  void keep(Form& form, FieldDraft& draft);
   /// The form goes, or is about to show another record; what is unsaved stays in the journal.
   void end();
   /// Something was typed, saved or discarded.
@@ -62,6 +66,7 @@ class Recovery final : public QObject {
 
  private:
   Task<void> takeUp(std::optional<qint64> version);
+  void giveUp();
   void setNotice(const QString& notice);
 
   WorkspaceContext& m_context;

@@ -3,18 +3,33 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "kit/async/background.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
-/// Empty on success, else the system's reason.
-QString write(const QString& path, const QByteArray& bytes) {
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-    return file.errorString();
-  return {};
-}
+/// Runs on another thread, and goes on there when its job was stopped: then nothing is left behind.
+struct Writing {
+  std::function<QByteArray()> text;
+  std::atomic<bool> stopped = false;
+
+  /// Empty on success, else the system's reason.
+  QString write(const QString& path) const {
+    QSaveFile file(path);
+    const QByteArray bytes = text();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return file.errorString();
+    if (stopped) return {};
+    return file.commit() ? QString() : file.errorString();
+  }
+};
+
+/// What a job holds of its writing.
+struct Hold {
+  std::shared_ptr<Writing> writing;
+  ~Hold() { writing->stopped = true; }
+};
 
 ConfirmRequest replaceQuestion(const QString& path) {
   return {.title = u"Replace "_s + QFileInfo(path).fileName() + u'?',
@@ -29,7 +44,8 @@ struct Ending {
   ~Ending() { OneShot(ended).give(true); }
 };
 
-Task<JobOutcome> save(Job* job, QString fileName, QByteArray bytes, QString failure, OneShot<bool> ended) {
+Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> text, QString failure,
+                      OneShot<bool> ended) {
   const Ending ending{std::move(ended)};
   Services& services = job->context().services();
   job->setStage(u"Choosing where to keep it…"_s);
@@ -39,7 +55,9 @@ Task<JobOutcome> save(Job* job, QString fileName, QByteArray bytes, QString fail
   if (!chosen->mayReplace && QFileInfo::exists(path) && !co_await services.overlays.confirm(replaceQuestion(path)))
     co_return JobOutcome{};
   job->setStage(u"Writing…"_s);
-  if (const QString reason = write(path, bytes); !reason.isEmpty()) {
+  const Hold hold{std::make_shared<Writing>(std::move(text))};
+  const auto reason = co_await inBackground<QString>([path, writing = hold.writing] { return writing->write(path); });
+  if (!reason.isEmpty()) {
     services.toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = reason});
     co_return JobOutcome{};
   }
@@ -53,11 +71,11 @@ Task<JobOutcome> save(Job* job, QString fileName, QByteArray bytes, QString fail
 
 }  // namespace
 
-Task<void> saveCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure) {
+Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure) {
   const OneShot<bool> ended;
   context.services().jobs.start({.name = u"Saving "_s + fileName, .stopped = u"Nothing was saved."_s},
                                 context.shared_from_this(),
-                                [&](Job& job) { return save(&job, fileName, bytes, failure, ended); });
+                                [&](Job& job) { return save(&job, fileName, text, failure, ended); });
   // Gone with the store that asked; the job is not.
   co_await ended.wait();
 }

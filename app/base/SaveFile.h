@@ -10,6 +10,8 @@ namespace orv {
 /// Asks where to keep a comma-separated file, writes it whole or not at all, and says "Saved …" with a way to find it.
 /// Silent when the person cancels the panel; `failure` is the toast of a write that failed. A job of the workspace,
 /// which goes on when whoever asked for it is gone.
-Task<void> saveCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure);
+///
+/// `text` makes the file's content, on another thread: it owns what it reads.
+Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure);
 
 }  // namespace orv

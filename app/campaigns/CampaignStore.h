@@ -4,7 +4,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/EnumName.h"
-#include "app/base/Form.h"
+#include "app/base/NameForm.h"
 #include "app/base/Resource.h"
 #include "app/base/Services.h"
 #include "app/base/Store.h"

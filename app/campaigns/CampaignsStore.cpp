@@ -353,7 +353,8 @@ Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
     services().toasts.show({.message = u"Nothing to export yet."_s});
     co_return;
   }
-  co_await saveCsv(context(), fileName, campaignsCsv(rows), failure);
+  co_await saveCsv(
+      context(), fileName, [rows] { return campaignsCsv(rows); }, failure);
 }
 
 void CampaignsStore::copyLink(const QString& id) { copyCampaignLink(services(), id); }

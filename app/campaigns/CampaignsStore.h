@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <QVariantList>
 
-#include "app/base/Form.h"
+#include "app/base/NameForm.h"
 #include "app/base/Resource.h"
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/CampaignRows.h"

@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "app/base/Form.h"
+#include "app/base/NameForm.h"
 #include "kit/async/OneShot.h"
 #include "kit/async/Task.h"
 

@@ -6,6 +6,7 @@
 #include "app/base/Form.h"
 #include "app/base/Jobs.h"
 #include "app/base/ListModel.h"
+#include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
 #include "app/base/Recovery.h"
 #include "app/base/Resource.h"

@@ -3,7 +3,7 @@
 #include <boost/describe/class.hpp>
 
 #include "app/base/Draft.h"
-#include "app/base/Form.h"
+#include "app/base/NameForm.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
