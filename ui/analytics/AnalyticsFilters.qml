@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Analytics
 
 /// The filters in their line; where that is narrow, behind one button.

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Analytics
 
 /// What the figures can be narrowed to: one campaign, one inbox, one tag. Side by side, or one below the other.

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.App
 
 /// A page that is a table: what it is, what of it shows, the table in each of its states, and how much that is.

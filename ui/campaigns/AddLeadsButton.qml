@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// Opens the ways to add leads.

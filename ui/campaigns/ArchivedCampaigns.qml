@@ -25,7 +25,7 @@ TablePage {
     }
 
     function openMenu(key: string, row: Item, x: real, y: real) {
-        if (store.busyIds.includes(key) || !store.canWrite)
+        if (table.rows.isBusy(key) || !store.canWrite)
             return;
         rowMenu.campaign = key;
         rowMenu.openIn(row, x, y);

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// What can be done to one campaign of the list.

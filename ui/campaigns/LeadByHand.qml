@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// The form for one lead.

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// The top of a lead's drawer: how the lead stands, what comes next, and what can be done.

@@ -1,6 +1,4 @@
 import QtQuick
-import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// What is known of one lead, what happened, and its custom fields.

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// Picks a CSV file, by panel or by dropping it, and shows how its beginning reads.

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// One email as the lead gets it.

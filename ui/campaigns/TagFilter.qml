@@ -1,7 +1,6 @@
 import QtQuick
 import QtQml
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// Narrows the list to campaigns that carry one of the chosen tags.

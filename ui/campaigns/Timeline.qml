@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Campaigns
 
 /// The emails of the sequence, one under the other, with the waits between them.

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 
 /// A menu that is made when it is first opened. Not in a file of bound components, which a type declared elsewhere
 /// cannot make.

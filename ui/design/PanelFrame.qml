@@ -14,7 +14,7 @@ FocusScope {
     signal stepRequested(int by)
 
     function stepByKey(event, by: int) {
-        const typing = Window.activeFocusItem && Window.activeFocusItem.cursorPosition !== undefined;
+        const typing = Window.activeFocusItem instanceof TextInput || Window.activeFocusItem instanceof TextEdit;
         event.accepted = steps && !typing;
         if (event.accepted)
             stepRequested(by);

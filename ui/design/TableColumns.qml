@@ -82,7 +82,7 @@ QtObject {
     /// In the person's order, without those they hid and those there is no room for. What they asked for stays, and the
     /// table then scrolls sideways.
     function chosenColumns() {
-        let list = layout.arranged(keys).map(key => column(key)).filter(column => column.visible
+        let list = [...layout.arranged(keys)].map(key => column(key)).filter(column => column.visible
             && (column.fixed || (layout.shown(column.key) ?? true)));
         const yielding = list.filter(column => column.yields > 0 && layout.shown(column.key) === undefined)
             .sort((a, b) => b.yields - a.yields);

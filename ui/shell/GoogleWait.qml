@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// While the browser has the turn: how to come back when it cannot bring the person back itself.

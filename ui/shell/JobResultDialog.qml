@@ -1,7 +1,6 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
-import Orvella.Shell
 
 /// What came of a job, wherever the person is by then.
 OnDemand {

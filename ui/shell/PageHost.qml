@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.App
 import Orvella.Shell
 
 /// Shows the router's page in the open workspace.

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// The signed-in person with what concerns them, and the button that folds the sidebar.

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.App
 import Orvella.Shell
 
 /// The signed-in window: the sidebar, the open page, and what is reached from anywhere.

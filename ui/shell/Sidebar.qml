@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// The workspace, the search, the pages and the person; folded to icons as a rail.

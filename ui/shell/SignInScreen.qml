@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// The signed-out window: one column, one question at a time.

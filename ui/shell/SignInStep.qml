@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// One step of signing in: its field, the one error line, its verb, and the ways around it.

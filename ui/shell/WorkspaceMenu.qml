@@ -1,7 +1,6 @@
 import QtQuick
 import QtQml
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// The person's workspaces; with many, letters typed jump to a name.
