@@ -54,6 +54,11 @@ if(ORVELLA_SANITIZE)
   add_link_options(-fsanitize=${ORVELLA_SANITIZE})
 endif()
 
+option(ORVELLA_FUZZ "Build tests/fuzz too; everything then counts where it has been for libFuzzer" OFF)
+if(ORVELLA_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link -O1)
+endif()
+
 set(ORVELLA_TEST_ENVIRONMENT
   "QT_QPA_PLATFORM=offscreen" "QT_QUICK_BACKEND=software" "LC_ALL=C.UTF-8"
   "ASAN_OPTIONS=detect_stack_use_after_return=1"

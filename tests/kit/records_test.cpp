@@ -6,37 +6,13 @@
 #include <boost/mp11/algorithm.hpp>
 #include <boost/type_index.hpp>
 
-#include "kit/api/APIError.h"
 #include "kit/api/JSONCoding.h"
-#include "kit/models/analytics/analyticsOverview.h"
-#include "kit/models/analytics/analyticsSummary.h"
-#include "kit/models/analytics/dashboard.h"
-#include "kit/models/analytics/warmupHealth.h"
-#include "kit/models/campaigns/addLeads.h"
-#include "kit/models/campaigns/campaign.h"
-#include "kit/models/campaigns/campaignFeed.h"
-#include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignStatus.h"
-#include "kit/models/campaigns/campaignSummary.h"
-#include "kit/models/campaigns/emailPreview.h"
-#include "kit/models/campaigns/leadChanges.h"
 #include "kit/models/campaigns/leadStatus.h"
-#include "kit/models/campaigns/sentMessage.h"
-#include "kit/models/campaigns/sequence.h"
-#include "kit/models/campaigns/subsequence.h"
-#include "kit/models/campaigns/testEmail.h"
-#include "kit/models/labels.h"
-#include "kit/models/leads.h"
-#include "kit/models/mailboxes/googleWorkspace.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
-#include "kit/models/mailboxes/mailboxBulk.h"
-#include "kit/models/mailboxes/mailboxHealth.h"
-#include "kit/models/mailboxes/mailboxHistory.h"
-#include "kit/models/mailboxes/mailboxPage.h"
 #include "kit/models/mailboxes/mailboxPatch.h"
 #include "kit/models/mailboxes/newMailbox.h"
-#include "kit/models/mailboxes/trackingDomainCheck.h"
-#include "kit/session/authRequests.h"
+#include "tests/support/answerRecords.h"
 #include "tests/support/fixtures.h"
 
 using namespace orv;
@@ -121,7 +97,7 @@ struct Record {
 };
 
 template <class... R>
-QList<Record> records() {
+QList<Record> records(boost::mp11::mp_list<R...>) {
   const auto record = []<class T>(std::type_identity<T>) {
     QList<Member> members;
     listMembers<T>(members, {});
@@ -132,13 +108,7 @@ QList<Record> records() {
 }
 
 const QList<Record>& allRecords() {
-  static const auto all =
-      records<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail,
-              FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult,
-              AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory,
-              TrackingDomainCheck, MailboxBulkResult, MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory,
-              GoogleConnectOutcome, OAuthProviders, TagList, ReplyLabelList, AuthMethods, EmailCheck, EmailStarted,
-              NativeSession, MeResponse, UnreadCounts, Problem>();
+  static const auto all = records(AnswerRecords());
   return all;
 }
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <boost/mp11/list.hpp>
+
+#include "kit/api/APIError.h"
+#include "kit/models/analytics/analyticsOverview.h"
+#include "kit/models/analytics/analyticsSummary.h"
+#include "kit/models/analytics/dashboard.h"
+#include "kit/models/analytics/warmupHealth.h"
+#include "kit/models/campaigns/addLeads.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignFeed.h"
+#include "kit/models/campaigns/campaignLead.h"
+#include "kit/models/campaigns/campaignSummary.h"
+#include "kit/models/campaigns/emailPreview.h"
+#include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/campaigns/sentMessage.h"
+#include "kit/models/campaigns/sequence.h"
+#include "kit/models/campaigns/subsequence.h"
+#include "kit/models/campaigns/testEmail.h"
+#include "kit/models/labels.h"
+#include "kit/models/leads.h"
+#include "kit/models/mailboxes/googleWorkspace.h"
+#include "kit/models/mailboxes/mailboxBulk.h"
+#include "kit/models/mailboxes/mailboxHealth.h"
+#include "kit/models/mailboxes/mailboxHistory.h"
+#include "kit/models/mailboxes/mailboxPage.h"
+#include "kit/models/mailboxes/trackingDomainCheck.h"
+#include "kit/session/authRequests.h"
+
+namespace orv::test {
+
+/// Every record that an answer of the service may be.
+using AnswerRecords = boost::mp11::mp_list<
+    CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail, FeedPage,
+    MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
+    AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult,
+    MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, TagList,
+    ReplyLabelList, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
+
+}  // namespace orv::test
