@@ -17,6 +17,7 @@ namespace orv {
 template <class Record>
 class RecordModel : public ListModel {
  public:
+  using Row = Record;
   static constexpr int firstRole = Qt::UserRole;
 
   using ListModel::ListModel;
@@ -28,18 +29,14 @@ class RecordModel : public ListModel {
   void replace(std::vector<Record> records) {
     const int before = rowCount(), after = int(records.size());
     const int kept = std::min(before, after);
-    if (after > before) {
-      beginInsertRows({}, before, after - 1);
-      m_records.insert(m_records.end(), std::make_move_iterator(records.begin() + kept),
-                       std::make_move_iterator(records.end()));
-      endInsertRows();
-    }
+    if (after > before) insert(before, records, size_t(kept), size_t(after));
     if (kept > 0) {
       records.resize(size_t(kept));
       reorder(records);
     }
     if (after < before) {
       beginRemoveRows({}, after, before - 1);
+      forgetPlaces();
       m_records.resize(size_t(after));
       endRemoveRows();
     }
@@ -47,36 +44,60 @@ class RecordModel : public ListModel {
 
   void update(std::vector<Record> records) {
     removeGone(records);
+    QSet<QString> known;
+    const auto isKnown = [this, &known](const QString& id) {
+      if (known.isEmpty())
+        for (const Record& record : m_records) known.insert(record.id);
+      return known.contains(id);
+    };
+    std::vector<int> changed;
     int placed = 0;
     for (size_t row = 0; row < records.size(); ++row) {
       if (isAt(row, records[row].id)) {
-        put(row, records[row]);
-      } else if (++placed <= placedAtMost) {
-        place(row, records[row]);
-      } else {
+        if (set(int(row), records[row])) changed.push_back(int(row));
+        continue;
+      }
+      if (++placed > placedAtMost) {
         // Row by row, a whole list in another order costs its length squared.
+        tellChanged(changed);
         return replace(std::move(records));
       }
+      tellChanged(changed);
+      if (isKnown(records[row].id)) {
+        place(row, records[row]);
+        continue;
+      }
+      size_t end = row + 1;
+      while (end < records.size() && !isKnown(records[end].id)) ++end;
+      insert(int(row), records, row, end);
+      row = end - 1;
     }
+    tellChanged(changed);
   }
 
   /// A further page of a list that is read bit by bit; costs its own length only. None of the ids may be there already.
-  void append(std::vector<Record> records) {
-    if (records.empty()) return;
-    beginInsertRows({}, rowCount(), rowCount() + int(records.size()) - 1);
-    m_records.insert(m_records.end(), std::make_move_iterator(records.begin()), std::make_move_iterator(records.end()));
-    endInsertRows();
+  void append(const std::vector<Record>& records) {
+    if (!records.empty()) insert(rowCount(), records, 0, records.size());
+  }
+
+  /// New values of rows that stay where they are; ids without a row are left out.
+  void put(const std::vector<Record>& records) {
+    std::vector<int> changed;
+    for (const Record& record : records)
+      if (const int row = rowOf(record.id); row >= 0 && set(row, record)) changed.push_back(row);
+    tellChanged(changed);
   }
 
   /// Tells views to read the row again: something beside the record changed (a busy mark).
   void touch(const QString& id) {
-    if (const int row = rowOf(id); row >= 0) Q_EMIT dataChanged(index(row), index(row));
+    if (const int row = rowOf(id); row >= 0) tellChanged(row, row);
   }
 
   /// -1 when no row has the id.
   int rowOf(const QString& id) const {
-    const auto found = std::ranges::find(m_records, id, &Record::id);
-    return found == m_records.end() ? -1 : int(found - m_records.begin());
+    if (m_places.isEmpty())
+      for (int row = rowCount() - 1; row >= 0; --row) m_places.insert(m_records[size_t(row)].id, row);
+    return m_places.value(id, -1);
   }
 
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : int(m_records.size()); }
@@ -115,6 +136,7 @@ class RecordModel : public ListModel {
       int first = last;
       while (first > 0 && !kept.contains(m_records[size_t(first - 1)].id)) --first;
       beginRemoveRows({}, first, last);
+      forgetPlaces();
       m_records.erase(m_records.begin() + first, m_records.begin() + last + 1);
       endRemoveRows();
       last = first - 1;
@@ -127,6 +149,7 @@ class RecordModel : public ListModel {
     const QModelIndexList held = persistentIndexList();
     QStringList ids;
     for (const QModelIndex& index : held) ids.append(m_records[size_t(index.row())].id);
+    forgetPlaces();
     std::ranges::move(records, m_records.begin());
     QModelIndexList moved;
     for (const QString& id : ids) moved.append(index(rowOf(id)));
@@ -138,30 +161,64 @@ class RecordModel : public ListModel {
 
   bool isAt(size_t row, const QString& id) const { return row < m_records.size() && m_records[row].id == id; }
 
-  void put(size_t row, const Record& record) {
-    if (m_records[row] == record) return;
-    m_records[row] = record;
-    Q_EMIT dataChanged(index(int(row)), index(int(row)));
+  /// Takes the value without telling; true when it is another one.
+  bool set(int row, const Record& record) {
+    Record& known = m_records[size_t(row)];
+    if (known == record) return false;
+    known = record;
+    return true;
   }
 
-  /// Brings the record, known or new, to the row.
+  void tellChanged(int first, int last) {
+    // A row stands for the same record as before: views that tell rows apart by id need not look again.
+    if (m_valueRoles.isEmpty()) {
+      m_valueRoles = roleNames().keys();
+      m_valueRoles.removeOne(roleNames().key("id", -1));
+    }
+    Q_EMIT dataChanged(index(first), index(last), m_valueRoles);
+  }
+
+  /// At once where most of the rows between them have changed: views look at every telling.
+  void tellChanged(std::vector<int>& rows) {
+    if (rows.empty()) return;
+    std::ranges::sort(rows);
+    if (2 * int(rows.size()) > rows.back() - rows.front()) {
+      tellChanged(rows.front(), rows.back());
+    } else {
+      for (const int row : rows) tellChanged(row, row);
+    }
+    rows.clear();
+  }
+
+  void insert(int row, const std::vector<Record>& from, size_t first, size_t end) {
+    beginInsertRows({}, row, row + int(end - first) - 1);
+    const bool isAtEnd = row == rowCount();
+    if (isAtEnd && !m_places.isEmpty())
+      for (size_t at = first; at < end; ++at) m_places.insert(from[at].id, row + int(at - first));
+    else
+      forgetPlaces();
+    m_records.insert(m_records.begin() + row, from.begin() + qsizetype(first), from.begin() + qsizetype(end));
+    endInsertRows();
+  }
+
+  /// Brings the record to the row from where it stands further down.
   void place(size_t row, const Record& record) {
     const auto at = m_records.begin() + qsizetype(row);
     const auto found = std::ranges::find(at, m_records.end(), record.id, &Record::id);
-    const int target = int(row);
-    if (found == m_records.end()) {
-      beginInsertRows({}, target, target);
-      m_records.insert(at, record);
-      return endInsertRows();
-    }
-    const int current = int(found - m_records.begin());
+    const int target = int(row), current = int(found - m_records.begin());
     beginMoveRows({}, current, current, {}, target);
+    forgetPlaces();
     std::rotate(at, found, found + 1);
     endMoveRows();
-    put(row, record);
+    if (set(target, record)) tellChanged(target, target);
   }
 
+  void forgetPlaces() { m_places.clear(); }
+
   std::vector<Record> m_records;
+  /// The row of every id, from when it is first asked for until rows move.
+  mutable QHash<QString, int> m_places;
+  QList<int> m_valueRoles;
 };
 
 }  // namespace orv

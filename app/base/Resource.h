@@ -53,7 +53,7 @@ class ResourceBase : public QObject {
   Q_INVOKABLE void disappear();
 
   /// Lets go of the load under way, leaving the state as it is.
-  void cancel();
+  virtual void cancel();
 
  Q_SIGNALS:
   void changed();
@@ -64,6 +64,7 @@ class ResourceBase : public QObject {
   void refreshFailed(const orv::APIError& error);
 
  protected:
+  bool isOnScreen() const { return m_views > 0; }
   void tellRefreshFailed(const APIError& error);
   void tryAgain();
 

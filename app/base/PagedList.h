@@ -1,0 +1,390 @@
+#pragma once
+
+#include "app/base/ListModel.h"
+#include "app/base/PagedRows.h"
+#include "app/base/Resource.h"
+
+namespace orv {
+
+/// What QML reads of a PagedList, whatever it holds; also when which page is read.
+///
+/// One page is read at a time: first those that somebody sees and that are no longer what the service has, then the
+/// next one. A page that nobody sees is read again when it is scrolled to, so that reading again after an action costs
+/// what the screen needs, however far somebody has scrolled. A list that is read whole goes on by itself.
+class PagedListBase : public ResourceBase {
+  Q_OBJECT
+  Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
+  Q_PROPERTY(QString question READ question NOTIFY changed)
+  Q_PROPERTY(int readCount READ readCount NOTIFY changed)
+  Q_PROPERTY(bool canLoadMore READ canLoadMore NOTIFY changed)
+  Q_PROPERTY(bool loadingMore READ loadingMore NOTIFY changed)
+  Q_PROPERTY(bool moreFailed READ moreFailed NOTIFY changed)
+
+ public:
+  PagedListBase(Store& owner, QString failed, bool loadsByItself, bool isWhole);
+
+  /// What is shown: the rows read so far that match, in their order.
+  virtual ListModel* rows() = 0;
+  virtual QStringList shownIds() const = 0;
+  /// Among the rows read so far, shown or not.
+  virtual bool contains(const QString& id) const = 0;
+  virtual int readCount() const = 0;
+
+  /// Changes with whatever makes the rows the answer to another question.
+  QString question() const { return QString::number(m_question); }
+  bool canLoadMore() const { return hasMore() && !m_asksAnew; }
+  bool loadingMore() const { return m_wantsMore || (m_readsFurther && !m_asksAnew); }
+  /// The next page could not be read; loadMore() tries again.
+  bool moreFailed() const { return m_moreFailed; }
+
+  /// Reads again what is shown, leaving it there meanwhile.
+  void load() override;
+  /// The question is another one. What is shown stays until the answer comes, but not beyond a failure.
+  void ask();
+  /// The next page, or what could not be read.
+  Q_INVOKABLE void loadMore();
+  /// A view shows these of the rows.
+  Q_INVOKABLE void see(int first, int last);
+
+  State stateName() const override { return m_state; }
+  bool hasContent() const override;
+  QString message() const override;
+  void cancel() override;
+
+ Q_SIGNALS:
+  /// A reading has ended, and nothing is known to be left to read.
+  void rested();
+
+ protected:
+  virtual size_t pageCount() const = 0;
+  virtual bool hasMore() const = 0;
+  /// Of those that are seen or, in a list that is read whole, of all.
+  virtual std::optional<size_t> stalePage() const = 0;
+  virtual void markAllStale() = 0;
+  virtual void dropRows() = 0;
+  virtual Task<void> readPage(size_t page) = 0;
+
+  void pageTaken();
+  /// Rows have changed, by a page that was taken or otherwise.
+  void rowsChanged();
+  /// Reads what is stale among what is seen, unless that has just failed.
+  void readOn();
+  void nextQuestion() { ++m_question; }
+
+  const bool m_isWhole;
+  bool m_asksAnew = true;
+  int m_firstSeen = 0;
+  int m_lastSeen = 0;
+
+ private:
+  void start();
+  Task<void> read(qint64 generation);
+  std::optional<size_t> nextPage() const;
+  void begin(size_t page);
+  void rest();
+  void fail(size_t page, const APIError& error);
+
+  State m_state = State::Loading;
+  std::optional<APIError> m_error;
+  bool m_isReading = false;
+  /// What is read comes behind all that has been read.
+  bool m_readsFurther = false;
+  bool m_wantsMore = false;
+  bool m_moreFailed = false;
+  /// Reading again failed: it waits until somebody wants it.
+  bool m_isHalted = false;
+  int m_question = 0;
+};
+
+/// Which part of a list a page is.
+struct PageRequest {
+  qint64 limit;
+  std::optional<QString> cursor;
+};
+
+/// How a list is read and shown.
+template <class Row, class Item>
+struct PagedListOptions {
+  /// Title of the message when reading again fails.
+  QString failed = {};
+  qint64 first = 200;
+  qint64 further = 200;
+  /// Every page is read, one after another, and shown as it comes.
+  bool whole = false;
+  bool loadsByItself = true;
+  /// The list is that of the archive.
+  bool isArchive = false;
+  /// How a row looks; without it, it is made of the item.
+  std::function<Row(const Item&)> row = {};
+  /// Which of the rows are shown; without it, all of them. See arrange().
+  std::function<bool(const Row&)> matches = {};
+};
+
+/// A list that is read page by page: the pages and where each begins, an index by id, the rows for the table. A page
+/// has `items` and, unless it is the last, `nextCursor`; whatever else it says stands in head().
+///
+/// Reading, changing and taking out may cross each other: of each row, what was asked for last counts.
+template <class Page, class Model>
+class PagedList final : public PagedListBase {
+ public:
+  using Row = typename Model::Row;
+  using Item = std::decay_t<decltype(std::declval<const Page&>().items.first())>;
+  using Loader = std::function<Task<Page>(PageRequest)>;
+  using Options = PagedListOptions<Row, Item>;
+  using Less = std::function<bool(const Row&, const Row&)>;
+
+  PagedList(Store& owner, Loader loader, Options options = {})
+      : PagedListBase(owner, options.failed, options.loadsByItself, options.whole),
+        m_loader(std::move(loader)),
+        m_options(std::move(options)) {
+    if constexpr (WholeRecord<Item>) {
+      Changes& changes = owner.context().changes();
+      if (m_options.isArchive)
+        changes.watch<Archived<Item>>(this, [this](const Change<Archived<Item>>& change) { follow(change); });
+      else
+        changes.watch<Item>(this, [this](const Change<Item>& change) { follow(change); });
+    }
+  }
+
+  Model* rows() override { return &m_model; }
+  const Model& rows() const { return m_model; }
+  int readCount() const override { return int(m_rows.size()); }
+  bool contains(const QString& id) const override { return m_rows.pageOf(id).has_value(); }
+  const Row* find(const QString& id) const { return m_rows.find(id); }
+  /// Calls `take` for every row read so far, in the service's order.
+  template <class Take>
+  void each(Take take) const {
+    m_rows.each(std::move(take));
+  }
+  QStringList shownIds() const override {
+    QStringList ids;
+    ids.reserve(m_model.rowCount());
+    for (const Row& row : m_model.records()) ids.append(row.id);
+    return ids;
+  }
+
+  /// What the newest answer says beside its items; null before the first.
+  const Page* head() const { return m_head ? &*m_head : nullptr; }
+  /// What is shown is the answer to the question before.
+  bool asksAnew() const { return m_asksAnew; }
+
+  /// What matches is another matter than before.
+  void arrange() {
+    nextQuestion();
+    m_model.replace(arranged());
+    Q_EMIT changed();
+  }
+  /// None is the service's own order.
+  void setOrder(Less less) {
+    m_less = std::move(less);
+    arrange();
+  }
+
+  /// The record is this by now, wherever it stands; false when it has not been read.
+  bool put(const Item& item) {
+    Row row = made(item);
+    if (!contains(row.id)) return false;
+    noteChange(row.id);
+    m_rows.put(row);
+    if (!show({row})) arrangeSoon();
+    rowsChanged();
+    return true;
+  }
+
+  /// The records are no longer in the list.
+  void takeOut(const QStringList& ids) {
+    for (const QString& id : ids) noteChange(id);
+    m_rows.remove(QSet<QString>(ids.begin(), ids.end()));
+    m_model.update(arranged());
+    rowsChanged();
+  }
+
+  /// The service has something else for this record by now, nobody knows what.
+  void recordStale(const QString& id) {
+    const auto page = m_rows.pageOf(id);
+    if (!page) return;
+    m_rows.markStale(*page);
+    readOn();
+  }
+
+ private:
+  size_t pageCount() const override { return m_rows.pages(); }
+  bool hasMore() const override { return m_rows.hasMore(); }
+  void markAllStale() override { m_rows.markStale(); }
+
+  std::optional<size_t> stalePage() const override {
+    std::optional<size_t> first = m_rows.firstStale();
+    if (m_isWhole || !first) return first;
+    first.reset();
+    const int last = std::min(m_lastSeen, m_model.rowCount() - 1);
+    for (int row = m_firstSeen; row <= last; ++row) {
+      const auto page = m_rows.pageOf(m_model.records()[size_t(row)].id);
+      if (page && m_rows.isStale(*page)) first = std::min(first.value_or(*page), *page);
+    }
+    // While nothing is seen, the beginning is what somebody would see.
+    if (m_model.rowCount() == 0 && m_rows.isStale(0)) first = 0;
+    return first;
+  }
+
+  void dropRows() override {
+    m_rows.clear();
+    m_head.reset();
+    m_changed.clear();
+    m_model.replace({});
+  }
+
+  Task<void> readPage(size_t page) override {
+    const qint64 generation = m_generation;
+    const Stamp asked = m_owner.context().changes().stamp();
+    const auto cursor = m_asksAnew ? std::nullopt : m_rows.cursor(page);
+    Page answer = co_await m_loader({page == 0 ? m_options.first : m_options.further, cursor});
+    if (generation == m_generation) take(page, std::move(answer), asked);
+  }
+
+  void take(size_t page, Page answer, Stamp asked) {
+    reconcile(answer, asked);
+    if (m_asksAnew) {
+      m_rows.clear();
+      m_changed.clear();
+      m_head.reset();
+    }
+    auto news = m_rows.take(page, rowsOf(answer, asked), answer.nextCursor, m_isWhole);
+    using Kind = typename PagedRows<Row>::News::Kind;
+    if (std::exchange(m_asksAnew, false))
+      m_model.replace(arranged());
+    else if (news.kind == Kind::appended && !m_less)
+      m_model.append(matching(std::move(news.rows)));
+    else if (news.kind != Kind::values || !show(news.rows))
+      m_model.update(arranged());
+    takeHead(page, std::move(answer));
+    pageTaken();
+  }
+
+  void reconcile(Page& answer, Stamp asked) {
+    if constexpr (SharedRecord<Item>) {
+      QList<Item> standing;
+      if constexpr (requires(const Row& row) { row.record(); })
+        for (const Item& item : answer.items)
+          if (const Row* row = m_rows.find(item.id)) standing.append(row->record());
+      using Record = typename Item::Record;
+      m_isTelling = true;
+      if (m_options.isArchive)
+        m_owner.context().changes().template reconcile<Archived<Record>>(answer.items, &standing, asked);
+      else
+        m_owner.context().changes().template reconcile<Record>(answer.items, &standing, asked);
+      m_isTelling = false;
+    }
+  }
+
+  /// Rows that stand already are kept, with what was prepared of them.
+  std::vector<Row> rowsOf(const Page& answer, Stamp asked) {
+    std::vector<Row> rows;
+    rows.reserve(size_t(answer.items.size()));
+    for (const Item& item : answer.items) {
+      if constexpr (requires(const Row& row) { row.record() == item; }) {
+        const Row* known = m_rows.find(item.id);
+        if (known && known->record() == item) {
+          rows.push_back(*known);
+          continue;
+        }
+      }
+      rows.push_back(made(item));
+    }
+    if (m_changed.isEmpty()) return rows;
+    std::erase_if(rows, [&](Row& row) {
+      const auto changed = m_changed.constFind(row.id);
+      if (changed == m_changed.cend()) return false;
+      if (*changed < asked) {
+        m_changed.erase(changed);
+        return false;
+      }
+      const Row* known = m_rows.find(row.id);
+      if (known) row = *known;
+      return !known;
+    });
+    return rows;
+  }
+
+  Row made(const Item& item) const {
+    if constexpr (std::is_constructible_v<Row, const Item&>)
+      return m_options.row ? m_options.row(item) : Row(item);
+    else
+      return m_options.row(item);
+  }
+
+  /// Not every page has to say how many there are: what one says stands until another says it.
+  void takeHead(size_t page, Page answer) {
+    if constexpr (requires { answer.counts.has_value(); })
+      if (page > 0 && m_head && !answer.counts) return;
+    answer.items.clear();
+    m_head = std::move(answer);
+  }
+
+  std::vector<Row> matching(std::vector<Row> rows) const {
+    if (m_options.matches) std::erase_if(rows, [this](const Row& row) { return !m_options.matches(row); });
+    return rows;
+  }
+
+  std::vector<Row> arranged() const {
+    std::vector<Row> rows;
+    rows.reserve(size_t(m_rows.size()));
+    m_rows.each([&](const Row& row) {
+      if (!m_options.matches || m_options.matches(row)) rows.push_back(row);
+    });
+    if (m_less) std::ranges::stable_sort(rows, m_less);
+    return rows;
+  }
+
+  /// Shows new values of rows; false when one of them now belongs elsewhere.
+  bool show(const std::vector<Row>& rows) {
+    for (const Row& row : rows)
+      if ((m_model.rowOf(row.id) >= 0) != (!m_options.matches || m_options.matches(row))) return false;
+    m_model.put(rows);
+    return !m_less || std::ranges::all_of(rows, [this](const Row& row) { return isInOrder(m_model.rowOf(row.id)); });
+  }
+
+  bool isInOrder(int row) const {
+    const auto& shown = m_model.records();
+    const auto at = size_t(row);
+    return row < 0 || ((at == 0 || !m_less(shown[at], shown[at - 1])) &&
+                       (at + 1 == shown.size() || !m_less(shown[at + 1], shown[at])));
+  }
+
+  /// Many changes may come in one turn of the event loop.
+  void arrangeSoon() {
+    if (std::exchange(m_isArranging, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          m_isArranging = false;
+          m_model.update(arranged());
+          Q_EMIT changed();
+        },
+        Qt::QueuedConnection);
+  }
+
+  /// A reading that was asked for before knows nothing of it.
+  void noteChange(const QString& id) { m_changed.insert(id, m_owner.context().changes().stamp()); }
+
+  template <class Record>
+  void follow(const Change<Record>& change) {
+    using Kind = typename Change<Record>::Kind;
+    if (!isAsked() || m_isTelling) return;
+    if (change.kind == Kind::gone) return takeOut({change.id});
+    if (change.kind == Kind::stale) return change.id.isEmpty() ? markStale() : recordStale(change.id);
+    if constexpr (std::is_same_v<Record, Item>)
+      // Somebody here made or restored it; where it stands only the service knows.
+      if (!put(*change.record) && change.acted && m_isWhole) markStale();
+  }
+
+  Loader m_loader;
+  Options m_options;
+  Less m_less;
+  PagedRows<Row> m_rows;
+  Model m_model;
+  std::optional<Page> m_head;
+  QHash<QString, Stamp> m_changed;
+  bool m_isArranging = false;
+};
+
+}  // namespace orv
