@@ -2,26 +2,50 @@
 
 #include "app/base/EmailAddress.h"
 #include "kit/models/campaigns/campaign.h"
-#include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+const auto toField = u"to"_s;
+
+}  // namespace
+
+/// Hands the email on to its job: when the sequence is saved or, where its store goes before that, as it is by then.
+class TestEmailForm::Writing {
+ public:
+  Writing(OneShot<TestEmailBody> body, TestEmailBody now) : m_body(std::move(body)), now(std::move(now)) {}
+  Writing(const Writing&) = delete;
+  Writing& operator=(const Writing&) = delete;
+  ~Writing() { m_body.give(now); }
+
+ private:
+  OneShot<TestEmailBody> m_body;
+
+ public:
+  TestEmailBody now;
+};
 
 TestEmailForm::TestEmailForm(CampaignContext& context, SequenceAutosave& autosave,
                              std::function<std::optional<Email>()> email)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_autosave(autosave),
-      m_emailShown(std::move(email)) {
+      m_emailShown(std::move(email)),
+      m_recovery(context.workspace, Recovery::of(m_draft)) {
+  m_draft.fill({{toField, QString()}}, {});
+  m_draft.setKey(u"campaigns/"_s + context.id + u"/test-email"_s);
+  m_recovery.keep(m_form, m_draft);
+  connect(&m_form, &Form::changed, this, &TestEmailForm::changed);
+  connect(&m_draft, &FieldDraft::changed, this, &TestEmailForm::changed);
   connect(&context.campaign, &ResourceBase::changed, this, &TestEmailForm::changed);
 }
 
+QString TestEmailForm::to() const { return m_draft.values().value(toField).toString(); }
+
 void TestEmailForm::setTo(const QString& to) {
-  if (m_to == to) return;
-  m_to = to;
-  m_error.clear();
-  Q_EMIT changed();
+  if (m_draft.set(toField, to)) m_form.clearError();
 }
 
 QString TestEmailForm::note() const {
@@ -38,123 +62,112 @@ bool TestEmailForm::hasSender() const {
 void TestEmailForm::show() {
   const auto email = m_emailShown();
   if (!email) return;
-  m_shown = true;
   // Closed while it waited: this is how far it has come.
-  if (waiting()) return Q_EMIT changed();
+  if (waiting()) {
+    m_job->attend(this);
+    return m_form.reopen();
+  }
   m_email = *email;
-  m_error.clear();
-  m_warnings.clear();
+  m_draft.fill({{toField, m_lastTo}}, {});
   set(Stage::form);
+  m_form.show();
 }
 
 void TestEmailForm::cancel() {
-  m_shown = false;
-  waiting() ? Q_EMIT changed() : set(Stage::form);
+  if (m_job) m_job->attend(nullptr);
+  if (!waiting()) set(Stage::form);
+  m_form.cancel();
 }
 
 void TestEmailForm::submit() {
-  if (!m_shown || waiting() || !hasSender()) return;
-  const QString to = m_to.trimmed();
-  if (!isEmailAddress(to)) return fail(u"Enter an email address."_s);
+  if (!shown() || waiting() || !hasSender()) return;
+  TestEmailBody body;
+  body.to = to().trimmed();
+  if (!isEmailAddress(body.to)) {
+    m_form.begin().fail(u"Enter an email address."_s);
+    return;
+  }
+  m_lastTo = body.to;
   // Written on since the form was opened? What is sent is what stands there now.
   if (const auto email = m_emailShown()) m_email = *email;
-  m_error.clear();
-  m_task.start(sendTask(to, m_email));
+  take(body, m_email);
+  m_submission.emplace(&m_form);
+  m_course = std::make_shared<TestEmailCourse>();
+  const OneShot<TestEmailBody> written;
+  m_job = m_context.services.jobs.start({.name = u"Sending a test to "_s + body.to,
+                                         .stopped = u"The test may be on its way all the same."_s,
+                                         .attendant = this},
+                                        m_context.workspace.shared_from_this(),
+                                        [&](Job& job) { return sendTestEmail(&job, m_context.id, written, m_course); });
+  connect(m_job, &Job::changed, this, &TestEmailForm::follow);
+  connect(m_job, &Job::ended, this, &TestEmailForm::ended);
+  set(Stage::sending);
+  m_tasks.start(writeTask(std::make_shared<Writing>(written, body)));
 }
 
-Task<void> TestEmailForm::sendTask(QString to, Email email) {
-  set(Stage::sending);
-  // A new email has its id only once it is saved. Where it cannot be, its text goes out all the same.
+/// A new email has its id only once it is saved. Where it cannot be, its text goes out all the same.
+Task<void> TestEmailForm::writeTask(std::shared_ptr<Writing> writing) {
+  // A frame may be kept beyond its end, and with it what it was given.
+  const auto handing = std::move(writing);
+  const Email email = m_email;
   co_await m_autosave.flush();
-  TestEmailBody body;
-  if (const DraftVariant* saved = m_autosave.draft().variant(email.variant)) {
-    email.position = m_autosave.draft().placeOfVariant(email.variant) + 1;
-    body.variantId = saved->id;
-  }
-  body.to = to;
-  body.leadId = email.leadId;
+  take(handing->now, email);
+}
+
+void TestEmailForm::take(TestEmailBody& body, const Email& email) const {
   body.stepPosition = email.position;
+  body.leadId = email.leadId;
   body.subject = email.subject;
   body.body = email.body;
-  TestEmail test;
-  try {
-    test = co_await m_context.api.send(Requests::sendTestEmail(m_context.id, body));
-  } catch (const APIError& error) {
-    co_return fail(error);
-  }
-  if (test.to.value_or(QString()).isEmpty()) test.to = to;
-  co_await followTask(test);
+  const DraftVariant* saved = m_autosave.draft().variant(email.variant);
+  if (!saved) return;
+  body.stepPosition = m_autosave.draft().placeOfVariant(email.variant) + 1;
+  body.variantId = saved->id;
 }
 
-Task<void> TestEmailForm::followTask(TestEmail test) {
-  const QDateTime start = m_context.services.clock.now();
-  const QString to = *test.to;
-  m_warnings = test.warnings.value_or(QList<QString>());
-  set(Stage::following, u"Sending a test to "_s + to, u"Waiting for the inbox to take it."_s);
-  while (!tell(test)) {
-    if (start.secsTo(m_context.services.clock.now()) >= limit.count()) {
-      end(Stage::overdue, u"Not sent yet"_s,
-          u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(to));
-      co_return;
-    }
-    co_await m_context.services.clock.sleep(interval);
-    try {
-      TestEmail now = co_await m_context.api.send(Requests::testEmailState(test.id));
-      if (now.to.value_or(QString()).isEmpty()) now.to = to;
-      if (!now.from) now.from = test.from;
-      test = now;
-    } catch (const APIError& error) {
-      // One lost reading is no reason to stop; the next one comes.
-      if (error.context().httpStatus >= 400 && error.context().httpStatus < 500) {
-        end(Stage::overdue, u"Couldn’t follow the test"_s, error.message());
-        co_return;
-      }
-    }
-  }
+void TestEmailForm::follow() {
+  if (!m_job->running()) return;
+  m_warnings = m_course->warnings;
+  set(m_course->isFollowed ? Stage::following : Stage::sending, m_job->name(), m_job->stage());
 }
 
-/// True when this is how it ended.
-bool TestEmailForm::tell(const TestEmail& test) {
-  if (test.state == "sent"_L1) {
-    end(Stage::sent, u"Sent from %1 to %2"_s.arg(test.from.value_or(u"an inbox"_s), *test.to),
-        u"Handed to the inbox; it should arrive in a moment."_s);
-    return true;
+void TestEmailForm::ended() {
+  using Kind = JobOutcome::Kind;
+  const JobOutcome outcome = m_job->outcome();
+  if (outcome.kind == Kind::stopped)
+    set(Stage::form);
+  else if (m_course->isFollowed)
+    set(outcome.kind == Kind::done   ? Stage::sent
+        : outcome.kind == Kind::open ? Stage::overdue
+                                     : Stage::failed,
+        outcome.title, outcome.text);
+  else {
+    set(Stage::form);
+    m_submission->fail(outcome.text);
   }
-  if (test.state != "failed"_L1) return false;
-  QString reason = test.error.value_or(QString()).trimmed();
-  if (reason.endsWith(u'.')) reason.chop(1);
-  end(Stage::failed, u"Not sent"_s,
-      reason.isEmpty() ? u"The inbox refused it. Check that inbox."_s
-                       : u"The inbox refused it. "_s + reason + u". Check that inbox."_s);
-  return true;
+  letGo();
+}
+
+void TestEmailForm::letGo() {
+  if (m_job) {
+    m_job->disconnect(this);
+    m_job->attend(nullptr);
+  }
+  m_job.clear();
+  m_submission.reset();
+  Q_EMIT changed();
 }
 
 void TestEmailForm::set(Stage stage, const QString& headline, const QString& detail) {
   m_stage = stage;
   m_headline = headline;
   m_detail = detail;
+  if (stage == Stage::form) m_warnings.clear();
   Q_EMIT changed();
 }
 
-void TestEmailForm::end(Stage stage, const QString& headline, const QString& detail) {
-  set(stage, headline, detail);
-  if (m_shown) return;
-  const auto tone = stage == Stage::failed ? Toasts::Tone::error : Toasts::Tone::standard;
-  m_context.services.toasts.show({.message = headline, .tone = tone, .detail = detail});
-}
-
-void TestEmailForm::fail(const QString& error) {
-  m_error = error;
-  set(Stage::form);
-}
-
-void TestEmailForm::fail(const APIError& error) {
-  if (!m_shown) m_context.services.toasts.failure(u"Couldn’t send the test."_s, error);
-  fail(mayHaveActed(error) ? error.message() + u" The test may be on its way all the same."_s : error.message());
-}
-
 void TestEmailForm::close() {
-  m_task.cancel();
+  letGo();
   set(Stage::form);
   Store::close();
 }

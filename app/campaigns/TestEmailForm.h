@@ -2,16 +2,19 @@
 
 #include <QStringList>
 
+#include "app/base/Draft.h"
 #include "app/base/EnumName.h"
+#include "app/base/Form.h"
+#include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceAutosave.h"
-#include "kit/models/campaigns/testEmail.h"
+#include "app/campaigns/TestEmailJob.h"
 
 namespace orv {
 
-/// Sends one email of the sequence to somebody who wants to see it, and follows it until it has gone out: in its
-/// dialog, and with a message at the end once that is closed.
+/// Asks where a test email of the sequence goes, and shows how it fares. The job that sends it tells its end where the
+/// dialog does not.
 class TestEmailForm final : public Store {
   Q_OBJECT
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
@@ -24,6 +27,7 @@ class TestEmailForm final : public Store {
   Q_PROPERTY(QString headline READ headline NOTIFY changed)
   Q_PROPERTY(QString detail READ detail NOTIFY changed)
   Q_PROPERTY(QStringList warnings READ warnings NOTIFY changed)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
 
  public:
   /// `overdue`: nothing was heard of it for so long that nobody asks any more.
@@ -42,27 +46,26 @@ class TestEmailForm final : public Store {
     /// Empty for the sample lead.
     QString leadName;
   };
-  static constexpr std::chrono::seconds interval{2};
-  static constexpr std::chrono::seconds limit{60};
 
   /// `email` tells what is shown now; nothing when there is nothing to send.
   TestEmailForm(CampaignContext& context, SequenceAutosave& autosave, std::function<std::optional<Email>()> email);
 
-  bool shown() const { return m_shown; }
+  bool shown() const { return m_form.shown(); }
   Stage stage() const { return m_stage; }
   QString stageName() const { return enumName(m_stage); }
-  QString to() const { return m_to; }
+  QString to() const;
   void setTo(const QString& to);
-  QString error() const { return m_error; }
+  QString error() const { return m_form.error(); }
   QString note() const;
   /// A test is on its way, shown or not.
-  bool waiting() const { return m_stage == Stage::sending || m_stage == Stage::following; }
+  bool waiting() const { return m_submission.has_value(); }
   /// Somebody sends for the campaign.
   bool hasSender() const;
   /// Once it is no longer a form.
   QString headline() const { return m_headline; }
   QString detail() const { return m_detail; }
   QStringList warnings() const { return m_warnings; }
+  Recovery* recovery() { return &m_recovery; }
 
   Q_INVOKABLE void show();
   Q_INVOKABLE void submit();
@@ -75,27 +78,32 @@ class TestEmailForm final : public Store {
   void changed();
 
  private:
-  Task<void> sendTask(QString to, Email email);
-  Task<void> followTask(TestEmail test);
-  bool tell(const TestEmail& test);
+  class Writing;
+
+  Task<void> writeTask(std::shared_ptr<Writing> writing);
+  void take(TestEmailBody& body, const Email& email) const;
+  void follow();
+  void ended();
+  void letGo();
   void set(Stage stage, const QString& headline = {}, const QString& detail = {});
-  void end(Stage stage, const QString& headline, const QString& detail);
-  void fail(const QString& error);
-  void fail(const APIError& error);
 
   CampaignContext& m_context;
   SequenceAutosave& m_autosave;
   std::function<std::optional<Email>()> m_emailShown;
   /// As it was when the form was opened, or sent.
   Email m_email;
-  bool m_shown = false;
+  Form m_form;
+  FieldDraft m_draft;
+  Recovery m_recovery;
+  /// Where the last one went; the next is offered to go there as well.
+  QString m_lastTo;
   Stage m_stage = Stage::form;
-  QString m_to;
-  QString m_error;
   QString m_headline;
   QString m_detail;
   QStringList m_warnings;
-  TaskSlot m_task;
+  QPointer<Job> m_job;
+  std::shared_ptr<TestEmailCourse> m_course;
+  std::optional<Form::Submission> m_submission;
 };
 
 }  // namespace orv

@@ -22,6 +22,11 @@ OnDemand {
         onCancelled: root.form.cancel()
         onAboutToShow: field.selectAll()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.form.recovery
+        }
+
         OrvField {
             id: field
             width: parent.width

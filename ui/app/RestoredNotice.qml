@@ -6,15 +6,17 @@ import Orvella.App
 Item {
     id: root
 
+    /// None where nothing is kept.
     required property Recovery recovery
+    readonly property string said: recovery !== null ? recovery.notice : ""
 
-    visible: recovery.notice !== ""
+    visible: said !== ""
     implicitHeight: notice.height
 
     OrvNotice {
         id: notice
         width: root.width - discard.width - 8
-        text: root.recovery.notice
+        text: root.said
     }
 
     OrvButton {

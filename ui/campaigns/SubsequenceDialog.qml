@@ -22,6 +22,11 @@ OnDemand {
         onConfirmed: root.page.create()
         onCancelled: root.page.form.cancel()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.page.recovery
+        }
+
         OrvField {
             id: field
             width: parent.width
@@ -50,16 +55,14 @@ OnDemand {
                 Accessible.name: "Starts when a reply is labelled"
 
                 Repeater {
-                    // By number, so that a box which was just ticked keeps the focus.
-                    model: root.page.labels.length
+                    model: ChoiceList { options: root.page.labels }
 
                     OrvCheckbox {
-                        required property int index
-                        readonly property var choice: root.page.labels[index] ?? ({key: "", label: "", ticked: false})
+                        required property choice modelData
 
-                        text: choice.label
-                        checked: choice.ticked
-                        onToggled: root.page.toggleLabel(choice.key)
+                        text: modelData.label
+                        checked: modelData.ticked
+                        onToggled: root.page.toggleLabel(modelData.key)
                         // In a dialog Enter says the verb.
                         Keys.onReturnPressed: dialog.confirm()
                     }

@@ -26,6 +26,11 @@ OnDemand {
         onConfirmed: root.asks ? root.form.submit() : root.form.show()
         onCancelled: root.form.cancel()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.form.recovery
+        }
+
         OrvField {
             id: field
             visible: root.asks
