@@ -60,16 +60,16 @@ QList<AnalyticsSummary::CampaignRow> campaignRows(const RangeFigures& figures) {
 }
 
 QList<AnalyticsSummary::AccountRow> accountRows(const Call& call, const RangeFigures& figures) {
-  const QTime time = localTimeIn(*call.workspace, call.now).time();
+  const QDateTime now = localTimeIn(*call.workspace, call.now);
   QList<AnalyticsSummary::AccountRow> rows;
   for (const DemoMailbox& mailbox : call.workspace->mailboxes) {
-    const auto all = figures.accounts.constFind(mailbox.id);
+    const auto all = figures.accounts.constFind(mailbox.id());
     if (all == figures.accounts.cend()) continue;
-    const auto warmup = warmupOf(mailbox, time);
+    const auto warmup = warmupOf(mailbox, now);
     AnalyticsSummary::AccountRow row;
-    row.id = mailbox.id;
-    row.address = mailbox.address;
-    row.status = mailbox.status;
+    row.id = mailbox.id();
+    row.address = mailbox.record.address;
+    row.status = mailbox.record.status.rawValue;
     row.health = healthWord(warmup);
     row.inboxPct7d = warmup.inboxPct7d;
     row.sent = all->sent;
@@ -90,8 +90,8 @@ AnalyticsSummary::Options optionsOf(const DemoWorkspace& workspace) {
     if (campaign.record.launchedAt && !campaign.archivedAt)
       campaigns.append({campaign.record.id, campaign.record.name});
   for (const DemoMailbox& mailbox : workspace.mailboxes) {
-    mailboxes.append({mailbox.id, mailbox.address});
-    for (const QString& tag : mailbox.tags) tags.insert(tag);
+    mailboxes.append({mailbox.id(), mailbox.record.address});
+    for (const QString& tag : mailbox.tags()) tags.insert(tag);
   }
   QList<QString> sorted(tags.begin(), tags.end());
   std::ranges::sort(sorted);
@@ -181,9 +181,9 @@ HTTPAnswer dashboard(Call& call) {
   inbox.active = now.active;
   inbox.ready = now.ready;
   for (const DemoMailbox& mailbox : call.workspace->mailboxes) {
-    inbox.paused += mailbox.status == "paused"_L1;
-    inbox.failed += mailbox.status == "failed"_L1;
-    inbox.verifying += mailbox.status == "verifying"_L1;
+    inbox.paused += mailbox.record.status.isPaused();
+    inbox.failed += mailbox.record.status.isFailed();
+    inbox.verifying += mailbox.record.status.isVerifying();
   }
   return jsonAnswer(toJSON(Dashboard{dayIn(*call.workspace, call.now).toString(Qt::ISODate), call.workspace->timeZone,
                                      Dashboard::Sends{now.sendsWarmup, now.sendsCampaigns}, now.replies, inbox,

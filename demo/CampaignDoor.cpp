@@ -1,7 +1,7 @@
 #include "demo/CampaignDoor.h"
 
 #include "demo/Enrolment.h"
-#include "demo/MailboxDoor.h"
+#include "demo/Mailboxes.h"
 #include "demo/SequenceDoor.h"
 #include "demo/Timeline.h"
 #include "kit/api/PlatformDate.h"
@@ -123,7 +123,7 @@ HTTPAnswer patch(Call& call, DemoCampaign& campaign) {
   if (patch->senderMailboxIds || (patch->settings && patch->settings->senderTags)) {
     const auto& options = patch->settings && patch->settings->senderTags ? patch->settings : record.settings;
     const auto senders = sendersOf(*call.workspace, patch->senderMailboxIds.value_or(pickedIdsOf(campaign)),
-                                   senderTagsOf(options.value_or(CampaignOptions())));
+                                   senderTagsOf(options.value_or(CampaignOptions())), call.now);
     if (!senders) return invalid(u"One of these inboxes is no longer there."_s, u"senderMailboxIds"_s);
     record.senders = senders;
   }

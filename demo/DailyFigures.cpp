@@ -86,7 +86,7 @@ class SendingDays {
 QStringList mailboxesOf(const DemoWorkspace& workspace, const DemoCampaign& campaign) {
   QStringList ids;
   for (const CampaignSender& sender : campaign.senders()) ids.append(sender.mailboxId);
-  if (ids.isEmpty()) ids.append(workspace.mailboxes.isEmpty() ? QString() : workspace.mailboxes.first().id);
+  if (ids.isEmpty()) ids.append(workspace.mailboxes.isEmpty() ? QString() : workspace.mailboxes.first().id());
   return ids;
 }
 
@@ -94,8 +94,8 @@ QStringList mailboxesOf(const DemoWorkspace& workspace, const DemoCampaign& camp
 QSet<QString> countedMailboxes(const DemoWorkspace& workspace, const FigureFilter& filter) {
   QSet<QString> ids;
   for (const DemoMailbox& mailbox : workspace.mailboxes) {
-    if (!filter.mailbox.isEmpty() && mailbox.id != filter.mailbox) continue;
-    if (filter.tag.isEmpty() || mailbox.tags.contains(filter.tag)) ids.insert(mailbox.id);
+    if (!filter.mailbox.isEmpty() && mailbox.id() != filter.mailbox) continue;
+    if (filter.tag.isEmpty() || mailbox.tags().contains(filter.tag)) ids.insert(mailbox.id());
   }
   return ids;
 }
@@ -158,9 +158,8 @@ QHash<QString, qint64> sentTodayBy(const DemoWorkspace& workspace, const QDateTi
   const QDate day = dayIn(workspace, now);
   const auto accounts = figuresOf(workspace, day, day, {}, now).accounts;
   QHash<QString, qint64> sent;
-  // Campaigns made up by the hundred may want more of a mailbox than it gives.
   for (const DemoMailbox& mailbox : workspace.mailboxes)
-    sent.insert(mailbox.id, std::min(mailbox.dailyCap, accounts.value(mailbox.id).sent));
+    sent.insert(mailbox.id(), std::min(mostSentADay, accounts.value(mailbox.id()).sent));
   return sent;
 }
 

@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-/// Archived campaigns and removed leads wait this long, then go for good.
+/// Archived campaigns and mailboxes and removed leads wait this long, then go for good.
 constexpr int archiveDays = 30;
 
 }  // namespace
@@ -17,12 +17,6 @@ constexpr int archiveDays = 30;
 bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
   const auto archived = parsePlatformDate(archivedAt);
   return archived && archived->addDays(archiveDays) <= now;
-}
-
-CampaignSender DemoMailbox::asSender() const {
-  const bool ready = status == "active"_L1;
-  const auto reason = ready ? std::nullopt : std::optional(u"Paused"_s);
-  return {id, address, displayName, status, ready, reason, dailyCap, {}, 0, false, {}};
 }
 
 CampaignSummary DemoCampaign::summary() const {
@@ -52,6 +46,14 @@ DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
   const auto found =
       std::ranges::find_if(campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
   return found == campaigns.end() ? nullptr : &*found;
+}
+
+DemoMailbox* DemoWorkspace::findMailbox(const QString& mailboxId) {
+  for (auto* list : {&mailboxes, &pool, &archivedMailboxes}) {
+    const auto found = std::ranges::find(*list, mailboxId, &DemoMailbox::id);
+    if (found != list->end()) return &*found;
+  }
+  return nullptr;
 }
 
 DemoWorkspace* DemoState::find(const QString& slug) {

@@ -15,6 +15,7 @@
 #include "kit/models/campaigns/campaignSummary.h"
 #include "kit/models/campaigns/sequence.h"
 #include "kit/models/campaigns/testEmail.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "kit/session/records.h"
 
 namespace orv::demo {
@@ -50,15 +51,28 @@ struct DemoCampaign {
 };
 
 struct DemoMailbox {
-  QString id;
-  QString address;
-  QString displayName;
-  QString status;
-  qint64 dailyCap = 0;
-  QStringList tags = {};
+  /// A check of the connection under way: when it ends, with what error if any, and the status it leaves.
+  struct Check {
+    QDateTime endsAt;
+    std::optional<QString> error;
+    MailboxStatus then;
+  };
 
-  /// As a campaign sees it.
-  CampaignSender asSender() const;
+  /// Without the figures of the day: they are worked out when it is shown (see Mailboxes.h).
+  Mailbox record;
+  /// Its place in the list.
+  qint64 order = 0;
+  std::optional<Check> check;
+  /// What is wrong with its connection until it gets a new one.
+  std::optional<QString> fault;
+  /// Nothing has been sent since.
+  std::optional<QDateTime> idleSince;
+  /// Campaigns that it was picked for when it was archived.
+  QStringList leftCampaigns;
+
+  const QString& id() const { return record.id; }
+  bool isActive() const { return record.status.isActive(); }
+  QList<QString> tags() const { return record.tags.value_or(QList<QString>()); }
 };
 
 /// People that somebody has put together, to be enrolled from.
@@ -80,7 +94,15 @@ struct DemoWorkspace {
   QString timeZone;
   /// Role by the member's email.
   QMap<QString, QString> members;
+  /// The workspace's own, in the order they are listed.
   QList<DemoMailbox> mailboxes;
+  /// Those that only warm up the others.
+  QList<DemoMailbox> pool;
+  /// Each with the moment in its record.
+  QList<DemoMailbox> archivedMailboxes;
+  qint64 lastMailboxNumber = 0;
+  /// How often the directory of a Google Workspace domain was asked for before its admin let the service in.
+  QHash<QString, int> googleAsked;
   /// In the order they are listed: the newest first.
   QList<DemoCampaign> campaigns;
   qint64 lastNumber = 0;
@@ -90,6 +112,8 @@ struct DemoWorkspace {
   QHash<QString, DemoTestEmail> testEmails;
 
   DemoCampaign* find(const QString& campaignId);
+  /// Wherever it is.
+  DemoMailbox* findMailbox(const QString& id);
 };
 
 struct DemoAccount {

@@ -35,7 +35,7 @@ struct Pattern {
 
 QList<Route> allRoutes() {
   return accountRoutes() + analyticsRoutes() + campaignRoutes() + sequenceRoutes() + campaignLeadRoutes() +
-         leadListRoutes() + mailboxRoutes();
+         leadListRoutes() + mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes();
 }
 
 FoundRoute findRoute(const DemoRequest& request) {

@@ -1,7 +1,10 @@
 #include <array>
 
+#include "demo/DailyFigures.h"
 #include "demo/DemoState.h"
 #include "demo/Enrolment.h"
+#include "demo/MailboxSample.h"
+#include "demo/Mailboxes.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaign.h"
@@ -16,9 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
-
-/// What an inbox may send in a day.
-constexpr qint64 sendsPerInbox = 40;
 
 struct Row {
   QString name;
@@ -109,7 +109,7 @@ void shareAmong(QList<CampaignStep>& steps, const CampaignStats& stats) {
 }
 
 /// The mailboxes after those of the campaign before: what is sent at the same time comes out of different ones.
-QList<CampaignSender> nextSenders(const DemoWorkspace& workspace, qint64 count) {
+QList<CampaignSender> nextSenders(const DemoWorkspace& workspace, qint64 count, const QDate& today) {
   const auto& mailboxes = workspace.mailboxes;
   qint64 next = 0;
   for (qsizetype last = workspace.campaigns.size(); next == 0 && last-- > 0;)
@@ -117,7 +117,7 @@ QList<CampaignSender> nextSenders(const DemoWorkspace& workspace, qint64 count) 
       next = 1 + std::ranges::find(mailboxes, senders.last().mailboxId, &DemoMailbox::id) - mailboxes.begin();
   QList<CampaignSender> senders;
   for (qint64 i = 0; i < std::min<qint64>(count, mailboxes.size()); ++i)
-    senders.append(mailboxes[(next + i) % mailboxes.size()].asSender());
+    senders.append(senderOf(mailboxes[(next + i) % mailboxes.size()], today.startOfDay(Qt::UTC)));
   return senders;
 }
 
@@ -132,12 +132,12 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.tags = row.tags;
   record.version = 1;
   record.stopOnReply = true;
-  record.dailyCapPerInbox = sendsPerInbox;
+  record.dailyCapPerInbox = mostSentADay;
   record.gapSeconds = 600;
   record.schedule =
       CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
   record.steps = makeSteps(row.steps, random);
-  record.senders = nextSenders(workspace, row.senders);
+  record.senders = nextSenders(workspace, row.senders, today);
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));
   if (launched) record.launchedAt = instant(today, row.daysAgo);
@@ -194,19 +194,6 @@ DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QStr
   return workspace;
 }
 
-void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random) {
-  for (qint64 i = 0; i < count; ++i) {
-    const QString first = random.pick(words::firstNames()), last = random.pick(words::lastNames());
-    workspace.mailboxes.append(
-        {random.id(u"mb"_s),
-         first.toLower() + u'.' + last.toLower() + QString::number(i) + u'@' + workspace.slug + u"-mail.example"_s,
-         first + u' ' + last, random.chance(0.9) ? u"active"_s : u"paused"_s, sendsPerInbox,
-         i % 3 == 0   ? QStringList{u"new domains"_s}
-         : i % 3 == 1 ? QStringList{u"dach"_s}
-                      : QStringList()});
-  }
-}
-
 void addList(DemoWorkspace& workspace, DemoRandom& random) {
   DemoLeadList list{u"li_fair"_s, u"Trade fair, Hanover"_s, {}};
   for (qint64 number = 1; number <= 40; ++number) list.people.append(makePerson(random, number));
@@ -225,7 +212,7 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
 
   auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
                                  {{maren, u"owner"_s}, {tomas, u"member"_s}});
-  addMailboxes(northgate, std::max(48, scale.mailboxes), random);
+  addMailboxes(northgate, std::max(54, scale.mailboxes), random, today);
   for (Row row : northgateRows()) {
     if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
     northgate.campaigns.append(makeCampaign(row, northgate, random, today));
@@ -238,12 +225,13 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   }
   addRandomCampaigns(northgate, scale.campaigns - northgateRows().size(), random, today);
   addList(northgate, random);
+  addArchivedMailboxes(northgate, 2, random, today);
 
   auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}});
-  addMailboxes(caldera, 4, random);
+  addMailboxes(caldera, 4, random, today);
   addRandomCampaigns(caldera, 3, random, today);
   auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}});
-  addMailboxes(harbour, 6, random);
+  addMailboxes(harbour, 6, random, today);
   addRandomCampaigns(harbour, 2, random, today);
   state.workspaces = {northgate, caldera, harbour,
                       makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}})};

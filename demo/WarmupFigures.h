@@ -2,11 +2,27 @@
 
 #include "demo/DemoState.h"
 #include "kit/models/analytics/warmupHealth.h"
+#include "kit/models/mailboxes/mailboxHistory.h"
 
 namespace orv::demo {
 
-/// How a mailbox's warm-up fares at that time of its workspace's day; the same mailbox always fares the same.
-WarmupHealth::Account warmupOf(const DemoMailbox& mailbox, const QTime& time);
+/// Campaigns may send from a mailbox that has been warming up for longer than that.
+constexpr qint64 daysUntilReady = 14;
+
+/// The day of its warm-up that the mailbox is on; the first is 1.
+qint64 warmupDayNumber(const DemoMailbox& mailbox, const QDate& day);
+
+/// Why campaigns may not send from the mailbox that day; nothing when they may.
+std::optional<QString> notReadyBecause(const DemoMailbox& mailbox, const QDate& day);
+
+/// Where the mailbox stands on the roadmap that all of them follow. Times are those of its workspace.
+Mailbox::RampupToday rampupOf(const DemoMailbox& mailbox, const QDateTime& localNow);
+
+/// One day of its warm-up, as far as the day has gone. Whatever page adds days up comes to the same figures.
+MailboxHistory::Day warmupDayOf(const DemoMailbox& mailbox, const QDate& day, const QDateTime& localNow);
+
+/// The last seven days.
+WarmupHealth::Account warmupOf(const DemoMailbox& mailbox, const QDateTime& localNow);
 
 /// All mailboxes of the workspace; the summary counts them.
 WarmupHealth warmupHealthOf(const DemoWorkspace& workspace, const QDateTime& now);

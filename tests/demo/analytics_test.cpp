@@ -198,8 +198,9 @@ class DemoAnalyticsTest : public QObject {
     const auto health = f->ask(Requests::warmupHealth());
     QCOMPARE(*dashboard.sends, (Dashboard::Sends{now.sendsWarmup, now.sendsCampaigns}));
     QCOMPARE(*dashboard.replies, now.replies);
-    QCOMPARE(*dashboard.inbox,
-             (Dashboard::InboxHealth{now.mailboxes, now.active, now.mailboxes - now.active, 0, 0, now.ready}));
+    const auto inbox = *dashboard.inbox;
+    QCOMPARE(inbox, (Dashboard::InboxHealth{now.mailboxes, now.active, inbox.paused, inbox.failed, 0, now.ready}));
+    QCOMPARE(inbox.paused + inbox.failed, now.mailboxes - now.active);
     QCOMPARE(*dashboard.leads, (Dashboard::Leads{now.leads, now.lists}));
     const auto& [healthy, watch, atRisk, off, ready] = health.summary;
     QCOMPARE(healthy + watch + atRisk + off, now.mailboxes);
@@ -209,7 +210,7 @@ class DemoAnalyticsTest : public QObject {
     for (const auto& account : health.items) {
       sent += account.sentToday;
       QCOMPARE(account.inbox7d + account.spam7d, account.placed7d);
-      QCOMPARE(account.placed7d + account.failed7d, account.sent7d);
+      QVERIFY(account.placed7d + account.failed7d <= account.sent7d);
       QVERIFY(account.ready != account.readyReason.has_value());
     }
     QCOMPARE(sent, now.sendsWarmup);

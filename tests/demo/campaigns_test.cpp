@@ -124,7 +124,7 @@ class DemoCampaignsTest : public QObject {
     f.clock.advance(24h * 2);  // To a Monday.
     QMap<QString, qint64> sent;
     for (const Mailbox& mailbox : f.ask(Requests::listMailboxes()).items)
-      sent.insert(mailbox.id, mailbox.campaign->sentToday);
+      if (!mailbox.isPool()) sent.insert(mailbox.id, mailbox.campaign->sentToday);
     qint64 all = 0;
     for (const CampaignSummary& row : f.ask(Requests::listCampaigns(false)).items) {
       const auto senders = *f.ask(Requests::getCampaign(row.id)).senders;
@@ -161,10 +161,10 @@ class DemoCampaignsTest : public QObject {
       all += page.items;
       cursor = page.nextCursor;
     } while (cursor);
+    all.removeIf([](const Mailbox& mailbox) { return mailbox.isPool(); });
     QCOMPARE(all.size(), 450);
     const auto tagged = std::ranges::count_if(
         all, [](const Mailbox& mailbox) { return mailbox.tags.value_or(QList<QString>()).contains(u"dach"_s); });
-    QVERIFY(f.ask(Requests::listMailboxes(true)).items.isEmpty());
     const QString id = f.ask(Requests::createCampaign({u"Tagged"_s})).id;
     CampaignPatch patch;
     patch.senderMailboxIds = QList{all.first().id};
