@@ -18,25 +18,15 @@ std::optional<QString> unlessEmpty(const QString& filter) {
 
 const auto customKey = u"custom"_s;
 
-QVariantMap choice(const QString& key, const QString& label) { return {{u"key"_s, key}, {u"label"_s, label}}; }
-
-bool has(const QVariantList& choices, const QString& key) {
-  return std::ranges::any_of(choices,
-                             [&](const QVariant& item) { return item.toMap().value(u"key"_s).toString() == key; });
-}
-
 /// All of them first. What is chosen stays among them under the name that it had, though the service no longer has it.
-void offer(QVariantList& choices, const QString& all, const QString& chosen,
+void offer(QList<Choice>& choices, const QString& all, const QString& chosen,
            const std::optional<QList<AnalyticsSummary::Option>>& options) {
-  const QVariantList before = std::exchange(choices, {choice({}, all)});
+  const QList<Choice> before = std::exchange(choices, {{.key = {}, .label = all}});
   for (const auto& option : options.value_or(QList<AnalyticsSummary::Option>()))
-    choices.append(choice(option.id, option.name.value_or(option.id)));
-  if (has(choices, chosen)) return;
-  QString name = chosen;
-  for (const QVariant& item : before)
-    if (const QVariantMap map = item.toMap(); map.value(u"key"_s).toString() == chosen)
-      name = map.value(u"label"_s).toString();
-  choices.append(choice(chosen, name));
+    choices.append({.key = option.id, .label = option.name.value_or(option.id)});
+  if (std::ranges::find(choices, chosen, &Choice::key) != choices.end()) return;
+  const auto known = std::ranges::find(before, chosen, &Choice::key);
+  choices.append({.key = chosen, .label = known == before.end() ? chosen : known->label});
 }
 
 /// Where most rows are new there is no place to keep, and to let them in one by one would cost the view a layout each.
@@ -61,8 +51,8 @@ void AnalyticsStore::setPreset(const QString& key) {
   if (m_range.setPreset(key, localToday(services().clock))) ask();
 }
 
-QVariantList AnalyticsStore::ranges() const {
-  QVariantList list = rangePresets();
+QList<Choice> AnalyticsStore::ranges() const {
+  QList<Choice> list = rangePresets();
   // While it is in force it is a name, otherwise it is what leads to the question for two dates.
   list.append(choice(customKey, m_range.isCustom() ? m_range.label() : u"Custom range…"_s));
   return list;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/BusySet.h"
+#include "app/base/Choice.h"
 #include "app/base/EnumName.h"
 #include "app/base/Resource.h"
 #include "app/figures/ChartFigures.h"
@@ -20,7 +21,7 @@ namespace orv {
 class AnalyticsStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* summary READ summary CONSTANT)
-  Q_PROPERTY(QVariantList ranges READ ranges NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> ranges READ ranges NOTIFY changed)
   Q_PROPERTY(QString range READ range NOTIFY changed)
   Q_PROPERTY(orv::RangeForm* rangeForm READ rangeForm CONSTANT)
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
@@ -44,9 +45,9 @@ class AnalyticsStore final : public Store {
   Q_PROPERTY(orv::ListModel* accountRows READ accountRows CONSTANT)
   Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
   Q_PROPERTY(QString sampleNote READ sampleNote NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList campaignOptions READ campaignOptions NOTIFY optionsChanged)
-  Q_PROPERTY(QVariantList mailboxOptions READ mailboxOptions NOTIFY optionsChanged)
-  Q_PROPERTY(QVariantList tagOptions READ tagOptions NOTIFY optionsChanged)
+  Q_PROPERTY(QList<orv::Choice> campaignOptions READ campaignOptions NOTIFY optionsChanged)
+  Q_PROPERTY(QList<orv::Choice> mailboxOptions READ mailboxOptions NOTIFY optionsChanged)
+  Q_PROPERTY(QList<orv::Choice> tagOptions READ tagOptions NOTIFY optionsChanged)
   Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
   Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
 
@@ -60,7 +61,7 @@ class AnalyticsStore final : public Store {
 
   Resource<AnalyticsSummary>* summary() { return &m_summary; }
   /// Key and label of each preset and, last, of a pair of dates.
-  QVariantList ranges() const;
+  QList<Choice> ranges() const;
   /// The key in force.
   QString range() const;
   /// Takes the preset, or asks for two dates.
@@ -115,9 +116,9 @@ class AnalyticsStore final : public Store {
   /// Says that the figures are made up; empty when they are not.
   QString sampleNote() const;
   /// Key and label of each choice, all of them first.
-  const QVariantList& campaignOptions() const { return m_campaignOptions; }
-  const QVariantList& mailboxOptions() const { return m_mailboxOptions; }
-  const QVariantList& tagOptions() const { return m_tagOptions; }
+  const QList<Choice>& campaignOptions() const { return m_campaignOptions; }
+  const QList<Choice>& mailboxOptions() const { return m_mailboxOptions; }
+  const QList<Choice>& tagOptions() const { return m_tagOptions; }
 
   /// What the chart draws; no days when nothing was sent.
   QStringList days() const { return m_chart.days(); }
@@ -167,9 +168,9 @@ class AnalyticsStore final : public Store {
   std::optional<OrvSort> m_accountSort;
   QVariantList m_figures;
   AnalyticsSummary::Options m_options;
-  QVariantList m_campaignOptions;
-  QVariantList m_mailboxOptions;
-  QVariantList m_tagOptions;
+  QList<Choice> m_campaignOptions;
+  QList<Choice> m_mailboxOptions;
+  QList<Choice> m_tagOptions;
   /// The range that the figures on the screen are of; the person may have asked for another since.
   DateRange m_shownRange;
 };

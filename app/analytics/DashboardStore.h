@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/Choice.h"
 #include "app/base/Resource.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
@@ -12,7 +13,7 @@ namespace orv {
 class DashboardStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* overview READ overview CONSTANT)
-  Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+  Q_PROPERTY(QList<orv::Choice> presets READ presets CONSTANT)
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
   Q_PROPERTY(QString rangeLabel READ rangeLabel NOTIFY changed)
   Q_PROPERTY(QString dayText READ dayText NOTIFY figuresChanged)
@@ -25,7 +26,7 @@ class DashboardStore final : public Store {
   explicit DashboardStore(WorkspaceContext& context);
 
   Resource<AnalyticsOverview>* overview() { return &m_overview; }
-  static QVariantList presets() { return rangePresets(); }
+  static QList<Choice> presets() { return rangePresets(); }
 
   /// Range of the metrics and the chart; setting another asks anew.
   QString preset() const { return m_range.preset(); }

@@ -10,8 +10,6 @@ namespace {
 
 const auto busyKey = u"settings"_s;
 
-QVariantMap chip(const QString& key, const QString& label) { return {{u"key"_s, key}, {u"label"_s, label}}; }
-
 }  // namespace
 
 CampaignSettings::CampaignSettings(CampaignContext& context)
@@ -50,8 +48,8 @@ QList<Label> CampaignSettings::tagItems() const {
   return m_tagList.value() ? m_tagList.value()->items : QList<Label>();
 }
 
-QVariantList CampaignSettings::tags() const {
-  QVariantList chips;
+QList<Choice> CampaignSettings::tags() const {
+  QList<Choice> chips;
   const QList<Label> known = tagItems();
   for (const QString& key : m_draft.typed().tags) {
     const auto found = std::ranges::find(known, key, &Label::key);
@@ -60,8 +58,8 @@ QVariantList CampaignSettings::tags() const {
   return chips;
 }
 
-QVariantList CampaignSettings::tagSuggestions() const {
-  QVariantList chips;
+QList<Choice> CampaignSettings::tagSuggestions() const {
+  QList<Choice> chips;
   const QStringList picked = m_draft.typed().tags;
   for (const Label& tag : tagItems())
     if (!picked.contains(tag.key)) chips.append(chip(tag.key, tag.title()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/Choice.h"
 #include "app/base/Recovery.h"
 #include "app/campaigns/ScheduleForm.h"
 #include "app/campaigns/SenderPicker.h"
@@ -18,8 +19,8 @@ class CampaignSettings final : public Store {
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
   Q_PROPERTY(QString notice READ notice NOTIFY changed)
   Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
-  Q_PROPERTY(QVariantList tags READ tags NOTIFY changed)
-  Q_PROPERTY(QVariantList tagSuggestions READ tagSuggestions NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> tags READ tags NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> tagSuggestions READ tagSuggestions NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* knownTags READ knownTags CONSTANT)
   Q_PROPERTY(QString tagNote READ tagNote NOTIFY changed)
   Q_PROPERTY(orv::SenderPicker* senders READ senders CONSTANT)
@@ -37,9 +38,8 @@ class CampaignSettings final : public Store {
   QString notice() const;
   /// What somebody else made of fields that were changed here as well.
   QString conflict() const { return rivalNote(m_draft.rivals()); }
-  /// Key and label of each.
-  QVariantList tags() const;
-  QVariantList tagSuggestions() const;
+  QList<Choice> tags() const;
+  QList<Choice> tagSuggestions() const;
   Resource<TagList>* knownTags() { return &m_tagList; }
   /// What to know of the tags to pick from: there are none, or they could not be read.
   QString tagNote() const;

@@ -13,8 +13,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-QVariantMap choice(CampaignStatsStore::Section section, const QString& label) {
-  return {{u"key"_s, enumName(section)}, {u"label"_s, label}};
+Choice choice(CampaignStatsStore::Section section, const QString& label) {
+  return {.key = enumName(section), .label = label};
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ void CampaignStatsStore::setSection(const QString& name) {
   if (m_summary.isAsked()) loadSection();
 }
 
-QVariantList CampaignStatsStore::sections() {
+QList<Choice> CampaignStatsStore::sections() {
   return {choice(Section::inboxes, u"By inbox"_s), choice(Section::emails, u"By email"_s),
           choice(Section::messages, u"Messages"_s), choice(Section::activity, u"Activity"_s)};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/base/Choice.h"
 #include "app/base/CursorPages.h"
 #include "app/base/EnumName.h"
 #include "app/base/Store.h"
@@ -22,13 +23,13 @@ class CampaignStatsStore final : public Store {
   Q_PROPERTY(orv::ResourceBase* summary READ summary CONSTANT)
   Q_PROPERTY(orv::ResourceBase* messages READ messages CONSTANT)
   Q_PROPERTY(orv::ResourceBase* feed READ feed CONSTANT)
-  Q_PROPERTY(QVariantList presets READ presets CONSTANT)
+  Q_PROPERTY(QList<orv::Choice> presets READ presets CONSTANT)
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
   Q_PROPERTY(QString rangeText READ rangeText NOTIFY changed)
   Q_PROPERTY(QString headLine READ headLine NOTIFY campaignChanged)
   Q_PROPERTY(QString dayView READ dayViewName WRITE setDayView NOTIFY changed)
   Q_PROPERTY(QString section READ sectionName WRITE setSection NOTIFY changed)
-  Q_PROPERTY(QVariantList sections READ sections CONSTANT)
+  Q_PROPERTY(QList<orv::Choice> sections READ sections CONSTANT)
   Q_PROPERTY(QString sectionText READ sectionText NOTIFY changed)
   Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
   Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
@@ -54,7 +55,7 @@ class CampaignStatsStore final : public Store {
   Resource<MessagePage>* messages() { return &m_messages; }
   Resource<FeedPage>* feed() { return &m_feed; }
 
-  static QVariantList presets() { return rangePresets(); }
+  static QList<Choice> presets() { return rangePresets(); }
   /// Range of the figures, the chart and the inboxes; setting another asks anew.
   QString preset() const { return m_range.preset(); }
   void setPreset(const QString& key);
@@ -69,7 +70,7 @@ class CampaignStatsStore final : public Store {
   QString sectionName() const { return enumName(m_section); }
   void setSection(const QString& name);
   /// Key and label of each.
-  static QVariantList sections();
+  static QList<Choice> sections();
   /// What the table shows.
   QString sectionText() const;
 

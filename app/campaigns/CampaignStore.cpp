@@ -119,16 +119,14 @@ void CampaignStore::setTab(const QString& name) {
   if (tab && std::exchange(m_tab, *tab) != *tab) Q_EMIT changed();
 }
 
-QVariantList CampaignStore::tabs() const {
+QList<Choice> CampaignStore::tabs() const {
   const Campaign* campaign = m_campaign.value();
-  const auto tab = [](Tab key, const QString& label, const QVariant& count = {}) {
-    QVariantMap map{{u"key"_s, enumName(key)}, {u"label"_s, label}};
-    if (count.isValid()) map.insert(u"count"_s, count);
-    return map;
+  const auto tab = [](Tab key, const QString& label, qint64 count = -1) {
+    return Choice{.key = enumName(key), .label = label, .count = int(count)};
   };
-  const QVariant leads = campaign && campaign->stats ? QVariant(campaign->stats->leads.total) : QVariant();
-  QVariantList tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),
-                    tab(Tab::settings, u"Settings"_s)};
+  const qint64 leads = campaign && campaign->stats ? campaign->stats->leads.total : -1;
+  QList<Choice> tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),
+                     tab(Tab::settings, u"Settings"_s)};
   // A subsequence has none of its own.
   const auto subsequences = m_subsequences.count();
   if (parentId().isEmpty())

@@ -3,6 +3,7 @@
 #include <QVariantList>
 
 #include "app/base/Actions.h"
+#include "app/base/Choice.h"
 #include "app/base/EnumName.h"
 #include "app/base/NameForm.h"
 #include "app/base/Resource.h"
@@ -40,7 +41,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::CampaignSettings* settings READ settings CONSTANT)
   Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
-  Q_PROPERTY(QVariantList tabs READ tabs NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> tabs READ tabs NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
 
  public:
@@ -72,7 +73,7 @@ class CampaignStore final : public Store {
   /// By its name; another name changes nothing.
   void setTab(const QString& name);
   /// Key, label and, once known, count of each tab.
-  QVariantList tabs() const;
+  QList<Choice> tabs() const;
 
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }

@@ -76,6 +76,8 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst)
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
   connect(&m_list, &ResourceBase::changed, this, &CampaignsStore::changed);
   connect(&m_archived, &ResourceBase::changed, this, &CampaignsStore::changed);
+  connect(this, &CampaignsStore::changed, this, &CampaignsStore::tagsChanged);
+  connect(this, &CampaignsStore::figuresChanged, this, &CampaignsStore::tagsChanged);
   connect(&m_list, &ResourceBase::valueChanged, this, &CampaignsStore::listArrived);
   connect(&m_archived, &ResourceBase::valueChanged, this, &CampaignsStore::archiveArrived);
   connect(&m_busy, &BusySet::changed, this, &CampaignsStore::busyChanged);
@@ -135,6 +137,13 @@ QStringList CampaignsStore::tags() const {
 
 void CampaignsStore::toggleTag(const QString& tag) {
   auto query = m_query;
+QList<Choice> CampaignsStore::tagOptions() const {
+  QList<Choice> options;
+  for (const QString& tag : m_index.tags())
+    options.append({.key = tag, .label = tag, .ticked = m_query.tags.contains(tag)});
+  return options;
+}
+
   if (!query.tags.remove(tag)) query.tags.insert(tag);
   ask(query);
 }
@@ -176,16 +185,13 @@ int CampaignsStore::archivedCount() const {
   return list && list->archivedCount ? int(*list->archivedCount) : -1;
 }
 
-QVariantList CampaignsStore::statusCounts() const {
+QList<Choice> CampaignsStore::statusCounts() const {
   const bool known = m_list.value() != nullptr;
   QMap<QString, int> counts;
   for (const CampaignSummary& item : m_index.items()) ++counts[item.status.rawValue];
-  QVariantList segments{QVariantMap{
-      {u"key"_s, u"all"_s}, {u"label"_s, u"All"_s}, {u"count"_s, known ? int(m_index.items().size()) : -1}}};
-  for (const auto& word : {u"running"_s, u"paused"_s, u"draft"_s, u"completed"_s}) {
-    segments.append(QVariantMap{
-        {u"key"_s, word}, {u"label"_s, CampaignStatus{word}.label()}, {u"count"_s, known ? counts.value(word) : -1}});
-  }
+  QList<Choice> segments{{.key = u"all"_s, .label = u"All"_s, .count = known ? int(m_index.items().size()) : -1}};
+  for (const auto& word : {u"running"_s, u"paused"_s, u"draft"_s, u"completed"_s})
+    segments.append({.key = word, .label = CampaignStatus{word}.label(), .count = known ? counts.value(word) : -1});
   return segments;
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QStringList>
-#include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "app/base/NameForm.h"
 #include "app/base/Resource.h"
 #include "app/campaigns/CampaignRecords.h"
@@ -28,14 +28,14 @@ class CampaignsStore final : public Store {
   Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY changed)
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
   Q_PROPERTY(QStringList tags READ tags NOTIFY changed)
-  Q_PROPERTY(QStringList allTags READ allTags NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Choice> tagOptions READ tagOptions NOTIFY tagsChanged)
   Q_PROPERTY(QString sortKey READ sortKey NOTIFY changed)
   Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY changed)
   Q_PROPERTY(QString archivedSortKey READ archivedSortKey NOTIFY changed)
   Q_PROPERTY(bool archivedSortDescending READ archivedSortDescending NOTIFY changed)
   Q_PROPERTY(bool showArchived READ showArchived WRITE setShowArchived NOTIFY changed)
   Q_PROPERTY(int archivedCount READ archivedCount NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList statusCounts READ statusCounts NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Choice> statusCounts READ statusCounts NOTIFY figuresChanged)
   Q_PROPERTY(QString summary READ summary NOTIFY figuresChanged)
   Q_PROPERTY(QString countText READ countText NOTIFY changed)
   Q_PROPERTY(QString archivedCountText READ archivedCountText NOTIFY changed)
@@ -65,7 +65,8 @@ class CampaignsStore final : public Store {
   void setQuery(const QString& query);
   /// The tags filtered by.
   QStringList tags() const;
-  QStringList allTags() const { return m_index.tags(); }
+  /// Every tag that a campaign carries.
+  QList<Choice> tagOptions() const;
   /// Empty for the service's order.
   QString sortKey() const { return m_query.sort ? m_query.sort->key : QString(); }
   bool sortDescending() const { return m_query.sort && m_query.sort->descending; }
@@ -77,7 +78,7 @@ class CampaignsStore final : public Store {
   /// Archived campaigns there are; -1 while unknown.
   int archivedCount() const;
   /// Key, label and count of each status filter; the count is -1 while unknown.
-  QVariantList statusCounts() const;
+  QList<Choice> statusCounts() const;
   /// "4 running · 28,448 emails sent · 226 positive replies".
   QString summary() const;
   QString countText() const;
@@ -126,6 +127,7 @@ class CampaignsStore final : public Store {
  private:
   Task<bool> savedFirst(QString id);
   const CampaignSummary* find(const QString& id) const;
+  void tagsChanged();
   void take(const Change<Campaign>& change);
   void takeArchived(const Change<Archived<Campaign>>& change);
   void listArrived();

@@ -22,15 +22,15 @@ LeadMove::LeadMove(CampaignContext& context, std::function<void(const QStringLis
 
 QString LeadMove::title() const { return u"Move "_s + countedLeads(m_leadIds.size()); }
 
-QVariantList LeadMove::options() const {
-  QVariantList options;
+QList<Choice> LeadMove::options() const {
+  QList<Choice> options;
   if (!m_campaigns.value()) return options;
   const QString needle = m_query.trimmed();
   for (const CampaignSummary& campaign : m_campaigns.value()->items) {
     if (campaign.id == m_context.id || !campaign.name.contains(needle, Qt::CaseInsensitive)) continue;
-    options.append(QVariantMap{{u"key"_s, campaign.id},
-                               {u"label"_s, campaign.name},
-                               {u"text"_s, campaign.status.label() + u" · "_s + countedLeads(campaign.leads)}});
+    options.append({.key = campaign.id,
+                    .label = campaign.name,
+                    .detail = campaign.status.label() + u" · "_s + countedLeads(campaign.leads)});
   }
   return options;
 }

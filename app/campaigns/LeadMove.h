@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "app/base/Form.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
@@ -16,7 +16,7 @@ class LeadMove final : public Store {
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* campaigns READ campaigns CONSTANT)
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
-  Q_PROPERTY(QVariantList options READ options NOTIFY optionsChanged)
+  Q_PROPERTY(QList<orv::Choice> options READ options NOTIFY optionsChanged)
   Q_PROPERTY(QString target READ target WRITE setTarget NOTIFY changed)
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
@@ -33,7 +33,7 @@ class LeadMove final : public Store {
   const QString& query() const { return m_query; }
   void setQuery(const QString& query);
   /// Key, label and text of the campaigns that leads can go to and whose name holds the search text.
-  QVariantList options() const;
+  QList<Choice> options() const;
   const QString& target() const { return m_target; }
   void setTarget(const QString& campaignId);
   bool canSubmit() const { return !busy() && !m_target.isEmpty(); }

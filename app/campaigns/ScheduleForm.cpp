@@ -39,13 +39,13 @@ QString shown(const QString& time) {
   return seconds ? timeText(*seconds / 60) : time;
 }
 
-QVariantList timeOptions(int first, int last, const QString& time) {
+QList<Choice> timeOptions(int first, int last, const QString& time) {
   QStringList texts;
   for (int minutes = first; minutes <= last; minutes += halfHour) texts.append(timeText(minutes));
   if (!texts.contains(shown(time))) texts.append(shown(time));
   texts.sort();
-  QVariantList options;
-  for (const QString& text : texts) options.append(QVariantMap{{u"key"_s, text}, {u"label"_s, text}});
+  QList<Choice> options;
+  for (const QString& text : texts) options.append({.key = text, .label = text});
   return options;
 }
 
@@ -222,11 +222,11 @@ Task<void> ScheduleForm::saveTask() {
   m_context.services.toasts.success(u"Schedule saved"_s);
 }
 
-QVariantList ScheduleForm::startTimes(const QString& time) const {
+QList<Choice> ScheduleForm::startTimes(const QString& time) const {
   return timeOptions(0, minutesOfDay - halfHour, time);
 }
 
-QVariantList ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
+QList<Choice> ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
 
 QStringList ScheduleForm::zones(const QString& text) const {
   const QString wanted = text.trimmed().replace(u' ', u'_');

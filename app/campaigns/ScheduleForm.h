@@ -3,6 +3,7 @@
 #include <QVariantList>
 
 #include "app/base/Actions.h"
+#include "app/base/Choice.h"
 #include "app/base/Draft.h"
 #include "app/base/Recovery.h"
 #include "app/base/Store.h"
@@ -67,9 +68,9 @@ class ScheduleForm final : public Store {
   Task<void> saveTask();
 
   /// Half hours, and `time` itself where it is none.
-  Q_INVOKABLE QVariantList startTimes(const QString& time) const;
+  Q_INVOKABLE QList<orv::Choice> startTimes(const QString& time) const;
   /// The same up to the end of the day.
-  Q_INVOKABLE QVariantList endTimes(const QString& time) const;
+  Q_INVOKABLE QList<orv::Choice> endTimes(const QString& time) const;
   /// The zones that the text may mean.
   Q_INVOKABLE QStringList zones(const QString& text) const;
 

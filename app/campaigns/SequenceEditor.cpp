@@ -181,11 +181,10 @@ SequenceEditor::Shown SequenceEditor::shownNow() const {
   shown.weight = int(text.weight);
   shown.enabled = text.enabled;
   for (const DraftVariant& one : current->variants)
-    shown.variants.append(
-        QVariantMap{{u"key"_s, one.key.toString()},
-                    {u"label"_s, one.label},
-                    {u"enabled"_s, one.enabled},
-                    {u"share"_s, one.enabled ? QString::number(current->sharePercent(one)) + u'%' : u"is off"_s}});
+    shown.variants.append({.key = one.key.toString(),
+                           .label = one.label,
+                           .detail = one.enabled ? QString::number(current->sharePercent(one)) + u'%' : u"is off"_s,
+                           .ticked = one.enabled});
   return shown;
 }
 

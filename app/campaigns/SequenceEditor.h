@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
@@ -32,7 +33,7 @@ class SequenceEditor final : public Store {
   Q_PROPERTY(bool sameThread READ sameThread NOTIFY changed)
   Q_PROPERTY(bool repliesInThread READ repliesInThread NOTIFY changed)
   Q_PROPERTY(bool canAddVariant READ canAddVariant NOTIFY changed)
-  Q_PROPERTY(QVariantList variants READ variants NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> variants READ variants NOTIFY changed)
   Q_PROPERTY(QString variantKey READ variantKey NOTIFY changed)
   Q_PROPERTY(int weight READ weight NOTIFY changed)
   Q_PROPERTY(bool enabled READ enabled NOTIFY changed)
@@ -63,8 +64,8 @@ class SequenceEditor final : public Store {
   /// Has no subject of its own; the first email always has one.
   bool repliesInThread() const { return m_shown.repliesInThread; }
   bool canAddVariant() const { return m_shown.canAddVariant; }
-  /// Key, label, share ("50%" or "is off") and whether it is enabled, of each.
-  const QVariantList& variants() const { return m_shown.variants; }
+  /// The detail of each is its share, "50%" or "is off"; ticked are those that are sent.
+  const QList<Choice>& variants() const { return m_shown.variants; }
   QString variantKey() const { return m_shown.variant; }
   int weight() const { return m_shown.weight; }
   bool enabled() const { return m_shown.enabled; }
@@ -118,7 +119,7 @@ class SequenceEditor final : public Store {
     int waitDays = 0, weight = 1;
     qsizetype place = -1;
     bool sameThread = false, repliesInThread = false, canAddVariant = false, enabled = false;
-    QVariantList variants;
+    QList<Choice> variants;
     qsizetype steps = 0;
     bool operator==(const Shown&) const = default;
   };

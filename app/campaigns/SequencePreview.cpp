@@ -96,17 +96,16 @@ QString SequencePreview::title() const {
   return u"Preview · email %1 of %2"_s.arg(m_place + 1).arg(m_draft.steps().size());
 }
 
-QVariantList SequencePreview::leads() const {
-  QVariantList options;
+QList<Choice> SequencePreview::leads() const {
+  QList<Choice> options;
   if (const LeadPage* page = m_leads.value())
     for (const CampaignLead& lead : page->items)
-      options.append(QVariantMap{{u"key"_s, lead.id}, {u"label"_s, labelOf(lead)}});
+      options.append({.key = lead.id, .label = labelOf(lead)});
   if (options.isEmpty() && m_leads.value())
-    options.append(
-        QVariantMap{{u"key"_s, QString()}, {u"label"_s, u"Sample lead (add leads to preview a real one)"_s}});
+    options.append({.key = {}, .label = u"Sample lead (add leads to preview a real one)"_s});
   // The service may have chosen one that is not among the first.
   else if (!lead().isEmpty() && !listed(lead()))
-    options.prepend(QVariantMap{{u"key"_s, lead()}, {u"label"_s, to()}});
+    options.prepend({.key = lead(), .label = to()});
   return options;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/SequenceDraft.h"
@@ -18,7 +19,7 @@ class SequencePreview final : public Store {
   Q_PROPERTY(orv::ResourceBase* answer READ answer CONSTANT)
   Q_PROPERTY(bool watched READ watched WRITE setWatched NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
-  Q_PROPERTY(QVariantList leads READ leads NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> leads READ leads NOTIFY changed)
   Q_PROPERTY(QString lead READ lead WRITE setLead NOTIFY changed)
   Q_PROPERTY(QString leadsNote READ leadsNote NOTIFY changed)
   Q_PROPERTY(bool leadsFailed READ leadsFailed NOTIFY changed)
@@ -49,7 +50,7 @@ class SequencePreview final : public Store {
   QString title() const;
 
   /// Key and label of each lead that can be chosen; empty while none is known, of which leadsNote() tells.
-  QVariantList leads() const;
+  QList<Choice> leads() const;
   QString leadsNote() const;
   bool leadsFailed() const;
   /// The chosen one, or the one that the service chose.

@@ -89,14 +89,13 @@ void Subsequences::show() {
   Q_EMIT changed();
 }
 
-QVariantList Subsequences::labels() const {
-  QVariantList list;
+QList<Choice> Subsequences::labels() const {
+  QList<Choice> list;
   if (!m_labels.value()) return list;
   const QStringList picked = m_draft.typed().labels;
   for (const Label& label : m_labels.value()->items) {
     if (label.key == neverATrigger) continue;
-    list.append(
-        QVariantMap{{u"key"_s, label.key}, {u"label"_s, label.title()}, {u"ticked"_s, picked.contains(label.key)}});
+    list.append({.key = label.key, .label = label.title(), .ticked = picked.contains(label.key)});
   }
   return list;
 }

@@ -4,6 +4,7 @@
 #include <QVariantList>
 
 #include "app/base/Actions.h"
+#include "app/base/Choice.h"
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
 #include "app/base/RecordModel.h"
@@ -54,7 +55,7 @@ class Subsequences final : public Store {
   Q_PROPERTY(orv::Form* form READ form CONSTANT)
   Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
   Q_PROPERTY(orv::ResourceBase* knownLabels READ knownLabels CONSTANT)
-  Q_PROPERTY(QVariantList labels READ labels NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> labels READ labels NOTIFY changed)
   Q_PROPERTY(QString labelsNote READ labelsNote NOTIFY changed)
   Q_PROPERTY(QString explanation READ explanation NOTIFY changed)
 
@@ -71,7 +72,7 @@ class Subsequences final : public Store {
   Draft<NewSubsequence>* draft() { return &m_draft; }
   Resource<ReplyLabelList>* knownLabels() { return &m_labels; }
   /// Those that may be picked: key, label and whether it is.
-  QVariantList labels() const;
+  QList<Choice> labels() const;
   /// Says that there are none because they could not be read.
   QString labelsNote() const;
   /// What a new one is made of.

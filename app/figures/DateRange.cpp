@@ -57,10 +57,10 @@ QString rangeLabel(RangePreset preset) {
 
 DateRange rangeOf(RangePreset preset, const QDate& today) { return {startOf(preset, today), today}; }
 
-QVariantList rangePresets() {
-  QVariantList list;
+QList<Choice> rangePresets() {
+  QList<Choice> list;
   for (int i = 0; i <= int(RangePreset::last12m); ++i)
-    list.append(QVariantMap{{u"key"_s, enumName(RangePreset(i))}, {u"label"_s, rangeLabel(RangePreset(i))}});
+    list.append({.key = enumName(RangePreset(i)), .label = rangeLabel(RangePreset(i))});
   return list;
 }
 

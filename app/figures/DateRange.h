@@ -2,8 +2,8 @@
 
 #include <QDate>
 #include <QObject>
-#include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "kit/async/Clock.h"
 
 namespace orv {
@@ -29,7 +29,7 @@ QString rangeLabel(RangePreset preset);
 /// The days of the preset up to `today`. A month back is the same day of an earlier month, or that month's last.
 DateRange rangeOf(RangePreset preset, const QDate& today);
 /// Key and label of each, for a select.
-QVariantList rangePresets();
+QList<Choice> rangePresets();
 
 /// "24 Oct – 20 Nov 2026"; what the days have in common is said once.
 QString rangeText(const DateRange& range);

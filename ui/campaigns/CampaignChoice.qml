@@ -6,7 +6,7 @@ Rectangle {
     id: root
 
     required property int index
-    required property var modelData
+    required property choice modelData
     property bool chosen: false
     property bool current: false
 
@@ -17,7 +17,7 @@ Rectangle {
     color: chosen ? Theme.selected : area.containsMouse ? Theme.hover : "transparent"
 
     Accessible.role: Accessible.RadioButton
-    Accessible.name: modelData.label + ", " + modelData.text
+    Accessible.name: modelData.label + ", " + modelData.detail
     Accessible.checkable: true
     Accessible.checked: chosen
     Accessible.focusable: true
@@ -50,7 +50,7 @@ Rectangle {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
-        text: root.modelData.text
+        text: root.modelData.detail
         font: Theme.small
         color: Theme.text2
         Accessible.ignored: true

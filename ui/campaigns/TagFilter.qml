@@ -13,9 +13,14 @@ OrvButton {
     iconName: "tag"
     count: store.tags.length > 0 ? store.tags.length : -1
     menuArrow: true
-    enabled: store.allTags.length > 0
-    hint: store.allTags.length === 0 ? "No campaign carries a tag yet." : ""
+    enabled: options.count > 0
+    hint: options.count === 0 ? "No campaign carries a tag yet." : ""
     onClicked: menu.openAt(root, true)
+
+    ChoiceList {
+        id: options
+        options: root.store.tagOptions
+    }
 
     MenuLoader {
         id: menu
@@ -24,15 +29,15 @@ OrvButton {
             title: "Tags"
 
             Instantiator {
-                model: root.store.allTags
+                model: options
 
                 OrvMenuItem {
-                    required property string modelData
+                    required property choice modelData
 
-                    text: modelData
+                    text: modelData.label
                     tickable: true
-                    ticked: root.store.tags.includes(modelData)
-                    onTriggered: root.store.toggleTag(modelData)
+                    ticked: modelData.ticked
+                    onTriggered: root.store.toggleTag(modelData.key)
                 }
 
                 onObjectAdded: (index, object) => list.insertItem(index, object)

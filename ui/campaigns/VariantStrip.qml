@@ -10,12 +10,14 @@ Item {
     required property SequenceEditor editor
     property bool canWrite: true
 
-    readonly property var variants: editor.variants
-    readonly property int currentIndex: variants.findIndex(variant => variant.key === editor.variantKey)
-
     function step(by: int) {
-        const count = variants.length;
-        editor.showVariant(variants[(currentIndex + by + count) % count].key);
+        editor.showVariant(variants.around(by));
+    }
+
+    ChoiceList {
+        id: variants
+        options: root.editor.variants
+        current: root.editor.variantKey
     }
 
     implicitHeight: 40
@@ -38,16 +40,16 @@ Item {
             id: letters
             height: parent.height
             // The one shown is always in sight, however many there are.
-            x: Math.min(0, strip.width - implicitWidth) * (root.variants.length > 1 ? root.currentIndex / (root.variants.length - 1) : 0)
+            x: Math.min(0, strip.width - implicitWidth) * (variants.count > 1 ? variants.currentIndex / (variants.count - 1) : 0)
             spacing: 16
 
             Repeater {
-                model: root.variants
+                model: variants
 
                 Pressable {
                     id: tab
 
-                    required property var modelData
+                    required property choice modelData
                     readonly property bool current: modelData.key === root.editor.variantKey
 
                     height: letters.height
@@ -55,7 +57,7 @@ Item {
                     text: "Variant " + modelData.label
 
                     Accessible.role: Accessible.PageTab
-                    Accessible.name: text + ", " + modelData.share
+                    Accessible.name: text + ", " + modelData.detail
                     Accessible.selected: current
                     onClicked: root.editor.showVariant(modelData.key)
 
@@ -78,9 +80,9 @@ Item {
                             height: parent.height
                             verticalAlignment: Text.AlignVCenter
                             textFormat: Text.PlainText
-                            text: tab.modelData.share
+                            text: tab.modelData.detail
                             font: Theme.body
-                            color: tab.modelData.enabled ? Theme.text2 : Theme.text3
+                            color: tab.modelData.ticked ? Theme.text2 : Theme.text3
                         }
                     }
 
@@ -126,7 +128,7 @@ Item {
 
     OrvNumberField {
         id: weight
-        visible: root.variants.length > 1
+        visible: variants.count > 1
         anchors { right: remove.left; rightMargin: 12; verticalCenter: parent.verticalCenter }
         width: 96
         accessibleName: "Weight"
@@ -139,7 +141,7 @@ Item {
 
     OrvButton {
         id: remove
-        visible: root.canWrite && root.variants.length > 1
+        visible: root.canWrite && variants.count > 1
         anchors { right: enabledSwitch.left; rightMargin: 4; verticalCenter: parent.verticalCenter }
         kind: "ghost"
         size: "small"
@@ -151,7 +153,7 @@ Item {
 
     OrvSwitch {
         id: enabledSwitch
-        visible: root.variants.length > 1
+        visible: variants.count > 1
         anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
         enabled: root.canWrite
         checked: root.editor.enabled

@@ -1,6 +1,7 @@
 #include "ui/design/ChoiceList.h"
 
 #include <QVariantMap>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,18 +22,28 @@ QList<Choice> choicesOf(const QVariantList& list) {
   return choices;
 }
 
+bool sameKeys(const QList<Choice>& one, const QList<Choice>& other) {
+  return std::ranges::equal(one, other, {}, &Choice::key, &Choice::key);
+}
+
 }  // namespace
 
-ChoiceList::ChoiceList(QObject* parent) : QObject(parent) {
+ChoiceList::ChoiceList(QObject* parent) : QAbstractListModel(parent) {
   static const bool registered = QMetaType::registerConverter<QVariantMap, Choice>(choiceOf) &&
                                  QMetaType::registerConverter<QVariantList, QList<Choice>>(choicesOf);
   Q_UNUSED(registered)
 }
 
 void ChoiceList::setOptions(const QList<Choice>& options) {
-  // What is the same again must not cost the entries their focus.
   if (options == m_options) return;
-  m_options = options;
+  if (sameKeys(options, m_options)) {
+    m_options = options;
+    Q_EMIT dataChanged(index(0), index(count() - 1));
+  } else {
+    beginResetModel();
+    m_options = options;
+    endResetModel();
+  }
   Q_EMIT optionsChanged();
   Q_EMIT placeChanged();
 }
@@ -42,6 +53,11 @@ void ChoiceList::setCurrent(const QString& key) {
   m_current = key;
   Q_EMIT currentChanged();
   Q_EMIT placeChanged();
+}
+
+QVariant ChoiceList::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid) || role != Qt::UserRole) return {};
+  return QVariant::fromValue(m_options[index.row()]);
 }
 
 QString ChoiceList::currentLabel() const { return m_options.value(currentIndex()).label; }

@@ -2,6 +2,8 @@
 
 #include <QtQml/qqml.h>
 
+#include <QAbstractListModel>
+
 #include "app/base/Choice.h"
 
 namespace orv {
@@ -13,7 +15,9 @@ struct ChoiceType {
 };
 
 /// The choices of a control and the one that holds. Stores hand over records; a page may write its own as objects.
-class ChoiceList : public QObject {
+///
+/// As a model it gives each as `modelData`; the same choices with other marks leave the items, and so the focus, alone.
+class ChoiceList : public QAbstractListModel {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QList<orv::Choice> options READ options WRITE setOptions NOTIFY optionsChanged)
@@ -33,6 +37,10 @@ class ChoiceList : public QObject {
   int count() const { return int(m_options.size()); }
   int currentIndex() const { return indexOf(m_current); }
   QString currentLabel() const;
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count(); }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QHash<int, QByteArray> roleNames() const override { return {{Qt::UserRole, "choice"}}; }
 
   Q_INVOKABLE int indexOf(const QString& key) const;
   Q_INVOKABLE QString keyAt(int index) const { return m_options.value(index).key; }

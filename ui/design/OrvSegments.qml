@@ -63,7 +63,7 @@ FocusScope {
         height: root.height - 4
         Repeater {
             id: buttons
-            model: root.options
+            model: choices
             T.AbstractButton {
                 id: segment
                 required property choice modelData

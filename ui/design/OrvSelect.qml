@@ -110,7 +110,7 @@ FocusScope {
             width: Math.max(root.width, 200)
 
             Instantiator {
-                model: root.options
+                model: choices
 
                 OrvMenuItem {
                     required property choice modelData

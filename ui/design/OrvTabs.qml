@@ -32,7 +32,7 @@ FocusScope {
         spacing: 20
         height: root.height
         Repeater {
-            model: root.options
+            model: choices
             Pressable {
                 id: tab
                 required property choice modelData

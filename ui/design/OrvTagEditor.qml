@@ -47,7 +47,7 @@ FieldFrame {
         spacing: 4
 
         Repeater {
-            model: root.tags
+            model: held
 
             OrvChip {
                 required property choice modelData

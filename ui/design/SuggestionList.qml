@@ -46,7 +46,7 @@ T.Popup {
         Accessible.name: "Suggestions"
 
         Repeater {
-            model: root.options
+            model: choices
 
             Rectangle {
                 id: entry

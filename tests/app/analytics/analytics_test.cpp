@@ -69,9 +69,9 @@ QStringList lines(const QVariantList& figures) {
   return lines;
 }
 
-QStringList keys(const QVariantList& choices) {
+QStringList keys(const QList<Choice>& choices) {
   QStringList keys;
-  for (const QVariant& choice : choices) keys.append(choice.toMap().value(u"key"_s).toString());
+  for (const Choice& choice : choices) keys.append(choice.key);
   return keys;
 }
 
@@ -168,7 +168,7 @@ class AnalyticsTest : public QObject {
 
   void presetsInTheirOrder() {
     QStringList labels;
-    for (const QVariant& preset : rangePresets()) labels.append(preset.toMap().value(u"label"_s).toString());
+    for (const Choice& preset : rangePresets()) labels.append(preset.label);
     QCOMPARE(labels, (QStringList{u"Last 7 days"_s, u"Last 4 weeks"_s, u"Last 3 months"_s, u"Month to date"_s,
                                   u"Quarter to date"_s, u"Year to date"_s, u"Last 12 months"_s}));
     QCOMPARE(store->preset(), u"last4w"_s);
@@ -183,7 +183,7 @@ class AnalyticsTest : public QObject {
   }
 
   void aRangeOfOnesOwnIsAskedFor() {
-    const auto labelOfCustom = [this] { return store->ranges().last().toMap().value(u"label"_s).toString(); };
+    const auto labelOfCustom = [this] { return store->ranges().last().label; };
     load();
     RangeForm* form = store->rangeForm();
     QCOMPARE(labelOfCustom(), u"Custom range…"_s);
@@ -411,7 +411,7 @@ class AnalyticsTest : public QObject {
                           u"Meetings: 58 booked, Meetings completed 41"_s}));
     QVERIFY(store->sampleNote().startsWith(u"Sample data: "_s));
     QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c1"_s, u"c9"_s}));
-    QCOMPARE(store->campaignOptions()[2].toMap().value(u"label"_s).toString(), u"c9"_s);
+    QCOMPARE(store->campaignOptions()[2].label, u"c9"_s);
     QCOMPARE(keys(store->mailboxOptions()), QStringList{{}});
     QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
     f->api.expect(summaryCall);
@@ -424,7 +424,7 @@ class AnalyticsTest : public QObject {
     store->setCampaign(u"c1"_s);
     f->api.answer(summaryCall, summaryOf(R"(,"options":{"campaigns":[{"id":"c9"}],"tags":[]})"));
     QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c9"_s, u"c1"_s}));
-    QCOMPARE(store->campaignOptions()[2].toMap().value(u"label"_s).toString(), u"Acme"_s);
+    QCOMPARE(store->campaignOptions()[2].label, u"Acme"_s);
     QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
   }
 

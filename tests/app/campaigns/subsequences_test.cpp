@@ -67,14 +67,14 @@ class SubsequencesTest : public QObject {
     QCOMPARE(row.statusLabel, u"Draft"_s);
     QCOMPARE(row.sent, u"1,204"_s);
     QCOMPARE(row.leads, u"–"_s);
-    QCOMPARE(store->tabs().value(3).toMap().value(u"count"_s).toInt(), 1);
+    QCOMPARE(store->tabs().value(3).count, 1);
   }
 
   void anIncompleteFormSendsNothing() {
     load();
     beginCreate();
     const auto before = f->api.sent().size();
-    for (const QVariant& label : page->labels()) QVERIFY(label.toMap().value(u"key"_s).toString() != "unsubscribe"_L1);
+    for (const Choice& label : page->labels()) QVERIFY(label.key != "unsubscribe"_L1);
     QCOMPARE(page->labels().size(), 2);
     page->create();
     const auto problem = [this](const QString& field) { return page->draft()->problems().value(field).toString(); };

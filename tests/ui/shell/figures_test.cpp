@@ -162,7 +162,7 @@ class FiguresTest : public QObject {
     };
     QTRY_VERIFY(!selects().isEmpty());
     click(selects().first());
-    const QString tag = store().tagOptions()[1].toMap().value(u"label"_s).toString();
+    const QString tag = store().tagOptions()[1].label;
     QTRY_VERIFY(control(tag));
     click(control(tag));
     QTRY_COMPARE(store().tag(), tag);
