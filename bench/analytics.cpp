@@ -1,5 +1,6 @@
 #include <QQmlEngine>
 
+#include "app/analytics/AnalyticsStore.h"
 #include "bench/Frame.h"
 #include "bench/Report.h"
 #include "desktop/scenes/Stage.h"
@@ -49,7 +50,7 @@ bool analytics(Scale scale) {
   auto* router = stage.app().router();
   router->open(Page::analytics);
   stage.settle();
-  auto& summary = *stage.app().session()->analytics()->summary();
+  auto& summary = *stage.app().session()->store<AnalyticsStore>()->summary();
   if (!summary.value()) {
     std::printf("  The figures were not loaded.\n");
     return false;

@@ -1,5 +1,6 @@
 #include <QQuickItem>
 
+#include "app/campaigns/CampaignStore.h"
 #include "bench/Frame.h"
 #include "bench/Report.h"
 #include "desktop/scenes/Stage.h"
@@ -25,7 +26,7 @@ bool waitForSteps(Stage& stage, const SequenceEditor& editor, int steps) {
 
 CampaignStore& open(Stage& stage, const QString& id) {
   stage.app().router()->openCampaign(id);
-  return *stage.app().session()->campaignStore(id);
+  return *stage.app().session()->item<CampaignStore>(Page::campaigns, id);
 }
 
 /// Writes a sequence of that size and has the service keep it.

@@ -6,13 +6,11 @@
 #include <QQmlComponent>
 #include <QSysInfo>
 
-#include "app/shell/Commands.h"
+#include "areaPlugins.h"
 #include "kit/api/APIEnvironment.h"
 
 Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
 Q_IMPORT_QML_PLUGIN(Orvella_AppPlugin)
-Q_IMPORT_QML_PLUGIN(Orvella_AnalyticsPlugin)
-Q_IMPORT_QML_PLUGIN(Orvella_CampaignsPlugin)
 Q_IMPORT_QML_PLUGIN(Orvella_ShellPlugin)
 
 using namespace Qt::Literals::StringLiterals;
@@ -34,11 +32,15 @@ ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, FileForms file
     : m_engine(engine),
       m_fileForms(fileForms),
       m_app(platform),
-      m_palette(platform.preferences, [this] { return commandsOf(m_app); }),
+      m_commands(m_app),
+      m_palette(platform.preferences, [this] { return m_commands.all(); }),
       m_tables(tables) {
   // QML would otherwise take what it is handed from C++ for its own and delete it.
-  for (QObject* object : std::initializer_list<QObject*>{&m_app, &m_palette, tables, fileForms.save, fileForms.open})
+  for (QObject* object :
+       std::initializer_list<QObject*>{&m_app, &m_commands, &m_palette, tables, fileForms.save, fileForms.open})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+  QObject::connect(&m_palette, &CommandPalette::opening, &m_commands, &Commands::prepare);
+  QObject::connect(&m_commands, &Commands::changed, &m_palette, &CommandPalette::renew);
 }
 
 QQuickWindow* ClientWindow::open() {
@@ -51,7 +53,7 @@ QQuickWindow* ClientWindow::open() {
       {u"app"_s, QVariant::fromValue(&m_app)},
       {u"palette"_s, QVariant::fromValue(&m_palette)},
       {u"tables"_s, QVariant::fromValue(m_tables)},
-      {u"shortcuts"_s, shortcutSheet(m_app)},
+      {u"commands"_s, QVariant::fromValue(&m_commands)},
       {u"saveForm"_s, QVariant::fromValue(m_fileForms.save)},
       {u"openForm"_s, QVariant::fromValue(m_fileForms.open)},
   }));

@@ -4,9 +4,10 @@
 #include <QQuickWindow>
 #include <memory>
 
-#include "app/base/Form.h"
+#include "app/base/NameForm.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/CommandPalette.h"
+#include "app/shell/Commands.h"
 #include "ui/design/TableMemory.h"
 
 namespace orv {
@@ -38,6 +39,7 @@ class ClientWindow {
   QQmlEngine& m_engine;
   FileForms m_fileForms;
   AppModel m_app;
+  Commands m_commands;
   CommandPalette m_palette;
   TableMemory* m_tables;
   std::unique_ptr<QQuickWindow> m_window;

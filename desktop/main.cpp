@@ -10,6 +10,7 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include "app/analytics/DashboardStore.h"
 #include "demo/DemoService.h"
 #include "desktop/ClientWindow.h"
 #include "desktop/MemoryKeychain.h"
@@ -70,7 +71,7 @@ double residentMegabytes() {
 
 void endAtContent(QQuickWindow& window, AppModel& app) {
   QObject::connect(&window, &QQuickWindow::frameSwapped, &app, [&app] {
-    if (!app.session() || app.session()->dashboard()->today().isEmpty()) return;
+    if (!app.session() || app.session()->store<DashboardStore>()->today().isEmpty()) return;
     QTextStream(stdout) << "content, " << residentMegabytes() << " MB" << Qt::endl;
     QCoreApplication::quit();
   });

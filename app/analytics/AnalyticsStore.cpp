@@ -54,7 +54,7 @@ void AnalyticsStore::setPreset(const QString& key) {
 QList<Choice> AnalyticsStore::ranges() const {
   QList<Choice> list = rangePresets();
   // While it is in force it is a name, otherwise it is what leads to the question for two dates.
-  list.append(choice(customKey, m_range.isCustom() ? m_range.label() : u"Custom range…"_s));
+  list.append({.key = customKey, .label = m_range.isCustom() ? m_range.label() : u"Custom range…"_s});
   return list;
 }
 
@@ -83,7 +83,20 @@ void AnalyticsStore::setFilter(const Filter& filter) {
 
 void AnalyticsStore::setTab(const QString& name) {
   const auto tab = enumNamed<Tab>(name);
-  if (tab && std::exchange(m_tab, *tab) != *tab) Q_EMIT changed();
+  if (!tab || std::exchange(m_tab, *tab) == *tab) return;
+  Q_EMIT changed();
+  Q_EMIT moved();
+}
+
+QList<PageAction> AnalyticsStore::offered(const QString& record) {
+  QList<PageAction> actions = Store::offered(record);
+  actions.prepend({.key = u"export"_s,
+                   .title = u"Export CSV"_s,
+                   .icon = u"document-export"_s,
+                   .possible = m_summary.hasContent() && !exporting(),
+                   .inMenu = false,
+                   .run = [this] { exportCsv(); }});
+  return actions;
 }
 
 void AnalyticsStore::setDayView(const QString& name) {

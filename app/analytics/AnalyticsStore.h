@@ -125,6 +125,8 @@ class AnalyticsStore final : public Store {
   QVariantList series() const { return m_chart.series(); }
   Q_INVOKABLE void toggleSeries(const QString& key);
 
+  PagePlace where() const override { return {.tab = tabName(), .value = {}}; }
+  void goTo(const PagePlace& place) override { setTab(place.tab); }
   void ensureLoaded() override;
   void refresh() override;
   /// Opens one of the campaigns.
@@ -140,6 +142,9 @@ class AnalyticsStore final : public Store {
   /// Seldom: a menu that was opened before makes its thousand entries anew.
   void optionsChanged();
   void chartChanged();
+
+ protected:
+  QList<PageAction> offered(const QString& record) override;
 
  private:
   struct Filter {

@@ -8,16 +8,16 @@ namespace orv::Pages {
 
 const QList<PageInfo>& all() {
   static const QList<PageInfo> pages{
-      {Page::dashboard, u"Dashboard"_s, u"view-statistics"_s, u'd'},
-      {Page::analytics, u"Analytics"_s, u"office-chart-bar"_s, u'a'},
-      {Page::leads, u"Leads"_s, u"system-users"_s, u'l'},
-      {Page::rampup, u"Rampup"_s, u"view-calendar-timeline"_s, u'r'},
-      {Page::deliverability, u"Deliverability"_s, u"security-high"_s, u'v'},
-      {Page::campaigns, u"Campaigns"_s, u"mail-send"_s, u'c'},
-      {Page::inbox, u"Inbox"_s, u"mail-folder-inbox"_s, u'i'},
-      {Page::accounts, u"Accounts"_s, u"mail-message"_s, u'e'},
-      {Page::inboxSetup, u"Inbox setup"_s, u"tools-wizard"_s, u'b'},
-      {Page::settings, u"Settings"_s, u"configure"_s, u's'},
+      {Page::dashboard, u"Dashboard"_s, u"view-statistics"_s, u'd', Group::figures, false},
+      {Page::analytics, u"Analytics"_s, u"office-chart-bar"_s, u'a', Group::figures},
+      {Page::leads, u"Leads"_s, u"system-users"_s, u'l', Group::audience},
+      {Page::rampup, u"Rampup"_s, u"view-calendar-timeline"_s, u'r', Group::audience},
+      {Page::deliverability, u"Deliverability"_s, u"security-high"_s, u'v', Group::audience},
+      {Page::campaigns, u"Campaigns"_s, u"mail-send"_s, u'c', Group::work},
+      {Page::inbox, u"Inbox"_s, u"mail-folder-inbox"_s, u'i', Group::work},
+      {Page::accounts, u"Accounts"_s, u"mail-message"_s, u'e', Group::work},
+      {Page::inboxSetup, u"Inbox setup"_s, u"tools-wizard"_s, u'b', Group::work},
+      {Page::settings, u"Settings"_s, u"configure"_s, u's', Group::foot, false},
   };
   return pages;
 }

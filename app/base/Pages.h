@@ -43,6 +43,9 @@ enum class SettingsTab {
 };
 Q_ENUM_NS(SettingsTab)
 
+/// Pages that the sidebar keeps together; the last stand at its foot.
+enum class Group { figures, audience, work, foot };
+
 /// What the shell says of a page, beside its name.
 struct PageInfo {
   Page page;
@@ -50,6 +53,9 @@ struct PageInfo {
   QString icon;
   /// Second key of the "go to" chord, in lower case.
   QChar key;
+  Group group;
+  /// Whether a workspace can switch it off; its name is the feature's key then.
+  bool optional = true;
 };
 
 const QList<PageInfo>& all();

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <vector>
 
+#include "app/base/PageAction.h"
 #include "app/base/WorkspaceContext.h"
 #include "kit/async/TaskScope.h"
 
@@ -32,6 +33,27 @@ class Store : public QObject {
   /// Loads again, or for the first time, whatever is loaded by itself or has been asked for.
   Q_INVOKABLE virtual void refresh();
 
+  /// What can be done here or, by its id, with one of the records shown; the person's role is reckoned with.
+  QList<PageAction> actions(const QString& record = {});
+  /// Those of them that a menu shows.
+  Q_INVOKABLE QList<orv::PageAction> menu(const QString& record = {});
+  /// Does it, by key; false when it cannot be done now.
+  Q_INVOKABLE bool act(const QString& key, const QString& record = {});
+
+  /// What the palette finds by name; foundChanged() says that it is other than before.
+  virtual QList<FoundRecord> found() const { return {}; }
+  /// Loads what found() reads.
+  virtual void ensureFound() {}
+
+  /// Where in the page the person is; moved() says that they went elsewhere in it.
+  virtual PagePlace where() const { return {}; }
+  virtual void goTo(const PagePlace&) {}
+  /// Somebody asked for the page itself: it shows what it begins with.
+  virtual void begin() {}
+
+  /// Under memory pressure: lets go of what can be loaded again and is not on the screen.
+  virtual void trim() {}
+
   /// A sentence for each piece of work that the service does not have yet.
   virtual QStringList unsavedWork() const;
   /// Saves what needs no button; true when nothing is left. This object may go while the task waits, which then gives
@@ -53,8 +75,12 @@ class Store : public QObject {
   void roleChanged();
   /// No page shows it any more.
   void left();
+  void moved();
+  void foundChanged();
 
  protected:
+  /// The actions, whatever the role. Asked anew each time, so that they speak of how things are.
+  virtual QList<PageAction> offered(const QString& record);
   APITransport& api() const { return m_context.api(); }
   Services& services() const { return m_context.services(); }
 

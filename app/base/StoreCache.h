@@ -32,7 +32,7 @@ class StoreCache {
   }
 
   /// Called for an evicted object whose work could not be saved.
-  std::function<void(const T&)> onNotSaved;
+  std::function<void(const QString& key, const T&)> onNotSaved;
 
   T* open(const QString& key, const std::function<T*()>& make) {
     T* object = m_objects.value(key);
@@ -120,7 +120,7 @@ class StoreCache {
     // Opened again meanwhile.
     if (m_aside.value(key) != object || isShown(*object)) co_return;
     if (!saved) {
-      if (onNotSaved) onNotSaved(*object);
+      if (onNotSaved) onNotSaved(key, *object);
       co_return;
     }
     m_aside.remove(key);

@@ -58,7 +58,7 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
       m_leads(m_context),
       m_settings(m_context),
       m_subsequences(m_context),
-      m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
+      m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}, context) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
   connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
@@ -116,7 +116,9 @@ QString CampaignStore::mainAction() const {
 
 void CampaignStore::setTab(const QString& name) {
   const auto tab = enumNamed<Tab>(name);
-  if (tab && std::exchange(m_tab, *tab) != *tab) Q_EMIT changed();
+  if (!tab || std::exchange(m_tab, *tab) == *tab) return;
+  Q_EMIT changed();
+  Q_EMIT moved();
 }
 
 QList<Choice> CampaignStore::tabs() const {
@@ -129,8 +131,7 @@ QList<Choice> CampaignStore::tabs() const {
                      tab(Tab::settings, u"Settings"_s)};
   // A subsequence has none of its own.
   const auto subsequences = m_subsequences.count();
-  if (parentId().isEmpty())
-    tabs.append(tab(Tab::subsequences, u"Subsequences"_s, subsequences ? QVariant(*subsequences) : QVariant()));
+  if (parentId().isEmpty()) tabs.append(tab(Tab::subsequences, u"Subsequences"_s, subsequences.value_or(-1)));
   tabs.append(tab(Tab::stats, u"Stats"_s));
   return tabs;
 }
@@ -162,7 +163,7 @@ Task<bool> CampaignStore::flush() {
 void CampaignStore::beginRename() {
   if (!m_campaign.value() || busy() || !canWrite()) return;
   m_renamed = *m_campaign.value();
-  m_rename.show(name());
+  m_rename.show(name(), renameKey(m_id), m_renamed.version);
 }
 
 Task<void> CampaignStore::renameTask(QString name) {

@@ -78,6 +78,13 @@ class CampaignStore final : public Store {
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }
 
+  PagePlace where() const override { return {.tab = tabName(), .value = {}}; }
+  void goTo(const PagePlace& place) override { setTab(place.tab); }
+  /// The list that it is one of.
+  Q_INVOKABLE void openCampaigns() { context().open(Page::campaigns); }
+  /// Another one.
+  Q_INVOKABLE void openCampaign(const QString& id) { context().openItem(Page::campaigns, id); }
+
   /// Loads the open tab's own things again as well.
   Q_INVOKABLE void refreshShown();
 
@@ -106,6 +113,9 @@ class CampaignStore final : public Store {
  Q_SIGNALS:
   void changed();
   void busyChanged();
+
+ protected:
+  QList<PageAction> offered(const QString& record) override;
 
  private:
   Task<bool> checkBeforeLaunch();

@@ -70,14 +70,15 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst)
                  {.failed = u"Couldn’t load archived campaigns"_s, .loadsByItself = false, .isArchive = true}),
       m_rows(m_busy, context.unsaved()),
       m_archivedRows(m_busy, context.unsaved()),
-      m_newCampaign({u"New campaign"_s,
-                     u"Name it after the offer and the list. You pick senders, leads and copy next."_s,
-                     u"Campaign name"_s, u"Create campaign"_s}),
-      m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}) {
+      m_newCampaign(
+          {u"New campaign"_s, u"Name it after the offer and the list. You pick senders, leads and copy next."_s,
+           u"Campaign name"_s, u"Create campaign"_s},
+          context),
+      m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}, context) {
   connect(&m_list, &ResourceBase::changed, this, &CampaignsStore::changed);
-  connect(&m_archived, &ResourceBase::changed, this, &CampaignsStore::changed);
   connect(this, &CampaignsStore::changed, this, &CampaignsStore::tagsChanged);
   connect(this, &CampaignsStore::figuresChanged, this, &CampaignsStore::tagsChanged);
+  connect(&m_archived, &ResourceBase::changed, this, &CampaignsStore::changed);
   connect(&m_list, &ResourceBase::valueChanged, this, &CampaignsStore::listArrived);
   connect(&m_archived, &ResourceBase::valueChanged, this, &CampaignsStore::archiveArrived);
   connect(&m_busy, &BusySet::changed, this, &CampaignsStore::busyChanged);
@@ -127,6 +128,7 @@ void CampaignsStore::setQuery(const QString& text) {
   auto query = m_query;
   query.query = text;
   ask(query);
+  Q_EMIT moved();
 }
 
 QStringList CampaignsStore::tags() const {
@@ -135,8 +137,6 @@ QStringList CampaignsStore::tags() const {
   return tags;
 }
 
-void CampaignsStore::toggleTag(const QString& tag) {
-  auto query = m_query;
 QList<Choice> CampaignsStore::tagOptions() const {
   QList<Choice> options;
   for (const QString& tag : m_index.tags())
@@ -144,6 +144,8 @@ QList<Choice> CampaignsStore::tagOptions() const {
   return options;
 }
 
+void CampaignsStore::toggleTag(const QString& tag) {
+  auto query = m_query;
   if (!query.tags.remove(tag)) query.tags.insert(tag);
   ask(query);
 }
@@ -178,6 +180,7 @@ void CampaignsStore::setShowArchived(bool shown) {
   if (std::exchange(m_showArchived, shown) == shown) return;
   if (shown) m_archived.ensureLoaded();
   Q_EMIT changed();
+  Q_EMIT moved();
 }
 
 int CampaignsStore::archivedCount() const {
@@ -226,6 +229,15 @@ QString CampaignsStore::createHint() const { return canCreate() ? QString() : u"
 
 void CampaignsStore::refresh() { m_showArchived ? m_archived.load() : m_list.load(); }
 
+PagePlace CampaignsStore::where() const {
+  return {.tab = m_showArchived ? u"archived"_s : QString(), .value = m_showArchived ? QString() : m_query.query};
+}
+
+void CampaignsStore::goTo(const PagePlace& place) {
+  setShowArchived(!place.tab.isEmpty());
+  if (place.tab.isEmpty()) setQuery(place.value);
+}
+
 void CampaignsStore::open(const QString& id) { context().openItem(Page::campaigns, id); }
 
 void CampaignsStore::beginCreate() {
@@ -233,14 +245,14 @@ void CampaignsStore::beginCreate() {
     services().toasts.show({.message = createHint()});
     return;
   }
-  m_newCampaign.show();
+  m_newCampaign.show({}, u"campaigns/new"_s);
 }
 
 void CampaignsStore::beginRename(const QString& id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || m_busy.contains(id) || !canWrite()) return;
   m_renamed = *campaign;
-  m_rename.show(campaign->name);
+  m_rename.show(campaign->name, renameKey(id), campaign->version);
 }
 
 Task<void> CampaignsStore::createTask(QString name) {
@@ -374,6 +386,7 @@ void CampaignsStore::listArrived() {
   m_index = CampaignIndex(m_list.value()->items);
   m_rows.update(m_index.visible(m_query));
   Q_EMIT figuresChanged();
+  Q_EMIT foundChanged();
 }
 
 void CampaignsStore::archiveArrived() {

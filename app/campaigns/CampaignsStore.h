@@ -89,6 +89,11 @@ class CampaignsStore final : public Store {
 
   /// Loads what is on screen again.
   void refresh() override;
+  QList<FoundRecord> found() const override;
+  void ensureFound() override { m_list.ensureLoaded(); }
+  PagePlace where() const override;
+  void goTo(const PagePlace& place) override;
+  void begin() override { setShowArchived(false); }
   Q_INVOKABLE void toggleTag(const QString& tag);
   /// An empty key is the service's order.
   Q_INVOKABLE void sort(const QString& key, bool descending);
@@ -122,12 +127,15 @@ class CampaignsStore final : public Store {
   void changed();
   /// What is counted over the whole list. Apart from `changed`, so that a keystroke in the search field counts nothing.
   void figuresChanged();
+  void tagsChanged();
   void busyChanged();
+
+ protected:
+  QList<PageAction> offered(const QString& record) override;
 
  private:
   Task<bool> savedFirst(QString id);
   const CampaignSummary* find(const QString& id) const;
-  void tagsChanged();
   void take(const Change<Campaign>& change);
   void takeArchived(const Change<Archived<Campaign>>& change);
   void listArrived();

@@ -46,19 +46,17 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_jobs,
                  m_platform.baseURL},
       m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening),
+      m_openPage(m_router),
       m_departure(
           m_platform.clock, m_overlays, m_jobs,
           {.unsaved = [this] { return m_sessions.unsavedWork(); }, .flush = [this] { return m_sessions.flush(); }}) {
-  m_sessions.onNotSaved = [this](const WorkspaceSession& session) {
+  m_sessions.onNotSaved = [this](const QString& workspace, const WorkspaceSession& session) {
     m_toasts.show({.message = u"Unsaved changes in %1"_s.arg(session.name()),
                    .tone = Toasts::Tone::error,
                    .actionLabel = u"Open"_s,
-                   .action = [this, slug = session.slug()] { openWorkspace(slug); },
+                   .action = [this, workspace] { openWorkspace(workspace); },
                    .detail = session.unsavedWork().join(u'\n')});
   };
-  connect(&m_router, &Router::pageAsked, this, [this](Page page) {
-    if (page == Page::campaigns && m_session) m_session->campaigns()->setShowArchived(false);
-  });
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };
@@ -68,12 +66,13 @@ AppModel::AppModel(Platform platform, QObject* parent)
     std::ranges::sort(kept, std::greater(), &Journal::Entry::keptAt);
     for (const Journal::Entry& entry : kept) {
       const QStringList name = entry.key.name.split(u'/');
-      if (name.value(0) != "campaigns"_L1) continue;
+      const auto page = Pages::pageNamed(name.value(0));
+      if (!page || name.value(1).isEmpty()) continue;
       m_toasts.show({.message = u"Unsaved work was kept from last time"_s,
                      .actionLabel = u"Open"_s,
-                     .action = [this, slug = entry.key.workspace, id = name.value(1)] {
+                     .action = [this, slug = entry.key.workspace, at = *page, id = name.value(1)] {
                        openWorkspace(slug);
-                       m_router.openItem(Page::campaigns, id);
+                       m_router.openItem(at, id);
                      }});
       return;
     }
@@ -166,6 +165,7 @@ void AppModel::open(const WorkspaceSummary& workspace) {
   m_current = workspace;
   m_router.setWorkspace(workspace.slug);
   m_router.setFeaturesOff(m_session->featuresOff());
+  m_openPage.setSession(m_session);
   m_stored->currentSlug = workspace.slug;
   keep();
   Q_EMIT changed();
@@ -355,10 +355,11 @@ void AppModel::leave(Leaving why) {
   m_kept.reset();
   m_current.reset();
   m_session = nullptr;
+  // Screens let go of their stores before the stores go.
+  m_openPage.setSession(nullptr);
   m_phase = Phase::signedOut;
   m_signIn.reset();
   m_router.reset();
-  // Screens let go of their stores before the stores go.
   Q_EMIT changed();
   m_sessions.clear();
   for (const QString& name : m_jobs.clear())

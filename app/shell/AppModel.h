@@ -13,6 +13,7 @@
 #include "app/base/desktop/MemoryPressure.h"
 #include "app/shell/Appearance.h"
 #include "app/shell/Departure.h"
+#include "app/shell/OpenPage.h"
 #include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
 #include "app/shell/WorkspaceSession.h"
@@ -53,6 +54,7 @@ class AppModel final : public QObject {
   Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY changed)
   Q_PROPERTY(orv::WorkspaceSession* session READ session NOTIFY changed)
   Q_PROPERTY(orv::Router* router READ router CONSTANT)
+  Q_PROPERTY(orv::OpenPage* openPage READ openPage CONSTANT)
   Q_PROPERTY(orv::Toasts* toasts READ toasts CONSTANT)
   Q_PROPERTY(orv::Overlays* overlays READ overlays CONSTANT)
   Q_PROPERTY(orv::SignInModel* signIn READ signIn CONSTANT)
@@ -89,6 +91,7 @@ class AppModel final : public QObject {
   QVariantList workspaces() const;
 
   Router* router() { return &m_router; }
+  OpenPage* openPage() { return &m_openPage; }
   Toasts* toasts() { return &m_toasts; }
   Overlays* overlays() { return &m_overlays; }
   SignInModel* signIn() { return &m_signIn; }
@@ -157,6 +160,7 @@ class AppModel final : public QObject {
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
   StoreCache<WorkspaceSession> m_sessions;
+  OpenPage m_openPage;
   Departure m_departure;
   QHash<QString, std::weak_ptr<WorkspaceContext>> m_contexts;
 

@@ -44,10 +44,16 @@ QString CommandPalette::resultsText() const { return Format::counted(m_shown.siz
 QString CommandPalette::nothingText() const { return u"Nothing matches “"_s + m_query.trimmed() + u'”'; }
 
 void CommandPalette::prepare() {
+  Q_EMIT opening();
   m_commands = m_source();
   m_query.clear();
   show();
   Q_EMIT queryChanged();
+}
+
+void CommandPalette::renew() {
+  m_commands = m_source();
+  if (!m_query.isEmpty()) show();
 }
 
 bool CommandPalette::choose(int row) {
@@ -55,14 +61,6 @@ bool CommandPalette::choose(int row) {
   const Command command = m_shown[row];
   remember(command.id);
   command.run();
-  return true;
-}
-
-bool CommandPalette::run(const QString& id) {
-  const auto commands = m_source();
-  const auto command = std::ranges::find(commands, id, &Command::id);
-  if (command == commands.end()) return false;
-  command->run();
   return true;
 }
 
@@ -79,10 +77,10 @@ QList<Command> CommandPalette::recents() const {
 }
 
 QList<Command> CommandPalette::suggestions() const {
-  // A workspace may have thousands of campaigns; nobody reads through them to find the pages behind.
+  // A workspace may have thousands of records; nobody reads through them to find the pages behind.
   QList<Command> shown;
   for (const Command& command : m_commands)
-    if (!command.id.startsWith("campaign."_L1)) shown.append(command);
+    if (!command.id.startsWith("record."_L1)) shown.append(command);
   return shown;
 }
 

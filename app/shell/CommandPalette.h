@@ -30,7 +30,7 @@ class CommandPalette final : public ListModel {
   static constexpr qsizetype recentsAtMost = 8;
   enum Role { IdRole = Qt::UserRole, GroupRole, TitleRole, SubtitleRole, IconRole, KeysRole };
 
-  /// `commands` is asked anew whenever the palette opens.
+  /// `commands` is asked anew whenever the palette opens, and when renew() says that there are others.
   CommandPalette(Preferences& preferences, std::function<QList<Command>()> commands, QObject* parent = nullptr);
 
   QString query() const { return m_query; }
@@ -41,16 +41,18 @@ class CommandPalette final : public ListModel {
 
   /// Gathers the commands and starts with an empty query.
   Q_INVOKABLE void prepare();
+  /// More is found than when it was opened; what was typed stays.
+  void renew();
   /// Runs the row's command and remembers it. False when the row is gone.
   Q_INVOKABLE bool choose(int row);
-  /// The same by id, for shortcuts and menus; nothing is remembered.
-  Q_INVOKABLE bool run(const QString& id);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QHash<int, QByteArray> roleNames() const override;
 
  Q_SIGNALS:
+  /// It opens: what it finds by name may have to be loaded.
+  void opening();
   void queryChanged();
 
  private:

@@ -1,13 +1,33 @@
 #include "app/shell/Commands.h"
 
-#include "kit/models/campaigns/campaignSummary.h"
+#include "app/shell/Areas.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
-void addPages(AppModel& app, QList<Command>& commands) {
+const auto actionsGroup = u"Actions"_s;
+
+Command commandOf(const QString& page, const PageAction& action, const QString& subtitle) {
+  return {page + u'.' + action.key,
+          actionsGroup,
+          action.inPalette.isEmpty() ? action.title : action.inPalette,
+          subtitle,
+          action.icon,
+          action.keys,
+          {}};
+}
+
+QVariantMap line(const QString& group, const QString& title, const QString& keys) {
+  return {{u"group"_s, group}, {u"title"_s, title}, {u"keys"_s, keys.split(u' ')}};
+}
+
+}  // namespace
+
+Commands::Commands(AppModel& app, QObject* parent) : QObject(parent), m_app(app) {}
+
+void Commands::addPages(QList<Command>& commands) const {
   for (const auto& info : Pages::all()) {
     commands.append({u"page."_s + Pages::name(info.page),
                      u"Pages"_s,
@@ -15,29 +35,47 @@ void addPages(AppModel& app, QList<Command>& commands) {
                      {},
                      info.icon,
                      u"G "_s + info.key.toUpper(),
-                     [&app, page = info.page] { app.router()->open(page); }});
+                     [&app = m_app, page = info.page] { app.router()->open(page); }});
   }
 }
 
-void addActions(AppModel& app, QList<Command>& commands) {
-  const auto inCampaigns = [&app](void (*act)(CampaignsStore&)) {
-    return [&app, act] {
-      app.router()->open(Page::campaigns);
-      if (auto* session = app.session()) act(*session->campaigns());
+void Commands::addOpenPage(QList<Command>& commands) const {
+  const Router& router = *m_app.router();
+  const bool isItem = !router.openedItem(router.page()).isEmpty();
+  const QString page = Pages::name(router.page()) + (isItem ? u".item"_s : QString());
+  for (const PageAction& action : m_app.openPage()->actions()) {
+    if (!action.possible) continue;
+    Command command = commandOf(page, action, Pages::info(router.page()).title);
+    command.run = [store = QPointer(m_app.openPage()->store()), key = action.key] {
+      if (store) store->act(key);
     };
-  };
-  const QString actions = u"Actions"_s, campaigns = u"Campaigns"_s;
-  commands.append({u"campaigns.new"_s, actions, u"New campaign"_s, campaigns, u"list-add"_s, u"N"_s,
-                   inCampaigns([](CampaignsStore& store) { store.beginCreate(); })});
-  commands.append({u"campaigns.archived"_s,
-                   actions,
-                   u"Archived campaigns"_s,
-                   campaigns,
-                   u"archive-insert"_s,
-                   {},
-                   inCampaigns([](CampaignsStore& store) { store.setShowArchived(true); })});
-  commands.append({u"campaigns.refresh"_s, actions, u"Refresh campaigns"_s, campaigns, u"view-refresh"_s, u"F5"_s,
-                   inCampaigns([](CampaignsStore& store) { store.refresh(); })});
+    commands.append(command);
+  }
+}
+
+void Commands::addOtherPages(QList<Command>& commands) const {
+  WorkspaceSession* session = m_app.session();
+  if (!session) return;
+  for (const auto& info : Pages::all()) {
+    Store* store = session->store(Pages::name(info.page));
+    if (!store || store == m_app.openPage()->store()) continue;
+    for (const PageAction& action : store->actions()) {
+      if (!action.anywhere || !action.possible) continue;
+      Command command = commandOf(Pages::name(info.page), action, info.title);
+      // Its keys are those of its page.
+      command.keys.clear();
+      command.run = [&app = m_app, page = info.page, there = QPointer(store), key = action.key] {
+        app.router()->open(page);
+        if (there && app.openPage()->store() == there) there->act(key);
+      };
+      commands.append(command);
+    }
+  }
+}
+
+void Commands::addGeneral(QList<Command>& commands) const {
+  AppModel& app = m_app;
+  const QString actions = actionsGroup;
   for (const auto& [theme, title] :
        {std::pair{u"system"_s, u"Use the desktop’s theme"_s}, std::pair{u"light"_s, u"Use the light theme"_s},
         std::pair{u"dark"_s, u"Use the dark theme"_s}}) {
@@ -56,21 +94,26 @@ void addActions(AppModel& app, QList<Command>& commands) {
       {u"sign-out"_s, actions, u"Sign out"_s, app.userEmail(), u"system-users"_s, {}, [&app] { app.signOut(); }});
 }
 
-void addCampaigns(AppModel& app, QList<Command>& commands) {
-  const CampaignList* list = app.session() ? app.session()->campaigns()->list()->value() : nullptr;
-  if (!list) return;
-  for (const CampaignSummary& campaign : list->items) {
-    commands.append({u"campaign."_s + campaign.id,
-                     u"Campaigns"_s,
-                     campaign.name,
-                     campaign.status.label(),
-                     u"mail-send"_s,
-                     {},
-                     [&app, id = campaign.id] { app.router()->openCampaign(id); }});
+void Commands::addRecords(QList<Command>& commands) const {
+  WorkspaceSession* session = m_app.session();
+  if (!session) return;
+  for (const auto& info : Pages::all()) {
+    const Store* store = session->store(Pages::name(info.page));
+    if (!store) continue;
+    for (const FoundRecord& record : store->found()) {
+      commands.append({u"record."_s + Pages::name(info.page) + u'.' + record.id,
+                       info.title,
+                       record.name,
+                       record.detail,
+                       info.icon,
+                       {},
+                       [&app = m_app, page = info.page, id = record.id] { app.router()->openItem(page, id); }});
+    }
   }
 }
 
-void addWorkspaces(AppModel& app, QList<Command>& commands) {
+void Commands::addWorkspaces(QList<Command>& commands) const {
+  AppModel& app = m_app;
   if (!app.stored()) return;
   for (const WorkspaceSummary& workspace : app.stored()->workspaces) {
     if (app.current() && app.current()->slug == workspace.slug) continue;
@@ -84,7 +127,8 @@ void addWorkspaces(AppModel& app, QList<Command>& commands) {
   }
 }
 
-void addSettings(AppModel& app, QList<Command>& commands) {
+void Commands::addSettings(QList<Command>& commands) const {
+  AppModel& app = m_app;
   for (const auto& info : Pages::allTabs()) {
     commands.append({u"settings."_s + Pages::name(info.tab),
                      u"Settings"_s,
@@ -96,28 +140,35 @@ void addSettings(AppModel& app, QList<Command>& commands) {
   }
 }
 
-QVariantMap line(const QString& group, const QString& title, const QString& keys) {
-  return {{u"group"_s, group}, {u"title"_s, title}, {u"keys"_s, keys.split(u' ')}};
+void Commands::prepare() {
+  WorkspaceSession* session = m_app.session();
+  if (!session) return;
+  for (const auto& info : Pages::all()) {
+    Store* store = session->store(Pages::name(info.page));
+    if (!store) continue;
+    store->ensureFound();
+    connect(store, &Store::foundChanged, this, &Commands::changed, Qt::UniqueConnection);
+  }
 }
 
-}  // namespace
-
-QList<Command> commandsOf(AppModel& app) {
+QList<Command> Commands::all() const {
   QList<Command> commands;
-  addPages(app, commands);
-  addActions(app, commands);
-  addCampaigns(app, commands);
-  addWorkspaces(app, commands);
-  addSettings(app, commands);
+  addPages(commands);
+  addOpenPage(commands);
+  addOtherPages(commands);
+  addGeneral(commands);
+  addRecords(commands);
+  addWorkspaces(commands);
+  addSettings(commands);
   return commands;
 }
 
-QVariantList shortcutSheet(AppModel& app) {
+QVariantList Commands::sheet() const {
   QVariantList lines{line(u"Anywhere"_s, u"Search or go to…"_s, u"Ctrl+K"_s),
                      line(u"Anywhere"_s, u"Back to the last place"_s, u"Alt+Left"_s),
                      line(u"Anywhere"_s, u"Forward again"_s, u"Alt+Right"_s),
                      line(u"Anywhere"_s, u"Next pane, messages"_s, u"F6"_s)};
-  for (const Command& command : commandsOf(app))
+  for (const Command& command : all())
     if (!command.keys.isEmpty()) lines.append(line(command.group, command.title, command.keys));
   const QString table = u"Table"_s;
   for (const auto& [title, keys] :

@@ -5,12 +5,35 @@
 
 namespace orv {
 
-/// Everything that can be done from anywhere, in the palette's order: pages, actions, campaigns, workspaces, settings.
+/// Everything that can be done from anywhere, in the palette's order: pages, actions, records, workspaces, settings.
 /// The palette, the shortcut sheet and the shortcuts all read this one list.
-QList<Command> commandsOf(AppModel& app);
+class Commands final : public QObject {
+  Q_OBJECT
 
-/// The shortcut sheet's lines: group, title and keys of every command that has keys, and of what controls do by
-/// themselves.
-QVariantList shortcutSheet(AppModel& app);
+ public:
+  explicit Commands(AppModel& app, QObject* parent = nullptr);
+
+  QList<Command> all() const;
+  /// The shortcut sheet's lines: group, title and keys of every command that has keys, and of what controls do by
+  /// themselves.
+  Q_INVOKABLE QVariantList sheet() const;
+  /// Has loaded what is found by name.
+  void prepare();
+
+ Q_SIGNALS:
+  /// Something else is found by name.
+  void changed();
+
+ private:
+  void addPages(QList<Command>& commands) const;
+  void addOpenPage(QList<Command>& commands) const;
+  void addOtherPages(QList<Command>& commands) const;
+  void addGeneral(QList<Command>& commands) const;
+  void addRecords(QList<Command>& commands) const;
+  void addWorkspaces(QList<Command>& commands) const;
+  void addSettings(QList<Command>& commands) const;
+
+  AppModel& m_app;
+};
 
 }  // namespace orv

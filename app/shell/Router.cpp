@@ -11,7 +11,7 @@ Router::Router(Preferences& preferences, Clock& clock, QObject* parent)
 void Router::open(Page page) {
   if (!show(page)) return;
   clearSelections();
-  remember();
+  remember({.tab = page == Page::settings ? settingsTabName() : QString()});
   Q_EMIT pageAsked(page);
   Q_EMIT changed();
 }
@@ -20,7 +20,7 @@ void Router::openItem(Page page, const QString& id) {
   const auto selection = selectionOf(page);
   if (!selection || !show(page)) return;
   this->*selection = id;
-  remember();
+  remember({});
   Q_EMIT changed();
 }
 
@@ -32,18 +32,38 @@ QString Router::openedItem(Page page) const {
 void Router::openSettings(SettingsTab tab) {
   if (!show(Page::settings)) return;
   m_settingsTab = tab;
-  remember();
+  remember({.tab = settingsTabName()});
   Q_EMIT changed();
 }
 
-Router::Place Router::here() const { return {m_page, openedItem(m_page), m_settingsTab}; }
-
-void Router::remember() {
-  if (m_places[m_at] == here()) return;
+void Router::remember(const PagePlace& within) {
+  const Place place{m_page, openedItem(m_page), within};
+  const Place& last = m_places[m_at];
+  // The page itself says where in it somebody is who opens it again.
+  if (last == place || (within == PagePlace() && last.page == place.page && last.item == place.item)) return;
+  m_typedAt = {};
   m_places.resize(m_at + 1);
-  m_places.append(here());
+  m_places.append(place);
   if (m_places.size() > placesAtMost) m_places.removeFirst();
   m_at = m_places.size() - 1;
+}
+
+void Router::moveTo(const PagePlace& place) {
+  const PagePlace last = m_places[m_at].within;
+  if (last == place) return;
+  const QDateTime now = m_clock.now();
+  const bool typesOn = last.tab == place.tab && m_typedAt.isValid() && m_typedAt.msecsTo(now) < typingRest.count();
+  if (typesOn)
+    m_places[m_at].within = place;
+  else
+    remember(place);
+  m_typedAt = last.tab == place.tab ? now : QDateTime();
+  Q_EMIT changed();
+}
+
+void Router::amendPlace(const PagePlace& place) {
+  // The settings' tab is the router's own.
+  if (m_page != Page::settings) m_places[m_at].within = place;
 }
 
 void Router::goTo(qsizetype place) {
@@ -51,11 +71,13 @@ void Router::goTo(qsizetype place) {
   const Place to = m_places[place];
   // A feature that was switched off meanwhile is said to be off; the way through it stays open.
   m_at = place;
+  m_typedAt = {};
   if (!show(to.page)) return;
   clearSelections();
   if (const auto selection = selectionOf(to.page)) this->*selection = to.item;
-  m_settingsTab = to.tab;
+  if (to.page == Page::settings) m_settingsTab = Pages::tabNamed(to.within.tab).value_or(SettingsTab::account);
   Q_EMIT changed();
+  Q_EMIT walked(to.within);
 }
 
 void Router::setPaletteOpen(bool open) {
@@ -101,7 +123,9 @@ QVariantList Router::pages() {
     list.append(QVariantMap{{u"page"_s, Pages::name(info.page)},
                             {u"title"_s, info.title},
                             {u"iconName"_s, info.icon},
-                            {u"key"_s, QString(info.key.toUpper())}});
+                            {u"key"_s, QString(info.key.toUpper())},
+                            {u"group"_s, int(info.group)},
+                            {u"atFoot"_s, info.group == Pages::Group::foot}});
   return list;
 }
 
@@ -112,10 +136,12 @@ QString Router::title() const {
 
 void Router::setFeaturesOff(QSet<QString> features) {
   m_featuresOff = std::move(features);
-  if (!m_featuresOff.contains(Pages::name(m_page))) return;
+  if (!isOff(m_page)) return;
   for (const auto& info : Pages::all())
-    if (!m_featuresOff.contains(Pages::name(info.page))) return open(info.page);
+    if (!isOff(info.page)) return open(info.page);
 }
+
+bool Router::isOff(Page page) const { return Pages::info(page).optional && m_featuresOff.contains(Pages::name(page)); }
 
 void Router::reset() {
   clearSelections();
@@ -125,13 +151,14 @@ void Router::reset() {
   m_goTimer.cancel();
   m_offFeature.clear();
   m_migrationPick.clear();
-  m_places = {here()};
+  m_places = {{m_page, {}, {}}};
   m_at = 0;
+  m_typedAt = {};
   Q_EMIT changed();
 }
 
 bool Router::show(Page page) {
-  if (m_featuresOff.contains(Pages::name(page))) {
+  if (isOff(page)) {
     m_offFeature = Pages::name(page);
     Q_EMIT changed();
     return false;

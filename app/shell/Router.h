@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -8,6 +9,7 @@
 #include <optional>
 
 #include "app/base/Navigator.h"
+#include "app/base/PageAction.h"
 #include "app/base/desktop/Preferences.h"
 #include "kit/async/Clock.h"
 #include "kit/async/TaskScope.h"
@@ -38,7 +40,7 @@ class Router final : public QObject, public Navigator {
  public:
   Router(Preferences& preferences, Clock& clock, QObject* parent = nullptr);
 
-  /// Name (as `page`), title, icon and chord key of each page, in the sidebar's order.
+  /// Name (as `page`), title, icon, chord key and group of each page, in the sidebar's order.
   static QVariantList pages();
 
   Page page() const { return m_page; }
@@ -82,6 +84,11 @@ class Router final : public QObject, public Navigator {
   bool canGoForward() const { return m_at + 1 < m_places.size(); }
   Q_INVOKABLE void goBack() { goTo(m_at - 1); }
   Q_INVOKABLE void goForward() { goTo(m_at + 1); }
+  /// The person went elsewhere within the open page: to another tab, or on with a search. What is typed in one go is
+  /// one place.
+  void moveTo(const PagePlace& place);
+  /// Says where in the open page they are, as a page is shown.
+  void amendPlace(const PagePlace& place);
   void setPaletteOpen(bool open);
   void setShortcutsOpen(bool open);
   void setCollapsed(bool collapsed);
@@ -100,23 +107,27 @@ class Router final : public QObject, public Navigator {
   void changed();
   /// Somebody asked for the page itself, be it the open one: it shows what it begins with.
   void pageAsked(orv::Pages::Page page);
+  /// Back or forward: the page shows what it showed then.
+  void walked(const orv::PagePlace& place);
 
  private:
-  /// Where the person was: a page, and what was open in it.
+  /// Where the person was: a page, what was open in it, and where in that.
   struct Place {
     Page page;
     QString item;
-    SettingsTab tab;
+    PagePlace within;
     bool operator==(const Place&) const = default;
   };
 
   static constexpr qsizetype placesAtMost = 20;
-  Place here() const;
+  /// Who types on after a shorter rest is still typing the same.
+  static constexpr std::chrono::milliseconds typingRest{1500};
   /// What lay ahead is given up, as everywhere.
-  void remember();
+  void remember(const PagePlace& within);
   void goTo(qsizetype place);
   /// Where the page keeps which of its records is open; null for pages that have none.
   static QString Router::*selectionOf(Page page);
+  bool isOff(Page page) const;
   bool show(Page page);
   void clearSelections();
   Task<void> endGo();
@@ -141,8 +152,10 @@ class Router final : public QObject, public Navigator {
   bool m_goPending = false;
   TaskSlot m_goTimer;
   /// Oldest first; the one at m_at is shown.
-  QList<Place> m_places{here()};
+  QList<Place> m_places{{m_page, {}, {}}};
   qsizetype m_at = 0;
+  /// When the value of the place was last changed; invalid once something else happened.
+  QDateTime m_typedAt;
 };
 
 }  // namespace orv

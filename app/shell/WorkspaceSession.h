@@ -1,43 +1,46 @@
 #pragma once
 
 #include <QSet>
+#include <map>
 #include <memory>
 
-#include "app/analytics/AnalyticsStore.h"
-#include "app/analytics/DashboardStore.h"
+#include "app/base/Area.h"
 #include "app/base/StoreCache.h"
-#include "app/campaigns/CampaignStore.h"
-#include "app/campaigns/CampaignsStore.h"
 
 namespace orv {
 
-/// One opened workspace: the stores of its pages.
-class WorkspaceSession final : public QObject {
+/// One opened workspace: the stores of its areas.
+class WorkspaceSession final : public QObject, public WorkspaceStores {
   Q_OBJECT
   Q_PROPERTY(QString slug READ slug CONSTANT)
   Q_PROPERTY(QString name READ name NOTIFY workspaceChanged)
   Q_PROPERTY(QString role READ role NOTIFY workspaceChanged)
-  Q_PROPERTY(orv::CampaignsStore* campaigns READ campaigns CONSTANT)
-  Q_PROPERTY(orv::AnalyticsStore* analytics READ analytics CONSTANT)
-  Q_PROPERTY(orv::DashboardStore* dashboard READ dashboard CONSTANT)
 
  public:
-  static constexpr qsizetype campaignStoresAtMost = 8;
-
   explicit WorkspaceSession(std::shared_ptr<WorkspaceContext> context, QObject* parent = nullptr);
+  ~WorkspaceSession() override;
 
-  WorkspaceContext& context() const { return *m_context; }
+  WorkspaceContext& context() const override { return *m_context; }
   QString slug() const { return m_context->workspace().slug; }
   QString name() const { return m_context->workspace().name; }
   QString role() const { return m_context->workspace().role.rawValue; }
 
-  /// Made when first asked for, as are the stores of the other pages.
-  CampaignsStore* campaigns();
-  AnalyticsStore* analytics() { return store(m_analytics); }
-  DashboardStore* dashboard() { return store(m_dashboard); }
-  /// The store of one campaign, from a cache of eight; the first opened goes first.
-  Q_INVOKABLE orv::CampaignStore* campaignStore(const QString& id);
-  const QStringList& campaignOrder() const { return m_campaignStores.keys(); }
+  /// Null where no area has a store of that name.
+  Store* store(const QString& name) override;
+  /// The store of one record of the page, from the page's cache; the first opened goes first.
+  Store* item(Page page, const QString& id);
+  Store* keptItem(Page page, const QString& id) const override;
+  QStringList itemOrder(Page page) const;
+
+  /// By their types, for who knows the area.
+  template <class S>
+  S* store() {
+    return static_cast<S*>(store(nameOf(S::staticMetaObject)));
+  }
+  template <class S>
+  S* item(Page page, const QString& id) {
+    return qobject_cast<S*>(item(page, id));
+  }
 
   const QSet<QString>& featuresOff() const { return m_featuresOff; }
 
@@ -55,23 +58,13 @@ class WorkspaceSession final : public QObject {
   void workspaceChanged();
 
  private:
-  template <class S, class... Arguments>
-  S* store(std::unique_ptr<S>& place, Arguments&&... arguments) {
-    if (!place) {
-      place = std::make_unique<S>(*m_context, std::forward<Arguments>(arguments)...);
-      m_stores.push_back(place.get());
-    }
-    return place.get();
-  }
-  Task<QString> saveCampaign(QString id);
+  static QString nameOf(const QMetaObject& type);
+  StoreCache<Store>* itemsOf(const AreaPage& page);
 
   std::shared_ptr<WorkspaceContext> m_context;
-  std::unique_ptr<CampaignsStore> m_campaigns;
-  std::unique_ptr<AnalyticsStore> m_analytics;
-  std::unique_ptr<DashboardStore> m_dashboard;
-  /// Those above that have been made.
-  std::vector<Store*> m_stores;
-  StoreCache<CampaignStore> m_campaignStores;
+  /// In the order in which they were made.
+  std::vector<std::pair<QString, std::unique_ptr<Store>>> m_stores;
+  std::map<Page, StoreCache<Store>> m_items;
   QSet<QString> m_featuresOff;
 };
 

@@ -1,3 +1,4 @@
+#include "app/analytics/AnalyticsStore.h"
 #include "desktop/scenes/Scene.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,7 +11,7 @@ using Mode = StagedTransport::Mode;
 AnalyticsStore& openAnalytics(Stage& stage) {
   stage.app().router()->open(Page::analytics);
   stage.settle();
-  return *stage.app().session()->analytics();
+  return *stage.app().session()->store<AnalyticsStore>();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+#include "app/campaigns/CampaignStore.h"
 #include "desktop/scenes/Scene.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,7 +16,7 @@ CampaignStore& openCampaign(Stage& stage, const QString& status) {
   const auto& items = stage.openCampaigns().list()->value()->items;
   const auto found = std::ranges::find(items, status, [](const CampaignSummary& item) { return item.status.rawValue; });
   stage.app().router()->openCampaign(found->id);
-  return *stage.app().session()->campaignStore(found->id);
+  return *stage.app().session()->item<CampaignStore>(Page::campaigns, found->id);
 }
 
 CampaignStore& openTab(Stage& stage, const QString& status, const QString& tab) {
@@ -160,8 +161,8 @@ QList<Scene> leadScenes() {
       {u"leads-ticked"_s,
        [](Stage& s) {
          auto& leads = openLeads(s);
-         leads.toggle(firstLead(leads));
-         leads.toggle(leads.rows()->records()[2].id);
+         leads.selection()->toggle(firstLead(leads));
+         leads.selection()->toggle(leads.rows()->records()[2].id);
        }},
       {u"leads-drawer"_s,
        [](Stage& s) {
@@ -206,7 +207,7 @@ QList<Scene> leadScenes() {
        [](Stage& s) {
          auto& adding = *openLeads(s).adding();
          adding.show(u"manual"_s);
-         adding.setEmail(u"jo@lead.example"_s);
+         adding.draft()->set(u"email"_s, u"jo@lead.example"_s);
          s.transport().mode = StagedTransport::Mode::holding;
          adding.submit();
          adding.dismiss();

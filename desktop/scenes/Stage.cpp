@@ -157,7 +157,7 @@ Stage::~Stage() = default;
 CampaignsStore& Stage::openCampaigns() {
   app().router()->open(Page::campaigns);
   settle();
-  return *app().session()->campaigns();
+  return *app().session()->store<CampaignsStore>();
 }
 
 void Stage::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text) {

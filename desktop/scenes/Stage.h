@@ -4,6 +4,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "app/campaigns/CampaignsStore.h"
 #include "demo/DemoService.h"
 #include "desktop/ClientWindow.h"
 #include "desktop/MemoryKeychain.h"

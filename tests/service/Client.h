@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "kit/api/APIClient.h"
 #include "kit/models/campaigns/campaignSummary.h"
@@ -48,7 +49,7 @@ class Client {
   APIClient& api() { return m_api; }
   SignInModel& signIn() { return *m_app.signIn(); }
   Toasts& toasts() { return *m_app.toasts(); }
-  CampaignsStore& campaigns() { return *m_app.session()->campaigns(); }
+  CampaignsStore& campaigns() { return *m_app.session()->store<CampaignsStore>(); }
   QString token() const { return m_app.stored()->token; }
   /// Every toast's texts since the start.
   const QStringList& told() const { return m_told; }

@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "app/campaigns/CampaignStore.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/sequence.h"
@@ -25,7 +26,7 @@ class CampaignJourneyTest : public QObject {
     // As its page does when it is next shown.
     client->campaigns().ensureLoaded();
     if (!QTest::qWaitFor([&] { return client->find(name) != nullptr; })) return nullptr;
-    auto* store = client->app().session()->campaignStore(client->find(name)->id);
+    auto* store = client->app().session()->item<CampaignStore>(Page::campaigns, client->find(name)->id);
     store->campaign()->appear();
     store->ensureLoaded();
     return QTest::qWaitFor([&] { return store->campaign()->hasContent(); }) ? store : nullptr;
@@ -87,9 +88,9 @@ class CampaignJourneyTest : public QObject {
     store->leads()->ensureLoaded();
     for (const auto& email : {u"jo@lead.example"_s, u"li@lead.example"_s}) {
       adding.show(u"manual"_s);
-      adding.setEmail(email);
-      adding.setField(u"firstName"_s, u"Jo"_s);
-      adding.setField(u"company"_s, u"Lead"_s);
+      adding.draft()->set(u"email"_s, email);
+      adding.draft()->set(u"firstName"_s, u"Jo"_s);
+      adding.draft()->set(u"company"_s, u"Lead"_s);
       adding.submit();
       QTRY_VERIFY(client->app().jobs()->shown());
       client->app().jobs()->hide();

@@ -2,7 +2,7 @@ import QtQuick
 import Orvella.Design
 import Orvella.App
 
-/// Reads what a page shows again, as F5 and Ctrl+R do.
+/// Reads what a page shows again, as F5 and Ctrl+R do: the store's own "refresh" action.
 OrvButton {
     id: root
 
@@ -16,10 +16,4 @@ OrvButton {
     text: "Refresh"
     keys: withKeys ? "F5" : ""
     busy: resource !== null && resource.refreshing
-
-    Shortcut {
-        sequences: ["F5", "Ctrl+R"]
-        enabled: root.withKeys && root.visible && root.enabled
-        onActivated: root.press()
-    }
 }

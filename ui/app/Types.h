@@ -8,8 +8,11 @@
 #include "app/base/ListModel.h"
 #include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
+#include "app/base/PagedList.h"
 #include "app/base/Recovery.h"
 #include "app/base/Resource.h"
+#include "app/base/RowSelection.h"
+#include "app/base/Store.h"
 #include "app/base/Toasts.h"
 
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
@@ -65,6 +68,13 @@ struct OverlaysType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct PagedListType {
+  Q_GADGET
+  QML_FOREIGN(orv::PagedListBase)
+  QML_NAMED_ELEMENT(PagedList)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct RecoveryType {
   Q_GADGET
   QML_FOREIGN(orv::Recovery)
@@ -76,6 +86,26 @@ struct ResourceBaseType {
   Q_GADGET
   QML_FOREIGN(orv::ResourceBase)
   QML_NAMED_ELEMENT(Resource)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct PageActionType {
+  Q_GADGET
+  QML_FOREIGN(orv::PageAction)
+  QML_VALUE_TYPE(pageAction)
+};
+
+struct StoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::Store)
+  QML_NAMED_ELEMENT(Store)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct RowSelectionType {
+  Q_GADGET
+  QML_FOREIGN(orv::RowSelection)
+  QML_NAMED_ELEMENT(RowSelection)
   QML_UNCREATABLE("The application model owns it.")
 };
 

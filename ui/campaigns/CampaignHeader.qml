@@ -12,9 +12,6 @@ Item {
     readonly property bool loaded: store.campaign.hasContent
     readonly property string action: store.mainAction
 
-    signal backRequested()
-    signal campaignRequested(id: string)
-
     implicitHeight: 54
 
     Row {
@@ -28,7 +25,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             text: "Campaigns"
             quiet: true
-            onClicked: root.backRequested()
+            onClicked: root.store.openCampaigns()
         }
 
         TrailMark {}
@@ -38,7 +35,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             text: root.store.parentName
             quiet: true
-            onClicked: root.campaignRequested(root.store.parentId)
+            onClicked: root.store.openCampaign(root.store.parentId)
         }
 
         TrailMark {

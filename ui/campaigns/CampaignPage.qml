@@ -18,17 +18,12 @@ FocusScope {
         stats: stats
     })
 
-    signal backRequested()
-    signal campaignRequested(id: string)
-
     Component.onCompleted: store.ensureLoaded()
 
     CampaignHeader {
         id: header
         width: root.width
         store: root.store
-        onBackRequested: root.backRequested()
-        onCampaignRequested: id => root.campaignRequested(id)
     }
 
     OrvTabs {
@@ -56,7 +51,7 @@ FocusScope {
         resource: root.store.campaign
         errorTitle: "Couldn’t load this campaign"
         errorAction: "Back to campaigns"
-        onErrorActionRequested: root.backRequested()
+        onErrorActionRequested: root.store.openCampaigns()
         onRetryRequested: root.store.refresh()
 
         Loader {
@@ -109,16 +104,6 @@ FocusScope {
 
     NameFormDialog {
         form: root.store.renameForm
-    }
-
-    Shortcut {
-        sequences: ["F5", "Ctrl+R"]
-        onActivated: root.store.refreshShown()
-    }
-
-    Shortcut {
-        sequence: "F2"
-        onActivated: root.store.beginRename()
     }
 
     Shortcut {

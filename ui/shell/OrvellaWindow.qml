@@ -10,8 +10,7 @@ Window {
     required property AppModel app
     required property CommandPalette palette
     property TableMemory tables: null
-    /// Lines of the shortcut sheet: group, title, keys.
-    property var shortcuts: []
+    required property Commands commands
     /// Stands in for the desktop's save panel where there is none.
     property NameForm saveForm: null
     property NameForm openForm: null
@@ -72,7 +71,7 @@ Window {
             sourceComponent: ShellView {
                 app: root.app
                 palette: root.palette
-                shortcuts: root.shortcuts
+                commands: root.commands
             }
             onLoaded: forceActiveFocus()
         }

@@ -1,7 +1,9 @@
 import QtQuick
+import Orvella.Design
+import Orvella.App
 import Orvella.Shell
 
-/// Shows the router's page in the open workspace.
+/// Shows the open page. Another one, another record's or another workspace's is made anew.
 FocusScope {
     id: root
 
@@ -10,18 +12,63 @@ FocusScope {
     readonly property Router router: app.router
     readonly property string title: router.title
 
-    // A page belongs to one workspace: another one gets pages of its own.
-    Repeater {
-        model: root.app.session !== null ? [root.app.session] : []
+    function show() {
+        const page = app.openPage;
+        // An address that is the old one would make nothing new.
+        host.source = "";
+        if (page.view !== "")
+            host.setSource("qrc:/qt/qml/" + page.view, { store: page.store, focus: true });
+        else
+            host.sourceComponent = router.offFeature !== "" ? switchedOff : notBuilt;
+    }
 
-        SessionPages {
-            required property var modelData
+    Component.onCompleted: show()
 
-            width: root.width
-            height: root.height
-            focus: true
-            router: root.router
-            session: modelData
+    Connections {
+        target: root.app.openPage
+
+        function onChanged() {
+            root.show();
+        }
+    }
+
+    Loader {
+        id: host
+        width: root.width
+        height: root.height
+        focus: true
+        onLoaded: enter.restart()
+    }
+
+    NumberAnimation {
+        id: enter
+        target: host
+        property: "y"
+        from: 8 * root.router.direction
+        to: 0
+        duration: Theme.pageDuration
+        easing.type: Easing.OutCubic
+    }
+
+    Component {
+        id: switchedOff
+
+        PlainPage {
+            title: root.router.title
+            iconName: "object-locked"
+            heading: title + " is off"
+            text: "This workspace has switched it off. An owner or admin can switch it on in the settings."
+        }
+    }
+
+    Component {
+        id: notBuilt
+
+        PlainPage {
+            title: root.router.title
+            iconName: "chronometer"
+            heading: "Not in this build yet"
+            text: title + " isn’t part of this build of Orvella."
         }
     }
 }

@@ -1,14 +1,15 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQml
+import Orvella.App
 import Orvella.Shell
 
-/// The keys that work on every page. Letters are off in text fields, which take them first.
+/// The keys that work on every page, and those of the open page. Letters are off in text fields, which take them first.
 Item {
     id: root
 
     required property Router router
-    required property CommandPalette palette
+    required property OpenPage page
 
     Shortcut {
         sequence: "Ctrl+K"
@@ -37,10 +38,22 @@ Item {
         onActivated: root.router.goForward()
     }
 
+    // What F5 does, everywhere.
     Shortcut {
-        sequence: "N"
-        enabled: !root.router.goPending
-        onActivated: root.palette.run("campaigns.new")
+        sequence: "Ctrl+R"
+        onActivated: root.page.press("F5")
+    }
+
+    Instantiator {
+        model: root.page.keys
+
+        Shortcut {
+            required property string modelData
+
+            sequence: modelData
+            enabled: !root.router.goPending
+            onActivated: root.page.press(modelData)
+        }
     }
 
     Shortcut {
@@ -50,14 +63,14 @@ Item {
 
     // The chord's second keys; "G G" starts it anew.
     Instantiator {
-        model: ["D", "A", "L", "R", "V", "C", "I", "E", "B", "S"]
+        model: root.router.pages
 
         Shortcut {
-            required property string modelData
+            required property var modelData
 
-            sequence: modelData
+            sequence: modelData.key
             enabled: root.router.goPending
-            onActivated: root.router.finishGo(modelData.toLowerCase())
+            onActivated: root.router.finishGo(modelData.key)
         }
     }
 }

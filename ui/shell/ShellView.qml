@@ -7,10 +7,10 @@ FocusScope {
 
     required property AppModel app
     required property CommandPalette palette
-    property var shortcuts: []
+    required property Commands commands
 
     readonly property Router router: app.router
-    readonly property bool railForced: width < 1180 || (width < 1440 && router.page === "campaigns" && router.campaign !== "")
+    readonly property bool railForced: width < 1180 || (width < 1440 && app.openPage.needsRoom)
     readonly property string title: page.title + " – " + (app.session !== null ? app.session.name : "") + " – Orvella"
     readonly property bool pageHasFocus: page.activeFocus
 
@@ -56,11 +56,11 @@ FocusScope {
 
     ShortcutSheet {
         router: root.router
-        lines: root.shortcuts
+        commands: root.commands
     }
 
     ShellShortcuts {
         router: root.router
-        palette: root.palette
+        page: root.app.openPage
     }
 }

@@ -8,26 +8,32 @@ OnDemand {
     id: root
 
     required property Router router
-    property var lines: []
+    required property Commands commands
 
     shown: router.shortcutsOpen
 
     sourceComponent: OrvDrawer {
+        id: sheet
+
+        // As it is when it opens: each page has its own.
+        property var lines: []
+
         title: "Shortcuts"
+        onAboutToShow: lines = root.commands.sheet()
         onClosed: root.router.shortcutsOpen = false
 
         Column {
             width: parent.width
 
             Repeater {
-                model: root.lines
+                model: sheet.lines
 
                 Item {
                     id: line
 
                     required property var modelData
                     required property int index
-                    readonly property bool first: index === 0 || root.lines[index - 1].group !== modelData.group
+                    readonly property bool first: index === 0 || sheet.lines[index - 1].group !== modelData.group
 
                     width: parent.width
                     height: 30 + (first ? 34 : 0)

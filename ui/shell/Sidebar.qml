@@ -117,14 +117,14 @@ FocusScope {
         y: 98
 
         Repeater {
-            model: root.pages.slice(0, -1)
+            model: root.pages.filter(page => !page.atFoot)
 
             SidebarItem {
                 required property var modelData
+                required property int index
 
                 width: root.itemWidth
-                // Three groups: figures, audience, work.
-                bottomRoom: modelData.page === "analytics" || modelData.page === "deliverability" ? 10 : 0
+                bottomRoom: root.pages[index + 1].group !== modelData.group ? 10 : 0
                 rail: root.rail
                 text: modelData.title
                 iconName: modelData.iconName
@@ -136,7 +136,7 @@ FocusScope {
     }
 
     SidebarItem {
-        readonly property var info: root.pages[root.pages.length - 1]
+        readonly property var info: root.pages.find(page => page.atFoot)
 
         x: 8
         y: (jobs.visible ? jobs.y : person.y) - height - 8

@@ -5,6 +5,8 @@
 #include "app/shell/AppModel.h"
 #include "app/shell/Appearance.h"
 #include "app/shell/CommandPalette.h"
+#include "app/shell/Commands.h"
+#include "app/shell/OpenPage.h"
 #include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
 #include "app/shell/WorkspaceSession.h"
@@ -34,10 +36,24 @@ struct CommandPaletteType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct CommandsType {
+  Q_GADGET
+  QML_FOREIGN(orv::Commands)
+  QML_NAMED_ELEMENT(Commands)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct DepartureType {
   Q_GADGET
   QML_FOREIGN(orv::Departure)
   QML_NAMED_ELEMENT(Departure)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct OpenPageType {
+  Q_GADGET
+  QML_FOREIGN(orv::OpenPage)
+  QML_NAMED_ELEMENT(OpenPage)
   QML_UNCREATABLE("The application model owns it.")
 };
 

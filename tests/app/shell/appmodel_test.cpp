@@ -2,6 +2,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "app/analytics/AnalyticsStore.h"
+#include "app/analytics/DashboardStore.h"
+#include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "app/shell/Commands.h"
 #include "tests/support/AppFixture.h"
@@ -231,7 +235,7 @@ class AppModelTest : public QObject {
     f->keychain.failure = KeychainError::status(-1, reason);
     f->keychain.gate.emplace();
     f->api.expect(campaigns);
-    app->session()->campaigns()->ensureLoaded();
+    app->session()->store<CampaignsStore>()->ensureLoaded();
     f->api.expect(methods);
     f->api.answer(campaigns, {}, 401);
     QVERIFY2(app->isFinishing(), "the program must not end yet");
@@ -254,7 +258,7 @@ class AppModelTest : public QObject {
     if (asked == "account"_L1)
       app->refreshAccount();
     else
-      app->session()->campaigns()->ensureLoaded();
+      app->session()->store<CampaignsStore>()->ensureLoaded();
     settle();
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
     QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
@@ -274,33 +278,33 @@ class AppModelTest : public QObject {
 
   void keepsEightCampaignsByFirstOpening() {
     startSignedIn({u"a"_s});
-    for (int i = 0; i < 8; ++i) app->session()->campaignStore(QString::number(i));
-    app->session()->campaignStore(u"0"_s);
-    QPointer<CampaignStore> first = app->session()->campaignStore(u"0"_s);
-    app->session()->campaignStore(u"8"_s);
+    for (int i = 0; i < 8; ++i) app->session()->item<CampaignStore>(Page::campaigns, QString::number(i));
+    app->session()->item<CampaignStore>(Page::campaigns, u"0"_s);
+    QPointer<CampaignStore> first = app->session()->item<CampaignStore>(Page::campaigns, u"0"_s);
+    app->session()->item<CampaignStore>(Page::campaigns, u"8"_s);
     settle();
     QVERIFY(!first);
-    QCOMPARE(app->session()->campaignOrder().first(), u"1"_s);
+    QCOMPARE(app->session()->itemOrder(Page::campaigns).first(), u"1"_s);
   }
 
   void memoryPressureKeepsTheOpenWorkspaceOnly() {
     startSignedIn({u"a"_s, u"b"_s, u"c"_s});
     open(u"b"_s);
     open(u"c"_s);
-    app->session()->campaignStore(u"x"_s);
+    app->session()->item<CampaignStore>(Page::campaigns, u"x"_s);
     Q_EMIT f->memoryPressure.pressure();
     QCOMPARE(app->sessionOrder(), QStringList{u"c"_s});
-    QVERIFY(app->session()->campaignOrder().isEmpty());
+    QVERIFY(app->session()->itemOrder(Page::campaigns).isEmpty());
   }
 
   void workspacesFollowTheAccount() {
     startSignedIn({u"a"_s, u"b"_s});
-    QVERIFY(app->session()->campaigns()->canCreate());
+    QVERIFY(app->session()->store<CampaignsStore>()->canCreate());
     f->api.expect(me);
     app->refreshAccount();
     app->refreshAccount();
     f->api.answer(me, account({u"a"_s, u"b"_s}, "viewer"));
-    QVERIFY(!app->session()->campaigns()->canCreate());
+    QVERIFY(!app->session()->store<CampaignsStore>()->canCreate());
     f->api.expect(me);
     f->api.expect(remember);
     app->refreshAccount();
@@ -311,7 +315,7 @@ class AppModelTest : public QObject {
   void aRefusedCallEndsTheSessionOnce() {
     startSignedIn({u"a"_s});
     f->api.expect(campaigns);
-    app->session()->campaigns()->ensureLoaded();
+    app->session()->store<CampaignsStore>()->ensureLoaded();
     f->api.expect(methods);
     QPointer<WorkspaceSession> old = app->session();
     f->api.answer(campaigns, {}, 401);
@@ -358,7 +362,7 @@ class AppModelTest : public QObject {
   void lateAnswersOfAnOldSessionChangeNothing() {
     startSignedIn({u"a"_s});
     f->api.expect(campaigns);
-    app->session()->campaigns()->ensureLoaded();
+    app->session()->store<CampaignsStore>()->ensureLoaded();
     f->api.expect(me);
     app->refreshAccount();
     f->api.expect(logOut);
@@ -384,9 +388,9 @@ class AppModelTest : public QObject {
   void nobodyGoesWithUnsavedFormsUnasked() {
     startSignedIn({u"a"_s});
     QVERIFY(app->mayClose());
-    const auto form = [this] { return app->session()->campaignStore(u"c1"_s)->settings(); };
+    const auto form = [this] { return app->session()->item<CampaignStore>(Page::campaigns, u"c1"_s)->settings(); };
     f->api.expect(u"GET /campaigns/c1"_s);
-    app->session()->campaignStore(u"c1"_s)->ensureLoaded();
+    app->session()->item<CampaignStore>(Page::campaigns, u"c1"_s)->ensureLoaded();
     f->api.answer(u"GET /campaigns/c1"_s, R"({"id":"c1","name":"Fair","status":"draft"})");
     form()->draft()->set(u"gap"_s, u"9"_s);
     QSignalSpy closable(app.get(), &AppModel::closable);
@@ -409,7 +413,7 @@ class AppModelTest : public QObject {
     settle();
     QCOMPARE(app->toasts()->count(), 0);
     // The first of eight more goes, and is kept with what was typed.
-    for (int other = 2; other < 10; ++other) app->session()->campaignStore(u"c%1"_s.arg(other));
+    for (int other = 2; other < 10; ++other) app->session()->item<CampaignStore>(Page::campaigns, u"c%1"_s.arg(other));
     settle();
     QCOMPARE(app->toasts()->toasts().last().message, u"“Fair” has unsaved changes: settings."_s);
     app->toasts()->act(app->toasts()->toasts().last().id);
@@ -425,20 +429,20 @@ class AppModelTest : public QObject {
   void everyCommandRunsWhereItSays() {
     startSignedIn({u"a"_s, u"b"_s});
     f->api.expect(campaigns);
-    app->session()->campaigns()->ensureLoaded();
+    app->session()->store<CampaignsStore>()->ensureLoaded();
     f->api.answer(campaigns, R"({"items":[{"id":"c1","name":"One","status":"draft","senders":0,"steps":0,"leads":0,)"
                              R"("sent":0,"replied":0,"positive":0,"bounced":0,"createdAt":"2026-01-01"}]})");
     QHash<QString, Command> commands;
-    for (const Command& command : commandsOf(*app)) {
+    for (const Command& command : Commands(*app).all()) {
       QVERIFY2(!commands.contains(command.id), qPrintable(command.id));
       commands.insert(command.id, command);
     }
-    commands[u"campaign.c1"_s].run();
+    commands[u"record.campaigns.c1"_s].run();
     QCOMPARE(app->router()->campaign(), u"c1"_s);
     commands[u"settings.tags"_s].run();
     QCOMPARE(app->router()->settingsTab(), SettingsTab::tags);
     commands[u"campaigns.new"_s].run();
-    QVERIFY(app->session()->campaigns()->newCampaign()->shown());
+    QVERIFY(app->session()->store<CampaignsStore>()->newCampaign()->shown());
     QVERIFY(!commands.contains(u"workspace.a"_s));
     f->api.expect(remember);
     commands[u"workspace.b"_s].run();
@@ -451,16 +455,16 @@ class AppModelTest : public QObject {
         std::make_shared<WorkspaceContext>(WorkspaceSummary{u"w1"_s, u"acme"_s, u"Acme"_s, {u"member"_s}, {}, {}},
                                            u"t"_s, f->api, f->services, [&ended] { ended = true; });
     auto opened = std::make_unique<WorkspaceSession>(context);
-    QCOMPARE(opened->analytics(), opened->analytics());
+    QCOMPARE(opened->store<AnalyticsStore>(), opened->store<AnalyticsStore>());
     f->api.expect(u"GET /analytics/summary"_s);
-    opened->analytics()->ensureLoaded();
+    opened->store<AnalyticsStore>()->ensureLoaded();
     f->api.expect(u"GET /analytics/overview"_s);
-    opened->dashboard()->ensureLoaded();
+    opened->store<DashboardStore>()->ensureLoaded();
     opened->close();
     QCOMPARE(f->api.waiting(), 0);
-    QVERIFY(!opened->analytics()->summary()->hasContent());
+    QVERIFY(!opened->store<AnalyticsStore>()->summary()->hasContent());
     f->api.expect(u"GET /analytics/summary"_s);
-    opened->analytics()->refresh();
+    opened->store<AnalyticsStore>()->refresh();
     opened.reset();
     QCOMPARE(f->api.waiting(), 0);
     QVERIFY(!ended);

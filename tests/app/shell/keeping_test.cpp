@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "app/campaigns/CampaignStore.h"
 #include "app/shell/AppModel.h"
 #include "tests/support/AppFixture.h"
 
@@ -75,7 +76,7 @@ class KeepingTest : public QObject {
     app->signIn()->onSignedIn(stored);
     QCOMPARE(app->phase(), AppModel::Phase::signedIn);
   }
-  CampaignStore& page() { return *app->session()->campaignStore(u"c1"_s); }
+  CampaignStore& page() { return *app->session()->item<CampaignStore>(Page::campaigns, u"c1"_s); }
   SequenceEditor& editor() { return *page().sequence(); }
   void load(const QString& body = u"old"_s, int version = 7) {
     f->api.expect(get);
@@ -253,7 +254,7 @@ class KeepingTest : public QObject {
     LeadAdding& adding = *page().leads()->adding();
     const auto begin = [&] {
       adding.show(u"manual"_s);
-      adding.setEmail(u"jo@x.example"_s);
+      adding.draft()->set(u"email"_s, u"jo@x.example"_s);
       f->api.expect(add);
       adding.submit();
       adding.dismiss();
@@ -278,11 +279,11 @@ class KeepingTest : public QObject {
     load();
     const QPointer<CampaignStore> shown = &page();
     shown->appear();
-    app->session()->campaignStore(u"c2"_s);
+    app->session()->item<CampaignStore>(Page::campaigns, u"c2"_s);
     Q_EMIT f->memoryPressure.pressure();
     settle();
     QVERIFY(shown);
-    QCOMPARE(app->session()->campaignOrder(), QStringList());
+    QCOMPARE(app->session()->itemOrder(Page::campaigns), QStringList());
     QVERIFY2(shown->campaign()->value(), "it goes on working");
     shown->disappear();
     settle();
@@ -296,7 +297,7 @@ class KeepingTest : public QObject {
     QCOMPARE(&page(), again);
     again->disappear();
     settle();
-    QCOMPARE(app->session()->campaignOrder(), QStringList{u"c1"_s});
+    QCOMPARE(app->session()->itemOrder(Page::campaigns), QStringList{u"c1"_s});
   }
 };
 

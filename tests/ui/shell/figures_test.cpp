@@ -3,6 +3,7 @@
 #include <QWheelEvent>
 #include <functional>
 
+#include "app/analytics/AnalyticsStore.h"
 #include "desktop/scenes/Stage.h"
 #include "tests/ui/support/warnings.h"
 
@@ -18,7 +19,7 @@ class FiguresTest : public QObject {
   std::unique_ptr<Stage> m_stage;
   quint64 m_wheelTime = 1000;
 
-  AnalyticsStore& store() { return *m_stage->app().session()->analytics(); }
+  AnalyticsStore& store() { return *m_stage->app().session()->store<AnalyticsStore>(); }
   int rowCount() { return store().campaignRows()->count(); }
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }

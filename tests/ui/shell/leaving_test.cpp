@@ -3,6 +3,7 @@
 #include <QTest>
 #include <functional>
 
+#include "app/campaigns/CampaignStore.h"
 #include "desktop/scenes/Stage.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -42,7 +43,7 @@ class LeavingTest : public QObject {
     const auto running = std::ranges::find(records, u"running"_s, [](const auto& row) { return row.status.rawValue; });
     app().router()->openCampaign(running->id);
     m_stage->settle();
-    return *app().session()->campaignStore(running->id);
+    return *app().session()->item<CampaignStore>(Page::campaigns, running->id);
   }
 
  private Q_SLOTS:
@@ -65,7 +66,7 @@ class LeavingTest : public QObject {
   void longWorkIsSeenFromAnyPage() {
     LeadAdding& adding = *openCampaign().leads()->adding();
     adding.show(u"manual"_s);
-    adding.setEmail(u"jo@x.example"_s);
+    adding.draft()->set(u"email"_s, u"jo@x.example"_s);
     m_stage->transport().mode = StagedTransport::Mode::holding;
     adding.submit();
     adding.dismiss();
@@ -112,10 +113,10 @@ class LeavingTest : public QObject {
     leads.setLeadQuery(u"a"_s);
     m_stage->settle();
     leads.adding()->show(u"manual"_s);
-    leads.adding()->setEmail(u"half@"_s);
+    leads.adding()->draft()->set(u"email"_s, u"half@"_s);
     app().session()->trim();
     m_stage->settle();
-    QCOMPARE(app().session()->campaignOrder(), QStringList());
+    QCOMPARE(app().session()->itemOrder(Page::campaigns), QStringList());
     QVERIFY(withText(u"half@"_s));
     QCOMPARE(leads.leadQuery(), u"a"_s);
     app().router()->open(Page::dashboard);

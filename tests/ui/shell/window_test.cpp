@@ -2,6 +2,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "app/analytics/DashboardStore.h"
+#include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
 #include "desktop/scenes/Stage.h"
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/warnings.h"
@@ -29,7 +32,7 @@ class WindowTest : public QObject {
     for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
   }
 
-  CampaignsStore& campaigns() { return *m_stage->app().session()->campaigns(); }
+  CampaignsStore& campaigns() { return *m_stage->app().session()->store<CampaignsStore>(); }
   QString nameAt(int row) {
     return campaigns().rows()->index(row, 0).data(campaigns().rows()->roleNames().key("name")).toString();
   }
@@ -99,7 +102,7 @@ class WindowTest : public QObject {
     press(Qt::Key_Return);
     QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedIn);
     QCOMPARE(m_stage->app().router()->page(), Page::dashboard);
-    QTRY_COMPARE(m_stage->app().session()->dashboard()->today().size(), 4);
+    QTRY_COMPARE(m_stage->app().session()->store<DashboardStore>()->today().size(), 4);
   }
 
   void worksThroughTheListByKeyboard_data() {
@@ -175,7 +178,7 @@ class WindowTest : public QObject {
     press(Qt::Key_G);
     press(Qt::Key_D);
     QCOMPARE(router->page(), Page::dashboard);
-    auto* dashboard = m_stage->app().session()->dashboard();
+    auto* dashboard = m_stage->app().session()->store<DashboardStore>();
     QTRY_COMPARE(dashboard->today().size(), 4);
     QTRY_VERIFY(focused() && focused()->inherits("orv::ChartPlot"));
     press(Qt::Key_End);
@@ -228,26 +231,26 @@ class WindowTest : public QObject {
     press(Qt::Key_Return);
     const QString id = router->campaign();
     QVERIFY(!id.isEmpty());
-    QTRY_VERIFY(session->campaignStore(id)->campaign()->value());
+    QTRY_VERIFY(session->item<CampaignStore>(Page::campaigns, id)->campaign()->value());
     press(Qt::Key_Right);
-    QCOMPARE(session->campaignStore(id)->tab(), CampaignStore::Tab::leads);
+    QCOMPARE(session->item<CampaignStore>(Page::campaigns, id)->tab(), CampaignStore::Tab::leads);
     press(Qt::Key_F2);
-    QTRY_VERIFY(session->campaignStore(id)->renameForm()->shown());
+    QTRY_VERIFY(session->item<CampaignStore>(Page::campaigns, id)->renameForm()->shown());
     press(Qt::Key_A, Qt::ControlModifier);
     type(u"Fleet two"_s);
     press(Qt::Key_Return);
-    QTRY_COMPARE(session->campaignStore(id)->name(), u"Fleet two"_s);
+    QTRY_COMPARE(session->item<CampaignStore>(Page::campaigns, id)->name(), u"Fleet two"_s);
     QTRY_VERIFY(namesInModel().contains(u"Fleet two"_s));
 
     // The store goes while its page shows it: the page asks for another.
     session->trim();
-    QTRY_VERIFY(session->campaignStore(id)->campaign()->value());
+    QTRY_VERIFY(session->item<CampaignStore>(Page::campaigns, id)->campaign()->value());
 
     // More of them than are kept.
     const auto records = campaigns().rows()->records();
     for (const auto& record : records) {
       router->openCampaign(record.id);
-      QTRY_VERIFY(session->campaignStore(record.id)->campaign()->value());
+      QTRY_VERIFY(session->item<CampaignStore>(Page::campaigns, record.id)->campaign()->value());
     }
     router->open(Page::campaigns);
     QTRY_COMPARE(namesOnScreen(), namesInModel());
@@ -259,7 +262,7 @@ class WindowTest : public QObject {
     const auto draft = std::ranges::find(items, u"draft"_s, [](const auto& item) { return item.status.rawValue; });
     const QString id = draft->id;
     m_stage->app().router()->openCampaign(id);
-    SequenceEditor& editor = *m_stage->app().session()->campaignStore(id)->sequence();
+    SequenceEditor& editor = *m_stage->app().session()->item<CampaignStore>(Page::campaigns, id)->sequence();
     QTRY_VERIFY(editor.stepCount() > 1);
     const int before = editor.stepCount();
 
@@ -285,7 +288,7 @@ class WindowTest : public QObject {
     m_stage->app().router()->open(Page::campaigns);
     m_stage->app().session()->trim();
     m_stage->app().router()->openCampaign(id);
-    SequenceEditor& again = *m_stage->app().session()->campaignStore(id)->sequence();
+    SequenceEditor& again = *m_stage->app().session()->item<CampaignStore>(Page::campaigns, id)->sequence();
     QTRY_COMPARE(again.stepCount(), before + 1);
     again.selectPlace(1);
     QCOMPARE(again.body(), u"Hi {{company}},\nbold"_s);
@@ -293,7 +296,8 @@ class WindowTest : public QObject {
 
   void walksTheSettingsByKeyboard() {
     open(true);
-    CampaignStore& store = *m_stage->app().session()->campaignStore(campaigns().list()->value()->items.first().id);
+    CampaignStore& store =
+        *m_stage->app().session()->item<CampaignStore>(Page::campaigns, campaigns().list()->value()->items.first().id);
     m_stage->app().router()->openCampaign(store.id());
     QTRY_VERIFY(store.campaign()->hasContent());
     store.setTab(u"settings"_s);
@@ -324,7 +328,7 @@ class WindowTest : public QObject {
     QTRY_COMPARE(campaigns().rows()->count(), 10);
     const auto& items = campaigns().list()->value()->items;
     const auto running = std::ranges::find(items, u"running"_s, [](const auto& item) { return item.status.rawValue; });
-    CampaignStore& store = *m_stage->app().session()->campaignStore(running->id);
+    CampaignStore& store = *m_stage->app().session()->item<CampaignStore>(Page::campaigns, running->id);
     m_stage->app().router()->openCampaign(store.id());
     QTRY_VERIFY(store.campaign()->hasContent());
     store.setTab(u"leads"_s);

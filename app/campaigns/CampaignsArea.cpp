@@ -1,0 +1,37 @@
+#include "app/campaigns/CampaignsArea.h"
+
+#include <QPointer>
+
+#include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+/// Has the sequence saved that somebody is writing on the campaign's page; gives why that failed, or nothing.
+Task<QString> saveSequence(Store* opened) {
+  const QPointer campaign = qobject_cast<CampaignStore*>(opened);
+  if (!campaign || co_await campaign->sequence()->flush() || !campaign) co_return QString();
+  co_return campaign->sequence()->autosave()->message();
+}
+
+}  // namespace
+
+Area campaignsArea() {
+  const AreaStore list{u"campaigns"_s, &CampaignsStore::staticMetaObject, [](WorkspaceStores& stores) -> Store* {
+                         return new CampaignsStore(stores.context(), [&stores](const QString& id) {
+                           return saveSequence(stores.keptItem(Page::campaigns, id));
+                         });
+                       }};
+  const AreaPage::Item campaign{.view = u"Orvella/Campaigns/CampaignPage.qml"_s,
+                                .make = [](WorkspaceStores& stores, const QString& id) -> Store* {
+                                  return new CampaignStore(id, stores.context());
+                                },
+                                .needsRoom = true};
+  return {.stores = {list},
+          .pages = {{.page = Page::campaigns, .view = u"Orvella/Campaigns/CampaignsPage.qml"_s, .item = campaign}}};
+}
+
+}  // namespace orv
