@@ -23,6 +23,7 @@ struct Services {
   Toasts& toasts;
   Overlays& overlays;
   Navigator& navigator;
+  Browser& browser;
   Clipboard& clipboard;
   FilePanel& filePanel;
   FileRevealer& revealer;

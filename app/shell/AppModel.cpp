@@ -38,6 +38,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_toasts,
                  m_overlays,
                  m_router,
+                 m_platform.browser,
                  m_platform.clipboard,
                  m_platform.filePanel,
                  m_platform.revealer,

@@ -98,7 +98,7 @@ class Stage::Desktop final : public Browser,
   MemoryPressure memoryPressure;
 
   bool open(const QUrl&) override { return true; }
-  void setText(const QString&) override {}
+  bool setText(const QString&) override { return true; }
   void reveal(const QString&) override {}
   Task<std::optional<ChosenFile>> saveFile(QString, QString, QString) override { co_return std::nullopt; }
   Task<std::optional<QString>> openFile(QString, QString) override { co_return std::nullopt; }

@@ -5,6 +5,10 @@
 
 namespace orv {
 
-void ClipboardService::setText(const QString& text) { QGuiApplication::clipboard()->setText(text); }
+bool ClipboardService::setText(const QString& text) {
+  QClipboard* clipboard = QGuiApplication::clipboard();
+  clipboard->setText(text);
+  return clipboard->text() == text;
+}
 
 }  // namespace orv

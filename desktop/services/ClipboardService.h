@@ -6,7 +6,7 @@ namespace orv {
 
 class ClipboardService final : public Clipboard {
  public:
-  void setText(const QString& text) override;
+  bool setText(const QString& text) override;
 };
 
 }  // namespace orv

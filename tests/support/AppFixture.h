@@ -41,8 +41,12 @@ class FakeRevealer final : public FileRevealer {
 
 class FakeClipboard final : public Clipboard {
  public:
+  bool works = true;
   QString text;
-  void setText(const QString& copied) override { text = copied; }
+  bool setText(const QString& copied) override {
+    if (works) text = copied;
+    return works;
+  }
 };
 
 class FakeBrowser final : public Browser {
@@ -147,6 +151,7 @@ struct AppFixture {
                     toasts,
                     overlays,
                     navigator,
+                    browser,
                     clipboard,
                     filePanel,
                     revealer,

@@ -7,7 +7,8 @@ namespace orv {
 class Clipboard {
  public:
   virtual ~Clipboard() = default;
-  virtual void setText(const QString& text) = 0;
+  /// False when the desktop does not take it.
+  virtual bool setText(const QString& text) = 0;
 };
 
 }  // namespace orv
