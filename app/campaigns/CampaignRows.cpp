@@ -127,70 +127,33 @@ void CampaignIndex::sortByName(std::vector<qsizetype>& rows, bool descending) co
 }
 
 CampaignRowsModel::CampaignRowsModel(const BusySet& busy, const BusySet& unsaved, QObject* parent)
-    : RecordModel<CampaignSummary>(parent), m_busy(busy), m_unsaved(unsaved) {
+    : TableModel(parent), m_busy(busy), m_unsaved(unsaved) {
   for (const BusySet* marks : {&busy, &unsaved})
     connect(marks, &BusySet::changed, this, [this](const QString& id) { touch(id); });
 }
 
-void CampaignRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
-  roles.insert({{BusyRole, "busy"},
-                {UnsavedRole, "unsaved"},
-                {StatusWordRole, "statusWord"},
-                {StatusLabelRole, "statusLabel"},
-                {FactsRole, "facts"},
-                {ProgressRole, "progress"},
-                {ProgressTextRole, "progressText"},
-                {LeadsTextRole, "leadsText"},
-                {SentTextRole, "sentText"},
-                {RepliedTextRole, "repliedText"},
-                {RepliedRateRole, "repliedRate"},
-                {PositiveTextRole, "positiveText"},
-                {BouncedTextRole, "bouncedText"},
-                {BouncedRateRole, "bouncedRate"},
-                {BouncesHighRole, "bouncesHigh"},
-                {DeletedTextRole, "deletedText"},
-                {GoneTextRole, "goneText"}});
-}
-
-QVariant CampaignRowsModel::extraData(const CampaignSummary& campaign, int, int role) const {
-  switch (role) {
-    case BusyRole:
-      return m_busy.contains(campaign.id);
-    case UnsavedRole:
-      return m_unsaved.contains(campaign.id);
-    case StatusWordRole:
-      return campaign.status.rawValue;
-    case StatusLabelRole:
-      return campaign.status.label();
-    case FactsRole:
-      return facts(campaign);
-    case ProgressRole:
-      return share(campaign.done.value_or(0), campaign.leads);
-    case ProgressTextRole:
-      return progressText(campaign);
-    case LeadsTextRole:
-      return Format::grouped(campaign.leads);
-    case SentTextRole:
-      return figure(campaign, campaign.sent);
-    case RepliedTextRole:
-      return figure(campaign, campaign.replied);
-    case RepliedRateRole:
-      return rate(campaign, campaign.replied);
-    case PositiveTextRole:
-      return figure(campaign, campaign.positive);
-    case BouncedTextRole:
-      return figure(campaign, campaign.bounced);
-    case BouncedRateRole:
-      return rate(campaign, campaign.bounced);
-    case BouncesHighRole:
-      return bouncesAreHigh(campaign.bounced, campaign.sent);
-    case DeletedTextRole:
-      return day(campaign.archivedAt);
-    case GoneTextRole:
-      return day(campaign.archivedAt, archiveDays);
-    default:
-      return {};
-  }
+const CampaignRowsModel::Cells& CampaignRowsModel::cells() {
+  static const Cells cells{
+      {"busy", [](auto& model, auto& campaign) -> QVariant { return model.m_busy.contains(campaign.id); }},
+      {"unsaved", [](auto& model, auto& campaign) -> QVariant { return model.m_unsaved.contains(campaign.id); }},
+      {"statusWord", [](auto&, auto& campaign) -> QVariant { return campaign.status.rawValue; }},
+      {"statusLabel", [](auto&, auto& campaign) -> QVariant { return campaign.status.label(); }},
+      {"facts", [](auto&, auto& campaign) -> QVariant { return facts(campaign); }},
+      {"progress", [](auto&, auto& campaign) -> QVariant { return share(campaign.done.value_or(0), campaign.leads); }},
+      {"progressText", [](auto&, auto& campaign) -> QVariant { return progressText(campaign); }},
+      {"leadsText", [](auto&, auto& campaign) -> QVariant { return Format::grouped(campaign.leads); }},
+      {"sentText", [](auto&, auto& campaign) -> QVariant { return figure(campaign, campaign.sent); }},
+      {"repliedText", [](auto&, auto& campaign) -> QVariant { return figure(campaign, campaign.replied); }},
+      {"repliedRate", [](auto&, auto& campaign) -> QVariant { return rate(campaign, campaign.replied); }},
+      {"positiveText", [](auto&, auto& campaign) -> QVariant { return figure(campaign, campaign.positive); }},
+      {"bouncedText", [](auto&, auto& campaign) -> QVariant { return figure(campaign, campaign.bounced); }},
+      {"bouncedRate", [](auto&, auto& campaign) -> QVariant { return rate(campaign, campaign.bounced); }},
+      {"bouncesHigh",
+       [](auto&, auto& campaign) -> QVariant { return bouncesAreHigh(campaign.bounced, campaign.sent); }},
+      {"deletedText", [](auto&, auto& campaign) -> QVariant { return day(campaign.archivedAt); }},
+      {"goneText", [](auto&, auto& campaign) -> QVariant { return day(campaign.archivedAt, archiveDays); }},
+  };
+  return cells;
 }
 
 }  // namespace orv

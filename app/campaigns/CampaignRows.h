@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/base/BusySet.h"
-#include "app/base/RecordModel.h"
+#include "app/base/TableModel.h"
 #include "app/base/TableSort.h"
 #include "kit/models/campaigns/campaignSummary.h"
 
@@ -45,35 +45,11 @@ class CampaignIndex {
 };
 
 /// The rows on screen: the records and what the table says of them.
-class CampaignRowsModel final : public RecordModel<CampaignSummary> {
-  Q_OBJECT
-
+class CampaignRowsModel final : public TableModel<CampaignRowsModel, CampaignSummary> {
  public:
-  enum Role {
-    BusyRole = firstRole + 1000,
-    UnsavedRole,
-    StatusWordRole,
-    StatusLabelRole,
-    FactsRole,
-    ProgressRole,
-    ProgressTextRole,
-    LeadsTextRole,
-    SentTextRole,
-    RepliedTextRole,
-    RepliedRateRole,
-    PositiveTextRole,
-    BouncedTextRole,
-    BouncedRateRole,
-    BouncesHighRole,
-    DeletedTextRole,
-    GoneTextRole
-  };
-
   CampaignRowsModel(const BusySet& busy, const BusySet& unsaved, QObject* parent = nullptr);
 
- protected:
-  void addExtraRoles(QHash<int, QByteArray>& roles) const override;
-  QVariant extraData(const CampaignSummary& campaign, int row, int role) const override;
+  static const Cells& cells();
 
  private:
   const BusySet& m_busy;

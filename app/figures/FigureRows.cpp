@@ -34,29 +34,20 @@ QString accountWord(const QString& word) {
 QString statusLabel(const CampaignRow& row) { return CampaignStatus(row.status).label(); }
 QString statusLabel(const AccountRow& row) { return accountWord(row.status); }
 
-QVariant ownCell(const CampaignRow& row, int role) {
-  switch (role) {
-    case CampaignFigureRows::LeadsTextRole:
-      return Format::grouped(row.leads);
-    case CampaignFigureRows::OpportunitiesTextRole:
-      return Format::grouped(row.opportunities);
-    case CampaignFigureRows::ValueTextRole:
-      return row.opportunityValue ? Format::money(*row.opportunityValue) : nothing;
-    default:
-      return {};
-  }
-}
+const CampaignFigureRows::Cells campaignCells{
+    {"leadsText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.leads); }},
+    {"opportunitiesText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.opportunities); }},
+    {"valueText",
+     [](auto&, auto& row) -> QVariant {
+       return row.opportunityValue ? Format::money(*row.opportunityValue) : nothing;
+     }},
+};
 
-QVariant ownCell(const AccountRow& row, int role) {
-  switch (role) {
-    case AccountFigureRows::HealthLabelRole:
-      return row.health ? accountWord(*row.health) : nothing;
-    case AccountFigureRows::InboxTextRole:
-      return row.inboxPct7d ? QString::number(*row.inboxPct7d) + u'%' : nothing;
-    default:
-      return {};
-  }
-}
+const AccountFigureRows::Cells accountCells{
+    {"healthLabel", [](auto&, auto& row) -> QVariant { return row.health ? accountWord(*row.health) : nothing; }},
+    {"inboxText",
+     [](auto&, auto& row) -> QVariant { return row.inboxPct7d ? QString::number(*row.inboxPct7d) + u'%' : nothing; }},
+};
 
 using Number = std::optional<double>;
 
@@ -113,59 +104,30 @@ void sortByWord(std::vector<qsizetype>& order, const QList<Row>& rows, const Orv
 }  // namespace
 
 template <class Row>
-void FigureRows<Row>::addExtraRoles(QHash<int, QByteArray>& roles) const {
-  roles.insert({{StatusLabelRole, "statusLabel"},
-                {SentTextRole, "sentText"},
-                {ContactedTextRole, "contactedText"},
-                {OpenedTextRole, "openedText"},
-                {OpenedRateRole, "openedRate"},
-                {RepliedTextRole, "repliedText"},
-                {RepliedRateRole, "repliedRate"},
-                {ClickedTextRole, "clickedText"},
-                {ClickedRateRole, "clickedRate"},
-                {BouncedTextRole, "bouncedText"},
-                {BouncedRateRole, "bouncedRate"},
-                {BouncesHighRole, "bouncesHigh"},
-                {InterestedTextRole, "interestedText"}});
-  if constexpr (std::is_same_v<Row, CampaignRow>)
-    roles.insert(
-        {{LeadsTextRole, "leadsText"}, {OpportunitiesTextRole, "opportunitiesText"}, {ValueTextRole, "valueText"}});
-  else
-    roles.insert({{HealthLabelRole, "healthLabel"}, {InboxTextRole, "inboxText"}});
-}
-
-template <class Row>
-QVariant FigureRows<Row>::extraData(const Row& row, int, int role) const {
-  switch (role) {
-    case StatusLabelRole:
-      return statusLabel(row);
-    case SentTextRole:
-      return Format::grouped(row.sent);
-    case ContactedTextRole:
-      return Format::grouped(row.contacted);
-    case OpenedTextRole:
-      return text(row.opens);
-    case OpenedRateRole:
-      return rate(row, row.opens);
-    case RepliedTextRole:
-      return Format::grouped(row.replies);
-    case RepliedRateRole:
-      return rate(row, row.replies);
-    case ClickedTextRole:
-      return text(row.clicks);
-    case ClickedRateRole:
-      return rate(row, row.clicks);
-    case BouncedTextRole:
-      return Format::grouped(row.bounces);
-    case BouncedRateRole:
-      return rate(row, row.bounces);
-    case BouncesHighRole:
-      return bouncesAreHigh(row.bounces, row.sent);
-    case InterestedTextRole:
-      return Format::grouped(row.interested);
-    default:
-      return ownCell(row, role);
-  }
+const typename FigureRows<Row>::Cells& FigureRows<Row>::cells() {
+  static const Cells cells = [] {
+    Cells all{
+        {"statusLabel", [](auto&, auto& row) -> QVariant { return statusLabel(row); }},
+        {"sentText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.sent); }},
+        {"contactedText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.contacted); }},
+        {"openedText", [](auto&, auto& row) -> QVariant { return text(row.opens); }},
+        {"openedRate", [](auto&, auto& row) -> QVariant { return rate(row, row.opens); }},
+        {"repliedText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.replies); }},
+        {"repliedRate", [](auto&, auto& row) -> QVariant { return rate(row, row.replies); }},
+        {"clickedText", [](auto&, auto& row) -> QVariant { return text(row.clicks); }},
+        {"clickedRate", [](auto&, auto& row) -> QVariant { return rate(row, row.clicks); }},
+        {"bouncedText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.bounces); }},
+        {"bouncedRate", [](auto&, auto& row) -> QVariant { return rate(row, row.bounces); }},
+        {"bouncesHigh", [](auto&, auto& row) -> QVariant { return bouncesAreHigh(row.bounces, row.sent); }},
+        {"interestedText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.interested); }},
+    };
+    if constexpr (std::is_same_v<Row, CampaignRow>)
+      all.insert(all.end(), campaignCells.begin(), campaignCells.end());
+    else
+      all.insert(all.end(), accountCells.begin(), accountCells.end());
+    return all;
+  }();
+  return cells;
 }
 
 template <class Row>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/base/RecordModel.h"
+#include "app/base/TableModel.h"
 #include "app/base/TableSort.h"
 #include "kit/models/analytics/analyticsSummary.h"
 
@@ -14,34 +14,12 @@ constexpr bool bouncesAreHigh(qint64 bounced, qint64 sent) { return 100 * bounce
 /// Every figure has its text; those that are shares of what was sent have their rate as well, empty where tracking is
 /// off.
 template <class Row>
-class FigureRows final : public RecordModel<Row> {
+class FigureRows final : public TableModel<FigureRows<Row>, Row> {
  public:
-  enum Role {
-    StatusLabelRole = RecordModel<Row>::firstRole + 1000,
-    SentTextRole,
-    ContactedTextRole,
-    OpenedTextRole,
-    OpenedRateRole,
-    RepliedTextRole,
-    RepliedRateRole,
-    ClickedTextRole,
-    ClickedRateRole,
-    BouncedTextRole,
-    BouncedRateRole,
-    BouncesHighRole,
-    InterestedTextRole,
-    LeadsTextRole,
-    OpportunitiesTextRole,
-    ValueTextRole,
-    HealthLabelRole,
-    InboxTextRole
-  };
+  using typename TableModel<FigureRows, Row>::Cells;
+  using TableModel<FigureRows, Row>::TableModel;
 
-  using RecordModel<Row>::RecordModel;
-
- protected:
-  void addExtraRoles(QHash<int, QByteArray>& roles) const override;
-  QVariant extraData(const Row& row, int index, int role) const override;
+  static const Cells& cells();
 };
 
 using CampaignFigureRows = FigureRows<AnalyticsSummary::CampaignRow>;
