@@ -1,5 +1,8 @@
 #include "kit/api/APIClient.h"
 
+#include <pthread.h>
+
+#include <QThreadPool>
 #include <atomic>
 #include <limits>
 #include <map>
@@ -10,6 +13,37 @@
 #include "kit/api/Transfer.h"
 
 namespace orv {
+
+namespace {
+
+/// Keeps a service that sends a byte at a time from having a processor to itself: turns that bring next to nothing are
+/// spaced out, so that more has come by the next.
+class Pace {
+ public:
+  void turn() {
+    if (m_isSlow) std::this_thread::sleep_for(pause);
+    if (++m_turns < lookedAt) return;
+    const auto now = Transfer::SteadyClock::now();
+    m_isSlow = now - m_since < lookedAt * pause && bytes - m_before < lookedAt * worthATurn;
+    m_turns = 0;
+    m_since = now;
+    m_before = bytes;
+  }
+
+  qint64 bytes = 0;
+
+ private:
+  static constexpr int lookedAt = 64;
+  static constexpr qint64 worthATurn = 1024;
+  static constexpr auto pause = std::chrono::milliseconds(1);
+
+  int m_turns = 0;
+  qint64 m_before = 0;
+  Transfer::SteadyClock::time_point m_since;
+  bool m_isSlow = false;
+};
+
+}  // namespace
 
 /// The network thread and the ways into it.
 class APIClient::Network {
@@ -71,7 +105,9 @@ class APIClient::Network {
   }
 
   void run() {
+    ::pthread_setname_np(::pthread_self(), "network");
     while (!m_stopping) {
+      m_pace.turn();
       takeOrders();
       int running = 0;
       curl_multi_perform(m_multi, &running);
@@ -103,6 +139,7 @@ class APIClient::Network {
     }
     if (orders.arriving.empty()) return;
     route.fresh = keptConnectionsAreStale();
+    route.meter = &m_pace.bytes;
     for (auto& transfer : orders.arriving) {
       transfer->begin(m_multi, route);
       m_transfers.emplace(transfer->number(), std::move(transfer));
@@ -131,8 +168,16 @@ class APIClient::Network {
       CURL* easy = message->easy_handle;
       curl_multi_remove_handle(m_multi, easy);
       const auto transfer = m_transfers.extract(Transfer::of(easy)->number());
-      transfer.mapped()->end(code);
+      deliver(transfer.mapped()->receiver(), transfer.mapped()->end(code));
     }
+  }
+
+  /// What takes long to decode would hold up everybody else's answers here.
+  void deliver(const std::shared_ptr<AnswerReceiver>& receiver, ExchangeResult result) {
+    const auto* answer = std::get_if<HTTPAnswer>(&result);
+    if (!answer || answer->body.size() < decodedBeside) return receiver->receive(std::move(result));
+    const auto held = std::make_shared<ExchangeResult>(std::move(result));
+    m_decoders.start([receiver, held] { receiver->receive(std::move(*held)); });
   }
 
   /// Milliseconds; without anything under way there is nothing to wake up for.
@@ -148,7 +193,10 @@ class APIClient::Network {
     return int(std::max<qint64>(0, wait));
   }
 
+  static constexpr qsizetype decodedBeside = 256 << 10;
+
   const std::unique_ptr<NetworkChanges> m_changes;
+  Pace m_pace;
   /// Replaced by the network thread only, under the lock.
   CURLM* m_multi = nullptr;
   std::thread m_thread;
@@ -161,6 +209,9 @@ class APIClient::Network {
   Orders m_orders;
   std::optional<QByteArray> m_proxy;
   std::optional<SteadyClock::time_point> m_heldUntil;
+
+  /// Ends first, with all that it has begun: nothing is delivered when the client is gone.
+  QThreadPool m_decoders;
 };
 
 class APIClient::NetworkExchange final : public Exchange {
@@ -194,6 +245,10 @@ void APIClient::useProxy(std::optional<QByteArray> proxy) { m_network->useProxy(
 void APIClient::holdForProxy(std::chrono::milliseconds atMost) { m_network->hold(atMost); }
 
 std::unique_ptr<APITransport::Exchange> APIClient::exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) {
+  if (!m_environment.isSafe() && !m_limits.plainAnywhere) {
+    receiver->receive(NoAnswer(TransportFailure::unreachable, false));
+    return nullptr;
+  }
   const quint64 number = m_network->nextNumber();
   Limits limits = m_limits;
   limits.idle = std::min(limits.idle, call.request.timeout);

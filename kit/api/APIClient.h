@@ -10,7 +10,9 @@ namespace orv {
 class NetworkChanges;
 
 /// The network: one per process, with nothing in it but settings. May be called from any thread; answers are decoded on
-/// the network thread and delivered where the call was made.
+/// the network thread, long ones beside it, and delivered where the call was made.
+///
+/// Nothing is sent to a service that APIEnvironment::isSafe() does not allow: calls fail as `unreachable`.
 ///
 /// Every request is sent once, whatever happens to it: nothing is retried and no redirect is followed. Credentials are
 /// an argument of the call; cookies and answers are not kept.
@@ -20,12 +22,12 @@ class APIClient final : public APITransport {
     /// Longest time without a byte, the wait for the first included. A request's own time-out may shorten it.
     std::chrono::milliseconds idle = std::chrono::seconds(25);
     std::chrono::milliseconds whole = std::chrono::seconds(90);
-    /// A longer answer is refused as `invalidResponse`.
-    qint64 answerBytes = 256LL << 20;
     /// How long an idle connection is kept for the next request.
     std::chrono::seconds kept = std::chrono::seconds(60);
     /// HTTP/2 from the first byte where no handshake agrees on it: for a test's server without TLS.
     bool http2Unasked = false;
+    /// Without TLS to any host: for a test's server that has a name.
+    bool plainAnywhere = false;
   };
 
   /// This process's environment and identity.

@@ -1,5 +1,7 @@
 #include "kit/api/APIEnvironment.h"
 
+#include <arpa/inet.h>
+
 #include <QSettings>
 #include <QSysInfo>
 
@@ -48,6 +50,21 @@ QString APIEnvironment::origin() const {
   const QString shown = host.contains(u':') ? u'[' + host + u']' : host;
   const QString port = baseURL.port() >= 0 ? u':' + QString::number(baseURL.port()) : QString();
   return baseURL.scheme() + u"://"_s + shown + port;
+}
+
+std::optional<QString> APIEnvironment::otherOrigin() const {
+  const bool isProductionOrigin = baseURL.scheme() == "https"_L1 && isProduction() && baseURL.port(443) == 443;
+  return isProductionOrigin ? std::nullopt : std::optional(origin());
+}
+
+bool APIEnvironment::isPlainLoopback() const {
+  if (baseURL.scheme() != "http"_L1) return false;
+  const QString host = baseURL.host();
+  // The network library does not look "localhost" up, as it would a name below it.
+  if (host == "localhost"_L1 || host == "::1"_L1) return true;
+  in_addr address{};
+  return ::inet_pton(AF_INET, host.toLatin1().constData(), &address) == 1 &&
+         ntohl(address.s_addr) >> 24 == IN_LOOPBACKNET;
 }
 
 const ClientIdentity& ClientIdentity::current() {

@@ -1,11 +1,36 @@
 #include "kit/api/APIError.h"
 
 #include <QHash>
+#include <algorithm>
+
+#include "kit/api/plainText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
+
+constexpr qsizetype longestText = 1000;
+constexpr qsizetype mostFieldErrors = 100;
+
+void bound(std::optional<QString>& text) {
+  if (text) text = cutTo(*text, longestText);
+}
+
+Problem bounded(Problem problem) {
+  for (auto* text : {&problem.type, &problem.title, &problem.detail, &problem.code}) bound(*text);
+  if (problem.errors) {
+    if (problem.errors->size() > mostFieldErrors) problem.errors->resize(mostFieldErrors);
+    for (auto& each : *problem.errors) {
+      bound(each.path);
+      bound(each.message);
+    }
+  }
+  if (problem.requestId && !isPlainId(*problem.requestId)) problem.requestId.reset();
+  if (problem.retryIn) problem.retryIn = std::clamp<qint64>(*problem.retryIn, 0, Problem::longestRetry);
+  if (problem.triesLeft) problem.triesLeft = std::max<qint64>(*problem.triesLeft, 0);
+  return problem;
+}
 
 /// An empty text counts as absent: ": Name is required." reads like a fault of ours.
 bool says(const std::optional<QString>& text) { return text && !text->isEmpty(); }
@@ -27,8 +52,8 @@ APIError APIError::rateLimited(std::optional<double> retryAfter) {
 
 APIError APIError::problem(Problem problem, std::optional<QString> requestId) {
   APIError error(Kind::problem);
-  error.m_problem = std::move(problem);
-  error.m_requestId = std::move(requestId);
+  error.m_problem = bounded(std::move(problem));
+  if (requestId && isPlainId(*requestId)) error.m_requestId = std::move(requestId);
   return error;
 }
 

@@ -27,6 +27,7 @@ struct Problem {
   std::optional<QList<FieldError>> errors;
   /// Seconds until the action may be tried again.
   std::optional<qint64> retryIn;
+  static constexpr qint64 longestRetry = 60 * 60;
   /// Attempts left before a lock-out.
   std::optional<qint64> triesLeft;
   bool operator==(const Problem&) const = default;
@@ -50,6 +51,7 @@ class APIError final : public std::exception {
   };
 
   static APIError rateLimited(std::optional<double> retryAfter);
+  /// Cuts what the problem says to what fits a screen, and its numbers to what they can mean.
   static APIError problem(Problem problem, std::optional<QString> requestId);
   static APIError server(int status);
   /// For the kinds without a payload.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <atomic>
@@ -36,6 +37,10 @@ struct APIRequest {
   std::optional<qint64> ifMatch;
   /// Longest time without a byte; the client's own idle limit applies as well.
   std::chrono::milliseconds timeout = std::chrono::seconds(60);
+  /// A longer answer, as it is when it has been unpacked, is refused as `invalidResponse`.
+  qint64 answerAtMost = 16LL << 20;
+  /// Signs somebody in: the body is overwritten once it has gone out.
+  bool secret = false;
   /// Where to count the bytes of the body that have gone out, for who shows how far a long one is. Written by another
   /// thread; no transport has to.
   std::shared_ptr<std::atomic<qint64>> sent;
@@ -64,6 +69,14 @@ struct RawData {
   QByteArray data;
   std::optional<QString> contentType;
   bool operator==(const RawData&) const = default;
+};
+
+/// A result with when the service gave it, by its own clock.
+template <class R>
+struct Dated {
+  R value;
+  std::optional<QDateTime> at;
+  bool operator==(const Dated&) const = default;
 };
 
 /// `id` as one path segment. What is already percent-encoded ("%2F") stays as it is.

@@ -1,7 +1,9 @@
 #include "kit/api/APITransport.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QLoggingCategory>
+#include <algorithm>
 #include <cmath>
 
 namespace orv {
@@ -12,6 +14,14 @@ std::optional<QString> HTTPAnswer::header(QByteArrayView name) const {
   for (const auto& [key, value] : headers)
     if (key.compare(name, Qt::CaseInsensitive) == 0) return QString::fromUtf8(value);
   return std::nullopt;
+}
+
+std::optional<QDateTime> HTTPAnswer::date() const {
+  const auto text = header("Date");
+  if (!text) return std::nullopt;
+  QDateTime found = QLocale::c().toDateTime(*text, QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'"));
+  found.setTimeSpec(Qt::UTC);
+  return found.isValid() ? std::optional(found) : std::nullopt;
 }
 
 void AnswerReceiver::connect(QObject* listener) {
@@ -60,7 +70,9 @@ APIError rateLimit(const HTTPAnswer& answer) {
   bool isNumber = false;
   const double seconds = answer.header("Retry-After").value_or(QString()).trimmed().toDouble(&isNumber);
   // "inf" and "nan" are numbers to Qt.
-  return APIError::rateLimited(isNumber && std::isfinite(seconds) ? std::optional(seconds) : std::nullopt);
+  return APIError::rateLimited(isNumber && std::isfinite(seconds)
+                                   ? std::optional(std::clamp(seconds, 0.0, double(Problem::longestRetry)))
+                                   : std::nullopt);
 }
 
 APIError refusal(const HTTPAnswer& answer) {
@@ -86,7 +98,14 @@ std::optional<APIError> errorOf(const ExchangeResult& result) {
   return refusal(answer).withContext(context);
 }
 
-void logDecodeFailure(const DecodeError& error) { qCWarning(lcApi, "Undecodable answer: %s", error.what()); }
+APIError undecodable() {
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    qCWarning(lcApi, "Undecodable answer: %s", error.what());
+  }
+  return APIError::of(APIError::Kind::invalidResponse);
+}
 
 }  // namespace detail
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 #include <QObject>
 #include <QPair>
@@ -24,6 +25,8 @@ struct HTTPAnswer {
 
   /// First value of the header, matched without regard to case.
   std::optional<QString> header(QByteArrayView name) const;
+  /// By the service's own clock, when it tells.
+  std::optional<QDateTime> date() const;
 };
 
 /// Why no whole answer came back.
@@ -59,6 +62,9 @@ class AnswerReceiver {
   AnswerReceiver& operator=(const AnswerReceiver&) = delete;
   virtual ~AnswerReceiver() = default;
 
+  /// Whether anything of a success but its head is wanted.
+  virtual bool readsBody() const { return true; }
+
   /// Any thread, once. A receiver whose task is gone drops the result.
   void receive(ExchangeResult result);
 
@@ -81,7 +87,8 @@ namespace detail {
 
 /// The error an exchange ended with, if it did.
 std::optional<APIError> errorOf(const ExchangeResult& result);
-void logDecodeFailure(const DecodeError& error);
+/// What the exception that is being handled means to the caller: an answer that nobody can read.
+APIError undecodable();
 
 template <class R>
 struct AnswerDecoder {
@@ -97,21 +104,27 @@ struct AnswerDecoder<RawData> {
 };
 
 template <class R>
+struct AnswerDecoder<Dated<R>> {
+  static Dated<R> decode(const HTTPAnswer& answer) { return {AnswerDecoder<R>::decode(answer), answer.date()}; }
+};
+
+template <class R>
 class TypedReceiver final : public AnswerReceiver {
  public:
+  bool readsBody() const override { return !std::is_same_v<R, Empty>; }
+
   std::variant<std::monostate, R, APIError> outcome;
 
  protected:
   void interpret(const ExchangeResult& result) override {
-    if (auto error = errorOf(result)) {
-      outcome = std::move(*error);
-      return;
-    }
     try {
-      outcome.template emplace<R>(AnswerDecoder<R>::decode(std::get<HTTPAnswer>(result)));
-    } catch (const DecodeError& error) {
-      logDecodeFailure(error);
-      outcome = APIError::of(APIError::Kind::invalidResponse);
+      if (auto error = errorOf(result))
+        outcome = std::move(*error);
+      else
+        outcome.template emplace<R>(AnswerDecoder<R>::decode(std::get<HTTPAnswer>(result)));
+    } catch (const std::exception&) {
+      // Memory runs out too, where an answer asks for enough of it.
+      outcome = undecodable();
     }
   }
 };

@@ -135,7 +135,8 @@ class MapCoder final : public Coder {
     for (auto member : checked(from.value.get_object())) {
       const QString key = textOf(checked(member.unescaped_key()));
       try {
-        JSONReader inner(checked(member.value()), from.texts);
+        from.reading.take(mapNode + key.size() * qint64(sizeof(QChar)));
+        JSONReader inner = from.within(checked(member.value()));
         readPlain(map[key] = T(), inner);
       } catch (DecodeFault& fault) {
         // The key may be a person's data; the log has no use for it.
@@ -213,11 +214,13 @@ void ListCoder::read(void* list, JSONReader& from) const {
   // A list of records that grows moves all of them, member by member; to count them first costs less. Not more than a
   // sane answer needs, though: a "0," is two bytes, the room for what should stand there a thousand.
   constexpr size_t mostReserved = 64 << 20;
-  reserve(list, qsizetype(std::min(checked(array.count_elements()), mostReserved / m_size)));
+  const size_t count = checked(array.count_elements());
+  from.reading.take(qint64(count * m_size));
+  reserve(list, qsizetype(std::min(count, mostReserved / m_size)));
   qsizetype place = 0;
   try {
     for (auto element : array) {
-      JSONReader inner(checked(element), from.texts);
+      JSONReader inner = from.within(checked(element));
       m_element.read(append(list), inner);
       ++place;
     }
@@ -280,7 +283,7 @@ void RecordCoder::read(void* record, JSONReader& from) const {
     if (place == m_fields.size() && rawKey[std::strcspn(rawKey, "\\\"")] == '\\')
       place = fieldNamed(checked(member.unescaped_key()));
     if (place == m_fields.size()) {
-      JSONReader(checked(member.value()), from.texts).skip();
+      from.within(checked(member.value())).skip();
       continue;
     }
     const Field& field = m_fields[place];
@@ -288,7 +291,7 @@ void RecordCoder::read(void* record, JSONReader& from) const {
     try {
       // Of a key that stands twice the last value holds, and nothing of the first stays in it.
       if (seen >> place & 1) field.coder->clear(target);
-      JSONReader inner(checked(member.value()), from.texts);
+      JSONReader inner = from.within(checked(member.value()));
       field.coder->read(target, inner);
     } catch (DecodeFault& fault) {
       fault.within(textOf(field.name));

@@ -15,6 +15,10 @@ struct Workspace {
 };
 constexpr qsizetype keptAtMost = 1 << 20;
 
+/// No answer that says something comes to more when it is built; the first also lets short ones be as odd as they like.
+constexpr qint64 roomAnyway = 16 << 20;
+constexpr qint64 roomForAByte = 8;
+
 /// What stands between a string's quotation marks, escapes and all. The parser knows where the next token begins, so
 /// that the string need not be searched for its end.
 std::string_view betweenQuotes(std::string_view token) {
@@ -63,27 +67,30 @@ const QString& SharedTexts::text(const char* start, size_t size) {
 }
 
 qint64 JSONReader::integer() {
-  if (const auto whole = value.get_int64(); !whole.error()) return whole.value_unsafe();
+  constexpr qint64 greatest = 1LL << 53;
+  if (const auto whole = value.get_int64(); !whole.error())
+    return std::clamp<qint64>(whole.value_unsafe(), 0, greatest);
   // Some writers put every number down as a decimal: 3.0 is a three, 3.5 is none.
   const double decimal = number();
-  constexpr double exactUpTo = 9007199254740992.0;
-  if (decimal != std::trunc(decimal) || std::abs(decimal) > exactUpTo)
-    throw DecodeFault(QStringLiteral("not an integer"));
-  return qint64(decimal);
+  if (decimal != std::trunc(decimal)) throw DecodeFault(QStringLiteral("not an integer"));
+  return qint64(std::clamp(decimal, 0.0, double(greatest)));
 }
 
 QString JSONReader::text() {
   const std::string_view raw = betweenQuotes(value.raw_json_token());
   const Content content = contentOf(raw);
+  const bool isShared = content.ascii && !content.escaped && raw.size() <= SharedTexts::longest;
+  if (!isShared) reading.take(qint64(sizeof(QArrayData) + raw.size() * sizeof(QChar)));
   if (content.escaped) return textOf(checked(value.get_string()));
   (void)checked(value.get_raw_json_string());
   if (!content.ascii) return textOf(raw);
-  if (raw.size() <= SharedTexts::longest) return texts.text(raw.data(), raw.size());
+  if (isShared) return reading.texts.text(raw.data(), raw.size());
   return QString::fromLatin1(raw.data(), qsizetype(raw.size()));
 }
 
 JSONValue JSONReader::anything(int depth) {
   if (depth > deepest) throw DecodeFault(QStringLiteral("nested too deeply"));
+  reading.take(sizeof(JSONValue));
   switch (checked(value.type())) {
     case simdjson::ondemand::json_type::null:
       if (!takeNull()) break;
@@ -96,15 +103,15 @@ JSONValue JSONReader::anything(int depth) {
       return JSONValue::string(text());
     case simdjson::ondemand::json_type::array: {
       JSONValue::Array elements;
-      for (auto element : checked(value.get_array()))
-        elements.append(JSONReader(checked(element), texts).anything(depth + 1));
+      for (auto element : checked(value.get_array())) elements.append(within(checked(element)).anything(depth + 1));
       return JSONValue::array(std::move(elements));
     }
     case simdjson::ondemand::json_type::object: {
       JSONValue::Object members;
       for (auto member : checked(value.get_object())) {
         const QString key = textOf(checked(member.unescaped_key()));
-        members.insert(key, JSONReader(checked(member.value()), texts).anything(depth + 1));
+        reading.take(mapNode + key.size() * qint64(sizeof(QChar)));
+        members.insert(key, within(checked(member.value())).anything(depth + 1));
       }
       return JSONValue::object(std::move(members));
     }
@@ -125,23 +132,31 @@ void JSONReader::skip(int depth) {
       (void)number();
       return;
     case simdjson::ondemand::json_type::string:
-      (void)checked(value.get_string());
+      skipText();
       return;
     case simdjson::ondemand::json_type::array:
-      for (auto element : checked(value.get_array())) JSONReader(checked(element), texts).skip(depth + 1);
+      for (auto element : checked(value.get_array())) within(checked(element)).skip(depth + 1);
       return;
     case simdjson::ondemand::json_type::object:
       for (auto member : checked(value.get_object())) {
         (void)checked(member.unescaped_key());
-        JSONReader(checked(member.value()), texts).skip(depth + 1);
+        within(checked(member.value())).skip(depth + 1);
       }
       return;
   }
   throw DecodeFault(QStringLiteral("not a JSON value"));
 }
 
+void JSONReader::skipText() {
+  // Nothing but an escape can be wrong in a text that ends.
+  if (contentOf(betweenQuotes(value.raw_json_token())).escaped)
+    (void)checked(value.get_string());
+  else
+    (void)checked(value.get_raw_json_string());
+}
+
 void readDocument(QByteArrayView json, const std::function<void(JSONReader&)>& use) {
-  static thread_local SharedTexts texts;
+  static thread_local Reading reading;
   static thread_local Workspace kept;
   Workspace passing;
   Workspace& workspace = json.size() <= keptAtMost ? kept : passing;
@@ -151,7 +166,8 @@ void readDocument(QByteArrayView json, const std::function<void(JSONReader&)>& u
       simdjson::padded_string_view(workspace.bytes.data(), workspace.bytes.size(), workspace.bytes.capacity()));
   if (parsed.error()) refuse(parsed.error());
   auto& document = parsed.value_unsafe();
-  JSONReader reader(checked(document.get_value()), texts);
+  reading.room = roomAnyway + json.size() * roomForAByte;
+  JSONReader reader(checked(document.get_value()), reading);
   use(reader);
   // Where the text goes on after its value; an error means nowhere.
   if (!document.current_location().error()) throw DecodeFault(QStringLiteral("more text after the value"));

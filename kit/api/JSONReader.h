@@ -51,25 +51,47 @@ class SharedTexts {
   std::array<Slot, 256> m_slots;
 };
 
+/// What a member of a map takes beside its key's letters.
+constexpr qint64 mapNode = 96;
+
+/// What the reading of one answer shares.
+struct Reading {
+  SharedTexts texts;
+  /// Bytes that may still be built: "[{},{}" is short, the records that it asks for are not.
+  qint64 room = 0;
+
+  void take(qint64 bytes) {
+    room -= bytes;
+    if (room < 0) [[unlikely]]
+      throw DecodeFault(QStringLiteral("too large"));
+  }
+};
+
 class JSONReader {
  public:
-  JSONReader(simdjson::ondemand::value at, SharedTexts& shared) : value(at), texts(shared) {}
+  JSONReader(simdjson::ondemand::value at, Reading& shared) : value(at), reading(shared) {}
+  /// What stands inside this value.
+  JSONReader within(simdjson::ondemand::value inner) const { return {inner, reading}; }
 
   /// Whether the value is null; it is passed over then.
   bool takeNull() { return checked(value.is_null()); }
   bool boolean() { return checked(value.get_bool()); }
   double number() { return checked(value.get_double()); }
+  /// Counts, places and versions: from 0 to what a decimal holds exactly. What lies outside becomes the nearest of
+  /// them.
   qint64 integer();
   QString text();
   JSONValue anything(int depth = 0);
-  /// Passes over a value that nobody reads, making sure all the same that it is one: the parser itself would jump over
-  /// it without looking.
+  /// Passes over a value that nobody reads, building nothing, and makes sure all the same that it is one: the parser
+  /// itself would jump over it without looking.
   void skip(int depth = 0);
 
   simdjson::ondemand::value value;
-  SharedTexts& texts;
+  Reading& reading;
 
  private:
+  void skipText();
+
   static constexpr int deepest = 256;
 };
 

@@ -2,8 +2,11 @@
 
 #include <ifaddrs.h>
 #include <net/if.h>
+#include <sys/socket.h>
 
 #include <QLoggingCategory>
+
+#include "kit/api/wipe.h"
 
 namespace orv {
 
@@ -25,6 +28,11 @@ bool hasAddressBesidesLoopback() {
   return found;
 }
 
+/// The library's own sockets stay open in programs that are started from here.
+curl_socket_t openSocket(void*, curlsocktype, curl_sockaddr* address) {
+  return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
 }  // namespace
 
 Transfer::Transfer(quint64 number, WireRequest wire, QString label, APIClient::Limits limits,
@@ -33,11 +41,14 @@ Transfer::Transfer(quint64 number, WireRequest wire, QString label, APIClient::L
       m_wire(std::move(wire)),
       m_label(std::move(label)),
       m_limits(limits),
-      m_receiver(std::move(receiver)) {}
+      m_receiver(std::move(receiver)),
+      m_intake(m_wire.answerAtMost, m_receiver->readsBody()) {}
 
 Transfer::~Transfer() {
   curl_easy_cleanup(m_easy);
   curl_slist_free_all(m_headers);
+  // It is sent once, and nobody reads it again.
+  if (m_wire.secret && m_wire.body) wipe(*m_wire.body);
 }
 
 Transfer* Transfer::of(CURL* easy) {
@@ -48,6 +59,7 @@ Transfer* Transfer::of(CURL* easy) {
 
 void Transfer::begin(CURLM* multi, const Route& route) {
   m_started = m_lastByte = SteadyClock::now();
+  m_meter = route.meter;
   m_easy = curl_easy_init();
   for (const QByteArray& line : m_wire.headers) m_headers = curl_slist_append(m_headers, line.constData());
   // An empty value takes out a header that the library would add by itself.
@@ -61,11 +73,11 @@ Transfer::SteadyClock::time_point Transfer::deadline() const {
   return std::min(m_lastByte + m_limits.idle, m_started + m_limits.whole);
 }
 
-void Transfer::end(CURLcode code) {
+ExchangeResult Transfer::end(CURLcode code) {
   if (SteadyClock::now() >= deadline() && code == CURLE_ABORTED_BY_CALLBACK) code = CURLE_OPERATION_TIMEDOUT;
   ExchangeResult result = resultOf(code);
   report(result, code);
-  m_receiver->receive(std::move(result));
+  return result;
 }
 
 void Transfer::configure() {
@@ -83,11 +95,11 @@ void Transfer::configure() {
     set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t(m_wire.body->size()));
     set(CURLOPT_POSTFIELDS, m_wire.body->constData());
   }
-  set(CURLOPT_MAXFILESIZE_LARGE, curl_off_t(m_limits.answerBytes));
   set(CURLOPT_WRITEFUNCTION, &Transfer::takeBody);
   set(CURLOPT_WRITEDATA, this);
   set(CURLOPT_HEADERFUNCTION, &Transfer::takeHeader);
   set(CURLOPT_HEADERDATA, this);
+  set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
   set(CURLOPT_PREREQFUNCTION, &Transfer::goesOut);
   set(CURLOPT_PREREQDATA, this);
   set(CURLOPT_XFERINFOFUNCTION, &Transfer::watch);
@@ -98,7 +110,13 @@ void Transfer::configure() {
 void Transfer::configureConnection(const Route& route) {
   set(CURLOPT_HTTP_VERSION, m_limits.http2Unasked ? CURL_HTTP_VERSION_2_PRIOR_KNOWLEDGE : CURL_HTTP_VERSION_2TLS);
   set(CURLOPT_NOSIGNAL, 1L);
+  // The machine's configuration may say less.
+  set(CURLOPT_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+  set(CURLOPT_PROXY_SSLVERSION, long(CURL_SSLVERSION_TLSv1_2));
+  set(CURLOPT_SSL_VERIFYPEER, 1L);
+  set(CURLOPT_SSL_VERIFYHOST, 2L);
   set(CURLOPT_TCP_KEEPALIVE, 1L);
+  set(CURLOPT_OPENSOCKETFUNCTION, &openSocket);
   set(CURLOPT_CONNECTTIMEOUT_MS, long(m_limits.idle.count()));
   // A look-up runs on a thread of the library's that nothing can end before the resolver answers; without this, giving
   // the request up waits for that thread, and all other requests with it.
@@ -110,41 +128,38 @@ void Transfer::configureConnection(const Route& route) {
   set(CURLOPT_FORBID_REUSE, fresh ? 1L : 0L);
   // The library counts whole seconds, and keeps a connection until there are more of them.
   set(CURLOPT_MAXAGE_CONN, std::max(1L, long(m_limits.kept.count()) - 1));
-  if (route.proxy) set(CURLOPT_PROXY, route.proxy->constData());
+  // Without TLS only this machine may read what is sent, so no proxy either.
+  if (m_wire.staysHere)
+    set(CURLOPT_PROXY, "");
+  else if (route.proxy)
+    set(CURLOPT_PROXY, route.proxy->constData());
 }
 
 size_t Transfer::takeBody(char* bytes, size_t, size_t count, void* self) {
   auto* transfer = static_cast<Transfer*>(self);
-  if (transfer->m_answer.body.size() + qint64(count) > transfer->m_limits.answerBytes) {
-    transfer->m_tooLong = true;
-    return 0;
-  }
-  transfer->m_answer.body.append(bytes, qsizetype(count));
-  return count;
+  curl_off_t received = 0;
+  curl_easy_getinfo(transfer->m_easy, CURLINFO_SIZE_DOWNLOAD_T, &received);
+  return transfer->m_intake.takeBody({bytes, qsizetype(count)}, received) ? count : 0;
 }
 
 size_t Transfer::takeHeader(char* bytes, size_t, size_t count, void* self) {
   auto* transfer = static_cast<Transfer*>(self);
   // The counts of watch() leave the head out.
   transfer->m_lastByte = SteadyClock::now();
-  const QByteArrayView line = QByteArrayView(bytes, qsizetype(count)).trimmed();
-  // Interim answers and a proxy's own come before the one that counts.
-  if (line.startsWith("HTTP/")) {
-    transfer->m_answer.headers.clear();
-    transfer->m_headIsWhole = false;
-  }
-  if (line.isEmpty()) transfer->m_headIsWhole = true;
-  if (const auto colon = line.indexOf(':'); colon > 0)
-    transfer->m_answer.headers.append(
-        {line.first(colon).trimmed().toByteArray(), line.sliced(colon + 1).trimmed().toByteArray()});
-  return count;
+  *transfer->m_meter += qint64(count);
+  long status = 0;
+  curl_easy_getinfo(transfer->m_easy, CURLINFO_RESPONSE_CODE, &status);
+  return transfer->m_intake.takeHeader({bytes, qsizetype(count)}, int(status)) ? count : 0;
 }
 
 int Transfer::watch(void* self, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
   auto* transfer = static_cast<Transfer*>(self);
   const auto now = SteadyClock::now();
   if (transfer->m_wire.sent) *transfer->m_wire.sent = up;
-  if (std::exchange(transfer->m_bytes, down + up) != down + up) transfer->m_lastByte = now;
+  if (const curl_off_t before = std::exchange(transfer->m_bytes, down + up); before != down + up) {
+    transfer->m_lastByte = now;
+    *transfer->m_meter += down + up - before;
+  }
   return now >= transfer->deadline() ? 1 : 0;
 }
 
@@ -154,19 +169,17 @@ int Transfer::goesOut(void* self, char*, char*, int, int) {
 }
 
 ExchangeResult Transfer::resultOf(CURLcode code) {
-  if (m_tooLong) return TransportFailure::invalidResponse;
+  if (m_intake.isTooMuch()) return TransportFailure::invalidResponse;
+  if (m_intake.isEnough()) return m_intake.take();
   if (const auto failure = failureOf(code)) return NoAnswer(*failure, m_sent);
-  long status = 0;
-  curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
-  m_answer.status = int(status);
-  return std::move(m_answer);
+  return m_intake.take();
 }
 
 std::optional<TransportFailure> Transfer::failureOf(CURLcode code) const {
   switch (code) {
     case CURLE_OK:
       // To the library, a head that breaks off after its first line is an answer without a body.
-      return m_headIsWhole ? std::nullopt : std::optional(TransportFailure::offline);
+      return m_intake.hasHead() ? std::nullopt : std::optional(TransportFailure::offline);
     case CURLE_GOT_NOTHING:
     case CURLE_SEND_ERROR:
     case CURLE_RECV_ERROR:
@@ -180,8 +193,10 @@ std::optional<TransportFailure> Transfer::failureOf(CURLcode code) const {
     case CURLE_UNSUPPORTED_PROTOCOL:
     case CURLE_WEIRD_SERVER_REPLY:
     case CURLE_BAD_CONTENT_ENCODING:
-    case CURLE_FILESIZE_EXCEEDED:
       return TransportFailure::invalidResponse;
+    case CURLE_OUT_OF_MEMORY:
+      // Also how the library calls a line of a head that is too long for it.
+      return m_sent ? TransportFailure::invalidResponse : TransportFailure::unreachable;
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY:
       return hasAddressBesidesLoopback() ? TransportFailure::unreachable : TransportFailure::offline;

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "kit/api/APIClient.h"
+#include "kit/api/AnswerIntake.h"
 #include "kit/api/WireRequest.h"
 
 namespace orv {
@@ -32,11 +33,14 @@ class Transfer {
     std::optional<QByteArray> proxy;
     /// No connection that is there already may be used, nor this one kept.
     bool fresh = false;
+    /// Where what comes and goes is counted; outlives the transfer.
+    qint64* meter = nullptr;
   };
   void begin(CURLM* multi, const Route& route);
   /// When the transfer has to be given up if nothing happens until then.
   SteadyClock::time_point deadline() const;
-  void end(CURLcode code);
+  ExchangeResult end(CURLcode code);
+  const std::shared_ptr<AnswerReceiver>& receiver() const { return m_receiver; }
 
  private:
   template <class T>
@@ -63,10 +67,9 @@ class Transfer {
   curl_slist* m_headers = nullptr;
   SteadyClock::time_point m_started, m_lastByte;
   curl_off_t m_bytes = 0;
-  HTTPAnswer m_answer;
+  qint64* m_meter = nullptr;
+  AnswerIntake m_intake;
   bool m_sent = false;
-  bool m_headIsWhole = false;
-  bool m_tooLong = false;
 };
 
 }  // namespace orv

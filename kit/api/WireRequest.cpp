@@ -79,7 +79,10 @@ WireRequest wireRequest(const APICall& call, const APIEnvironment& environment, 
   if (wire.body)
     wire.headers.append(call.form ? "Content-Type: application/x-www-form-urlencoded"_ba
                                   : "Content-Type: application/json"_ba);
-  wire.sent = call.request.sent;
+  wire.sent = request.sent;
+  wire.secret = request.secret;
+  wire.answerAtMost = request.answerAtMost;
+  wire.staysHere = environment.isPlainLoopback();
   return wire;
 }
 

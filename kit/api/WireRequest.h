@@ -18,6 +18,12 @@ struct WireRequest {
   std::optional<QByteArray> body;
   /// Changes something, so it must never share the fate of an old connection.
   bool changing = false;
+  /// To this very machine, and by no proxy.
+  bool staysHere = false;
+  /// See APIRequest.
+  qint64 answerAtMost = 0;
+  /// See APIRequest.
+  bool secret = false;
   /// See APIRequest.
   std::shared_ptr<std::atomic<qint64>> sent;
 };

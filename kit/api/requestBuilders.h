@@ -8,9 +8,13 @@
 /// What the request catalogues are made of.
 namespace orv::Requests {
 
+/// What answers may come to that hold a whole workspace at once, and files.
+inline constexpr qint64 wholeListAtMost = 64LL << 20, fileAtMost = 256LL << 20;
+
 template <class R>
 Request<R> get(QString path, QList<QueryItem> query = {}) {
   Request<R> request;
+  if constexpr (std::is_same_v<R, RawData>) request.answerAtMost = fileAtMost;
   request.path = std::move(path);
   request.query = std::move(query);
   return request;

@@ -21,7 +21,9 @@ Request<LeadListPage> leadLists(bool archived) {
 }
 
 Request<OwnLeads> ownLeads(const OwnLeadsBody& body) {
-  return changing<OwnLeads>(HTTPMethod::post, u"/leads/own"_s, encodeJSON(body));
+  auto request = changing<OwnLeads>(HTTPMethod::post, u"/leads/own"_s, encodeJSON(body));
+  request.answerAtMost = wholeListAtMost;
+  return request;
 }
 
 }  // namespace Requests

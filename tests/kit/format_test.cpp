@@ -5,6 +5,7 @@
 #include "kit/api/APIError.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/plainText.h"
 
 using namespace orv;
 using namespace Qt::Literals::StringLiterals;
@@ -15,6 +16,8 @@ const QLocale english(QLocale::English, QLocale::UnitedStates);
 const QLocale german(QLocale::German, QLocale::Germany);
 
 }  // namespace
+
+Q_DECLARE_METATYPE(std::optional<QString>)
 
 class FormatTest : public QObject {
   Q_OBJECT
@@ -202,6 +205,7 @@ class FormatTest : public QObject {
     QTest::newRow("the first") << QStringList{u"http://a"_s, u"http://b"_s} << u"http://a"_s;
     QTest::newRow("with a path") << QStringList{u"http://a:81/x/?y#z"_s} << u"http://a:81"_s;
     QTest::newRow("credentials") << QStringList{u"http://me:secret@a/"_s} << u"http://a"_s;
+    QTest::newRow("not safe") << QStringList{u"http://b.example"_s, u"https://c.example"_s} << u"http://b.example"_s;
     QTest::newRow("address in brackets") << QStringList{u"http://[::1]:81"_s} << u"http://[::1]:81"_s;
   }
   void theBaseAddressIsTheFirstWithAHost() {
@@ -210,6 +214,82 @@ class FormatTest : public QObject {
     const auto environment = APIEnvironment::resolve(candidates);
     QCOMPARE(environment.origin(), origin);
     QCOMPARE(environment.isProduction(), origin == "https://app.orvella.example"_L1);
+  }
+
+  void onlyThisMachineIsSpokenToInPlain_data() {
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<bool>("safe");
+    for (const auto& safe :
+         {u"https://b.example"_s, u"HTTPS://b.example:81/x"_s, u"http://localhost:8787"_s, u"http://LOCALHOST"_s,
+          u"http://127.0.0.1"_s, u"http://127.9.8.7:1/x"_s, u"http://[::1]:81"_s})
+      QTest::newRow(qPrintable(safe)) << safe << true;
+    for (const auto& unsafe :
+         {u"http://b.example"_s, u"http://app.orvella.example"_s, u"http://127.0.0.1.b.example"_s,
+          u"http://127.0.0.1@b"_s, u"http://localhost@b.example"_s, u"http://localhost.b.example"_s,
+          u"http://b.localhost"_s, u"http://localhost."_s, u"http://0.0.0.0"_s, u"http://10.0.0.2"_s,
+          u"http://128.0.0.1"_s, u"http://[::]"_s, u"http://[2001:db8::1]"_s, u"http://[::ffff:10.0.0.2]"_s,
+          u"ftp://localhost"_s, u"ws://127.0.0.1"_s, u"file://localhost/etc"_s})
+      QTest::newRow(qPrintable(unsafe)) << unsafe << false;
+  }
+  void onlyThisMachineIsSpokenToInPlain() {
+    QFETCH(QString, address);
+    const auto environment = APIEnvironment::resolve({address});
+    QTEST(environment.isSafe(), "safe");
+    QVERIFY(environment.otherOrigin().has_value());
+  }
+
+  void everyOriginButProductionsIsAnother_data() {
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<std::optional<QString>>("other");
+    const std::optional<QString> none;
+    QTest::newRow("production") << QString() << none;
+    QTest::newRow("its port said") << u"https://app.orvella.example:443/"_s << none;
+    QTest::newRow("in capitals") << u"https://APP.Orvella.Example"_s << none;
+    QTest::newRow("in plain") << u"http://app.orvella.example"_s << std::optional(u"http://app.orvella.example"_s);
+    QTest::newRow("another port") << u"https://app.orvella.example:444"_s
+                                  << std::optional(u"https://app.orvella.example:444"_s);
+    QTest::newRow("another host") << u"https://b.example/x"_s << std::optional(u"https://b.example"_s);
+    QTest::newRow("looks like it") << u"https://app.оrvella.example"_s
+                                   << std::optional(u"https://app.xn--rvella-9og.example"_s);
+  }
+  void everyOriginButProductionsIsAnother() {
+    QFETCH(QString, address);
+    QTEST(APIEnvironment::resolve({address}).otherOrigin(), "other");
+  }
+
+  void whatAProblemSaysIsBounded() {
+    const QString endless(2'000'000, u'x');
+    const auto error = APIError::problem({.title = endless,
+                                          .detail = endless,
+                                          .requestId = u"doc"_s,
+                                          .errors = QList<Problem::FieldError>(1000, {endless, endless}),
+                                          .retryIn = -5,
+                                          .triesLeft = -1},
+                                         endless);
+    QCOMPARE(error.message().size(), 2002);
+    QVERIFY(error.message().endsWith(u'…'));
+    QCOMPARE(error.requestId(), u"doc"_s);
+    QCOMPARE(error.problem().errors->size(), 100);
+    QCOMPARE(error.problem().errors->first().message->size(), 1000);
+    QCOMPARE(error.problem().retryIn, 0);
+    QCOMPARE(error.problem().triesLeft, 0);
+    QCOMPARE(APIError::problem({.title = u"x"_s, .retryIn = 1'000'000}, {}).problem().retryIn, 3600);
+    QCOMPARE(APIError::problem({.title = QString(999, u'x') + u"😀"_s}, {}).message(), QString(999, u'x') + u'…');
+    const auto idOf = [](const QString& id) { return APIError::problem({.code = u"x"_s}, id).requestId(); };
+    QCOMPARE(idOf(QString(128, u'r')), QString(128, u'r'));
+    for (const QString& none : {QString(129, u'r'), u"r\n1"_s, u"r\x7f"_s, u"ré"_s, u"\u202er"_s, u""_s})
+      QCOMPARE(idOf(none), std::nullopt);
+  }
+
+  void aLogLineIsOne() {
+    QCOMPARE(logLine(u"plain é😀 \"x\\\""_s), u"plain é😀 \"x\\\""_s);
+    QCOMPARE(logLine(u"a\r\nb\t\x1b[2J\u2028\u202e"_s), u"a\\u000d\\u000ab\\u0009\\u001b[2J\\u2028\\u202e"_s);
+    for (const QString& each : {u"x"_s, u"é"_s, u"😀"_s, u"\n"_s}) {
+      const QString line = logLine(each.repeated(1'000'000));
+      QVERIFY(line.endsWith(u'…'));
+      QVERIFY2(line.toUtf8().size() <= 4096, qPrintable(QString::number(line.toUtf8().size())));
+      QVERIFY(line.toUtf8().size() > 2000);
+    }
   }
 
   void everyFailureHasItsSentence() {

@@ -60,6 +60,31 @@ BOOST_DESCRIBE_STRUCT(Alike, (),
 
 ORV_RECORD_CODERS(Alike)
 
+/// Nothing in it has to be there.
+struct SparseInner {
+  std::optional<QString> a, b, c, d;
+  bool operator==(const SparseInner&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(SparseInner, (), (a, b, c, d))
+struct SparsePart {
+  std::optional<QList<SparseInner>> sparse;
+  std::optional<QString> a, b, c, d;
+  bool operator==(const SparsePart&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(SparsePart, (), (sparse, a, b, c, d))
+struct Sparse {
+  std::optional<QList<SparsePart>> sparse;
+  std::optional<JSONValue> free;
+  std::optional<QMap<QString, qint64>> map;
+  std::optional<QList<QString>> texts;
+  bool operator==(const Sparse&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(Sparse, (), (sparse, free, map, texts))
+
+ORV_RECORD_CODERS(SparseInner)
+ORV_RECORD_CODERS(SparsePart)
+ORV_RECORD_CODERS(Sparse)
+
 }  // namespace orv
 
 namespace {
@@ -112,9 +137,11 @@ class JsonTest : public QObject {
         R"({"count":1,"counts":{"b":2},"memo":null,"name":"n","part":{"count":6},"parts":[]})");
     row("3.0 is a whole number", R"({"name":"","count":3.0})", R"({"count":3,"name":""})");
     row("3e2 is a whole number", R"({"name":"","count":3e2})", R"({"count":300,"name":""})");
-    row("the greatest", R"({"name":"","count":9223372036854775807})", R"({"count":9223372036854775807,"name":""})");
-    row("the least number", R"({"name":"","count":-9223372036854775808})",
-        R"({"count":-9223372036854775808,"name":""})");
+    for (const char* great : {"9007199254740992", "9223372036854775807", "9223372036854775808", "1e300",
+                              "99999999999999999999999999999999999999"})
+      row(great, R"({"name":"","count":)"_ba + great + '}', R"({"count":9007199254740992,"name":""})");
+    for (const char* less : {"-1", "-1.0", "-9223372036854775808", "-1e300"})
+      row(less, R"({"name":"","count":)"_ba + less + '}', R"({"count":0,"name":""})");
     row("whole numbers as shares", thing(R"("share":7)"), R"({"count":1,"name":"n","share":7})");
     row("surrogates", R"({"name":"\ud83d\ude00 é","count":1})", R"({"count":1,"name":"😀 é"})");
     row("control characters", R"({"name":"\u0000\n\/\u005c\u0022","count":1})",
@@ -140,7 +167,7 @@ class JsonTest : public QObject {
     row(R"({"count":1})", u"name"_s);
     row(R"({"name":null,"count":1})", u"name"_s);
     row(R"({"name":1,"count":1})", u"name"_s);
-    for (const char* count : {"3.5", "\"3\"", "true", "9223372036854775808", "1e400", "[]", "{}"})
+    for (const char* count : {"3.5", "\"3\"", "true", "-0.5", "1e400", "[]", "{}"})
       row(R"({"name":"n","count":)"_ba + count + '}', u"count"_s);
     row(thing(R"("on":1)"), u"on"_s);
     row(thing(R"("on":"true")"), u"on"_s);
@@ -152,7 +179,7 @@ class JsonTest : public QObject {
     row(thing(R"("parts":{})"), u"parts"_s);
     row(thing(R"("parts":[{"count":1},{"count":2,"note":7}])"), u"parts[1].note"_s);
     row(thing(R"("parts":[null])"), u"parts[0]"_s);
-    row(thing("\"parts\":[" + QByteArray("0,").repeated(1000000) + "0]"), u"parts[0]"_s);
+    row(thing("\"parts\":[" + QByteArray("0,").repeated(1000000) + "0]"), u"parts"_s);
     row(thing(R"("counts":{"maren@example.com":"1"})"), u"counts.*"_s);
     row(thing(R"("memo":{})"), u"memo"_s);
     row(thing(R"("free":)" + QByteArray(100000, '[') + QByteArray(100000, ']')), u"free"_s);
@@ -162,6 +189,38 @@ class JsonTest : public QObject {
     QFETCH(QByteArray, json);
     QFETCH(QString, path);
     QCOMPARE(faultIn(json), path);
+  }
+
+  /// A few bytes that ask for a lot: what would be built is bounded by what came.
+  void refusesToBuildMuchOfLittle_data() {
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<bool>("refused");
+    const auto many = [](const char* each, int count) {
+      return "[" + QByteArray(each).append(',').repeated(count) + each + "]";
+    };
+    for (const auto& [size, refused] : {std::pair(1000, false), std::pair(1'000'000, true)}) {
+      const auto row = [&](const char* name, const QByteArray& json) {
+        QTest::addRow("%s, %d", name, size) << json << refused;
+      };
+      row("records", R"({"sparse":)" + many("{}", size) + "}");
+      row("records in records", R"({"sparse":)" + many(R"({"sparse":[{}]})", size) + "}");
+      row("values", R"({"free":)" + many("[[]]", size) + "}");
+      row("objects", R"({"free":)" + many(R"({"a":0})", size) + "}");
+      row("map", R"({"map":{)" + QByteArray(R"("":0,)").repeated(size) + R"("a":0}})");
+    }
+    QTest::newRow("texts") << R"({"texts":)" + many("\"\u00e9\"", 1'000'000) + "}" << true;
+    QTest::newRow("words") << R"({"texts":)" + many("\"warm\"", 1'000'000) + "}" << false;
+    QTest::newRow("nobody reads them") << R"({"other":)" + many(R"({"a":[[],""]})", 1'000'000) + "}" << false;
+  }
+  void refusesToBuildMuchOfLittle() {
+    QFETCH(QByteArray, json);
+    bool refused = false;
+    try {
+      decodeJSON<Sparse>(json);
+    } catch (const DecodeError&) {
+      refused = true;
+    }
+    QTEST(refused, "refused");
   }
 
   /// What is no JSON is refused wherever it stands, so also where nobody would have read it.

@@ -147,6 +147,7 @@ struct NamedWire : Wire {
                      std::unique_ptr<NetworkChanges> changes = std::make_unique<NetworkChanges>()) {
     QUrl url = server.url();
     url.setHost(host);
+    limits.plainAnywhere = true;
     client = std::make_unique<APIClient>(APIEnvironment{url}, identity, limits, std::move(changes));
   }
 };
@@ -294,6 +295,7 @@ class NetworkTest : public QObject {
     url.setHost(failing.host);
     url.setScheme(failing.scheme);
     for (const auto& reply : failing.replies) server.reply(reply);
+    failing.limits.plainAnywhere = true;
     APIClient client({url}, identity, failing.limits);
     if (failing.throughProxy) client.useProxy("http://" + address.toUtf8());
     std::optional<APIError> error;

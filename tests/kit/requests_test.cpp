@@ -29,6 +29,8 @@
 #include "kit/models/campaigns/sequence.h"
 #include "kit/models/campaigns/subsequence.h"
 #include "kit/models/campaigns/testEmail.h"
+#include "kit/models/deliverability/deliverabilityReport.h"
+#include "kit/models/deliverability/deliverabilityRequests.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
@@ -39,6 +41,11 @@
 #include "kit/models/mailboxes/mailboxRequests.h"
 #include "kit/models/mailboxes/newMailbox.h"
 #include "kit/models/mailboxes/trackingDomainCheck.h"
+#include "kit/models/rampup/rampupChanges.h"
+#include "kit/models/rampup/rampupDetail.h"
+#include "kit/models/rampup/rampupRequests.h"
+#include "kit/models/rampup/roadmapTemplate.h"
+#include "kit/models/rampup/warmupStats.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -91,9 +98,11 @@ MailboxConnectionIn::SmtpImap smtpLogin() {
   return {u"ana"_s, u" p\"ß "_s, {u"smtp.a.example"_s, 587, false}, {u"imap.a.example"_s, 993, true}, {}, {}};
 }
 
+QList<RoadmapStage> roadmap() { return {{u"warmup"_s, u"Warm-up only"_s, 14, {5, 18}, {0, 0}}}; }
+
 /// The calls behind the cases of the fixture.
 const std::map<QString, std::function<Built()>>& builders() {
-  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, email = u"a@b.example"_s;
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, email = u"a@b.example"_s;
   static const std::map<QString, std::function<Built()>> all{
       {u"listCampaigns"_s, [] { return listCampaigns(false); }},
       {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
@@ -163,6 +172,43 @@ const std::map<QString, std::function<Built()>>& builders() {
        [] {
          return googleConnect({{email, u"b@b.example"_s}});
        }},
+      {u"listRampup"_s, [] { return listRampup(); }},
+      {u"getRampup"_s, [] { return getRampup(u"mb/1 x"_s); }},
+      {u"warmupStats"_s, [] { return warmupStats(mb1, 30); }},
+      {u"editRoadmap"_s, [] { return editRoadmap(mb1, {roadmap()}, 4); }},
+      {u"updateWarmup nothing"_s, [] { return updateWarmup(mb1, {}); }},
+      {u"updateWarmup without an increase"_s,
+       [] { return updateWarmup(mb1, {.increasePerDay = Clearable<qint64>::cleared()}); }},
+      {u"updateWarmup all"_s,
+       [] {
+         return updateWarmup(mb1, {false, 24, Clearable<qint64>(0), 32, 58, 20, 80, u""_s, true, false, true});
+       }},
+      {u"pauseRoadmap"_s, [] { return pauseRoadmap(mb1); }},
+      {u"resumeRoadmap"_s, [] { return resumeRoadmap(mb1); }},
+      {u"extendRoadmap"_s, [] { return extendRoadmap(mb1, {7}); }},
+      {u"restartRoadmap"_s, [] { return restartRoadmap(mb1, {}); }},
+      {u"restartRoadmap on a template"_s, [] { return restartRoadmap(mb1, {t1}); }},
+      {u"bulkRampup pause"_s,
+       [] {
+         return bulkRampup({.mailboxIds = {mb1, u"mb2"_s}, .action = u"pause"_s});
+       }},
+      {u"bulkRampup all"_s,
+       [] {
+         return bulkRampup({{mb1}, u"edit"_s, 7, t1, roadmap()});
+       }},
+      {u"listTemplates"_s, [] { return listTemplates(false); }},
+      {u"listTemplates archived"_s, [] { return listTemplates(true); }},
+      {u"createTemplate"_s,
+       [] {
+         return createTemplate({u"Spring"_s, {}, {}});
+       }},
+      {u"updateTemplate name"_s, [] { return updateTemplate(t1, {.name = u"Spring"_s}, 3); }},
+      {u"updateTemplate stages"_s, [] { return updateTemplate(t1, {.stages = roadmap()}, 3); }},
+      {u"deleteTemplate"_s, [] { return deleteTemplate(t1, false); }},
+      {u"deleteTemplate for good"_s, [] { return deleteTemplate(t1, true); }},
+      {u"restoreTemplate"_s, [] { return restoreTemplate(t1); }},
+      {u"deliverability"_s, [] { return deliverability(); }},
+      {u"deliverabilityInbox"_s, [] { return deliverabilityInbox(u"mb/1"_s); }},
       {u"listTags"_s, [] { return listTags(); }},
       {u"listReplyLabels"_s, [] { return listReplyLabels(); }},
       {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},
@@ -314,6 +360,7 @@ class RequestsTest : public QObject {
              body.isUndefined() ? "none"_ba : QJsonDocument(body.toObject()).toJson(QJsonDocument::Compact));
     QCOMPARE(request.ifMatch.value_or(-1), expected["ifMatch"_L1].toInteger(-1));
     QCOMPARE(request.timeout, std::chrono::milliseconds(60000));
+    QCOMPARE(request.answerAtMost, expected["megabytes"_L1].toInteger(16) << 20);
   }
 
   void everyChangeHasAFreshKey_data() { isBuiltAsExpected_data(); }

@@ -20,7 +20,7 @@ const ClientIdentity identity{u"1.4.2"_s, u"318"_s, u"14.5"_s};
 /// A service and a client of it.
 struct Wire {
   WireServer server;
-  APIClient client{{server.url()}, identity, {.idle = 10s, .whole = 20s, .answerBytes = 64 << 20}};
+  APIClient client{{server.url()}, identity, {.idle = 10s, .whole = 20s}};
 };
 
 template <class R>

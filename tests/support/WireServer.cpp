@@ -1,6 +1,7 @@
 #include "tests/support/WireServer.h"
 
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -176,6 +177,9 @@ void WireServer::meet(Connection& connection, QByteArray request) {
     }
   }
   sendAll(connection.socket, reply.bytes);
+  const int apart = 1;
+  if (!reply.hastily.isEmpty()) ::setsockopt(connection.socket, IPPROTO_TCP, TCP_NODELAY, &apart, sizeof apart);
+  for (const char byte : reply.hastily) sendAll(connection.socket, QByteArrayView(&byte, 1));
   connection.slowly = reply.slowly;
   connection.then = reply.then;
   if (connection.slowly.isEmpty()) finish(connection, reply.then);

@@ -22,6 +22,8 @@ class WireServer {
     bool read = true;
     /// Sent after `bytes`, a byte at a time with pauses; `then` waits for its end.
     QByteArray slowly;
+    /// Sent after `bytes`, a byte to a packet, one upon the other.
+    QByteArray hastily;
   };
   struct Received {
     int connection = 0;

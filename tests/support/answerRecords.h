@@ -18,6 +18,7 @@
 #include "kit/models/campaigns/sequence.h"
 #include "kit/models/campaigns/subsequence.h"
 #include "kit/models/campaigns/testEmail.h"
+#include "kit/models/deliverability/deliverabilityReport.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
@@ -26,16 +27,23 @@
 #include "kit/models/mailboxes/mailboxHistory.h"
 #include "kit/models/mailboxes/mailboxPage.h"
 #include "kit/models/mailboxes/trackingDomainCheck.h"
+#include "kit/models/rampup/rampupChanges.h"
+#include "kit/models/rampup/rampupDetail.h"
+#include "kit/models/rampup/roadmapTemplate.h"
+#include "kit/models/rampup/warmupStats.h"
 #include "kit/session/authRequests.h"
 
 namespace orv::test {
 
 /// Every record that an answer of the service may be.
-using AnswerRecords = boost::mp11::mp_list<
-    CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail, FeedPage,
-    MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
-    AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult,
-    MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, TagList,
-    ReplyLabelList, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
+using AnswerRecords =
+    boost::mp11::mp_list<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage,
+                         LeadDetail, FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult,
+                         MoveResult, RestoredResult, AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard,
+                         MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult, MailboxHealth,
+                         GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList,
+                         RampupDetail, WarmupStats, RampupBulkResult, TemplatePage, RoadmapTemplate,
+                         DeliverabilityReport, DeliverabilityInboxDetail, TagList, ReplyLabelList, AuthMethods,
+                         EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
 
 }  // namespace orv::test

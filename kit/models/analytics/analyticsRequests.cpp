@@ -10,6 +10,7 @@ Request<AnalyticsSummary> analyticsSummary(const QString& from, const QString& t
                                            const std::optional<QString>& campaign,
                                            const std::optional<QString>& mailbox, const std::optional<QString>& tag) {
   auto request = get<AnalyticsSummary>(u"/analytics/summary"_s, {{u"from"_s, from}, {u"to"_s, to}});
+  request.answerAtMost = wholeListAtMost;
   addOptional(request.query, u"campaigns"_s, campaign);
   addOptional(request.query, u"mailboxes"_s, mailbox);
   addOptional(request.query, u"tags"_s, tag);
