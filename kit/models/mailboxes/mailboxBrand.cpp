@@ -13,8 +13,12 @@ MailboxBrand brandOf(const Mailbox& mailbox) {
   if (kind == "ms_oauth"_L1 || kind == "ms_graph_app"_L1) return MailboxBrand::microsoft;
   if (kind == "smtp_imap"_L1) return MailboxBrand::smtp;
   // Not connected yet, or in a way of tomorrow.
-  if (mailbox.provider == "google"_L1) return MailboxBrand::google;
-  return mailbox.provider == "microsoft"_L1 ? MailboxBrand::microsoft : MailboxBrand::smtp;
+  return brandOf(mailbox.provider);
+}
+
+MailboxBrand brandOf(const QString& provider) {
+  if (provider == "google"_L1) return MailboxBrand::google;
+  return provider == "microsoft"_L1 ? MailboxBrand::microsoft : MailboxBrand::smtp;
 }
 
 QString brandWord(MailboxBrand brand) {

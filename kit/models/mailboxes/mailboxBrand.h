@@ -10,6 +10,8 @@ struct Mailbox;
 enum class MailboxBrand { google, microsoft, smtp };
 
 MailboxBrand brandOf(const Mailbox& mailbox);
+/// By the provider's word alone, where nothing is told of the connection.
+MailboxBrand brandOf(const QString& provider);
 /// "google", "microsoft" or "smtp".
 QString brandWord(MailboxBrand brand);
 QString brandName(MailboxBrand brand);

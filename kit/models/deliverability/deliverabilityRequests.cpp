@@ -1,0 +1,16 @@
+#include "kit/models/deliverability/deliverabilityRequests.h"
+
+#include "kit/api/requestBuilders.h"
+#include "kit/models/deliverability/deliverabilityReport.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::Requests {
+
+Request<DeliverabilityReport> deliverability() { return get<DeliverabilityReport>(u"/deliverability"_s); }
+
+Request<DeliverabilityInboxDetail> deliverabilityInbox(const QString& mailboxId) {
+  return get<DeliverabilityInboxDetail>(u"/deliverability/inboxes/"_s + pathSegment(mailboxId));
+}
+
+}  // namespace orv::Requests
