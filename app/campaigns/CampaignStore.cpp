@@ -121,6 +121,10 @@ void CampaignStore::setTab(const QString& name) {
   Q_EMIT moved();
 }
 
+void CampaignStore::setSchedulesAsked(bool asked) {
+  if (std::exchange(m_schedulesAsked, asked) != asked) Q_EMIT changed();
+}
+
 QList<Choice> CampaignStore::tabs() const {
   const Campaign* campaign = m_campaign.value();
   const auto tab = [](Tab key, const QString& label, qint64 count = -1) {

@@ -42,6 +42,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tabs READ tabs NOTIFY changed)
+  Q_PROPERTY(bool schedulesAsked READ schedulesAsked WRITE setSchedulesAsked NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
 
  public:
@@ -74,6 +75,10 @@ class CampaignStore final : public Store {
   void setTab(const QString& name);
   /// Key, label and, once known, count of each tab.
   QList<Choice> tabs() const;
+
+  /// The settings are to show the hours, which stand at their end, until they have.
+  bool schedulesAsked() const { return m_schedulesAsked; }
+  void setSchedulesAsked(bool asked);
 
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }
@@ -118,6 +123,7 @@ class CampaignStore final : public Store {
   QList<PageAction> offered(const QString& record) override;
 
  private:
+  QList<PageAction> offeredInTabs();
   Task<bool> checkBeforeLaunch();
   Task<bool> saveSequence(QString failure);
   void take(const Change<Campaign>& change);
@@ -137,6 +143,7 @@ class CampaignStore final : public Store {
   /// As it was when the form was filled.
   Campaign m_renamed;
   Tab m_tab = Tab::sequence;
+  bool m_schedulesAsked = false;
 };
 
 }  // namespace orv

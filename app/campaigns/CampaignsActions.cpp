@@ -12,25 +12,96 @@ QList<FoundRecord> CampaignsStore::found() const {
 }
 
 QList<PageAction> CampaignsStore::offered(const QString& record) {
-  QList<PageAction> actions = Store::offered(record);
-  if (!record.isEmpty()) return actions;
-  actions.prepend({.key = u"archived"_s,
-                   .title = u"Archived campaigns"_s,
-                   .icon = u"archive-insert"_s,
-                   .possible = !m_showArchived,
-                   .inMenu = false,
-                   .anywhere = true,
-                   .run = [this] { setShowArchived(true); }});
-  actions.prepend({.key = u"new"_s,
-                   .title = u"New campaign"_s,
-                   .icon = u"list-add"_s,
-                   .keys = u"N"_s,
+  if (m_index.find(record)) return offeredLive(*m_index.find(record));
+  if (m_archiveIndex.find(record)) return offeredArchived(record);
+  if (!record.isEmpty()) return {};
+  QList<PageAction> actions{{.key = u"new"_s,
+                             .title = u"New campaign"_s,
+                             .icon = u"list-add"_s,
+                             .keys = u"N"_s,
+                             .writes = true,
+                             .whyNot = createHint(),
+                             .inMenu = false,
+                             .anywhere = true,
+                             .run = [this] { beginCreate(); }},
+                            {.key = u"archived"_s,
+                             .title = u"Archived campaigns"_s,
+                             .icon = u"archive-insert"_s,
+                             .possible = !m_showArchived,
+                             .inMenu = false,
+                             .anywhere = true,
+                             .run = [this] { setShowArchived(true); }}};
+  return actions + Store::offered(record);
+}
+
+QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
+  const QString id = campaign.id;
+  const bool isFree = !m_busy.contains(id);
+  QList<PageAction> actions{{.key = u"rename"_s,
+                             .title = u"Rename"_s,
+                             .icon = u"document-edit"_s,
+                             .keys = u"F2"_s,
+                             .writes = true,
+                             .possible = isFree,
+                             .run = [this, id] { beginRename(id); }}};
+  if (campaign.status.isRunning())
+    actions.append({.key = u"pause"_s,
+                    .title = u"Pause"_s,
+                    .icon = u"media-playback-pause"_s,
+                    .writes = true,
+                    .possible = isFree,
+                    .run = [this, id] { pause(id); }});
+  if (campaign.status.isPaused())
+    actions.append({.key = u"resume"_s,
+                    .title = u"Resume"_s,
+                    .icon = u"media-playback-start"_s,
+                    .writes = true,
+                    .possible = isFree,
+                    .run = [this, id] { resume(id); }});
+  actions.append({{.key = u"duplicate"_s,
+                   .title = u"Duplicate"_s,
+                   .icon = u"edit-copy"_s,
+                   .keys = u"Ctrl+D"_s,
                    .writes = true,
-                   .whyNot = createHint(),
-                   .inMenu = false,
-                   .anywhere = true,
-                   .run = [this] { beginCreate(); }});
+                   .possible = isFree,
+                   .run = [this, id] { duplicate(id); }},
+                  {.key = u"copy-link"_s,
+                   .title = u"Copy link"_s,
+                   .icon = u"insert-link"_s,
+                   .keys = u"Ctrl+C"_s,
+                   .run = [this, id] { copyLink(id); }},
+                  {.key = u"analytics"_s,
+                   .title = u"Download analytics CSV"_s,
+                   .icon = u"download"_s,
+                   .possible = isFree,
+                   .run = [this, id] { downloadAnalytics(id); }},
+                  {.key = u"delete"_s,
+                   .title = u"Delete"_s,
+                   .icon = u"edit-delete"_s,
+                   .keys = u"Del"_s,
+                   .writes = true,
+                   .danger = true,
+                   .possible = isFree,
+                   .run = [this, id] { remove(id); }}});
   return actions;
+}
+
+QList<PageAction> CampaignsStore::offeredArchived(const QString& id) {
+  const bool isFree = !m_busy.contains(id);
+  return {{.key = u"restore"_s,
+           .title = u"Restore"_s,
+           .icon = u"edit-undo"_s,
+           .writes = true,
+           .possible = isFree,
+           .run = [this, id] { restore(id); }},
+          {.key = u"delete"_s,
+           .title = u"Delete for good"_s,
+           .icon = u"edit-delete"_s,
+           .keys = u"Del"_s,
+           .writes = true,
+           .danger = true,
+           .possible = isFree,
+           .run = [this, id] { removeForGood(id); }}};
 }
 
 }  // namespace orv

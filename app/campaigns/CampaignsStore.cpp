@@ -223,9 +223,7 @@ QString CampaignsStore::archivedCountText() const {
   return Format::counted(m_archivedRows.count(), u"archived campaign"_s, u"archived campaigns"_s);
 }
 
-bool CampaignsStore::canCreate() const { return canWrite(); }
-
-QString CampaignsStore::createHint() const { return canCreate() ? QString() : u"Only members can create campaigns."_s; }
+QString CampaignsStore::createHint() const { return canWrite() ? QString() : u"Only members can create campaigns."_s; }
 
 void CampaignsStore::refresh() { m_showArchived ? m_archived.load() : m_list.load(); }
 
@@ -241,11 +239,7 @@ void CampaignsStore::goTo(const PagePlace& place) {
 void CampaignsStore::open(const QString& id) { context().openItem(Page::campaigns, id); }
 
 void CampaignsStore::beginCreate() {
-  if (!canCreate()) {
-    services().toasts.show({.message = createHint()});
-    return;
-  }
-  m_newCampaign.show({}, u"campaigns/new"_s);
+  if (canWrite()) m_newCampaign.show({}, u"new-campaign"_s);
 }
 
 void CampaignsStore::beginRename(const QString& id) {

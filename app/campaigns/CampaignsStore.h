@@ -39,7 +39,6 @@ class CampaignsStore final : public Store {
   Q_PROPERTY(QString summary READ summary NOTIFY figuresChanged)
   Q_PROPERTY(QString countText READ countText NOTIFY changed)
   Q_PROPERTY(QString archivedCountText READ archivedCountText NOTIFY changed)
-  Q_PROPERTY(bool canCreate READ canCreate NOTIFY changed)
   Q_PROPERTY(QString createHint READ createHint NOTIFY changed)
 
  public:
@@ -83,7 +82,6 @@ class CampaignsStore final : public Store {
   QString summary() const;
   QString countText() const;
   QString archivedCountText() const;
-  bool canCreate() const;
   /// Why nothing can be created; empty when it can.
   QString createHint() const;
 
@@ -134,6 +132,8 @@ class CampaignsStore final : public Store {
   QList<PageAction> offered(const QString& record) override;
 
  private:
+  QList<PageAction> offeredLive(const CampaignSummary& campaign);
+  QList<PageAction> offeredArchived(const QString& id);
   Task<bool> savedFirst(QString id);
   const CampaignSummary* find(const QString& id) const;
   void take(const Change<Campaign>& change);

@@ -24,7 +24,7 @@ FocusScope {
             text: "Export CSV"
             iconName: "document-export"
             busy: root.store.exporting
-            onClicked: root.store.exportCsv()
+            onClicked: root.store.act("export")
         }
     }
 

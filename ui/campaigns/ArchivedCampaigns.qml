@@ -24,13 +24,6 @@ TablePage {
         table.focusRows();
     }
 
-    function openMenu(key: string, row: Item, x: real, y: real) {
-        if (table.rows.isBusy(key) || !store.canWrite)
-            return;
-        rowMenu.campaign = key;
-        rowMenu.openIn(row, x, y);
-    }
-
     leading: OrvButton {
         text: "Back to campaigns"
         iconName: "arrow-left"
@@ -92,7 +85,7 @@ TablePage {
                     activeFocusOnTab: false
                     enabled: root.store.canWrite
                     busy: row.busy
-                    onClicked: root.store.restore(row.key)
+                    onClicked: root.store.act("restore", row.key)
                 }
             }
 
@@ -100,40 +93,18 @@ TablePage {
         }
         onSortRequested: (key, descending) => root.store.sortArchived(key, descending)
         onOpened: key => openMenuAtRow(key)
-        onDeleteRequested: key => root.store.removeForGood(key)
-        onMenuRequested: (key, row, x, y) => root.openMenu(key, row, x, y)
+        onDeleteRequested: key => root.store.act("delete", key)
+        onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
 
         // A deleted campaign has no page: Enter offers what can be done instead.
         function openMenuAtRow(key: string) {
-            root.openMenu(key, itemOf(key), 24, rowHeight);
+            menu.openFor(key, itemOf(key), 24, rowHeight);
         }
     }
 
-    MenuLoader {
-        id: rowMenu
-
-        // Not "menu": in an entry that is the entry's own.
-        property string campaign: ""
-
-        sourceComponent: OrvMenu {
-            title: "Actions"
-
-            OrvMenuItem {
-                text: "Restore"
-                iconName: "edit-undo"
-                onTriggered: root.store.restore(rowMenu.campaign)
-            }
-
-            OrvMenuSeparator {}
-
-            OrvMenuItem {
-                text: "Delete for good"
-                iconName: "edit-delete"
-                shortcutText: "Del"
-                danger: true
-                onTriggered: root.store.removeForGood(rowMenu.campaign)
-            }
-        }
+    ActionMenu {
+        id: menu
+        store: root.store
     }
 
     Shortcut {

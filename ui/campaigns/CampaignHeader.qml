@@ -89,7 +89,7 @@ Item {
             text: root.action === "pause" ? "Pause" : root.action === "resume" ? "Resume" : "Launch"
             iconName: root.action === "pause" ? "media-playback-pause" : "media-playback-start"
             busy: root.store.busy
-            onClicked: root.action === "pause" ? root.store.pause() : root.store.launch()
+            onClicked: root.store.act(root.action)
         }
 
         OrvButton {
@@ -97,53 +97,14 @@ Item {
             iconOnly: true
             iconName: "overflow-menu"
             text: "More"
-            onClicked: menu.openAt(more, true)
+            onClicked: menu.openUnder(more)
         }
     }
 
-    MenuLoader {
+    ActionMenu {
         id: menu
-        sourceComponent: OrvMenu {
-            title: "More"
-
-            OrvMenuItem {
-                text: "Rename"
-                enabled: root.store.canWrite && !root.store.busy
-                iconName: "document-edit"
-                shortcutText: "F2"
-                onTriggered: root.store.beginRename()
-            }
-
-            OrvMenuItem {
-                text: "Duplicate"
-                enabled: root.store.canWrite && !root.store.busy
-                iconName: "edit-copy"
-                onTriggered: root.store.duplicate()
-            }
-
-            OrvMenuItem {
-                text: "Copy link"
-                iconName: "insert-link"
-                onTriggered: root.store.copyLink()
-            }
-
-            OrvMenuItem {
-                text: "Refresh"
-                iconName: "view-refresh"
-                shortcutText: "F5"
-                onTriggered: root.store.refreshShown()
-            }
-
-            OrvMenuSeparator {}
-
-            OrvMenuItem {
-                text: "Delete"
-                enabled: root.store.canWrite && !root.store.busy
-                iconName: "edit-delete"
-                danger: true
-                onTriggered: root.store.remove()
-            }
-        }
+        title: "More"
+        store: root.store
     }
 
     component TrailMark: OrvIcon {

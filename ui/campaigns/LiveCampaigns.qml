@@ -19,9 +19,9 @@ TablePage {
     view.emptyIcon: "mail-send"
     view.emptyTitle: "No campaigns yet"
     view.emptyText: "A campaign is a sequence of emails sent to a list of leads from inboxes that are ready to send."
-    view.emptyAction: store.canCreate ? "New campaign" : ""
+    view.emptyAction: store.canWrite ? "New campaign" : ""
     view.errorTitle: "Couldn’t load campaigns"
-    view.onEmptyActionRequested: store.beginCreate()
+    view.onEmptyActionRequested: store.act("new")
     view.onRetryRequested: store.refresh()
 
     function focusTable() {
@@ -41,9 +41,9 @@ TablePage {
             text: "New campaign"
             iconName: "list-add"
             keys: "N"
-            enabled: root.store.canCreate
+            enabled: root.store.canWrite
             hint: root.store.createHint
-            onClicked: root.store.beginCreate()
+            onClicked: root.store.act("new")
         }
     ]
 
@@ -105,8 +105,8 @@ TablePage {
         busyKeys: root.store.busyIds
         onSortRequested: (key, descending) => root.store.sort(key, descending)
         onOpened: key => root.store.open(key)
-        onRenameRequested: key => root.store.beginRename(key)
-        onDeleteRequested: key => root.store.remove(key)
+        onRenameRequested: key => root.store.act("rename", key)
+        onDeleteRequested: key => root.store.act("delete", key)
         onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
     }
 
@@ -123,7 +123,7 @@ TablePage {
         }
     }
 
-    CampaignMenu {
+    ActionMenu {
         id: menu
         store: root.store
     }
@@ -131,6 +131,6 @@ TablePage {
     Shortcut {
         sequence: "Ctrl+D"
         enabled: table.activeFocus && table.currentKey !== ""
-        onActivated: root.store.duplicate(table.currentKey)
+        onActivated: root.store.act("duplicate", table.currentKey)
     }
 }

@@ -18,7 +18,27 @@ FocusScope {
         fields.showWrong(null);
     }
 
-    Component.onCompleted: form.ensureLoaded()
+    /// After whoever asked has given the keyboard back.
+    function showSchedules() {
+        if (!store.schedulesAsked)
+            return;
+        store.schedulesAsked = false;
+        schedule.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Component.onCompleted: {
+        form.ensureLoaded();
+        Qt.callLater(showSchedules);
+    }
+
+    Connections {
+        target: root.store
+
+        function onChanged() {
+            if (root.store.schedulesAsked)
+                Qt.callLater(root.showSchedules);
+        }
+    }
 
     OrvForm {
         id: fields

@@ -299,12 +299,12 @@ class AppModelTest : public QObject {
 
   void workspacesFollowTheAccount() {
     startSignedIn({u"a"_s, u"b"_s});
-    QVERIFY(app->session()->store<CampaignsStore>()->canCreate());
+    QVERIFY(app->session()->store<CampaignsStore>()->canWrite());
     f->api.expect(me);
     app->refreshAccount();
     app->refreshAccount();
     f->api.answer(me, account({u"a"_s, u"b"_s}, "viewer"));
-    QVERIFY(!app->session()->store<CampaignsStore>()->canCreate());
+    QVERIFY(!app->session()->store<CampaignsStore>()->canWrite());
     f->api.expect(me);
     f->api.expect(remember);
     app->refreshAccount();

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/campaigns/CampaignStore.h"
+#include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "tests/support/AppFixture.h"
 
@@ -207,6 +208,48 @@ class KeepingTest : public QObject {
     QCOMPARE(f->journalFiles.files.size(), 1);
     settings.schedule()->recovery()->discard();
     QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void halfFilledFormsComeBackWhenTheyAreOpenedAgain() {
+    signIn();
+    load();
+    const auto labels = u"GET /reply-labels"_s;
+    const auto open = [&] {
+      app->session()->store<CampaignsStore>()->beginCreate();
+      page().beginRename();
+      f->api.expect(labels);
+      page().subsequences()->beginCreate();
+    };
+    open();
+    app->session()->store<CampaignsStore>()->newCampaign()->setText(u"Spring fair"_s);
+    page().renameForm()->setText(u"Autumn fair"_s);
+    page().subsequences()->draft()->set(u"name"_s, u"Warm"_s);
+    page().subsequences()->toggleLabel(u"interested"_s);
+    f->clock.advance(1s);
+    QCOMPARE(f->journalFiles.files.size(), 3);
+    crash();
+
+    signIn();
+    load(u"old"_s, 8);
+    open();
+    NameForm& made = *app->session()->store<CampaignsStore>()->newCampaign();
+    QCOMPARE(made.text(), u"Spring fair"_s);
+    QCOMPARE(made.recovery()->notice(), u"Restored what you had not saved."_s);
+    QCOMPARE(page().renameForm()->text(), u"Autumn fair"_s);
+    QVERIFY(page().renameForm()->recovery()->notice().contains(u"changed since"_s));
+    QCOMPARE(page().subsequences()->draft()->typed(), (NewSubsequence{u"Warm"_s, {u"interested"_s}}));
+    // Thrown away, with the form or without it.
+    made.recovery()->discard();
+    QVERIFY(made.text().isEmpty() && made.recovery()->notice().isEmpty());
+    QCOMPARE(f->journalFiles.files.size(), 2);
+    page().subsequences()->form()->cancel();
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    // The service has it.
+    const auto rename = u"PATCH /campaigns/c1"_s;
+    f->api.expect(rename);
+    page().renameForm()->submit();
+    f->api.answer(rename, campaign(u"old"_s, 9));
+    QVERIFY(f->journalFiles.files.isEmpty() && !page().renameForm()->shown());
   }
 
   void signingOutByChoiceLeavesNothing() {
