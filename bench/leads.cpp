@@ -1,6 +1,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include "app/base/PagedRows.h"
 #include "app/campaigns/LeadRows.h"
 #include "bench/Frame.h"
 #include "bench/Report.h"
@@ -41,8 +42,8 @@ Window {
   }
 })";
 
-QList<CampaignLead> people(int from, int count) {
-  QList<CampaignLead> leads;
+std::vector<LeadRow> people(int from, int count) {
+  std::vector<LeadRow> leads;
   for (int number = from; number < from + count; ++number) {
     CampaignLead lead;
     lead.id = u"l%1"_s.arg(number);
@@ -51,7 +52,7 @@ QList<CampaignLead> people(int from, int count) {
     lead.lastName = u"Last%1"_s.arg(number % 1931);
     lead.company = u"Company %1"_s.arg(number % 977);
     lead.status = LeadStatus(u"active"_s);
-    leads.append(lead);
+    leads.emplace_back(lead);
   }
   return leads;
 }
@@ -62,11 +63,20 @@ struct Figures {
   double page = 0;
 };
 
+std::vector<LeadRow> matching(const PagedRows<LeadRow>& all, const QString& needle) {
+  std::vector<LeadRow> rows;
+  all.each([&](const LeadRow& row) {
+    if (row.prepared().holds(needle)) rows.push_back(row);
+  });
+  return rows;
+}
+
 Figures measure(QQuickWindow& window, int count, Scale scale) {
-  LeadIndex index;
-  index.replace(people(0, count));
+  PagedRows<LeadRow> index;
+  for (int from = 0; from < count; from += 200)
+    index.take(index.pages(), people(from, std::min(200, count - from)), QString::number(from), false);
   LeadRowsModel rows;
-  rows.replace(index.matching({}));
+  rows.replace(matching(index, {}));
   window.setProperty("model", QVariant::fromValue<QObject*>(&rows));
   frame(window);
   Times search, jump, page;
@@ -75,11 +85,11 @@ Figures measure(QQuickWindow& window, int count, Scale scale) {
   for (int round = 0; round < scale.of(200); ++round) {
     const QString typed = word.left(round % (word.size() + 1));
     search.ms.push_back(milliseconds([&] {
-      rows.replace(index.matching(typed));
+      rows.replace(matching(index, typed));
       frame(window);
     }));
   }
-  rows.replace(index.matching({}));
+  rows.replace(matching(index, {}));
   frame(window);
   for (int round = 0; round < scale.of(200); ++round) {
     const QString key = u"l%1"_s.arg(qint64(round) * 7919 % count);
@@ -91,7 +101,7 @@ Figures measure(QQuickWindow& window, int count, Scale scale) {
   for (int round = 0; round < scale.of(100); ++round) {
     const auto more = people(count + round * 200, 200);
     page.ms.push_back(milliseconds([&] {
-      rows.append(index.append(more));
+      rows.append(index.take(index.pages(), more, QString::number(count + round), false).rows);
       frame(window);
     }));
   }

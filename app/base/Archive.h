@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/Actions.h"
+#include "app/base/Undo.h"
 
 namespace orv {
 
@@ -49,12 +50,10 @@ class Archive final {
   }
 
  private:
-  /// Holds the workspace's context and nothing of the store: page, tab and store may be gone when somebody takes it
-  /// back.
-  std::function<void()> undo(QString id, QString name) const {
-    return [context = m_context.weak_from_this(), requests = m_requests, words = m_words, id, name] {
-      if (const auto there = context.lock()) there->start(undoIn(there, requests, words, id, name));
-    };
+  std::function<void()> undo(const QString& id, const QString& name) {
+    return orv::undo(m_context, [requests = m_requests, words = m_words, id, name](auto context) {
+      return undoIn(std::move(context), requests, words, id, name);
+    });
   }
 
   static Task<void> undoIn(std::shared_ptr<WorkspaceContext> context, Requests requests, Words words, QString id,

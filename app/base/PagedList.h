@@ -26,6 +26,7 @@ class PagedListBase : public ResourceBase {
   /// What is shown: the rows read so far that match, in their order.
   virtual ListModel* rows() = 0;
   virtual QStringList shownIds() const = 0;
+  virtual int shownCount() const = 0;
   /// Among the rows read so far, shown or not.
   virtual bool contains(const QString& id) const = 0;
   virtual int readCount() const = 0;
@@ -147,7 +148,7 @@ class PagedList final : public PagedListBase {
   }
 
   Model* rows() override { return &m_model; }
-  const Model& rows() const { return m_model; }
+  int shownCount() const override { return m_model.rowCount(); }
   int readCount() const override { return int(m_rows.size()); }
   bool contains(const QString& id) const override { return m_rows.pageOf(id).has_value(); }
   const Row* find(const QString& id) const { return m_rows.find(id); }

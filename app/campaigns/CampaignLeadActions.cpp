@@ -1,4 +1,6 @@
+#include "app/base/Undo.h"
 #include "app/campaigns/CampaignLeads.h"
+#include "app/campaigns/LeadBatch.h"
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
@@ -23,19 +25,37 @@ QString restoredText(const RestoredResult& result, const QStringList& ids, const
   return (isNamed ? name : countedLeads(result.restored)) + u" restored"_s;
 }
 
+/// For who undoes a removal: whether the campaign's page is still there or not, it is told, and so are the lists that
+/// the campaign stands in.
+Task<void> takeBack(std::shared_ptr<WorkspaceContext> workspace, QString campaign, QStringList ids, QString name) {
+  BusySet busy;
+  const auto changed = [&workspace, &campaign] { leadsCameTo(*workspace, campaign); };
+  Actions actions(*workspace, busy, changed);
+  const auto result =
+      co_await actions.send(Requests::restoreLeads(campaign, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
+  if (!result) co_return;
+  changed();
+  workspace->services().toasts.success(restoredText(*result, ids, name));
+}
+
 }  // namespace
 
+const CampaignLead* CampaignLeads::find(const QString& id) const {
+  const LeadRow* row = m_leads.find(id);
+  return row ? &row->record() : nullptr;
+}
+
 QString CampaignLeads::named(const QStringList& ids) const {
-  const CampaignLead* lead = ids.size() == 1 ? m_index.find(ids.first()) : nullptr;
+  const CampaignLead* lead = ids.size() == 1 ? find(ids.first()) : nullptr;
   return lead ? leadName(*lead) : countedLeads(ids.size());
 }
 
 void CampaignLeads::open(const QString& id) {
-  if (const CampaignLead* lead = m_index.find(id)) m_panel.show(*lead);
+  if (const CampaignLead* lead = find(id)) m_panel.show(*lead);
 }
 
 void CampaignLeads::copyAddress(const QString& id) {
-  const CampaignLead* lead = m_index.find(id);
+  const CampaignLead* lead = find(id);
   if (!lead) return;
   m_context.services.clipboard.setText(lead->email);
   m_context.services.toasts.success(u"Copied "_s + lead->email);
@@ -66,7 +86,7 @@ Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done
     toasts.show({.message = done + (ids.size() == 1 ? name : countedLeads(result->changed)),
                  .tone = Toasts::Tone::success,
                  .detail = rest});
-  clearSelection();
+  m_selection.clear();
   changedElsewhere();
 }
 
@@ -89,35 +109,19 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
   takeOut(ids);
   m_context.services.toasts.show({.message = said,
                                   .actionLabel = u"Undo"_s,
-                                  .action =
-                                      [workspace = m_context.workspace.weak_from_this(), leads = QPointer(this),
-                                       campaign = m_context.id, ids, name] {
-                                        if (const auto there = workspace.lock())
-                                          there->start(undoRemoval(there, leads, campaign, ids, name));
-                                      },
+                                  .action = undo(m_context.workspace,
+                                                 [campaign = m_context.id, ids, name](auto workspace) {
+                                                   return takeBack(std::move(workspace), campaign, ids, name);
+                                                 }),
                                   .accumulates = true});
   changedElsewhere();
 }
 
-Task<void> CampaignLeads::undoRemoval(std::shared_ptr<WorkspaceContext> workspace, QPointer<CampaignLeads> leads,
-                                      QString campaign, QStringList ids, QString name) {
-  // The tab that is still there shows what is under way, and takes the leads back in.
-  if (leads) co_return leads->m_tasks.start(leads->restoreTask(ids, name));
-  BusySet busy;
-  const auto changed = [&workspace, &campaign] { workspace->changes().stale<Campaign>(campaign); };
-  Actions actions(*workspace, busy, changed);
-  const auto result =
-      co_await actions.send(Requests::restoreLeads(campaign, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
-  if (!result) co_return;
-  changed();
-  workspace->services().toasts.success(restoredText(*result, ids, name));
-}
-
-Task<void> CampaignLeads::restoreTask(QStringList ids, QString name) {
+Task<void> CampaignLeads::restoreTask(QStringList ids) {
   if (ids.isEmpty()) co_return;
   const auto mark = m_bulk.mark(bulk);
   if (!mark) co_return;
-  if (name.isEmpty()) name = named(ids);
+  const QString name = named(ids);
   const auto result =
       co_await m_actions.send(Requests::restoreLeads(m_context.id, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
   if (!result) co_return;
@@ -127,7 +131,7 @@ Task<void> CampaignLeads::restoreTask(QStringList ids, QString name) {
 }
 
 Task<void> CampaignLeads::removeForGoodTask(QString id) {
-  const CampaignLead* lead = m_index.find(id);
+  const CampaignLead* lead = find(id);
   if (!lead || m_busy.contains(id)) co_return;
   const QString name = leadName(*lead);
   if (!co_await m_context.services.overlays.confirm(removeForGoodQuestion(name))) co_return;
@@ -141,16 +145,17 @@ Task<void> CampaignLeads::removeForGoodTask(QString id) {
 
 /// Leads that have left what is shown go at once; how many are left is read again.
 void CampaignLeads::takeOut(const QStringList& ids) {
-  m_pages.itemsLeft();
-  m_index.remove(QSet<QString>(ids.begin(), ids.end()));
-  m_rows.update(m_index.matching(m_appliedQuery));
-  pruneSelection();
+  m_leads.takeOut(ids);
   m_panel.leadsLeft(ids);
 }
 
-void CampaignLeads::changedElsewhere() {
+void CampaignLeads::readAgain() {
   if (m_leads.isAsked()) m_leads.load();
   m_panel.refresh();
+}
+
+void CampaignLeads::changedElsewhere() {
+  readAgain();
   // The campaign counts its leads, too, and so does every list that it stands in.
   m_context.workspace.changes().stale<Campaign>(m_context.id);
 }

@@ -76,15 +76,11 @@ QString kindLabel(const QString& kind) {
   return labels.value(kind, kind);
 }
 
-EventLine lineOf(const FeedItem& item) {
-  EventLine line;
-  const bool many = item.count.value_or(1) > 1;
-  line.title = kindLabel(item.kind) + (many ? u" × "_s + Format::grouped(*item.count) : QString());
-  const auto who = item.lead ? item.lead->name.value_or(item.lead->email) : QString();
-  line.detail = joined({who, emailOf(item.step, item.variant), item.subject.value_or(QString()).trimmed(),
-                        item.detail.value_or(QString()), item.account ? u"from "_s + *item.account : QString()});
-  line.when = leadMoment(item.at);
-  return line;
+QString identityOf(const FeedItem& item) {
+  QStringList parts{item.kind, item.at, item.lead ? item.lead->id : QString(), QString::number(item.step.value_or(0))};
+  for (const auto* part : {&item.variant, &item.messageId, &item.subject, &item.detail, &item.account})
+    parts.append(part->value_or(QString()));
+  return parts.join(u'\n');
 }
 
 }  // namespace
@@ -120,14 +116,16 @@ std::vector<EventLine> messageLines(const QList<SentMessage>& messages) {
   return lines;
 }
 
-std::vector<EventLine> feedLines(const QList<FeedItem>& items, qsizetype before) {
-  std::vector<EventLine> lines;
-  lines.reserve(size_t(items.size()));
-  for (const FeedItem& item : items) {
-    lines.push_back(lineOf(item));
-    lines.back().id = QString::number(before + qsizetype(lines.size()));
-  }
-  return lines;
+EventLine feedLine(const FeedItem& item) {
+  EventLine line;
+  line.id = identityOf(item);
+  const bool many = item.count.value_or(1) > 1;
+  line.title = kindLabel(item.kind) + (many ? u" × "_s + Format::grouped(*item.count) : QString());
+  const auto who = item.lead ? item.lead->name.value_or(item.lead->email) : QString();
+  line.detail = joined({who, emailOf(item.step, item.variant), item.subject.value_or(QString()).trimmed(),
+                        item.detail.value_or(QString()), item.account ? u"from "_s + *item.account : QString()});
+  line.when = leadMoment(item.at);
+  return line;
 }
 
 }  // namespace orv

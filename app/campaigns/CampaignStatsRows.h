@@ -50,7 +50,7 @@ using EventLines = RecordModel<EventLine>;
 /// Each step, followed by its variants where there is more than one.
 std::vector<EmailFigures> emailFigures(const QList<CampaignStep>& steps);
 std::vector<EventLine> messageLines(const QList<SentMessage>& messages);
-/// The feed has no ids; a line is told apart by its place. `before` lines come before these.
-std::vector<EventLine> feedLines(const QList<FeedItem>& items, qsizetype before = 0);
+/// The feed has no ids; a line is told apart by what happened, when and to whom.
+EventLine feedLine(const FeedItem& item);
 
 }  // namespace orv

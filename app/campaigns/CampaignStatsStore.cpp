@@ -26,21 +26,18 @@ CampaignStatsStore::CampaignStatsStore(CampaignContext& campaign)
       m_summary(*this, [this] { return loadSummary(); }, {.failed = u"Couldn’t load the stats"_s}),
       m_messages(*this, [this] { return m_campaign.api.send(Requests::campaignMessages(m_campaign.id)); },
                  {.failed = u"Couldn’t load the stats"_s, .loadsByItself = false}),
-      m_feed(*this, [this] { return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, {})); },
-             {.failed = u"Couldn’t load the stats"_s, .loadsByItself = false}),
-      m_feedPages(
-          [this](const QString& cursor) {
-            return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, feedPageSize, cursor));
-          },
-          [this](const FeedPage& page) { m_feedRows.append(feedLines(page.items, m_feedRows.count())); },
-          [this] { Q_EMIT feedChanged(); }) {
+      m_feed(*this,
+             [this](const PageRequest& page) {
+               return m_campaign.api.send(Requests::campaignActivity(m_campaign.id, page.limit, page.cursor));
+             },
+             {.failed = u"Couldn’t load the stats"_s,
+              .first = feedPageSize,
+              .further = feedPageSize,
+              .loadsByItself = false,
+              .row = feedLine}) {
   connect(&m_summary, &ResourceBase::valueChanged, this, &CampaignStatsStore::arrived);
   connect(&m_messages, &ResourceBase::valueChanged, this,
           [this] { m_messageRows.update(messageLines(m_messages.value()->items)); });
-  connect(&m_feed, &ResourceBase::valueChanged, this, [this] {
-    m_feedRows.update(feedLines(m_feed.value()->items));
-    m_feedPages.start(m_feed.value()->nextCursor);
-  });
   connect(&campaign.campaign, &ResourceBase::valueChanged, this, &CampaignStatsStore::followCampaign);
 }
 
@@ -151,11 +148,6 @@ void CampaignStatsStore::arrived() {
 void CampaignStatsStore::followCampaign() {
   m_emailRows.update(emailFigures(m_campaign.campaign.value()->steps.value_or(QList<CampaignStep>())));
   Q_EMIT campaignChanged();
-}
-
-void CampaignStatsStore::close() {
-  m_feedPages.cancel();
-  Store::close();
 }
 
 }  // namespace orv

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "app/base/Choice.h"
-#include "app/base/CursorPages.h"
 #include "app/base/EnumName.h"
-#include "app/base/Store.h"
+#include "app/base/PagedList.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/CampaignStatsRows.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
+#include "app/figures/Figure.h"
 #include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/models/analytics/analyticsSummary.h"
@@ -22,7 +22,7 @@ class CampaignStatsStore final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* summary READ summary CONSTANT)
   Q_PROPERTY(orv::ResourceBase* messages READ messages CONSTANT)
-  Q_PROPERTY(orv::ResourceBase* feed READ feed CONSTANT)
+  Q_PROPERTY(orv::PagedListBase* feed READ feed CONSTANT)
   Q_PROPERTY(QList<orv::Choice> presets READ presets CONSTANT)
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
   Q_PROPERTY(QString rangeText READ rangeText NOTIFY changed)
@@ -31,16 +31,12 @@ class CampaignStatsStore final : public Store {
   Q_PROPERTY(QString section READ sectionName WRITE setSection NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> sections READ sections CONSTANT)
   Q_PROPERTY(QString sectionText READ sectionText NOTIFY changed)
-  Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Figure> figures READ figures NOTIFY figuresChanged)
   Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
   Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
   Q_PROPERTY(orv::ListModel* inboxRows READ inboxRows CONSTANT)
   Q_PROPERTY(orv::ListModel* emailRows READ emailRows CONSTANT)
   Q_PROPERTY(orv::ListModel* messageRows READ messageRows CONSTANT)
-  Q_PROPERTY(orv::ListModel* feedRows READ feedRows CONSTANT)
-  Q_PROPERTY(bool hasMoreFeed READ hasMoreFeed NOTIFY feedChanged)
-  Q_PROPERTY(bool loadingMoreFeed READ loadingMoreFeed NOTIFY feedChanged)
-  Q_PROPERTY(bool moreFeedFailed READ moreFeedFailed NOTIFY feedChanged)
 
  public:
   enum class Section { inboxes, emails, messages, activity };
@@ -53,7 +49,7 @@ class CampaignStatsStore final : public Store {
 
   Resource<AnalyticsSummary>* summary() { return &m_summary; }
   Resource<MessagePage>* messages() { return &m_messages; }
-  Resource<FeedPage>* feed() { return &m_feed; }
+  PagedList<FeedPage, EventLines>* feed() { return &m_feed; }
 
   static QList<Choice> presets() { return rangePresets(); }
   /// Range of the figures, the chart and the inboxes; setting another asks anew.
@@ -75,7 +71,7 @@ class CampaignStatsStore final : public Store {
   QString sectionText() const;
 
   /// The totals of the range; none before the first answer.
-  const QVariantList& figures() const { return m_figures; }
+  const QList<Figure>& figures() const { return m_figures; }
   /// What the chart draws; no days when nothing was sent.
   QStringList days() const { return m_chart.days(); }
   QVariantList series() const { return m_chart.series(); }
@@ -84,12 +80,6 @@ class CampaignStatsStore final : public Store {
   AccountFigureRows* inboxRows() { return &m_inboxRows; }
   EmailFigureRows* emailRows() { return &m_emailRows; }
   EventLines* messageRows() { return &m_messageRows; }
-  EventLines* feedRows() { return &m_feedRows; }
-
-  bool hasMoreFeed() const { return m_feedPages.hasMore(); }
-  bool loadingMoreFeed() const { return m_feedPages.loading(); }
-  bool moreFeedFailed() const { return m_feedPages.failed(); }
-  Q_INVOKABLE void loadMoreFeed() { m_feedPages.loadMore(); }
 
   void ensureLoaded() override;
   /// Reads what was loaded again, without clearing what is shown.
@@ -97,15 +87,12 @@ class CampaignStatsStore final : public Store {
   /// The same for the shown table alone.
   Q_INVOKABLE void refreshSection();
 
-  void close() override;
-
  Q_SIGNALS:
   void changed();
   void campaignChanged();
   /// What is read off an answer.
   void figuresChanged();
   void chartChanged();
-  void feedChanged();
 
  private:
   Task<AnalyticsSummary> loadSummary();
@@ -121,14 +108,12 @@ class CampaignStatsStore final : public Store {
   Section m_section = Section::inboxes;
   Resource<AnalyticsSummary> m_summary;
   Resource<MessagePage> m_messages;
-  Resource<FeedPage> m_feed;
-  CursorPages<FeedPage> m_feedPages;
+  PagedList<FeedPage, EventLines> m_feed;
   ChartFigures m_chart;
-  QVariantList m_figures;
+  QList<Figure> m_figures;
   AccountFigureRows m_inboxRows;
   EmailFigureRows m_emailRows;
   EventLines m_messageRows;
-  EventLines m_feedRows;
 };
 
 }  // namespace orv

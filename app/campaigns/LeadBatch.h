@@ -8,8 +8,10 @@
 
 namespace orv {
 
-/// News of a campaign whose leads somebody adds: told under its id when some may have come in.
+/// News of a campaign's leads: told under its id when some may have come in from elsewhere.
 struct AddedLeads;
+/// Tells it, and whoever counts the campaign's leads.
+void leadsCameTo(WorkspaceContext& workspace, const QString& campaignId);
 
 /// Whom to add to a campaign, as the dialog had it when it was sent off. What goes on from there needs no dialog.
 struct LeadBatch {
@@ -26,6 +28,8 @@ struct LeadBatch {
 
   QString campaignId;
   std::variant<AddLeadsBody, File, Own> source;
+  /// Where the journal has what was filled in, until it is taken; empty for nowhere.
+  QString journalKey = {};
 };
 
 /// Adds them, in as many requests as that takes.

@@ -1,6 +1,7 @@
 #include "app/campaigns/LeadMove.h"
 
 #include "app/base/Actions.h"
+#include "app/campaigns/LeadBatch.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -83,7 +84,7 @@ Task<void> LeadMove::move(QStringList leadIds, QString target) {
       m_context.services.toasts.show({.message = u"Moved "_s + countedLeads(result.moved) + u" to "_s + name,
                                       .tone = Toasts::Tone::success,
                                       .detail = kept});
-    m_context.workspace.changes().stale<Campaign>(target);
+    leadsCameTo(m_context.workspace, target);
     m_moved(leadIds);
   } catch (const APIError& error) {
     failure = error;

@@ -11,17 +11,7 @@ namespace {
 constexpr int archiveDays = 30;
 const auto nothing = u"–"_s;
 
-LeadRow rowOf(const CampaignLead& lead) { return {lead.id, std::make_shared<const CampaignLead>(lead)}; }
-
 QString text(const std::optional<QString>& field) { return field.value_or(QString()); }
-
-QString searched(const CampaignLead& lead) {
-  // A line each, so that no text matches across two of them.
-  return QStringList{lead.email, text(lead.firstName) + u' ' + text(lead.lastName), text(lead.company),
-                     text(lead.title)}
-      .join(u'\n')
-      .toLower();
-}
 
 QString day(const std::optional<QString>& instant, int daysLater = 0) {
   const auto date = parsePlatformDate(instant);
@@ -56,76 +46,12 @@ QString leadMoment(const std::optional<QString>& instant) {
   return date ? Format::moment(date->toLocalTime()) : nothing;
 }
 
-const CampaignLead* LeadIndex::find(const QString& id) const {
-  const auto place = m_places.constFind(id);
-  return place == m_places.constEnd() ? nullptr : m_rows[*place].lead.get();
-}
-
-QSet<QString> LeadIndex::ids() const {
-  QSet<QString> ids;
-  ids.reserve(size());
-  for (const LeadRow& row : m_rows) ids.insert(row.id);
-  return ids;
-}
-
-void LeadIndex::replace(const QList<CampaignLead>& leads) {
-  m_rows.clear();
-  m_texts.clear();
-  m_places.clear();
-  append(leads);
-}
-
-std::vector<LeadRow> LeadIndex::append(const QList<CampaignLead>& leads) {
-  std::vector<LeadRow> added;
-  for (const CampaignLead& lead : leads) {
-    const auto place = m_places.constFind(lead.id);
-    if (place != m_places.constEnd()) {
-      if (*m_rows[*place].lead == lead) continue;
-      m_rows[*place] = rowOf(lead);
-      m_texts[*place] = searched(lead);
-      continue;
-    }
-    m_places.insert(lead.id, m_rows.size());
-    m_rows.push_back(rowOf(lead));
-    m_texts.push_back(searched(lead));
-    added.push_back(m_rows.back());
-  }
-  return added;
-}
-
-void LeadIndex::remove(const QSet<QString>& ids) {
-  size_t kept = 0;
-  for (size_t row = 0; row < m_rows.size(); ++row) {
-    if (ids.contains(m_rows[row].id)) {
-      m_places.remove(m_rows[row].id);
-      continue;
-    }
-    if (kept != row) {
-      m_rows[kept] = std::move(m_rows[row]);
-      m_texts[kept] = std::move(m_texts[row]);
-      m_places[m_rows[kept].id] = kept;
-    }
-    ++kept;
-  }
-  m_rows.resize(kept);
-  m_texts.resize(kept);
-}
-
-std::vector<LeadRow> LeadIndex::matching(const QString& query) const {
-  const QString needle = query.trimmed().toLower();
-  if (needle.isEmpty()) return m_rows;
-  std::vector<LeadRow> rows;
-  for (size_t row = 0; row < m_rows.size(); ++row)
-    if (m_texts[row].contains(needle)) rows.push_back(m_rows[row]);
-  return rows;
-}
-
-std::vector<LeadRow> LeadIndex::matching(const QString& query, std::vector<LeadRow> rows) {
-  const QString needle = query.trimmed().toLower();
-  if (!needle.isEmpty())
-    std::erase_if(rows, [&needle](const LeadRow& row) { return !searched(*row.lead).contains(needle); });
-  return rows;
-}
+// A line each, so that no text matches across two of them.
+LeadText::LeadText(const CampaignLead& lead)
+    : searched(QStringList{lead.email, text(lead.firstName) + u' ' + text(lead.lastName), text(lead.company),
+                           text(lead.title)}
+                   .join(u'\n')
+                   .toLower()) {}
 
 void LeadRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
   roles.insert({{NameRole, "name"},
@@ -144,7 +70,7 @@ void LeadRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
 }
 
 QVariant LeadRowsModel::extraData(const LeadRow& row, int, int role) const {
-  const CampaignLead& lead = *row.lead;
+  const CampaignLead& lead = row.record();
   switch (role) {
     case NameRole:
       return leadName(lead);

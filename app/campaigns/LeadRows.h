@@ -1,51 +1,21 @@
 #pragma once
 
-#include <QHash>
-#include <QSet>
-#include <boost/describe/class.hpp>
-#include <memory>
-#include <vector>
-
-#include "app/base/BusySet.h"
+#include "app/base/Listed.h"
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
 #include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
 
-/// A lead in a list. The record is shared: a hundred thousand of them go through filter and model by pointer.
-struct LeadRow {
-  QString id;
-  std::shared_ptr<const CampaignLead> lead;
-  bool operator==(const LeadRow& other) const { return lead == other.lead || *lead == *other.lead; }
+/// What a lead is searched by, in lower case, so that a keystroke over a hundred thousand of them makes nothing.
+struct LeadText {
+  explicit LeadText(const CampaignLead& lead);
+  bool holds(const QString& needle) const { return searched.contains(needle); }
+  QString searched;
 };
-// What else the table shows is said by the model.
-BOOST_DESCRIBE_STRUCT(LeadRow, (), (id))
+
+using LeadRow = Listed<CampaignLead, LeadText>;
 ORV_DECLARE_ROW(LeadRow)
-
-/// The leads read so far, prepared for searching at every keystroke.
-class LeadIndex {
- public:
-  qsizetype size() const { return qsizetype(m_rows.size()); }
-  bool contains(const QString& id) const { return m_places.contains(id); }
-  const CampaignLead* find(const QString& id) const;
-  QSet<QString> ids() const;
-
-  void replace(const QList<CampaignLead>& leads);
-  /// Adds a further page and gives the rows that are new; leads that are known take their new values in place.
-  std::vector<LeadRow> append(const QList<CampaignLead>& leads);
-  void remove(const QSet<QString>& ids);
-
-  /// The rows whose address, name, company or title holds the text; all of them for an empty one.
-  std::vector<LeadRow> matching(const QString& query) const;
-  static std::vector<LeadRow> matching(const QString& query, std::vector<LeadRow> rows);
-
- private:
-  std::vector<LeadRow> m_rows;
-  /// What is searched of each row, in lower case.
-  std::vector<QString> m_texts;
-  QHash<QString, size_t> m_places;
-};
 
 /// What the table says of the leads.
 class LeadRowsModel final : public RecordModel<LeadRow> {

@@ -13,19 +13,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 ORV_DEFINE_ROW(SenderRow)
+ORV_DEFINE_ROW(SenderMailbox)
 
 namespace {
-
-Task<MailboxPage> everyMailbox(APITransport& api) {
-  MailboxPage all = co_await api.send(Requests::listMailboxes());
-  while (all.nextCursor) {
-    const MailboxPage page = co_await api.send(Requests::listMailboxes(false, all.nextCursor));
-    all.items += page.items;
-    // A service that gives the same cursor again would be asked for ever.
-    all.nextCursor = page.nextCursor == all.nextCursor ? std::nullopt : page.nextCursor;
-  }
-  co_return all;
-}
 
 /// The cap of a mailbox that does not send for the campaign yet.
 std::optional<qint64> capOf(const Mailbox& mailbox) {
@@ -54,13 +44,22 @@ QStringList with(QStringList list, const QString& item) {
 
 }  // namespace
 
+SenderFacts::SenderFacts(const Mailbox& mailbox)
+    : today(todayText(mailbox.campaign ? mailbox.campaign->sentToday : 0, capOf(mailbox))),
+      reason(reasonOf(mailbox)),
+      cap(capOf(mailbox)) {}
+
 SenderPicker::SenderPicker(CampaignContext& context, SettingsDraft& draft)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_draft(draft),
-      m_mailboxes(*this, [&api = context.api] { return everyMailbox(api); },
-                  {.failed = u"Couldn’t load the inboxes"_s}) {
-  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::show);
+      m_mailboxes(*this,
+                  [&api = context.api](const PageRequest& page) {
+                    return api.send(Requests::listMailboxes(false, page.cursor));
+                  },
+                  {.failed = u"Couldn’t load the inboxes"_s, .whole = true}) {
+  connect(&m_mailboxes, &ResourceBase::valueChanged, this, &SenderPicker::show);
+  connect(&m_mailboxes, &ResourceBase::changed, this, &SenderPicker::changed);
   connect(&draft, &FieldDraft::fieldChanged, this, [this](const QString& field) {
     if (!field.startsWith("sender"_L1)) return;
     showRows();
@@ -98,27 +97,29 @@ QString SenderPicker::summary() const {
   return text + Format::grouped(*most) + u" a day each"_s;
 }
 
+void SenderPicker::refresh() { m_mailboxes.moreFailed() ? m_mailboxes.loadMore() : m_mailboxes.load(); }
+
 QString SenderPicker::note() const {
   if (!m_mailboxes.message().isEmpty()) return u"Couldn’t load the inboxes. "_s + m_mailboxes.message();
-  const bool none = m_all.empty() && m_mailboxes.value();
+  if (m_mailboxes.moreFailed()) return u"Couldn’t load all the inboxes."_s;
+  const bool none = m_all.empty() && m_mailboxes.head();
   return none ? u"No inboxes yet. Connect one on the Accounts page."_s : QString();
 }
 
-QVariantList SenderPicker::tags() const {
+QList<Choice> SenderPicker::tags() const {
   QMap<QString, int> counts;
   const QStringList picked = m_draft.typed().senderTags;
   for (const QString& tag : picked) counts.insert(tag, 0);
   for (const Entry& entry : m_all)
     for (const QString& tag : entry.tags) ++counts[tag];
-  QVariantList list;
-  for (auto tag = counts.cbegin(); tag != counts.cend(); ++tag)
-    list.append(
-        QVariantMap{{u"key"_s, tag.key()}, {u"count"_s, tag.value()}, {u"ticked"_s, picked.contains(tag.key())}});
+  QList<Choice> list;
+  for (const auto& [tag, count] : counts.asKeyValueRange())
+    list.append({.key = tag, .label = tag, .count = count, .ticked = picked.contains(tag)});
   return list;
 }
 
 QString SenderPicker::tagNote() const {
-  return m_mailboxes.value() && tags().isEmpty() ? u"No tags yet. Tag inboxes on the Accounts page."_s : QString();
+  return m_mailboxes.head() && tags().isEmpty() ? u"No tags yet. Tag inboxes on the Accounts page."_s : QString();
 }
 
 void SenderPicker::show() {
@@ -131,10 +132,6 @@ void SenderPicker::show() {
 void SenderPicker::collect() {
   const Campaign* campaign = m_context.campaign.value();
   const auto senders = campaign ? campaign->senders.value_or(QList<CampaignSender>()) : QList<CampaignSender>();
-  QHash<QString, const Mailbox*> mailboxes;
-  const MailboxPage* page = m_mailboxes.value();
-  if (page)
-    for (const Mailbox& mailbox : page->items) mailboxes.insert(mailbox.id, &mailbox);
   m_all.clear();
   QSet<QString> seen;
   for (const CampaignSender& sender : senders) {
@@ -142,21 +139,20 @@ void SenderPicker::collect() {
                  todayText(sender.sentToday, sender.capToday), reasonOf(sender)},
                 {},
                 sender.capToday};
-    if (const Mailbox* mailbox = mailboxes.value(sender.mailboxId))
-      entry.tags = mailbox->tags.value_or(QList<QString>());
+    if (const SenderMailbox* mailbox = m_mailboxes.find(sender.mailboxId))
+      entry.tags = mailbox->record().tags.value_or(QList<QString>());
     seen.insert(sender.mailboxId);
     m_all.push_back(std::move(entry));
   }
-  if (!page) return;
-  for (const Mailbox& mailbox : page->items) {
+  m_mailboxes.each([&](const SenderMailbox& row) {
+    const Mailbox& mailbox = row.record();
     // The pool warms up the others and never sends for campaigns.
-    if (seen.contains(mailbox.id) || mailbox.isPool()) continue;
-    const qint64 sent = mailbox.campaign ? mailbox.campaign->sentToday : 0;
-    m_all.push_back({{mailbox.id, mailbox.displayName, mailbox.address, false, false, todayText(sent, capOf(mailbox)),
-                      reasonOf(mailbox)},
+    if (seen.contains(mailbox.id) || mailbox.role == "pool"_L1) return;
+    const SenderFacts& facts = row.prepared();
+    m_all.push_back({{mailbox.id, mailbox.displayName, mailbox.address, false, false, facts.today, facts.reason},
                      mailbox.tags.value_or(QList<QString>()),
-                     capOf(mailbox)});
-  }
+                     facts.cap});
+  });
 }
 
 void SenderPicker::showRows() {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QVariantList>
-
+#include "app/base/Choice.h"
+#include "app/base/Listed.h"
+#include "app/base/PagedList.h"
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
 #include "app/base/Store.h"
@@ -28,27 +29,34 @@ struct SenderRow {
 BOOST_DESCRIBE_STRUCT(SenderRow, (), (id, name, address, ticked, viaTag, today, reason))
 ORV_DECLARE_ROW(SenderRow)
 
-class SenderRows final : public RecordModel<SenderRow> {
- public:
-  using RecordModel::RecordModel;
+using SenderRows = RecordModel<SenderRow>;
+
+/// What the picker says of a mailbox, whatever the campaign.
+struct SenderFacts {
+  explicit SenderFacts(const Mailbox& mailbox);
+  QString today;
+  QString reason;
+  std::optional<qint64> cap;
 };
+using SenderMailbox = Listed<Mailbox, SenderFacts>;
+ORV_DECLARE_ROW(SenderMailbox)
 
 /// The workspace's mailboxes beside what a campaign's settings pick of them. The picks themselves are the form's.
 class SenderPicker final : public Store {
   Q_OBJECT
-  Q_PROPERTY(orv::ResourceBase* mailboxes READ mailboxes CONSTANT)
+  Q_PROPERTY(orv::PagedListBase* mailboxes READ mailboxes CONSTANT)
   Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
   Q_PROPERTY(int total READ total NOTIFY changed)
   Q_PROPERTY(QString summary READ summary NOTIFY changed)
   Q_PROPERTY(QString note READ note NOTIFY changed)
-  Q_PROPERTY(QVariantList tags READ tags NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> tags READ tags NOTIFY changed)
   Q_PROPERTY(QString tagNote READ tagNote NOTIFY changed)
 
  public:
   SenderPicker(CampaignContext& context, SettingsDraft& draft);
 
-  Resource<MailboxPage>* mailboxes() { return &m_mailboxes; }
+  PagedListBase* mailboxes() { return &m_mailboxes; }
   SenderRows* rows() { return &m_rows; }
   QString query() const { return m_query; }
   void setQuery(const QString& query);
@@ -58,12 +66,12 @@ class SenderPicker final : public Store {
   QString summary() const;
   /// What stands in place of the list when there is none.
   QString note() const;
-  /// Tags that mailboxes have: key, count and whether the campaign sends from them.
-  QVariantList tags() const;
+  /// Tags that mailboxes have, how many have them and whether the campaign sends from them.
+  QList<Choice> tags() const;
   QString tagNote() const;
 
   /// Reads the mailboxes, anew where they are known.
-  void refresh() override { m_mailboxes.load(); }
+  void refresh() override;
   Q_INVOKABLE void toggle(const QString& mailboxId);
   Q_INVOKABLE void toggleTag(const QString& tag);
 
@@ -85,7 +93,7 @@ class SenderPicker final : public Store {
 
   CampaignContext& m_context;
   SettingsDraft& m_draft;
-  Resource<MailboxPage> m_mailboxes;
+  PagedList<MailboxPage, RecordModel<SenderMailbox>> m_mailboxes;
   SenderRows m_rows;
   std::vector<Entry> m_all;
   QString m_query;

@@ -3,7 +3,7 @@ import Orvella.Design
 import Orvella.Campaigns
 
 /// The table of a campaign's leads, or of those removed from it.
-OrvTable {
+PagedTable {
     id: root
 
     required property CampaignLeads store
@@ -13,16 +13,11 @@ OrvTable {
 
     title: archive ? "Archived leads" : "Leads"
     name: archive ? "campaign-leads-archive" : "campaign-leads"
-    model: store.rows
-    keyRole: "id"
-    query: store.question
+    list: store.leads
+    selection: store.selection
     tickable: canWrite
-    tickedKeys: store.selected
     busyKeys: store.busyIds
     totalCount: store.totalCount
-    canLoadMore: store.canLoadMore
-    loadingMore: store.loadingMore
-    moreFailed: store.moreFailed
     columns: [
         OrvColumn { id: nameCells; key: "name"; title: "Lead"; fill: true; minimumWidth: 200 },
         OrvColumn { id: companyCells; key: "company"; title: "Company"; preferredWidth: root.roomy ? 200 : root.archive ? 112 : 152 },
@@ -55,9 +50,4 @@ OrvTable {
         if (canWrite)
             archive ? store.removeForGood(key) : store.remove([key]);
     }
-    onTickToggled: key => store.toggle(key)
-    onTickExtended: (from, to) => store.extendTo(from, to)
-    onTickAllToggled: store.toggleAll()
-    onTicksCleared: store.clearSelection()
-    onMoreRequested: store.loadMore()
 }

@@ -104,12 +104,12 @@ ListDetail {
 
         OrvEmpty {
             anchors { fill: parent; topMargin: 32 }
-            visible: root.store.rows.count === 0
+            visible: root.store.leads.rows.count === 0
             iconName: "edit-find"
-            title: root.store.loadingMore ? "Looking further" : "No leads match"
-            text: root.store.loadingMore ? "None of the leads read so far match. The rest are being read."
+            title: root.store.leads.loadingMore ? "Looking further" : "No leads match"
+            text: root.store.leads.loadingMore ? "None of the leads read so far match. The rest are being read."
                                          : "Try another word of the name, address, company or title."
-            actionText: root.store.loadingMore ? "" : "Show all leads"
+            actionText: root.store.leads.loadingMore ? "" : "Show all leads"
             onActionRequested: {
                 root.store.showAll();
                 leadTable.focusRows();
@@ -118,8 +118,8 @@ ListDetail {
 
         OrvSelectionBar {
             id: bar
-            count: root.store.selectedCount
-            onCleared: root.store.clearSelection()
+            count: root.store.selection.count
+            onCleared: root.store.selection.clear()
 
             OrvButton {
                 visible: !root.archive
@@ -127,7 +127,7 @@ ListDetail {
                 text: "Pause"
                 iconName: "media-playback-pause"
                 enabled: !root.store.bulkBusy
-                onClicked: root.store.pause(root.store.selected)
+                onClicked: root.store.pause(root.store.selection.ids)
             }
 
             OrvButton {
@@ -136,7 +136,7 @@ ListDetail {
                 text: "Resume"
                 iconName: "media-playback-start"
                 enabled: !root.store.bulkBusy
-                onClicked: root.store.resume(root.store.selected)
+                onClicked: root.store.resume(root.store.selection.ids)
             }
 
             OrvButton {
@@ -145,7 +145,7 @@ ListDetail {
                 text: "Move"
                 iconName: "go-next"
                 enabled: !root.store.bulkBusy
-                onClicked: root.store.beginMove(root.store.selected)
+                onClicked: root.store.beginMove(root.store.selection.ids)
             }
 
             OrvButton {
@@ -154,7 +154,7 @@ ListDetail {
                 text: "Remove"
                 iconName: "edit-delete"
                 enabled: !root.store.bulkBusy
-                onClicked: root.store.remove(root.store.selected)
+                onClicked: root.store.remove(root.store.selection.ids)
             }
 
             OrvButton {
@@ -163,7 +163,7 @@ ListDetail {
                 text: "Restore"
                 iconName: "edit-undo"
                 enabled: !root.store.bulkBusy
-                onClicked: root.store.restore(root.store.selected)
+                onClicked: root.store.restore(root.store.selection.ids)
             }
         }
     }

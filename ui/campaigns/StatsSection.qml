@@ -36,7 +36,7 @@ FocusScope {
             readonly property int rowCount: root.store.section === "inboxes" ? root.store.inboxRows.count
                                           : root.store.section === "emails" ? root.store.emailRows.count
                                           : root.store.section === "messages" ? root.store.messageRows.count
-                                          : root.store.feedRows.count
+                                          : root.store.feed.rows.count
 
             anchors.fill: parent
             sourceComponent: root.store.section === "inboxes" ? inboxes : root.store.section === "emails" ? emails
@@ -83,13 +83,17 @@ FocusScope {
         id: activity
 
         StatsEvents {
+            readonly property PagedList list: root.store.feed
+
             title: "Activity"
             firstTitle: "Activity"
-            model: root.store.feedRows
-            canLoadMore: root.store.hasMoreFeed
-            loadingMore: root.store.loadingMoreFeed
-            moreFailed: root.store.moreFeedFailed
-            onMoreRequested: root.store.loadMoreFeed()
+            model: list.rows
+            query: list.question
+            canLoadMore: list.canLoadMore
+            loadingMore: list.loadingMore
+            moreFailed: list.moreFailed
+            onMoreRequested: list.loadMore()
+            onRowsSeen: (first, last) => list.see(first, last)
         }
     }
 }

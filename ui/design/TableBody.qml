@@ -10,6 +10,7 @@ ListView {
     property bool held: false
 
     readonly property int firstRow: Math.max(0, Math.floor((contentY - originY) / table.rowHeight))
+    readonly property int lastRow: Math.min(count - 1, Math.floor((contentY - originY + height) / table.rowHeight))
     readonly property int pageRows: Math.max(1, Math.floor((height - table.footRoom) / table.rowHeight) - 1)
 
     activeFocusOnTab: true
@@ -48,6 +49,8 @@ ListView {
         askForMore();
     }
     onCountChanged: askForMore()
+    onFirstRowChanged: tellSeen()
+    onLastRowChanged: tellSeen()
 
     /// What the widest of the rows in sight takes in a column, and its title.
     function naturalWidth(column: OrvColumn): real {
@@ -130,6 +133,11 @@ ListView {
         const seen = contentY - originY + height;
         if (table.canLoadMore && !table.loadingMore && !table.moreFailed && seen > (count - pageRows) * table.rowHeight)
             table.moreRequested();
+    }
+
+    function tellSeen() {
+        if (height > 0 && count > 0)
+            table.rowsSeen(firstRow, lastRow);
     }
 
     function openMenu(row: int, x: real, y: real) {

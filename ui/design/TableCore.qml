@@ -65,6 +65,8 @@ FocusScope {
     /// `key` is empty to return to the service's order.
     signal sortRequested(string key, bool descending)
     signal moreRequested()
+    /// These rows are on the screen.
+    signal rowsSeen(int first, int last)
 
     /// Asks the page for an order of the rows and keeps it.
     function sortBy(key: string, descending: bool) {

@@ -87,7 +87,7 @@ class CampaignStatsTest : public QObject {
     }
     return lines;
   }
-  QStringList feed() const { return lines(store->feedRows(), {"title"}); }
+  QStringList feed() const { return lines(store->feed()->rows(), {"title"}); }
   QString lastToast() const { return f->toasts.count() ? f->toasts.toasts().last().message : QString(); }
 
  private Q_SLOTS:
@@ -96,7 +96,7 @@ class CampaignStatsTest : public QObject {
     campaign = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     store = campaign->stats();
     for (ListModel* rows :
-         QList<ListModel*>{store->inboxRows(), store->emailRows(), store->messageRows(), store->feedRows()})
+         QList<ListModel*>{store->inboxRows(), store->emailRows(), store->messageRows(), store->feed()->rows()})
       new QAbstractItemModelTester(rows, QAbstractItemModelTester::FailureReportingMode::Fatal, campaign.get());
   }
   void cleanup() {
@@ -143,7 +143,7 @@ class CampaignStatsTest : public QObject {
     QCOMPARE(queryText(f->api.last()), u"from=2026-11-15&to=2026-11-21&campaigns=c1"_s);
     f->api.answer(summaryCall, summaryAnswer);
     QCOMPARE(store->figures().size(), 8);
-    QCOMPARE(store->figures()[2].toMap().value(u"detail"_s), u"Tracking off"_s);
+    QCOMPARE(store->figures()[2].detail, u"Tracking off"_s);
     QCOMPARE(store->days(), QStringList{u"2026-11-20"_s});
     store->toggleSeries(u"sent"_s);
     QVERIFY(!store->series().first().toMap().value(u"shown"_s).toBool());
@@ -241,57 +241,57 @@ class CampaignStatsTest : public QObject {
     showFeed(feedPage({lineOf("launched"), lineOf("odd", R"(,"count":1200,"lead":{"id":"l1","email":"b@b.example"})")},
                       "next"));
     QCOMPARE(queryText(f->api.last()), u"limit=50"_s);
-    QCOMPARE(lines(store->feedRows(), {"title", "detail"}),
+    QCOMPARE(lines(store->feed()->rows(), {"title", "detail"}),
              (QStringList{u"Launched | "_s, u"odd × 1,200 | b@b.example"_s}));
-    QVERIFY(store->hasMoreFeed());
+    QVERIFY(store->feed()->canLoadMore());
 
     f->api.expect(feedCall);
-    store->loadMoreFeed();
-    store->loadMoreFeed();
-    QVERIFY(store->loadingMoreFeed());
+    store->feed()->loadMore();
+    store->feed()->loadMore();
+    QVERIFY(store->feed()->loadingMore());
     QCOMPARE(queryText(f->api.last()), u"limit=50&cursor=next"_s);
     f->api.fail(feedCall, TransportFailure::timedOut);
-    QVERIFY(store->moreFeedFailed() && !store->loadingMoreFeed() && store->hasMoreFeed());
-    QCOMPARE(store->feedRows()->count(), 2);
+    QVERIFY(store->feed()->moreFailed() && !store->feed()->loadingMore() && store->feed()->canLoadMore());
+    QCOMPARE(store->feed()->rows()->count(), 2);
 
     f->api.expect(feedCall);
-    store->loadMoreFeed();
-    QVERIFY(!store->moreFeedFailed());
+    store->feed()->loadMore();
+    QVERIFY(!store->feed()->moreFailed());
     f->api.answer(feedCall, feedPage({lineOf("sent")}));
     QCOMPARE(feed(), (QStringList{u"Launched"_s, u"odd × 1,200"_s, u"Sent"_s}));
-    QVERIFY(!store->hasMoreFeed() && !store->loadingMoreFeed());
-    store->loadMoreFeed();
+    QVERIFY(!store->feed()->canLoadMore() && !store->feed()->loadingMore());
+    store->feed()->loadMore();
     QCOMPARE(f->api.waiting(), 0);
   }
 
-  void aPageOfAnOlderFeedGoesWithIt() {
+  void theNextPageOfAFeedThatIsReadAgainFollowsIt() {
     showFeed(feedPage({lineOf("sent")}, "old"));
     f->api.expect(feedCall);
-    store->loadMoreFeed();
+    store->feed()->loadMore();
     for (const auto& call : {summaryCall, feedCall}) f->api.expect(call);
     store->refresh();
-    // The page that was under way comes first.
-    f->api.answer(feedCall, feedPage({lineOf("launched")}, "older"));
-    QCOMPARE(feed(), (QStringList{u"Sent"_s, u"Launched"_s}));
-    f->api.expect(feedCall);
-    store->loadMoreFeed();
-    f->api.answer(feedCall, feedPage({lineOf("paused"), lineOf("sent")}));
     QCOMPARE(f->api.cancelled(), QStringList{feedCall});
-    QVERIFY(!store->loadingMoreFeed() && !store->hasMoreFeed());
+    // Still wanted, it is asked for where the feed goes on now.
+    f->api.expect(feedCall);
+    f->api.answer(feedCall, feedPage({lineOf("paused"), lineOf("sent")}, "new"));
     QCOMPARE(feed(), (QStringList{u"Paused"_s, u"Sent"_s}));
+    QCOMPARE(queryText(f->api.last()), u"limit=50&cursor=new"_s);
+    f->api.answer(feedCall, feedPage({lineOf("launched")}));
+    QVERIFY(!store->feed()->loadingMore() && !store->feed()->canLoadMore());
+    QCOMPARE(feed(), (QStringList{u"Paused"_s, u"Sent"_s, u"Launched"_s}));
   }
 
   void aCampaignThatGoesTakesItsQuestionsAlong() {
     showFeed(feedPage({lineOf("sent")}, "next"));
     f->api.expect(feedCall);
-    store->loadMoreFeed();
+    store->feed()->loadMore();
     f->api.expect(summaryCall);
     store->setPreset(u"last7"_s);
     f->api.expect(messagesCall);
     store->setSection(u"messages"_s);
     campaign->close();
     QCOMPARE(f->api.waiting(), 0);
-    QVERIFY(!store->loadingMoreFeed() && !store->summary()->refreshing());
+    QVERIFY(!store->feed()->loadingMore() && !store->summary()->refreshing());
   }
 };
 

@@ -52,7 +52,7 @@ void arriveAtLead(SweepStage& s) {
 bool busy(SweepStage& s) { return leads(s).bulkBusy() || !leads(s).busyIds().isEmpty(); }
 QVariant shown(SweepStage& s) {
   QStringList ids;
-  for (const LeadRow& row : leads(s).rows()->records()) ids.append(row.id + u' ' + row.lead->status.rawValue);
+  for (const LeadRow& row : leads(s).rows()->records()) ids.append(row.id + u' ' + row.record().status.rawValue);
   return ids;
 }
 QVariant fieldsOf(SweepStage& s) { return leads(s).panel()->fieldText(u"Team size"_s); }
@@ -93,15 +93,15 @@ QList<SweepRow> campaignLeadRows() {
        {},
        busy,
        shown},
-      {u"CampaignLeads::loadMore"_s,
+      {u"CampaignLeads, the next page"_s,
        arriveAtFirstOfTwoPages,
-       [](SweepStage& s) { leads(s).loadMore(); },
+       [](SweepStage& s) { leads(s).leads()->loadMore(); },
        page,
        lastPage,
        {u"items"_s},
-       [](SweepStage& s) { return leads(s).loadingMore(); },
+       [](SweepStage& s) { return leads(s).leads()->loadingMore(); },
        shown,
-       [](SweepStage& s) { return leads(s).moreFailed() ? u"failed"_s : QString(); }},
+       [](SweepStage& s) { return leads(s).leads()->moreFailed() ? u"failed"_s : QString(); }},
       {u"CampaignLeads::open"_s,
        arrive,
        [](SweepStage& s) { leads(s).open(u"l1"_s); },

@@ -1,11 +1,15 @@
+#include <QDirIterator>
 #include <QLoggingCategory>
 #include <QMetaMethod>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTest>
 
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
+#include "app/figures/RangeForm.h"
 #include "tests/app/sweep/Sweep.h"
 
 using namespace orv;
@@ -16,14 +20,18 @@ namespace {
 
 QList<SweepRow> allRows() { return campaignListRows() + campaignPageRows() + campaignLeadRows() + figureRows(); }
 
-/// What QML may call of a class, beyond what its base offers.
+QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
+
+/// What QML may call or set of a class, beyond what its base offers.
 QStringList operationsOf(const QMetaObject& type) {
   QStringList operations;
+  for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
+    if (type.property(i).isWritable())
+      operations.append(nameOf(type) + u"::"_s + QString::fromLatin1(type.property(i).name()));
   for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
     const QMetaMethod method = type.method(i);
     if (method.methodType() == QMetaMethod::Signal || method.access() != QMetaMethod::Public) continue;
-    operations.append(QString::fromLatin1(type.className()).section(u':', -1) + u"::"_s +
-                      QString::fromLatin1(method.name()));
+    operations.append(nameOf(type) + u"::"_s + QString::fromLatin1(method.name()));
   }
   return operations;
 }
@@ -34,43 +42,73 @@ const QList<const QMetaObject*> stores{
     &Subsequences::staticMetaObject,     &LeadMove::staticMetaObject,       &LeadPanel::staticMetaObject,
     &LeadAdding::staticMetaObject,       &SequenceEditor::staticMetaObject, &SequencePreview::staticMetaObject,
     &SequenceAutosave::staticMetaObject, &TestEmailForm::staticMetaObject,  &CampaignStatsStore::staticMetaObject,
-    &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject};
+    &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject, &RangeForm::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
-    {u"CampaignsStore"_s, {u"toggleTag"_s, u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"copyLink"_s}},
-    {u"CampaignStore"_s, {u"copyLink"_s}},
-    {u"CampaignLeads"_s, {u"toggle"_s, u"extendTo"_s, u"toggleAll"_s, u"clearSelection"_s, u"copyAddress"_s}},
+    {u"CampaignsStore"_s,
+     {u"toggleTag"_s, u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"copyLink"_s, u"filter"_s, u"query"_s}},
+    {u"CampaignStore"_s, {u"copyLink"_s, u"tab"_s, u"openCampaigns"_s, u"openCampaign"_s}},
+    {u"CampaignLeads"_s, {u"copyAddress"_s}},
     {u"CampaignSettings"_s, {u"addTags"_s, u"removeTag"_s, u"discard"_s}},
     {u"ScheduleForm"_s,
      {u"setText"_s, u"toggleDay"_s, u"add"_s, u"remove"_s, u"discard"_s, u"startTimes"_s, u"endTimes"_s, u"zones"_s}},
-    {u"SenderPicker"_s, {u"toggle"_s, u"toggleTag"_s}},
+    {u"SenderPicker"_s, {u"toggle"_s, u"toggleTag"_s, u"query"_s}},
     {u"Subsequences"_s, {u"open"_s, u"toggleLabel"_s}},
-    {u"LeadMove"_s, {u"cancel"_s}},
+    {u"LeadMove"_s, {u"cancel"_s, u"query"_s, u"target"_s}},
     {u"LeadPanel"_s, {u"fieldText"_s, u"setField"_s, u"discard"_s, u"dismiss"_s}},
-    {u"LeadAdding"_s, {u"field"_s, u"setField"_s, u"chooseFile"_s, u"dropFile"_s, u"stop"_s, u"dismiss"_s}},
+    {u"LeadAdding"_s,
+     {u"field"_s, u"setField"_s, u"chooseFile"_s, u"dropFile"_s, u"stop"_s, u"dismiss"_s, u"dedupe"_s, u"ownLimit"_s,
+      u"allowOtherCampaigns"_s, u"listId"_s}},
     {u"SequenceEditor"_s,
      {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,
       u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
       u"setBody"_s, u"unspun"_s}},
-    {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s}},
-    {u"CampaignStatsStore"_s, {u"toggleSeries"_s}},
-    {u"AnalyticsStore"_s, {u"sort"_s, u"toggleSeries"_s, u"openCampaign"_s, u"exportCsv"_s}},
+    {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s, u"to"_s}},
+    {u"CampaignStatsStore"_s, {u"toggleSeries"_s, u"dayView"_s}},
+    {u"RangeForm"_s, {u"submit"_s, u"from"_s, u"to"_s}},
+    {u"AnalyticsStore"_s, {u"sort"_s, u"toggleSeries"_s, u"openCampaign"_s, u"exportCsv"_s, u"tab"_s, u"dayView"_s}},
     {u"DashboardStore"_s, {u"toggleSeries"_s, u"openAnalytics"_s}},
 };
 
 /// Asks for another part or range of what a row above reads, or, to add leads, starts a job that outlives its store.
 /// Tests of their own follow them.
 const std::map<QString, QStringList> testedElsewhere{
-    {u"CampaignLeads"_s, {u"showAll"_s}},
+    {u"CampaignLeads"_s, {u"showAll"_s, u"leadStatus"_s, u"leadQuery"_s, u"leadsArchived"_s}},
     {u"Subsequences"_s, {u"beginCreate"_s}},
-    {u"SequencePreview"_s, {u"wantVariables"_s}},
+    {u"SequencePreview"_s, {u"wantVariables"_s, u"watched"_s}},
     {u"LeadAdding"_s, {u"show"_s, u"submit"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
 /// What does not hold yet, and why it is borne. One that holds again fails until it leaves this table.
 const QStringList knownDeviations{};
+
+/// How many things are tried in one run, over all rows; a second run tries others.
+constexpr int livesAtMost = 3000;
+
+/// The classes of the areas with something for QML to call or set, as their headers tell.
+QStringList callables() {
+  static const QRegularExpression header(u"^class (\\w+)(?: final)? : public "_s, QRegularExpression::MultilineOption);
+  static const QRegularExpression offer(u"Q_INVOKABLE| WRITE "_s);
+  QStringList names;
+  QDirIterator files(QStringLiteral(ORVELLA_FIXTURES "/../../app"), {u"*.h"_s}, QDir::Files,
+                     QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    const QString path = QDir::cleanPath(files.next());
+    // What areas are made of, and what stands on them.
+    if (path.contains("/app/base/"_L1) || path.contains("/app/shell/"_L1)) continue;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) qFatal("%s cannot be read", qPrintable(path));
+    const QString text = QString::fromUtf8(file.readAll());
+    for (auto classes = header.globalMatch(text); classes.hasNext();) {
+      const auto found = classes.next();
+      const qsizetype end = text.indexOf("\n};"_L1, found.capturedEnd());
+      if (text.mid(found.capturedEnd(), end - found.capturedEnd()).contains(offer)) names.append(found.captured(1));
+    }
+  }
+  return names;
+}
 
 bool stands(const std::map<QString, QStringList>& table, const QString& operation) {
   const auto found = table.find(operation.section(u':', 0, 0));
@@ -82,26 +120,41 @@ bool stands(const std::map<QString, QStringList>& table, const QString& operatio
 class SweepTest : public QObject {
   Q_OBJECT
 
+  quint32 m_seed = 0;
+
  private Q_SLOTS:
-  // Every answer that cannot be read is logged, and hundreds are given here.
-  void initTestCase() { QLoggingCategory::setFilterRules(u"orvella.api=false"_s); }
+  void initTestCase() {
+    // Every answer that cannot be read is logged, and hundreds are given here.
+    QLoggingCategory::setFilterRules(u"orvella.api=false"_s);
+    const QByteArray asked = qgetenv("ORV_SWEEP_SEED");
+    m_seed = asked.isEmpty() ? QRandomGenerator::global()->generate() : asked.toUInt();
+    qInfo("Picked by seed %u; ORV_SWEEP_SEED=%u tries the same again.", m_seed, m_seed);
+  }
 
   void everyOperationHasARow() {
     QSet<QString> swept, known;
     for (const SweepRow& row : allRows()) swept.insert(row.operation());
     QStringList wrong;
+    QSet<QString> listed;
+    for (const QMetaObject* type : stores) listed.insert(nameOf(*type));
+    const QStringList there = callables();
+    QVERIFY2(there.size() >= stores.size(), "the headers are not found");
+    for (const QString& name : there)
+      if (!listed.contains(name)) wrong.append(name + u" is not in the list of stores"_s);
     for (const QMetaObject* type : stores) {
       for (const QString& operation : operationsOf(*type)) {
         known.insert(operation);
-        const int listed =
+        const int times =
             swept.contains(operation) + stands(sendNothing, operation) + stands(testedElsewhere, operation);
-        if (listed != 1) wrong.append(operation + (listed ? u" is listed twice"_s : u" has no row"_s));
+        if (times != 1) wrong.append(operation + (times ? u" is listed twice"_s : u" has no row"_s));
       }
     }
     for (const auto* table : {&sendNothing, &testedElsewhere})
       for (const auto& [type, names] : *table)
         for (const QString& name : names)
           if (!known.contains(type + u"::"_s + name)) wrong.append(type + u"::"_s + name + u" is no operation"_s);
+    for (const QString& operation : swept)
+      if (operation.contains("::"_L1) && !known.contains(operation)) wrong.append(operation + u" is no operation"_s);
     QVERIFY2(wrong.isEmpty(), qPrintable(u'\n' + wrong.join(u'\n')));
   }
 
@@ -113,11 +166,12 @@ class SweepTest : public QObject {
   void operations() {
     QFETCH(int, row);
     static const auto rows = allRows();
-    QStringList problems = Sweep(rows[row]).run();
+    Sweep sweep(rows[row], livesAtMost / int(rows.size()), m_seed);
+    QStringList problems = sweep.run();
     for (const QString& known : knownDeviations) {
       if (!known.startsWith(rows[row].name + u" / "_s)) continue;
       const auto borne = problems.removeIf([&known](const QString& problem) { return problem.startsWith(known); });
-      if (borne == 0) problems.append(u"holds again: "_s + known);
+      if (borne == 0 && sweep.isWhole()) problems.append(u"holds again: "_s + known);
     }
     QVERIFY2(problems.isEmpty(), qPrintable(u'\n' + problems.join(u'\n')));
   }
