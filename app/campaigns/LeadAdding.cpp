@@ -22,7 +22,12 @@ LeadAdding::LeadAdding(CampaignContext& context, std::function<void()> added)
     : Store(context.workspace, &context.whole),
       m_context(context),
       m_added(std::move(added)),
-      m_lists(*this, [&context] { return context.api.send(Requests::leadLists(false)); }, {.loadsByItself = false}) {
+      m_lists(*this, [&context] { return context.api.send(Requests::leadLists(false)); }, {.loadsByItself = false}),
+      m_recovery(context.workspace, Recovery::of(m_draft)) {
+  m_draft.setKey(u"campaigns/"_s + context.id + u"/lead-by-hand"_s);
+  connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
+  connect(&m_draft, &FieldDraft::changed, this, &LeadAdding::changed);
+  connect(&m_form, &Form::changed, this, &LeadAdding::formChanged);
   connect(&m_lists, &ResourceBase::changed, this, &LeadAdding::listsChanged);
   // Of any batch: one may have been sent off before this dialog was made.
   context.workspace.changes().watch<AddedLeads>(this, [this](const Change<AddedLeads>& change) {
@@ -39,10 +44,10 @@ QString LeadAdding::title() const {
 QString LeadAdding::submitLabel() const { return m_way == "manual"_L1 ? u"Add lead"_s : u"Add leads"_s; }
 
 bool LeadAdding::canSubmit() const {
-  if (busy()) return false;
-  if (m_way == "manual"_L1) return !m_email.trimmed().isEmpty();
+  if (m_form.busy()) return false;
+  if (m_way == "manual"_L1) return !m_draft.typed().email.trimmed().isEmpty();
   if (m_way == "list"_L1) return !m_listId.isEmpty();
-  if (m_way == "csv"_L1) return !fileLooking() && !m_preview.headers.isEmpty();
+  if (m_way == "csv"_L1) return !fileLooking() && m_columns.count() > 0;
   return ownLimitError().isEmpty();
 }
 
@@ -51,18 +56,11 @@ void LeadAdding::setDedupe(const QString& rule) {
   Q_EMIT changed();
 }
 
-void LeadAdding::setEmail(const QString& email) {
-  m_email = email;
-  m_emailError.clear();
-  Q_EMIT changed();
-}
-
-QVariantList LeadAdding::listOptions() const {
-  QVariantList options;
+QList<Choice> LeadAdding::listOptions() const {
+  QList<Choice> options;
   if (!m_lists.value()) return options;
   for (const LeadList& list : m_lists.value()->items)
-    options.append(
-        QVariantMap{{u"key"_s, list.id}, {u"label"_s, list.name}, {u"detail"_s, countedLeads(list.leadCount)}});
+    options.append({.key = list.id, .label = list.name, .detail = countedLeads(list.leadCount)});
   return options;
 }
 
@@ -74,20 +72,14 @@ void LeadAdding::setListId(const QString& id) {
 QString LeadAdding::fileName() const { return QFileInfo(m_path).fileName(); }
 
 QString LeadAdding::fileFacts() const {
-  if (m_preview.headers.isEmpty()) return {};
-  return megabytes(m_preview.bytes) + u" · "_s + Format::counted(m_preview.headers.size(), u"column"_s, u"columns"_s);
+  if (m_columns.count() == 0) return {};
+  return megabytes(m_columns.bytes()) + u" · "_s + Format::counted(m_columns.count(), u"column"_s, u"columns"_s);
 }
 
 QString LeadAdding::fileWarning() const {
   const auto isEmail = [](const QString& header) { return header.contains("email"_L1, Qt::CaseInsensitive); };
-  if (m_preview.headers.isEmpty() || std::ranges::any_of(m_preview.headers, isEmail)) return {};
+  if (m_columns.count() == 0 || std::ranges::any_of(m_columns.names(), isEmail)) return {};
   return u"No column is called email. Leads without an address are left out."_s;
-}
-
-QVariantList LeadAdding::fileSamples() const {
-  QVariantList samples;
-  for (const QStringList& row : m_preview.samples) samples.append(QVariant(row));
-  return samples;
 }
 
 void LeadAdding::setOwnLimit(const QString& limit) {
@@ -112,31 +104,34 @@ void LeadAdding::setAllowOtherCampaigns(bool allowed) {
 }
 
 void LeadAdding::show(const QString& way) {
-  m_shown = true;
-  if (busy()) {
+  if (m_form.busy()) {
     m_job->attend(this);
-  } else {
-    m_way = way;
-    startAnew();
-    if (way == "list"_L1) m_lists.load();
+    return m_form.reopen();
   }
-  Q_EMIT changed();
+  m_way = way;
+  startAnew();
+  if (way == "list"_L1) m_lists.load();
+  if (way == "manual"_L1) m_recovery.begin(m_draft.key(), {});
+  m_form.show();
 }
 
 void LeadAdding::startAnew() {
-  m_error.clear();
-  m_emailError.clear();
-  m_email.clear();
-  m_fields.clear();
   m_listId.clear();
   m_path.clear();
-  m_preview = {};
+  m_columns.show({});
   m_look.cancel();
   m_looking = false;
   m_ownLimit.clear();
   m_allowOthers = false;
   m_dedupe = u"campaign"_s;
-  Q_EMIT fileChanged();
+}
+
+void LeadAdding::formChanged() {
+  if (!m_form.shown()) {
+    if (m_job) m_job->attend(nullptr);
+    m_lists.cancel();
+  }
+  Q_EMIT changed();
 }
 
 Task<void> LeadAdding::chooseFileTask() {
@@ -145,32 +140,28 @@ Task<void> LeadAdding::chooseFileTask() {
 }
 
 void LeadAdding::setFile(const QString& path) {
-  if (busy() || m_way != "csv"_L1) return;
+  if (m_form.busy() || m_way != "csv"_L1) return;
   m_path = path;
-  m_preview = {};
-  m_error.clear();
+  m_columns.show({});
+  m_form.clearError();
   m_looking = true;
   m_look.start(look(path));
-  Q_EMIT fileChanged();
   Q_EMIT changed();
 }
 
 Task<void> LeadAdding::look(QString path) {
-  m_preview = co_await inBackground<LeadFilePreview>([path] { return previewLeadFile(path); });
-  m_error = m_preview.error;
+  const auto preview = co_await inBackground<CsvPreview>([path] { return previewCsv(path); });
+  m_columns.show(preview);
   m_looking = false;
-  Q_EMIT fileChanged();
+  if (!preview.error.isEmpty()) m_form.begin().fail(preview.error);
   Q_EMIT changed();
 }
 
 void LeadAdding::submit() {
   if (!canSubmit()) return;
-  if (m_way == "manual"_L1 && !isEmailAddress(m_email.trimmed())) {
-    m_emailError = u"Enter a valid email address."_s;
-    Q_EMIT changed();
-    return;
-  }
-  m_error.clear();
+  if (m_way == "manual"_L1 && !isEmailAddress(m_draft.typed().email.trimmed()))
+    return m_draft.setProblems({{u"email"_s, u"Enter a valid email address."_s}});
+  m_submission.emplace(&m_form);
   Jobs& jobs = services().jobs;
   m_job = jobs.start({.name = jobName(),
                       .stopped = u"Stopped. Leads that were taken by then are in the campaign."_s,
@@ -179,21 +170,22 @@ void LeadAdding::submit() {
   connect(m_job, &Job::changed, this, &LeadAdding::changed);
   connect(m_job, &Job::ended, this, &LeadAdding::jobEnded);
   if (!m_job->running()) jobEnded();
-  Q_EMIT changed();
 }
 
 LeadBatch LeadAdding::batch() const {
-  if (m_way == "csv"_L1) return {m_context.id, LeadBatch::File{m_path, m_dedupe, m_preview.bytes}};
+  if (m_way == "csv"_L1) return {m_context.id, LeadBatch::File{m_path, m_dedupe, m_columns.bytes()}};
   if (m_way == "leads"_L1) return {m_context.id, LeadBatch::Own{ownCount().value_or(0), m_allowOthers}};
   if (m_way == "list"_L1) return {m_context.id, AddLeadsBody{AddLeadsBody::List{m_listId, m_dedupe}}};
-  auto data = m_fields;
-  for (auto it = data.begin(); it != data.end();) it = it->trimmed().isEmpty() ? data.erase(it) : std::next(it);
-  return {m_context.id, AddLeadsBody{AddLeadsBody::Manual{m_email.trimmed(), data, m_dedupe}}};
+  QMap<QString, QString> data;
+  for (const auto& [field, value] : m_draft.values().asKeyValueRange())
+    if (const QString text = value.toString(); !text.trimmed().isEmpty()) data.insert(field, text);
+  const QString email = data.take(u"email"_s).trimmed();
+  return {m_context.id, AddLeadsBody{AddLeadsBody::Manual{email, data, m_dedupe}}, m_draft.key()};
 }
 
 QString LeadAdding::jobName() const {
   QString whom = u"your leads"_s;
-  if (m_way == "manual"_L1) whom = m_email.trimmed();
+  if (m_way == "manual"_L1) whom = m_draft.typed().email.trimmed();
   if (m_way == "csv"_L1) whom = u"leads from "_s + fileName();
   if (m_way == "list"_L1) {
     whom = u"leads from a list"_s;
@@ -205,29 +197,28 @@ QString LeadAdding::jobName() const {
 }
 
 void LeadAdding::jobEnded() {
-  if (!m_shown) return;
+  if (!m_submission) return;
   if (m_job->outcome().kind == JobOutcome::Kind::done) {
-    services().jobs.show(m_job);
-    dismiss();
+    m_draft.discard();
+    if (m_submission->isShown()) services().jobs.show(m_job);
+    m_submission->succeed();
   } else {
-    m_error = m_job->text();
+    m_submission->fail(m_job->text());
   }
-  Q_EMIT changed();
+  m_submission.reset();
 }
 
 void LeadAdding::stop() {
-  if (busy()) m_job->stop();
+  if (m_form.busy()) m_job->stop();
 }
 
 void LeadAdding::dismiss() {
-  if (!std::exchange(m_shown, false)) return;
-  if (m_job) m_job->attend(nullptr);
-  m_lists.cancel();
-  Q_EMIT changed();
+  if (!m_form.busy()) m_draft.discard();
+  m_form.cancel();
 }
 
 void LeadAdding::close() {
-  dismiss();
+  m_form.cancel();
   m_look.cancel();
   m_looking = false;
   Store::close();

@@ -1,44 +1,53 @@
 #pragma once
 
-#include <QMap>
-#include <QVariantList>
-
+#include "app/base/Choice.h"
+#include "app/base/CsvColumns.h"
+#include "app/base/Draft.h"
+#include "app/base/Form.h"
+#include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/LeadBatch.h"
-#include "app/campaigns/LeadFile.h"
 #include "kit/models/campaigns/addLeads.h"
 #include "kit/models/leads.h"
 
 namespace orv {
+
+/// What is filled in about one lead.
+struct LeadByHand {
+  QString email;
+  QString firstName;
+  QString lastName;
+  QString company;
+  QString title;
+  QString website;
+};
+BOOST_DESCRIBE_STRUCT(LeadByHand, (), (email, firstName, lastName, company, title, website))
 
 /// The dialog that adds leads to a campaign: one by hand, a list, a file or the workspace's own.
 ///
 /// The adding itself is a job of the workspace, which the dialog shows while it is there and hands over when it goes.
 class LeadAdding final : public Store {
   Q_OBJECT
-  Q_PROPERTY(bool shown READ shown NOTIFY changed)
+  Q_PROPERTY(orv::Form* form READ form CONSTANT)
   Q_PROPERTY(QString way READ way NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString submitLabel READ submitLabel NOTIFY changed)
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
-  Q_PROPERTY(QString error READ error NOTIFY changed)
   Q_PROPERTY(QString dedupe READ dedupe WRITE setDedupe NOTIFY changed)
-  Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY changed)
-  Q_PROPERTY(QString emailError READ emailError NOTIFY changed)
+  Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::ResourceBase* lists READ lists CONSTANT)
-  Q_PROPERTY(QVariantList listOptions READ listOptions NOTIFY listsChanged)
+  Q_PROPERTY(QList<orv::Choice> listOptions READ listOptions NOTIFY listsChanged)
   Q_PROPERTY(QString listId READ listId WRITE setListId NOTIFY changed)
   Q_PROPERTY(QString fileName READ fileName NOTIFY changed)
   Q_PROPERTY(QString fileFacts READ fileFacts NOTIFY changed)
   Q_PROPERTY(QString fileWarning READ fileWarning NOTIFY changed)
   Q_PROPERTY(bool fileLooking READ fileLooking NOTIFY changed)
-  Q_PROPERTY(QStringList fileHeaders READ fileHeaders NOTIFY fileChanged)
-  Q_PROPERTY(QVariantList fileSamples READ fileSamples NOTIFY fileChanged)
+  Q_PROPERTY(orv::ListModel* fileColumns READ fileColumns CONSTANT)
   Q_PROPERTY(QString ownLimit READ ownLimit WRITE setOwnLimit NOTIFY changed)
   Q_PROPERTY(QString ownLimitError READ ownLimitError NOTIFY changed)
   Q_PROPERTY(bool allowOtherCampaigns READ allowOtherCampaigns WRITE setAllowOtherCampaigns NOTIFY changed)
-  Q_PROPERTY(bool busy READ busy NOTIFY changed)
   Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
   Q_PROPERTY(double progress READ progress NOTIFY changed)
 
@@ -46,25 +55,24 @@ class LeadAdding final : public Store {
   /// `added` is called when leads may have come into the campaign.
   LeadAdding(CampaignContext& context, std::function<void()> added);
 
-  bool shown() const { return m_shown; }
+  /// Busy until the leads are added, shown or not.
+  Form* form() { return &m_form; }
   /// "manual", "list", "csv" or "leads".
   const QString& way() const { return m_way; }
   QString title() const;
   QString submitLabel() const;
   bool canSubmit() const;
-  /// Why the last attempt failed.
-  const QString& error() const { return m_error; }
 
   /// Whom to leave out: who is in this "campaign", or anywhere in the "workspace".
   const QString& dedupe() const { return m_dedupe; }
   void setDedupe(const QString& rule);
 
-  const QString& email() const { return m_email; }
-  void setEmail(const QString& email);
-  const QString& emailError() const { return m_emailError; }
+  /// The lead that is filled in by hand. One that was not taken is there again the next time.
+  Draft<LeadByHand>* draft() { return &m_draft; }
+  Recovery* recovery() { return &m_recovery; }
 
   Resource<LeadListPage>* lists() { return &m_lists; }
-  QVariantList listOptions() const;
+  QList<Choice> listOptions() const;
   const QString& listId() const { return m_listId; }
   void setListId(const QString& id);
 
@@ -76,8 +84,7 @@ class LeadAdding final : public Store {
   QString fileWarning() const;
   /// The chosen file is being looked into.
   bool fileLooking() const { return m_looking; }
-  const QStringList& fileHeaders() const { return m_preview.headers; }
-  QVariantList fileSamples() const;
+  CsvColumns* fileColumns() { return &m_columns; }
 
   /// How many of the workspace's own leads; empty for as many as go at a time.
   const QString& ownLimit() const { return m_ownLimit; }
@@ -86,16 +93,12 @@ class LeadAdding final : public Store {
   bool allowOtherCampaigns() const { return m_allowOthers; }
   void setAllowOtherCampaigns(bool allowed);
 
-  bool busy() const { return m_job && m_job->running(); }
-  QString progressText() const { return busy() ? m_job->stage() : QString(); }
+  QString progressText() const { return m_job ? m_job->stage() : QString(); }
   /// From 0 to 1; below 0 while nobody can say.
-  double progress() const { return busy() ? m_job->progress() : -1; }
+  double progress() const { return m_job ? m_job->progress() : -1; }
 
   /// Opens the dialog, or shows the one whose work goes on.
   Q_INVOKABLE void show(const QString& way);
-  /// The other fields of a lead added by hand.
-  Q_INVOKABLE QString field(const QString& name) const { return m_fields.value(name); }
-  Q_INVOKABLE void setField(const QString& name, const QString& text) { m_fields.insert(name, text); }
   Q_INVOKABLE void chooseFile() { m_tasks.start(chooseFileTask()); }
   /// Looks into a file that was chosen or dropped.
   void setFile(const QString& path);
@@ -103,7 +106,7 @@ class LeadAdding final : public Store {
   Q_INVOKABLE void submit();
   /// Stops what is under way; what the service has taken by then stays.
   Q_INVOKABLE void stop();
-  /// Closes the dialog. Work under way goes on.
+  /// Closes the dialog. Work under way goes on; what was only filled in is given up.
   Q_INVOKABLE void dismiss();
   Q_INVOKABLE void retryLists() { m_lists.load(); }
 
@@ -113,7 +116,6 @@ class LeadAdding final : public Store {
  Q_SIGNALS:
   void changed();
   void listsChanged();
-  void fileChanged();
 
  private:
   Task<void> chooseFileTask();
@@ -122,6 +124,7 @@ class LeadAdding final : public Store {
   QString jobName() const;
   void jobEnded();
   void startAnew();
+  void formChanged();
   std::optional<qint64> ownCount() const;
 
   CampaignContext& m_context;
@@ -129,18 +132,18 @@ class LeadAdding final : public Store {
   Resource<LeadListPage> m_lists;
   TaskSlot m_look;
   QPointer<Job> m_job;
+  Form m_form;
+  /// While the job runs.
+  std::optional<Form::Submission> m_submission;
   QString m_way;
-  QString m_error;
   QString m_dedupe;
-  QString m_email;
-  QString m_emailError;
-  QMap<QString, QString> m_fields;
+  Draft<LeadByHand> m_draft;
+  Recovery m_recovery;
   QString m_listId;
   QString m_path;
-  LeadFilePreview m_preview;
+  CsvColumns m_columns;
   QString m_ownLimit;
   bool m_allowOthers = false;
-  bool m_shown = false;
   bool m_looking = false;
 };
 

@@ -2,11 +2,13 @@
 
 #include <QFileInfo>
 
-#include "app/campaigns/LeadFile.h"
+#include "app/base/CsvFile.h"
+#include "app/base/Journal.h"
 #include "app/campaigns/LeadFileUpload.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
 #include "kit/async/background.h"
+#include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,7 +38,7 @@ struct Adding {
   Adding& operator=(const Adding&) = delete;
   /// On every way out, being stopped included.
   ~Adding() {
-    if (mayHaveAdded) job.context().changes().stale<AddedLeads>(campaignId);
+    if (mayHaveAdded) leadsCameTo(job.context(), campaignId);
   }
 
   APITransport& api() const { return job.context().api(); }
@@ -86,7 +88,7 @@ struct Packed {
 };
 
 Packed pack(const QString& campaignId, const LeadBatch::File& file, FileWatch& watch) {
-  const LeadFileBytes read = readLeadFile(file.path, watch);
+  const CsvBytes read = readCsv(file.path, watch);
   if (!read.error.isEmpty()) return {read.error, {}};
   return {{}, leadFileUpload(campaignId, QFileInfo(file.path).fileName(), file.dedupe, read.bytes)};
 }
@@ -132,11 +134,18 @@ Task<AddLeadsResult> addFrom(Adding* adding, LeadBatch batch) {
 
 }  // namespace
 
+void leadsCameTo(WorkspaceContext& workspace, const QString& campaignId) {
+  workspace.changes().stale<AddedLeads>(campaignId);
+  workspace.changes().stale<Campaign>(campaignId);
+}
+
 Task<JobOutcome> addLeads(Job* job, LeadBatch batch) {
   Adding adding(*job, batch.campaignId);
+  const QString journalKey = batch.journalKey;
   QString reason;
   try {
     const AddLeadsResult result = co_await addFrom(&adding, std::move(batch));
+    if (!journalKey.isEmpty()) job->context().services().journal.drop({job->context().workspace().slug, journalKey});
     const QStringList lines = leftOut(result);
     co_return JobOutcome{
         .title = headline(result), .text = lines.isEmpty() ? QString() : u"Left out:"_s, .lines = lines};

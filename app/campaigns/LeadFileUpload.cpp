@@ -1,6 +1,6 @@
 #include "app/campaigns/LeadFileUpload.h"
 
-#include "app/campaigns/LeadFileText.h"
+#include "app/base/CsvText.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 
 namespace orv {

@@ -12,12 +12,12 @@ OrvButton {
     text: "Add leads"
     iconName: "list-add"
     menuArrow: true
-    busy: adding.busy && !adding.shown
+    busy: adding.form.busy && !adding.form.shown
     onClicked: openMenu()
 
     function openMenu() {
         // What is still being sent is shown instead: one thing at a time.
-        if (adding.busy) {
+        if (adding.form.busy) {
             adding.show(adding.way);
             return;
         }

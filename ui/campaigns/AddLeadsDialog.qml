@@ -9,15 +9,15 @@ OnDemand {
 
     required property LeadAdding adding
 
-    shown: adding.shown
+    shown: adding.form.shown
 
     sourceComponent: OrvDialog {
         title: root.adding.title
         dialogWidth: root.adding.way === "csv" ? 640 : 480
         confirmText: root.adding.submitLabel
         confirmEnabled: root.adding.canSubmit
-        cancelText: root.adding.busy ? "Hide" : "Cancel"
-        error: root.adding.error
+        cancelText: root.adding.form.busy ? "Hide" : "Cancel"
+        error: root.adding.form.error
         initialFocus: root.adding.way === "manual" ? byHand : null
         onConfirmed: root.adding.submit()
         onCancelled: root.adding.dismiss()
@@ -26,28 +26,28 @@ OnDemand {
             id: byHand
             width: parent.width
             visible: root.adding.way === "manual"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             adding: root.adding
         }
 
         LeadsFromFile {
             width: parent.width
             visible: root.adding.way === "csv"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             adding: root.adding
         }
 
         LeadsFromList {
             width: parent.width
             visible: root.adding.way === "list"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             adding: root.adding
         }
 
         OrvField {
             width: parent.width
             visible: root.adding.way === "leads"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             label: "How many"
             placeholder: "As many as there are"
             help: "Leave empty to add all of your leads, up to 100,000 at a time, newest first."
@@ -58,7 +58,7 @@ OnDemand {
 
         OrvCheckbox {
             visible: root.adding.way === "leads"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             text: "Also add leads that are in another campaign"
             checked: root.adding.allowOtherCampaigns
             onToggled: root.adding.allowOtherCampaigns = checked
@@ -67,7 +67,7 @@ OnDemand {
         OrvSelect {
             width: parent.width
             visible: root.adding.way !== "leads"
-            enabled: !root.adding.busy
+            enabled: !root.adding.form.busy
             label: "Leave out people who are in"
             options: [
                 { key: "campaign", label: "This campaign" },
@@ -79,7 +79,7 @@ OnDemand {
 
         AddingProgress {
             width: parent.width
-            visible: root.adding.busy
+            visible: root.adding.form.busy
             adding: root.adding
         }
     }

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 import Orvella.Campaigns
 
 /// The form for one lead.
@@ -10,43 +11,45 @@ FocusScope {
 
     implicitHeight: form.implicitHeight
 
+    component Field: OrvField {
+        required property string key
+
+        text: root.adding.draft.values[key] ?? ""
+        error: root.adding.draft.problems[key] ?? ""
+        onEdited: text => root.adding.draft.set(key, text)
+    }
+
     Column {
         id: form
         width: root.width
         spacing: 12
 
-        OrvField {
+        RestoredNotice {
+            width: parent.width
+            recovery: root.adding.recovery
+        }
+
+        Field {
             width: parent.width
             focus: true
+            key: "email"
             label: "Email address"
-            text: root.adding.email
-            error: root.adding.emailError
             inputMethodHints: Qt.ImhEmailCharactersOnly
-            onEdited: text => root.adding.email = text
         }
 
         Grid {
+            id: more
+
+            readonly property real half: (form.width - columnSpacing) / 2
+
             columns: 2
             spacing: 12
 
-            Repeater {
-                model: [
-                    { key: "firstName", label: "First name" },
-                    { key: "lastName", label: "Last name" },
-                    { key: "company", label: "Company" },
-                    { key: "title", label: "Title" },
-                    { key: "website", label: "Website" }
-                ]
-
-                OrvField {
-                    required property var modelData
-
-                    width: (form.width - 12) / 2
-                    label: modelData.label
-                    text: root.adding.field(modelData.key)
-                    onEdited: text => root.adding.setField(modelData.key, text)
-                }
-            }
+            Field { width: more.half; key: "firstName"; label: "First name" }
+            Field { width: more.half; key: "lastName"; label: "Last name" }
+            Field { width: more.half; key: "company"; label: "Company" }
+            Field { width: more.half; key: "title"; label: "Title" }
+            Field { width: more.half; key: "website"; label: "Website" }
         }
     }
 }

@@ -8,7 +8,6 @@ Column {
     id: root
 
     required property LeadAdding adding
-    readonly property bool known: adding.fileHeaders.length > 0
 
     spacing: 12
 
@@ -59,67 +58,73 @@ Column {
         text: root.adding.fileWarning
     }
 
-    Flickable {
+    ListView {
         id: preview
-        visible: root.known
+
+        readonly property int rowHeight: 26
+
+        visible: count > 0
         width: parent.width
-        height: grid.height + 10
-        contentWidth: grid.width
+        height: Math.min(count, 8) * rowHeight
+        model: root.adding.fileColumns
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        activeFocusOnTab: contentWidth > width
-        Keys.onLeftPressed: contentX = Math.max(0, contentX - 120)
-        Keys.onRightPressed: contentX = Math.min(Math.max(0, contentWidth - width), contentX + 120)
-
-        Accessible.role: Accessible.Table
-        Accessible.name: "The file’s first rows"
-
-        T.ScrollBar.horizontal: OrvScrollBar {}
-
-        Column {
-            id: grid
-
-            PreviewRow { cells: root.adding.fileHeaders; heading: true }
-
-            Repeater {
-                model: root.adding.fileSamples
-
-                PreviewRow {
-                    required property var modelData
-
-                    cells: modelData
-                }
-            }
+        activeFocusOnTab: interactive
+        interactive: contentHeight > height
+        Keys.onPressed: event => {
+            const page = event.key === Qt.Key_PageDown ? 1 : event.key === Qt.Key_PageUp ? -1 : 0;
+            event.accepted = page !== 0;
+            if (page !== 0)
+                contentY = Math.max(0, Math.min(contentHeight - height, contentY + page * height));
         }
+
+        Accessible.role: Accessible.List
+        Accessible.name: "The file’s columns"
+
+        T.ScrollBar.vertical: OrvScrollBar {}
+
+        delegate: PreviewColumn {}
     }
 
-    component PreviewRow: Row {
-        id: row
+    component PreviewColumn: Item {
+        id: column
 
-        property var cells: []
-        property bool heading: false
+        required property string name
+        required property string samples
 
-        Accessible.role: Accessible.Row
-        Accessible.name: cells.join(", ")
+        width: preview.width
+        height: preview.rowHeight
 
-        Repeater {
-            model: row.cells
+        Accessible.role: Accessible.ListItem
+        Accessible.name: column.name + ", " + example.text
 
-            Text {
-                required property string modelData
+        Text {
+            id: heading
+            width: 168
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            textFormat: Text.PlainText
+            text: column.name
+            font: Theme.smallStrong
+            color: Theme.text
+            Accessible.ignored: true
+        }
 
-                width: 128
-                height: 26
-                rightPadding: 12
-                verticalAlignment: Text.AlignVCenter
-                elide: Text.ElideRight
-                maximumLineCount: 1
-                textFormat: Text.PlainText
-                text: modelData
-                font: row.heading ? Theme.smallStrong : Theme.small
-                color: row.heading ? Theme.text2 : Theme.text
-                Accessible.ignored: true
-            }
+        Text {
+            id: example
+            x: heading.width + 12
+            width: parent.width - x - 12
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            maximumLineCount: 1
+            textFormat: Text.PlainText
+            text: column.samples === "" ? "empty in the first rows" : column.samples
+            font: Theme.small
+            color: column.samples === "" ? Theme.text3 : Theme.text2
+            Accessible.ignored: true
         }
     }
 }

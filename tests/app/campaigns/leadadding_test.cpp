@@ -41,6 +41,11 @@ class LeadAddingTest : public QObject {
   QTemporaryDir folder;
 
   QJsonObject body() const { return QJsonDocument::fromJson(*f->api.last().request.body).object(); }
+  void type(const char* field, const QString& text) { adding->draft()->set(QString::fromLatin1(field), text); }
+  QString samples(int column) const {
+    const auto& columns = *adding->fileColumns();
+    return columns.data(columns.index(column), CsvColumns::SamplesRole).toString();
+  }
   QString toast() const { return f->toasts.count() ? f->toasts.toasts().last().message : QString(); }
   QString file(const QString& name, const QByteArray& bytes) {
     const QString path = folder.filePath(name);
@@ -67,19 +72,19 @@ class LeadAddingTest : public QObject {
   void oneByHand() {
     adding->show(u"manual"_s);
     QVERIFY(!adding->canSubmit());
-    adding->setEmail(u"no address"_s);
+    type("email", u"no address"_s);
     adding->submit();
-    QCOMPARE(adding->emailError(), u"Enter a valid email address."_s);
-    adding->setEmail(u" new@x.example "_s);
-    adding->setField(u"firstName"_s, u"Ana"_s);
-    adding->setField(u"company"_s, u" "_s);
+    QCOMPARE(adding->draft()->problems().value(u"email"_s).toString(), u"Enter a valid email address."_s);
+    type("email", u" new@x.example "_s);
+    type("firstName", u"Ana"_s);
+    type("company", u" "_s);
     f->api.expect(add);
     adding->submit();
     adding->submit();
-    QVERIFY(adding->busy());
+    QVERIFY(adding->form()->busy());
     f->api.answer(add, refusal, 422);
-    QVERIFY2(adding->shown() && adding->email() == u" new@x.example "_s, "what was typed stays");
-    QCOMPARE(adding->error(), u"Not now: It is being checked."_s);
+    QVERIFY2(adding->form()->shown() && adding->draft()->typed().email == u" new@x.example "_s, "what was typed stays");
+    QCOMPARE(adding->form()->error(), u"Not now: It is being checked."_s);
     f->api.expect(add);
     adding->submit();
     QCOMPARE(body(), (QJsonObject{{u"source"_s, u"manual"_s},
@@ -88,7 +93,7 @@ class LeadAddingTest : public QObject {
                                   {u"dedupe"_s, u"campaign"_s}}));
     f->api.answer(add, addResult(1));
     QCOMPARE(f->jobs.shown()->title(), u"1 lead added"_s);
-    QVERIFY(!adding->shown());
+    QVERIFY(!adding->form()->shown());
     QCOMPARE(life->added, 1);
   }
 
@@ -96,7 +101,7 @@ class LeadAddingTest : public QObject {
     f->api.expect(u"GET /lead-lists"_s);
     adding->show(u"list"_s);
     f->api.answer(u"GET /lead-lists"_s, R"({"items":[{"id":"li1","name":"Fair","leadCount":9}]})");
-    QCOMPARE(adding->listOptions().first().toMap()[u"detail"_s].toString(), u"9 leads"_s);
+    QCOMPARE(adding->listOptions().first().detail, u"9 leads"_s);
     QVERIFY(!adding->canSubmit());
     adding->setListId(u"li1"_s);
     adding->setDedupe(u"workspace"_s);
@@ -110,7 +115,7 @@ class LeadAddingTest : public QObject {
              (QStringList{u"1 was in this campaign already"_s, u"2 are in another campaign"_s,
                           u"3 are in another list"_s, u"1 is on the block list and never gets an email"_s,
                           u"1,200 have no valid email address"_s, u"1 came more than once"_s}));
-    QVERIFY(!adding->shown());
+    QVERIFY(!adding->form()->shown());
   }
 
   void ownLeadsGoInBlocks() {
@@ -135,7 +140,7 @@ class LeadAddingTest : public QObject {
     f->api.answer(add, addResult(990));
     QCOMPARE(adding->progress(), 0.4);
     adding->dismiss();
-    QVERIFY2(adding->busy(), "it goes on while hidden");
+    QVERIFY2(adding->form()->busy(), "it goes on while hidden");
     f->api.expect(add);
     f->api.answer(add, addResult(1000));
     QCOMPARE(body().value("leadIds"_L1).toArray().size(), 500);
@@ -157,8 +162,8 @@ class LeadAddingTest : public QObject {
     f->api.expect(add);
     f->api.answer(add, addResult(7));
     f->api.answer(add, refusal, 422);
-    QCOMPARE(adding->error(), u"Not now: It is being checked. Before that, 7 leads added."_s);
-    QVERIFY(!adding->busy() && adding->shown() && !f->jobs.shown());
+    QCOMPARE(adding->form()->error(), u"Not now: It is being checked. Before that, 7 leads added."_s);
+    QVERIFY(!adding->form()->busy() && adding->form()->shown() && !f->jobs.shown());
     QCOMPARE(life->added, 1);
   }
 
@@ -192,8 +197,8 @@ class LeadAddingTest : public QObject {
     while (bytes.size() < 262143) bytes += 'x';
     QCOMPARE(withoutCutCharacter(bytes + "\xC3").size(), 262143);
     choose(file(u"a.csv"_s, bytes + "ü,ü\n"_ba));
-    QCOMPARE(adding->fileHeaders(), (QStringList{u"email"_s, u"name"_s}));
-    QVERIFY2(!adding->fileSamples().first().toStringList().last().contains(u'Ã'), "not another encoding");
+    QCOMPARE(adding->fileColumns()->names(), (QStringList{u"email"_s, u"name"_s}));
+    QVERIFY2(!samples(1).contains(u'Ã'), "not another encoding");
     QCOMPARE(adding->fileFacts(), u"0.3 MB · 2 columns"_s);
     for (const auto& cut : {"\xE2\x82"_ba, "\xF0\x9F\x98"_ba, "\xF0"_ba})
       QCOMPARE(withoutCutCharacter("ab" + cut).size(), 2);
@@ -227,7 +232,7 @@ class LeadAddingTest : public QObject {
   void filesThatWillNotDo() {
     const auto refused = [this](const QString& path) {
       choose(path);
-      return adding->canSubmit() ? u"can be sent"_s : adding->error();
+      return adding->canSubmit() ? u"can be sent"_s : adding->form()->error();
     };
     QCOMPARE(refused(file(u"a.txt"_s, "email\n")), u"Choose a .csv file"_s);
     QCOMPARE(refused(folder.filePath(u"gone.csv"_s)), u"Couldn’t open that file"_s);
@@ -240,9 +245,9 @@ class LeadAddingTest : public QObject {
 
     // Stopped while it is read, it is never sent.
     adding->submit();
-    QVERIFY(adding->busy());
+    QVERIFY(adding->form()->busy());
     adding->stop();
-    QVERIFY(!adding->busy() && adding->canSubmit());
+    QVERIFY(!adding->form()->busy() && adding->canSubmit());
     QCOMPARE(life->added, 1);
   }
 

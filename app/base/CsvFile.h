@@ -7,14 +7,18 @@
 
 namespace orv {
 
-/// What a file of leads holds, as far as its beginning tells.
-struct LeadFilePreview {
+/// What a file of comma-separated text holds, as far as its beginning tells.
+struct CsvPreview {
+  /// More of a cell is shown nowhere.
+  static constexpr qsizetype shownAtMost = 200;
+
   /// Why it will not do; empty when it will. The rest is then empty.
   QString error;
   qint64 bytes = 0;
   QStringList headers;
+  /// The rows after it, none of them longer than the header.
   QList<QStringList> samples;
-  bool operator==(const LeadFilePreview&) const = default;
+  bool operator==(const CsvPreview&) const = default;
 };
 
 /// Shared between the threads that read and send a file and the one that shows how far it is.
@@ -25,8 +29,8 @@ struct FileWatch {
   std::atomic<bool> stopped = false;
 };
 
-/// A file of leads as it is.
-struct LeadFileBytes {
+/// A file as it is.
+struct CsvBytes {
   /// Why it will not do; empty when it will.
   QString error;
   QByteArray bytes;
@@ -35,8 +39,9 @@ struct LeadFileBytes {
 /// "2.4 MB".
 QString megabytes(qint64 bytes);
 
-/// Both read the file where they are called: not for the main thread.
-LeadFilePreview previewLeadFile(const QString& path);
-LeadFileBytes readLeadFile(const QString& path, FileWatch& watch);
+/// The first rows are read from a beginning of the file, whatever its length; the cells of the longest header that fits
+/// there are a few megabytes. Both read the file where they are called: not for the main thread.
+CsvPreview previewCsv(const QString& path);
+CsvBytes readCsv(const QString& path, FileWatch& watch);
 
 }  // namespace orv

@@ -1,4 +1,4 @@
-#include "app/campaigns/LeadFileText.h"
+#include "app/base/CsvText.h"
 
 #include "app/base/CsvReader.h"
 
