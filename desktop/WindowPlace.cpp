@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "desktop/ActivationToken.h"
+
 namespace orv {
 namespace {
 
@@ -57,12 +59,12 @@ void WindowPlace::show() {
 }
 
 void WindowPlace::bringForward(const QString& activationToken) {
-  if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+  setActivationToken(activationToken.toUtf8());
   m_window.setWindowStates(m_window.windowStates() & ~Qt::WindowStates(Qt::WindowMinimized));
   m_window.setVisible(true);
   m_window.raise();
   m_window.requestActivate();
-  qunsetenv("XDG_ACTIVATION_TOKEN");
+  setActivationToken({});
 }
 
 bool WindowPlace::eventFilter(QObject* watched, QEvent* event) {

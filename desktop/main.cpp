@@ -12,6 +12,7 @@
 
 #include "app/analytics/DashboardStore.h"
 #include "demo/DemoService.h"
+#include "desktop/ActivationToken.h"
 #include "desktop/ClientWindow.h"
 #include "desktop/MemoryKeychain.h"
 #include "desktop/Options.h"
@@ -26,6 +27,7 @@
 #include "desktop/services/JournalFolder.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/Programs.h"
 #include "desktop/services/SchemeRegistration.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "desktop/services/SingleInstance.h"
@@ -108,6 +110,13 @@ void keepWhatIsTyped(QGuiApplication& application, const EndSignals& signals, Ap
   QObject::connect(&application, &QGuiApplication::commitDataRequest, &app, logOut, Qt::DirectConnection);
 }
 
+/// Whether somebody waits for one: a page that opens links by itself has no business raising the window.
+bool takeLinks(SignInModel& signIn, const QStringList& links) {
+  bool isExpected = false;
+  for (const QString& link : links) isExpected = signIn.takeGoogleLink(link) || isExpected;
+  return isExpected;
+}
+
 int run(QGuiApplication& application, const Options& options) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
@@ -173,10 +182,12 @@ int run(QGuiApplication& application, const Options& options) {
   WindowPlace place(*window, preferences);
 
   QObject::connect(&instance, &SingleInstance::opened, &app,
-                   [&app](const QString& link) { app.signIn()->takeGoogleLink(link); });
+                   [&app, &place](const QStringList& opened, const QString& token) {
+                     if (takeLinks(*app.signIn(), opened)) place.bringForward(token);
+                   });
   QObject::connect(&instance, &SingleInstance::activated, &place,
                    [&place](const QString& token) { place.bringForward(token); });
-  for (const QString& link : links) app.signIn()->takeGoogleLink(link);
+  takeLinks(*app.signIn(), links);
   if (!options.demo) {
     // The portal does not tell when its answer changes.
     QObject::connect(&application, &QGuiApplication::applicationStateChanged, &proxy,
@@ -200,6 +211,8 @@ int run(QGuiApplication& application, const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  keepToOneself();
+  setActivationToken(qgetenv("XDG_ACTIVATION_TOKEN"));
   const Options options = Options::parse(argc, argv);
   if (!hasDisplay()) {
     QTextStream(stderr) << "There is no display here. Start Orvella on a desktop, or look at pictures of its pages: "

@@ -48,18 +48,26 @@ std::optional<QString> GoogleSignIn::codeOf(const QString& link) {
 }
 
 Task<GoogleSignIn::Result> GoogleSignIn::wait(Clock& clock) {
-  auto result = m_result;
-  const auto deadline = clock.startTimer(10min, [result]() mutable { result.give({Outcome::timedOut, {}}); });
-  co_return co_await result.wait();
+  if (!m_end) m_end = clock.now().addDuration(10min);
+  if (m_next == m_codes.size()) {
+    OneShot<Result> came;
+    m_waiting = came;
+    const auto left = std::chrono::milliseconds(clock.now().msecsTo(*m_end));
+    const auto deadline = clock.startTimer(std::max(left, 0ms), [came]() mutable { came.give({}); });
+    const Result result = co_await came.wait();
+    m_waiting.reset();
+    if (result.outcome == Outcome::timedOut) co_return result;
+  }
+  const QString code = m_codes[m_next++];
+  co_return Result{code.isEmpty() ? Outcome::refused : Outcome::code, code};
 }
 
 bool GoogleSignIn::accept(const QString& link) {
   const auto code = codeOf(link);
-  if (!code || m_result.isGiven()) return false;
-  m_result.give({code->isEmpty() ? Outcome::refused : Outcome::code, *code});
+  if (!code || m_codes.contains(*code) || m_codes.size() >= mostLinks) return false;
+  m_codes.append(*code);
+  if (m_waiting) OneShot(*m_waiting).give({Outcome::code, *code});
   return true;
 }
-
-void GoogleSignIn::cancel() { m_result.give({Outcome::cancelled, {}}); }
 
 }  // namespace orv

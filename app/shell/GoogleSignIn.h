@@ -14,14 +14,16 @@ namespace orv {
 enum class NativeGoogleClient { macos, ios };
 QString rawValue(NativeGoogleClient client);
 
-/// One Google sign-in through the browser: the challenge, the start page, and the one link that may come back.
+/// One Google sign-in through the browser: the challenge, the start page, and the links that come back.
 ///
-/// The browser cannot report that its page was closed, so the flow ends by its link, by cancel(), or after ten minutes.
+/// Any page can open such a link, and nobody here can tell it from the true one: only the service knows which code goes
+/// with the challenge. So a link that leads nowhere ends nothing. The browser cannot report that its page was closed
+/// either; the flow ends with who holds it, or after ten minutes.
 class GoogleSignIn final {
  public:
-  enum class Outcome { code, refused, cancelled, timedOut };
+  enum class Outcome { code, refused, timedOut };
   struct Result {
-    Outcome outcome = Outcome::cancelled;
+    Outcome outcome = Outcome::timedOut;
     /// To be exchanged with verifier(), once.
     QString code;
   };
@@ -37,15 +39,20 @@ class GoogleSignIn final {
   /// The `code` of a sign-in link; empty when the person declined, nothing when the link is not one.
   static std::optional<QString> codeOf(const QString& link);
 
-  /// Waits for accept() or cancel(), ten minutes at most.
+  /// Waits for the next link, until ten minutes after the first wait began.
   Task<Result> wait(Clock& clock);
-  /// True when the link is a sign-in link and is the first to come.
+  /// True when the link is a sign-in link that has not come before.
   bool accept(const QString& link);
-  void cancel();
 
  private:
+  static constexpr qsizetype mostLinks = 20;
+
   QString m_verifier;
-  OneShot<Result> m_result;
+  std::optional<QDateTime> m_end;
+  std::optional<OneShot<Result>> m_waiting;
+  /// In the order in which they came; those before `m_next` are dealt with.
+  QStringList m_codes;
+  qsizetype m_next = 0;
 };
 
 }  // namespace orv

@@ -6,6 +6,7 @@
 
 #include "kit/api/APIEnvironment.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/wipe.h"
 #include "kit/session/authRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -71,11 +72,21 @@ void SignInModel::setEmail(const QString& email) {
 }
 
 void SignInModel::setPassword(const QString& password) {
-  if (std::exchange(m_password, password) != password) say({});
+  if (m_password == password) return;
+  wipe(m_password);
+  m_password = password;
+  // The field's own copy is its own to let go.
+  m_password.detach();
+  say({});
 }
 
 void SignInModel::setCode(const QString& code) {
   if (std::exchange(m_code, code) != code) say({});
+}
+
+void SignInModel::forgetSecrets() {
+  wipe(m_password);
+  m_code.clear();
 }
 
 void SignInModel::setNotice(const QString& notice) {
@@ -117,8 +128,7 @@ void SignInModel::resendCode() {
 void SignInModel::useDifferentEmail() {
   abandonCall();
   m_step = Step::email;
-  m_password.clear();
-  m_code.clear();
+  forgetSecrets();
   say({});
 }
 
@@ -131,6 +141,7 @@ void SignInModel::continueWithGoogle() {
   if (m_busy || !m_googleClient) return;
   cancelGoogle();
   m_google = std::make_shared<GoogleSignIn>();
+  m_browserHasTurn = true;
   say({});
   if (!m_browser.open(m_google->startURL(m_baseURL, *m_googleClient))) {
     m_google.reset();
@@ -146,14 +157,20 @@ void SignInModel::cancelGoogle() {
   Q_EMIT changed();
 }
 
-void SignInModel::takeGoogleLink(const QString& link) {
+bool SignInModel::takeGoogleLink(const QString& link) {
   const QByteArray digest = QCryptographicHash::hash(link.trimmed().toUtf8(), QCryptographicHash::Sha256);
   // Browsers hand a link over again when the page is shown again.
-  if (!m_google && digest == m_takenLinkDigest) return;
+  if (digest == m_takenLinkDigest) return false;
   // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
-  if (!m_google) return say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);
-  if (!m_google->accept(link)) return say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
-  m_takenLinkDigest = digest;
+  if (!m_google) {
+    say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);
+    return false;
+  }
+  if (m_google->accept(link))
+    m_takenLinkDigest = digest;
+  else
+    say(u"That isn’t a sign-in link. Copy the whole link from the browser."_s);
+  return true;
 }
 
 void SignInModel::reset() {
@@ -164,8 +181,7 @@ void SignInModel::reset() {
   m_step = Step::email;
   m_email.clear();
   m_address.clear();
-  m_password.clear();
-  m_code.clear();
+  forgetSecrets();
   m_codeSentTo.clear();
   m_resendIn = 0;
   m_notice.clear();
@@ -224,29 +240,31 @@ void SignInModel::expectCode(const QString& address) {
 }
 
 Task<void> SignInModel::signInWithGoogle(std::shared_ptr<GoogleSignIn> flow) {
-  const auto result = co_await flow->wait(m_clock);
-  m_google.reset();
-  Q_EMIT changed();
-  switch (result.outcome) {
-    case GoogleSignIn::Outcome::cancelled:
-      co_return;
-    case GoogleSignIn::Outcome::timedOut:
-      qCWarning(lcSignIn, "Google sign-in failed: nothing came back");
-      say(u"Google sign-in took too long. Start again."_s);
-      co_return;
-    case GoogleSignIn::Outcome::refused:
-      qCWarning(lcSignIn, "Google sign-in failed: the link carries no code");
-      say(u"Google sign-in didn’t finish. Start again."_s);
-      co_return;
-    case GoogleSignIn::Outcome::code:
-      break;
+  // One link after another: a false one neither keeps the true one out nor takes its exchange away.
+  for (;;) {
+    const auto result = co_await flow->wait(m_clock);
+    const bool isFirst = std::exchange(m_browserHasTurn, false);
+    Q_EMIT changed();
+    switch (result.outcome) {
+      case GoogleSignIn::Outcome::timedOut:
+        m_google.reset();
+        if (!isFirst) co_return;
+        qCWarning(lcSignIn, "Google sign-in failed: nothing came back");
+        say(u"Google sign-in took too long. Start again."_s);
+        co_return;
+      case GoogleSignIn::Outcome::refused:
+        qCWarning(lcSignIn, "Google sign-in failed: the link carries no code");
+        say(u"Google sign-in didn’t finish. Start again."_s);
+        break;
+      case GoogleSignIn::Outcome::code:
+        // Who has signed in over there waits for nothing that is still under way here.
+        abandonCall();
+        co_await beginSignIn(Requests::exchangeToken(result.code, flow->verifier(), m_device), Way::google).wait();
+    }
   }
-  // Who has signed in over there waits for nothing that is still under way here.
-  abandonCall();
-  beginSignIn(Requests::exchangeToken(result.code, flow->verifier(), m_device), Way::google);
 }
 
-Task<void> SignInModel::signIn(Request<NativeSession> request, Way way, int attempt) {
+Task<void> SignInModel::signIn(Request<NativeSession> request, Way way, int attempt, OneShot<bool> ended) {
   std::optional<APIError> failure;
   try {
     const NativeSession session = co_await m_api.send(std::move(request));
@@ -254,6 +272,7 @@ Task<void> SignInModel::signIn(Request<NativeSession> request, Way way, int atte
     const bool isUsable = !stored.isExpired(m_clock.now());
     if (attempt == m_attempt && isUsable) {
       m_busy = false;
+      forgetSecrets();
       cancelGoogle();
       m_notice.clear();
       if (onSignedIn) onSignedIn(stored);
@@ -267,6 +286,7 @@ Task<void> SignInModel::signIn(Request<NativeSession> request, Way way, int atte
   if (failure && way == Way::google)
     qCWarning(lcSignIn, "Google sign-in failed: %s", qPrintable(failure->description()));
   if (failure && attempt == m_attempt) fail(*failure);
+  ended.give(true);
 }
 
 void SignInModel::begin(Task<void> call) {
@@ -276,11 +296,13 @@ void SignInModel::begin(Task<void> call) {
   m_call.start(guarded(std::move(call)));
 }
 
-void SignInModel::beginSignIn(Request<NativeSession> request, Way way) {
+OneShot<bool> SignInModel::beginSignIn(Request<NativeSession> request, Way way) {
   m_busy = true;
   m_error.clear();
   Q_EMIT changed();
-  m_signIns.start(signIn(std::move(request), way, ++m_attempt));
+  const OneShot<bool> ended;
+  m_signIns.start(signIn(std::move(request), way, ++m_attempt, ended));
+  return ended;
 }
 
 void SignInModel::abandonCall() {

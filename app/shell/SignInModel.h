@@ -61,10 +61,11 @@ class SignInModel final : public QObject {
   const QString& codeSentTo() const { return m_codeSentTo; }
   bool offersGoogle() const { return m_googleClient.has_value(); }
   bool offersCode() const;
-  bool waitingForGoogle() const { return m_google != nullptr; }
+  /// The browser has the turn. Once a link has come back it is this window's, though a better one is still taken.
+  bool waitingForGoogle() const { return m_google && m_browserHasTurn; }
   bool methodsChecked() const { return m_methodsChecked; }
   /// More than an address typed: something would be lost if the screen went away.
-  bool isUnderWay() const { return m_busy || m_step != Step::email || m_google; }
+  bool isUnderWay() const { return m_busy || m_step != Step::email || waitingForGoogle(); }
 
   void setEmail(const QString& email);
   void setPassword(const QString& password);
@@ -81,8 +82,9 @@ class SignInModel final : public QObject {
   Q_INVOKABLE void emailCodeInstead();
   Q_INVOKABLE void continueWithGoogle();
   Q_INVOKABLE void cancelGoogle();
-  /// A sign-in link, from the desktop or pasted by hand. One that does not belong to a waiting flow says so.
-  Q_INVOKABLE void takeGoogleLink(const QString& link);
+  /// A sign-in link, from the desktop or pasted by hand. One that does not belong to a waiting flow says so, and false
+  /// is given: somebody else may have opened it.
+  Q_INVOKABLE bool takeGoogleLink(const QString& link);
 
   /// Back to a blank first step; whatever was typed, password included, is forgotten.
   void reset();
@@ -94,14 +96,15 @@ class SignInModel final : public QObject {
   Task<void> fetchMethods();
   Task<void> checkEmail(QString address);
   enum class Way { password, code, google };
-  Task<void> signIn(Request<NativeSession> request, Way way, int attempt);
+  Task<void> signIn(Request<NativeSession> request, Way way, int attempt, OneShot<bool> ended);
   Task<void> signInWithGoogle(std::shared_ptr<GoogleSignIn> flow);
   Task<void> startCode(QString address);
   void expectCode(const QString& address);
   Task<void> countDown();
 
   void begin(Task<void> call);
-  void beginSignIn(Request<NativeSession> request, Way way);
+  OneShot<bool> beginSignIn(Request<NativeSession> request, Way way);
+  void forgetSecrets();
   void abandonCall();
   Task<void> guarded(Task<void> call);
   void fail(const APIError& error);
@@ -131,6 +134,7 @@ class SignInModel final : public QObject {
   bool m_methodsChecked = false;
   bool m_methodsFailed = false;
   std::shared_ptr<GoogleSignIn> m_google;
+  bool m_browserHasTurn = false;
   /// Of the last link that was taken, which holds a secret.
   QByteArray m_takenLinkDigest;
   int m_attempt = 0;

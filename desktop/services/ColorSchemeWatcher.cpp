@@ -9,12 +9,16 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
+const auto portalName = u"org.freedesktop.portal.Desktop"_s;
 const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
 const auto settings = u"org.freedesktop.portal.Settings"_s;
 const auto group = u"org.freedesktop.appearance"_s;
 }  // namespace
 
-ColorSchemeWatcher::ColorSchemeWatcher(QDBusConnection bus, QObject* parent) : QObject(parent), m_bus(std::move(bus)) {
+ColorSchemeWatcher::ColorSchemeWatcher(QDBusConnection bus, QObject* parent)
+    : QObject(parent), m_bus(std::move(bus)), m_portal(m_bus, portalName) {
+  // One that starts later, or again, may know better.
+  connect(&m_portal, &BusName::taken, this, &ColorSchemeWatcher::readAll);
   // No service name: the toolkit would ask the bus for its owner, and wait for the answer.
   m_bus.connect(QString(), portalPath, settings, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
   readAll();
@@ -22,8 +26,7 @@ ColorSchemeWatcher::ColorSchemeWatcher(QDBusConnection bus, QObject* parent) : Q
 
 void ColorSchemeWatcher::readAll() {
   if (!m_bus.isConnected()) return;
-  auto message =
-      QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, portalPath, settings, u"ReadAll"_s);
+  auto message = QDBusMessage::createMethodCall(portalName, portalPath, settings, u"ReadAll"_s);
   message << QStringList(group);
   auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
@@ -38,7 +41,7 @@ void ColorSchemeWatcher::readAll() {
 
 void ColorSchemeWatcher::settingChanged(const QDBusMessage& message) {
   const QVariantList arguments = message.arguments();
-  if (message.signature() != "ssv"_L1 || arguments[0].toString() != group) return;
+  if (!m_portal.sent(message) || message.signature() != "ssv"_L1 || arguments[0].toString() != group) return;
   apply(arguments[1].toString(), arguments[2].value<QDBusVariant>().variant());
 }
 

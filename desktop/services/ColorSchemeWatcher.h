@@ -4,6 +4,8 @@
 #include <QDBusMessage>
 #include <QObject>
 
+#include "desktop/services/BusName.h"
+
 namespace orv {
 
 /// The desktop's own choice of light or dark and of motion, from the settings portal. Never waits for the portal: until
@@ -31,6 +33,7 @@ class ColorSchemeWatcher final : public QObject {
   void apply(const QString& key, const QVariant& value);
 
   QDBusConnection m_bus;
+  BusName m_portal;
   Scheme m_scheme = Scheme::none;
   bool m_reducedMotion = false;
 };

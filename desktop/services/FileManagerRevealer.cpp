@@ -2,8 +2,9 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDesktopServices>
 #include <QFileInfo>
+
+#include "desktop/services/Programs.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,7 +15,8 @@ constexpr int answerMilliseconds = 3000;
 }  // namespace
 
 FileManagerRevealer::FileManagerRevealer(QDBusConnection bus)
-    : FileManagerRevealer(std::move(bus), [](const QUrl& folder) { QDesktopServices::openUrl(folder); }) {}
+    : FileManagerRevealer(std::move(bus),
+                          [](const QUrl& folder) { openByDesktop(folder.toString(QUrl::FullyEncoded)); }) {}
 
 FileManagerRevealer::FileManagerRevealer(QDBusConnection bus, OpenFolder openFolder)
     : m_bus(std::move(bus)), m_openFolder(std::move(openFolder)) {}

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QRandomGenerator>
 #include <QUrl>
 #include <QWindow>
 
@@ -87,6 +88,12 @@ QString parentWindow() {
                                                                : QString();
 }
 
+/// That nobody can guess.
+QString newToken() {
+  auto& random = *QRandomGenerator::system();
+  return u"orvella%1%2"_s.arg(random.generate64(), 16, 16, QChar(u'0')).arg(random.generate64(), 16, 16, QChar(u'0'));
+}
+
 /// Where the portal will tell the answer. Known before it is asked, so that no answer comes too early.
 QString newRequest(const QDBusConnection& bus, const QString& token) {
   QString sender = bus.baseService().mid(1);
@@ -96,10 +103,9 @@ QString newRequest(const QDBusConnection& bus, const QString& token) {
 
 }  // namespace
 
-FilePortal::FilePortal(QDBusConnection bus)
-    : m_bus(std::move(bus)), m_portal(portalName, m_bus, QDBusServiceWatcher::WatchForUnregistration) {
+FilePortal::FilePortal(QDBusConnection bus) : m_bus(std::move(bus)), m_portal(m_bus, portalName) {
   // A portal that ends takes its panel along, and never answers.
-  connect(&m_portal, &QDBusServiceWatcher::serviceUnregistered, this, [this] { m_outcome.give({true, {}}); });
+  connect(&m_portal, &BusName::dropped, this, [this] { m_outcome.give({true, {}}); });
 }
 
 FilePortal::~FilePortal() {
@@ -124,8 +130,7 @@ OneShot<FilePortal::Outcome> FilePortal::ask(const QString& method, const QStrin
     m_outcome.give({});
     return m_outcome;
   }
-  static int asked = 0;
-  const QString token = u"orvella%1"_s.arg(++asked);
+  const QString token = newToken();
   m_request = newRequest(m_bus, token);
   m_bus.connect(QString(), m_request, requestInterface, u"Response"_s, this, SLOT(respond(QDBusMessage)));
 
@@ -144,7 +149,7 @@ OneShot<FilePortal::Outcome> FilePortal::ask(const QString& method, const QStrin
 }
 
 void FilePortal::respond(const QDBusMessage& message) {
-  if (message.signature() != "ua{sv}"_L1) return;
+  if (!m_portal.sent(message) || message.signature() != "ua{sv}"_L1) return;
   const QVariantList arguments = message.arguments();
   const auto results = qdbus_cast<QVariantMap>(arguments[1]);
   const bool chosen = arguments[0].toUInt() == 0;

@@ -2,14 +2,15 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusServiceWatcher>
 #include <QObject>
 
+#include "desktop/services/BusName.h"
 #include "kit/async/OneShot.h"
 
 namespace orv {
 
 /// One question to the desktop's file portal: where to keep a file, or which to read. The panel closes with the object.
+/// Only the portal can answer it: whoever else on the bus names a file would have this program read or overwrite it.
 /// Source: org.freedesktop.portal.FileChooser, version 1.
 class FilePortal final : public QObject {
   Q_OBJECT
@@ -38,7 +39,7 @@ class FilePortal final : public QObject {
   OneShot<Outcome> ask(const QString& method, const QString& title, const QString& folder, QVariantMap options);
 
   QDBusConnection m_bus;
-  QDBusServiceWatcher m_portal;
+  BusName m_portal;
   QString m_request;
   OneShot<Outcome> m_outcome;
 };

@@ -34,15 +34,28 @@ MemoryPressureMonitor::MemoryPressureMonitor(Clock& clock, QDBusConnection syste
     : MemoryPressureMonitor(clock, std::move(systemBus), kernelFigures, parent) {}
 
 MemoryPressureMonitor::MemoryPressureMonitor(Clock& clock, QDBusConnection systemBus, ReadFigures read, QObject* parent)
-    : MemoryPressure(parent), m_clock(clock), m_read(std::move(read)) {
+    : MemoryPressure(parent),
+      m_clock(clock),
+      m_read(std::move(read)),
+      m_monitor(systemBus, u"org.freedesktop.LowMemoryMonitor"_s) {
   // No service name: the toolkit would ask the bus for its owner, and wait for the answer.
   systemBus.connect(QString(), u"/org/freedesktop/LowMemoryMonitor"_s, u"org.freedesktop.LowMemoryMonitor"_s,
-                    u"LowMemoryWarning"_s, this, SLOT(lowMemoryWarning(uchar)));
+                    u"LowMemoryWarning"_s, this, SLOT(lowMemoryWarning(QDBusMessage)));
   // Not at once: nobody listens yet.
   m_timer = m_clock.startTimer(std::chrono::milliseconds(0), [this] { look(); });
 }
 
-void MemoryPressureMonitor::lowMemoryWarning(uchar) { Q_EMIT pressure(); }
+void MemoryPressureMonitor::lowMemoryWarning(const QDBusMessage& message) {
+  if (m_monitor.sent(message)) tell();
+}
+
+void MemoryPressureMonitor::tell() {
+  const QDateTime now = m_clock.now();
+  // A clock that was set back is no reason to be silent.
+  if (m_told.isValid() && m_told <= now && m_told.msecsTo(now) < std::chrono::milliseconds(interval).count()) return;
+  m_told = now;
+  Q_EMIT pressure();
+}
 
 void MemoryPressureMonitor::look() {
   const auto figure = tenSeconds(m_read());
@@ -50,7 +63,7 @@ void MemoryPressureMonitor::look() {
   m_timer = m_clock.startTimer(interval, [this] { look(); });
   // Told once as it begins: throwing the caches away again every ten seconds would make a slow machine slower.
   if (*figure < relievedBelow) m_pressed = false;
-  if (*figure >= pressedFrom && !std::exchange(m_pressed, true)) Q_EMIT pressure();
+  if (*figure >= pressedFrom && !std::exchange(m_pressed, true)) tell();
 }
 
 }  // namespace orv

@@ -9,6 +9,7 @@
 #include <QLocalSocket>
 #include <QLoggingCategory>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 #include "desktop/services/ApplicationAdaptor.h"
@@ -23,6 +24,8 @@ namespace {
 
 constexpr int handOverMilliseconds = 3000;
 constexpr qint64 longestMessage = 64 << 10;
+/// No browser makes a longer one, and nobody clicks on more at a time.
+constexpr qsizetype longestLink = 8192, mostLinks = 16;
 const auto interface = u"org.freedesktop.Application"_s;
 
 /// What the launcher gave this start, so that the running one may raise its window.
@@ -54,7 +57,8 @@ void SingleInstance::release() {
 QStringList SingleInstance::linksIn(const QStringList& arguments) const {
   QStringList links;
   for (const QString& argument : arguments)
-    if (QUrl(argument).scheme() == m_id) links.append(argument);
+    if (links.size() < mostLinks && argument.size() <= longestLink && QUrl(argument).scheme() == m_id)
+      links.append(argument);
   return links;
 }
 
@@ -130,14 +134,16 @@ void SingleInstance::readFromSocket() {
       receive(message["links"_L1].toVariant().toStringList(), message["token"_L1].toString());
     };
     connect(socket, &QLocalSocket::readyRead, this, read);
+    // One that says nothing would hold its place for good, and there are not many.
+    QTimer::singleShot(handOverMilliseconds, socket, &QLocalSocket::abort);
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
     read();
   }
 }
 
 void SingleInstance::receive(const QStringList& links, const QString& activationToken) {
-  for (const QString& link : linksIn(links)) Q_EMIT opened(link);
-  Q_EMIT activated(activationToken);
+  if (links.isEmpty()) return Q_EMIT activated(activationToken);
+  if (const QStringList ours = linksIn(links); !ours.isEmpty()) Q_EMIT opened(ours, activationToken);
 }
 
 }  // namespace orv

@@ -33,8 +33,9 @@ class SingleInstance final : public QObject {
   void receive(const QStringList& links, const QString& activationToken);
 
  Q_SIGNALS:
-  void opened(const QString& link);
-  /// The window is wanted in front. Comes after the links.
+  /// Links came, which any page can open; `activationToken` lets the window come to the front if one is expected.
+  void opened(const QStringList& links, const QString& activationToken);
+  /// The window is wanted in front.
   void activated(const QString& activationToken);
 
  private:

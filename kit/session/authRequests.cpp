@@ -21,6 +21,15 @@ ORV_RECORD_CODERS(UnreadCounts)
 ORV_RECORD_CODERS(Device)
 
 namespace Requests {
+namespace {
+
+Request<NativeSession> signingIn(const QString& path, const QJsonObject& body) {
+  auto request = changing<NativeSession>(HTTPMethod::post, path, body);
+  request.secret = true;
+  return request;
+}
+
+}  // namespace
 
 Request<AuthMethods> authMethods() { return get<AuthMethods>(u"/api/v1/auth/methods"_s); }
 
@@ -29,8 +38,7 @@ Request<EmailCheck> checkEmail(const QString& email) {
 }
 
 Request<NativeSession> signInWithPassword(const QString& email, const QString& password) {
-  return changing<NativeSession>(HTTPMethod::post, u"/api/v1/auth/password/sign-in"_s,
-                                 QJsonObject{{u"email"_s, email}, {u"password"_s, password}});
+  return signingIn(u"/api/v1/auth/password/sign-in"_s, QJsonObject{{u"email"_s, email}, {u"password"_s, password}});
 }
 
 Request<EmailStarted> startEmail(const QString& email) {
@@ -39,14 +47,12 @@ Request<EmailStarted> startEmail(const QString& email) {
 }
 
 Request<NativeSession> verifyEmail(const QString& email, const QString& code) {
-  return changing<NativeSession>(HTTPMethod::post, u"/api/v1/auth/email/verify"_s,
-                                 QJsonObject{{u"email"_s, email}, {u"code"_s, code}});
+  return signingIn(u"/api/v1/auth/email/verify"_s, QJsonObject{{u"email"_s, email}, {u"code"_s, code}});
 }
 
 Request<NativeSession> exchangeToken(const QString& code, const QString& codeVerifier, const Device& device) {
-  return changing<NativeSession>(
-      HTTPMethod::post, u"/api/v1/auth/token"_s,
-      QJsonObject{{u"code"_s, code}, {u"code_verifier"_s, codeVerifier}, {u"device"_s, toJSON(device)}});
+  return signingIn(u"/api/v1/auth/token"_s,
+                   QJsonObject{{u"code"_s, code}, {u"code_verifier"_s, codeVerifier}, {u"device"_s, toJSON(device)}});
 }
 
 Request<MeResponse> me() { return get<MeResponse>(u"/api/v1/auth/me"_s); }

@@ -1,8 +1,9 @@
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDesktopServices>
 #include <QDir>
 #include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -80,9 +81,12 @@ class FakeFileChooser : public QObject {
   int closed = 0;
 
   void respond(uint outcome, const QStringList& uris = {}) {
-    auto message = QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
-    m_bus.send(message << outcome << QVariantMap{{u"uris"_s, uris}});
+    respondBy(m_bus, outcome, uris);
     request.clear();
+  }
+  void respondBy(QDBusConnection bus, uint outcome, const QStringList& uris) const {
+    auto message = QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
+    bus.send(message << outcome << QVariantMap{{u"uris"_s, uris}});
   }
 
  public Q_SLOTS:
@@ -112,7 +116,6 @@ class ServicesTest : public QObject {
 
   std::unique_ptr<PrivateBus> m_bus;
   int m_connections = 0;
-  QList<QUrl> m_opened;
 
   QDBusConnection connection() {
     return QDBusConnection::connectToBus(m_bus->address(), u"test%1"_s.arg(++m_connections));
@@ -127,9 +130,6 @@ class ServicesTest : public QObject {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
-
- public Q_SLOTS:
-  void openInstead(const QUrl& url) { m_opened.append(url); }
 
  private Q_SLOTS:
   void initTestCase() {
@@ -195,13 +195,13 @@ class ServicesTest : public QObject {
   void onlyWebPagesAreOpened() {
     QFETCH(QString, url);
     QFETCH(bool, opens);
-    m_opened.clear();
-    for (const auto& scheme : {u"http"_s, u"https"_s, u"file"_s, u"javascript"_s})
-      QDesktopServices::setUrlHandler(scheme, this, "openInstead");
-    QCOMPARE(BrowserService().open(QUrl(url)), opens);
-    QCOMPARE(m_opened, opens ? QList<QUrl>{QUrl(url)} : QList<QUrl>());
-    for (const auto& scheme : {u"http"_s, u"https"_s, u"file"_s, u"javascript"_s})
-      QDesktopServices::unsetUrlHandler(scheme);
+    QStringList opened;
+    BrowserService browser([&opened](const QString& address) {
+      opened.append(address);
+      return true;
+    });
+    QCOMPARE(browser.open(QUrl(url)), opens);
+    QCOMPARE(opened, opens ? QStringList{url} : QStringList());
   }
 
   void aFileIsShownByTheFileManagerOrItsFolderOpens() {
@@ -237,6 +237,11 @@ class ServicesTest : public QObject {
     QVERIFY(QFileInfo(QString::fromUtf8(portal.options[u"current_folder"_s].toByteArray().chopped(1))).isDir());
     QCOMPARE(qvariant_cast<QDBusArgument>(portal.options[u"filters"_s]).currentSignature(), u"a(sa(us))"_s);
     const QString path = folder.filePath(u"Q3 100% näxt.csv"_s);
+    // Anybody can name a file to be overwritten; only the portal asked the person.
+    const auto stranger = connection();
+    portal.respondBy(stranger, 0, {QUrl::fromLocalFile(folder.filePath(u"stolen.csv"_s)).toString()});
+    portal.respondBy(stranger, 1, {});
+    QVERIFY2(!portal.request.contains(QRegularExpression(u"orvella.{0,15}$"_s)), "nobody guesses where to answer");
     portal.respond(0, {QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())});
     QTRY_COMPARE(answers, (QList<std::optional<ChosenFile>>{ChosenFile{path, true}}));
 
@@ -360,6 +365,20 @@ class ServicesTest : public QObject {
     Q_EMIT portal.SettingChanged(group, u"color-scheme"_s, QDBusVariant(7u));
     QTRY_COMPARE(watcher.scheme(), ColorSchemeWatcher::Scheme::none);
     QCOMPARE(changed.size(), 2);
+
+    // Others on the bus say nothing that counts; the portal that comes in its place does.
+    auto stranger = connection();
+    auto lie = QDBusMessage::createSignal(u"/org/freedesktop/portal/desktop"_s, u"org.freedesktop.portal.Settings"_s,
+                                          u"SettingChanged"_s);
+    stranger.send(lie << group << u"color-scheme"_s << QVariant::fromValue(QDBusVariant(1u)));
+    bus.unregisterService(u"org.freedesktop.portal.Desktop"_s);
+    FakePortal next;
+    next.values = {{u"color-scheme"_s, 2u}};
+    QVERIFY(stranger.registerObject(u"/org/freedesktop/portal/desktop"_s, &next, QDBusConnection::ExportAllSlots));
+    QVERIFY(stranger.registerService(u"org.freedesktop.portal.Desktop"_s));
+    QTRY_COMPARE(watcher.scheme(), ColorSchemeWatcher::Scheme::light);
+    QCOMPARE(changed.size(), 3);
+    stranger.unregisterService(u"org.freedesktop.portal.Desktop"_s);
   }
 
   void memoryPressureIsToldOnceAsItBegins() {
@@ -380,12 +399,27 @@ class ServicesTest : public QObject {
     QCOMPARE(later("12.00"), 1);
     QCOMPARE(later("1.99"), 1);
     QCOMPARE(later("12.00"), 2);
+  }
 
-    auto bus = connection();
-    auto warning = QDBusMessage::createSignal(u"/org/freedesktop/LowMemoryMonitor"_s,
-                                              u"org.freedesktop.LowMemoryMonitor"_s, u"LowMemoryWarning"_s);
-    bus.send(warning << QVariant::fromValue(uchar(100)));
-    QTRY_COMPARE(told.size(), 3);
+  void theLowMemoryMonitorIsHeardOnceInTenSeconds() {
+    auto monitoring = connection(), stranger = connection();
+    QVERIFY(monitoring.registerService(u"org.freedesktop.LowMemoryMonitor"_s));
+    ManualClock clock;
+    MemoryPressureMonitor monitor(clock, connection(), [] { return QByteArray(); });
+    QSignalSpy told(&monitor, &MemoryPressure::pressure);
+    const auto warn = [](QDBusConnection& by) {
+      auto warning = QDBusMessage::createSignal(u"/org/freedesktop/LowMemoryMonitor"_s,
+                                                u"org.freedesktop.LowMemoryMonitor"_s, u"LowMemoryWarning"_s);
+      by.send(warning << QVariant::fromValue(uchar(100)));
+      // An answer to the sender comes after what it sent has been passed on.
+      by.interface()->isServiceRegistered(u"org.freedesktop.DBus"_s);
+    };
+    warn(stranger);
+    warn(monitoring);
+    QTRY_COMPARE(told.size(), 1);
+    clock.advance(10s);
+    for (int i = 0; i < 1000; ++i) warn(monitoring);
+    QTRY_COMPARE(told.size(), 2);
   }
 
   void memoryPressureAtTheStartIsHeard() {
