@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "kit/api/JSONCoding.h"
+#include "kit/session/KeptPlaces.h"
 #include "kit/session/SessionStore.h"
 #include "kit/session/SessionTransport.h"
 #include "kit/session/authRequests.h"
@@ -75,6 +76,22 @@ class SessionTest : public QObject {
     await(store.clear(session().expiresAt));
     QVERIFY(keychain.items.empty());
     await(store.clear(session().expiresAt));
+  }
+
+  void everyServiceHasItsOwnPlaces() {
+    const auto of = [](const QString& address) {
+      return KeptPlaces::of(APIEnvironment::resolve({address}), u"com.orvella.test"_s, u"/state"_s);
+    };
+    QCOMPARE(of({}).keychainService, u"com.orvella.test"_s);
+    QCOMPARE(of({}).stateFolder, u"/state"_s);
+    QVERIFY(of(u"https://app.orvella.example:443/x"_s) == of({}));
+    QCOMPARE(of(u"http://127.0.0.1:8787/x"_s).keychainService, u"com.orvella.test http://127.0.0.1:8787"_s);
+    QCOMPARE(of(u"http://127.0.0.1:8787"_s).stateFolder, u"/state/http%3A%2F%2F127.0.0.1%3A8787"_s);
+    for (const auto& other :
+         {u"http://app.orvella.example"_s, u"https://app.orvella.example:444"_s, u"https://b.example"_s}) {
+      QVERIFY(of(other).keychainService != of({}).keychainService);
+      QVERIFY(of(other).stateFolder != of({}).stateFolder);
+    }
   }
 
   void whatIsNoSessionIsCorrupted_data() {
