@@ -6,12 +6,15 @@
 #include <QStandardPaths>
 #include <cstdio>
 
+#include "kit/api/plainText.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
 std::atomic<LogFile*> current = nullptr;
+constexpr qsizetype longestMessage = 4096;
 
 const char* levelName(QtMsgType type) {
   switch (type) {
@@ -57,6 +60,10 @@ QString LogFile::redacted(const QString& text) {
   return result;
 }
 
+/// Cut before it is looked through: what a stranger sent may be millions of characters. Again at the end, since what is
+/// escaped is longer.
+QString LogFile::lineOf(const QString& message) { return logLine(redacted(cutTo(message, longestMessage))); }
+
 LogFile::LogFile(const QString& folder) : LogFile(folder, Limits()) {}
 
 LogFile::LogFile(const QString& folder, Limits limits) : m_folder(folder), m_limits(limits) {
@@ -77,7 +84,7 @@ void LogFile::handle(QtMsgType type, const QMessageLogContext& context, const QS
   if (!log) return;
   const QByteArray line =
       (QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs) + u' ' + QLatin1StringView(levelName(type)) + u' ' +
-       QLatin1StringView(context.category ? context.category : "default") + u": "_s + redacted(message) + u'\n')
+       QLatin1StringView(context.category ? context.category : "default") + u": "_s + lineOf(message) + u'\n')
           .toUtf8();
   const QMutexLocker lock(&log->m_mutex);
   std::fwrite(line.constData(), 1, size_t(line.size()), stderr);

@@ -31,6 +31,7 @@ class LogFile {
   QString path() const { return m_file.fileName(); }
 
  private:
+  static QString lineOf(const QString& message);
   static void handle(QtMsgType type, const QMessageLogContext& context, const QString& message);
   void write(const QByteArray& line);
   void open();

@@ -486,6 +486,20 @@ class ServicesTest : public QObject {
       QCOMPARE(LogFile::redacted(text), text);
   }
 
+  void aMessageIsOneShortLine() {
+    const QString folder = m_bus->folder() + u"/lines"_s;
+    {
+      LogFile log(folder);
+      qInfo("a\n2026-11-22T00:00:00.000Z error forged: \x1b[2Jx");
+      qInfo("%s", QByteArray(3'000'000, '\n').constData());
+      qInfo("token=%s%s", QByteArray(4000, 'x').constData(), "CANARY");
+    }
+    const auto lines = contents(folder + u"/orvella.log"_s).trimmed().split('\n');
+    QCOMPARE(lines.size(), 3);
+    QVERIFY(lines[0].endsWith("a\\u000a2026-11-22T00:00:00.000Z error forged: \\u001b[2Jx"));
+    for (const QByteArray& line : lines) QVERIFY2(line.size() < 4200 && !line.contains("CANARY"), line);
+  }
+
   void theLogIsPrivateAndStaysSmall() {
     const QString folder = m_bus->folder() + u"/log"_s;
     QString path;
