@@ -249,6 +249,37 @@ class CampaignSettingsTest : public QObject {
     QCOMPARE(window(0).value(u"name"_s).toString(), u"Week"_s);
   }
 
+  /// From the page's header or from the list: nobody conflicts with themselves.
+  void aRenameElsewhereIsNobodyElses() {
+    load(campaign(7));
+    form->draft()->set(u"name"_s, u"Typed"_s);
+    store->beginRename();
+    store->renameForm()->setText(u"Renamed"_s);
+    f->api.expect(patched);
+    store->renameForm()->submit();
+    f->api.answer(patched, campaign(8, {}, "Renamed"));
+    QCOMPARE(value(u"name"_s), u"Typed"_s);
+    QVERIFY(form->conflict().isEmpty());
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
+    f->api.answer(patched, campaign(9, {}, "Typed"));
+    // What an action brings that names no version may be anybody's.
+    form->draft()->set(u"name"_s, u"Typed again"_s);
+    const auto pause = u"POST /campaigns/c1/pause"_s;
+    f->api.expect(pause);
+    store->pause();
+    f->overlays.answer(f->overlays.token(), true);
+    f->api.answer(pause, campaign(11, {}, "Theirs"));
+    QVERIFY(!form->conflict().isEmpty());
+    f->api.expect(patched);
+    form->save();
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(9));
+    f->api.expect(get);
+    f->api.answer(patched, R"({"title":"Changed"})", 412);
+    store->close();
+  }
+
   void hoursAreCheckedBeforeTheyAreSent() {
     load(campaign(7));
     schedule->add();

@@ -1,12 +1,6 @@
-#include <QAbstractItemModelTester>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
-#include <QTest>
 
-#include "app/campaigns/CampaignStore.h"
-#include "tests/support/AppFixture.h"
+#include "tests/app/campaigns/SequencePage.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -14,85 +8,23 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const auto get = u"GET /campaigns/c1"_s;
-const auto put = u"PUT /campaigns/c1/steps"_s;
-const auto preview = u"POST /campaigns/c1/preview"_s;
-const auto leads = u"GET /campaigns/c1/leads"_s;
 const auto spintax = u"POST /campaigns/spintax"_s;
-const auto testEmail = u"POST /campaigns/c1/test-email"_s;
-const auto followed = u"GET /test-email/t1"_s;
-const QByteArray refusal = R"({"title":"Not now","detail":"It is being checked."})";
-
-QByteArray step(int position, const QByteArray& subject, const QByteArray& body, const QByteArray& more = {}) {
-  const QByteArray n = QByteArray::number(position);
-  return R"({"id":"s)" + n + R"(","position":)" + n + R"(,"delayMinutes":2160,"sameThread":)" +
-         (position > 1 ? "true" : "false") + R"(,"variants":[{"id":"v)" + n + R"(","label":"A","subject":")" + subject +
-         R"(","body":")" + body + R"(","weight":1,"enabled":true})" + more + "]}";
-}
-
-QByteArray campaign(const QByteArray& steps, int version = 7, const QByteArray& senders = "[]") {
-  return R"({"id":"c1","name":"Acme","status":"draft","version":)" + QByteArray::number(version) + R"(,"senders":)" +
-         senders + R"(,"steps":[)" + steps + "]}";
-}
-
-const QByteArray twoSteps = step(1, "One", "Hi") + "," + step(2, "", "Again");
-const QByteArray oneSender =
-    R"([{"mailboxId":"m","address":"a@b.c","displayName":"A","status":"active","ready":true,"capToday":1,"sentToday":0,"viaTag":false}])";
-
-QByteArray rendered(int steps, const QByteArray& lead = R"({"id":"l1","email":"jo@x.com"})") {
-  QByteArray list;
-  for (int position = 1; position <= steps; ++position) {
-    const QByteArray n = QByteArray::number(position);
-    list += (position > 1 ? "," : "") + (R"({"position":)" + n + R"(,"variants":[{"position":)" + n) +
-            R"(,"label":"A","subject":"S)" + n + R"(","body":"B","picked":false,"warnings":["w"]},{"position":)" + n +
-            R"(,"label":"B","subject":"T","body":"C","picked":true,"warnings":[]}]})";
-  }
-  return R"({"lead":)" + lead + R"(,"steps":[)" + list +
-         R"(],"variables":[{"name":"firstName","standard":true},{"name":"city","value":"Ghent"}]})";
-}
 
 Task<void> keep(Task<bool> task, std::optional<bool>* outcome) { *outcome = co_await std::move(task); }
 
 }  // namespace
 
-class SequenceEditorTest : public QObject {
+class SequenceEditorTest final : public SequencePage {
   Q_OBJECT
 
-  std::unique_ptr<AppFixture> f;
-  std::unique_ptr<CampaignStore> store;
-  std::unique_ptr<QAbstractItemModelTester> tester;
-  SequenceEditor* editor = nullptr;
-
-  void load(const QByteArray& answer) {
-    f->api.expect(get);
-    store->ensureLoaded();
-    f->api.answer(get, answer);
-  }
-  void passWait() { f->clock.advance(SequenceAutosave::wait); }
-  QStringList toasts() const {
-    QStringList messages;
-    for (const auto& toast : f->toasts.toasts()) messages.append(toast.message);
-    return messages;
-  }
   QVariant row(int at, const char* role) const {
     const auto roles = editor->steps()->roleNames();
     return editor->steps()->index(at).data(roles.key(role));
   }
-  QJsonObject sent() const { return QJsonDocument::fromJson(*f->api.last().request.body).object(); }
 
  private Q_SLOTS:
-  void init() {
-    f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
-    editor = store->sequence();
-    f->navigator.openItem(Page::campaigns, u"c1"_s);
-    tester = std::make_unique<QAbstractItemModelTester>(editor->steps());
-  }
-  void cleanup() {
-    tester.reset();
-    store.reset();
-    f.reset();
-  }
+  void init() { open(); }
+  void cleanup() { leave(); }
 
   void showsOneEmailAndFollowsIt() {
     QSignalSpy shown(editor, &SequenceEditor::textShown);

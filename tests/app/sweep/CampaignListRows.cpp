@@ -77,7 +77,24 @@ QList<SweepRow> campaignListRows() {
   SweepRow download = onRow(u"downloadAnalytics"_s, &CampaignsStore::downloadAnalytics, u"GET /analytics/summary"_s,
                             sample(u"AnalyticsSummary"_s));
   download.required = {u"totals"_s, u"days"_s, u"campaigns"_s, u"accounts"_s};
+  const SweepRow archive{u"CampaignsStore::showArchived"_s,
+                         [](SweepStage& s) {
+                           arrive(s);
+                           list(s).archived()->appear();
+                         },
+                         [](SweepStage& s) {
+                           list(s).setShowArchived(false);
+                           list(s).setShowArchived(true);
+                         },
+                         u"GET /campaigns"_s,
+                         sample(u"CampaignList"_s),
+                         {u"items"_s},
+                         {},
+                         shown,
+                         [](SweepStage& s) { return failureOf(*list(s).archived()); },
+                         true};
   return {
+      archive,
       onRow(u"pause"_s, &CampaignsStore::pause, u"POST /campaigns/c1/pause"_s, campaign(u"paused"_s)),
       onRow(u"resume"_s, &CampaignsStore::resume, u"POST /campaigns/c1/launch"_s, campaign(u"running"_s)),
       onRow(u"duplicate"_s, &CampaignsStore::duplicate, u"POST /campaigns/c1/duplicate"_s,

@@ -127,8 +127,8 @@ void arriveWithoutPreview(SweepStage& s) {
 }
 void arriveAtTestEmail(SweepStage& s) {
   arriveAtSequence(s);
-  page(s).sequence()->testEmail()->setTo(u"me@a.example"_s);
   page(s).sequence()->testEmail()->show();
+  page(s).sequence()->testEmail()->setTo(u"me@a.example"_s);
 }
 
 }  // namespace
@@ -212,6 +212,19 @@ QList<SweepRow> campaignPageRows() {
        [](SweepStage& s) { return page(s).sequence()->subject(); },
        [](SweepStage& s) { return page(s).sequence()->preview()->message(); },
        true},
+      {u"SequencePreview::lead"_s,
+       arriveAtSequence,
+       [](SweepStage& s) {
+         auto& preview = *page(s).sequence()->preview();
+         preview.setLead(preview.lead() == "l1"_L1 ? u"l2"_s : u"l1"_s);
+       },
+       u"POST /campaigns/c1/preview"_s,
+       sample(u"PreviewResponse"_s),
+       {u"steps"_s},
+       {},
+       [](SweepStage& s) { return page(s).sequence()->subject(); },
+       [](SweepStage& s) { return page(s).sequence()->preview()->message(); },
+       true},
       {u"SequenceEditor::spin"_s,
        arriveAtSequence,
        [](SweepStage& s) { page(s).sequence()->spin(u"subject"_s); },
@@ -228,7 +241,9 @@ QList<SweepRow> campaignPageRows() {
        {u"id"_s, u"state"_s},
        [](SweepStage& s) { return page(s).sequence()->testEmail()->waiting(); },
        [](SweepStage& s) { return page(s).sequence()->testEmail()->to(); },
-       [](SweepStage& s) { return page(s).sequence()->testEmail()->error(); }},
+       [](SweepStage& s) { return page(s).sequence()->testEmail()->error(); },
+       false,
+       true},
   };
 }
 

@@ -8,8 +8,12 @@ namespace orv::test {
 /// done to the operation, at which suspension, and what came of it.
 class Sweep {
  public:
-  explicit Sweep(const SweepRow& row) : m_row(row) {}
+  /// Of what may happen no more than `most` things are tried, which the seed picks: areas come, and the time that all
+  /// of it takes stays. Another run tries others.
+  Sweep(const SweepRow& row, int most, quint32 seed) : m_row(row), m_most(most), m_seed(seed) {}
   QStringList run();
+  /// Nothing was left out.
+  bool isWhole() const { return m_isWhole; }
 
  private:
   struct Fault {
@@ -26,6 +30,7 @@ class Sweep {
   void fault(const Fault& fault);
   void secondPress(int n);
   void ownerGone(int n);
+  void jobOutlives(const QString& what, Life& life);
   void signedOut(int n);
   void afterReload();
   void afterSwitch();
@@ -33,6 +38,9 @@ class Sweep {
   void say(const QString& what, const Life& life, const QString& problem);
 
   const SweepRow& m_row;
+  int m_most;
+  quint32 m_seed;
+  bool m_isWhole = true;
   QStringList m_problems;
   /// Counted by the clean run.
   int m_suspensions = 0;

@@ -93,6 +93,8 @@ struct SweepRow {
   std::function<QString(SweepStage&)> error = {};
   /// Only reads: asked again, it lets go of what it asked before.
   bool reads = false;
+  /// A job does it: it goes on when its store has gone, and tells its end.
+  bool isJob = false;
 
   QString operation() const { return name.section(u',', 0, 0); }
 };
