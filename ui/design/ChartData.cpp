@@ -35,7 +35,7 @@ QList<double> numbers(const QVariant& variant) {
 bool ChartSeries::operator==(const ChartSeries& other) const {
   const auto same = [](double one, double two) { return one == two || (std::isnan(one) && std::isnan(two)); };
   return key == other.key && label == other.label && shown == other.shown && failed == other.failed &&
-         std::ranges::equal(values, other.values, same);
+         planned == other.planned && notes == other.notes && std::ranges::equal(values, other.values, same);
 }
 
 void ChartData::setDays(const QStringList& days) {
@@ -49,7 +49,8 @@ bool ChartData::setSeries(const QVariantList& series) {
   for (const QVariant& entry : series) {
     const QVariantMap map = entry.toMap();
     m_series.append({map[u"key"_s].toString(), map[u"label"_s].toString(), numbers(map[u"values"_s]),
-                     map.value(u"shown"_s, true).toBool(), map[u"failed"_s].toBool()});
+                     map.value(u"shown"_s, true).toBool(), map[u"failed"_s].toBool(), map[u"planned"_s].toBool(),
+                     map[u"notes"_s].toStringList()});
   }
   return m_series != before;
 }
@@ -67,10 +68,11 @@ ChartData::Extent ChartData::extent(bool stacked) const {
     for (const ChartSeries& series : m_series) {
       if (!(series.shown || noneShown) || day >= series.values.size() || !std::isfinite(series.values[day])) continue;
       const double value = series.values[day];
-      sum += std::max(0.0, value);
+      const bool isPart = stacked && !series.planned;
+      if (isPart) sum += std::max(0.0, value);
       extent.whole = extent.whole && value == std::floor(value);
       if (!stacked) extent.lowest = std::min(extent.lowest, value);
-      extent.highest = std::max(extent.highest, stacked ? sum : value);
+      extent.highest = std::max(extent.highest, isPart ? sum : value);
     }
   }
   return extent;
@@ -95,6 +97,11 @@ QString ChartData::valueText(double value) const {
   return text + m_unit;
 }
 
+QString ChartData::readingText(int series, int day) const {
+  const QString note = m_series.value(series).notes.value(day);
+  return valueText(value(series, day)) + (note.isEmpty() ? QString() : u" ("_s + note + u')');
+}
+
 QString ChartData::shortDay(int day) const {
   const QDate date = m_days.value(day);
   return date.isValid() ? Format::shortDate(date) : dayKey(day);
@@ -111,7 +118,8 @@ QString ChartData::dayText(int day) const {
 QString ChartData::spokenDay(int day) const {
   QStringList parts{dayText(day)};
   for (int i = 0; i < m_series.size(); ++i)
-    if (m_series[i].shown) parts.append(m_series[i].label + u' ' + valueText(value(i, day)));
+    if (m_series[i].shown) parts.append(m_series[i].label + u' ' + readingText(i, day));
+  if (!dayNote(day).isEmpty()) parts.append(dayNote(day));
   return parts.join(u", "_s);
 }
 

@@ -15,6 +15,10 @@ struct ChartSeries {
   bool shown = true;
   /// What went wrong: drawn hatched, in the colour of errors.
   bool failed = false;
+  /// What was to be: among bars a line in steps over them, and no part of what they add up to.
+  bool planned = false;
+  /// Behind each day's figure, in brackets: "5 replies".
+  QStringList notes = {};
 
   bool operator==(const ChartSeries& other) const;
 };
@@ -23,10 +27,15 @@ struct ChartSeries {
 class ChartData {
  public:
   void setDays(const QStringList& days);
-  /// Maps with key, label, values (numbers; what is none is absent), shown and failed. False when nothing is new.
+  /// Maps with key, label, values (numbers; what is none is absent), shown, failed, planned and notes. False when
+  /// nothing is new.
   bool setSeries(const QVariantList& series);
   /// Follows every figure: "%".
   void setUnit(const QString& unit) { m_unit = unit; }
+  /// What more there is to say of each day.
+  void setDayNotes(const QStringList& notes) { m_dayNotes = notes; }
+  bool hasDayNotes() const { return !m_dayNotes.isEmpty(); }
+  QString dayNote(int day) const { return m_dayNotes.value(day); }
 
   int count() const { return int(m_names.size()); }
   const QList<QDate>& days() const { return m_days; }
@@ -50,6 +59,8 @@ class ChartData {
 
   /// "1,272", "87.5%"; a dash where there is none.
   QString valueText(double value) const;
+  /// The figure of that day with its note.
+  QString readingText(int series, int day) const;
   /// "Fri 13 Nov", with the year where the days are of several.
   QString dayText(int day) const;
   /// The day with every shown figure, for a screen reader.
@@ -65,6 +76,7 @@ class ChartData {
   QList<QDate> m_days;
   QList<ChartSeries> m_series;
   QString m_unit;
+  QStringList m_dayNotes;
 };
 
 }  // namespace orv

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "kit/api/Format.h"
 
@@ -67,6 +68,9 @@ class ChartPainter {
 
   void bars() {
     for (int day = 0; day < m_data.count(); ++day) bar(day);
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < m_data.series().size(); ++i)
+      if (m_data.series()[i].shown && m_data.series()[i].planned) steps(i);
   }
 
  private:
@@ -106,6 +110,24 @@ class ChartPainter {
     end();
   }
 
+  /// Each day from edge to edge of its part, so that a step stands between two days.
+  void steps(int index) {
+    const QPen pen = seriesPen(m_look.colorOf(m_data.series(), index), 1.5, index);
+    const double half = m_scale.dayWidth() / 2;
+    QPolygonF run;
+    for (int day = 0; day <= m_data.count(); ++day) {
+      const double value = day < m_data.count() ? m_data.value(index, day) : std::numeric_limits<double>::quiet_NaN();
+      if (std::isfinite(value)) {
+        const double y = onPixel(m_scale.y(value));
+        run.append({m_scale.x(day) - half, y});
+        run.append({m_scale.x(day) + half, y});
+      } else if (!run.isEmpty()) {
+        paintRun(run, pen);
+        run.clear();
+      }
+    }
+  }
+
   /// In pieces: the time that one line takes grows with the square of its corners, and a year's took 120 ms.
   void paintRun(const QPolygonF& run, QPen pen) {
     const bool dashed = pen.style() == Qt::CustomDashLine;
@@ -131,7 +153,7 @@ class ChartPainter {
     for (int i = 0; i < m_data.series().size(); ++i) {
       const ChartSeries& series = m_data.series()[i];
       const double value = m_data.value(i, day);
-      if (!series.shown || !(value > 0)) continue;
+      if (!series.shown || series.planned || !(value > 0)) continue;
       const double foot = onPixel(m_scale.y(sum));
       sum += value;
       const double top = std::min(onPixel(m_scale.y(sum)), foot - 1 / ratio);

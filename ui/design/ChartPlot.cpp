@@ -33,6 +33,12 @@ void ChartPlot::setSeries(const QVariantList& series) {
   if (m_data.setSeries(series)) takeData();
 }
 
+void ChartPlot::setDayNotes(const QStringList& notes) {
+  if (std::exchange(m_dayNotes, notes) == notes) return;
+  m_data.setDayNotes(notes);
+  takeData();
+}
+
 QString ChartPlot::kind() const { return m_kind == ChartScale::Kind::bar ? u"bar"_s : u"line"_s; }
 
 void ChartPlot::setKind(const QString& kind) {
@@ -46,11 +52,8 @@ void ChartPlot::setUnit(const QString& unit) {
   takeData();
 }
 
-QVariantList ChartPlot::seriesColors() const { return {m_seriesColors.begin(), m_seriesColors.end()}; }
-
-void ChartPlot::setSeriesColors(const QVariantList& colors) {
-  m_seriesColors.clear();
-  for (const QVariant& color : colors) m_seriesColors.append(color.value<QColor>());
+void ChartPlot::setSeriesColors(const QList<QColor>& colors) {
+  m_seriesColors = colors;
   takeData();
 }
 
@@ -93,6 +96,7 @@ QVariantList ChartPlot::legend() const {
                             {u"label"_s, series.label},
                             {u"shown"_s, series.shown},
                             {u"failed"_s, series.failed},
+                            {u"planned"_s, series.planned},
                             {u"color"_s, look.colorOf(m_data.series(), i)}});
   }
   return list;
@@ -101,6 +105,11 @@ QVariantList ChartPlot::legend() const {
 QString ChartPlot::widestValue() const {
   const auto extent = m_data.extent(false);
   QString text = m_data.valueText(std::max(extent.highest, -extent.lowest));
+  QString note;
+  for (const ChartSeries& series : m_data.series())
+    for (const QString& each : series.notes)
+      if (each.size() > note.size()) note = each;
+  if (!note.isEmpty()) text += u" ("_s + note + u')';
   // Zero is among the widest digits.
   for (QChar& letter : text)
     if (letter.isDigit()) letter = u'0';
@@ -117,7 +126,7 @@ QVariantList ChartPlot::readings() const {
   QVariantList list;
   for (int i = 0; m_current >= 0 && i < seriesCount(); ++i) {
     const double value = m_data.value(i, m_current);
-    QVariantMap reading{{u"text"_s, m_data.valueText(value)}};
+    QVariantMap reading{{u"text"_s, m_data.readingText(i, m_current)}};
     if (m_kind == ChartScale::Kind::line && m_data.series()[i].shown && std::isfinite(value))
       reading.insert(u"y"_s, m_scale.y(value));
     list.append(reading);

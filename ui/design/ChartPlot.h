@@ -16,19 +16,22 @@ class ChartPlot : public ImageItem {
   QML_ELEMENT
   /// ISO dates.
   Q_PROPERTY(QStringList days READ days WRITE setDays NOTIFY dataChanged)
-  /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed.
+  /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed; for what was to be, planned;
+  /// notes stand behind the figures of each day.
   Q_PROPERTY(QVariantList series READ series WRITE setSeries NOTIFY dataChanged)
   /// "line" or "bar".
   Q_PROPERTY(QString kind READ kind WRITE setKind NOTIFY dataChanged)
   Q_PROPERTY(QString unit READ unit WRITE setUnit NOTIFY dataChanged)
-  Q_PROPERTY(QVariantList seriesColors READ seriesColors WRITE setSeriesColors NOTIFY dataChanged)
+  Q_PROPERTY(QList<QColor> seriesColors READ seriesColors WRITE setSeriesColors NOTIFY dataChanged)
   Q_PROPERTY(QColor failedColor MEMBER m_failedColor NOTIFY lookChanged)
   Q_PROPERTY(QColor gridColor MEMBER m_gridColor NOTIFY lookChanged)
   Q_PROPERTY(QColor labelColor MEMBER m_labelColor NOTIFY lookChanged)
   Q_PROPERTY(QFont labelFont MEMBER m_labelFont NOTIFY lookChanged)
 
   Q_PROPERTY(int seriesCount READ seriesCount NOTIFY dataChanged)
-  /// A map for each series: key, label, shown, failed, color.
+  /// What more there is to say of each day.
+  Q_PROPERTY(QStringList dayNotes READ dayNotes WRITE setDayNotes NOTIFY dataChanged)
+  /// A map for each series: key, label, shown, failed, planned, color.
   Q_PROPERTY(QVariantList legend READ legend NOTIFY dataChanged)
   /// Every figure is absent or zero.
   Q_PROPERTY(bool blank READ isBlank NOTIFY dataChanged)
@@ -41,6 +44,7 @@ class ChartPlot : public ImageItem {
   Q_PROPERTY(int currentDay READ currentDay NOTIFY currentChanged)
   Q_PROPERTY(QRectF currentArea READ currentArea NOTIFY currentChanged)
   Q_PROPERTY(QString currentTitle READ currentTitle NOTIFY currentChanged)
+  Q_PROPERTY(QString currentNote READ currentNote NOTIFY currentChanged)
   Q_PROPERTY(QString currentText READ currentText NOTIFY currentChanged)
   /// A map for each series: text and, where there is a figure to point at, y.
   Q_PROPERTY(QVariantList readings READ readings NOTIFY currentChanged)
@@ -54,10 +58,12 @@ class ChartPlot : public ImageItem {
   void setSeries(const QVariantList& series);
   QString kind() const;
   void setKind(const QString& kind);
+  QStringList dayNotes() const { return m_dayNotes; }
+  void setDayNotes(const QStringList& notes);
   QString unit() const { return m_unit; }
   void setUnit(const QString& unit);
-  QVariantList seriesColors() const;
-  void setSeriesColors(const QVariantList& colors);
+  const QList<QColor>& seriesColors() const { return m_seriesColors; }
+  void setSeriesColors(const QList<QColor>& colors);
 
   int seriesCount() const { return int(m_data.series().size()); }
   QVariantList legend() const;
@@ -68,6 +74,7 @@ class ChartPlot : public ImageItem {
   int currentDay() const { return m_current; }
   QRectF currentArea() const;
   QString currentTitle() const { return m_current < 0 ? QString() : m_data.dayText(m_current); }
+  QString currentNote() const { return m_current < 0 ? QString() : m_data.dayNote(m_current); }
   QString currentText() const { return m_current < 0 ? QString() : m_data.spokenDay(m_current); }
   QVariantList readings() const;
 
@@ -101,6 +108,7 @@ class ChartPlot : public ImageItem {
   ChartScale::Kind m_kind = ChartScale::Kind::line;
   QStringList m_days;
   QVariantList m_seriesMaps;
+  QStringList m_dayNotes;
   QString m_unit;
   QList<QColor> m_seriesColors;
   QColor m_failedColor;

@@ -49,8 +49,8 @@ Item {
         x: Math.round(beyond + width <= root.width ? beyond : Math.max(0, before))
         y: root.area.y + 14
         radius: Theme.radiusCard
-        width: rows.width + 24
-        height: rows.height + 20
+        width: Math.max(rows.width, note.visible ? note.implicitWidth : 0) + 24
+        height: rows.height + 20 + (note.visible ? 24 : 0)
 
         Column {
             id: rows
@@ -111,6 +111,25 @@ Item {
                     }
                 }
             }
+        }
+
+        OrvDivider {
+            visible: note.visible
+            y: note.y - 6
+            width: panel.width
+        }
+
+        Text {
+            id: note
+            visible: text !== ""
+            x: 12
+            y: rows.y + rows.height + 12
+            height: 16
+            textFormat: Text.PlainText
+            text: root.plot.currentNote
+            font: Theme.small
+            color: Theme.text2
+            Accessible.ignored: true
         }
 
         // The panel keeps its width from day to day.

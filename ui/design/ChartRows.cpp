@@ -24,6 +24,12 @@ void ChartRows::setUnit(const QString& unit) {
   textsChanged();
 }
 
+void ChartRows::setDayNotes(const QStringList& notes) {
+  if (std::exchange(m_dayNotes, notes) == notes) return;
+  m_data.setDayNotes(notes);
+  textsChanged();
+}
+
 void ChartRows::textsChanged() {
   if (rowCount() > 0) Q_EMIT dataChanged(index(0), index(rowCount() - 1), {TextsRole});
   Q_EMIT changed();
@@ -33,6 +39,8 @@ QVariantList ChartRows::legend() const {
   QVariantList list;
   for (const ChartSeries& series : m_data.series())
     list.append(QVariantMap{{u"key"_s, series.key}, {u"label"_s, series.label}, {u"shown"_s, series.shown}});
+  if (m_data.hasDayNotes())
+    list.append(QVariantMap{{u"key"_s, u"note"_s}, {u"label"_s, m_noteTitle}, {u"shown"_s, true}});
   return list;
 }
 
@@ -42,7 +50,8 @@ QVariant ChartRows::data(const QModelIndex& index, int role) const {
   if (role == DayRole) return m_data.dayText(index.row());
   if (role != TextsRole) return {};
   QStringList texts;
-  for (int i = 0; i < m_data.series().size(); ++i) texts.append(m_data.valueText(m_data.value(i, index.row())));
+  for (int i = 0; i < m_data.series().size(); ++i) texts.append(m_data.readingText(i, index.row()));
+  if (m_data.hasDayNotes()) texts.append(m_data.dayNote(index.row()));
   return texts;
 }
 

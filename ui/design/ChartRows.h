@@ -14,7 +14,10 @@ class ChartRows : public QAbstractListModel {
   Q_PROPERTY(QStringList days READ days WRITE setDays NOTIFY changed)
   Q_PROPERTY(QVariantList series READ series WRITE setSeries NOTIFY changed)
   Q_PROPERTY(QString unit READ unit WRITE setUnit NOTIFY changed)
-  /// A map for each series: key, label and shown.
+  /// A further column, of what more there is to say of each day, under its title.
+  Q_PROPERTY(QStringList dayNotes READ dayNotes WRITE setDayNotes NOTIFY changed)
+  Q_PROPERTY(QString noteTitle MEMBER m_noteTitle NOTIFY changed)
+  /// A map for each column: key, label and shown.
   Q_PROPERTY(QVariantList legend READ legend NOTIFY changed)
 
  public:
@@ -28,6 +31,8 @@ class ChartRows : public QAbstractListModel {
   void setSeries(const QVariantList& series);
   QString unit() const { return m_unit; }
   void setUnit(const QString& unit);
+  QStringList dayNotes() const { return m_dayNotes; }
+  void setDayNotes(const QStringList& notes);
   QVariantList legend() const;
 
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_data.count(); }
@@ -44,6 +49,8 @@ class ChartRows : public QAbstractListModel {
   QStringList m_days;
   QVariantList m_series;
   QString m_unit;
+  QStringList m_dayNotes;
+  QString m_noteTitle;
 };
 
 }  // namespace orv

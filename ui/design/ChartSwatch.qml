@@ -12,7 +12,7 @@ ChartStroke {
 
     width: bar ? 10 : 18
     height: bar ? 10 : 2
-    bar: plot.kind === "bar"
+    bar: plot.kind === "bar" && !(entry?.planned ?? false)
     series: index
     color: entry?.color ?? "transparent"
     failed: entry?.failed ?? false

@@ -10,12 +10,15 @@ FocusScope {
     property string detail: ""
     /// ISO dates, one for each value of a series.
     property alias days: plot.days
-    /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed.
+    /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed; what was to be is planned,
+    /// and notes stand behind the figures of each day.
     property alias series: plot.series
     /// "line" or "bar".
     property alias kind: plot.kind
     /// Follows every figure: "%".
     property alias unit: plot.unit
+    /// What more there is to say of each day, in its read-out.
+    property alias dayNotes: plot.dayNotes
     property string emptyText: ""
     /// There is nothing to show. Unless told otherwise, when no series has a figure above zero.
     property bool empty: plot.blank

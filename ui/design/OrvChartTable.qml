@@ -10,6 +10,8 @@ OrvTable {
     property alias days: figures.days
     property alias series: figures.series
     property alias unit: figures.unit
+    property alias dayNotes: figures.dayNotes
+    property alias noteTitle: figures.noteTitle
 
     title: "Figures by day"
     rowHeight: 32
