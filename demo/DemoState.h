@@ -16,6 +16,8 @@
 #include "kit/models/campaigns/sequence.h"
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/mailboxes/mailbox.h"
+#include "kit/models/rampup/roadmapTemplate.h"
+#include "kit/models/rampup/warmupSettings.h"
 #include "kit/session/records.h"
 
 namespace orv::demo {
@@ -50,6 +52,30 @@ struct DemoCampaign {
   }
 };
 
+/// A roadmap as it was from one day on. The days before stay as they were planned then.
+struct RoadmapLeg {
+  QDate from;
+  QList<RoadmapStage> stages;
+  QDate startedOn;
+  /// Days that it stood still.
+  qint64 shiftDays = 0;
+  bool paused = false;
+  /// Of the warm-up's settings.
+  bool off = false, weekdaysOnly = false;
+};
+
+struct DemoRoadmap {
+  QString id;
+  std::optional<QString> templateId;
+  QString templateName;
+  /// Oldest first; there is one at least.
+  QList<RoadmapLeg> legs;
+  std::optional<QString> pausedAt;
+  std::optional<QString> pausedBy;
+  std::optional<QString> pauseReason;
+  qint64 version = 1;
+};
+
 struct DemoMailbox {
   /// A check of the connection under way: when it ends, with what error if any, and the status it leaves.
   struct Check {
@@ -67,6 +93,9 @@ struct DemoMailbox {
   std::optional<QString> fault;
   /// Nothing has been sent since.
   std::optional<QDateTime> idleSince;
+  std::optional<DemoRoadmap> roadmap;
+  /// But for the daily limit, which is in the record.
+  WarmupSettings warmup;
   /// Campaigns that it was picked for when it was archived.
   QStringList leftCampaigns;
 
@@ -101,6 +130,10 @@ struct DemoWorkspace {
   /// Each with the moment in its record.
   QList<DemoMailbox> archivedMailboxes;
   qint64 lastMailboxNumber = 0;
+  /// Live and archived ones.
+  QList<RoadmapTemplate> templates;
+  /// The placement watcher acts on what it sees, and has been around once at least.
+  bool watcherActs = true, watcherScanned = true;
   /// How often the directory of a Google Workspace domain was asked for before its admin let the service in.
   QHash<QString, int> googleAsked;
   /// In the order they are listed: the newest first.

@@ -1,8 +1,10 @@
 #include "demo/MailboxSample.h"
 
 #include "demo/DailyFigures.h"
+#include "demo/Roadmaps.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/isoDay.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -75,6 +77,8 @@ DemoMailbox makeMailbox(DemoWorkspace& workspace, qint64 index, DemoRandom& samp
   if (record.trackingDomain && record.trackingDomain->startsWith("track."_L1))
     record.trackingDomainVerifiedAt = formatPlatformDate(at(today, 20, 10));
   if (!sample.chance(0.9)) stop(mailbox, random, today);
+  mailbox.warmup = firstWarmup(record.id);
+  putOnRoadmap(mailbox, defaultTemplate(workspace), isoDay(record.createdAt.first(10)));
   return mailbox;
 }
 
@@ -82,6 +86,7 @@ DemoMailbox makeMailbox(DemoWorkspace& workspace, qint64 index, DemoRandom& samp
 
 void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random, const QDate& today) {
   for (qint64 i = 0; i < count; ++i) workspace.mailboxes.append(makeMailbox(workspace, i, random, today));
+  varyRoadmaps(workspace, today);
   constexpr qint64 poolSize = 3, behindAllOthers = 1'000'000'000;
   for (qint64 i = 0; i < poolSize; ++i) {
     DemoMailbox mailbox;
@@ -97,6 +102,8 @@ void addMailboxes(DemoWorkspace& workspace, qint64 count, DemoRandom& random, co
     record.connection = Mailbox::Connection{u"google_dwd"_s, u"connected"_s, {}, {}, {}};
     record.version = 1;
     record.createdAt = formatPlatformDate(at(today, 300, 9));
+    mailbox.warmup = firstWarmup(record.id);
+    putOnRoadmap(mailbox, defaultTemplate(workspace), today.addDays(-300));
     workspace.pool.append(mailbox);
   }
 }

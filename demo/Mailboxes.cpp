@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "demo/DailyFigures.h"
+#include "demo/Roadmaps.h"
 #include "demo/WarmupFigures.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -75,8 +76,10 @@ Mailbox ShownMailboxes::of(const DemoMailbox& mailbox) const {
   shown.health = healthWord(mailbox, warmup);
   if (shown.signature) shown.signatureHtml = shown.signature->toHtmlEscaped().replace(u'\n', u"<br>"_s);
   if (shown.isPool()) return shown;
-  shown.rampup = rampupOf(mailbox, m_localNow);
-  shown.ramp = Mailbox::Ramp{4, 1, shown.rampup->warmupToday, {}};
+  if (mailbox.roadmap) {
+    shown.rampup = rampupOf(mailbox, m_localNow);
+    shown.ramp = Mailbox::Ramp{4, 1, shown.rampup->warmupToday, {}};
+  }
   const auto reason = notReadyBecause(mailbox, m_localNow.date());
   shown.sendReady = Mailbox::SendReady{!reason, mailbox.record.sendReady ? mailbox.record.sendReady->mode : QString(),
                                        reason, std::max<qint64>(0, warmup.rampDay), daysUntilReady};
@@ -177,6 +180,8 @@ DemoMailbox newMailbox(Call& call, const QString& address, const QString& displa
   record.tags.emplace();
   record.version = 1;
   record.createdAt = call.stamp();
+  mailbox.warmup = firstWarmup(mailbox.id());
+  putOnRoadmap(mailbox, defaultTemplate(*call.workspace), dayIn(*call.workspace, call.now));
   return mailbox;
 }
 
@@ -202,7 +207,7 @@ bool setTrackingDomain(DemoMailbox& mailbox, const std::optional<QString>& host,
 
 CampaignSender senderOf(const DemoMailbox& mailbox, const QDateTime& localNow) {
   const auto reason = notReadyBecause(mailbox, localNow.date());
-  const qint64 ramp = rampupOf(mailbox, localNow).campaignCapToday;
+  const qint64 ramp = standingOn(mailbox, localNow.date()).campaign;
   CampaignSender sender;
   sender.mailboxId = mailbox.id();
   sender.address = mailbox.record.address;

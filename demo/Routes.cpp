@@ -35,7 +35,8 @@ struct Pattern {
 
 QList<Route> allRoutes() {
   return accountRoutes() + analyticsRoutes() + campaignRoutes() + sequenceRoutes() + campaignLeadRoutes() +
-         leadListRoutes() + mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes();
+         leadListRoutes() + mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes() +
+         roadmapTemplateRoutes() + rampupRoutes() + deliverabilityRoutes();
 }
 
 FoundRoute findRoute(const DemoRequest& request) {

@@ -45,11 +45,14 @@ const QList<Route>& accountRoutes();
 const QList<Route>& analyticsRoutes();
 const QList<Route>& campaignLeadRoutes();
 const QList<Route>& campaignRoutes();
+const QList<Route>& deliverabilityRoutes();
 const QList<Route>& leadListRoutes();
 const QList<Route>& googleWorkspaceRoutes();
 const QList<Route>& mailboxAddingRoutes();
 const QList<Route>& mailboxBulkRoutes();
 const QList<Route>& mailboxRoutes();
+const QList<Route>& rampupRoutes();
+const QList<Route>& roadmapTemplateRoutes();
 const QList<Route>& sequenceRoutes();
 QList<Route> allRoutes();
 

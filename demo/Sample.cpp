@@ -5,6 +5,7 @@
 #include "demo/Enrolment.h"
 #include "demo/MailboxSample.h"
 #include "demo/Mailboxes.h"
+#include "demo/Roadmaps.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaign.h"
@@ -184,13 +185,14 @@ void addRandomCampaigns(DemoWorkspace& workspace, qint64 count, DemoRandom& rand
 }
 
 DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QString& timeZone,
-                            const QMap<QString, QString>& members) {
+                            const QMap<QString, QString>& members, const QDate& today) {
   DemoWorkspace workspace;
   workspace.id = u"w_"_s + slug;
   workspace.slug = slug;
   workspace.name = name;
   workspace.timeZone = timeZone;
   workspace.members = members;
+  workspace.templates = firstTemplates(today);
   return workspace;
 }
 
@@ -211,7 +213,7 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
   auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
-                                 {{maren, u"owner"_s}, {tomas, u"member"_s}});
+                                 {{maren, u"owner"_s}, {tomas, u"member"_s}}, today);
   addMailboxes(northgate, std::max(54, scale.mailboxes), random, today);
   for (Row row : northgateRows()) {
     if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
@@ -227,14 +229,16 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   addList(northgate, random);
   addArchivedMailboxes(northgate, 2, random, today);
 
-  auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}});
+  auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}}, today);
+  caldera.watcherActs = false;
   addMailboxes(caldera, 4, random, today);
   addRandomCampaigns(caldera, 3, random, today);
-  auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}});
+  auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, today);
+  harbour.watcherScanned = false;
   addMailboxes(harbour, 6, random, today);
   addRandomCampaigns(harbour, 2, random, today);
   state.workspaces = {northgate, caldera, harbour,
-                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}})};
+                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, today)};
   return state;
 }
 

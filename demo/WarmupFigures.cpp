@@ -1,9 +1,9 @@
 #include "demo/WarmupFigures.h"
 
 #include <QTimeZone>
-#include <array>
 
 #include "demo/DailyFigures.h"
+#include "demo/Roadmaps.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -11,37 +11,6 @@ namespace orv::demo {
 namespace {
 
 constexpr qint64 millisecondsADay = 86400000;
-
-/// Volumes go evenly from the first day's to the last day's.
-struct Stage {
-  QLatin1String key, name;
-  qint64 days, warmupFrom, warmupTo, campaignFrom, campaignTo;
-};
-constexpr std::array stages{Stage{"warmup"_L1, "Warm-up only"_L1, 14, 4, 20, 0, 0},
-                            Stage{"slow_ramp"_L1, "Slow ramp"_L1, 21, 20, 30, 5, 30},
-                            Stage{"full"_L1, "Full schedule"_L1, 7, 18, 18, 40, 40}};
-
-struct Standing {
-  const Stage* stage;
-  /// 1 is its first; past the last one after the roadmap's end.
-  qint64 day;
-  bool ended = false;
-
-  qint64 between(qint64 from, qint64 to) const {
-    return stage->days < 2 ? to : from + (to - from) * (std::min(day, stage->days) - 1) / (stage->days - 1);
-  }
-  qint64 warmup() const { return between(stage->warmupFrom, stage->warmupTo); }
-  qint64 campaign() const { return between(stage->campaignFrom, stage->campaignTo); }
-};
-
-Standing standingOn(qint64 dayNumber) {
-  qint64 before = 0;
-  for (const Stage& stage : stages) {
-    if (dayNumber <= before + stage.days) return {&stage, dayNumber - before};
-    before += stage.days;
-  }
-  return {&stages.back(), stages.back().days, true};
-}
 
 /// Of each hundred emails so many land in spam; a mailbox's own.
 qint64 spamRateOf(const DemoMailbox& mailbox) {
@@ -77,17 +46,18 @@ std::optional<QString> notReadyBecause(const DemoMailbox& mailbox, const QDate& 
 }
 
 Mailbox::RampupToday rampupOf(const DemoMailbox& mailbox, const QDateTime& localNow) {
-  const qint64 day = warmupDayNumber(mailbox, localNow.date());
-  const Standing standing = standingOn(std::max<qint64>(1, day));
+  const RoadmapPlan plan = planOf(mailbox, localNow.date());
   Mailbox::RampupToday today;
-  today.state = mailbox.idleSince ? u"paused"_s : day < 1 ? u"scheduled"_s : standing.ended ? u"done"_s : u"running"_s;
-  today.dayIndex = day;
-  today.stageKey = QString(standing.stage->key);
-  today.stageName = QString(standing.stage->name);
-  today.stageDay = standing.day;
-  today.stageDays = standing.stage->days;
-  today.warmupToday = standing.warmup();
-  today.campaignCapToday = standing.campaign();
+  today.state = plan.state;
+  today.dayIndex = plan.dayIndex;
+  if (plan.stage) {
+    today.stageKey = plan.stage->key;
+    today.stageName = plan.stage->name;
+    today.stageDay = plan.stage->day;
+    today.stageDays = plan.stage->days;
+  }
+  today.warmupToday = plan.warmupToday;
+  today.campaignCapToday = plan.campaignCapToday;
   return today;
 }
 
@@ -97,7 +67,7 @@ MailboxHistory::Day warmupDayOf(const DemoMailbox& mailbox, const QDate& day, co
   const qint64 number = warmupDayNumber(mailbox, day), worked = workedOn(mailbox, day, localNow);
   if (number < 1 || worked == 0) return figures;
   DemoRandom random = DemoRandom::of(mailbox.id() + figures.day);
-  figures.planned = std::min(mailbox.record.dailyCap, standingOn(number).warmup());
+  figures.planned = standingOn(mailbox, day).warmup;
   const qint64 held = random.chance(0.3) ? random.between(1, 2) : 0, refused = random.chance(0.1) ? 1 : 0;
   figures.sent = std::max<qint64>(0, figures.planned - held) * worked / millisecondsADay;
   figures.failed = std::min(refused, figures.sent);

@@ -15,7 +15,7 @@ qint64 warmupDayNumber(const DemoMailbox& mailbox, const QDate& day);
 /// Why campaigns may not send from the mailbox that day; nothing when they may.
 std::optional<QString> notReadyBecause(const DemoMailbox& mailbox, const QDate& day);
 
-/// Where the mailbox stands on the roadmap that all of them follow. Times are those of its workspace.
+/// Where the mailbox stands on its roadmap, which it must have. Times are those of its workspace.
 Mailbox::RampupToday rampupOf(const DemoMailbox& mailbox, const QDateTime& localNow);
 
 /// One day of its warm-up, as far as the day has gone. Whatever page adds days up comes to the same figures.
