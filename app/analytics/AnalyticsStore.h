@@ -6,6 +6,7 @@
 #include "app/base/Resource.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
+#include "app/figures/Figure.h"
 #include "app/figures/FigureRows.h"
 #include "app/figures/RangeForm.h"
 #include "kit/api/APITransport.h"
@@ -43,7 +44,7 @@ class AnalyticsStore final : public Store {
   Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY changed)
   Q_PROPERTY(orv::ListModel* campaignRows READ campaignRows CONSTANT)
   Q_PROPERTY(orv::ListModel* accountRows READ accountRows CONSTANT)
-  Q_PROPERTY(QVariantList figures READ figures NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Figure> figures READ figures NOTIFY figuresChanged)
   Q_PROPERTY(QString sampleNote READ sampleNote NOTIFY figuresChanged)
   Q_PROPERTY(QList<orv::Choice> campaignOptions READ campaignOptions NOTIFY optionsChanged)
   Q_PROPERTY(QList<orv::Choice> mailboxOptions READ mailboxOptions NOTIFY optionsChanged)
@@ -112,7 +113,7 @@ class AnalyticsStore final : public Store {
   AccountFigureRows* accountRows() { return &m_accountRows; }
 
   /// The totals; none before the first answer.
-  const QVariantList& figures() const { return m_figures; }
+  const QList<Figure>& figures() const { return m_figures; }
   /// Says that the figures are made up; empty when they are not.
   QString sampleNote() const;
   /// Key and label of each choice, all of them first.
@@ -171,7 +172,7 @@ class AnalyticsStore final : public Store {
   AccountFigureRows m_accountRows;
   std::optional<OrvSort> m_campaignSort;
   std::optional<OrvSort> m_accountSort;
-  QVariantList m_figures;
+  QList<Figure> m_figures;
   AnalyticsSummary::Options m_options;
   QList<Choice> m_campaignOptions;
   QList<Choice> m_mailboxOptions;

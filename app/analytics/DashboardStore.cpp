@@ -22,22 +22,29 @@ QString dayTextOf(const AnalyticsOverview& overview) {
   return parts.join(u" · "_s);
 }
 
-QVariantMap inboxFigure(const AnalyticsOverview::Today& today) {
+Figure inboxFigure(const AnalyticsOverview::Today& today) {
   const qint64 notActive = std::max<qint64>(0, today.mailboxes - today.active);
   const QString off = Format::grouped(notActive) + u" not active"_s;
   QStringList detail;
   if (today.ready) detail.append(Format::grouped(*today.ready) + u" ready to send"_s);
   if (notActive == 0) detail.append(off);
-  return figure(u"Inbox health"_s, Format::grouped(today.active), detail.join(u" · "_s), u"mailboxes active"_s,
-                notActive > 0 ? off : QString());
+  return {.title = u"Inbox health"_s,
+          .value = Format::grouped(today.active),
+          .detail = detail.join(u" · "_s),
+          .unit = u"mailboxes active"_s,
+          .warning = notActive > 0 ? off : QString()};
 }
 
-QVariantList todayFigures(const AnalyticsOverview::Today& today) {
+QList<Figure> todayFigures(const AnalyticsOverview::Today& today) {
   using Format::grouped;
-  return {figure(u"Sent today"_s, grouped(today.sendsCampaigns + today.sendsWarmup),
-                 grouped(today.sendsCampaigns) + u" campaign · "_s + grouped(today.sendsWarmup) + u" ramp-up"_s),
-          figure(u"Replies today"_s, grouped(today.replies), {}), inboxFigure(today),
-          figure(u"Leads"_s, grouped(today.leads), Format::counted(today.lists, u"list"_s, u"lists"_s))};
+  return {{.title = u"Sent today"_s,
+           .value = grouped(today.sendsCampaigns + today.sendsWarmup),
+           .detail = grouped(today.sendsCampaigns) + u" campaign · "_s + grouped(today.sendsWarmup) + u" ramp-up"_s},
+          {.title = u"Replies today"_s, .value = grouped(today.replies)},
+          inboxFigure(today),
+          {.title = u"Leads"_s,
+           .value = grouped(today.leads),
+           .detail = Format::counted(today.lists, u"list"_s, u"lists"_s)}};
 }
 
 }  // namespace
@@ -82,8 +89,8 @@ void DashboardStore::arrived() {
   const AnalyticsOverview& overview = *m_overview.value();
   const auto& [today, month, totals, days, metrics, metricDays] = overview.combined;
   m_dayText = dayTextOf(overview);
-  m_today = today ? todayFigures(*today) : QVariantList();
-  m_metrics = metrics ? metricFigures(*metrics) : QVariantList();
+  m_today = today ? todayFigures(*today) : QList<Figure>();
+  m_metrics = metrics ? metricFigures(*metrics) : QList<Figure>();
   // Without totals nobody says whether opens are tracked; the days themselves do.
   const bool tracksOpens = !metrics || metrics->opens, tracksClicks = !metrics || metrics->clicks;
   m_chart.setDays(metricDays.value_or(QList<MetricDay>()), tracksOpens, tracksClicks);

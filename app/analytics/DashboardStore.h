@@ -4,6 +4,7 @@
 #include "app/base/Resource.h"
 #include "app/figures/ChartFigures.h"
 #include "app/figures/DateRange.h"
+#include "app/figures/Figure.h"
 #include "kit/api/APITransport.h"
 #include "kit/models/analytics/analyticsOverview.h"
 
@@ -17,8 +18,8 @@ class DashboardStore final : public Store {
   Q_PROPERTY(QString preset READ preset WRITE setPreset NOTIFY changed)
   Q_PROPERTY(QString rangeLabel READ rangeLabel NOTIFY changed)
   Q_PROPERTY(QString dayText READ dayText NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList today READ today NOTIFY figuresChanged)
-  Q_PROPERTY(QVariantList metrics READ metrics NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Figure> today READ today NOTIFY figuresChanged)
+  Q_PROPERTY(QList<orv::Figure> metrics READ metrics NOTIFY figuresChanged)
   Q_PROPERTY(QStringList days READ days NOTIFY chartChanged)
   Q_PROPERTY(QVariantList series READ series NOTIFY chartChanged)
 
@@ -35,9 +36,9 @@ class DashboardStore final : public Store {
 
   /// "Friday 20 November · Berlin time": today where the workspace is; empty before the first answer.
   const QString& dayText() const { return m_dayText; }
-  /// Figures as figure() makes them; none when the service has none.
-  const QVariantList& today() const { return m_today; }
-  const QVariantList& metrics() const { return m_metrics; }
+  /// None when the service has none.
+  const QList<Figure>& today() const { return m_today; }
+  const QList<Figure>& metrics() const { return m_metrics; }
 
   /// What the chart draws; no days when nothing was sent.
   QStringList days() const { return m_chart.days(); }
@@ -63,8 +64,8 @@ class DashboardStore final : public Store {
   Resource<AnalyticsOverview> m_overview;
   ChartFigures m_chart;
   QString m_dayText;
-  QVariantList m_today;
-  QVariantList m_metrics;
+  QList<Figure> m_today;
+  QList<Figure> m_metrics;
 };
 
 }  // namespace orv

@@ -341,8 +341,8 @@ QString SequenceEditor::unspun(const QString& field) const {
 }
 
 void SequenceEditor::collectVariables() {
-  QVariantList variables;
-  for (const auto& [name, text] : standardVariables()) variables.append(variableOption(name, text, {}));
+  QList<EmailVariable> variables;
+  for (const auto& [name, text] : standardVariables()) variables.append({.name = name, .text = text});
   const PreviewResponse* answer = m_preview.response();
   if (answer && answer->variables) {
     for (const auto& variable : *answer->variables) {
@@ -350,7 +350,7 @@ void SequenceEditor::collectVariables() {
       if (std::ranges::any_of(standardVariables(), isThis)) continue;
       const bool isStandard = variable.standard.value_or(false);
       const QString text = variable.description.value_or(variable.value.value_or(QString()));
-      variables.append(variableOption(variable.name, text, isStandard ? QString() : u"From your leads"_s));
+      variables.append({.name = variable.name, .text = text, .group = isStandard ? QString() : u"From your leads"_s});
     }
   }
   if (variables == m_variables) return;

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QVariantList>
-
 #include "app/base/Choice.h"
 #include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
+#include "app/campaigns/EmailVariable.h"
 #include "app/campaigns/SequenceAutosave.h"
 #include "app/campaigns/SequencePreview.h"
 #include "app/campaigns/SequenceRows.h"
@@ -40,7 +39,7 @@ class SequenceEditor final : public Store {
   Q_PROPERTY(QString subject READ subject NOTIFY textShown)
   Q_PROPERTY(QString body READ body NOTIFY textShown)
   Q_PROPERTY(QString spinning READ spinning NOTIFY spinningChanged)
-  Q_PROPERTY(QVariantList variables READ variables NOTIFY variablesChanged)
+  Q_PROPERTY(QList<orv::EmailVariable> variables READ variables NOTIFY variablesChanged)
 
  public:
   explicit SequenceEditor(CampaignContext& context);
@@ -73,8 +72,7 @@ class SequenceEditor final : public Store {
   QString body() const;
   /// The field that spintax is being made for: "subject", "body" or empty.
   QString spinning() const { return m_spinning; }
-  /// Name, text and group of each variable that an email can use.
-  const QVariantList& variables() const { return m_variables; }
+  const QList<EmailVariable>& variables() const { return m_variables; }
 
   Q_INVOKABLE void select(const QString& step);
   /// By place; one outside the sequence changes nothing.
@@ -164,7 +162,7 @@ class SequenceEditor final : public Store {
   QString m_spinning;
   /// By the variant's key and the field.
   QHash<std::pair<QUuid, QString>, Spun> m_spun;
-  QVariantList m_variables;
+  QList<EmailVariable> m_variables;
   /// Of the campaign that the last save returned.
   std::optional<qint64> m_savedVersion;
 };

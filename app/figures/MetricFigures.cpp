@@ -7,9 +7,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-QVariantMap trackedFigure(const QString& title, const std::optional<qint64>& count, qint64 sent) {
-  if (!count) return figure(title, u"–"_s, u"Tracking off"_s);
-  return figure(title, Format::grouped(*count), Format::rate(*count, sent));
+Figure trackedFigure(const QString& title, const std::optional<qint64>& count, qint64 sent) {
+  if (!count) return {.title = title, .value = u"–"_s, .detail = u"Tracking off"_s};
+  return {.title = title, .value = Format::grouped(*count), .detail = Format::rate(*count, sent)};
 }
 
 void forget(auto& figures, const AnalyticsSummary::Tracking& tracking) {
@@ -18,6 +18,12 @@ void forget(auto& figures, const AnalyticsSummary::Tracking& tracking) {
 }
 
 }  // namespace
+
+QString Figure::spoken() const {
+  QStringList parts{title, value, unit, detail, warning};
+  parts.removeAll(QString());
+  return parts.join(u", "_s);
+}
 
 AnalyticsSummary asTracked(AnalyticsSummary summary) {
   const auto tracking = summary.tracking;
@@ -28,23 +34,25 @@ AnalyticsSummary asTracked(AnalyticsSummary summary) {
   return summary;
 }
 
-QVariantMap figure(const QString& title, const QString& value, const QString& detail, const QString& unit,
-                   const QString& warning) {
-  return {{u"title"_s, title}, {u"value"_s, value}, {u"unit"_s, unit}, {u"detail"_s, detail}, {u"warning"_s, warning}};
-}
-
-QVariantList metricFigures(const Metrics& m) {
+QList<Figure> metricFigures(const Metrics& m) {
   using Format::grouped, Format::rate;
-  return {figure(u"Sent"_s, grouped(m.sent), grouped(m.newContacted) + u" new"_s),
+  return {{.title = u"Sent"_s, .value = grouped(m.sent), .detail = grouped(m.newContacted) + u" new"_s},
           trackedFigure(u"Opens"_s, m.opens, m.sent),
           trackedFigure(u"Clicks"_s, m.clicks, m.sent),
-          figure(u"Replies"_s, grouped(m.replies),
-                 rate(m.replies, m.sent) + u" · "_s + grouped(m.autoReplies) + u" auto"_s),
-          figure(u"Bounces"_s, grouped(m.bounces), rate(m.bounces, m.sent)),
-          figure(u"Unsubscribes"_s, grouped(m.unsubscribes), rate(m.unsubscribes, m.contacted) + u" of contacted"_s),
-          figure(u"Opportunities"_s, grouped(m.opportunities), rate(m.opportunities, m.replies) + u" of replies"_s),
-          figure(u"Meetings"_s, grouped(m.meetingsBooked), u"Meetings completed "_s + grouped(m.meetingsCompleted),
-                 u"booked"_s)};
+          {.title = u"Replies"_s,
+           .value = grouped(m.replies),
+           .detail = rate(m.replies, m.sent) + u" · "_s + grouped(m.autoReplies) + u" auto"_s},
+          {.title = u"Bounces"_s, .value = grouped(m.bounces), .detail = rate(m.bounces, m.sent)},
+          {.title = u"Unsubscribes"_s,
+           .value = grouped(m.unsubscribes),
+           .detail = rate(m.unsubscribes, m.contacted) + u" of contacted"_s},
+          {.title = u"Opportunities"_s,
+           .value = grouped(m.opportunities),
+           .detail = rate(m.opportunities, m.replies) + u" of replies"_s},
+          {.title = u"Meetings"_s,
+           .value = grouped(m.meetingsBooked),
+           .detail = u"Meetings completed "_s + grouped(m.meetingsCompleted),
+           .unit = u"booked"_s}};
 }
 
 }  // namespace orv

@@ -37,7 +37,7 @@ Item {
     Loader {
         id: popover
 
-        readonly property var popup: item
+        readonly property T.Popup popup: item as T.Popup
 
         active: false
         sourceComponent: T.Popup {

@@ -1,15 +1,15 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
+import Orvella.Figures
 
 /// The few figures of today, large, side by side in one frame.
 Rectangle {
     id: root
 
-    /// Maps with title, value, unit, detail and warning.
-    property var figures: []
+    property list<figure> figures
     /// An icon for each figure.
-    property var icons: []
+    property list<string> icons
 
     implicitHeight: 102
     radius: Theme.radiusCard
@@ -25,7 +25,7 @@ Rectangle {
             Item {
                 id: card
 
-                required property var modelData
+                required property figure modelData
                 required property int index
 
                 width: root.width / root.figures.length
@@ -33,8 +33,7 @@ Rectangle {
                 clip: true
 
                 Accessible.role: Accessible.StaticText
-                Accessible.name: [modelData.title, modelData.value, modelData.unit, modelData.detail, modelData.warning]
-                    .filter(words => words !== "").join(", ")
+                Accessible.name: modelData.spoken
 
                 Rectangle {
                     visible: card.index > 0

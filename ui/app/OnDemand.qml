@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 
 /// Makes a popup when it is first wanted and lets it go when it has closed: a window starts without its dialogs.
 Loader {
@@ -6,7 +7,7 @@ Loader {
 
     /// The popup is wanted on screen.
     property bool shown: false
-    readonly property var popup: item
+    readonly property T.Popup popup: item as T.Popup
 
     active: false
 

@@ -12,7 +12,7 @@ FocusScope {
     property string placeholder: ""
     property bool singleLine: false
     property bool readOnly: false
-    property var variables: []
+    property list<emailVariable> variables
     property font font: Theme.reading
     property real side: 0
     /// Return in a field of one line.

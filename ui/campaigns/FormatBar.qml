@@ -125,7 +125,7 @@ Item {
                 onObjectRemoved: (index, object) => menu.removeItem(object)
 
                 delegate: OrvMenuItem {
-                    required property var modelData
+                    required property emailVariable modelData
 
                     text: modelData.name
                     detail: modelData.group !== "" ? modelData.group : modelData.text

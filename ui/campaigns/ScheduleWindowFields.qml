@@ -11,7 +11,7 @@ Column {
     required property int number
 
     readonly property var hours: form.windows[number] ?? ({name: "", days: [], start: "", end: "", timeZone: ""})
-    readonly property var dayNames: ["Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"]
+    readonly property list<string> dayNames: ["Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday", "Sunday"]
 
     function set(field: string, text: string) {
         form.setText(number, field, text);
@@ -54,7 +54,7 @@ Column {
             DayToggle {
                 required property int index
 
-                text: root.dayNames[index].slice(0, 3)
+                text: dayName.slice(0, 3)
                 dayName: root.dayNames[index]
                 checked: root.hours.days.includes(index + 1)
                 onClicked: root.form.toggleDay(root.number, index + 1)

@@ -6,6 +6,7 @@
 #include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
+#include "app/campaigns/EmailVariable.h"
 
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
 
@@ -44,6 +45,12 @@ struct CampaignsStoreType {
   QML_FOREIGN(orv::CampaignsStore)
   QML_NAMED_ELEMENT(CampaignsStore)
   QML_UNCREATABLE("The application model owns it.")
+};
+
+struct EmailVariableType {
+  Q_GADGET
+  QML_FOREIGN(orv::EmailVariable)
+  QML_VALUE_TYPE(emailVariable)
 };
 
 struct LeadAddingType {

@@ -2,17 +2,17 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
+import Orvella.Campaigns
 
 /// The variables to choose from while one is being typed. The keys stay with the field, which hands them on.
 T.Popup {
     id: root
 
-    /// Maps with name, text and group.
-    property var variables: []
+    property list<emailVariable> variables
     /// What was typed of a name.
     property string typed: ""
 
-    readonly property var matches: variables.filter(variable => variable.name.toLowerCase().includes(typed.toLowerCase()))
+    readonly property list<emailVariable> matches: [...variables].filter(variable => variable.name.toLowerCase().includes(typed.toLowerCase()))
 
     signal chosen(string name)
 
@@ -50,7 +50,7 @@ T.Popup {
         delegate: Item {
             id: entry
 
-            required property var modelData
+            required property emailVariable modelData
             required property int index
             // Not a section of the list, which finds no property in a plain value.
             readonly property bool begins: modelData.group !== "" && root.matches[index - 1]?.group !== modelData.group

@@ -3,7 +3,7 @@ import QtQuick
 /// A menu that is made when it is first opened. Not in a file of bound components, which a type declared elsewhere
 /// cannot make.
 Loader {
-    readonly property var popup: item
+    readonly property OrvMenu popup: item as OrvMenu
 
     active: false
 

@@ -12,7 +12,7 @@ FieldFrame {
     property string placeholder: ""
     property bool dismissed: false
     readonly property alias input: input
-    readonly property var matches: {
+    readonly property list<choice> matches: {
         const wanted = input.text.trim().toLowerCase();
         return suggestions.filter(tag => tag.label.toLowerCase().includes(wanted)).slice(0, 6);
     }

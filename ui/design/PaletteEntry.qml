@@ -9,7 +9,7 @@ Item {
     required property int index
     readonly property string title: model.title
     property bool current: false
-    readonly property var keys: (model.chord ?? "").split(" ").filter(key => key !== "")
+    readonly property list<string> keys: (model.chord ?? "").split(" ").filter(key => key !== "")
 
     /// The pointer moved over it; a palette that opens under a resting pointer keeps its first entry.
     signal pointed()
@@ -19,7 +19,7 @@ Item {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: model.subtitle ? title + ", " + model.subtitle : title
-    Accessible.description: keys.join(" then ")
+    Accessible.description: [...keys].join(" then ")
     Accessible.selectable: true
     Accessible.selected: current
     Accessible.onPressAction: pressed()

@@ -20,7 +20,7 @@ QtObject {
     /// The columns that show, from left to right.
     property list<OrvColumn> shown
 
-    readonly property var keys: {
+    readonly property list<string> keys: {
         // Qt 6.4 cannot walk a list of QML types with for…of.
         const keys = [];
         for (let i = 0; i < columns.length; ++i)

@@ -50,7 +50,7 @@ QtObject {
     readonly property color series3: dark ? "#D9577F" : "#CC56B4"
     readonly property color series4: dark ? "#A37BF0" : "#5B36C9"
     /// By a series' place in its chart.
-    readonly property var seriesColors: [series1, series2, series3, series4]
+    readonly property list<color> seriesColors: [series1, series2, series3, series4]
 
     readonly property color scrim: dark ? "#8C000000" : "#47000000"
     readonly property color shadow: dark ? "#8C000000" : "#24000000"
@@ -58,9 +58,9 @@ QtObject {
     readonly property int shadowDrop: dark ? 10 : 8
     readonly property color focusHalo: Qt.alpha(root.focus, 0.28)
     /// Grounds and inks of avatars, by the person's initial.
-    readonly property var avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]
+    readonly property list<color> avatarGrounds: dark ? ["#1C2B3A", "#2B2438", "#1F2E22", "#38281C", "#36232A"]
                                                       : ["#DCE8F4", "#E9E2F3", "#DEEFE2", "#F6E6D8", "#F5E0E4"]
-    readonly property var avatarInks: dark ? ["#A9CBEB", "#CDB9EC", "#A5D6B1", "#EFBE95", "#EFAEBB"]
+    readonly property list<color> avatarInks: dark ? ["#A9CBEB", "#CDB9EC", "#A5D6B1", "#EFBE95", "#EFAEBB"]
                                                    : ["#1F4B75", "#533A80", "#1E5A30", "#7A4210", "#842A3D"]
 
     // Qt 6.4 offers no OpenType features, so figures keep Inter's own widths; columns align by their right edge.

@@ -5,7 +5,7 @@ import Orvella.Design
 FocusScope {
     id: root
 
-    /// As OrvChart takes them.
+    /// As OrvChart takes them. To the linter of Qt 6.4 a QStringList is no list of strings.
     property var days: []
     property var series: []
     /// "chart" or "table".

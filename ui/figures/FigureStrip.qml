@@ -1,13 +1,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
+import Orvella.Figures
 
 /// The figures of a range side by side; in two lines where one is too narrow for their words.
 Flow {
     id: root
 
-    /// Maps with title, value, unit and detail.
-    property var figures: []
+    property list<figure> figures
 
     readonly property int inLine: width < 940 ? Math.ceil(figures.length / 2) : Math.max(1, figures.length)
     // The last one has the longest words.
@@ -21,7 +21,7 @@ Flow {
         Item {
             id: cell
 
-            required property var modelData
+            required property figure modelData
             required property int index
             readonly property bool first: index % root.inLine === 0
 
@@ -31,8 +31,7 @@ Flow {
             clip: true
 
             Accessible.role: Accessible.StaticText
-            Accessible.name: [modelData.title, modelData.value, modelData.unit, modelData.detail]
-                .filter(words => words !== "").join(", ")
+            Accessible.name: modelData.spoken
 
             Rectangle {
                 visible: !cell.first

@@ -55,15 +55,13 @@ QByteArray todayOf(const QByteArray& more) {
 }
 
 /// A line a figure: "title: value unit, detail, warning".
-QStringList lines(const QVariantList& figures) {
+QStringList lines(const QList<Figure>& figures) {
   QStringList lines;
-  for (const QVariant& item : figures) {
-    const QVariantMap map = item.toMap();
-    const auto text = [&map](const QString& key) { return map.value(key).toString(); };
-    QString line = text(u"title"_s) + u": "_s + text(u"value"_s);
-    if (!text(u"unit"_s).isEmpty()) line += u' ' + text(u"unit"_s);
-    for (const auto& key : {u"detail"_s, u"warning"_s})
-      if (!text(key).isEmpty()) line += u", "_s + text(key);
+  for (const Figure& figure : figures) {
+    QString line = figure.title + u": "_s + figure.value;
+    if (!figure.unit.isEmpty()) line += u' ' + figure.unit;
+    for (const QString& more : {figure.detail, figure.warning})
+      if (!more.isEmpty()) line += u", "_s + more;
     lines.append(line);
   }
   return lines;

@@ -193,7 +193,7 @@ class SequenceTabTest : public QObject {
 
   void theLeadsOwnVariablesAreOffered() {
     f->api.answer(preview, R"({"lead":{"email":"a@b.c"},"steps":[],"variables":[{"name":"city","value":"Ghent"}]})");
-    QCOMPARE(editor->variables().last().toMap()[u"name"_s].toString(), u"city"_s);
+    QCOMPARE(editor->variables().last().name, u"city"_s);
     field(u"Email text"_s)->forceActiveFocus();
     for (const char letter : {'{', '{', 'c', 'i'}) QTest::keyClick(view.get(), letter);
     QVERIFY(withText(u"From your leads"_s));
