@@ -26,10 +26,6 @@ const QList<std::pair<QString, QString>>& standardVariables() {
   return variables;
 }
 
-QVariantMap variableOption(const QString& name, const QString& text, const QString& group) {
-  return {{u"name"_s, name}, {u"text"_s, text}, {u"group"_s, group}};
-}
-
 }  // namespace
 
 SequenceEditor::SequenceEditor(CampaignContext& context)
