@@ -46,7 +46,7 @@ T.Popup {
         Accessible.name: "Suggestions"
 
         Repeater {
-            model: choices
+            model: root.options
 
             Rectangle {
                 id: entry
