@@ -80,7 +80,7 @@ QString JSONReader::text() {
   const std::string_view raw = betweenQuotes(value.raw_json_token());
   const Content content = contentOf(raw);
   const bool isShared = content.ascii && !content.escaped && raw.size() <= SharedTexts::longest;
-  if (!isShared) reading.take(qint64(sizeof(QArrayData) + raw.size() * sizeof(QChar)));
+  if (!isShared) reading.take(qint64(textNode + raw.size() * sizeof(QChar)));
   if (content.escaped) return textOf(checked(value.get_string()));
   (void)checked(value.get_raw_json_string());
   if (!content.ascii) return textOf(raw);

@@ -51,8 +51,8 @@ class SharedTexts {
   std::array<Slot, 256> m_slots;
 };
 
-/// What a member of a map takes beside its key's letters.
-constexpr qint64 mapNode = 96;
+/// What a member of a map takes beside its key's letters, and a text beside its own.
+constexpr qint64 mapNode = 96, textNode = 40;
 
 /// What the reading of one answer shares.
 struct Reading {

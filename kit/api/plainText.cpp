@@ -8,7 +8,8 @@ namespace orv {
 namespace {
 
 constexpr qsizetype longestId = 128;
-constexpr qsizetype longestLine = 4096;
+/// 4 kB with the time and the category that stand before it.
+constexpr qsizetype longestLine = 4000;
 const auto ellipsis = u"…"_s;
 
 /// Also what ends a line or turns the direction of those that follow, in whatever shows the log.

@@ -249,12 +249,15 @@ class FormatTest : public QObject {
     QTest::newRow("another port") << u"https://app.orvella.example:444"_s
                                   << std::optional(u"https://app.orvella.example:444"_s);
     QTest::newRow("another host") << u"https://b.example/x"_s << std::optional(u"https://b.example"_s);
-    QTest::newRow("looks like it") << u"https://app.оrvella.example"_s
-                                   << std::optional(u"https://app.xn--rvella-9og.example"_s);
+    QTest::newRow("below it") << u"https://x.app.orvella.example"_s
+                              << std::optional(u"https://x.app.orvella.example"_s);
   }
   void everyOriginButProductionsIsAnother() {
     QFETCH(QString, address);
     QTEST(APIEnvironment::resolve({address}).otherOrigin(), "other");
+    // A letter of another script that looks the same does not stay hidden.
+    const auto alike = APIEnvironment::resolve({u"https://app.\u043ervella.example"_s});
+    QVERIFY(alike.otherOrigin().value_or(QString()).startsWith(u"https://app.xn--"_s));
   }
 
   void whatAProblemSaysIsBounded() {
