@@ -83,6 +83,12 @@ class StoreCache {
     const QList<T*> all = std::exchange(m_objects, {}).values() + std::exchange(m_aside, {}).values();
     for (T* object : all) drop(object);
   }
+  /// Lets go of one now, unsaved or not.
+  void drop(const QString& key) {
+    m_keys.removeOne(key);
+    for (T* object : {m_objects.take(key), m_aside.take(key)})
+      if (object) drop(object);
+  }
   void evictAll() { keepOnly({}); }
   void keepOnly(const QString& key) {
     const QStringList keys = m_keys;

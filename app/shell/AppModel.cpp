@@ -28,8 +28,8 @@ AppModel::AppModel(Platform platform, QObject* parent)
     : QObject(parent),
       m_platform(std::move(platform)),
       m_sessionApi(m_platform.api, m_platform.clock),
-      m_store(m_platform.keychain, m_platform.stateFolder),
       m_toasts(m_platform.clock),
+      m_keeper(m_platform, m_toasts),
       m_router(m_platform.preferences, m_platform.clock),
       m_appearance(m_platform.preferences),
       m_signIn(m_platform.api, m_platform.clock, m_platform.browser, m_platform.baseURL, m_platform.device),
@@ -46,39 +46,20 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_journal,
                  m_jobs,
                  m_platform.baseURL},
-      m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening),
+      m_workspaces(m_sessionApi, m_services),
       m_openPage(m_router),
-      m_departure(
-          m_platform.clock, m_overlays, m_jobs,
-          {.unsaved = [this] { return m_sessions.unsavedWork(); }, .flush = [this] { return m_sessions.flush(); }}) {
-  m_sessions.onNotSaved = [this](const QString& workspace, const WorkspaceSession& session) {
-    m_toasts.show({.message = u"Unsaved changes in %1"_s.arg(session.name()),
-                   .tone = Toasts::Tone::error,
-                   .actionLabel = u"Open"_s,
-                   .action = [this, workspace] { openWorkspace(workspace); },
-                   .detail = session.unsavedWork().join(u'\n')});
-  };
+      m_departure(m_platform.clock, m_overlays, m_jobs,
+                  {.unsaved = [this] { return m_workspaces.unsavedWork(); },
+                   .flush = [this] { return m_workspaces.flush(); }}) {
+  connect(&m_departure, &Departure::closable, this, &AppModel::closable);
+  m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };
-  connect(&m_journal, &Journal::opened, this, [this] {
-    QList<Journal::Entry> kept = m_journal.entries();
-    // Of a page that may not be opened for long: somebody has to say that it is there.
-    std::ranges::sort(kept, std::greater(), &Journal::Entry::keptAt);
-    for (const Journal::Entry& entry : kept) {
-      const QStringList name = entry.key.name.split(u'/');
-      const auto page = Pages::pageNamed(name.value(0));
-      if (!page || name.value(1).isEmpty()) continue;
-      m_toasts.show({.message = u"Unsaved work was kept from last time"_s,
-                     .actionLabel = u"Open"_s,
-                     .action = [this, slug = entry.key.workspace, at = *page, id = name.value(1)] {
-                       openWorkspace(slug);
-                       m_router.openItem(at, id);
-                     }});
-      return;
-    }
-  });
-  connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this, &AppModel::trim);
+  connect(&m_journal, &Journal::opened, this, &AppModel::tellOfKept);
+  connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this,
+          [this] { m_workspaces.trim(m_current ? m_current->slug : QString()); });
+  if (m_platform.network) connect(m_platform.network, &NetworkWatch::cameUp, this, &AppModel::tryAgain);
 }
 
 AppModel::~AppModel() = default;
@@ -91,7 +72,7 @@ void AppModel::start() {
 
 Task<void> AppModel::boot() {
   try {
-    restore(co_await m_store.load());
+    restore(co_await m_keeper.load());
   } catch (const KeychainError& error) {
     qCWarning(lcApp, "No stored session: %s", error.what());
     restore(std::nullopt);
@@ -114,13 +95,12 @@ void AppModel::restore(std::optional<StoredSession> session) {
   m_bootPatience.cancel();
   if (session && session->isExpired(m_platform.clock.now())) {
     qCInfo(lcApp, "The stored session has expired");
-    m_keychain.start(clearSession());
+    m_keeper.forget();
     session.reset();
   }
   // Who is signing in by now goes on with it; what the keyring had to say came too late.
   if (session && !session->workspaces.isEmpty() && !m_signIn.isUnderWay()) {
     m_stored = std::move(session);
-    m_kept = m_stored;
     m_sessionApi.open(*m_stored);
     m_phase = Phase::signedIn;
     m_signIn.reset();
@@ -160,28 +140,14 @@ void AppModel::openInitialWorkspace() {
 }
 
 void AppModel::open(const WorkspaceSummary& workspace) {
-  m_session =
-      m_sessions.open(workspace.slug, [this, &workspace] { return new WorkspaceSession(contextOf(workspace)); });
-  m_session->context().setWorkspace(workspace);
+  m_session = m_workspaces.open(workspace, m_stored->token);
   m_current = workspace;
   m_router.setWorkspace(workspace.slug);
   m_router.setFeaturesOff(m_session->featuresOff());
   m_openPage.setSession(m_session);
   m_stored->currentSlug = workspace.slug;
-  keep();
+  m_keeper.keep(*m_stored);
   Q_EMIT changed();
-}
-
-/// The one that an undo or a job may still hold, though its session has left the cache: the workspace has one feed of
-/// changes.
-std::shared_ptr<WorkspaceContext> AppModel::contextOf(const WorkspaceSummary& workspace) {
-  std::weak_ptr<WorkspaceContext>& known = m_contexts[workspace.slug];
-  if (auto there = known.lock()) return there;
-  const QString token = m_stored->token;
-  const auto made = std::make_shared<WorkspaceContext>(workspace, token, m_sessionApi, m_services,
-                                                       [this, token] { endSession(token); });
-  known = made;
-  return made;
 }
 
 void AppModel::openWorkspace(const QString& slug) {
@@ -222,7 +188,12 @@ void AppModel::refreshAccount() {
     if (m_phase == Phase::signedOut) m_signIn.checkMethods();
     return;
   }
+  tryAgain();
   if (m_account.isIdle()) m_account.start(fetchAccount());
+}
+
+void AppModel::tryAgain() {
+  if (m_session) m_session->context().cameOnline();
 }
 
 Task<void> AppModel::fetchAccount() {
@@ -247,83 +218,37 @@ void AppModel::applyAccount(const MeResponse& account) {
     m_signIn.setNotice(noWorkspaceNotice);
     return;
   }
-  bool currentListed = false;
-  for (const WorkspaceSummary& workspace : account.workspaces) {
-    if (const auto context = m_contexts[workspace.slug].lock()) context->setWorkspace(workspace);
-    if (!m_current || workspace.slug != m_current->slug) continue;
-    m_current = workspace;
-    currentListed = true;
-  }
-  if (!currentListed) return openWorkspace(account.workspaces.first().slug);
-  keep();
+  m_workspaces.update(account.workspaces);
+  const auto open = std::ranges::find(account.workspaces, m_current->slug, &WorkspaceSummary::slug);
+  if (open == account.workspaces.end())
+    leaveWorkspace(*m_current);
+  else
+    m_current = *open;
+  m_workspaces.keepOnly(m_stored->workspaces);
+  m_keeper.keep(*m_stored);
   Q_EMIT changed();
 }
 
-void AppModel::keep() {
-  if (isDemo() || m_kept == m_stored) return;
-  m_kept = m_stored;
-  m_platform.preferences.setSignedInName(m_stored->user.name);
-  m_keychain.start(saveSession(*m_stored));
-}
-
-Task<void> AppModel::saveSession(StoredSession session) {
-  try {
-    co_await m_store.save(session);
-  } catch (const KeychainError& error) {
-    qCWarning(lcApp, "The session is kept in memory only: %s", error.what());
-    if (std::exchange(m_toldUnsaved, true)) co_return;
-    m_toasts.show({.message = u"Your sign-in couldn’t be saved"_s,
-                   .detail = u"The system keyring isn’t available, so Orvella asks again next time."_s});
-  }
-}
-
-Task<void> AppModel::clearSession() {
-  if (isDemo()) co_return;
-  try {
-    co_await m_store.clear(m_platform.clock.now());
-  } catch (const KeychainError& error) {
-    qCWarning(lcApp, "The stored session could not be removed: %s", error.what());
-    if (error.reason() == KeychainError::Reason::absent) co_return;
-    m_toasts.show({.message = u"Your sign-in is still in the system keyring"_s,
-                   .tone = Toasts::Tone::error,
-                   .detail = u"It couldn’t be removed. Unlock the keyring, then sign in and out once more."_s});
-  }
+void AppModel::leaveWorkspace(const WorkspaceSummary& lost) {
+  const QString unsaved = m_session->unsavedWork().join(u'\n');
+  // Screens let go of their stores before the stores go.
+  openWorkspace(m_stored->workspaces.first().slug);
+  m_toasts.show({.message = u"You’re no longer in "_s + lost.name,
+                 .tone = Toasts::Tone::error,
+                 .detail = unsaved.isEmpty() ? u"Somebody there took you out of it."_s : unsaved});
 }
 
 void AppModel::signOut() {
-  if (m_stored) m_leaving.start(signOutTask());
-}
-
-bool AppModel::mayClose() {
-  if (m_closable || !m_departure.isUnsaved()) return true;
-  // A second wish to close is no other one.
-  if (!std::exchange(m_closing, true) || m_leaving.isIdle()) m_leaving.start(closeTask());
-  return false;
-}
-
-Task<void> AppModel::closeTask() {
-  const bool cutsOff = m_jobs.running() > 0;
-  const bool goes = co_await m_departure.mayGo(
-      {.question = u"Close without saving?"_s,
-       .confirm = u"Close"_s,
-       .price = cutsOff ? u"What you wrote is kept on this computer. What is under way is cut off."_s
-                        : u"What you wrote is kept on this computer for when you’re back."_s,
-       .now = u"Close now"_s});
-  m_closing = false;
-  if (!goes) co_return;
-  m_closable = true;
-  Q_EMIT closable();
-}
-
-Task<void> AppModel::signOutTask() {
-  m_closing = false;
-  const bool goes = co_await m_departure.mayGo({.question = u"Sign out without saving?"_s,
-                                                .confirm = u"Sign out"_s,
-                                                .price = u"They would be lost."_s,
-                                                .now = u"Sign out now"_s});
-  if (!goes || !m_stored) co_return;
-  m_farewells.start(logOut(m_stored->token));
-  leave(Leaving::byChoice);
+  if (!m_stored) return;
+  const Departure::Words words{.question = u"Sign out without saving?"_s,
+                               .confirm = u"Sign out"_s,
+                               .price = u"They would be lost."_s,
+                               .now = u"Sign out now"_s};
+  m_departure.go(words, [this] {
+    if (!m_stored) return;
+    m_farewells.start(logOut(m_stored->token));
+    leave(Leaving::byChoice);
+  });
 }
 
 Task<void> AppModel::logOut(QString token) {
@@ -343,8 +268,7 @@ void AppModel::endSession(const QString& token) {
 }
 
 void AppModel::leave(Leaving why) {
-  m_leaving.cancel();
-  m_closing = false;
+  m_departure.cancel();
   // Before the stores go: they have what was typed.
   why == Leaving::byChoice ? m_journal.forget() : m_journal.close();
   m_account.cancel();
@@ -353,7 +277,6 @@ void AppModel::leave(Leaving why) {
   m_toasts.clear();
   m_stored.reset();
   m_sessionApi.close();
-  m_kept.reset();
   m_current.reset();
   m_session = nullptr;
   // Screens let go of their stores before the stores go.
@@ -362,24 +285,33 @@ void AppModel::leave(Leaving why) {
   m_signIn.reset();
   m_router.reset();
   Q_EMIT changed();
-  m_sessions.clear();
+  m_workspaces.clear();
   for (const QString& name : m_jobs.clear())
     if (why == Leaving::sessionEnded)
       m_toasts.show({.message = name + u" was cut off"_s,
                      .tone = Toasts::Tone::error,
                      .detail = u"Your session ended before it was done."_s});
-  // What outlives a session (an undo, a job) does not outlive the sign-in.
-  for (const auto& context : std::exchange(m_contexts, {}))
-    if (const auto there = context.lock()) there->close();
-  m_platform.preferences.setSignedInName({});
-  m_keychain.start(clearSession());
+  m_keeper.forget();
   m_signIn.checkMethods();
 }
 
-void AppModel::trim() {
-  if (!m_current) return m_sessions.clear();
-  m_sessions.keepOnly(m_current->slug);
-  m_session->trim();
+void AppModel::tellOfKept() {
+  QList<Journal::Entry> kept = m_journal.entries();
+  std::ranges::sort(kept, std::greater(), &Journal::Entry::keptAt);
+  for (const Journal::Entry& entry : kept) {
+    const QStringList name = entry.key.name.split(u'/');
+    const auto page = Pages::pageNamed(name.value(0));
+    const auto workspace = std::ranges::find(m_stored->workspaces, entry.key.workspace, &WorkspaceSummary::slug);
+    if (!page || name.value(1).isEmpty() || workspace == m_stored->workspaces.end()) continue;
+    // Of a page that may not be opened for long: somebody has to say that it is there.
+    m_toasts.show({.message = u"Unsaved work was kept from last time"_s,
+                   .actionLabel = u"Open"_s,
+                   .action = [this, slug = entry.key.workspace, at = *page, id = name.value(1)] {
+                     openWorkspace(slug);
+                     m_router.openItem(at, id);
+                   }});
+    return;
+  }
 }
 
 QString AppModel::userName() const { return m_stored ? m_stored->user.name : QString(); }

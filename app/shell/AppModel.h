@@ -9,39 +9,17 @@
 #include "app/base/Jobs.h"
 #include "app/base/Journal.h"
 #include "app/base/Services.h"
-#include "app/base/StoreCache.h"
-#include "app/base/desktop/MemoryPressure.h"
 #include "app/shell/Appearance.h"
 #include "app/shell/Departure.h"
 #include "app/shell/OpenPage.h"
+#include "app/shell/Platform.h"
 #include "app/shell/Router.h"
+#include "app/shell/SessionKeeper.h"
 #include "app/shell/SignInModel.h"
-#include "app/shell/WorkspaceSession.h"
-#include "kit/session/SessionStore.h"
+#include "app/shell/WarmWorkspaces.h"
 #include "kit/session/SessionTransport.h"
 
 namespace orv {
-
-/// What the process gives the application: everything that touches the network, the desktop or time.
-struct Platform {
-  APITransport& api;
-  Keychain& keychain;
-  Clock& clock;
-  Preferences& preferences;
-  Browser& browser;
-  Clipboard& clipboard;
-  FilePanel& filePanel;
-  FileRevealer& revealer;
-  MemoryPressure& memoryPressure;
-  QUrl baseURL;
-  Device device;
-  /// Set in demo mode: the session that is simply there. Nothing is then read from or written to the keychain.
-  std::optional<StoredSession> demoSession;
-  /// Where the person's state is kept that is no setting; empty to keep none.
-  QString stateFolder = {};
-  /// Where what is typed survives this process; null keeps it in memory alone.
-  JournalFiles* journalFiles = nullptr;
-};
 
 /// The application's root: signed out or signed in, and the few workspaces kept warm.
 class AppModel final : public QObject {
@@ -66,8 +44,6 @@ class AppModel final : public QObject {
   enum class Phase { booting, signedOut, signedIn };
   Q_ENUM(Phase)
 
-  static constexpr qsizetype sessionsAtMost = 3;
-
   explicit AppModel(Platform platform, QObject* parent = nullptr);
   ~AppModel() override;
 
@@ -81,7 +57,7 @@ class AppModel final : public QObject {
   const std::optional<WorkspaceSummary>& current() const { return m_current; }
   WorkspaceSession* session() const { return m_session; }
   /// Slugs of the warm workspace sessions, oldest first.
-  const QStringList& sessionOrder() const { return m_sessions.keys(); }
+  const QStringList& sessionOrder() const { return m_workspaces.order(); }
 
   /// Who was signed in when the program last ran; empty when nobody was.
   QString greetedName() const { return m_platform.preferences.signedInName(); }
@@ -104,11 +80,11 @@ class AppModel final : public QObject {
   /// Saves what is unsaved first, and asks when that does not work.
   Q_INVOKABLE void signOut();
   /// The window wants to close. False when something has to be saved first; closable() tells when that is done.
-  Q_INVOKABLE bool mayClose();
+  Q_INVOKABLE bool mayClose() { return m_departure.mayClose(); }
   /// The window became active: workspaces and roles may have changed meanwhile, or the session run out.
   Q_INVOKABLE void refreshAccount();
   /// A sign-out or a save is under way that the person would miss if the program ended now.
-  bool isFinishing() const { return !m_keychain.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
+  bool isFinishing() const { return !m_keeper.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
 
  Q_SIGNALS:
   void changed();
@@ -120,7 +96,6 @@ class AppModel final : public QObject {
   void adopt(StoredSession session);
   void restore(std::optional<StoredSession> session);
   void open(const WorkspaceSummary& workspace);
-  std::shared_ptr<WorkspaceContext> contextOf(const WorkspaceSummary& workspace);
   void openInitialWorkspace();
   /// With the open session's token; a 401 ends that session.
   template <class R>
@@ -128,22 +103,22 @@ class AppModel final : public QObject {
   Task<void> rememberWorkspace(QString slug);
   Task<void> fetchAccount();
   void applyAccount(const MeResponse& account);
-  void keep();
-  Task<void> saveSession(StoredSession session);
-  Task<void> clearSession();
-  Task<void> signOutTask();
-  Task<void> closeTask();
+  /// The open workspace is none of theirs any more.
+  void leaveWorkspace(const WorkspaceSummary& lost);
+  /// What was being typed when the program last ended, and is not on the screen.
+  void tellOfKept();
   Task<void> logOut(QString token);
   void endSession(const QString& token);
   /// What was typed stays for the same person, unless they go by choice.
   enum class Leaving { byChoice, sessionEnded };
   void leave(Leaving why);
-  void trim();
+  /// There may be a connection again.
+  void tryAgain();
 
   Platform m_platform;
   SessionTransport m_sessionApi;
-  SessionStore m_store;
   Toasts m_toasts;
+  SessionKeeper m_keeper;
   Overlays m_overlays;
   Router m_router;
   Appearance m_appearance;
@@ -155,28 +130,17 @@ class AppModel final : public QObject {
 
   Phase m_phase = Phase::booting;
   std::optional<StoredSession> m_stored;
-  /// What the keychain was last given: each write may make the desktop ask for the keyring's password.
-  std::optional<StoredSession> m_kept;
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
-  StoreCache<WorkspaceSession> m_sessions;
+  WarmWorkspaces m_workspaces;
   OpenPage m_openPage;
   Departure m_departure;
-  QHash<QString, std::weak_ptr<WorkspaceContext>> m_contexts;
 
   TaskSlot m_boot;
   TaskSlot m_bootPatience;
   TaskSlot m_account;
   TaskSlot m_remember;
-  /// Saves what is unsaved before the person goes.
-  TaskSlot m_leaving;
-  /// The person was asked whether what could not be saved may go.
-  bool m_closable = false;
-  bool m_closing = false;
-  /// Keychain writes, one after the other: a save overtaken by the clear of a sign-out would bring the session back.
-  TaskSlot m_keychain;
   TaskScope m_farewells;
-  bool m_toldUnsaved = false;
 };
 
 }  // namespace orv

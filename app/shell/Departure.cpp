@@ -32,13 +32,48 @@ Departure::Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QO
 
 QStringList Departure::lines() const { return m_work.unsaved() + m_jobs.unsavedWork(); }
 
+void Departure::go(Words words, std::function<void()> then) {
+  m_closing = false;
+  m_going.start(goTask(std::move(words), std::move(then)));
+}
+
+Task<void> Departure::goTask(Words words, std::function<void()> then) {
+  if (co_await mayGo(std::move(words))) then();
+}
+
+bool Departure::mayClose() {
+  if (m_closable || lines().isEmpty()) return true;
+  // A second wish to close is no other one.
+  if (!std::exchange(m_closing, true) || m_going.isIdle()) m_going.start(closeTask());
+  return false;
+}
+
+Task<void> Departure::closeTask() {
+  const bool cutsOff = m_jobs.running() > 0;
+  const bool goes =
+      co_await mayGo({.question = u"Close without saving?"_s,
+                      .confirm = u"Close"_s,
+                      .price = cutsOff ? u"What you wrote is kept on this computer. What is under way is cut off."_s
+                                       : u"What you wrote is kept on this computer for when you’re back."_s,
+                      .now = u"Close now"_s});
+  m_closing = false;
+  if (!goes) co_return;
+  m_closable = true;
+  Q_EMIT closable();
+}
+
+void Departure::cancel() {
+  m_going.cancel();
+  m_closing = false;
+}
+
 Task<bool> Departure::mayGo(Words words) {
   m_words = std::move(words);
   auto choice = Choice::saved;
   {
     const Waiting waiting(*this);
     // Somebody may have written more while the last save was under way.
-    for (int round = 0; choice == Choice::saved && isUnsaved(); ++round) {
+    for (int round = 0; choice == Choice::saved && !lines().isEmpty(); ++round) {
       if (round == roundsAtMost) {
         choice = Choice::notSaved;
         break;

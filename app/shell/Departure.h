@@ -43,9 +43,12 @@ class Departure final : public QObject {
 
   Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QObject* parent = nullptr);
 
-  bool isUnsaved() const { return !lines().isEmpty(); }
-  /// True when nothing keeps the person any more, or they go all the same.
-  Task<bool> mayGo(Words words);
+  /// Runs `then` when nothing keeps the person any more, or they go all the same. A later wish takes its place.
+  void go(Words words, std::function<void()> then);
+  /// The window wants to close. False when something has to be saved first; closable() tells when that is done.
+  bool mayClose();
+  /// They have gone in another way.
+  void cancel();
 
   /// The dialog that shows what is being saved.
   bool saving() const { return m_saving; }
@@ -56,12 +59,16 @@ class Departure final : public QObject {
 
  Q_SIGNALS:
   void changed();
+  void closable();
 
  private:
   enum class Choice { saved, notSaved, stay, goNow };
   class Waiting;
   static constexpr int roundsAtMost = 5;
 
+  Task<bool> mayGo(Words words);
+  Task<void> goTask(Words words, std::function<void()> then);
+  Task<void> closeTask();
   QStringList lines() const;
   Task<bool> ask();
   Task<void> save();
@@ -78,6 +85,11 @@ class Departure final : public QObject {
   OneShot<bool> m_jobsDone;
   std::unique_ptr<Clock::Timer> m_patience;
   TaskSlot m_task;
+  /// The wish to go that is being looked after.
+  TaskSlot m_going;
+  bool m_closing = false;
+  /// The person was asked whether what could not be saved may go.
+  bool m_closable = false;
 };
 
 }  // namespace orv

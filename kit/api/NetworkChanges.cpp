@@ -24,16 +24,6 @@ std::chrono::nanoseconds reading(clockid_t clock) {
 /// How long the machine has been asleep since it was started: one clock goes on meanwhile, the other does not.
 std::chrono::nanoseconds timeAsleep() { return reading(CLOCK_BOOTTIME) - reading(CLOCK_MONOTONIC); }
 
-int routingSocket() {
-  const int socket = ::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE);
-  sockaddr_nl address{};
-  address.nl_family = AF_NETLINK;
-  address.nl_groups = RTMGRP_LINK | RTMGRP_IPV4_IFADDR | RTMGRP_IPV6_IFADDR | RTMGRP_IPV4_ROUTE | RTMGRP_IPV6_ROUTE;
-  if (socket >= 0 && ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) return socket;
-  if (socket >= 0) ::close(socket);
-  return -1;
-}
-
 /// What only comes beside the rest (an address more, a link that goes on running) leaves old connections alone.
 bool endsConnections(const nlmsghdr* message) {
   switch (message->nlmsg_type) {
@@ -51,7 +41,17 @@ bool endsConnections(const nlmsghdr* message) {
 
 }  // namespace
 
-NetworkChanges::NetworkChanges() : NetworkChanges(routingSocket()) {}
+int NetworkChanges::listen() {
+  const int socket = ::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE);
+  sockaddr_nl address{};
+  address.nl_family = AF_NETLINK;
+  address.nl_groups = RTMGRP_LINK | RTMGRP_IPV4_IFADDR | RTMGRP_IPV6_IFADDR | RTMGRP_IPV4_ROUTE | RTMGRP_IPV6_ROUTE;
+  if (socket >= 0 && ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) return socket;
+  if (socket >= 0) ::close(socket);
+  return -1;
+}
+
+NetworkChanges::NetworkChanges() : NetworkChanges(listen()) {}
 
 NetworkChanges::NetworkChanges(int socket) : m_socket(socket), m_asleep(timeAsleep()) {}
 
@@ -72,11 +72,13 @@ bool NetworkChanges::slept() {
   return true;
 }
 
-bool NetworkChanges::moved() {
+bool NetworkChanges::moved() { return hear(m_socket, endsConnections); }
+
+bool NetworkChanges::hear(int socket, bool (*concerns)(const nlmsghdr* message)) {
   bool found = false;
   alignas(nlmsghdr) std::array<char, 16384> bytes;
-  while (m_socket >= 0) {
-    const ssize_t count = ::recv(m_socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
+  while (socket >= 0) {
+    const ssize_t count = ::recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
     // More has happened than the kernel kept for us.
     if (count < 0 && errno == ENOBUFS) found = true;
     if (count < 0 && (errno == ENOBUFS || errno == EINTR)) continue;
@@ -84,7 +86,7 @@ bool NetworkChanges::moved() {
     auto left = unsigned(count);
     for (const auto* message = reinterpret_cast<const nlmsghdr*>(bytes.data()); NLMSG_OK(message, left);
          message = NLMSG_NEXT(message, left))
-      found = found || endsConnections(message);
+      found = found || concerns(message);
   }
   return found;
 }

@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+struct nlmsghdr;
+
 namespace orv {
 
 /// Tells whether connections made earlier may have died without a word: the machine slept, or moved to another network.
@@ -18,6 +20,11 @@ class NetworkChanges {
 
   /// Since the last call.
   bool happened();
+
+  /// A socket on which the kernel tells of links, addresses and routes; -1 where it does not.
+  static int listen();
+  /// Reads what has come; whether any of it concerns the caller, or some was lost.
+  static bool hear(int socket, bool (*concerns)(const nlmsghdr* message));
 
  private:
   bool slept();

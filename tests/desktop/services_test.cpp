@@ -1,3 +1,7 @@
+#include <linux/rtnetlink.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -14,6 +18,7 @@
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/NetworkMonitor.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "kit/async/ManualClock.h"
 #include "kit/async/TaskScope.h"
@@ -519,6 +524,33 @@ class ServicesTest : public QObject {
     QVERIFY(contents(path).contains("line 99 "));
     { LogFile again(folder, {2000, 2}); }
     QVERIFY(contents(path).contains("line 99 "));
+  }
+
+  void aNetworkThatCameUpIsToldOnceItHasSettled() {
+    ManualClock clock;
+    std::array<int, 2> kernel;
+    QCOMPARE(::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, kernel.data()), 0);
+    NetworkMonitor monitor(clock, kernel[0]);
+    QSignalSpy up(&monitor, &NetworkWatch::cameUp);
+    const auto tell = [&](quint16 type) {
+      nlmsghdr message{};
+      message.nlmsg_len = sizeof message;
+      message.nlmsg_type = type;
+      QCOMPARE(::send(kernel[1], &message, sizeof message, 0), ssize_t(sizeof message));
+      QCoreApplication::processEvents();
+    };
+    tell(RTM_NEWLINK);
+    tell(RTM_DELROUTE);
+    clock.advance(5s);
+    QCOMPARE(up.count(), 0);
+    tell(RTM_NEWROUTE);
+    clock.advance(900ms);
+    tell(RTM_NEWROUTE);
+    clock.advance(900ms);
+    QCOMPARE(up.count(), 0);
+    clock.advance(200ms);
+    QCOMPARE(up.count(), 1);
+    ::close(kernel[1]);
   }
 };
 

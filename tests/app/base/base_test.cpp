@@ -418,7 +418,7 @@ class BaseTest : public QObject {
   void cachesKeepUnsavedWork() {
     QStringList closed, notSaved;
     StoreCache<Kept> cache(1, StoreCache<Kept>::Order::firstOpening);
-    cache.onNotSaved = [&](const Kept& kept) { notSaved.append(kept.objectName()); };
+    cache.onNotSaved = [&](const QString&, const Kept& kept) { notSaved.append(kept.objectName()); };
     const auto open = [&](const QString& key) { return cache.open(key, [&] { return new Kept(key, closed); }); };
     const auto openUnsaved = [&](const QString& key) {
       Kept* kept = open(key);
