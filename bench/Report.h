@@ -43,10 +43,13 @@ inline void line(const char* what, double value, const char* unit, const char* g
 }
 
 bool analytics(Scale scale);
+/// Takes minutes, so it is measured only when it is named.
+bool build(Scale scale);
 bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);
 bool leads(Scale scale);
+bool lists(Scale scale);
 bool start(Scale scale);
 bool window(Scale scale);
 

@@ -130,6 +130,7 @@ bool decode(Scale scale) {
     toolkit.ms.push_back(milliseconds([&] { (void)byToolkit(json); }));
     parser.ms.push_back(milliseconds([&] { (void)byParserAlone(padded); }));
   }
+  std::printf("  medians of %d rounds, in turns\n", rounds);
   line("records, median", ours.median(), "ms");
   line("the toolkit’s JSON classes, median (baseline)", toolkit.median(), "ms");
   line("the parser alone, median (baseline)", parser.median(), "ms");

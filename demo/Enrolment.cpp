@@ -55,8 +55,14 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
   lead.currentStep = step;
   const QDateTime end = lastSend(record, now);
   const qint64 seconds = std::max<qint64>(1, launched->secsTo(end));
-  const QDateTime first = launched->addSecs(random.below(seconds));
-  const QDateTime last = step == 1 ? first : first.addSecs(random.below(first.secsTo(end) + 1));
+  // The steps wait as they are meant to: last sends that fell anywhere behind the first would crowd towards the end.
+  qint64 waits = 0;
+  for (qint64 before = 1; before < step; ++before) waits += campaign.steps()[before].delayMinutes * 60;
+  waits = std::min(waits, seconds - 1);
+  const QDateTime first = launched->addSecs(random.below(seconds - waits));
+  const QDateTime due = first.addSecs(waits);
+  const qint64 late = std::clamp<qint64>(due.secsTo(end), 0, 4 * 3600);
+  const QDateTime last = step == 1 ? first : due.addSecs(random.below(late + 1));
   lead.firstSentAt = formatPlatformDate(first);
   lead.lastSentAt = formatPlatformDate(last);
   if (status == "replied"_L1) {

@@ -6,7 +6,6 @@
 #include <QLoggingCategory>
 #include <QOpenGLContext>
 #include <QQuickStyle>
-#include <QSessionManager>
 #include <QTextStream>
 #include <QTimer>
 
@@ -22,16 +21,18 @@
 #include "desktop/services/ColorSchemeWatcher.h"
 #include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/DesktopProxy.h"
-#include "desktop/services/EndSignals.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/JournalFolder.h"
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
+#include "desktop/services/NetworkMonitor.h"
 #include "desktop/services/Programs.h"
 #include "desktop/services/SchemeRegistration.h"
+#include "desktop/services/ProcessEnd.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "desktop/services/SingleInstance.h"
 #include "kit/api/APIClient.h"
+#include "kit/session/KeptPlaces.h"
 #include "kit/session/SecretServiceKeychain.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -94,22 +95,6 @@ void letFinish(const AppModel& app) {
   while (app.isFinishing() && !deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-/// The ways in which the process ends without anybody closing the window.
-void keepWhatIsTyped(QGuiApplication& application, const EndSignals& signals, AppModel& app) {
-  QObject::connect(&signals, &EndSignals::asked, &app, [&app] {
-    app.journal().finish();
-    QCoreApplication::quit();
-  });
-  QObject::connect(&application, &QCoreApplication::aboutToQuit, &app, [&app] { app.journal().finish(); });
-  // Only where the desktop has a session manager. Its log-out asks as closing does: it is called off while the person
-  // is asked. The answer cannot be waited for here.
-  const auto logOut = [&app](QSessionManager& manager) {
-    app.journal().finish();
-    if (manager.allowsInteraction() && !app.mayClose()) manager.cancel();
-  };
-  QObject::connect(&application, &QGuiApplication::commitDataRequest, &app, logOut, Qt::DirectConnection);
-}
-
 /// Whether somebody waits for one: a page that opens links by itself has no business raising the window.
 bool takeLinks(SignInModel& signIn, const QStringList& links) {
   bool isExpected = false;
@@ -130,9 +115,11 @@ int run(QGuiApplication& application, const Options& options) {
   DesktopFilePanel files(QDBusConnection::sessionBus());
   FileManagerRevealer revealer(QDBusConnection::sessionBus());
   MemoryPressureMonitor memoryPressure(clock, QDBusConnection::systemBus());
-  SecretServiceKeychain keyring(applicationId, u"Orvella"_s, clock);
-  MemoryKeychain memory(applicationId);
   APIClient client;
+  const auto kept = KeptPlaces::of(client.environment(), applicationId, LogFile::defaultFolder());
+  NetworkMonitor network(clock);
+  SecretServiceKeychain keyring(kept.keychainService, u"Orvella"_s, clock);
+  MemoryKeychain memory(kept.keychainService);
   DesktopProxy proxy(QDBusConnection::sessionBus(), client.environment().baseURL,
                      [&client](std::optional<QByteArray> found) { client.useProxy(std::move(found)); });
   std::optional<Demo> sample;
@@ -155,8 +142,9 @@ int run(QGuiApplication& application, const Options& options) {
                     client.environment().baseURL,
                     ClientWindow::thisDevice(),
                     {},
-                    options.fresh ? QString() : LogFile::defaultFolder()};
+                    options.fresh ? QString() : kept.stateFolder};
   JournalFolder journal(LogFile::defaultFolder() + u"/journal"_s);
+  platform.network = &network;
   // The sample and a start without a keyring leave nothing behind.
   if (!sample && !options.fresh) platform.journalFiles = &journal;
   if (sample) platform.demoSession = StoredSession::from(sample->service.signInDirectly(), clock.now());
@@ -173,8 +161,7 @@ int run(QGuiApplication& application, const Options& options) {
   follow(desktop, *app.appearance());
   QObject::connect(&desktop, &ColorSchemeWatcher::changed, &app, [&] { follow(desktop, *app.appearance()); });
 
-  const EndSignals endSignals;
-  keepWhatIsTyped(application, endSignals, app);
+  const ProcessEnd processEnd(application, app);
 
   app.start();
   QQuickWindow* window = main.open();

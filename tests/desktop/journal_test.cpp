@@ -1,9 +1,11 @@
 #include <QDir>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <csignal>
 
+#include "app/base/Journal.h"
 #include "desktop/services/EndSignals.h"
 #include "desktop/services/JournalFolder.h"
 #include "tests/support/await.h"
@@ -55,6 +57,37 @@ class JournalFolderTest : public QObject {
       QVERIFY(asked.wait());
     }
     QCOMPARE(asked.count(), 2);
+  }
+
+  void whatIsTypedSurvivesTheProcess_data() {
+    QTest::addColumn<QStringList>("more");
+    QTest::addColumn<QByteArray>("last");
+    QTest::addColumn<int>("signal");
+    QTest::newRow("told to end at once") << QStringList() << QByteArray("typed") << SIGTERM;
+    QTest::newRow("killed a second after it was typed") << QStringList() << QByteArray("typed") << SIGKILL;
+    QTest::newRow("the desktop’s session ends") << QStringList{u"--log-out"_s} << QByteArray("logged out") << SIGKILL;
+  }
+  void whatIsTypedSurvivesTheProcess() {
+    QFETCH(QStringList, more);
+    QFETCH(QByteArray, last);
+    QFETCH(int, signal);
+    const QTemporaryDir place;
+    const QDir folder(place.filePath(u"journal"_s));
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(QStringLiteral(ORVELLA_TYPING), QStringList{folder.path()} + more);
+    QByteArray said;
+    QTRY_VERIFY_WITH_TIMEOUT((said += program.readAllStandardOutput()).contains(last), 20000);
+    if (last == "typed" && signal == SIGKILL)
+      QTRY_VERIFY_WITH_TIMEOUT(!folder.entryList(QDir::Files).isEmpty(), Journal::wait.count() + 3000);
+    QCOMPARE(::kill(pid_t(program.processId()), signal), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, 20000);
+    // Told to end it ends in order; what it then leaks the sanitizer turns into an exit code.
+    QCOMPARE(program.exitStatus(), signal == SIGTERM ? QProcess::NormalExit : QProcess::CrashExit);
+    if (signal == SIGTERM) QCOMPARE(program.exitCode(), 0);
+    const auto kept = await(JournalFolder(folder.path()).readAll());
+    QCOMPARE(kept.size(), 1);
+    QVERIFY(kept.first().contains("Spring fair"));
   }
 
   void aDiskThatTakesNothing() {
