@@ -168,6 +168,12 @@ class PagedList final : public PagedListBase {
   const Page* head() const { return m_head ? &*m_head : nullptr; }
   /// What is shown is the answer to the question before.
   bool asksAnew() const { return m_asksAnew; }
+  /// What is known of it otherwise, until a page says it anew.
+  void amendHead(const std::function<void(Page&)>& amend) {
+    if (!m_head) return;
+    amend(*m_head);
+    Q_EMIT changed();
+  }
 
   /// What matches is another matter than before.
   void arrange() {
@@ -183,19 +189,14 @@ class PagedList final : public PagedListBase {
 
   /// The record is this by now, wherever it stands; false when it has not been read.
   bool put(const Item& item) {
-    Row row = made(item);
-    if (!contains(row.id)) return false;
-    noteChange(row.id);
-    m_rows.put(row);
-    if (!show({row})) arrangeSoon();
+    if (!take(item)) return false;
     rowsChanged();
     return true;
   }
 
   /// The records are no longer in the list.
   void takeOut(const QStringList& ids) {
-    for (const QString& id : ids) noteChange(id);
-    m_rows.remove(QSet<QString>(ids.begin(), ids.end()));
+    forget(ids);
     m_model.update(arranged());
     rowsChanged();
   }
@@ -351,15 +352,30 @@ class PagedList final : public PagedListBase {
                        (at + 1 == shown.size() || !m_less(shown[at + 1], shown[at])));
   }
 
-  /// Many changes may come in one turn of the event loop.
-  void arrangeSoon() {
-    if (std::exchange(m_isArranging, true)) return;
+  bool take(const Item& item) {
+    Row row = made(item);
+    if (!contains(row.id)) return false;
+    noteChange(row.id);
+    m_rows.put(row);
+    if (!show({row})) tellSoon(true);
+    return true;
+  }
+
+  void forget(const QStringList& ids) {
+    for (const QString& id : ids) noteChange(id);
+    m_rows.remove(QSet<QString>(ids.begin(), ids.end()));
+  }
+
+  /// News of many records may come in one turn of the event loop; they are arranged and told of once.
+  void tellSoon(bool arranges) {
+    m_arrangesSoon |= arranges;
+    if (std::exchange(m_tellsSoon, true)) return;
     QMetaObject::invokeMethod(
         this,
         [this] {
-          m_isArranging = false;
-          m_model.update(arranged());
-          Q_EMIT changed();
+          m_tellsSoon = false;
+          if (std::exchange(m_arrangesSoon, false)) m_model.update(arranged());
+          rowsChanged();
         },
         Qt::QueuedConnection);
   }
@@ -371,11 +387,16 @@ class PagedList final : public PagedListBase {
   void follow(const Change<Record>& change) {
     using Kind = typename Change<Record>::Kind;
     if (!isAsked() || m_isTelling) return;
-    if (change.kind == Kind::gone) return takeOut({change.id});
+    if (change.kind == Kind::gone) {
+      forget({change.id});
+      return tellSoon(true);
+    }
     if (change.kind == Kind::stale) return change.id.isEmpty() ? markStale() : recordStale(change.id);
-    if constexpr (std::is_same_v<Record, Item>)
+    if constexpr (std::is_same_v<Record, Item>) {
+      if (take(*change.record)) return tellSoon(false);
       // Somebody here made or restored it; where it stands only the service knows.
-      if (!put(*change.record) && change.acted && m_isWhole) markStale();
+      if (change.acted && m_isWhole) markStale();
+    }
   }
 
   Loader m_loader;
@@ -385,7 +406,8 @@ class PagedList final : public PagedListBase {
   Model m_model;
   std::optional<Page> m_head;
   QHash<QString, Stamp> m_changed;
-  bool m_isArranging = false;
+  bool m_tellsSoon = false;
+  bool m_arrangesSoon = false;
 };
 
 }  // namespace orv

@@ -361,6 +361,7 @@ class PagedListTest : public QObject {
     changes.publish(thing(1, u"One anew"_s, 6), changes.stamp(), true);
     QCOMPARE(nameOf(1), u"One anew"_s);
     changes.gone<Thing>(u"t2"_s, changes.stamp());
+    settle();
     QCOMPARE(shown(), QStringList{u"t1"_s});
     // A reading that is older than what is known changes nothing.
     list->load();
@@ -375,6 +376,24 @@ class PagedListTest : public QObject {
     QCOMPARE(shown(), (QStringList{u"t1"_s, u"t2"_s, u"t3"_s}));
     changes.stale<Thing>(u"t3"_s);
     QCOMPARE(pages->asked.size(), size_t(4));
+  }
+
+  void newsOfManyCostLittle() {
+    make({.whole = true});
+    list->setOrder([](const ThingRow& a, const ThingRow& b) { return a.record().name < b.record().name; });
+    list->load();
+    pages->give(page(counted(0, 10'000)));
+    QSignalSpy told(list, &ResourceBase::valueChanged), moved(list->rows(), &QAbstractItemModel::rowsMoved);
+    Changes& changes = life->f.context->changes();
+    for (int number = 0; number < 200; ++number)
+      changes.publish(thing(number * 7, u"Zebra %1"_s.arg(number)), changes.stamp(), true);
+    changes.gone<Thing>(u"t1"_s, changes.stamp());
+    QVERIFY(told.isEmpty());
+    settle();
+    QCOMPARE(told.count(), 1);
+    QVERIFY(moved.count() <= 200);
+    QCOMPARE(list->rows()->count(), 9'999);
+    QVERIFY(std::ranges::is_sorted(list->rows()->records(), {}, [](const ThingRow& row) { return row.record().name; }));
   }
 
   void ticksAreOfRecords() {
