@@ -40,6 +40,15 @@ if(CMAKE_BUILD_TYPE STREQUAL "Debug")
   set(CMAKE_CXX_FLAGS_DEBUG "-g1")
 endif()
 
+# What a fault in memory can be turned into is bounded by the compiler and the linker; scripts/check-hardening reads the
+# program for it. The sanitizers have their own ways, which these get in.
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  include(CheckPIESupported)
+  check_pie_supported()
+  add_compile_options(-fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
+endif()
+
 set(ORVELLA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 if(ORVELLA_SANITIZE)
   add_compile_options(-fsanitize=${ORVELLA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)

@@ -17,9 +17,12 @@ struct Writing {
 
   /// Empty on success, else the system's reason.
   QString write(const QString& path) const {
+    const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
     const QByteArray bytes = text();
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return file.errorString();
+    // Leads are nobody else's business. One that is there keeps the rights that it was given.
+    if (isNew) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     if (stopped) return {};
     return file.commit() ? QString() : file.errorString();
   }
@@ -30,6 +33,24 @@ struct Hold {
   std::shared_ptr<Writing> writing;
   ~Hold() { writing->stopped = true; }
 };
+
+/// A file name made of somebody's words: what separates folders or cannot be seen is left out, and it is not longer
+/// than file systems take, its ending and what is added to it while it is written included.
+QString usableName(const QString& wanted) {
+  constexpr qsizetype mostBytes = 240;
+  QString name = wanted;
+  for (QChar& c : name) {
+    if (c == u'/') c = u'-';
+    if (!c.isPrint() && !c.isSurrogate()) c = u' ';
+  }
+  const qsizetype dot = name.lastIndexOf(u'.');
+  const QString ending = dot < 0 ? QString() : name.sliced(dot);
+  QString stem = name.first(dot < 0 ? name.size() : dot).simplified();
+  // Hidden files are for programs.
+  while (stem.startsWith(u'.')) stem.remove(0, 1);
+  while ((stem + ending).toUtf8().size() > mostBytes) stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+  return (stem.isEmpty() ? u"export"_s : stem) + ending;
+}
 
 ConfirmRequest replaceQuestion(const QString& path) {
   return {.title = u"Replace "_s + QFileInfo(path).fileName() + u'?',
@@ -49,7 +70,7 @@ Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> te
   const Ending ending{std::move(ended)};
   Services& services = job->context().services();
   job->setStage(u"Choosing where to keep it…"_s);
-  const auto chosen = co_await services.filePanel.saveFile(fileName, u"Comma-separated text"_s, u"csv"_s);
+  const auto chosen = co_await services.filePanel.saveFile(usableName(fileName), u"Comma-separated text"_s, u"csv"_s);
   if (!chosen) co_return JobOutcome{};
   const QString path = chosen->path;
   if (!chosen->mayReplace && QFileInfo::exists(path) && !co_await services.overlays.confirm(replaceQuestion(path)))

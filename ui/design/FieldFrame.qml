@@ -12,8 +12,6 @@ FocusScope {
     /// What is typed into has the caret.
     property bool caret: false
     property real frameHeight: Theme.controlHeight
-    /// The label is read out on its own, and not as the name of what is typed into.
-    property bool labelSpeaks: false
     /// What the field's description says: its error or else its help.
     readonly property string note: error !== "" ? error : help
     default property alias content: frame.data
@@ -27,9 +25,7 @@ FocusScope {
         text: root.label
         font: Theme.smallStrong
         color: Theme.text2
-        Accessible.ignored: !root.labelSpeaks
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        Accessible.ignored: true
     }
 
     Rectangle {

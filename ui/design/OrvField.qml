@@ -33,8 +33,6 @@ FieldFrame {
 
     caret: input.activeFocus
     frameHeight: large ? Theme.controlHeightLarge : Theme.controlHeight
-    // This version of Qt keeps a password field's name to itself along with its text, so the label speaks for it.
-    labelSpeaks: secret
 
     OrvIcon {
         visible: root.search
@@ -92,6 +90,11 @@ FieldFrame {
             elide: Text.ElideRight
             Accessible.ignored: true
         }
+    }
+
+    SecretText {
+        field: input
+        kept: root.secret
     }
 
     OrvButton {

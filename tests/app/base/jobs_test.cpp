@@ -1,7 +1,10 @@
 #include <QAbstractItemModelTester>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/base/Jobs.h"
+#include "app/base/SaveFile.h"
+#include "kit/async/TaskScope.h"
 #include "tests/support/AppFixture.h"
 #include "tests/support/await.h"
 
@@ -124,6 +127,40 @@ class JobsTest : public QObject {
     f->clock.advance(1s);
     QCOMPARE(told, 0);
     QCOMPARE(f->clock.running(), 0);
+  }
+
+  void filesAreThePersonsAlone_data() {
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("suggested");
+    QTest::newRow("plain") << u"Fair 2026.csv"_s << u"Fair 2026.csv"_s;
+    QTest::newRow("elsewhere") << u"../../etc/Fair\n.csv"_s << u"-..-etc-Fair.csv"_s;
+    QTest::newRow("hidden") << u".bashrc.csv"_s << u"bashrc.csv"_s;
+    QTest::newRow("nothing") << u"\u202e\u0007.csv"_s << u"export.csv"_s;
+    QTest::newRow("long") << QString(u"\U0001F600"_s).repeated(100) + u".csv"_s
+                          << QString(u"\U0001F600"_s).repeated(59) + u".csv"_s;
+  }
+  void filesAreThePersonsAlone() {
+    QFETCH(QString, asked);
+    QTemporaryDir folder;
+    f->filePanel.folder = folder.path();
+    f->filePanel.asksBeforeReplacing = true;
+    TaskScope tasks;
+    const auto save = [&](const QByteArray& bytes) {
+      tasks.start(saveCsv(
+          *f->context, asked, [bytes] { return bytes; }, u"Couldn’t."_s));
+      return QTest::qWaitFor([&] { return tasks.isIdle(); });
+    };
+    const auto privately = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    QVERIFY(save("a"));
+    QTEST(f->filePanel.suggested, "suggested");
+    QFile file(folder.filePath(f->filePanel.suggested));
+    QCOMPARE(file.permissions(), privately);
+    // What somebody shared stays shared.
+    QVERIFY(file.setPermissions(privately | QFile::ReadGroup));
+    QVERIFY(save("b"));
+    QCOMPARE(file.permissions(), privately | QFile::ReadGroup);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), "b"_ba);
   }
 
   void onlyTheLastFewEndsAreKept() {

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+#include <QAbstractItemModelTester>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,6 +15,7 @@
 using namespace orv;
 using namespace orv::test;
 using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -190,6 +193,93 @@ class LeadAddingTest : public QObject {
     *request.sent = request.body->size() / 2;
     QVERIFY(qAbs(adding->progress() - 0.5) < 0.05);
     f->api.answer(add, addResult(1));
+  }
+
+  void aFileOfManyColumnsIsShownWhole() {
+    QByteArray header = "email", row = "a@x.example";
+    for (int i = 1; i < 60'000; ++i) {
+      header += ',' + QByteArray::number(i % 10);
+      row += i == 59'999 ? ",last" : ",";
+    }
+    choose(file(u"wide.csv"_s, header + '\n' + row + '\n'));
+    const QAbstractItemModelTester tester(adding->fileColumns());
+    QCOMPARE(adding->fileColumns()->count(), 60'000);
+    QVERIFY(adding->fileFacts().endsWith(u"60,000 columns"_s));
+    QCOMPARE(samples(59'999), u"last"_s);
+    QVERIFY(samples(1).isEmpty());
+
+    const QByteArray smiles = QByteArray("\xF0\x9F\x98\x80").repeated(300);
+    choose(file(u"long.csv"_s, "x" + QByteArray(5000, 'a') + ",email\n\"a\nb\"," + smiles + ",more\n"));
+    QCOMPARE(adding->fileColumns()->names().first().size(), CsvPreview::shownAtMost);
+    QCOMPARE(samples(0), u"a b"_s);
+    QCOMPARE(samples(1).toUtf8(), smiles.first(400));
+    QCOMPARE(adding->fileColumns()->count(), 2);
+    adding->dismiss();
+    adding->show(u"csv"_s);
+    QCOMPARE(adding->fileColumns()->count(), 0);
+  }
+
+  void whatIsNoFileIsLeftAlone() {
+    const QString path = folder.filePath(u"pipe.csv"_s);
+    QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    // Opening it would wait for a writer, for good.
+    choose(path);
+    QCOMPARE(adding->form()->error(), u"Couldn’t open that file"_s);
+    choose(folder.path() + u"/."_s);
+    QVERIFY(QDir(folder.path()).mkdir(u"folder.csv"_s));
+    choose(folder.filePath(u"folder.csv"_s));
+    QCOMPARE(adding->form()->error(), u"Couldn’t open that file"_s);
+    QCOMPARE(previewCsv(u"/dev/zero"_s).error, u"Choose a .csv file"_s);
+    QVERIFY(QFile::link(u"/dev/zero"_s, folder.filePath(u"zero.csv"_s)));
+    QCOMPARE(previewCsv(folder.filePath(u"zero.csv"_s)).error, u"Couldn’t open that file"_s);
+  }
+
+  void aLeadHalfFilledInComesBack() {
+    const auto names = [this] { return adding->draft()->typed().firstName; };
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    adding->show(u"manual"_s);
+    type("firstName", u"Ana"_s);
+    type("email", u"ana@x.example"_s);
+    f->clock.advance(1s);
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    // The session ends, and with it the page.
+    life->adding.emplace(life->context, [] {});
+    adding = &*life->adding;
+    adding->show(u"manual"_s);
+    QTRY_COMPARE(names(), u"Ana"_s);
+    QVERIFY(!adding->recovery()->notice().isEmpty());
+
+    // Hidden while it is sent, it fails out of sight.
+    f->api.expect(add);
+    adding->submit();
+    adding->dismiss();
+    f->api.answer(add, refusal, 422);
+    QCOMPARE(toast(), u"Couldn’t add the leads"_s);
+    adding->show(u"manual"_s);
+    QVERIFY(!adding->form()->busy());
+    QCOMPARE(names(), u"Ana"_s);
+    f->api.expect(add);
+    adding->submit();
+    f->api.answer(add, addResult(1));
+    QVERIFY(f->journalFiles.files.isEmpty());
+    adding->show(u"manual"_s);
+    QCOMPARE(names(), QString());
+
+    // Given up by the person.
+    type("firstName", u"Bo"_s);
+    adding->dismiss();
+    adding->show(u"manual"_s);
+    QCOMPARE(names(), QString());
+
+    // Taken when its page has gone.
+    type("email", u"bo@x.example"_s);
+    f->clock.advance(1s);
+    f->api.expect(add);
+    adding->submit();
+    life->adding.reset();
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    f->api.answer(add, addResult(1));
+    QVERIFY(f->journalFiles.files.isEmpty());
   }
 
   void aPreviewCutInsideACharacter() {

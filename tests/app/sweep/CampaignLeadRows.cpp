@@ -40,6 +40,11 @@ void arriveAtListsMissing(SweepStage& s) {
   arrive(s);
   leads(s).adding()->show(u"list"_s);
 }
+void arriveAtLeadByHand(SweepStage& s) {
+  arrive(s);
+  leads(s).adding()->show(u"manual"_s);
+  leads(s).adding()->draft()->set(u"email"_s, u"ada@x.example"_s);
+}
 void arriveAtLead(SweepStage& s) {
   s.answers[u"GET /campaigns/c1/leads/l1"_s] =
       R"({"lead":{"id":"l1","email":"x@b.example","status":"active","data":{"Team size":"9"}},"activity":[]})";
@@ -141,6 +146,17 @@ QList<SweepRow> campaignLeadRows() {
        {},
        shown,
        [](SweepStage& s) { return failureOf(*leads(s).adding()->lists()); },
+       true},
+      {u"LeadAdding::submit"_s,
+       arriveAtLeadByHand,
+       [](SweepStage& s) { leads(s).adding()->submit(); },
+       u"POST /campaigns/c1/leads"_s,
+       sample(u"AddLeadsResult"_s),
+       {u"added"_s, u"skipped"_s, u"total"_s},
+       [](SweepStage& s) { return leads(s).adding()->form()->busy(); },
+       shown,
+       [](SweepStage& s) { return leads(s).adding()->form()->error(); },
+       false,
        true},
       {u"LeadMove::submit"_s,
        arriveAtMove,

@@ -19,6 +19,39 @@ class Reader : public QObject {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
     return spoken ? spoken->text(QAccessible::Name) : QString();
   }
+  /// What a field holds, asked for in each way there is.
+  Q_INVOKABLE static QString textOf(QQuickItem* item) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
+    QAccessibleTextInterface* text = spoken ? spoken->textInterface() : nullptr;
+    if (!text) return QStringLiteral("no text");
+    const QString whole = text->text(0, text->characterCount());
+    int start = 0, end = 0;
+    const QString word = text->textAtOffset(0, QAccessible::LineBoundary, &start, &end);
+    return whole == spoken->text(QAccessible::Value) && whole == word ? whole : whole + u'/' + word;
+  }
+  Q_INVOKABLE static QString selectedIn(QQuickItem* item) {
+    QAccessibleTextInterface* text = QAccessible::queryAccessibleInterface(item)->textInterface();
+    int start = 0, end = 0;
+    text->selection(0, &start, &end);
+    return text->text(start, end);
+  }
+  /// What fields tell by themselves from now on.
+  Q_INVOKABLE static void listen() {
+    said().clear();
+    QAccessible::setActive(true);
+    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+      if (const auto* update = dynamic_cast<QAccessibleTextUpdateEvent*>(event))
+        said() += update->textRemoved() + update->textInserted();
+      if (const auto* insert = dynamic_cast<QAccessibleTextInsertEvent*>(event)) said() += insert->textInserted();
+      if (const auto* removal = dynamic_cast<QAccessibleTextRemoveEvent*>(event)) said() += removal->textRemoved();
+      if (const auto* value = dynamic_cast<QAccessibleValueChangeEvent*>(event)) said() += value->value().toString();
+    });
+  }
+  Q_INVOKABLE static QString heard() {
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::setActive(false);
+    return said();
+  }
   /// Everything that a walk through the window comes to.
   Q_INVOKABLE static QStringList heardIn(QQuickItem* item) {
     QStringList names;
@@ -35,6 +68,10 @@ class Reader : public QObject {
   }
 
  private:
+  static QString& said() {
+    static QString texts;
+    return texts;
+  }
   static void walk(QAccessibleInterface* spoken, QStringList& names) {
     if (!spoken) return;
     names.append(spoken->text(QAccessible::Name));
