@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 import Orvella.Campaigns
 
 /// The table of a campaign's leads, or of those removed from it.

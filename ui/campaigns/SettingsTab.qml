@@ -28,7 +28,7 @@ FocusScope {
 
     Component.onCompleted: {
         form.ensureLoaded();
-        Qt.callLater(showSchedules);
+        Qt.callLater(showSchedules); // qmllint disable type
     }
 
     Connections {
@@ -36,7 +36,7 @@ FocusScope {
 
         function onChanged() {
             if (root.store.schedulesAsked)
-                Qt.callLater(root.showSchedules);
+                Qt.callLater(root.showSchedules); // qmllint disable type
         }
     }
 

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Shell
 
 /// Shows the open page. Another one, another record's or another workspace's is made anew.

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQml
-import Orvella.App
 import Orvella.Shell
 
 /// The keys that work on every page, and those of the open page. Letters are off in text fields, which take them first.
