@@ -2,6 +2,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/Undo.h"
+#include "app/base/shownName.h"
 
 namespace orv {
 
@@ -28,6 +29,7 @@ class Archive final {
 
   /// The record has been asked about and is marked busy by the caller. True when it is in the archive now.
   Task<bool> remove(QString id, QString name) {
+    name = shownName(name);
     if (!co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name)))
       co_return false;
     m_context.changes().template stale<Archived<Record>>();
@@ -39,10 +41,11 @@ class Archive final {
   }
 
   Task<bool> restore(QString id, QString name) {
-    return restoreIn(m_context.shared_from_this(), m_requests, m_words, std::move(id), std::move(name));
+    return restoreIn(m_context.shared_from_this(), m_requests, m_words, std::move(id), shownName(name));
   }
 
   Task<bool> removeForGood(QString id, QString name) {
+    name = shownName(name);
     if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), m_words.cannotRemove(name)))
       co_return false;
     m_context.services().toasts.success(m_words.removedForGood(name));

@@ -1,5 +1,7 @@
 #include "app/campaigns/CampaignStore.h"
 
+#include "app/base/shownName.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -7,6 +9,7 @@ namespace orv {
 QList<PageAction> CampaignStore::offered(const QString& record) {
   if (!record.isEmpty()) return {};
   const bool isFree = m_campaign.value() && !busy();
+  const QString named = shownName(name());
   QList<PageAction> actions;
   if (const QString main = mainAction(); !main.isEmpty()) {
     const bool pauses = main == "pause"_L1;
@@ -14,7 +17,7 @@ QList<PageAction> CampaignStore::offered(const QString& record) {
     actions.append({.key = main,
                     .title = title,
                     .icon = pauses ? u"media-playback-pause"_s : u"media-playback-start"_s,
-                    .inPalette = title + u' ' + name(),
+                    .inPalette = title + u' ' + named,
                     .writes = true,
                     .possible = isFree,
                     .inMenu = false,
@@ -25,21 +28,21 @@ QList<PageAction> CampaignStore::offered(const QString& record) {
         .title = u"Rename"_s,
         .icon = u"document-edit"_s,
         .keys = u"F2"_s,
-        .inPalette = u"Rename "_s + name(),
+        .inPalette = u"Rename "_s + named,
         .writes = true,
         .possible = isFree,
         .run = [this] { beginRename(); }},
        {.key = u"duplicate"_s,
         .title = u"Duplicate"_s,
         .icon = u"edit-copy"_s,
-        .inPalette = u"Duplicate "_s + name(),
+        .inPalette = u"Duplicate "_s + named,
         .writes = true,
         .possible = isFree,
         .run = [this] { duplicate(); }},
        {.key = u"copy-link"_s,
         .title = u"Copy link"_s,
         .icon = u"insert-link"_s,
-        .inPalette = u"Copy the link to "_s + name(),
+        .inPalette = u"Copy the link to "_s + named,
         .possible = m_campaign.value() != nullptr,
         .run = [this] { copyLink(); }},
        {.key = u"refresh"_s, .title = u"Refresh"_s, .icon = u"view-refresh"_s, .keys = u"F5"_s, .run = [this] {
@@ -49,7 +52,7 @@ QList<PageAction> CampaignStore::offered(const QString& record) {
   actions.append({.key = u"delete"_s,
                   .title = u"Delete"_s,
                   .icon = u"edit-delete"_s,
-                  .inPalette = u"Delete "_s + name(),
+                  .inPalette = u"Delete "_s + named,
                   .writes = true,
                   .danger = true,
                   .possible = isFree,

@@ -1,4 +1,5 @@
 #include "app/base/Undo.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/LeadBatch.h"
 #include "kit/api/Format.h"
@@ -47,7 +48,7 @@ const CampaignLead* CampaignLeads::find(const QString& id) const {
 
 QString CampaignLeads::named(const QStringList& ids) const {
   const CampaignLead* lead = ids.size() == 1 ? find(ids.first()) : nullptr;
-  return lead ? leadName(*lead) : countedLeads(ids.size());
+  return lead ? shownName(leadName(*lead)) : countedLeads(ids.size());
 }
 
 void CampaignLeads::open(const QString& id) {
@@ -58,7 +59,7 @@ void CampaignLeads::copyAddress(const QString& id) {
   const CampaignLead* lead = find(id);
   if (!lead) return;
   m_context.services.clipboard.setText(lead->email);
-  m_context.services.toasts.success(u"Copied "_s + lead->email);
+  m_context.services.toasts.success(u"Copied "_s + shownName(lead->email));
 }
 
 Task<void> CampaignLeads::pauseTask(QStringList ids) {
@@ -133,7 +134,7 @@ Task<void> CampaignLeads::restoreTask(QStringList ids) {
 Task<void> CampaignLeads::removeForGoodTask(QString id) {
   const CampaignLead* lead = find(id);
   if (!lead || m_busy.contains(id)) co_return;
-  const QString name = leadName(*lead);
+  const QString name = shownName(leadName(*lead));
   if (!co_await m_context.services.overlays.confirm(removeForGoodQuestion(name))) co_return;
   const auto removed =
       co_await m_actions.perform(id, Requests::removeLead(m_context.id, id, true), u"Couldn’t delete "_s + name);

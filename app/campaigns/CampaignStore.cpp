@@ -2,6 +2,7 @@
 
 #include <QPointer>
 
+#include "app/base/shownName.h"
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/LaunchQuestion.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -18,25 +19,26 @@ const ConfirmRequest pauseQuestion{
     .confirm = u"Pause campaign"_s};
 
 ConfirmRequest removeQuestion(const QString& name) {
-  return {.title = u"Delete "_s + name + u'?',
+  return {.title = u"Delete "_s + shownName(name) + u'?',
           .text = u"Stops sending at once. The campaign waits in Archived for 30 days, so you can restore it."_s,
           .confirm = u"Delete campaign"_s,
           .destructive = true};
 }
 
 Archive<Campaign>::Words archiveWords() {
-  return {.removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
-          .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
-          .restored = [](const QString&, const Campaign& campaign) { return campaign.name + u" restored"_s; },
-          .cannotRemove = [](const QString&) { return u"Couldn’t delete the campaign."_s; },
-          .cannotRestore = [](const QString&) { return u"Couldn’t restore the campaign."_s; }};
+  return {
+      .removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
+      .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
+      .restored = [](const QString&, const Campaign& campaign) { return shownName(campaign.name) + u" restored"_s; },
+      .cannotRemove = [](const QString&) { return u"Couldn’t delete the campaign."_s; },
+      .cannotRestore = [](const QString&) { return u"Couldn’t restore the campaign."_s; }};
 }
 
 /// Says what keeps the campaign from being launched, and offers the tab where the first of it is mended.
 ConfirmRequest blockedQuestion(const Campaign& campaign, const QList<QcCheck>& blocking) {
   QStringList lines;
-  for (const QcCheck& check : blocking) lines.append(check.label + u": "_s + check.detail);
-  return {.title = campaign.name + u" can’t launch yet"_s,
+  for (const QcCheck& check : blocking) lines.append(shownName(check.label) + u": "_s + check.detail);
+  return {.title = shownName(campaign.name) + u" can’t launch yet"_s,
           .text = lines.join(u'\n'),
           .confirm = u"Show me"_s,
           .cancel = u"Close"_s};
@@ -155,7 +157,7 @@ QStringList CampaignStore::unsavedWork() const {
   if (m_settings.schedule().dirty()) parts.append(u"schedule"_s);
   if (m_leads.panel().dirty()) parts.append(u"a lead’s details"_s);
   if (parts.isEmpty()) return {};
-  return {u"“%1” has unsaved changes: %2."_s.arg(name(), parts.join(u", "_s))};
+  return {u"“%1” has unsaved changes: %2."_s.arg(shownName(name()), parts.join(u", "_s))};
 }
 
 Task<bool> CampaignStore::flush() {
@@ -241,7 +243,7 @@ Task<void> CampaignStore::duplicateTask() {
   const auto failure = u"Couldn’t duplicate the campaign."_s;
   if (!mark || !canWrite() || !co_await saveSequence(failure)) co_return;
   if (const auto copy = co_await m_actions.change(m_id, Requests::duplicateCampaign(m_id), failure))
-    services().toasts.success(copy->name + u" created"_s);
+    services().toasts.success(shownName(copy->name) + u" created"_s);
 }
 
 Task<void> CampaignStore::removeTask() {

@@ -1,6 +1,7 @@
 #include "app/campaigns/CampaignsStore.h"
 
 #include "app/base/SaveFile.h"
+#include "app/base/shownName.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/DateRange.h"
 #include "app/figures/MetricFigures.h"
@@ -17,14 +18,14 @@ namespace {
 
 ConfirmRequest removeQuestion(const CampaignSummary& campaign) {
   const QString running = campaign.status.isRunning() ? u"Sending stops at once. "_s : QString();
-  return {.title = u"Delete "_s + campaign.name + u'?',
+  return {.title = u"Delete "_s + shownName(campaign.name) + u'?',
           .text = running + u"It moves to Archived for 30 days, so you can restore it."_s,
           .confirm = u"Delete campaign"_s,
           .destructive = true};
 }
 
 ConfirmRequest removeForGoodQuestion(const CampaignSummary& campaign) {
-  return {.title = u"Delete "_s + campaign.name + u" for good?"_s,
+  return {.title = u"Delete "_s + shownName(campaign.name) + u" for good?"_s,
           .text = u"Its leads, emails and figures go with it. This can’t be undone."_s,
           .confirm = u"Delete for good"_s,
           .destructive = true};
@@ -254,7 +255,7 @@ Task<void> CampaignsStore::createTask(QString name) {
   const Stamp asked = context().changes().stamp();
   try {
     const Campaign campaign = co_await api().send(Requests::createCampaign({name}));
-    services().toasts.success(campaign.name + u" created"_s);
+    services().toasts.success(shownName(campaign.name) + u" created"_s);
     context().changes().publish(campaign, asked, true);
     // Who has gone to another workspace meanwhile is not to be fetched back.
     const bool isHere = services().navigator.workspace() == context().workspace().slug;
@@ -283,7 +284,7 @@ Task<void> CampaignsStore::renameTask(QString id, QString name) {
   };
   if (const auto renamed = co_await m_actions.perform<Campaign>({id, id}, build, u"Couldn’t rename the campaign."_s)) {
     submission.succeed();
-    services().toasts.success(u"Renamed "_s + oldName + u" to "_s + renamed->name);
+    services().toasts.success(u"Renamed "_s + shownName(oldName) + u" to "_s + shownName(renamed->name));
   }
 }
 
@@ -298,14 +299,14 @@ Task<bool> CampaignsStore::savedFirst(QString id) {
 Task<void> CampaignsStore::pauseTask(QString id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || !canWrite()) co_return;
-  const QString name = campaign->name;
+  const QString name = shownName(campaign->name);
   if (co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) services().toasts.success(name + u" paused"_s);
 }
 
 Task<void> CampaignsStore::resumeTask(QString id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || !canWrite()) co_return;
-  const QString name = campaign->name;
+  const QString name = shownName(campaign->name);
   const auto mark = m_busy.mark(id);
   if (!mark || !co_await savedFirst(id)) co_return;
   // Nothing outside the workspace was shown here, so nothing of it is confirmed.
@@ -316,11 +317,11 @@ Task<void> CampaignsStore::resumeTask(QString id) {
 Task<void> CampaignsStore::duplicateTask(QString id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || !canWrite()) co_return;
-  const QString failure = u"Couldn’t duplicate "_s + campaign->name;
+  const QString failure = u"Couldn’t duplicate "_s + shownName(campaign->name);
   const auto mark = m_busy.mark(id);
   if (!mark || !co_await savedFirst(id)) co_return;
   if (const auto copy = co_await m_actions.change(id, Requests::duplicateCampaign(id), failure))
-    services().toasts.success(copy->name + u" created, without leads"_s);
+    services().toasts.success(shownName(copy->name) + u" created, without leads"_s);
 }
 
 Task<void> CampaignsStore::removeTask(QString id) {

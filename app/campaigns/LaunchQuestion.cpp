@@ -1,5 +1,6 @@
 #include "app/campaigns/LaunchQuestion.h"
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,15 +20,16 @@ QString sizes(const Campaign& campaign) {
 QString externals(const Qc::External& external) {
   QString text = u"Goes to "_s + QString::number(external.count) + u" real "_s +
                  (external.count == 1 ? u"person"_s : u"people"_s) + u" outside your own inboxes"_s;
-  if (!external.sample.isEmpty())
-    text += u", like "_s + external.sample.first(std::min(namedAtMost, external.sample.size())).join(u", "_s);
+  QStringList named = external.sample.first(std::min(namedAtMost, external.sample.size()));
+  std::ranges::transform(named, named.begin(), shownName);
+  if (!named.isEmpty()) text += u", like "_s + named.join(u", "_s);
   return text + u'.';
 }
 
 QString warning(const QcCheck& check) {
   QString detail = check.detail;
   if (detail.endsWith(u'.')) detail.chop(1);
-  return check.label + u" ("_s + detail + u')';
+  return shownName(check.label) + u" ("_s + detail + u')';
 }
 
 }  // namespace
@@ -61,7 +63,7 @@ ConfirmRequest launchQuestion(const Campaign& campaign) {
       if (check.status == "warn"_L1) warnings.append(warning(check));
   }
   if (!warnings.isEmpty()) text += u"\n\nTips, it still sends: "_s + warnings.join(u"; "_s) + u'.';
-  return {verb + u' ' + campaign.name + u'?', text, verb, u"Cancel"_s, false, {}};
+  return {verb + u' ' + shownName(campaign.name) + u'?', text, verb, u"Cancel"_s, false, {}};
 }
 
 }  // namespace orv

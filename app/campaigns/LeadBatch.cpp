@@ -4,6 +4,7 @@
 
 #include "app/base/CsvFile.h"
 #include "app/base/Journal.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/LeadFileUpload.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
@@ -96,7 +97,7 @@ Packed pack(const QString& campaignId, const LeadBatch::File& file, FileWatch& w
 Task<AddLeadsResult> addFile(Adding* adding, LeadBatch::File file) {
   const Watching watching;
   const auto watch = watching.watch;
-  const QString name = QFileInfo(file.path).fileName();
+  const QString name = shownName(QFileInfo(file.path).fileName());
   const auto done = [watch] { return watch->bytes.load(); };
   adding->job.followStage(u"Reading "_s + name + u"…"_s, done, file.bytes);
   auto packed = co_await inBackground<Packed>(

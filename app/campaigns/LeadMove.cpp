@@ -1,6 +1,7 @@
 #include "app/campaigns/LeadMove.h"
 
 #include "app/base/Actions.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/LeadBatch.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
@@ -69,7 +70,7 @@ void LeadMove::cancel() {
 }
 
 Task<void> LeadMove::move(QStringList leadIds, QString target) {
-  const QString name = nameOf(target);
+  const QString name = shownName(nameOf(target));
   auto submission = m_form.begin();
   std::optional<APIError> failure;
   try {

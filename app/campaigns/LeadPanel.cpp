@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 #include "app/base/Actions.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/JSONCoding.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
@@ -186,14 +187,14 @@ Task<void> LeadPanel::saveTask() {
       });
       take(saved);
     } else {
-      m_context.services.toasts.success(u"Saved the fields of "_s + name);
+      m_context.services.toasts.success(u"Saved the fields of "_s + shownName(name));
     }
     m_changedLead(saved);
   } catch (const APIError& error) {
     failure = error;
   }
   if (!failure) co_return;
-  submission.fail(m_context.services.toasts, u"Couldn’t save the fields of "_s + name, *failure);
+  submission.fail(m_context.services.toasts, u"Couldn’t save the fields of "_s + shownName(name), *failure);
   // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
   if (submission.isShown() && mayHaveActed(*failure)) refresh();
 }

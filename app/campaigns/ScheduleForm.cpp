@@ -5,6 +5,7 @@
 #include <QTime>
 
 #include "app/base/TimeZones.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/SettingsDraft.h"
 #include "kit/api/JSONCoding.h"
 #include "kit/models/campaigns/campaign.h"
@@ -62,8 +63,8 @@ QString inWords(const ScheduleWindow& window) {
   static const QStringList names{u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s, u"Sun"_s};
   QStringList days;
   for (const qint64 day : window.days) days.append(names.value(qsizetype(day) - 1));
-  return u"%1 (%2, %3 to %4, %5)"_s.arg(window.name, days.join(u' '), shown(window.start), shown(window.end),
-                                        window.timeZone);
+  return u"%1 (%2, %3 to %4, %5)"_s.arg(shownName(window.name), days.join(u' '), shown(window.start), shown(window.end),
+                                        shownName(window.timeZone));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "app/campaigns/SequenceEditor.h"
 
+#include "app/base/shownName.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/emailPreview.h"
 #include "kit/models/campaigns/sequence.h"
@@ -125,14 +126,15 @@ void SequenceEditor::tellFailure() {
   const bool isNew = m_autosave.state() == SequenceAutosave::SaveState::failed && !m_autosave.isAwaited();
   if (!isNew || workspace.openedItem(Page::campaigns) == m_context.id) return;
   const Campaign* campaign = m_context.campaign.value();
-  m_context.services.toasts.show({.message = u"“%1” has unsaved changes"_s.arg(campaign ? campaign->name : QString()),
-                                  .tone = Toasts::Tone::error,
-                                  .actionLabel = u"Open"_s,
-                                  .action =
-                                      [there = workspace.weak_from_this(), id = m_context.id] {
-                                        if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
-                                      },
-                                  .detail = m_autosave.message()});
+  m_context.services.toasts.show(
+      {.message = u"“%1” has unsaved changes"_s.arg(campaign ? shownName(campaign->name) : QString()),
+       .tone = Toasts::Tone::error,
+       .actionLabel = u"Open"_s,
+       .action =
+           [there = workspace.weak_from_this(), id = m_context.id] {
+             if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
+           },
+       .detail = m_autosave.message()});
 }
 
 const DraftStep* SequenceEditor::step() const {

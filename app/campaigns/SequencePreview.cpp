@@ -1,5 +1,6 @@
 #include "app/campaigns/SequencePreview.h"
 
+#include "app/base/shownName.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -99,8 +100,7 @@ QString SequencePreview::title() const {
 QList<Choice> SequencePreview::leads() const {
   QList<Choice> options;
   if (const LeadPage* page = m_leads.value())
-    for (const CampaignLead& lead : page->items)
-      options.append({.key = lead.id, .label = labelOf(lead)});
+    for (const CampaignLead& lead : page->items) options.append({.key = lead.id, .label = labelOf(lead)});
   if (options.isEmpty() && m_leads.value())
     options.append({.key = {}, .label = u"Sample lead (add leads to preview a real one)"_s});
   // The service may have chosen one that is not among the first.
@@ -154,7 +154,8 @@ QString SequencePreview::from() const {
   const PreviewResponse* answer = response();
   if (!answer || !answer->sender) return {};
   const QString name = answer->sender->displayName.value_or(QString());
-  return name.isEmpty() ? answer->sender->address : name + u", "_s + answer->sender->address;
+  const QString address = shownName(answer->sender->address);
+  return name.isEmpty() ? address : shownName(name) + u", "_s + address;
 }
 
 QString SequencePreview::to() const {

@@ -1,6 +1,7 @@
 #include "app/campaigns/TestEmailForm.h"
 
 #include "app/base/EmailAddress.h"
+#include "app/base/shownName.h"
 #include "kit/models/campaigns/campaign.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -49,7 +50,7 @@ void TestEmailForm::setTo(const QString& to) {
 }
 
 QString TestEmailForm::note() const {
-  const QString lead = m_email.leadName.isEmpty() ? u"a sample lead"_s : m_email.leadName;
+  const QString lead = m_email.leadName.isEmpty() ? u"a sample lead"_s : shownName(m_email.leadName);
   return u"Email %1, variant %2, rendered for %3. Test emails copy nobody."_s.arg(QString::number(m_email.position),
                                                                                   m_email.letter, lead);
 }

@@ -1,5 +1,6 @@
 #include "app/campaigns/TestEmailJob.h"
 
+#include "app/base/shownName.h"
 #include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,8 +11,9 @@ namespace {
 /// Nothing while it is still on its way.
 std::optional<JobOutcome> outcomeOf(const TestEmail& test) {
   if (test.state == "sent"_L1)
-    return JobOutcome{.title = u"Sent from %1 to %2"_s.arg(test.from.value_or(u"an inbox"_s), *test.to),
-                      .text = u"Handed to the inbox; it should arrive in a moment."_s};
+    return JobOutcome{
+        .title = u"Sent from %1 to %2"_s.arg(shownName(test.from.value_or(u"an inbox"_s)), shownName(*test.to)),
+        .text = u"Handed to the inbox; it should arrive in a moment."_s};
   if (test.state != "failed"_L1) return std::nullopt;
   QString reason = test.error.value_or(QString()).trimmed();
   if (reason.endsWith(u'.')) reason.chop(1);
@@ -45,7 +47,7 @@ Task<JobOutcome> follow(Job* job, TestEmail test) {
       co_return JobOutcome{
           .kind = JobOutcome::Kind::open,
           .title = u"Not sent yet"_s,
-          .text = u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(*test.to)};
+          .text = u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(shownName(*test.to))};
     co_await clock.sleep(TestEmailCourse::interval);
     try {
       takeOver(test, co_await job->context().api().send(Requests::testEmailState(test.id)));

@@ -2,6 +2,7 @@
 
 #include <QLoggingCategory>
 
+#include "app/base/shownName.h"
 #include "kit/session/authRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -233,7 +234,7 @@ void AppModel::leaveWorkspace(const WorkspaceSummary& lost) {
   const QString unsaved = m_session->unsavedWork().join(u'\n');
   // Screens let go of their stores before the stores go.
   openWorkspace(m_stored->workspaces.first().slug);
-  m_toasts.show({.message = u"You’re no longer in "_s + lost.name,
+  m_toasts.show({.message = u"You’re no longer in "_s + shownName(lost.name),
                  .tone = Toasts::Tone::error,
                  .detail = unsaved.isEmpty() ? u"Somebody there took you out of it."_s : unsaved});
 }
