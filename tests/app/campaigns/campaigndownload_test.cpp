@@ -57,6 +57,7 @@ class CampaignDownloadTest : public QObject {
              (QList<QueryItem>{{u"from"_s, u"2026-03-01"_s}, {u"to"_s, u"2026-11-21"_s}, {u"campaigns"_s, u"c1"_s}}));
     f->api.answer(u"GET /analytics/summary"_s, readFixture(u"analytics-summary.json"_s));
     QTEST(f->filePanel.suggested, "file");
+    QTRY_VERIFY(!f->toasts.toasts().isEmpty());
     const auto toast = f->toasts.toasts().last();
     QCOMPARE(toast.message, u"Saved "_s + f->filePanel.suggested);
     QCOMPARE(toast.actionLabel, u"Show in Finder"_s);
@@ -83,6 +84,7 @@ class CampaignDownloadTest : public QObject {
     store->downloadAnalytics(u"c1"_s);
     f->toasts.clear();
     f->api.answer(u"GET /analytics/summary"_s, readFixture(u"analytics-summary.json"_s));
+    QTRY_VERIFY(!f->toasts.toasts().isEmpty());
     QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t download the analytics."_s);
 
     // A summary without the campaign: it has sent nothing.
@@ -115,6 +117,7 @@ class CampaignDownloadTest : public QObject {
     };
     download();
     QVERIFY2(!f->overlays.asking(), "nothing is there yet");
+    QTRY_VERIFY(store->busy().ids().isEmpty());
     const QString path = folder.filePath(f->filePanel.suggested);
     QFile theirs(path);
     QVERIFY(theirs.open(QIODevice::WriteOnly | QIODevice::Truncate) && theirs.write("theirs") > 0);
@@ -125,10 +128,10 @@ class CampaignDownloadTest : public QObject {
       QVERIFY(f->overlays.asking());
       QVERIFY(f->overlays.destructive());
       f->overlays.answer(f->overlays.token(), agreed);
+      QTRY_VERIFY(store->busy().ids().isEmpty());
       QVERIFY(theirs.open(QIODevice::ReadOnly));
       QCOMPARE(theirs.readAll() != "theirs", agreed);
       theirs.close();
-      QVERIFY(store->busy().ids().isEmpty());
     }
   }
 };

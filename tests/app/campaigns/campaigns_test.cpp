@@ -1,85 +1,17 @@
-#include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <QTest>
 
-#include "app/campaigns/CampaignsStore.h"
-#include "tests/support/AppFixture.h"
+#include "tests/app/campaigns/CampaignsPage.h"
 
 using namespace orv;
 using namespace orv::test;
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-QByteArray row(const QByteArray& id, const QByteArray& name, const QByteArray& status, const QByteArray& more = {}) {
-  return R"({"id":")" + id + R"(","name":")" + name + R"(","status":")" + status +
-         R"(","senders":2,"steps":1,"leads":100,"done":40,"sent":200,"replied":5,"positive":3,"bounced":7,)"
-         R"("createdAt":"2026-03-01T10:00:00Z","version":4)" +
-         more + "}";
-}
-
-/// A row told apart by its figures: leads, sent, replied, positive, bounced.
-QByteArray with(const QByteArray& id, const std::array<int, 5>& figures, const QByteArray& archivedOn = {}) {
-  QByteArray row = R"({"id":")" + id + R"(","name":")" + id + R"(","status":"draft","senders":0,"steps":0,)" +
-                   R"("createdAt":"2026-01-01T00:00:00Z")";
-  const std::array names{"leads", "sent", "replied", "positive", "bounced"};
-  for (size_t i = 0; i < names.size(); ++i) row += R"(,")"_ba + names[i] + R"(":)" + QByteArray::number(figures[i]);
-  return row + (archivedOn.isEmpty() ? "" : R"(,"archivedAt":")" + archivedOn + R"(T12:00:00Z")") + "}";
-}
-
-QByteArray list(const QList<QByteArray>& rows, int archived = 2) {
-  return R"({"items":[)" + rows.join(',') + R"(],"archivedCount":)" + QByteArray::number(archived) + "}";
-}
-
-QByteArray campaign(const QByteArray& id, const QByteArray& name, const QByteArray& status) {
-  return R"({"id":")" + id + R"(","name":")" + name + R"(","status":")" + status + R"(","version":5})";
-}
-
-const QByteArray threeRows = list({row("c1", "Acme Q3", "running", R"(,"tags":["q3","hot"])"),
-                                   row("c2", "Beta", "paused", R"(,"tags":["cold"])"), row("c3", "gamma", "draft")});
-const QByteArray refusal = R"({"title":"Not now","detail":"It is being checked."})";
-
-}  // namespace
-
-class CampaignsTest : public QObject {
+class CampaignsTest final : public CampaignsPage {
   Q_OBJECT
 
-  std::unique_ptr<AppFixture> f;
-  std::unique_ptr<CampaignsStore> store;
-
-  void load(const QByteArray& answer = threeRows) {
-    f->api.expect(u"GET /campaigns"_s);
-    store->ensureLoaded();
-    f->api.answer(u"GET /campaigns"_s, answer);
-  }
-  QStringList names() const {
-    QStringList shown;
-    for (const auto& record : store->rows()->records()) shown.append(record.name);
-    return shown;
-  }
-  QString status(const QString& id) const {
-    for (const auto& record : store->rows()->records())
-      if (record.id == id) return record.status.rawValue;
-    return {};
-  }
-  QVariant cell(const QString& id, const QByteArray& name) const {
-    auto* model = store->rows();
-    return model->index(model->rowOf(id)).data(model->roleNames().key(name));
-  }
-
  private Q_SLOTS:
-  void init() {
-    f = std::make_unique<AppFixture>();
-    store = std::make_unique<CampaignsStore>(*f->context);
-    store->list()->appear();
-    new QAbstractItemModelTester(store->rows(), QAbstractItemModelTester::FailureReportingMode::Fatal, store.get());
-    new QAbstractItemModelTester(store->archivedRows(), QAbstractItemModelTester::FailureReportingMode::Fatal,
-                                 store.get());
-  }
-  void cleanup() {
-    store.reset();
-    f.reset();
-  }
+  void init() { open(); }
+  void cleanup() { leave(); }
 
   void loadsOnceWhenFirstShown() {
     load();
@@ -325,113 +257,6 @@ class CampaignsTest : public QObject {
     f->overlays.answer(f->overlays.token(), false);
     QVERIFY(!f->overlays.asking());
     QVERIFY(!f->api.waiting());
-  }
-
-  void undoRestoresTheSameCampaign_data() {
-    QTest::addColumn<QByteArray>("status");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("draft") << "draft"_ba << u"Acme Q3 restored"_s;
-    QTest::newRow("paused") << "paused"_ba << u"Acme Q3 restored, paused: resume it to send again"_s;
-  }
-  void undoRestoresTheSameCampaign() {
-    QFETCH(QByteArray, status);
-    load();
-    f->api.expect(u"DELETE /campaigns/c1"_s);
-    start(u"remove"_s, true);
-    QVERIFY(f->api.last().request.query.isEmpty());
-    f->api.answer(u"DELETE /campaigns/c1"_s, {}, 204);
-    QCOMPARE(names(), (QStringList{u"Beta"_s, u"gamma"_s}));
-    QCOMPARE(store->archivedCount(), 3);
-
-    f->api.expect(u"POST /campaigns/c1/restore"_s);
-    f->api.expect(u"GET /campaigns"_s);
-    const auto toast = f->toasts.toasts().last();
-    QCOMPARE(toast.actionLabel, u"Undo"_s);
-    f->toasts.act(toast.id);
-    f->api.answer(u"POST /campaigns/c1/restore"_s, campaign("c1", "Acme Q3", status));
-    QTEST(f->toasts.toasts().last().message, "told");
-    f->api.answer(u"GET /campaigns"_s, threeRows);
-    QCOMPARE(names().size(), 3);
-    QCOMPARE(store->archivedCount(), 2);
-  }
-
-  void undoOutlivesTheStoreButNotTheSignIn() {
-    load();
-    f->api.expect(u"DELETE /campaigns/c1"_s);
-    start(u"remove"_s, true);
-    f->api.answer(u"DELETE /campaigns/c1"_s, {}, 204);
-    store.reset();
-    f->api.expect(u"POST /campaigns/c1/restore"_s);
-    const auto undo = f->toasts.toasts().last().action;
-    undo();
-    f->api.answer(u"POST /campaigns/c1/restore"_s, campaign("c1", "Acme Q3", "draft"));
-    QCOMPARE(f->toasts.toasts().last().message, u"Acme Q3 restored"_s);
-    f->context->close();
-    undo();
-    settle();
-    QCOMPARE(f->api.waiting(), 0);
-  }
-
-  void archiveIsLoadedWhenShownAndEmptied() {
-    load();
-    f->api.expect(u"GET /campaigns"_s);
-    store->setShowArchived(true);
-    QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"archived"_s, u"1"_s}}));
-    f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived", R"(,"archivedAt":"2026-03-03T12:00:00Z")")}));
-    const auto first = store->archivedRows()->index(0);
-    const auto roles = store->archivedRows()->roleNames();
-    QCOMPARE(first.data(roles.key("deletedText")).toString(), u"3 Mar"_s);
-    QCOMPARE(first.data(roles.key("goneText")).toString(), u"2 Apr"_s);
-
-    store->removeForGood(u"a1"_s);
-    QCOMPARE(f->overlays.confirmLabel(), u"Delete for good"_s);
-    f->api.expect(u"DELETE /campaigns/a1"_s);
-    f->overlays.answer(f->overlays.token(), true);
-    QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"permanent"_s, u"1"_s}}));
-    f->api.answer(u"DELETE /campaigns/a1"_s, {}, 204);
-    QCOMPARE(store->archivedRows()->count(), 0);
-    QCOMPARE(f->toasts.toasts().last().message, u"Old deleted for good"_s);
-    QVERIFY(store->archived()->state().isEmpty());
-  }
-
-  void theArchiveFailsAndSortsByItself() {
-    load();
-    f->api.expect(u"GET /campaigns"_s);
-    store->setShowArchived(true);
-    f->api.answer(u"GET /campaigns"_s, refusal, 500);
-    QVERIFY(!store->archived()->state().isReady() && !store->archived()->state().isLoading());
-    f->api.expect(u"GET /campaigns"_s);
-    store->refresh();
-    QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"archived"_s, u"1"_s}}));
-    f->api.answer(u"GET /campaigns"_s,
-                  list({with("a", {1, 30, 0, 0, 0}, "2026-03-02"), with("b", {3, 10, 0, 0, 0}, "2026-03-03"),
-                        with("c", {2, 20, 0, 0, 0}, "2026-03-01")}));
-    const auto sorted = [this](const QString& key, bool descending = true) {
-      store->sortArchived(key, descending);
-      QString ids;
-      for (const auto& record : store->archivedRows()->records()) ids += record.id;
-      return ids;
-    };
-    QCOMPARE(sorted(u"leads"_s), u"bca"_s);
-    QCOMPARE(sorted(u"sent"_s), u"acb"_s);
-    QCOMPARE(sorted(u"deleted"_s), u"bac"_s);
-    QCOMPARE(sorted(u"gone"_s), u"bac"_s);
-    QCOMPARE(sorted(u"gone"_s, false), u"cab"_s);
-    QCOMPARE(names().size(), 3);
-
-    f->api.expect(u"POST /campaigns/a/restore"_s);
-    store->restore(u"a"_s);
-    f->api.answer(u"POST /campaigns/a/restore"_s, refusal, 422);
-    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t restore a"_s);
-    QCOMPARE(store->archivedRows()->count(), 3);
-    QCOMPARE(store->archivedCount(), 2);
-    QVERIFY(store->busy().ids().isEmpty());
-    store->removeForGood(u"b"_s);
-    f->api.expect(u"DELETE /campaigns/b"_s);
-    f->overlays.answer(f->overlays.token(), true);
-    f->api.answer(u"DELETE /campaigns/b"_s, refusal, 422);
-    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t delete b"_s);
-    QCOMPARE(store->archivedRows()->count(), 3);
   }
 
   void createTrimsOpensAndKeepsTheNameOnFailure() {

@@ -38,6 +38,8 @@ template <class S>
 SweepRow asking(SweepRow like, const QString& operation, S& (*store)(SweepStage&), QString (S::*get)() const,
                 void (S::*set)(const QString&), const QString& one, const QString& two) {
   like.name = operation;
+  // A new question that fails takes the figures away, which answer another one.
+  like.shown = {};
   like.press = [=](SweepStage& s) {
     S& asked = store(s);
     (asked.*set)((asked.*get)() == one ? two : one);
