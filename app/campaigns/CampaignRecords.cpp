@@ -22,6 +22,8 @@ Archive<Campaign>::Requests campaignArchiveRequests() {
           .restore = [](const QString& id) { return Requests::restoreCampaign(id); }};
 }
 
+QString renameKey(const QString& id) { return u"campaigns/%1/rename"_s.arg(id); }
+
 void copyCampaignLink(Services& services, const QString& id) {
   QUrl link = services.webOrigin;
   link.setPath(u"/campaigns/"_s + id);

@@ -12,6 +12,9 @@ void follow(CampaignSummary& row, const Campaign& campaign);
 /// The requests of what is deleted and brought back, whose words differ by place.
 Archive<Campaign>::Requests campaignArchiveRequests();
 
+/// What is typed of a new name is one text in the journal, wherever it is typed.
+QString renameKey(const QString& id);
+
 /// Puts the campaign's address for other people on the clipboard, and says so.
 void copyCampaignLink(Services& services, const QString& id);
 

@@ -28,6 +28,11 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_recovery, &Recovery::changed, &m_senders, &SenderPicker::show);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/settings"_s);
+  // Before the page takes it over: a rename in its header or in the list is nobody else's.
+  context.workspace.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) {
+    if (change.record && change.id == m_context.id && change.madeOn && m_context.campaign.value())
+      m_draft.rebase(settingsOf(*change.record), change.record->version, change.madeOn);
+  });
   follow();
 }
 
@@ -53,7 +58,7 @@ QList<Choice> CampaignSettings::tags() const {
   const QList<Label> known = tagItems();
   for (const QString& key : m_draft.typed().tags) {
     const auto found = std::ranges::find(known, key, &Label::key);
-    chips.append(chip(key, found == known.end() ? key : found->title()));
+    chips.append({.key = key, .label = found == known.end() ? key : found->title()});
   }
   return chips;
 }
@@ -62,7 +67,7 @@ QList<Choice> CampaignSettings::tagSuggestions() const {
   QList<Choice> chips;
   const QStringList picked = m_draft.typed().tags;
   for (const Label& tag : tagItems())
-    if (!picked.contains(tag.key)) chips.append(chip(tag.key, tag.title()));
+    if (!picked.contains(tag.key)) chips.append({.key = tag.key, .label = tag.title()});
   return chips;
 }
 

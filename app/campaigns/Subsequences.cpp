@@ -26,14 +26,12 @@ Subsequences::Subsequences(CampaignContext& context)
       m_list(*this, [this] { return m_context.api.send(Requests::listSubsequences(m_context.id)); },
              {.failed = u"Couldn’t load the subsequences"_s}),
       m_labels(*this, [this] { return m_context.api.send(Requests::listReplyLabels()); },
-               {.failed = u"Couldn’t load the labels"_s}) {
+               {.failed = u"Couldn’t load the labels"_s}),
+      m_recovery(context.workspace, Recovery::of(m_draft)) {
   connect(&m_list, &ResourceBase::valueChanged, this, &Subsequences::show);
   connect(&m_labels, &ResourceBase::changed, this, &Subsequences::show);
   connect(&m_draft, &FieldDraft::changed, this, &Subsequences::changed);
-  // What was filled in is given up with the form.
-  connect(&m_form, &Form::changed, this, [this] {
-    if (!m_form.shown()) m_draft.discard();
-  });
+  m_recovery.keep(m_form, m_draft);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/new-subsequence"_s);
   context.workspace.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) { take(change); });
 }

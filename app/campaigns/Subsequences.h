@@ -8,6 +8,7 @@
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
 #include "app/base/RecordModel.h"
+#include "app/base/Recovery.h"
 #include "app/base/RowFields.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
@@ -54,6 +55,7 @@ class Subsequences final : public Store {
   Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
   Q_PROPERTY(orv::Form* form READ form CONSTANT)
   Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::ResourceBase* knownLabels READ knownLabels CONSTANT)
   Q_PROPERTY(QList<orv::Choice> labels READ labels NOTIFY changed)
   Q_PROPERTY(QString labelsNote READ labelsNote NOTIFY changed)
@@ -70,6 +72,7 @@ class Subsequences final : public Store {
   /// The form that makes another, and what is filled in there.
   Form* form() { return &m_form; }
   Draft<NewSubsequence>* draft() { return &m_draft; }
+  Recovery* recovery() { return &m_recovery; }
   Resource<ReplyLabelList>* knownLabels() { return &m_labels; }
   /// Those that may be picked: key, label and whether it is.
   QList<Choice> labels() const;
@@ -103,6 +106,7 @@ class Subsequences final : public Store {
   SubsequenceRows m_rows;
   Form m_form;
   Draft<NewSubsequence> m_draft;
+  Recovery m_recovery;
 };
 
 }  // namespace orv
