@@ -15,6 +15,10 @@ class ListModel : public QAbstractListModel {
 
  Q_SIGNALS:
   void countChanged();
+
+ protected:
+  /// A value as a row shows it: texts as shownName() has them, whoever wrote them.
+  static QVariant inRow(const QVariant& value);
 };
 
 }  // namespace orv

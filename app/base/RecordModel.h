@@ -106,8 +106,8 @@ class RecordModel : public ListModel {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     const Record& record = m_records[size_t(index.row())];
     const int field = role - firstRole;
-    if (field >= 0 && field < fieldNames<Record>().size()) return fieldVariant(record, field);
-    return extraData(record, index.row(), role);
+    if (field < 0 || field >= fieldNames<Record>().size()) return inRow(extraData(record, index.row(), role));
+    return isKey(field) ? fieldVariant(record, field) : inRow(fieldVariant(record, field));
   }
 
   QHash<int, QByteArray> roleNames() const override {
@@ -214,6 +214,12 @@ class RecordModel : public ListModel {
   }
 
   void forgetPlaces() { m_places.clear(); }
+
+  /// What actions are called by, and so goes back as it came.
+  static bool isKey(int field) {
+    const QByteArray& name = fieldNames<Record>()[field];
+    return name == "id" || name.endsWith("Id");
+  }
 
   std::vector<Record> m_records;
   /// The row of every id, from when it is first asked for until rows move.

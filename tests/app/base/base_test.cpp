@@ -114,6 +114,19 @@ class BaseTest : public QObject {
     QCOMPARE(loads->asked.size(), 4u);
   }
 
+  void rowsAreOneLineOfWhatOthersWrote() {
+    RecordModel<CampaignSummary> model;
+    CampaignSummary hostile;
+    hostile.id = u"c\n1"_s;
+    hostile.name = u"Q3\nsent"_s;
+    model.update({hostile});
+    const auto roles = model.roleNames();
+    const auto shown = [&](const char* role) { return model.data(model.index(0), roles.key(role)).toString(); };
+    QCOMPARE(shown("name"), u"Q3 sent"_s);
+    QCOMPARE(shown("id"), hostile.id);
+    QCOMPARE(model.records().front().name, hostile.name);
+  }
+
   void changesOfOneRecordGoOneAfterAnother() {
     RecordTurns& turns = f->context->turns();
     QStringList log;
