@@ -23,4 +23,9 @@ struct EmailVariable {
   bool operator==(const EmailVariable&) const = default;
 };
 
+struct PreviewResponse;
+
+/// What every lead can have, and then what this campaign's leads have as the service tells.
+QList<EmailVariable> emailVariables(const PreviewResponse* answer);
+
 }  // namespace orv

@@ -11,29 +11,12 @@ namespace {
 constexpr qint64 mostWaitDays = 60;
 constexpr qint64 newStepWaitDays = 2;
 
-qint64 roundedDays(qint64 minutes) {
-  return (minutes + SequenceDraft::minutesPerDay / 2) / SequenceDraft::minutesPerDay;
-}
-
-bool hasLabel(const DraftStep& step, const QString& label) {
-  return std::ranges::find(step.variants, label, &DraftVariant::label) != step.variants.end();
-}
-
-/// Empty when the alphabet is used up.
-QString freeLabel(const DraftStep& step) {
-  for (char16_t letter = u'A'; letter <= u'Z'; ++letter)
-    if (!hasLabel(step, QString(letter))) return QString(letter);
-  return {};
-}
-
 DraftVariant newVariant(const QString& label) {
   DraftVariant variant;
   variant.key = QUuid::createUuid();
   variant.label = label;
   return variant;
 }
-
-void inOrder(QList<CampaignStep>& steps) { std::ranges::stable_sort(steps, {}, &CampaignStep::position); }
 
 template <class Items>
 qsizetype indexOf(const Items& items, const QUuid& key) {
@@ -71,86 +54,6 @@ const Item* keepKey(const Items& old, Item& fresh) {
 }
 
 }  // namespace
-
-qint64 DraftStep::waitDays() const { return roundedDays(delayMinutes); }
-
-int DraftStep::sharePercent(const DraftVariant& variant) const {
-  if (!variant.enabled) return 0;
-  qint64 total = 0;
-  for (const DraftVariant& each : variants) total += each.enabled ? each.weight : 0;
-  return total > 0 ? qRound(100.0 * double(variant.weight) / double(total)) : 0;
-}
-
-bool DraftStep::canAddVariant() const { return !freeLabel(*this).isEmpty(); }
-
-QList<DraftStep> draftOf(QList<CampaignStep> steps) {
-  inOrder(steps);
-  QList<DraftStep> draft;
-  for (const CampaignStep& step : std::as_const(steps)) {
-    DraftStep one{QUuid::createUuid(), step.id, step.delayMinutes, step.sameThread, {}, 0};
-    for (const CampaignVariant& variant : step.variants)
-      one.variants.append({QUuid::createUuid(), variant.id, variant.label, variant.subject, variant.body,
-                           variant.weight, variant.enabled});
-    // The service may have a step without a text; there is none to edit without one.
-    if (one.variants.isEmpty()) one.variants.append({QUuid::createUuid(), {}, u"A"_s, {}, {}, 1, true});
-    draft.append(one);
-  }
-  return draft;
-}
-
-QList<StepIn> inputsOf(const QList<DraftStep>& steps) {
-  QList<StepIn> inputs;
-  inputs.reserve(steps.size());
-  for (const DraftStep& step : steps) {
-    StepIn in{step.id, step.delayMinutes, step.sameThread, {}};
-    for (const DraftVariant& variant : step.variants)
-      in.variants.append({variant.id, variant.label, variant.subject, variant.body, variant.weight, variant.enabled});
-    inputs.append(in);
-  }
-  return inputs;
-}
-
-QList<CampaignStep> stepsOf(const QList<StepIn>& inputs) {
-  QList<CampaignStep> steps;
-  for (const StepIn& input : inputs) {
-    CampaignStep step;
-    step.id = input.id.value_or(QString());
-    step.position = steps.size() + 1;
-    step.delayMinutes = input.delayMinutes;
-    step.sameThread = input.sameThread;
-    for (const VariantIn& variant : input.variants)
-      step.variants.append({variant.id.value_or(QString()),
-                            variant.label,
-                            variant.subject,
-                            variant.body,
-                            variant.weight,
-                            variant.enabled,
-                            {}});
-    steps.append(step);
-  }
-  return steps;
-}
-
-QList<StepIn> withoutIds(QList<StepIn> steps) {
-  for (StepIn& step : steps) {
-    step.id.reset();
-    for (VariantIn& variant : step.variants) variant.id.reset();
-  }
-  return steps;
-}
-
-QList<DraftStep> withAnsweredIds(QList<DraftStep> sent, QList<CampaignStep> answered) {
-  // Lists of another length are not an answer to what was sent; any pairing would be a guess.
-  if (answered.size() != sent.size()) return sent;
-  inOrder(answered);
-  for (qsizetype i = 0; i < sent.size(); ++i) {
-    sent[i].id = answered[i].id;
-    auto& variants = sent[i].variants;
-    if (answered[i].variants.size() != variants.size()) continue;
-    for (qsizetype j = 0; j < variants.size(); ++j) variants[j].id = answered[i].variants[j].id;
-  }
-  return sent;
-}
 
 DraftStep* SequenceDraft::find(const QUuid& step) {
   const qsizetype place = placeOf(step);
@@ -208,7 +111,7 @@ QString SequenceDraft::waitText(qsizetype place) const {
 qint64 SequenceDraft::day(qsizetype place) const {
   qint64 minutes = 0;
   for (qsizetype i = 0; i <= place; ++i) minutes += m_steps[i].delayMinutes;
-  return roundedDays(minutes);
+  return wholeDays(minutes);
 }
 
 QUuid SequenceDraft::insertStep(qsizetype place) {
@@ -291,7 +194,7 @@ void SequenceDraft::show(const QUuid& step, qsizetype variant) {
 
 QUuid SequenceDraft::addVariant(const QUuid& step) {
   DraftStep* found = find(step);
-  const QString label = found ? freeLabel(*found) : QString();
+  const QString label = found ? found->freeLabel() : QString();
   if (label.isEmpty()) return {};
   found->variants.append(newVariant(label));
   found->shown = found->variants.size() - 1;
@@ -317,7 +220,7 @@ bool SequenceDraft::restoreVariant(const QUuid& variant) {
   if (const auto gone = m_removedSteps.find(removed->step); gone != m_removedSteps.end()) step = &gone->step;
   if (!step) return false;
   DraftVariant back = removed->variant;
-  if (hasLabel(*step, back.label)) back.label = freeLabel(*step);
+  if (step->hasLabel(back.label)) back.label = step->freeLabel();
   if (back.label.isEmpty()) return false;
   step->shown = placeAmong(step->variants, m_variantPlaces, variant);
   step->variants.insert(step->shown, back);

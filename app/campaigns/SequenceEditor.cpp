@@ -2,33 +2,13 @@
 
 #include "app/base/shownName.h"
 #include "kit/models/campaigns/campaignRequests.h"
-#include "kit/models/campaigns/emailPreview.h"
 #include "kit/models/campaigns/sequence.h"
 
 #include <QPointer>
 
-#include "app/campaigns/TextVariables.h"
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
-namespace {
-
-/// What every lead can have, whatever the service says of this campaign's.
-const QList<std::pair<QString, QString>>& standardVariables() {
-  static const QList<std::pair<QString, QString>> variables{
-      {u"firstName"_s, u"First name"_s},
-      {u"lastName"_s, u"Last name"_s},
-      {u"email"_s, u"Email address"_s},
-      {u"company"_s, u"Company"_s},
-      {u"title"_s, u"Job title"_s},
-      {u"website"_s, u"Website"_s},
-      {u"accountSignature"_s, u"Signature of the sending inbox"_s}};
-  return variables;
-}
-
-}  // namespace
-
 SequenceEditor::SequenceEditor(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
@@ -49,7 +29,8 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
                         });
                       }}),
       m_preview(context, m_autosave.draft()),
-      m_testEmail(context, m_autosave, [this] { return emailShown(); }) {
+      m_testEmail(context, m_autosave, [this] { return emailShown(); }),
+      m_spintax(context, [this] { Q_EMIT spinningChanged(); }) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
   connect(&m_autosave, &SequenceAutosave::saved, this, &SequenceEditor::takeSaved);
   connect(&m_autosave, &SequenceAutosave::changed, &m_recovery, &Recovery::follow);
@@ -298,62 +279,32 @@ void SequenceEditor::setBody(const QString& body, const QString& variant) {
 
 Task<void> SequenceEditor::spinTask(QString field) {
   const DraftVariant* shown = variant();
-  if (!shown || !m_spinning.isEmpty()) co_return;
+  if (!shown || !spinning().isEmpty()) co_return;
   const QUuid key = shown->key;
-  QString DraftVariant::*const text = field == "subject"_L1 ? &DraftVariant::subject : &DraftVariant::body;
-  const QString before = shown->*text;
-  if (before.trimmed().isEmpty()) {
-    m_context.services.toasts.show({.message = u"Write the email first, then spin it"_s});
-    co_return;
-  }
-  m_spinning = field;
-  Q_EMIT spinningChanged();
-  std::optional<SpintaxOut> spun;
-  try {
-    spun = co_await m_context.api.send(Requests::spinText({before, field}));
-  } catch (const APIError& error) {
-    m_context.services.toasts.failure(u"Couldn’t add spintax."_s, error);
-  }
-  m_spinning.clear();
-  Q_EMIT spinningChanged();
-  if (!spun) co_return;
+  const QString before = shown->*Spintax::textOf(field);
+  const auto after = co_await m_spintax.make(field, before);
+  if (!after) co_return;
   const DraftVariant* now = draft().variant(key);
-  if (!now || now->*text != before) {
+  if (!now || now->*Spintax::textOf(field) != before) {
     m_context.services.toasts.show({.message = u"The email changed while it was spinning. Try again."_s});
     co_return;
   }
-  takeSpun(key, field, {before, followed(before, withLineFeeds(before), withLineFeeds(spun->text))});
+  // Whatever is shown by now: a field that comes to show the text later can take the edit back all the same.
+  m_spintax.remember(key, field, {before, *after});
+  field == "subject"_L1 ? setSubject(*after, key.toString()) : setBody(*after, key.toString());
+  if (QUuid(m_shown.variant) == key) Q_EMIT textSpun(field, *after);
   m_context.services.toasts.success(u"Spintax added. ⌘Z takes it back out."_s);
 }
 
-/// Whatever is shown by now: a field that comes to show the text later can take the edit back all the same.
-void SequenceEditor::takeSpun(const QUuid& key, const QString& field, const Spun& spun) {
-  m_spun.insert({key, field}, spun);
-  field == "subject"_L1 ? setSubject(spun.after, key.toString()) : setBody(spun.after, key.toString());
-  if (QUuid(m_shown.variant) == key) Q_EMIT textSpun(field, spun.after);
-}
-
 QString SequenceEditor::unspun(const QString& field) const {
-  const Spun spun = m_spun.value({QUuid(m_shown.variant), field});
-  return spun.after == (field == "subject"_L1 ? subject() : body()) ? spun.before : QString();
+  return m_spintax.before(QUuid(m_shown.variant), field, field == "subject"_L1 ? subject() : body());
 }
 
 void SequenceEditor::collectVariables() {
-  QList<EmailVariable> variables;
-  for (const auto& [name, text] : standardVariables()) variables.append({.name = name, .text = text});
-  const PreviewResponse* answer = m_preview.response();
-  if (answer && answer->variables) {
-    for (const auto& variable : *answer->variables) {
-      const auto isThis = [&variable](const auto& known) { return known.first == variable.name; };
-      if (std::ranges::any_of(standardVariables(), isThis)) continue;
-      const bool isStandard = variable.standard.value_or(false);
-      const QString text = variable.description.value_or(variable.value.value_or(QString()));
-      variables.append({.name = variable.name, .text = text, .group = isStandard ? QString() : u"From your leads"_s});
-    }
+  if (auto variables = emailVariables(m_preview.response()); variables != m_variables) {
+    m_variables = std::move(variables);
+    Q_EMIT variablesChanged();
   }
-  if (variables == m_variables) return;
-  m_variables = variables;
-  Q_EMIT variablesChanged();
 }
 
 std::optional<TestEmailForm::Email> SequenceEditor::emailShown() const {
@@ -369,8 +320,7 @@ void SequenceEditor::close() {
   m_autosave.close();
   m_preview.close();
   Store::close();
-  m_spinning.clear();
-  Q_EMIT spinningChanged();
+  m_spintax.stop();
 }
 
 }  // namespace orv

@@ -8,6 +8,7 @@
 #include "app/campaigns/SequenceAutosave.h"
 #include "app/campaigns/SequencePreview.h"
 #include "app/campaigns/SequenceRows.h"
+#include "app/campaigns/Spintax.h"
 #include "app/campaigns/TestEmailForm.h"
 #include "kit/models/campaigns/campaign.h"
 
@@ -71,7 +72,7 @@ class SequenceEditor final : public Store {
   QString subject() const;
   QString body() const;
   /// The field that spintax is being made for: "subject", "body" or empty.
-  QString spinning() const { return m_spinning; }
+  QString spinning() const { return m_spintax.field(); }
   const QList<EmailVariable>& variables() const { return m_variables; }
 
   Q_INVOKABLE void select(const QString& step);
@@ -122,10 +123,6 @@ class SequenceEditor final : public Store {
     bool operator==(const Shown&) const = default;
   };
 
-  struct Spun {
-    QString before, after;
-  };
-
   template <class Change>
   auto edit(Change&& change);
   void takeLoaded();
@@ -138,7 +135,6 @@ class SequenceEditor final : public Store {
   void tellFailure();
   void follow();
   void keepSelection();
-  void takeSpun(const QUuid& key, const QString& field, const Spun& spun);
   Shown shownNow() const;
   void collectVariables();
   const DraftStep* step() const;
@@ -159,9 +155,7 @@ class SequenceEditor final : public Store {
   /// Where it stood, for when it goes.
   qsizetype m_place = 0;
   Shown m_shown;
-  QString m_spinning;
-  /// By the variant's key and the field.
-  QHash<std::pair<QUuid, QString>, Spun> m_spun;
+  Spintax m_spintax;
   QList<EmailVariable> m_variables;
   /// Of the campaign that the last save returned.
   std::optional<qint64> m_savedVersion;

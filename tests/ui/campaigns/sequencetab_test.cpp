@@ -172,7 +172,7 @@ class SequenceTabTest : public QObject {
     QTest::keyClick(view.get(), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(view.get(), Qt::Key_6);
     QTest::keyClick(view.get(), Qt::Key_1);
-    QCOMPARE(editor->draft().steps()[1].delayMinutes, 60 * SequenceDraft::minutesPerDay);
+    QCOMPARE(editor->draft().steps()[1].delayMinutes, 60 * minutesPerDay);
   }
 
   void aFailedSaveCanBeReadUntilOneSucceeds() {
