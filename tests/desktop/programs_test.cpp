@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <cerrno>
+#include <csignal>
 
 #include "desktop/ActivationToken.h"
 #include "desktop/services/BrowserService.h"
@@ -69,18 +70,22 @@ class ProgramsTest : public QObject {
   }
 
   void programsAreStrangers() {
-    provide(
-        u"xdg-open"_s,
-        R"(cd "$(dirname "$0")" {
-          echo "$@";
-          umask;
-          ulimit - c;
-          grep SigIgn / proc / $$ / status;
-          ls / proc / $$ / fd;
-          echo "token $XDG_ACTIVATION_TOKEN"["$(ps -o sid= -p $$ | tr -d ' ')" = $$] && echo alone;
-        } > told.new mv told.new told) ");
-        // As a library opens them.
-        const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    provide(u"xdg-open"_s, R"sh(cd "$(dirname "$0")"
+{
+  echo "$@"
+  umask
+  ulimit -c
+  grep SigIgn /proc/$$/status
+  ls /proc/$$/fd
+  echo "token $XDG_ACTIVATION_TOKEN"
+  read -r stat </proc/$$/stat
+  set -- ${stat##*) }
+  [ "$4" = $$ ] && echo alone
+} >told.new
+mv told.new told
+)sh");
+    // As a library opens them.
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     const int file = ::open("/etc/passwd", O_RDONLY);
     QVERIFY(file > socket && socket > 2);
     QVERIFY(BrowserService().open(QUrl(u"https://app.orvella.example/a b?c=$(id)"_s)));
@@ -123,14 +128,16 @@ class ProgramsTest : public QObject {
     setActivationToken(QByteArray(257, 'x'));
     QCOMPARE(QByteArray(place), QByteArray());
     // The toolkit's plug-in takes it out when it has used it.
-    char** const list = environ;
+    [[maybe_unused]] char** const list = environ;
     for (int i = 0; i < 100; ++i) {
       setActivationToken("again");
       ::unsetenv("XDG_ACTIVATION_TOKEN");
       setActivationToken({});
       QCOMPARE(std::getenv("XDG_ACTIVATION_TOKEN"), place);
     }
+#if !__has_feature(address_sanitizer)  // Whose memory moves whenever it is asked for again.
     QCOMPARE(environ, list);
+#endif
   }
 };
 
