@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "kit/api/Format.h"
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -39,10 +37,6 @@ void CommandPalette::setQuery(const QString& query) {
   Q_EMIT queryChanged();
 }
 
-QString CommandPalette::resultsText() const { return Format::counted(m_shown.size(), u"result"_s, u"results"_s); }
-
-QString CommandPalette::nothingText() const { return u"Nothing matches “"_s + m_query.trimmed() + u'”'; }
-
 void CommandPalette::prepare() {
   Q_EMIT opening();
   m_commands = m_source();
@@ -53,6 +47,7 @@ void CommandPalette::prepare() {
 
 void CommandPalette::renew() {
   m_commands = m_source();
+  // Who looks at what they chose last is not disturbed; who waits for a name sees it come.
   if (!m_query.isEmpty()) show();
 }
 

@@ -23,8 +23,6 @@ struct Command {
 class CommandPalette final : public ListModel {
   Q_OBJECT
   Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY queryChanged)
-  Q_PROPERTY(QString resultsText READ resultsText NOTIFY countChanged)
-  Q_PROPERTY(QString nothingText READ nothingText NOTIFY queryChanged)
 
  public:
   static constexpr qsizetype recentsAtMost = 8;
@@ -35,9 +33,6 @@ class CommandPalette final : public ListModel {
 
   QString query() const { return m_query; }
   void setQuery(const QString& query);
-  /// "4 results", as it is announced.
-  QString resultsText() const;
-  QString nothingText() const;
 
   /// Gathers the commands and starts with an empty query.
   Q_INVOKABLE void prepare();

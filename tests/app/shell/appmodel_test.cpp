@@ -7,8 +7,9 @@
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
-#include "app/shell/Commands.h"
+#include "kit/models/campaigns/campaignRequests.h"
 #include "tests/support/AppFixture.h"
+#include "tests/support/await.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -308,8 +309,15 @@ class AppModelTest : public QObject {
     f->api.expect(me);
     f->api.expect(remember);
     app->refreshAccount();
+    const QPointer<WorkspaceSession> lost = app->session();
+    const auto held = lost->context().shared_from_this();
     f->api.answer(me, account({u"b"_s}));
     QCOMPARE(app->current()->slug, u"b"_s);
+    QCOMPARE(app->toasts()->toasts().last().message, u"You’re no longer in N"_s);
+    QCOMPARE(app->sessionOrder(), QStringList{u"b"_s});
+    settle();
+    QVERIFY2(!lost, "its session is let go");
+    QVERIFY_THROWS_EXCEPTION(APIError, await(held->api().send(Requests::listCampaigns(false))));
   }
 
   void aRefusedCallEndsTheSessionOnce() {
@@ -424,29 +432,6 @@ class AppModelTest : public QObject {
     app->overlays()->answer(app->overlays()->token(), true);
     QCOMPARE(closable.count(), 1);
     QVERIFY(app->mayClose());
-  }
-
-  void everyCommandRunsWhereItSays() {
-    startSignedIn({u"a"_s, u"b"_s});
-    f->api.expect(campaigns);
-    app->session()->store<CampaignsStore>()->ensureLoaded();
-    f->api.answer(campaigns, R"({"items":[{"id":"c1","name":"One","status":"draft","senders":0,"steps":0,"leads":0,)"
-                             R"("sent":0,"replied":0,"positive":0,"bounced":0,"createdAt":"2026-01-01"}]})");
-    QHash<QString, Command> commands;
-    for (const Command& command : Commands(*app).all()) {
-      QVERIFY2(!commands.contains(command.id), qPrintable(command.id));
-      commands.insert(command.id, command);
-    }
-    commands[u"record.campaigns.c1"_s].run();
-    QCOMPARE(app->router()->campaign(), u"c1"_s);
-    commands[u"settings.tags"_s].run();
-    QCOMPARE(app->router()->settingsTab(), SettingsTab::tags);
-    commands[u"campaigns.new"_s].run();
-    QVERIFY(app->session()->store<CampaignsStore>()->newCampaign()->shown());
-    QVERIFY(!commands.contains(u"workspace.a"_s));
-    f->api.expect(remember);
-    commands[u"workspace.b"_s].run();
-    QCOMPARE(app->current()->slug, u"b"_s);
   }
 
   void aSessionThatGoesTakesItsQuestionsAlong() {

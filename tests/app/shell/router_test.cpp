@@ -1,7 +1,5 @@
-#include <QAbstractItemModelTester>
 #include <QTest>
 
-#include "app/shell/CommandPalette.h"
 #include "app/shell/Router.h"
 #include "tests/support/AppFixture.h"
 
@@ -10,7 +8,7 @@ using namespace std::chrono_literals;
 using namespace orv;
 using namespace orv::test;
 
-/// Getting around: the router, the "go to" chord and the palette.
+/// Getting around: the router, its way back and the "go to" chord.
 class RouterTest : public QObject {
   Q_OBJECT
 
@@ -77,6 +75,36 @@ class RouterTest : public QObject {
     QVERIFY(!router.canGoBack() && !router.canGoForward());
   }
 
+  void theWayBackLeadsToTabsAndSearches() {
+    ManualClock clock;
+    MemoryPreferences preferences;
+    Router router(preferences, clock);
+    QList<PagePlace> walked;
+    connect(&router, &Router::walked, this, [&](const PagePlace& place) { walked.append(place); });
+    router.openCampaign(u"c1"_s);
+    router.amendPlace({.tab = u"sequence"_s});
+    router.moveTo({.tab = u"leads"_s});
+    // A search is typed letter by letter, and after a rest another one.
+    for (const auto& text : {u"a"_s, u"ac"_s, u"acme"_s}) {
+      router.moveTo({.tab = u"leads"_s, .value = text});
+      clock.advance(300ms);
+    }
+    clock.advance(5s);
+    router.moveTo({.tab = u"leads"_s, .value = u"bolt"_s});
+    router.openSettings(SettingsTab::tags);
+    router.openSettings(SettingsTab::tags);
+    while (router.canGoBack()) router.goBack();
+    const QList<PagePlace> back{
+        {u"leads"_s, u"bolt"_s}, {u"leads"_s, u"acme"_s}, {u"leads"_s, {}}, {u"sequence"_s, {}}, {}};
+    QCOMPARE(walked, back);
+    for (int step = 0; step < 3; ++step) router.goForward();
+    QCOMPARE(router.campaign(), u"c1"_s);
+    QCOMPARE(walked.last(), (PagePlace{u"leads"_s, u"acme"_s}));
+    // Going on from there is another way.
+    router.moveTo({.tab = u"stats"_s});
+    QVERIFY(!router.canGoForward());
+  }
+
   void goChordWaitsBriefly() {
     ManualClock clock;
     MemoryPreferences preferences;
@@ -92,39 +120,6 @@ class RouterTest : public QObject {
     QSet<QChar> keys;
     for (const auto& info : Pages::all()) keys.insert(info.key);
     QCOMPARE(keys.size(), Pages::all().size());
-  }
-
-  void paletteFindsRunsAndRemembers() {
-    MemoryPreferences preferences;
-    QStringList run;
-    const auto commands = [&run] {
-      QList<Command> list;
-      for (int i = 0; i < 12; ++i) {
-        const QString id = u"c%1"_s.arg(i);
-        list.append({id, i < 6 ? u"Pages"_s : u"Actions"_s, u"Open Item %1"_s.arg(i), u"sub"_s, {}, {}, [&run, id] {
-                       run.append(id);
-                     }});
-      }
-      return list;
-    };
-    CommandPalette palette(preferences, commands);
-    QAbstractItemModelTester tester(&palette, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    palette.prepare();
-    palette.setQuery(u"ITEM 11"_s);
-    QCOMPARE(palette.resultsText(), u"1 result"_s);
-    QVERIFY(palette.choose(0));
-    palette.setQuery(u" zzz "_s);
-    QCOMPARE(palette.resultsText(), u"0 results"_s);
-    QCOMPARE(palette.nothingText(), u"Nothing matches “zzz”"_s);
-    QVERIFY(!palette.choose(0));
-    palette.setQuery(u"item"_s);
-    for (int row = 0; row < 9; ++row) palette.choose(row);
-    palette.choose(0);
-    palette.prepare();
-    QCOMPARE(palette.count(), 8);
-    QCOMPARE(palette.index(0).data(CommandPalette::IdRole).toString(), u"c0"_s);
-    QCOMPARE(palette.index(0).data(CommandPalette::GroupRole).toString(), u"Recent"_s);
-    QCOMPARE(run.size(), 11);
   }
 };
 
