@@ -76,8 +76,11 @@ class AccountsStore final : public Store {
   QString attention() const;
   QString countText() const;
   QString archivedCountText() const;
+  /// Every tag that an account has, with how many have it.
   /// Why nothing can be added; empty when it can.
   QString addHint() const;
+  /// Tags that accounts carry.
+  QList<Choice> knownTags() const;
   QStringList busyIds() const { return m_actions.busyIds(); }
 
   /// Loads what is on the screen again.
@@ -116,7 +119,6 @@ class AccountsStore final : public Store {
   void copyAddress(const QString& address);
   Task<void> follow();
   Task<bool> lookAgain();
-  QList<Choice> knownTags() const;
 
   struct Figures {
     qint64 accounts = 0;

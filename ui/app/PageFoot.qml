@@ -8,6 +8,11 @@ Item {
 
     property string countText: ""
     property Resource resource: null
+    /// Where the pages of a list did not all come, it goes on from here.
+    readonly property PagedList broken: {
+        const list = resource as PagedList;
+        return list && list.moreFailed ? list : null;
+    }
 
     implicitHeight: 36
 
@@ -18,6 +23,7 @@ Item {
     }
 
     Text {
+        id: count
         x: Theme.pageSide
         height: parent.height
         verticalAlignment: Text.AlignVCenter
@@ -27,6 +33,30 @@ Item {
         color: Theme.text2
         Accessible.role: Accessible.StaticText
         Accessible.name: text
+    }
+
+    Text {
+        id: failure
+        visible: root.broken !== null
+        x: count.x + count.width + 12
+        height: parent.height
+        verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
+        text: "Couldn’t load more."
+        font: Theme.small
+        color: Theme.negative
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+    }
+
+    OrvButton {
+        visible: root.broken !== null
+        x: failure.x + failure.width + 4
+        anchors.verticalCenter: parent.verticalCenter
+        kind: "ghost"
+        size: "small"
+        text: "Try again"
+        onClicked: root.broken.loadMore()
     }
 
     Freshness {

@@ -7,6 +7,8 @@ Item {
 
     property string title: ""
     property string summary: ""
+    /// What of it somebody should look after, behind the summary.
+    property string attention: ""
     default property alias actions: actionRow.data
 
     implicitHeight: 66
@@ -28,9 +30,10 @@ Item {
     }
 
     Text {
+        id: summaryText
         x: Theme.pageSide
         y: 40
-        width: titleText.width
+        width: Math.min(implicitWidth, titleText.width - (attentionText.visible ? attentionText.implicitWidth : 0))
         height: 20
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
@@ -41,6 +44,21 @@ Item {
         Accessible.role: Accessible.StaticText
         Accessible.name: text
         Accessible.ignored: text === ""
+    }
+
+    Text {
+        id: attentionText
+        visible: root.attention !== ""
+        x: summaryText.x + summaryText.width
+        y: summaryText.y
+        height: 20
+        verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
+        text: (root.summary !== "" ? " · " : "") + root.attention
+        font: Theme.bodyStrong
+        color: Theme.warning
+        Accessible.role: Accessible.StaticText
+        Accessible.name: root.attention
     }
 
     Row {

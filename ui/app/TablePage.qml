@@ -8,6 +8,7 @@ FocusScope {
     /// Empty where a tab says it already.
     property alias title: header.title
     property alias summary: header.summary
+    property alias attention: header.attention
     property alias actions: header.actions
     property alias leading: filters.leading
     property alias trailing: filters.trailing

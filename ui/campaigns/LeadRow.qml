@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 
 /// A lead in the table, of the campaign or of its archive.
 OrvTableRow {
