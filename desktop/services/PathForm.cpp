@@ -33,10 +33,11 @@ PathForm::PathForm(NameForm::Words words, Refusal refusal) : m_refusal(std::move
 Task<QString> PathForm::ask(QString suggestion, QString folder) {
   m_form.cancel();
   const Question question(*this);
+  m_folder = folder;
+  // Shown first: a form tells of what it is filled with before it is.
+  m_form.show(suggestion);
   Answer answer;
   m_answer = answer;
-  m_folder = folder;
-  m_form.show(suggestion);
   co_return co_await answer.wait();
 }
 
