@@ -182,6 +182,7 @@ void Sweep::jobOutlives(const QString& what, Life& life) {
   if (life.stage.f.jobs.running() != 0) say(what, life, u"does not end"_s);
   if (life.stage.f.toasts.count() != 1) say(what, life, u"its end is told %1 times"_s.arg(life.stage.f.toasts.count()));
   life.stage.f.jobs.clear();
+  settle();
   if (life.stage.f.context.use_count() != 1) say(what, life, u"something holds the workspace"_s);
 }
 

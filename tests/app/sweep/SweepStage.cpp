@@ -66,6 +66,8 @@ SweepStage::SweepStage() : answers(untouched()) {
 
 SweepStage::~SweepStage() {
   owner.reset();
+  // One that has ended still holds the workspace.
+  f.jobs.clear();
   settle();
   f.context.reset();
 }
