@@ -56,6 +56,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
   m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
+  m_signIn.onServiceTime = [this](const QDateTime& at) { settleDoubt(at); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };
   connect(&m_journal, &Journal::opened, this, &AppModel::tellOfKept);
   connect(&m_platform.memoryPressure, &MemoryPressure::pressure, this,
@@ -95,8 +96,7 @@ Task<void> AppModel::stopWaitingForKeychain() {
 void AppModel::restore(std::optional<StoredSession> session) {
   m_bootPatience.cancel();
   if (session && session->isExpired(m_platform.clock.now())) {
-    qCInfo(lcApp, "The stored session has expired");
-    m_keeper.forget();
+    doubt(*session);
     session.reset();
   }
   // Who is signing in by now goes on with it; what the keyring had to say came too late.
@@ -118,6 +118,7 @@ void AppModel::restore(std::optional<StoredSession> session) {
 void AppModel::adopt(StoredSession session) {
   m_boot.cancel();
   m_bootPatience.cancel();
+  m_doubted.reset();
   m_signIn.reset();
   if (session.workspaces.isEmpty()) {
     m_phase = Phase::signedOut;
@@ -247,7 +248,7 @@ void AppModel::signOut() {
                                .now = u"Sign out now"_s};
   m_departure.go(words, [this] {
     if (!m_stored) return;
-    m_farewells.start(logOut(m_stored->token));
+    m_farewells.start(signOutAtService(m_stored->token));
     leave(Leaving::byChoice);
   });
 }
@@ -260,11 +261,43 @@ Task<void> AppModel::logOut(QString token) {
   }
 }
 
+Task<void> AppModel::signOutAtService(QString token) {
+  std::optional<APIError> failure;
+  try {
+    co_await m_platform.api.send(Requests::logOut(), {}, token);
+  } catch (const APIError& error) {
+    failure = error;
+  }
+  // Who has no session there any more is signed out as well.
+  if (!failure || failure->is(APIError::Kind::unauthorized)) co_return;
+  qCInfo(lcApp, "Sign-out not heard by the service: %s", qPrintable(failure->description()));
+  if (m_phase != Phase::signedOut) co_return;
+  m_signIn.setNotice(
+      u"You’re signed out on this computer, but the service didn’t hear of it: there, this sign-in lasts until it runs out."_s);
+}
+
+void AppModel::doubt(const StoredSession& session) {
+  qCInfo(lcApp, "The session has run out, by this computer's clock");
+  m_doubted = session.expiresAt;
+}
+
+void AppModel::settleDoubt(const QDateTime& serviceTime) {
+  const auto expiry = std::exchange(m_doubted, std::nullopt);
+  if (!expiry) return;
+  if (serviceTime >= *expiry) return m_keeper.forget();
+  m_signIn.setNotice(
+      u"This computer’s clock is wrong, so your sign-in seems to be over. Set the clock and start Orvella again, or sign in here."_s);
+}
+
 void AppModel::endSession(const QString& token) {
   // An answer to an older sign-in says nothing about this one.
   if (!m_stored || m_stored->token != token) return;
-  qCInfo(lcApp, "The session has ended");
-  leave(Leaving::sessionEnded);
+  const bool isOver = m_stored->isExpired(m_platform.clock.now());
+  if (isOver)
+    doubt(*m_stored);
+  else
+    qCInfo(lcApp, "The session has ended");
+  leave(isOver ? Leaving::clockSaysOver : Leaving::sessionEnded);
   m_signIn.setNotice(u"Your session ended. Sign in again."_s);
 }
 
@@ -288,12 +321,16 @@ void AppModel::leave(Leaving why) {
   Q_EMIT changed();
   m_workspaces.clear();
   for (const QString& name : m_jobs.clear())
-    if (why == Leaving::sessionEnded)
+    if (why != Leaving::byChoice)
       m_toasts.show({.message = name + u" was cut off"_s,
                      .tone = Toasts::Tone::error,
                      .detail = u"Your session ended before it was done."_s});
-  m_keeper.forget();
-  m_signIn.checkMethods();
+  if (why != Leaving::clockSaysOver) {
+    m_keeper.forget();
+    m_signIn.checkMethods();
+  } else {
+    m_signIn.checkMethodsAgain();
+  }
 }
 
 void AppModel::tellOfKept() {

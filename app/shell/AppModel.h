@@ -29,6 +29,7 @@ class AppModel final : public QObject {
   Q_PROPERTY(QString greetedName READ greetedName CONSTANT)
   Q_PROPERTY(QString userName READ userName NOTIFY changed)
   Q_PROPERTY(QString userEmail READ userEmail NOTIFY changed)
+  Q_PROPERTY(QString service READ service CONSTANT)
   Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY changed)
   Q_PROPERTY(orv::WorkspaceSession* session READ session NOTIFY changed)
   Q_PROPERTY(orv::Router* router READ router CONSTANT)
@@ -63,6 +64,8 @@ class AppModel final : public QObject {
   QString greetedName() const { return m_platform.preferences.signedInName(); }
   QString userName() const;
   QString userEmail() const;
+  /// Which service they are signed in to, when it is another than production's.
+  QString service() const { return isDemo() ? QString() : m_signIn.service(); }
   /// Name, slug and role of each workspace, in the service's order, with `current` set on the open one.
   QVariantList workspaces() const;
 
@@ -108,9 +111,13 @@ class AppModel final : public QObject {
   /// What was being typed when the program last ended, and is not on the screen.
   void tellOfKept();
   Task<void> logOut(QString token);
+  Task<void> signOutAtService(QString token);
+  /// A session that the clock of this computer says is over is not used, and is deleted when the service's says so too.
+  void doubt(const StoredSession& session);
+  void settleDoubt(const QDateTime& serviceTime);
   void endSession(const QString& token);
   /// What was typed stays for the same person, unless they go by choice.
-  enum class Leaving { byChoice, sessionEnded };
+  enum class Leaving { byChoice, sessionEnded, clockSaysOver };
   void leave(Leaving why);
   /// There may be a connection again.
   void tryAgain();
@@ -130,6 +137,8 @@ class AppModel final : public QObject {
 
   Phase m_phase = Phase::booting;
   std::optional<StoredSession> m_stored;
+  /// When the session ended that the keychain still holds.
+  std::optional<QDateTime> m_doubted;
   std::optional<WorkspaceSummary> m_current;
   WorkspaceSession* m_session = nullptr;
   WarmWorkspaces m_workspaces;

@@ -19,7 +19,6 @@ Q_LOGGING_CATEGORY(lcSignIn, "orvella.signin")
 namespace {
 
 constexpr int defaultResendSeconds = 60;
-constexpr qint64 longestResendSeconds = 24 * 60 * 60;
 
 bool looksLikeAddress(const QString& address) {
   // White space is that of every script.
@@ -97,6 +96,22 @@ void SignInModel::setNotice(const QString& notice) {
 void SignInModel::checkMethods() {
   if (m_methodsChecked || !m_methods.isIdle()) return;
   m_methods.start(fetchMethods());
+}
+
+void SignInModel::checkMethodsAgain() {
+  m_methodsChecked = false;
+  checkMethods();
+}
+
+QString SignInModel::service() const {
+  const auto other = APIEnvironment{m_baseURL}.otherOrigin();
+  return other ? QUrl(*other).authority(QUrl::FullyEncoded) : QString();
+}
+
+QString SignInModel::serviceTrouble() const {
+  if (APIEnvironment{m_baseURL}.isSafe()) return {};
+  return u"Orvella is set to use %1, which isn’t encrypted. Nothing is sent there: set an address that begins with https."_s
+      .arg(*APIEnvironment{m_baseURL}.otherOrigin());
 }
 
 void SignInModel::submitEmail() {
@@ -190,13 +205,14 @@ void SignInModel::reset() {
 
 Task<void> SignInModel::fetchMethods() {
   try {
-    const AuthMethods methods = co_await m_api.send(Requests::authMethods());
+    const auto [methods, at] = co_await m_api.send(Requests::authMethods());
     m_methodsChecked = true;
     m_methodsFailed = false;
     m_googleClient = methods.google ? std::optional(NativeGoogleClient::macos) : std::nullopt;
     m_passwordOffered = methods.password.value_or(true);
     m_codeOffered = methods.email.value_or(true);
     Q_EMIT changed();
+    if (at && onServiceTime) onServiceTime(*at);
   } catch (const APIError& error) {
     // The email step works without knowing.
     m_methodsFailed = true;
@@ -335,7 +351,7 @@ void SignInModel::say(const QString& error) {
 }
 
 void SignInModel::startCountdown(qint64 seconds) {
-  m_resendIn = int(std::clamp<qint64>(seconds, 0, longestResendSeconds));
+  m_resendIn = int(std::clamp<qint64>(seconds, 0, Problem::longestRetry));
   m_resendAt = m_clock.now().addSecs(m_resendIn);
   Q_EMIT changed();
   m_countdown.start(countDown());

@@ -31,6 +31,8 @@ class SignInModel final : public QObject {
   Q_PROPERTY(bool offersGoogle READ offersGoogle NOTIFY changed)
   Q_PROPERTY(bool offersCode READ offersCode NOTIFY changed)
   Q_PROPERTY(bool waitingForGoogle READ waitingForGoogle NOTIFY changed)
+  Q_PROPERTY(QString service READ service CONSTANT)
+  Q_PROPERTY(QString serviceTrouble READ serviceTrouble CONSTANT)
 
  public:
   enum class Step { email, password, code };
@@ -41,6 +43,8 @@ class SignInModel final : public QObject {
               QObject* parent = nullptr);
 
   std::function<void(StoredSession)> onSignedIn;
+  /// The service's own clock, each time that it has said which ways of signing in it offers.
+  std::function<void(const QDateTime&)> onServiceTime;
   /// A token that the service has given and nobody will use.
   std::function<void(const QString& token)> onDiscarded;
 
@@ -64,6 +68,10 @@ class SignInModel final : public QObject {
   /// The browser has the turn. Once a link has come back it is this window's, though a better one is still taken.
   bool waitingForGoogle() const { return m_google && m_browserHasTurn; }
   bool methodsChecked() const { return m_methodsChecked; }
+  /// Where the person signs in, when that is another service than production's.
+  QString service() const;
+  /// Why nothing is sent there; empty when nothing speaks against it.
+  QString serviceTrouble() const;
   /// More than an address typed: something would be lost if the screen went away.
   bool isUnderWay() const { return m_busy || m_step != Step::email || waitingForGoogle(); }
 
@@ -74,6 +82,8 @@ class SignInModel final : public QObject {
 
   /// Asks which ways of signing in the service offers, until it has answered.
   Q_INVOKABLE void checkMethods();
+  /// Once more, although it has.
+  void checkMethodsAgain();
   Q_INVOKABLE void submitEmail();
   Q_INVOKABLE void submitPassword();
   Q_INVOKABLE void submitCode();

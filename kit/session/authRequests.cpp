@@ -31,7 +31,7 @@ Request<NativeSession> signingIn(const QString& path, const QJsonObject& body) {
 
 }  // namespace
 
-Request<AuthMethods> authMethods() { return get<AuthMethods>(u"/api/v1/auth/methods"_s); }
+Request<Dated<AuthMethods>> authMethods() { return get<Dated<AuthMethods>>(u"/api/v1/auth/methods"_s); }
 
 Request<EmailCheck> checkEmail(const QString& email) {
   return changing<EmailCheck>(HTTPMethod::post, u"/api/v1/auth/email/check"_s, QJsonObject{{u"email"_s, email}});

@@ -6,7 +6,8 @@
 /// Account-level calls: absolute paths, no workspace.
 namespace orv::Requests {
 
-Request<AuthMethods> authMethods();
+/// Needs no credential, so it also says what time the service has when a session seems to be over.
+Request<Dated<AuthMethods>> authMethods();
 Request<EmailCheck> checkEmail(const QString& email);
 Request<NativeSession> signInWithPassword(const QString& email, const QString& password);
 Request<EmailStarted> startEmail(const QString& email);

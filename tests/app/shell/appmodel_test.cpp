@@ -100,7 +100,7 @@ class AppModelTest : public QObject {
     auto expired = session({u"a"_s});
     expired.expiresAt = QDateTime({2026, 11, 21}, {12, 0}, Qt::UTC);
     QTest::newRow("no session") << QByteArray() << false << true;
-    QTest::newRow("expired this very instant") << encodeJSON(expired) << false << true;
+    QTest::newRow("expired this very instant") << encodeJSON(expired) << false << false;
     QTest::newRow("corrupted") << "{\"token\":1}"_ba << false << false;
     QTest::newRow("keyring locked") << encodeJSON(session({u"a"_s})) << true << false;
   }
