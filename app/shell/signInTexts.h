@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+#include "kit/api/APIError.h"
+
+namespace orv::SignInTexts {
+
+bool looksLikeAddress(const QString& address);
+bool isCompleteCode(const QString& code);
+/// What a refused sign-in says to the person.
+QString errorLine(const APIError& error);
+
+}  // namespace orv::SignInTexts
