@@ -31,6 +31,7 @@ Item {
 
         Accessible.role: Accessible.ButtonMenu
         Accessible.name: "Account of " + root.app.userName
+            + (root.app.service === "" ? "" : " on " + root.app.service)
         Accessible.onPressAction: clicked()
         Keys.onReturnPressed: clicked()
         Keys.onEnterPressed: clicked()
@@ -73,7 +74,7 @@ Item {
                 width: parent.width - x - 4
                 elide: Text.ElideMiddle
                 textFormat: Text.PlainText
-                text: root.app.userEmail
+                text: root.app.service === "" ? root.app.userEmail : root.app.userEmail + " on " + root.app.service
                 font: Theme.microText
                 color: Theme.text3
                 Accessible.ignored: true
@@ -82,7 +83,7 @@ Item {
 
         OrvTooltip {
             beside: true
-            text: root.rail ? root.app.userName : ""
+            text: root.rail ? root.app.userName : root.app.service
         }
     }
 

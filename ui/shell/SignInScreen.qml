@@ -73,6 +73,11 @@ Rectangle {
                 Accessible.name: text
             }
 
+            SignInService {
+                width: parent.width
+                model: root.model
+            }
+
             Item { width: 1; height: 20 }
 
             // One step's fields at a time, so that Tab never lands on those of another.
