@@ -3,6 +3,7 @@
 #   ui/campaigns/   the target OrvellaCampaigns, the QML module Orvella.Campaigns
 # Everything else follows from its word here.
 set(ORVELLA_AREAS
+  Accounts
   Analytics
   Campaigns
 )

@@ -30,14 +30,14 @@ QString problemOf(const Mailbox& mailbox) {
 }
 
 QString sentText(const Mailbox& mailbox) {
-  const auto limit = limitToday(mailbox);
+  const auto limit = mailbox.limitToday();
   if (!limit || mailbox.status.isVerifying()) return nothing;
-  return Format::grouped(sentToday(mailbox)) + u" of "_s + Format::grouped(*limit);
+  return Format::grouped(mailbox.sentToday()) + u" of "_s + Format::grouped(*limit);
 }
 
 double sentShare(const Mailbox& mailbox) {
-  const qint64 limit = limitToday(mailbox).value_or(0);
-  return limit > 0 ? std::min(1.0, double(sentToday(mailbox)) / double(limit)) : 0;
+  const qint64 limit = mailbox.limitToday().value_or(0);
+  return limit > 0 ? std::min(1.0, double(mailbox.sentToday()) / double(limit)) : 0;
 }
 
 QString healthWord(const Mailbox& mailbox) {
@@ -57,7 +57,7 @@ QString day(const std::optional<QString>& instant, int daysLater = 0) {
 
 /// What a column sorts by; nothing sorts last.
 std::optional<double> figureOf(const Mailbox& mailbox, const QString& column) {
-  if (column == "sent"_L1) return limitToday(mailbox) ? std::optional(double(sentToday(mailbox))) : std::nullopt;
+  if (column == "sent"_L1) return mailbox.limitToday() ? std::optional(double(mailbox.sentToday())) : std::nullopt;
   if (column == "warmup"_L1) return double(rampupPhase(mailbox));
   if (column == "health"_L1) return mailbox.warmup.inboxPct7d;
   // The day of going for good follows the day of removal.
@@ -74,12 +74,6 @@ QString textOf(const AccountRow& row, const QString& column) {
 }  // namespace
 
 AccountFacts::AccountFacts(const Mailbox& mailbox) : searched(searchedText(mailbox)), brand(brandOf(mailbox)) {}
-
-std::optional<qint64> limitToday(const Mailbox& mailbox) {
-  return mailbox.rampup ? std::optional(mailbox.rampup->campaignCapToday) : mailbox.sendLimit;
-}
-
-qint64 sentToday(const Mailbox& mailbox) { return mailbox.campaign ? mailbox.campaign->sentToday : 0; }
 
 bool needsAttention(const Mailbox& mailbox) {
   const QString health = healthWord(mailbox);

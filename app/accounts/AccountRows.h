@@ -20,9 +20,6 @@ struct AccountFacts {
 using AccountRow = Listed<Mailbox, AccountFacts>;
 ORV_DECLARE_ROW(AccountRow)
 
-/// Campaign emails that the account may send today; nothing where nobody said.
-std::optional<qint64> limitToday(const Mailbox& mailbox);
-qint64 sentToday(const Mailbox& mailbox);
 /// Something is wrong with it that a person can mend.
 bool needsAttention(const Mailbox& mailbox);
 

@@ -35,7 +35,7 @@ AccountsStore::AccountsStore(WorkspaceContext& context, AccountActions& actions)
 
 Task<MailboxPage> AccountsStore::readPage(bool archived, PageRequest page) {
   MailboxPage read = co_await api().send(Requests::listMailboxes(archived, page.cursor));
-  read.items.removeIf([](const Mailbox& mailbox) { return mailbox.role == "pool"_L1; });
+  read.items.removeIf(&Mailbox::isPool);
   co_return read;
 }
 
@@ -180,8 +180,8 @@ void AccountsStore::arrived() {
     const Mailbox& mailbox = row.record();
     ++m_figures.accounts;
     m_figures.usable += mailbox.sendReady && mailbox.sendReady->ready;
-    m_figures.sent += sentToday(mailbox);
-    m_figures.limit += limitToday(mailbox).value_or(0);
+    m_figures.sent += mailbox.sentToday();
+    m_figures.limit += mailbox.limitToday().value_or(0);
     m_figures.attention += needsAttention(mailbox);
     ++m_figures.byStatus[mailbox.status.rawValue];
   });

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 import Orvella.Campaigns
 
 /// How much a campaign sends.

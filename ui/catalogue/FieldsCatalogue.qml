@@ -28,6 +28,7 @@ Rectangle {
             OrvNumberField { label: "Daily limit"; placeholder: "None"; keepsText: true; clearable: true; enabled: false }
             OrvField { width: parent.width; label: "Work email"; text: "maren@northgate"; error: "That isn’t a whole address." }
             OrvField { width: parent.width; label: "Password"; secret: true; text: "northgate" }
+            OrvTextArea { width: parent.width; label: "Signature"; placeholder: "Best,\nEllen"; help: "Plain text; blank lines stay." }
             OrvField { width: parent.width; label: "Off"; text: "Fixed by the owner"; enabled: false }
             OrvField { width: parent.width; search: true; placeholder: "Search campaigns"; text: "fleet" }
             Row {

@@ -13,7 +13,11 @@ T.Popup {
     property string text: ""
     property string warning: ""
     property string error: ""
+    /// Empty where there is nothing to confirm yet.
     property string confirmText: "OK"
+    /// A quieter way on, at the other end of the buttons; empty for none.
+    property string asideText: ""
+    property string confirmIcon: ""
     /// Empty where there is nothing to cancel any more.
     property string cancelText: "Cancel"
     /// The verb cannot be taken back: it is red, and the focus starts on Cancel.
@@ -26,12 +30,13 @@ T.Popup {
     property Item initialFocus: null
     /// 400 for a question of a line, 480, or 640 for forms.
     property real dialogWidth: 480
-    readonly property bool canConfirm: confirmEnabled && !busy && (typedWord === "" || word.text === typedWord)
+    readonly property bool canConfirm: confirmText !== "" && confirmEnabled && !busy && (typedWord === "" || word.text === typedWord)
 
     default property alias fields: form.data
 
     signal confirmed()
     signal cancelled()
+    signal asideChosen()
 
     readonly property FocusReturn focusReturn: FocusReturn {}
     readonly property ModalLevel modalLevel: ModalLevel { held: root.visible && root.modal }
@@ -65,7 +70,7 @@ T.Popup {
             return initialFocus;
         if (typedWord !== "")
             return word;
-        return destructive ? cancelButton : confirmButton;
+        return destructive || confirmText === "" ? cancelButton : confirmButton;
     }
 
     function confirm() {
@@ -168,6 +173,16 @@ T.Popup {
                 }
             }
 
+            OrvButton {
+                visible: text !== ""
+                anchors.bottom: parent.bottom
+                kind: "ghost"
+                text: root.asideText
+                iconName: "arrow-left"
+                enabled: !root.busy
+                onClicked: root.asideChosen()
+            }
+
             Row {
                 id: buttons
                 anchors { right: parent.right; bottom: parent.bottom }
@@ -182,6 +197,8 @@ T.Popup {
 
                 OrvButton {
                     id: confirmButton
+                    visible: text !== ""
+                    iconName: root.confirmIcon
                     kind: root.destructive ? "danger" : "primary"
                     text: root.confirmText
                     busy: root.busy

@@ -8,13 +8,20 @@ FocusScope {
     /// As OrvChart takes them. To the linter of Qt 6.4 a QStringList is no list of strings.
     property var days: []
     property var series: []
+    property string title: "Daily sending"
+    property string caption: "Sent, unique opens, replies and clicks"
+    property string emptyText: "Nothing sent in this range."
+    /// "line" or "bar".
+    property string kind: "line"
+    /// What more there is to say of each day; in the table under its title.
+    property var dayNotes: []
+    property string noteTitle: ""
     /// "chart" or "table".
     property string view: "chart"
 
     signal viewChosen(string view)
     signal seriesToggled(string key)
 
-    readonly property string caption: "Sent, unique opens, replies and clicks"
     readonly property bool asTable: view === "table" && days.length > 0
 
     implicitHeight: 302
@@ -41,12 +48,14 @@ FocusScope {
 
         OrvChart {
             focus: true
-            title: "Daily sending"
+            title: root.title
             detail: root.caption
+            kind: root.kind
+            dayNotes: root.dayNotes
             headRoom: views.visible ? views.width + 8 : 0
             days: root.days
             series: root.series
-            emptyText: "Nothing sent in this range."
+            emptyText: root.emptyText
             onSeriesToggled: key => root.seriesToggled(key)
         }
     }
@@ -60,7 +69,7 @@ FocusScope {
                 height: 26
                 verticalAlignment: Text.AlignVCenter
                 textFormat: Text.PlainText
-                text: "Daily sending"
+                text: root.title
                 font: Theme.bodyBold
                 color: Theme.text
             }
@@ -85,6 +94,8 @@ FocusScope {
                 sidePadding: 12
                 days: root.days
                 series: root.series
+                dayNotes: root.dayNotes
+                noteTitle: root.noteTitle
             }
 
             OrvDivider {

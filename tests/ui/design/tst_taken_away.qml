@@ -40,6 +40,7 @@ TestCase {
     Component { id: segments; OrvSegments { options: root.choices; current: "a"; onChosen: root.gone() } }
     Component { id: tabs; OrvTabs { options: root.choices; current: "a"; onChosen: root.gone() } }
     Component { id: field; OrvField { label: "Act"; onEdited: root.gone(); onAccepted: root.gone() } }
+    Component { id: area; OrvTextArea { label: "Act"; onEdited: root.gone() } }
     Component { id: search; OrvField { search: true; text: "x"; onEdited: root.gone(); onEscaped: root.gone() } }
     Component { id: number; OrvNumberField { label: "Act"; to: 9; onEdited: root.gone() } }
     Component { id: typedNumber; OrvNumberField { label: "Act"; to: 9; keepsText: true; onTyped: root.gone() } }
@@ -131,6 +132,7 @@ TestCase {
 
     readonly property var keys: [
         {tag: "field, a letter", make: field, keys: ["x"]},
+        {tag: "area, a letter", make: area, keys: ["x"]},
         {tag: "field, Enter", make: field, keys: [Qt.Key_Return]},
         {tag: "search, Esc", make: search, keys: [Qt.Key_Escape]},
         {tag: "code", make: code, keys: ["6"]},
