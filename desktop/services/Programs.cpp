@@ -7,6 +7,7 @@
 #include <unistd.h>
 #include <QProcess>
 #include <csignal>
+#include <cstdlib>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -66,6 +67,8 @@ void keepToOneself() {
   rlimit none = inherited().core;
   none.rlim_cur = 0;
   ::setrlimit(RLIMIT_CORE, &none);
+  // The TLS library would write down there what opens every connection.
+  ::unsetenv("SSLKEYLOGFILE");
 #endif
 }
 

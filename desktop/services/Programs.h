@@ -7,8 +7,8 @@
 namespace orv {
 
 /// Makes this process keep to itself what it writes and holds: files are the person's alone, a release leaves no core
-/// file, and a reader of its output that goes away ends nothing. First thing in main(), before there is a second
-/// thread.
+/// file and no keys of its connections, and a reader of its output that goes away ends nothing. First thing in main(),
+/// before there is a second thread.
 ///
 /// Not by making it undumpable: the desktop's portals could then not tell which program asks them.
 void keepToOneself();
