@@ -39,8 +39,10 @@ ClientWindow::ClientWindow(QQmlEngine& engine, Platform platform, FileForms file
   for (QObject* object :
        std::initializer_list<QObject*>{&m_app, &m_commands, &m_palette, tables, fileForms.save, fileForms.open})
     QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
-  QObject::connect(&m_palette, &CommandPalette::opening, &m_commands, &Commands::prepare);
-  QObject::connect(&m_commands, &Commands::changed, &m_palette, &CommandPalette::renew);
+  QObject::connect(&m_palette, &CommandPalette::searching, &m_commands, &Commands::load);
+  QObject::connect(&m_commands, &Commands::changed, &m_palette, [this] {
+    if (m_app.router()->paletteOpen()) m_palette.renew();
+  });
 }
 
 QQuickWindow* ClientWindow::open() {

@@ -32,13 +32,14 @@ CommandPalette::CommandPalette(Preferences& preferences, std::function<QList<Com
     : ListModel(parent), m_preferences(preferences), m_source(std::move(commands)) {}
 
 void CommandPalette::setQuery(const QString& query) {
-  if (std::exchange(m_query, query) == query) return;
+  const QString before = std::exchange(m_query, query);
+  if (before == query) return;
+  if (before.isEmpty()) Q_EMIT searching();
   show();
   Q_EMIT queryChanged();
 }
 
 void CommandPalette::prepare() {
-  Q_EMIT opening();
   m_commands = m_source();
   m_query.clear();
   show();
@@ -47,8 +48,13 @@ void CommandPalette::prepare() {
 
 void CommandPalette::renew() {
   m_commands = m_source();
-  // Who looks at what they chose last is not disturbed; who waits for a name sees it come.
-  if (!m_query.isEmpty()) show();
+  // Who looks at what they chose last is not disturbed, nor is who has a row in mind while it stays where it is.
+  if (m_query.isEmpty()) return;
+  QList<Command> now = matches();
+  if (std::ranges::equal(now, m_shown, {}, &Command::id, &Command::id))
+    m_shown = std::move(now);
+  else
+    show();
 }
 
 bool CommandPalette::choose(int row) {

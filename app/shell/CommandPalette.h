@@ -46,8 +46,8 @@ class CommandPalette final : public ListModel {
   QHash<int, QByteArray> roleNames() const override;
 
  Q_SIGNALS:
-  /// It opens: what it finds by name may have to be loaded.
-  void opening();
+  /// Somebody begins to search: what is found by name may have to be loaded.
+  void searching();
   void queryChanged();
 
  private:

@@ -140,7 +140,7 @@ void Commands::addSettings(QList<Command>& commands) const {
   }
 }
 
-void Commands::prepare() {
+void Commands::load() {
   WorkspaceSession* session = m_app.session();
   if (!session) return;
   for (const auto& info : Pages::all()) {

@@ -17,8 +17,8 @@ class Commands final : public QObject {
   /// The shortcut sheet's lines: group, title and keys of every command that has keys, and of what controls do by
   /// themselves.
   Q_INVOKABLE QVariantList sheet() const;
-  /// Has loaded what is found by name.
-  void prepare();
+  /// Has loaded what is found by name; changed() follows.
+  void load();
 
  Q_SIGNALS:
   /// Something else is found by name.

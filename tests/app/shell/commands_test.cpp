@@ -194,10 +194,10 @@ class CommandsTest : public QObject {
   void thePaletteFindsWhatWasNeverOpened() {
     start();
     CommandPalette palette(f->preferences, [this] { return commands->all(); });
-    connect(&palette, &CommandPalette::opening, commands.get(), &Commands::prepare);
+    connect(&palette, &CommandPalette::searching, commands.get(), &Commands::load);
     connect(commands.get(), &Commands::changed, &palette, &CommandPalette::renew);
-    f->api.expect(campaigns);
     palette.prepare();
+    f->api.expect(campaigns);
     palette.setQuery(u"fair"_s);
     QCOMPARE(palette.count(), 0);
     f->api.answer(campaigns, list("c1", "Fleet Fair"));
@@ -223,6 +223,7 @@ class CommandsTest : public QObject {
     router().goForward();
     QCOMPARE(store().query(), u"fair"_s);
 
+    f->api.expect(campaigns);
     store().setShowArchived(true);
     router().open(Page::campaigns);
     QVERIFY(!store().showArchived());
@@ -246,6 +247,8 @@ class CommandsTest : public QObject {
     QVERIFY(!campaign->isShown());
     QCOMPARE(router().page(), Page::campaigns);
     QCOMPARE(shown(), app->session()->store<CampaignsStore>());
+    f->api.expect(u"POST /api/v1/auth/logout"_s);
+    f->api.expect(u"GET /api/v1/auth/methods"_s);
     app->signOut();
     QVERIFY(!shown());
     QVERIFY(app->openPage()->keys().isEmpty());
