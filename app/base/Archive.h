@@ -22,6 +22,8 @@ class Archive final {
     std::function<QString(const QString& name, const Record&)> restored;
     std::function<QString(const QString& name)> cannotRemove;
     std::function<QString(const QString& name)> cannotRestore;
+    /// Where it is not the one of removing.
+    std::function<QString(const QString& name)> cannotRemoveForGood = {};
   };
 
   Archive(WorkspaceContext& context, Actions& actions, Requests requests, Words words)
@@ -46,13 +48,17 @@ class Archive final {
 
   Task<bool> removeForGood(QString id, QString name) {
     name = shownName(name);
-    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), m_words.cannotRemove(name)))
+    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), cannotRemoveForGood(name)))
       co_return false;
     m_context.services().toasts.success(m_words.removedForGood(name));
     co_return true;
   }
 
  private:
+  QString cannotRemoveForGood(const QString& name) const {
+    return m_words.cannotRemoveForGood ? m_words.cannotRemoveForGood(name) : m_words.cannotRemove(name);
+  }
+
   std::function<void()> undo(const QString& id, const QString& name) {
     return orv::undo(m_context, [requests = m_requests, words = m_words, id, name](auto context) {
       return undoIn(std::move(context), requests, words, id, name);

@@ -1,0 +1,76 @@
+#include "app/deliverability/DeliverabilityRows.h"
+
+#include "app/deliverability/WatcherWords.h"
+#include "kit/api/Format.h"
+#include "kit/models/mailboxes/mailboxBrand.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+ORV_DEFINE_ROW(DeliverabilityRow)
+
+namespace {
+
+QString orDash(const QString& text) { return text.isEmpty() ? u"–"_s : text; }
+
+DeliverabilityRow rowOf(const DeliverabilityInbox& inbox) {
+  const QString stage = inbox.stage.value_or(QString());
+  const QString rate = WatcherWords::percent(inbox.inboxRate);
+  return {.id = inbox.id,
+          .address = inbox.address,
+          .brand = brandName(brandOf(inbox.provider)),
+          .stageLabel = WatcherWords::stageLabel(stage),
+          .stageTone = WatcherWords::stageTone(stage),
+          .rateText = inbox.lastScanAt ? orDash(rate) : u"Not scanned"_s,
+          .rateLow = WatcherWords::isLow(inbox.inboxRate),
+          .checksText = rate.isEmpty() ? QString() : WatcherWords::checks(inbox.n),
+          .checkCount = Format::grouped(inbox.n),
+          .gmailText = orDash(WatcherWords::percent(inbox.google)),
+          .outlookText = orDash(WatcherWords::percent(inbox.microsoft)),
+          .verdict = inbox.verdict.value_or(QString()),
+          .reason = inbox.reason.value_or(QString())};
+}
+
+std::optional<double> rateBy(const DeliverabilityInbox& inbox, const QString& key) {
+  if (key == "gmail"_L1) return inbox.google;
+  if (key == "outlook"_L1) return inbox.microsoft;
+  if (key == "checks"_L1) return double(inbox.n);
+  return inbox.inboxRate;
+}
+
+std::optional<QString> wordsBy(const DeliverabilityInbox& inbox, const QString& key) {
+  if (key == "stage"_L1) return inbox.stage ? std::optional(WatcherWords::stageLabel(*inbox.stage)) : std::nullopt;
+  if (key == "verdict"_L1) return inbox.verdict;
+  return inbox.address;
+}
+
+void sort(std::vector<qsizetype>& rows, const QList<DeliverabilityInbox>& inboxes, const OrvSort& sort) {
+  const auto all = size_t(inboxes.size());
+  if (sort.key == "address"_L1 || sort.key == "stage"_L1 || sort.key == "verdict"_L1) {
+    const QCollator collator = nameCollator();
+    std::vector<std::optional<QCollatorSortKey>> keys(all);
+    for (const qsizetype row : rows)
+      if (const auto words = wordsBy(inboxes[row], sort.key)) keys[size_t(row)] = collator.sortKey(*words);
+    return sortByKey(rows, keys, sort.descending);
+  }
+  std::vector<std::optional<double>> keys(all);
+  for (const qsizetype row : rows) keys[size_t(row)] = rateBy(inboxes[row], sort.key);
+  sortByKey(rows, keys, sort.descending);
+}
+
+}  // namespace
+
+std::vector<DeliverabilityRow> rowsOf(const QList<DeliverabilityInbox>& inboxes, const DeliverabilityQuery& query) {
+  std::vector<qsizetype> places;
+  for (qsizetype place = 0; place < inboxes.size(); ++place)
+    if (query.stage.isEmpty() || WatcherWords::groupOf(inboxes[place].stage.value_or(QString())) == query.stage)
+      places.push_back(place);
+  if (query.sort) sort(places, inboxes, *query.sort);
+  std::vector<DeliverabilityRow> rows;
+  rows.reserve(places.size());
+  for (const qsizetype place : places) rows.push_back(rowOf(inboxes[place]));
+  return rows;
+}
+
+}  // namespace orv

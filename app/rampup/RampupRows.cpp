@@ -1,0 +1,150 @@
+#include "app/rampup/RampupRows.h"
+
+#include <QVariantList>
+
+#include "kit/api/Format.h"
+#include "kit/models/mailboxes/mailboxBrand.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+ORV_DEFINE_ROW(RampupRow)
+
+namespace {
+
+const auto nothing = u"–"_s;
+/// Under it, too little of the warm-up mail arrives.
+constexpr double goodInboxRate = 90;
+
+/// Of each stage its days and how many of them are over.
+QVariantList stagesOf(const RampupItem& item) {
+  QVariantList stages;
+  if (!item.plan) return stages;
+  qint64 before = 0;
+  for (const RoadmapStage& stage : item.plan->stages) {
+    const qint64 done =
+        item.plan->isDone() ? stage.days : std::clamp<qint64>(item.plan->dayIndex - before, 0, stage.days);
+    stages.append(QVariantMap{{u"days"_s, stage.days}, {u"done"_s, done}});
+    before += stage.days;
+  }
+  return stages;
+}
+
+bool warms(const RampupItem& item) { return item.settings.enabled || item.sent.warmup > 0; }
+bool sends(const RampupItem& item) { return item.sent.campaign > 0 || (item.plan && item.plan->campaignCapToday > 0); }
+
+QString planned(const std::optional<qint64>& count) { return count ? u" of "_s + Format::grouped(*count) : QString(); }
+
+std::optional<double> key(const RampupRow& row, const QString& column) {
+  const RampupItem& item = row.record().item;
+  if (column == "phase"_L1) return double(int(row.prepared().phase));
+  if (column == "standing"_L1) return item.plan ? std::optional(double(item.plan->dayIndex)) : std::nullopt;
+  if (column == "warmup"_L1) return warms(item) ? std::optional(double(item.sent.warmup)) : std::nullopt;
+  if (column == "campaign"_L1) return sends(item) ? std::optional(double(item.sent.campaign)) : std::nullopt;
+  return item.inboxPct7d;
+}
+
+template <class Key>
+bool before(const std::optional<Key>& a, const std::optional<Key>& b, bool descending) {
+  if (!a || !b) return a.has_value() && !b.has_value();
+  return descending ? *b < *a : *a < *b;
+}
+
+}  // namespace
+
+RampupPageOfAll asPage(RampupList list) {
+  RampupPageOfAll page;
+  page.items.reserve(list.items.size());
+  for (RampupItem& item : list.items) {
+    QString id = item.mailboxId;
+    page.items.append({std::move(id), std::move(item)});
+  }
+  return page;
+}
+
+void RampupRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
+  roles.insert({{AddressRole, "address"},
+                {FactsRole, "facts"},
+                {PhaseLabelRole, "phaseLabel"},
+                {PhaseToneRole, "phaseTone"},
+                {PendingRole, "pending"},
+                {StagesRole, "stages"},
+                {StoppedRole, "stopped"},
+                {StandingRole, "standingText"},
+                {WarningRole, "warning"},
+                {TemplateRole, "template"},
+                {WarmupRole, "warmupText"},
+                {WarmupPlanRole, "warmupPlan"},
+                {CampaignRole, "campaignText"},
+                {CampaignPlanRole, "campaignPlan"},
+                {InboxRole, "inboxText"},
+                {InboxToneRole, "inboxTone"}});
+}
+
+QVariant RampupRowsModel::extraData(const RampupRow& row, int, int role) const {
+  const RampupItem& item = row.record().item;
+  const RampupWords::Phase phase = row.prepared().phase;
+  switch (role) {
+    case AddressRole:
+      return item.address;
+    case FactsRole: {
+      const QString brand = item.isPool() ? u"Warm-up pool"_s : brandName(brandOf(item.provider));
+      return item.displayName.isEmpty() ? brand : item.displayName + u" · "_s + brand;
+    }
+    case PhaseLabelRole:
+      return RampupWords::label(phase);
+    case PhaseToneRole:
+      return RampupWords::tone(phase);
+    case PendingRole:
+      return phase == RampupWords::Phase::pending;
+    case StagesRole:
+      return stagesOf(item);
+    case StoppedRole:
+      return item.plan && (item.plan->isPaused() || item.plan->isDone());
+    case StandingRole:
+      return RampupWords::standing(item).text;
+    case WarningRole:
+      return RampupWords::standing(item).warning;
+    case TemplateRole:
+      return item.plan ? RampupWords::templateName(item.plan->templateName) : QString();
+    case WarmupRole:
+      return warms(item) ? Format::grouped(item.sent.warmup) : nothing;
+    case WarmupPlanRole:
+      return warms(item) ? planned(item.sent.warmupPlanned) : QString();
+    case CampaignRole:
+      return sends(item) ? Format::grouped(item.sent.campaign) : nothing;
+    case CampaignPlanRole:
+      return sends(item) && item.plan ? planned(item.plan->campaignCapToday) : QString();
+    case InboxRole:
+      return item.inboxPct7d ? Format::fixed(*item.inboxPct7d, 1) + u'%' : nothing;
+    case InboxToneRole:
+      if (!item.inboxPct7d) return QString();
+      return *item.inboxPct7d < goodInboxRate || item.health.low ? u"warning"_s : u"positive"_s;
+    default:
+      return {};
+  }
+}
+
+std::function<bool(const RampupRow&, const RampupRow&)> orderOf(const std::optional<OrvSort>& sort) {
+  if (!sort) return {};
+  const bool descending = sort->descending;
+  if (sort->key == "address"_L1 || sort->key == "template"_L1) {
+    const bool byTemplate = sort->key == "template"_L1;
+    const auto words = [byTemplate](const RampupRow& row) -> std::optional<QString> {
+      const RampupItem& item = row.record().item;
+      if (!byTemplate) return item.address;
+      return item.plan ? std::optional(item.plan->templateName) : std::nullopt;
+    };
+    return [words, descending, collator = nameCollator()](const RampupRow& a, const RampupRow& b) {
+      const auto left = words(a), right = words(b);
+      if (!left || !right) return left.has_value() && !right.has_value();
+      return descending ? collator.compare(*right, *left) < 0 : collator.compare(*left, *right) < 0;
+    };
+  }
+  return [column = sort->key, descending](const RampupRow& a, const RampupRow& b) {
+    return before(key(a, column), key(b, column), descending);
+  };
+}
+
+}  // namespace orv

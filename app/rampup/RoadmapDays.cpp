@@ -1,0 +1,62 @@
+#include "app/rampup/RoadmapDays.h"
+
+#include <QtNumeric>
+
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+QVariantMap series(const QString& key, const QString& label, const QVariantList& values) {
+  return {{u"key"_s, key}, {u"label"_s, label}, {u"values"_s, values}};
+}
+
+QVariantMap plan(const QVariantList& values) {
+  QVariantMap planned = series(u"planned"_s, u"Planned"_s, values);
+  planned.insert(u"planned"_s, true);
+  return planned;
+}
+
+QVariant orNothing(const std::optional<qint64>& count) { return count ? QVariant(double(*count)) : QVariant(qQNaN()); }
+
+QVariantList stagesOf(const RoadmapPlan& plan) {
+  QVariantList stages;
+  qint64 before = 0;
+  for (const RoadmapStage& stage : plan.stages) {
+    const qint64 done = plan.isDone() ? stage.days : std::clamp<qint64>(plan.dayIndex - before, 0, stage.days);
+    const bool isCurrent = !plan.isDone() && plan.stage && plan.stage->key == stage.key;
+    const QString facts = isCurrent ? u"Day %1 of %2"_s.arg(plan.stage->day).arg(plan.stage->days)
+                                    : Format::counted(stage.days, u"day"_s, u"days"_s);
+    stages.append(QVariantMap{{u"name"_s, stage.name},
+                              {u"facts"_s, facts},
+                              {u"days"_s, stage.days},
+                              {u"done"_s, done},
+                              {u"current"_s, isCurrent}});
+    before += stage.days;
+  }
+  return stages;
+}
+
+}  // namespace
+
+RoadmapDays::RoadmapDays(const RampupDetail& detail) {
+  QVariantList warmupSent, warmupPlanned, campaignSent, campaignPlanned;
+  for (const RoadmapDay& day : detail.days) {
+    if (day.isToday()) today = int(days.size());
+    days.append(day.day);
+    notes.append(day.stageName.isEmpty()
+                     ? QString()
+                     : u"%1, day %2 of %3"_s.arg(day.stageName).arg(day.stageDay).arg(day.stageDays));
+    warmupSent.append(orNothing(day.warmupSent));
+    warmupPlanned.append(double(day.warmup));
+    campaignSent.append(orNothing(day.campaignSent));
+    campaignPlanned.append(double(day.campaign));
+  }
+  warmup = {series(u"warmup"_s, u"Warm-up sent"_s, warmupSent), plan(warmupPlanned)};
+  campaign = {series(u"campaign"_s, u"Campaign sent"_s, campaignSent), plan(campaignPlanned)};
+  if (detail.plan) stages = stagesOf(*detail.plan);
+}
+
+}  // namespace orv
