@@ -85,7 +85,11 @@ char16_t letterOf(char byte, TextEncoding encoding) {
   return encoding == TextEncoding::windows1252 ? windowsLetter(byte) : char16_t(uchar(byte));
 }
 
-QByteArrayView withoutMark(QByteArrayView bytes) { return bytes.startsWith("\xEF\xBB\xBF") ? bytes.sliced(3) : bytes; }
+QByteArrayView withoutMark(QByteArrayView bytes) {
+  // The toolkit leaves one out by itself; some programs put one before the one that is there.
+  while (bytes.startsWith("\xEF\xBB\xBF")) bytes = bytes.sliced(3);
+  return bytes;
+}
 
 QString decodeText(QByteArrayView bytes) {
   bytes = withoutMark(bytes);

@@ -12,7 +12,7 @@ enum class TextEncoding { utf8, windows1252, latin1 };
 TextEncoding encodingOf(QByteArrayView bytes);
 /// The character that stands for a byte in an encoding where each is one.
 char16_t letterOf(char byte, TextEncoding encoding);
-/// `bytes` without a leading byte-order mark.
+/// `bytes` without leading byte-order marks.
 QByteArrayView withoutMark(QByteArrayView bytes);
 
 /// The text of a file that names no encoding, its mark left out.

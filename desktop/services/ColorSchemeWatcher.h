@@ -21,6 +21,8 @@ class ColorSchemeWatcher final : public QObject {
 
   Scheme scheme() const { return m_scheme; }
   bool reducedMotion() const { return m_reducedMotion; }
+  /// Takes over what the portal says of one of its settings.
+  void apply(const QString& key, const QVariant& value);
 
  Q_SIGNALS:
   void changed();
@@ -30,7 +32,6 @@ class ColorSchemeWatcher final : public QObject {
 
  private:
   void readAll();
-  void apply(const QString& key, const QVariant& value);
 
   QDBusConnection m_bus;
   BusName m_portal;

@@ -151,9 +151,15 @@ OneShot<FilePortal::Outcome> FilePortal::ask(const QString& method, const QStrin
 void FilePortal::respond(const QDBusMessage& message) {
   if (!m_portal.sent(message) || message.signature() != "ua{sv}"_L1) return;
   const QVariantList arguments = message.arguments();
-  const auto results = qdbus_cast<QVariantMap>(arguments[1]);
-  const bool chosen = arguments[0].toUInt() == 0;
-  m_outcome.give({true, chosen ? QUrl(results.value(u"uris"_s).toStringList().value(0)).toLocalFile() : QString()});
+  m_outcome.give({true, chosen(arguments[0].toUInt(), qdbus_cast<QVariantMap>(arguments[1]))});
+}
+
+QString FilePortal::chosen(uint outcome, const QVariantMap& results) {
+  if (outcome != 0) return {};
+  const QUrl url(results.value(u"uris"_s).toStringList().value(0));
+  // A host would become a part of the path.
+  const QString path = url.host().isEmpty() ? url.toLocalFile() : QString();
+  return path.startsWith(u'/') && !path.contains(QChar::Null) ? path : QString();
 }
 
 }  // namespace orv

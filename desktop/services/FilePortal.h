@@ -32,6 +32,9 @@ class FilePortal final : public QObject {
   OneShot<Outcome> askToSave(const QString& suggestion, const QString& kind, const QString& suffix);
   OneShot<Outcome> askToOpen(const QString& folder, const QString& kind, const QString& suffix);
 
+  /// The file of an answer; empty when there is none that a program can open by its path.
+  static QString chosen(uint outcome, const QVariantMap& results);
+
  private Q_SLOTS:
   void respond(const QDBusMessage& message);
 

@@ -114,8 +114,7 @@ bool SingleInstance::handOverBySocket(const QString& path, const QStringList& li
   QLocalSocket socket;
   socket.connectToServer(path);
   if (!socket.waitForConnected(handOverMilliseconds)) return false;
-  const QJsonObject message{{u"links"_s, QJsonArray::fromStringList(links)}, {u"token"_s, activationToken()}};
-  socket.write(QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n');
+  socket.write(written({links, activationToken()}));
   // The kernel takes connection and message for one that hangs.
   const QDeadlineTimer deadline(handOverMilliseconds);
   while (!socket.canReadLine() && socket.waitForReadyRead(int(deadline.remainingTime()))) continue;
@@ -126,19 +125,32 @@ bool SingleInstance::handOverBySocket(const QString& path, const QStringList& li
 
 void SingleInstance::readFromSocket() {
   while (QLocalSocket* const socket = m_server.nextPendingConnection()) {
-    const auto read = [this, socket] {
+    const auto take = [this, socket] {
       if (socket->bytesAvailable() > longestMessage) return socket->abort();
       if (!socket->canReadLine()) return;
-      const auto message = QJsonDocument::fromJson(socket->readLine()).object();
+      const Handed handed = read(socket->readLine());
       socket->write("taken\n");
-      receive(message["links"_L1].toVariant().toStringList(), message["token"_L1].toString());
+      receive(handed.links, handed.activationToken);
     };
-    connect(socket, &QLocalSocket::readyRead, this, read);
+    connect(socket, &QLocalSocket::readyRead, this, take);
     // One that says nothing would hold its place for good, and there are not many.
     QTimer::singleShot(handOverMilliseconds, socket, &QLocalSocket::abort);
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    read();
+    take();
   }
+}
+
+QByteArray SingleInstance::written(const Handed& handed) {
+  const QJsonObject message{{u"links"_s, QJsonArray::fromStringList(handed.links)},
+                            {u"token"_s, handed.activationToken}};
+  return QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n';
+}
+
+SingleInstance::Handed SingleInstance::read(const QByteArray& line) {
+  const auto message = QJsonDocument::fromJson(line).object();
+  Handed handed{{}, message["token"_L1].toString()};
+  for (const QJsonValue& link : message["links"_L1].toArray()) handed.links.append(link.toString());
+  return handed;
 }
 
 void SingleInstance::receive(const QStringList& links, const QString& activationToken) {

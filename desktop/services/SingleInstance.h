@@ -29,6 +29,14 @@ class SingleInstance final : public QObject {
   /// Lets the next start be the first: this one is closing and hears nothing any more.
   void release();
 
+  /// What another start says on the socket.
+  struct Handed {
+    QStringList links;
+    QString activationToken;
+  };
+  static QByteArray written(const Handed& handed);
+  static Handed read(const QByteArray& line);
+
   /// What another start or the desktop hands over; `activationToken` lets the window come to the front.
   void receive(const QStringList& links, const QString& activationToken);
 

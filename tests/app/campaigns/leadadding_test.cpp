@@ -364,6 +364,8 @@ class LeadAddingTest : public QObject {
     for (int code = 0; code < 256; ++code) every += char(code);
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("every byte") << every;
+    QTest::newRow("two marks") << "\xEF\xBB\xBF\xEF\xBB\xBF"
+                                  "email"_ba;
     QTest::newRow("Windows-1252") << "\x80\x9F\xFF \"quoted\"\\\r\n\t\b\f\x01"_ba;
     QTest::newRow("UTF-8 with its mark") << "\xEF\xBB\xBF\xC3\xBC\xE2\x82\xAC\xF0\x9F\x98\x80 \x7F\x1F"_ba;
   }
