@@ -35,7 +35,7 @@ AccountsStore::AccountsStore(WorkspaceContext& context, AccountActions& actions)
 
 Task<MailboxPage> AccountsStore::readPage(bool archived, PageRequest page) {
   MailboxPage read = co_await api().send(Requests::listMailboxes(archived, page.cursor));
-  read.items.removeIf(&Mailbox::isPool);
+  read.items.removeIf([](const Mailbox& mailbox) { return mailbox.isPool(); });
   co_return read;
 }
 

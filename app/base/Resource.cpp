@@ -9,7 +9,9 @@ ResourceBase::ResourceBase(Store& owner, QString failed, bool loadsByItself)
 }
 
 void ResourceBase::ensureLoaded() {
-  if (needsLoad()) load();
+  // Whoever comes back to a failure means to try again.
+  const bool hasFailed = !hasContent() && (stateName() == State::Error || stateName() == State::Offline);
+  if (needsLoad() || hasFailed) load();
 }
 
 void ResourceBase::markStale() {

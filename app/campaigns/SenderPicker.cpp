@@ -17,11 +17,6 @@ ORV_DEFINE_ROW(SenderMailbox)
 
 namespace {
 
-/// The cap of a mailbox that does not send for the campaign yet.
-std::optional<qint64> capOf(const Mailbox& mailbox) {
-  return mailbox.rampup ? std::optional(mailbox.rampup->campaignCapToday) : mailbox.sendLimit;
-}
-
 QString todayText(qint64 sent, std::optional<qint64> cap) {
   return cap ? Format::grouped(sent) + u" of "_s + Format::grouped(*cap) + u" today"_s : QString();
 }
@@ -45,9 +40,9 @@ QStringList with(QStringList list, const QString& item) {
 }  // namespace
 
 SenderFacts::SenderFacts(const Mailbox& mailbox)
-    : today(todayText(mailbox.campaign ? mailbox.campaign->sentToday : 0, capOf(mailbox))),
+    : today(todayText(mailbox.sentToday(), mailbox.limitToday())),
       reason(reasonOf(mailbox)),
-      cap(capOf(mailbox)) {}
+      cap(mailbox.limitToday()) {}
 
 SenderPicker::SenderPicker(CampaignContext& context, SettingsDraft& draft)
     : Store(context.workspace, &context.whole),
@@ -147,7 +142,7 @@ void SenderPicker::collect() {
   m_mailboxes.each([&](const SenderMailbox& row) {
     const Mailbox& mailbox = row.record();
     // The pool warms up the others and never sends for campaigns.
-    if (seen.contains(mailbox.id) || mailbox.role == "pool"_L1) return;
+    if (seen.contains(mailbox.id) || mailbox.isPool()) return;
     const SenderFacts& facts = row.prepared();
     m_all.push_back({{mailbox.id, mailbox.displayName, mailbox.address, false, false, facts.today, facts.reason},
                      mailbox.tags.value_or(QList<QString>()),

@@ -26,9 +26,11 @@ QList<Scene> shellScenes();
 QList<Scene> analyticsScenes();
 QList<Scene> campaignsScenes();
 QList<Scene> campaignScenes();
+QList<Scene> accountsScenes();
 
 inline QList<Scene> allScenes() {
-  return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes();
+  return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() +
+         accountsScenes();
 }
 
 }  // namespace orv

@@ -99,6 +99,9 @@ struct Mailbox {
 
   /// One of the pool, which warms up the others and is nobody's own account.
   bool isPool() const { return role == QLatin1String("pool"); }
+  /// Campaign emails that it has sent today, and may send; nothing where nobody said.
+  qint64 sentToday() const { return campaign ? campaign->sentToday : 0; }
+  std::optional<qint64> limitToday() const { return rampup ? std::optional(rampup->campaignCapToday) : sendLimit; }
   bool operator==(const Mailbox&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(Mailbox::Connection, (), (kind, status, lastError, lastVerifiedAt, host))

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "app/accounts/AccountsStore.h"
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
 #include "app/campaigns/CampaignStore.h"
@@ -18,7 +19,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QList<SweepRow> allRows() { return campaignListRows() + campaignPageRows() + campaignLeadRows() + figureRows(); }
+QList<SweepRow> allRows() {
+  return accountRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() + figureRows();
+}
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
 
@@ -37,15 +40,19 @@ QStringList operationsOf(const QMetaObject& type) {
 }
 
 const QList<const QMetaObject*> stores{
-    &CampaignsStore::staticMetaObject,   &CampaignStore::staticMetaObject,  &CampaignLeads::staticMetaObject,
-    &CampaignSettings::staticMetaObject, &ScheduleForm::staticMetaObject,   &SenderPicker::staticMetaObject,
-    &Subsequences::staticMetaObject,     &LeadMove::staticMetaObject,       &LeadPanel::staticMetaObject,
-    &LeadAdding::staticMetaObject,       &SequenceEditor::staticMetaObject, &SequencePreview::staticMetaObject,
-    &SequenceAutosave::staticMetaObject, &TestEmailForm::staticMetaObject,  &CampaignStatsStore::staticMetaObject,
-    &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject, &RangeForm::staticMetaObject};
+    &AccountsStore::staticMetaObject,  &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,
+    &CampaignStore::staticMetaObject,  &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject,
+    &ScheduleForm::staticMetaObject,   &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,
+    &LeadMove::staticMetaObject,       &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,
+    &SequenceEditor::staticMetaObject, &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject,
+    &TestEmailForm::staticMetaObject,  &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,
+    &DashboardStore::staticMetaObject, &RangeForm::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
+    {u"AccountsStore"_s,
+     {u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"filter"_s, u"provider"_s, u"query"_s}},
+    {u"AccountBulk"_s, {u"addTags"_s, u"removeTag"_s, u"cancel"_s, u"text"_s}},
     {u"CampaignsStore"_s,
      {u"toggleTag"_s, u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"copyLink"_s, u"filter"_s, u"query"_s}},
     {u"CampaignStore"_s, {u"copyLink"_s, u"tab"_s, u"openCampaigns"_s, u"openCampaign"_s}},
