@@ -29,6 +29,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
     : QObject(parent),
       m_platform(std::move(platform)),
       m_sessionApi(m_platform.api, m_platform.clock),
+      m_account(m_sessionApi),
       m_toasts(m_platform.clock),
       m_keeper(m_platform, m_toasts),
       m_router(m_platform.preferences, m_platform.clock),
@@ -53,6 +54,8 @@ AppModel::AppModel(Platform platform, QObject* parent)
                   {.unsaved = [this] { return m_workspaces.unsavedWork(); },
                    .flush = [this] { return m_workspaces.flush(); }}) {
   connect(&m_departure, &Departure::closable, this, &AppModel::closable);
+  m_account.onRead = [this](const MeResponse& account) { applyAccount(account); };
+  m_account.onEnded = [this](const QString& token) { endSession(token); };
   m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
@@ -160,28 +163,8 @@ void AppModel::openWorkspace(const QString& slug) {
     m_overlays.dismissAll();
     const WorkspaceSummary chosen = workspace;
     open(chosen);
-    m_remember.start(rememberWorkspace(slug));
+    m_account.remember(m_stored->token, slug);
     return;
-  }
-}
-
-template <class R>
-Task<R> AppModel::accountCall(Request<R> request) {
-  const QString token = m_stored->token;
-  try {
-    co_return co_await m_sessionApi.send(std::move(request), {}, token);
-  } catch (const APIError& error) {
-    if (error.is(APIError::Kind::unauthorized)) endSession(token);
-    throw;
-  }
-}
-
-Task<void> AppModel::rememberWorkspace(QString slug) {
-  try {
-    co_await accountCall(Requests::setCurrentWorkspace(slug));
-  } catch (const APIError& error) {
-    // Only the next start on another machine would have known.
-    qCInfo(lcApp, "Last workspace not recorded: %s", qPrintable(error.description()));
   }
 }
 
@@ -191,24 +174,11 @@ void AppModel::refreshAccount() {
     return;
   }
   tryAgain();
-  if (m_account.isIdle()) m_account.start(fetchAccount());
+  m_account.read(m_stored->token);
 }
 
 void AppModel::tryAgain() {
   if (m_session) m_session->context().cameOnline();
-}
-
-Task<void> AppModel::fetchAccount() {
-  const QString token = m_stored->token;
-  try {
-    const MeResponse account = co_await accountCall(Requests::me());
-    if (account.user)
-      applyAccount(account);
-    else
-      endSession(token);
-  } catch (const APIError& error) {
-    qCInfo(lcApp, "The account could not be read: %s", qPrintable(error.description()));
-  }
 }
 
 void AppModel::applyAccount(const MeResponse& account) {
@@ -231,7 +201,7 @@ void AppModel::applyAccount(const MeResponse& account) {
   Q_EMIT changed();
 }
 
-void AppModel::leaveWorkspace(const WorkspaceSummary& lost) {
+void AppModel::leaveWorkspace(WorkspaceSummary lost) {
   const QString unsaved = m_session->unsavedWork().join(u'\n');
   // Screens let go of their stores before the stores go.
   openWorkspace(m_stored->workspaces.first().slug);
@@ -306,7 +276,6 @@ void AppModel::leave(Leaving why) {
   // Before the stores go: they have what was typed.
   why == Leaving::byChoice ? m_journal.forget() : m_journal.close();
   m_account.cancel();
-  m_remember.cancel();
   m_overlays.dismissAll();
   m_toasts.clear();
   m_stored.reset();

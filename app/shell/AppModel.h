@@ -9,6 +9,7 @@
 #include "app/base/Jobs.h"
 #include "app/base/Journal.h"
 #include "app/base/Services.h"
+#include "app/shell/Account.h"
 #include "app/shell/Appearance.h"
 #include "app/shell/Departure.h"
 #include "app/shell/OpenPage.h"
@@ -100,14 +101,9 @@ class AppModel final : public QObject {
   void restore(std::optional<StoredSession> session);
   void open(const WorkspaceSummary& workspace);
   void openInitialWorkspace();
-  /// With the open session's token; a 401 ends that session.
-  template <class R>
-  Task<R> accountCall(Request<R> request);
-  Task<void> rememberWorkspace(QString slug);
-  Task<void> fetchAccount();
   void applyAccount(const MeResponse& account);
   /// The open workspace is none of theirs any more.
-  void leaveWorkspace(const WorkspaceSummary& lost);
+  void leaveWorkspace(WorkspaceSummary lost);
   /// What was being typed when the program last ended, and is not on the screen.
   void tellOfKept();
   Task<void> logOut(QString token);
@@ -124,6 +120,7 @@ class AppModel final : public QObject {
 
   Platform m_platform;
   SessionTransport m_sessionApi;
+  Account m_account;
   Toasts m_toasts;
   SessionKeeper m_keeper;
   Overlays m_overlays;
@@ -147,8 +144,6 @@ class AppModel final : public QObject {
 
   TaskSlot m_boot;
   TaskSlot m_bootPatience;
-  TaskSlot m_account;
-  TaskSlot m_remember;
   TaskScope m_farewells;
 };
 

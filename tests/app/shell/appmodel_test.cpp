@@ -37,8 +37,8 @@ StoredSession session(const QStringList& slugs, const QString& token = u"orv_ses
 QByteArray account(const QStringList& slugs, const QByteArray& role = "owner") {
   QList<QByteArray> workspaces;
   for (const QString& slug : slugs)
-    workspaces.append(R"({"id":")" + slug.toUtf8() + R"(","slug":")" + slug.toUtf8() + R"(","name":"N","role":")" +
-                      role + R"("})");
+    workspaces.append(R"({"id":")" + slug.toUtf8() + R"(","slug":")" + slug.toUtf8() + R"(","name":"The )" +
+                      slug.toUpper().toUtf8() + R"(","role":")" + role + R"("})");
   return R"({"user":{"id":"u1","email":"ada@b.c","name":"Ada"},"workspaces":[)" + workspaces.join(',') + "]}";
 }
 
@@ -313,7 +313,7 @@ class AppModelTest : public QObject {
     const auto held = lost->context().shared_from_this();
     f->api.answer(me, account({u"b"_s}));
     QCOMPARE(app->current()->slug, u"b"_s);
-    QCOMPARE(app->toasts()->toasts().last().message, u"You’re no longer in N"_s);
+    QCOMPARE(app->toasts()->toasts().last().message, u"You’re no longer in The A"_s);
     QCOMPARE(app->sessionOrder(), QStringList{u"b"_s});
     settle();
     QVERIFY2(!lost, "its session is let go");
