@@ -2,8 +2,8 @@
 
 #include <QCryptographicHash>
 #include <QLoggingCategory>
-#include <QRegularExpression>
 
+#include "app/shell/signInTexts.h"
 #include "kit/api/APIEnvironment.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/api/wipe.h"
@@ -20,35 +20,6 @@ namespace {
 
 constexpr int defaultResendSeconds = 60;
 
-bool looksLikeAddress(const QString& address) {
-  // White space is that of every script.
-  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-  return pattern.match(address).hasMatch();
-}
-
-bool isCompleteCode(const QString& code) {
-  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(u"[0-9]{6}"_s));
-  return pattern.match(code).hasMatch();
-}
-
-QString wrongCodeLine(const Problem& problem) {
-  QString line = u"That code isn’t right."_s;
-  if (!problem.triesLeft) return line;
-  const qint64 left = *problem.triesLeft;
-  return line + u' ' + QString::number(left) + (left == 1 ? " try"_L1 : " tries"_L1) + " left."_L1;
-}
-
-QString errorLine(const APIError& error) {
-  if (error.is(APIError::Kind::rateLimited)) return u"Too many attempts. Wait a few minutes and try again."_s;
-  const QString code = error.code().value_or(QString());
-  if (code == "bad_password"_L1) return u"That password isn’t right."_s;
-  if (code == "wrong_code"_L1) return wrongCodeLine(error.problem());
-  if (code == "code_expired"_L1) return u"That code has expired. Ask for a new one."_s;
-  if (code == "too_soon"_L1) return u"A code was sent a moment ago. Check your inbox, or ask again in a moment."_s;
-  return error.message();
-}
-
 }  // namespace
 
 SignInModel::SignInModel(APITransport& api, Clock& clock, Browser& browser, QUrl baseURL, Device device,
@@ -58,10 +29,11 @@ SignInModel::SignInModel(APITransport& api, Clock& clock, Browser& browser, QUrl
       m_clock(clock),
       m_browser(browser),
       m_baseURL(std::move(baseURL)),
-      m_device(std::move(device)) {}
+      m_device(std::move(device)),
+      m_resend(clock, [this] { Q_EMIT changed(); }) {}
 
 QString SignInModel::resendLabel() const {
-  return m_resendIn > 0 ? u"Resend in "_s + QString::number(m_resendIn) : u"Resend code"_s;
+  return resendIn() > 0 ? u"Resend in "_s + QString::number(resendIn()) : u"Resend code"_s;
 }
 
 bool SignInModel::offersCode() const { return m_codeOffered; }
@@ -117,7 +89,7 @@ QString SignInModel::serviceTrouble() const {
 void SignInModel::submitEmail() {
   if (m_busy) return;
   const QString address = m_email.trimmed().toLower();
-  if (!looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
+  if (!SignInTexts::looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
   if (m_methodsFailed) checkMethods();
   begin(checkEmail(address));
 }
@@ -131,12 +103,12 @@ void SignInModel::submitPassword() {
 void SignInModel::submitCode() {
   if (m_busy) return;
   const QString code = m_code.trimmed();
-  if (!isCompleteCode(code)) return say(u"Enter the 6-digit code from the email."_s);
+  if (!SignInTexts::isCompleteCode(code)) return say(u"Enter the 6-digit code from the email."_s);
   beginSignIn(Requests::verifyEmail(m_codeSentTo, code), Way::code);
 }
 
 void SignInModel::resendCode() {
-  if (m_busy || m_resendIn > 0) return;
+  if (m_busy || resendIn() > 0) return;
   begin(startCode(m_codeSentTo));
 }
 
@@ -191,14 +163,13 @@ bool SignInModel::takeGoogleLink(const QString& link) {
 void SignInModel::reset() {
   abandonCall();
   m_googleCall.cancel();
-  m_countdown.cancel();
+  m_resend.stop();
   m_google.reset();
   m_step = Step::email;
   m_email.clear();
   m_address.clear();
   forgetSecrets();
   m_codeSentTo.clear();
-  m_resendIn = 0;
   m_notice.clear();
   say({});
 }
@@ -241,7 +212,7 @@ Task<void> SignInModel::startCode(QString address) {
     const EmailStarted started = co_await m_api.send(Requests::startEmail(address));
     m_code.clear();
     expectCode(address);
-    startCountdown(started.retryIn.value_or(defaultResendSeconds));
+    waitToResend(started.retryIn.value_or(defaultResendSeconds));
   } catch (const APIError& error) {
     // The code that was sent a moment ago holds, and needs its field.
     if (error.code() == u"too_soon"_s) expectCode(address);
@@ -341,30 +312,13 @@ Task<void> SignInModel::guarded(Task<void> call) {
 
 void SignInModel::fail(const APIError& error) {
   m_busy = false;
-  if (error.code() == u"too_soon"_s && error.problem().retryIn) startCountdown(*error.problem().retryIn);
-  say(error.is(APIError::Kind::cancelled) ? QString() : errorLine(error));
+  if (error.code() == u"too_soon"_s && error.problem().retryIn) waitToResend(*error.problem().retryIn);
+  say(error.is(APIError::Kind::cancelled) ? QString() : SignInTexts::errorLine(error));
 }
 
 void SignInModel::say(const QString& error) {
   m_error = error;
   Q_EMIT changed();
-}
-
-void SignInModel::startCountdown(qint64 seconds) {
-  m_resendIn = int(std::clamp<qint64>(seconds, 0, Problem::longestRetry));
-  m_resendAt = m_clock.now().addSecs(m_resendIn);
-  Q_EMIT changed();
-  m_countdown.start(countDown());
-}
-
-Task<void> SignInModel::countDown() {
-  while (m_resendIn > 0) {
-    co_await m_clock.sleep(1s);
-    // The machine may have slept meanwhile. A clock that was set back makes nobody wait longer.
-    const qint64 left = (m_clock.now().msecsTo(m_resendAt) + 999) / 1000;
-    m_resendIn = left > m_resendIn ? m_resendIn - 1 : int(std::max<qint64>(0, left));
-    Q_EMIT changed();
-  }
 }
 
 }  // namespace orv

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/base/EnumName.h"
+#include "app/shell/Countdown.h"
 #include "app/shell/GoogleSignIn.h"
 #include "kit/api/APITransport.h"
 #include "kit/async/Clock.h"
@@ -60,7 +61,7 @@ class SignInModel final : public QObject {
   const QString& error() const { return m_error; }
   const QString& notice() const { return m_notice; }
   /// Seconds until a new code may be asked for; 0 = now.
-  int resendIn() const { return m_resendIn; }
+  int resendIn() const { return m_resend.left(); }
   QString resendLabel() const;
   const QString& codeSentTo() const { return m_codeSentTo; }
   bool offersGoogle() const { return m_googleClient.has_value(); }
@@ -110,7 +111,6 @@ class SignInModel final : public QObject {
   Task<void> signInWithGoogle(std::shared_ptr<GoogleSignIn> flow);
   Task<void> startCode(QString address);
   void expectCode(const QString& address);
-  Task<void> countDown();
 
   void begin(Task<void> call);
   OneShot<bool> beginSignIn(Request<NativeSession> request, Way way);
@@ -119,7 +119,7 @@ class SignInModel final : public QObject {
   Task<void> guarded(Task<void> call);
   void fail(const APIError& error);
   void say(const QString& error);
-  void startCountdown(qint64 seconds);
+  void waitToResend(qint64 seconds) { m_resend.start(std::min(seconds, Problem::longestRetry)); }
 
   APITransport& m_api;
   Clock& m_clock;
@@ -135,8 +135,7 @@ class SignInModel final : public QObject {
   bool m_busy = false;
   QString m_error;
   QString m_notice;
-  int m_resendIn = 0;
-  QDateTime m_resendAt;
+  Countdown m_resend;
   QString m_codeSentTo;
   std::optional<NativeGoogleClient> m_googleClient;
   bool m_passwordOffered = true;
@@ -155,7 +154,6 @@ class SignInModel final : public QObject {
   TaskScope m_signIns;
   TaskSlot m_googleCall;
   TaskSlot m_methods;
-  TaskSlot m_countdown;
 };
 
 }  // namespace orv
