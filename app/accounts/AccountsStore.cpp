@@ -1,6 +1,7 @@
 #include "app/accounts/AccountsStore.h"
 
 #include "kit/api/Format.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -114,7 +115,7 @@ QList<Choice> AccountsStore::providers() {
 }
 
 int AccountsStore::archivedCount() const {
-  return m_list.head() && m_list.head()->archivedCount ? int(*m_list.head()->archivedCount) : -1;
+  return m_list.head() && m_list.head()->archivedCount ? saturated(*m_list.head()->archivedCount) : -1;
 }
 
 QString AccountsStore::summary() const {

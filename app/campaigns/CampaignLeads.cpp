@@ -1,6 +1,7 @@
 #include "app/campaigns/CampaignLeads.h"
 
 #include "kit/api/Format.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/leadStatus.h"
 
@@ -97,7 +98,7 @@ QList<Choice> CampaignLeads::statusCounts() const {
 
 int CampaignLeads::archivedCount() const {
   const LeadPage* page = m_leads.head();
-  return page && page->archivedCount ? int(*page->archivedCount) : -1;
+  return page && page->archivedCount ? saturated(*page->archivedCount) : -1;
 }
 
 QString CampaignLeads::countText() const {

@@ -5,6 +5,7 @@
 #include "app/base/shownName.h"
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/LaunchQuestion.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/launchCheck.h"
 
@@ -130,7 +131,7 @@ void CampaignStore::setSchedulesAsked(bool asked) {
 QList<Choice> CampaignStore::tabs() const {
   const Campaign* campaign = m_campaign.value();
   const auto tab = [](Tab key, const QString& label, qint64 count = -1) {
-    return Choice{.key = enumName(key), .label = label, .count = int(count)};
+    return Choice{.key = enumName(key), .label = label, .count = saturated(count)};
   };
   const qint64 leads = campaign && campaign->stats ? campaign->stats->leads.total : -1;
   QList<Choice> tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),

@@ -7,6 +7,7 @@
 #include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/campaignStatus.h"
@@ -186,7 +187,7 @@ void CampaignsStore::setShowArchived(bool shown) {
 
 int CampaignsStore::archivedCount() const {
   const CampaignList* list = m_list.value();
-  return list && list->archivedCount ? int(*list->archivedCount) : -1;
+  return list && list->archivedCount ? saturated(*list->archivedCount) : -1;
 }
 
 QList<Choice> CampaignsStore::statusCounts() const {

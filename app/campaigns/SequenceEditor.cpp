@@ -1,6 +1,7 @@
 #include "app/campaigns/SequenceEditor.h"
 
 #include "app/base/shownName.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/sequence.h"
 
@@ -151,13 +152,13 @@ SequenceEditor::Shown SequenceEditor::shownNow() const {
   shown.step = current->key.toString();
   shown.place = draft().placeOf(m_step);
   shown.title = u"Email %1"_s.arg(shown.place + 1);
-  shown.waitDays = int(current->waitDays());
+  shown.waitDays = saturated(current->waitDays());
   shown.sameThread = current->sameThread;
   shown.repliesInThread = draft().repliesInThread(shown.place);
   shown.canAddVariant = current->canAddVariant();
   shown.variant = text.key.toString();
   shown.letter = text.label;
-  shown.weight = int(text.weight);
+  shown.weight = saturated(text.weight);
   shown.enabled = text.enabled;
   for (const DraftVariant& one : current->variants)
     shown.variants.append({.key = one.key.toString(),

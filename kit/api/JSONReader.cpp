@@ -67,7 +67,8 @@ const QString& SharedTexts::text(const char* start, size_t size) {
 }
 
 qint64 JSONReader::integer() {
-  constexpr qint64 greatest = 1LL << 53;
+  // Ten thousand of the greatest can be added up, and the time in milliseconds is far from it.
+  constexpr qint64 greatest = 100'000'000'000'000;
   if (const auto whole = value.get_int64(); !whole.error())
     return std::clamp<qint64>(whole.value_unsafe(), 0, greatest);
   // Some writers put every number down as a decimal: 3.0 is a three, 3.5 is none.

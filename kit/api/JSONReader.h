@@ -77,8 +77,8 @@ class JSONReader {
   bool takeNull() { return checked(value.is_null()); }
   bool boolean() { return checked(value.get_bool()); }
   double number() { return checked(value.get_double()); }
-  /// Counts, places and versions: from 0 to what a decimal holds exactly. What lies outside becomes the nearest of
-  /// them.
+  /// Counts, places and versions: never negative, and not so great that sums of them overflow. What lies outside
+  /// becomes the nearest that does not.
   qint64 integer();
   QString text();
   JSONValue anything(int depth = 0);
