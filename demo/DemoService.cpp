@@ -3,13 +3,12 @@
 #include "demo/Accounts.h"
 #include "demo/Routes.h"
 #include "kit/api/WireRequest.h"
+#include "kit/session/records.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
-
-bool mayChange(const QString& role) { return role == "owner"_L1 || role == "admin"_L1 || role == "member"_L1; }
 
 /// Lets the call into its workspace. A refusal when it may not be made, to somebody outside the same as if there were
 /// no such workspace.
@@ -21,7 +20,7 @@ std::optional<HTTPAnswer> admit(Call& call, const FoundRoute& found) {
   if (access == Access::signedIn) return std::nullopt;
   call.workspace = call.state.find(found.slug);
   if (!call.workspace || !call.workspace->members.contains(call.email)) return notFound();
-  if (access == Access::members && !mayChange(call.workspace->members.value(call.email)))
+  if (access == Access::members && !Role(call.workspace->members.value(call.email)).mayWrite())
     return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change things here."_s);
   return std::nullopt;
 }

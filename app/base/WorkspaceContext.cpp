@@ -1,6 +1,5 @@
 #include "app/base/WorkspaceContext.h"
 
-#include "app/base/RoleGate.h"
 
 namespace orv {
 
@@ -16,7 +15,7 @@ void WorkspaceContext::setWorkspace(const WorkspaceSummary& workspace) {
   Q_EMIT workspaceChanged();
 }
 
-bool WorkspaceContext::canWrite() const { return orv::canWrite(m_workspace.role); }
+bool WorkspaceContext::canWrite() const { return m_workspace.role.mayWrite(); }
 
 void WorkspaceContext::open(Page page) {
   m_services.navigator.openWorkspace(m_workspace.slug);

@@ -15,6 +15,8 @@ struct Role : OpenWord {
   bool isOwner() const { return is(QLatin1String("owner")); }
   bool isAdmin() const { return is(QLatin1String("admin")); }
   bool isMember() const { return is(QLatin1String("member")); }
+  /// Client logins, viewers and roles that are not known may only read.
+  bool mayWrite() const { return isOwner() || isAdmin() || isMember(); }
 };
 
 struct User {
