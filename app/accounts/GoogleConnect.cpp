@@ -40,7 +40,8 @@ GoogleConnect::GoogleConnect(WorkspaceContext& context, Store* whole, Form& form
     : Store(context, whole),
       m_form(form),
       m_actions(context, m_busy, [&context] { context.changes().stale<Mailbox>(); }),
-      m_status(*this, [this] { return api().send(Requests::googleWorkspaceStatus()); }, {.loadsByItself = false}) {
+      m_status(*this, [this] { return api().send(Requests::googleWorkspaceStatus()); },
+               {.failed = u"Couldn’t check Google Workspace"_s, .loadsByItself = false}) {
   connect(&m_status, &ResourceBase::changed, this, &GoogleConnect::changed);
 }
 

@@ -27,10 +27,11 @@ QList<Scene> analyticsScenes();
 QList<Scene> campaignsScenes();
 QList<Scene> campaignScenes();
 QList<Scene> accountsScenes();
+QList<Scene> accountDetailScenes();
 
 inline QList<Scene> allScenes() {
   return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() +
-         accountsScenes();
+         accountsScenes() + accountDetailScenes();
 }
 
 }  // namespace orv

@@ -99,6 +99,7 @@ struct SweepRow {
   QString operation() const { return name.section(u',', 0, 0); }
 };
 
+QList<SweepRow> accountPageRows();
 QList<SweepRow> accountRows();
 QList<SweepRow> campaignListRows();
 QList<SweepRow> campaignPageRows();

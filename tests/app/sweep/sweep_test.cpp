@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "app/accounts/AccountDetail.h"
 #include "app/accounts/AccountsStore.h"
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
@@ -20,7 +21,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 QList<SweepRow> allRows() {
-  return accountRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() + figureRows();
+  return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
+         figureRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -40,16 +42,26 @@ QStringList operationsOf(const QMetaObject& type) {
 }
 
 const QList<const QMetaObject*> stores{
-    &AccountsStore::staticMetaObject,  &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,
-    &CampaignStore::staticMetaObject,  &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject,
-    &ScheduleForm::staticMetaObject,   &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,
-    &LeadMove::staticMetaObject,       &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,
-    &SequenceEditor::staticMetaObject, &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject,
-    &TestEmailForm::staticMetaObject,  &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,
-    &DashboardStore::staticMetaObject, &RangeForm::staticMetaObject};
+    &AccountActions::staticMetaObject,     &AccountActivity::staticMetaObject,  &AccountDetail::staticMetaObject,
+    &AccountSettings::staticMetaObject,    &AddAccount::staticMetaObject,       &ConnectionForm::staticMetaObject,
+    &GoogleConnect::staticMetaObject,      &ReconnectAccount::staticMetaObject, &AccountsStore::staticMetaObject,
+    &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,   &CampaignStore::staticMetaObject,
+    &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject, &ScheduleForm::staticMetaObject,
+    &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,     &LeadMove::staticMetaObject,
+    &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,       &SequenceEditor::staticMetaObject,
+    &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject, &TestEmailForm::staticMetaObject,
+    &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject,
+    &RangeForm::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
+    {u"AccountActivity"_s, {u"toggle"_s, u"view"_s}},
+    {u"AccountDetail"_s, {u"openAccounts"_s, u"openRampup"_s, u"copyAddress"_s, u"beginReconnect"_s, u"tab"_s}},
+    {u"AccountSettings"_s, {u"set"_s, u"addTags"_s, u"removeTag"_s, u"discard"_s}},
+    {u"AddAccount"_s, {u"show"_s, u"back"_s, u"cancel"_s, u"admin"_s}},
+    {u"ConnectionForm"_s, {u"set"_s, u"password"_s, u"imapPassword"_s, u"clientSecret"_s}},
+    {u"GoogleConnect"_s, {u"cancelWait"_s, u"copy"_s, u"openAdmin"_s, u"toggle"_s, u"pickAll"_s}},
+    {u"ReconnectAccount"_s, {u"cancel"_s}},
     {u"AccountsStore"_s,
      {u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"filter"_s, u"provider"_s, u"query"_s}},
     {u"AccountBulk"_s, {u"addTags"_s, u"removeTag"_s, u"cancel"_s, u"text"_s}},
@@ -80,6 +92,8 @@ const std::map<QString, QStringList> sendNothing{
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
 const std::map<QString, QStringList> testedElsewhere{
+    {u"AccountActivity"_s, {u"range"_s}},
+    {u"AddAccount"_s, {u"choose"_s}},
     {u"CampaignLeads"_s, {u"showAll"_s, u"leadStatus"_s, u"leadQuery"_s, u"leadsArchived"_s}},
     {u"Subsequences"_s, {u"beginCreate"_s}},
     {u"SequencePreview"_s, {u"wantVariables"_s, u"watched"_s}},
