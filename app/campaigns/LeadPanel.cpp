@@ -173,7 +173,8 @@ void LeadPanel::take(const CampaignLead& lead) {
 
 Task<void> LeadPanel::saveTask() {
   if (saving() || !dirty()) co_return;
-  const QString id = m_lead.id, name = this->name();
+  const QString id = m_lead.id, name = this->name(), key = m_draft.key();
+  const QJsonObject typed = m_draft.journal();
   m_sent = m_draft.sending();
   LeadPatchBody body{wholeData(m_lead, m_sent)};
   auto submission = m_form.begin();
@@ -195,8 +196,21 @@ Task<void> LeadPanel::saveTask() {
   }
   if (!failure) co_return;
   submission.fail(m_context.services.toasts, u"Couldn’t save the fields of "_s + shownName(name), *failure);
+  if (!submission.isShown()) keep(key, typed);
   // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
   if (submission.isShown() && mayHaveActed(*failure)) refresh();
+}
+
+/// The drawer has closed over it: what was typed waits for when it opens on that lead again.
+void LeadPanel::keep(const QString& key, const QJsonObject& typed) {
+  if (shown() && m_draft.key() == key && !dirty()) {
+    m_draft.restore(typed);
+    ++m_fieldsRevision;
+    Q_EMIT fieldTextsChanged();
+    return;
+  }
+  const QByteArray text = QJsonDocument(typed).toJson(QJsonDocument::Compact);
+  services().journal.keep({context().workspace().slug, key}, [text] { return JournalText{std::nullopt, text}; });
 }
 
 void LeadPanel::discard() {

@@ -93,6 +93,7 @@ class LeadPanel final : public Store {
   Task<bool> mayLeave();
   void take(const CampaignLead& lead);
   void leave();
+  void keep(const QString& key, const QJsonObject& typed);
 
   CampaignContext& m_context;
   std::function<void(const CampaignLead&)> m_changedLead;

@@ -397,6 +397,12 @@ class CampaignLeadsTest : public QObject {
     QCOMPARE(f->api.waiting(), 1);
     f->api.answer(edit, refusal, 422);
     QVERIFY(f->toasts.toasts().last().message.startsWith(u"Couldn’t save the fields of "_s));
+
+    f->api.expect(detail);
+    store->open(u"l1"_s);
+    f->api.answer(detail, detailOf(lead(1, "active", R"(,"data":{"city":"Ulm"})")));
+    QTRY_COMPARE(panel.fieldText(u"city"_s), u"Bonn"_s);
+    QVERIFY(panel.dirty());
   }
 };
 
