@@ -67,6 +67,7 @@ Rectangle {
         series: [
             {key: "warmup", label: "Warm-up", values: root.figures(30, 24)},
             {key: "live", label: "Live", values: root.figures(30, 31)},
+            {key: "planned", label: "Planned", values: root.daysFrom(30).map((day, i) => 16 + 2 * Math.floor(i / 10)), planned: true},
             {key: "failed", label: "Failed", values: root.daysFrom(30).map((day, i) => i % 4 === 1 ? 6 : 0), failed: true}
         ]
         Component.onCompleted: plot.moveTo(21)

@@ -257,6 +257,30 @@ TestCase {
         compare(isDrawn(data.day, Theme.series1), false, "drawn anew");
     }
 
+    function test_plannedIsNoPart() {
+        chart.kind = "bar";
+        chart.series = [
+            {key: "sent", label: "Sent", values: [4, 4, 4, 4, 4, 4, 4], shown: true, notes: ["1 reply", "", "", "", "", "", ""]},
+            {key: "plan", label: "Planned", values: [5, 5, 5, 5, 5, 5, 5], shown: true, planned: true},
+            {key: "live", label: "Live", values: [1, 1, 1, 1, 1, 1, 1], shown: true}];
+        chart.dayNotes = ["3 inbox (3 of 4 checked)", "", "", "", "", "", ""];
+        table.dayNotes = chart.dayNotes;
+        chart.plot.moveTo(0);
+        compare(chart.plot.readings.map(reading => reading.text), ["4 (1 reply)", "5", "1"]);
+        compare(chart.plot.currentNote, "3 inbox (3 of 4 checked)");
+        compare(chart.plot.currentText, "Mon 9 Nov, Sent 4 (1 reply), Planned 5, Live 1, 3 inbox (3 of 4 checked)");
+        compare(table.columns[4].visible, true);
+        // Four of five: with what was planned among the parts there would have to be room for ten.
+        const picture = grabImage(chart.plot);
+        const area = chart.plot.currentArea;
+        let filled = 0;
+        for (let y = area.y; y < area.y + area.height; ++y)
+            filled += Qt.colorEqual(picture.pixel(area.x + area.width / 2, y), Theme.series1);
+        verify(filled > area.height * 0.7, filled + " of " + area.height);
+        chart.dayNotes = [];
+        table.dayNotes = [];
+    }
+
     function test_tableSaysTheSame() {
         const texts = key => {
             const row = table.itemOf(key);
