@@ -1,5 +1,6 @@
 #include "app/accounts/AccountActions.h"
 
+#include "app/base/shownName.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,14 +17,14 @@ Archive<Mailbox>::Words archiveWords() {
 }
 
 ConfirmRequest removeQuestion(const QString& address) {
-  return {.title = u"Remove "_s + address,
+  return {.title = u"Remove "_s + shownName(address),
           .text = u"It waits in Archived for 30 days with its sign-in, so Restore brings it back as it was."_s,
           .confirm = u"Remove"_s,
           .destructive = true};
 }
 
 ConfirmRequest forGoodQuestion(const QString& address) {
-  return {.title = u"Delete "_s + address + u" for good?"_s,
+  return {.title = u"Delete "_s + shownName(address) + u" for good?"_s,
           .text = {},
           .confirm = u"Delete for good"_s,
           .destructive = true};
@@ -39,17 +40,20 @@ AccountActions::AccountActions(WorkspaceContext& context)
 }
 
 Task<void> AccountActions::pauseTask(QString id, QString address) {
+  address = shownName(address);
   if (co_await m_actions.perform(id, Requests::pauseMailbox(id), u"Couldn’t pause "_s + address))
     services().toasts.success(address + u" paused"_s);
 }
 
 Task<void> AccountActions::resumeTask(QString id, QString address) {
+  address = shownName(address);
   if (co_await m_actions.perform(id, Requests::resumeMailbox(id), u"Couldn’t resume "_s + address))
     services().toasts.success(address + u" resumed"_s);
 }
 
 Task<void> AccountActions::testTask(QString id, QString address) {
   if (m_busy.contains(id)) co_return;
+  address = shownName(address);
   services().toasts.show({.message = u"Testing "_s + address});
   const auto tested = co_await m_actions.perform<Mailbox>(
       {id, id}, [id] { return Requests::verifyMailbox(id); }, {}, {},
@@ -84,6 +88,7 @@ void AccountActions::followCheck(const QString& id, const QString& address) { m_
 Task<void> AccountActions::followTask(QString id, QString address) {
   const auto mark = m_followed.mark(id);
   if (!mark) co_return;
+  address = shownName(address);
   const bool ended =
       co_await poll(services().clock, checkPace, [this, id, address] { return checkEnded(id, address); });
   if (!ended) services().toasts.show({.message = address + u": the connection check takes longer than usual"_s});

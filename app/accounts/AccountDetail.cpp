@@ -1,5 +1,6 @@
 #include "app/accounts/AccountDetail.h"
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
@@ -151,13 +152,13 @@ void AccountDetail::beginReconnect() {
 
 QStringList AccountDetail::unsavedWork() const {
   if (!m_settings.dirty()) return {};
-  return {u"“%1” has unsaved changes: settings."_s.arg(address())};
+  return {u"“%1” has unsaved changes: settings."_s.arg(shownName(address()))};
 }
 
 QList<PageAction> AccountDetail::offered(const QString& record) {
   if (!record.isEmpty() || !m_account.value()) return {};
   const bool isFree = !busy(), isPaused = m_account.value()->status.isPaused();
-  const QString address = this->address();
+  const QString address = shownName(this->address());
   QList<PageAction> actions;
   if (mainAction() == "reconnect"_L1)
     actions.append({.key = u"reconnect"_s,

@@ -1,5 +1,7 @@
 #include "app/accounts/AccountsStore.h"
 
+#include "app/base/shownName.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -77,13 +79,13 @@ QList<PageAction> AccountsStore::offeredArchived(const Mailbox& mailbox) {
   const QString id = mailbox.id, address = mailbox.address;
   const bool isFree = !m_actions.busy().contains(id);
   return {{.key = u"restore"_s,
-           .title = u"Restore "_s + address,
+           .title = u"Restore "_s + shownName(address),
            .icon = u"edit-undo"_s,
            .writes = true,
            .possible = isFree,
            .run = [this, id, address] { m_actions.restore(id, address); }},
           {.key = u"delete"_s,
-           .title = u"Delete "_s + address + u" for good"_s,
+           .title = u"Delete "_s + shownName(address) + u" for good"_s,
            .icon = u"edit-delete"_s,
            .writes = true,
            .danger = true,

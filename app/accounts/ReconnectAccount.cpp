@@ -1,5 +1,6 @@
 #include "app/accounts/ReconnectAccount.h"
 
+#include "app/base/shownName.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -51,7 +52,7 @@ Task<void> ReconnectAccount::submitTask() {
       id, [request] { return request; }, {}, {}, told);
   if (!changed) co_return;
   submission.succeed();
-  services().toasts.show({.message = u"Checking the new sign-in for "_s + address});
+  services().toasts.show({.message = u"Checking the new sign-in for "_s + shownName(address)});
   m_actions.followCheck(id, address);
 }
 

@@ -78,14 +78,31 @@ bool turns(const QString& text) {
   return false;
 }
 
+/// One isolate holds all of it.
+bool isAlone(const QString& text) {
+  if (!text.startsWith(alone)) return false;
+  int depth = 0;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    depth += opensIsolate(text[at]);
+    depth -= text[at] == aloneEnds;
+    if (depth == 0) return at == text.size() - 1;
+  }
+  return false;
+}
+
+QString inOneLine(const QString& name, qsizetype most) {
+  QString text = cutTo(name, most);
+  std::ranges::replace_if(text, isBlank, QChar(u' '));
+  showUnpaired(text);
+  return text;
+}
+
 }  // namespace
 
 QString shownName(const QString& name) {
   if (isHarmless(name)) return name;
-  QString text = cutTo(name, longestName);
-  std::ranges::replace_if(text, isBlank, QChar(u' '));
-  showUnpaired(text);
-  return turns(text) ? alone + text + aloneEnds : text;
+  const QString text = inOneLine(name, longestName);
+  return turns(text) && !isAlone(text) ? alone + inOneLine(name, longestName - 2) + aloneEnds : text;
 }
 
 }  // namespace orv

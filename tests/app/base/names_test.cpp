@@ -37,11 +37,16 @@ class NamesTest : public QObject {
     row("nested", rli + rle + u"a"_s + pdf + pdi, fsi + rli + rle + u"a"_s + pdf + pdi + pdi);
     row("long", QString(2'000'000, u'x'), QString(199, u'x') + u'…');
     row("cut in what it opened", rlo + QString(300, u'x') + pdf, odd + QString(198, u'x') + u'…');
+    row("long, right to left", QString(300, u'ש'), fsi + QString(197, u'ש') + u'…' + pdi);
+    row("alone already", fsi + u"שלום"_s + pdi, fsi + u"שלום"_s + pdi);
+    row("alone in part", fsi + u"ש"_s + pdi + u"x"_s + fsi + u"ש"_s + pdi,
+        fsi + fsi + u"ש"_s + pdi + u"x"_s + fsi + u"ש"_s + pdi + pdi);
     row("half a letter", QString(QChar(0xd83d)), QString(QChar(0xd83d)));
   }
   void isShownAsOneHarmlessLine() {
     QFETCH(QString, name);
     QTEST(shownName(name), "shown");
+    QCOMPARE(shownName(shownName(name)), shownName(name));
   }
 };
 
