@@ -10,24 +10,20 @@ Router::Router(Preferences& preferences, Clock& clock, QObject* parent)
 
 void Router::open(Page page) {
   if (!show(page)) return;
-  clearSelections();
+  m_items.clear();
   remember({.tab = page == Page::settings ? settingsTabName() : QString()});
   Q_EMIT pageAsked(page);
   Q_EMIT changed();
 }
 
 void Router::openItem(Page page, const QString& id) {
-  const auto selection = selectionOf(page);
-  if (!selection || !show(page)) return;
-  this->*selection = id;
+  if (!show(page)) return;
+  m_items[page] = id;
   remember({});
   Q_EMIT changed();
 }
 
-QString Router::openedItem(Page page) const {
-  const auto selection = selectionOf(page);
-  return selection && page == m_page ? this->*selection : QString();
-}
+QString Router::openedItem(Page page) const { return page == m_page ? m_items.value(page) : QString(); }
 
 void Router::openSettings(SettingsTab tab) {
   if (!show(Page::settings)) return;
@@ -73,8 +69,8 @@ void Router::goTo(qsizetype place) {
   m_at = place;
   m_typedAt = {};
   if (!show(to.page)) return;
-  clearSelections();
-  if (const auto selection = selectionOf(to.page)) this->*selection = to.item;
+  m_items.clear();
+  if (!to.item.isEmpty()) m_items[to.page] = to.item;
   if (to.page == Page::settings) m_settingsTab = Pages::tabNamed(to.within.tab).value_or(SettingsTab::account);
   Q_EMIT changed();
   Q_EMIT walked(to.within);
@@ -144,7 +140,7 @@ void Router::setFeaturesOff(QSet<QString> features) {
 bool Router::isOff(Page page) const { return Pages::info(page).optional && m_featuresOff.contains(Pages::name(page)); }
 
 void Router::reset() {
-  clearSelections();
+  m_items.clear();
   m_paletteOpen = false;
   m_shortcutsOpen = false;
   m_goPending = false;
@@ -167,28 +163,6 @@ bool Router::show(Page page) {
   m_direction = (page > m_page) - (page < m_page);
   m_page = page;
   return true;
-}
-
-void Router::clearSelections() {
-  for (const auto& info : Pages::all())
-    if (const auto selection = selectionOf(info.page)) (this->*selection).clear();
-}
-
-QString Router::*Router::selectionOf(Page page) {
-  switch (page) {
-    case Page::campaigns:
-      return &Router::m_campaign;
-    case Page::inbox:
-      return &Router::m_inboxThread;
-    case Page::leads:
-      return &Router::m_leadList;
-    case Page::rampup:
-      return &Router::m_rampupTemplate;
-    case Page::inboxSetup:
-      return &Router::m_inboxSetupProject;
-    default:
-      return nullptr;
-  }
 }
 
 Task<void> Router::endGo() {

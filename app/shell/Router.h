@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -49,11 +50,11 @@ class Router final : public QObject, public Navigator {
   QString title() const;
   /// 1 when the last change went down the sidebar's order, -1 when up, 0 when nothing changed.
   int direction() const { return m_direction; }
-  QString inboxThread() const { return m_inboxThread; }
-  QString campaign() const { return m_campaign; }
-  QString leadList() const { return m_leadList; }
-  QString rampupTemplate() const { return m_rampupTemplate; }
-  QString inboxSetupProject() const { return m_inboxSetupProject; }
+  QString inboxThread() const { return m_items.value(Page::inbox); }
+  QString campaign() const { return m_items.value(Page::campaigns); }
+  QString leadList() const { return m_items.value(Page::leads); }
+  QString rampupTemplate() const { return m_items.value(Page::rampup); }
+  QString inboxSetupProject() const { return m_items.value(Page::inboxSetup); }
   SettingsTab settingsTab() const { return m_settingsTab; }
   QString settingsTabName() const { return Pages::name(m_settingsTab); }
   /// Key of the switched-off feature that the person tried to open; empty when none.
@@ -125,11 +126,8 @@ class Router final : public QObject, public Navigator {
   /// What lay ahead is given up, as everywhere.
   void remember(const PagePlace& within);
   void goTo(qsizetype place);
-  /// Where the page keeps which of its records is open; null for pages that have none.
-  static QString Router::*selectionOf(Page page);
   bool isOff(Page page) const;
   bool show(Page page);
-  void clearSelections();
   Task<void> endGo();
 
   Preferences& m_preferences;
@@ -138,11 +136,8 @@ class Router final : public QObject, public Navigator {
   QSet<QString> m_featuresOff;
   Page m_page = Page::dashboard;
   int m_direction = 0;
-  QString m_inboxThread;
-  QString m_campaign;
-  QString m_leadList;
-  QString m_rampupTemplate;
-  QString m_inboxSetupProject;
+  /// The record that is open, of pages that have one open.
+  QHash<Page, QString> m_items;
   SettingsTab m_settingsTab = SettingsTab::account;
   QString m_offFeature;
   QStringList m_migrationPick;
