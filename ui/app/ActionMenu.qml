@@ -17,14 +17,14 @@ MenuLoader {
     /// Of the page, under a button.
     function openUnder(button: Item) {
         record = "";
-        entries = store.menu();
+        entries = [...store.menu()];
         openAt(button, true);
     }
 
     /// Of a record, in its row.
     function openFor(key: string, row: Item, x: real, y: real) {
         record = key;
-        entries = store.menu(key);
+        entries = [...store.menu(key)];
         if (entries.some(entry => entry.possible))
             openIn(row, x, y);
     }
