@@ -6,4 +6,6 @@ set(ORVELLA_AREAS
   Accounts
   Analytics
   Campaigns
+  Deliverability
+  Rampup
 )

@@ -3,6 +3,7 @@
 #include <QPointer>
 
 #include "kit/api/Format.h"
+#include "kit/api/isoDay.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -183,7 +184,7 @@ void RampupAccountStore::edit() {
                          .key = u"rampup/"_s + m_id + u"/stages"_s,
                          .stages = plan()->stages,
                          .version = version,
-                         .today = plan()->isDone() || plan()->isScheduled() ? 0 : int(plan()->dayIndex),
+                         .from = isoDay(plan()->startedOn),
                          .submit = [page = QPointer(this), version](const QList<RoadmapStage>& stages) {
                            // The editor is the list's, and outlives this page.
                            if (page) page->m_tasks.start(page->editTask(stages, version));

@@ -31,6 +31,7 @@ class RampupAccountStore final : public Store {
   Q_PROPERTY(QStringList dayNotes READ dayNotes NOTIFY changed)
   Q_PROPERTY(QVariantList warmupSeries READ warmupSeries NOTIFY changed)
   Q_PROPERTY(QVariantList campaignSeries READ campaignSeries NOTIFY changed)
+  Q_PROPERTY(QVariantList tableSeries READ tableSeries NOTIFY changed)
   Q_PROPERTY(QVariantList stages READ stages NOTIFY changed)
   Q_PROPERTY(int today READ today NOTIFY changed)
   Q_PROPERTY(QString warmupText READ warmupText NOTIFY changed)
@@ -78,6 +79,7 @@ class RampupAccountStore final : public Store {
   QStringList dayNotes() const { return m_days.notes; }
   QVariantList warmupSeries() const { return m_days.warmup; }
   QVariantList campaignSeries() const { return m_days.campaign; }
+  QVariantList tableSeries() const { return m_days.all; }
   QVariantList stages() const { return m_days.stages; }
   int today() const { return m_days.today; }
   QString warmupText() const;

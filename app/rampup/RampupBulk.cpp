@@ -145,6 +145,7 @@ void RampupBulk::edit() {
                  .thing = u"roadmap"_s,
                  .key = u"rampup/bulk"_s,
                  .stages = withPlan == accounts.end() ? QList<RoadmapStage>() : (*withPlan)->plan->stages,
+                 .from = services().clock.now().toLocalTime().date(),
                  .differs = differencesOf(accounts),
                  .submit = [this, ids](const QList<RoadmapStage>& stages) { m_tasks.start(editTask(ids, stages)); }});
 }

@@ -119,8 +119,8 @@ QVariant RampupRowsModel::extraData(const RampupRow& row, int, int role) const {
     case InboxRole:
       return item.inboxPct7d ? Format::fixed(*item.inboxPct7d, 1) + u'%' : nothing;
     case InboxToneRole:
-      if (!item.inboxPct7d) return QString();
-      return *item.inboxPct7d < goodInboxRate || item.health.low ? u"warning"_s : u"positive"_s;
+      if (!item.inboxPct7d) return u"unknown"_s;
+      return *item.inboxPct7d < goodInboxRate || item.health.low ? u"warning"_s : u"healthy"_s;
     default:
       return {};
   }

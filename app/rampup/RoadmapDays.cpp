@@ -56,6 +56,13 @@ RoadmapDays::RoadmapDays(const RampupDetail& detail) {
   }
   warmup = {series(u"warmup"_s, u"Warm-up sent"_s, warmupSent), plan(warmupPlanned)};
   campaign = {series(u"campaign"_s, u"Campaign sent"_s, campaignSent), plan(campaignPlanned)};
+  const auto named = [](const QVariant& one, const QString& label) {
+    QVariantMap map = one.toMap();
+    map.insert(u"key"_s, label);
+    map.insert(u"label"_s, label);
+    return map;
+  };
+  all = {warmup[0], named(warmup[1], u"Planned warm-up"_s), campaign[0], named(campaign[1], u"Planned campaign"_s)};
   if (detail.plan) stages = stagesOf(*detail.plan);
 }
 

@@ -17,6 +17,8 @@ struct RoadmapDays {
   /// What was sent and what was planned, of each kind.
   QVariantList warmup;
   QVariantList campaign;
+  /// Both together, for a table.
+  QVariantList all;
   /// Of each day its stage.
   QStringList notes;
   /// -1 when today is none of them.

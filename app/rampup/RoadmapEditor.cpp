@@ -1,5 +1,7 @@
 #include "app/rampup/RoadmapEditor.h"
 
+#include <cmath>
+
 #include "app/rampup/RampupWords.h"
 #include "kit/api/Format.h"
 
@@ -76,6 +78,7 @@ void RoadmapEditor::follow() {
                     stage.campaignTo, isWrong ? m_problem->field : QString()});
   }
   m_rows.update(std::move(rows));
+  draw();
   Q_EMIT typed();
 }
 
@@ -141,8 +144,10 @@ void RoadmapEditor::submit() {
 
 QString RoadmapEditor::summary() const {
   if (m_typed.isEmpty()) return {};
+  qint64 days = 0;
+  for (const RoadmapStage& stage : readStages(m_typed)) days += stage.days;
   const RoadmapStage last = readStage(m_typed.last());
-  return u"%1 days · ends at %2 warm-up and %3 campaign a day"_s.arg(length())
+  return u"%1 days · ends at %2 warm-up and %3 campaign a day"_s.arg(days)
       .arg(last.warmup.to)
       .arg(last.campaign.to);
 }
@@ -151,37 +156,20 @@ QString RoadmapEditor::countText() const {
   return u"%1 of %2 stages"_s.arg(m_typed.size()).arg(RoadmapRules::mostStages);
 }
 
-int RoadmapEditor::length() const {
-  qint64 days = 0;
-  for (const RoadmapStage& stage : readStages(m_typed))
-    days += std::clamp<qint64>(stage.days, 0, RoadmapRules::mostDays);
-  return int(days);
-}
-
-int RoadmapEditor::highest() const {
-  qint64 highest = 0;
-  for (const RoadmapStage& stage : readStages(m_typed))
-    highest = std::max({highest, stage.warmup.from, stage.warmup.to, stage.campaign.from, stage.campaign.to});
-  return int(std::min<qint64>(highest, RoadmapRules::mostADay));
-}
-
-QVariantList RoadmapEditor::curve() const {
-  QVariantList pieces;
-  qint64 start = 0;
-  for (qsizetype at = 0; at < m_typed.size(); ++at) {
-    const RoadmapStage stage = readStage(m_typed[at]);
-    const qint64 days = std::clamp<qint64>(stage.days, 0, RoadmapRules::mostDays);
-    pieces.append(QVariantMap{{u"name"_s, stage.name},
-                              {u"days"_s, days},
-                              {u"start"_s, start},
-                              {u"warmupFrom"_s, stage.warmup.from},
-                              {u"warmupTo"_s, stage.warmup.to},
-                              {u"campaignFrom"_s, stage.campaign.from},
-                              {u"campaignTo"_s, stage.campaign.to},
-                              {u"wrong"_s, m_problem && m_problem->stage == at ? m_problem->field : QString()}});
-    start += days;
+void RoadmapEditor::draw() {
+  m_days.clear();
+  m_dayNotes.clear();
+  QVariantList warmup, campaign;
+  for (const RoadmapStage& stage : readStages(m_typed)) {
+    for (qint64 day = 1; day <= stage.days && m_days.size() < RoadmapRules::mostDays; ++day) {
+      m_days.append(Format::calendarDay(m_opening.from.addDays(m_days.size())));
+      m_dayNotes.append(u"%1, day %2 of %3"_s.arg(stage.name).arg(day).arg(stage.days));
+      warmup.append(std::round(volumeOn(stage.warmup, day, stage.days)));
+      campaign.append(std::round(volumeOn(stage.campaign, day, stage.days)));
+    }
   }
-  return pieces;
+  m_series = {QVariantMap{{u"key"_s, u"warmup"_s}, {u"label"_s, u"Warm-up"_s}, {u"values"_s, warmup}},
+              QVariantMap{{u"key"_s, u"campaign"_s}, {u"label"_s, u"Campaign"_s}, {u"values"_s, campaign}}};
 }
 
 QString RoadmapEditor::sentenceOf(const APIError& error) const {

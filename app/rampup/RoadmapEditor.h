@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QVariantList>
 #include <functional>
 
@@ -56,10 +57,9 @@ class RoadmapEditor final : public Form {
   Q_PROPERTY(QString countText READ countText NOTIFY typed)
   Q_PROPERTY(bool canAdd READ canAdd NOTIFY typed)
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY typed)
-  Q_PROPERTY(QVariantList curve READ curve NOTIFY typed)
-  Q_PROPERTY(int length READ length NOTIFY typed)
-  Q_PROPERTY(int highest READ highest NOTIFY typed)
-  Q_PROPERTY(int today READ today NOTIFY shownChanged)
+  Q_PROPERTY(QStringList days READ days NOTIFY typed)
+  Q_PROPERTY(QVariantList series READ series NOTIFY typed)
+  Q_PROPERTY(QStringList dayNotes READ dayNotes NOTIFY typed)
   Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
 
  public:
@@ -74,8 +74,8 @@ class RoadmapEditor final : public Form {
     QString key;
     QList<RoadmapStage> stages;
     std::optional<qint64> version = {};
-    /// The day that the account is on; 0 for none.
-    int today = 0;
+    /// When they begin, for the curve.
+    QDate from;
     /// What the accounts differ in, which a save makes the same; empty for nothing.
     QString differs = {};
     std::function<void(QList<RoadmapStage>)> submit;
@@ -97,11 +97,10 @@ class RoadmapEditor final : public Form {
   QString countText() const;
   bool canAdd() const { return m_typed.size() < RoadmapRules::mostStages; }
   bool canSubmit() const { return !busy() && !m_problem && !m_typed.isEmpty(); }
-  /// For each stage: name, days, start (its first day, from 0), the four volumes, wrong.
-  QVariantList curve() const;
-  int length() const;
-  int highest() const;
-  int today() const { return m_opening.today; }
+  /// The curve day by day, as far as the stages can be read.
+  const QStringList& days() const { return m_days; }
+  const QVariantList& series() const { return m_series; }
+  const QStringList& dayNotes() const { return m_dayNotes; }
   std::optional<qint64> version() const { return m_opening.version; }
   Recovery* recovery() { return &m_recovery; }
   const QList<TypedStage>& typedStages() const { return m_typed; }
@@ -124,12 +123,16 @@ class RoadmapEditor final : public Form {
   void keep();
   void restored();
   void follow();
+  void draw();
 
   Opening m_opening;
   QList<TypedStage> m_typed;
   QStringList m_ids;
   int m_lastId = 0;
   std::optional<RoadmapProblem> m_problem;
+  QStringList m_days;
+  QVariantList m_series;
+  QStringList m_dayNotes;
   StageRows m_rows;
   Draft<EditedStages> m_draft;
   Recovery m_recovery;

@@ -5,6 +5,7 @@
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/rampup/rampupRequests.h"
 
@@ -138,7 +139,7 @@ void RoadmapTemplates::setShowArchived(bool shown) {
 }
 
 int RoadmapTemplates::archivedCount() const {
-  return m_list.value() && m_list.value()->archivedCount ? int(*m_list.value()->archivedCount) : -1;
+  return m_list.value() && m_list.value()->archivedCount ? saturated(*m_list.value()->archivedCount) : -1;
 }
 
 int RoadmapTemplates::count() const { return m_list.value() ? int(m_list.value()->items.size()) : -1; }
@@ -234,6 +235,7 @@ void RoadmapTemplates::edit(const QString& id) {
                  .key = u"templates/"_s + id + u"/stages"_s,
                  .stages = known->stages,
                  .version = known->version,
+                 .from = services().clock.now().toLocalTime().date(),
                  .submit = [this, id](const QList<RoadmapStage>& stages) { m_tasks.start(editTask(id, stages)); }});
 }
 

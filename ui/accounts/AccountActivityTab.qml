@@ -77,7 +77,7 @@ FocusScope {
             width: parent.width
             spacing: 32
 
-            AccountFacts {
+            FactList {
                 width: root.narrow ? parent.width : (parent.width - 32) / 2
                 title: "Warm-up and ramp-up"
                 facts: root.store.warmupFacts
@@ -85,7 +85,7 @@ FocusScope {
                 onLinkChosen: root.store.openRampup()
             }
 
-            AccountFacts {
+            FactList {
                 width: root.narrow ? parent.width : (parent.width - 32) / 2
                 title: "Connection"
                 facts: root.store.connectionFacts

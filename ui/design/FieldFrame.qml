@@ -9,6 +9,8 @@ FocusScope {
     property string label: ""
     property string help: ""
     property string error: ""
+    /// Marked as wrong. What is wrong may be said elsewhere.
+    property bool wrong: error !== ""
     /// What is typed into has the caret.
     property bool caret: false
     property real frameHeight: Theme.controlHeight
@@ -37,7 +39,7 @@ FocusScope {
         color: Theme.surface
         opacity: root.enabled ? 1 : 0.6
         border.width: 1
-        border.color: root.error !== "" ? Theme.negative : root.caret ? Theme.focus : Theme.borderField
+        border.color: root.wrong ? Theme.negative : root.caret ? Theme.focus : Theme.borderField
 
         Rectangle {
             visible: root.caret

@@ -1,0 +1,62 @@
+import QtQuick
+import Orvella.App
+import Orvella.Rampup
+
+/// The accounts on their roadmaps, or the templates of these, or the archive of templates.
+FocusScope {
+    id: root
+
+    required property RampupStore store
+
+    Component.onCompleted: store.ensureLoaded()
+
+    Loader {
+        readonly property var content: item
+
+        anchors.fill: parent
+        focus: true
+        sourceComponent: !root.store.showTemplates ? accounts : root.store.templates.showArchived ? archive : templates
+        // Whoever went elsewhere and back goes on with the keyboard where the content is.
+        onLoaded: content.focusTable()
+    }
+
+    Component {
+        id: accounts
+
+        RampupAccounts {
+            store: root.store
+        }
+    }
+
+    Component {
+        id: templates
+
+        LiveTemplates {
+            store: root.store
+        }
+    }
+
+    Component {
+        id: archive
+
+        ArchivedTemplates {
+            templates: root.store.templates
+        }
+    }
+
+    NameFormDialog {
+        form: root.store.templates.newTemplate
+    }
+
+    NameFormDialog {
+        form: root.store.templates.rename
+    }
+
+    AddToTemplateDialog {
+        adding: root.store.adding
+    }
+
+    RoadmapEditorDialog {
+        editor: root.store.editor
+    }
+}
