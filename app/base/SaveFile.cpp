@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "app/base/shownName.h"
 #include "kit/async/background.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,7 +54,7 @@ QString usableName(const QString& wanted) {
 }
 
 ConfirmRequest replaceQuestion(const QString& path) {
-  return {.title = u"Replace "_s + QFileInfo(path).fileName() + u'?',
+  return {.title = u"Replace "_s + shownName(QFileInfo(path).fileName()) + u'?',
           .text = u"A file of that name is already there. What it holds would be gone."_s,
           .confirm = u"Replace"_s,
           .destructive = true};
@@ -83,7 +84,7 @@ Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> te
     co_return JobOutcome{};
   }
   FileRevealer& revealer = services.revealer;
-  services.toasts.show({.message = u"Saved "_s + QFileInfo(path).fileName(),
+  services.toasts.show({.message = u"Saved "_s + shownName(QFileInfo(path).fileName()),
                         .tone = Toasts::Tone::success,
                         .actionLabel = u"Show in Finder"_s,
                         .action = [&revealer, path] { revealer.reveal(path); }});
@@ -94,7 +95,7 @@ Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> te
 
 Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure) {
   const OneShot<bool> ended;
-  context.services().jobs.start({.name = u"Saving "_s + fileName, .stopped = u"Nothing was saved."_s},
+  context.services().jobs.start({.name = u"Saving "_s + shownName(fileName), .stopped = u"Nothing was saved."_s},
                                 context.shared_from_this(),
                                 [&](Job& job) { return save(&job, fileName, text, failure, ended); });
   // Gone with the store that asked; the job is not.

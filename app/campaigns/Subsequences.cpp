@@ -1,5 +1,6 @@
 #include "app/campaigns/Subsequences.h"
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -139,7 +140,7 @@ Task<void> Subsequences::createTask() {
   // Who closed the form, or has gone elsewhere, is not to be fetched back.
   const bool isHere = context().openedItem(Page::campaigns) == m_context.id;
   if (submission.succeed() && isHere) co_return open(made->id);
-  services().toasts.success(made->name + u" created"_s);
+  services().toasts.success(shownName(made->name) + u" created"_s);
 }
 
 }  // namespace orv

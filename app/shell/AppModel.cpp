@@ -321,15 +321,16 @@ void AppModel::tellOfKept() {
   }
 }
 
-QString AppModel::userName() const { return m_stored ? m_stored->user.name : QString(); }
-QString AppModel::userEmail() const { return m_stored ? m_stored->user.email : QString(); }
+QString AppModel::greetedName() const { return shownName(m_platform.preferences.signedInName()); }
+QString AppModel::userName() const { return m_stored ? shownName(m_stored->user.name) : QString(); }
+QString AppModel::userEmail() const { return m_stored ? shownName(m_stored->user.email) : QString(); }
 
 QVariantList AppModel::workspaces() const {
   QVariantList list;
   if (!m_stored) return list;
   for (const WorkspaceSummary& workspace : m_stored->workspaces) {
     list.append(QVariantMap{{u"slug"_s, workspace.slug},
-                            {u"name"_s, workspace.name},
+                            {u"name"_s, shownName(workspace.name)},
                             {u"role"_s, workspace.role.rawValue},
                             {u"current"_s, m_current && workspace.slug == m_current->slug}});
   }

@@ -62,7 +62,7 @@ class AppModel final : public QObject {
   const QStringList& sessionOrder() const { return m_workspaces.order(); }
 
   /// Who was signed in when the program last ran; empty when nobody was.
-  QString greetedName() const { return m_platform.preferences.signedInName(); }
+  QString greetedName() const;
   QString userName() const;
   QString userEmail() const;
   /// Which service they are signed in to, when it is another than production's.

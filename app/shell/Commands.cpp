@@ -1,5 +1,6 @@
 #include "app/shell/Commands.h"
 
+#include "app/base/shownName.h"
 #include "app/shell/Areas.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -103,8 +104,8 @@ void Commands::addRecords(QList<Command>& commands) const {
     for (const FoundRecord& record : store->found()) {
       commands.append({u"record."_s + Pages::name(info.page) + u'.' + record.id,
                        info.title,
-                       record.name,
-                       record.detail,
+                       shownName(record.name),
+                       shownName(record.detail),
                        info.icon,
                        {},
                        [&app = m_app, page = info.page, id = record.id] { app.router()->openItem(page, id); }});
@@ -119,7 +120,7 @@ void Commands::addWorkspaces(QList<Command>& commands) const {
     if (app.current() && app.current()->slug == workspace.slug) continue;
     commands.append({u"workspace."_s + workspace.slug,
                      u"Workspaces"_s,
-                     workspace.name,
+                     shownName(workspace.name),
                      workspace.slug,
                      u"system-users"_s,
                      {},

@@ -1,7 +1,5 @@
 #include "app/shell/WarmWorkspaces.h"
 
-#include "app/base/shownName.h"
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -9,7 +7,7 @@ namespace orv {
 WarmWorkspaces::WarmWorkspaces(APITransport& api, Services& services)
     : m_api(api), m_services(services), m_sessions(sessionsAtMost, StoreCache<WorkspaceSession>::Order::lastOpening) {
   m_sessions.onNotSaved = [this](const QString& workspace, const WorkspaceSession& session) {
-    m_services.toasts.show({.message = u"Unsaved changes in %1"_s.arg(shownName(session.name())),
+    m_services.toasts.show({.message = u"Unsaved changes in %1"_s.arg(session.name()),
                             .tone = Toasts::Tone::error,
                             .actionLabel = u"Open"_s,
                             .action = [this, workspace] { m_services.navigator.openWorkspace(workspace); },

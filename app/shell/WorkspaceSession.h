@@ -6,6 +6,7 @@
 
 #include "app/base/Area.h"
 #include "app/base/StoreCache.h"
+#include "app/base/shownName.h"
 
 namespace orv {
 
@@ -22,7 +23,8 @@ class WorkspaceSession final : public QObject, public WorkspaceStores {
 
   WorkspaceContext& context() const override { return *m_context; }
   QString slug() const { return m_context->workspace().slug; }
-  QString name() const { return m_context->workspace().name; }
+  /// As it stands in titles and sentences.
+  QString name() const { return shownName(m_context->workspace().name); }
   QString role() const { return m_context->workspace().role.rawValue; }
 
   /// Null where no area has a store of that name.
