@@ -110,8 +110,9 @@ Figures addCampaign(RangeFigures& into, const DemoWorkspace& workspace, const De
   for (qsizetype index = 0; index < into.days.size(); ++index) {
     const qint64 sent = days.sentBy(into.from.addDays(index)) - before;
     for (qint64 part = 0; sent > 0 && part < count; ++part) {
-      // Another mailbox is first each day, or the last would have all the remainders.
-      const QString& mailbox = mailboxes[(part + index) % count];
+      // Another mailbox is first each day, or the last would have all the remainders; on one day the same, whatever the
+      // range that is asked for.
+      const QString& mailbox = mailboxes[(part + into.from.toJulianDay() + index) % count];
       if (counted && !counted->contains(mailbox)) continue;
       const Figures figures = after(before + sent * (part + 1) / count, campaign.stats()) -
                               after(before + sent * part / count, campaign.stats());
