@@ -1,5 +1,7 @@
 #include "app/base/CsvColumns.h"
 
+#include "app/base/shownName.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -16,11 +18,11 @@ int CsvColumns::rowCount(const QModelIndex& parent) const {
 
 QVariant CsvColumns::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  if (role == NameRole) return m_preview.headers[index.row()];
+  if (role == NameRole) return shownName(m_preview.headers[index.row()]);
   if (role != SamplesRole) return {};
   QStringList samples;
   for (const QStringList& row : m_preview.samples)
-    if (const QString cell = row.value(index.row()); !cell.isEmpty()) samples.append(cell.simplified());
+    if (const QString cell = row.value(index.row()); !cell.isEmpty()) samples.append(shownName(cell.simplified()));
   return samples.join(u" · "_s);
 }
 

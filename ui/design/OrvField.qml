@@ -94,6 +94,7 @@ FieldFrame {
 
     SecretText {
         field: input
+        name: root.accessibleName
         kept: root.secret
     }
 

@@ -16,7 +16,7 @@ const QObject* sayingsOf(const QQuickItem& item) {
 /// A password field as assistive programs see it: where it is, what it is called, how much is typed.
 class Spoken final : public QAccessibleObject, public QAccessibleTextInterface, public QAccessibleActionInterface {
  public:
-  explicit Spoken(QQuickItem* item) : QAccessibleObject(item) {}
+  Spoken(QQuickItem* item, const SecretText* secret) : QAccessibleObject(item), m_secret(secret) {}
 
   QAccessible::Role role() const override { return QAccessible::EditableText; }
   QAccessible::State state() const override {
@@ -33,11 +33,9 @@ class Spoken final : public QAccessibleObject, public QAccessibleTextInterface, 
   }
   QString text(QAccessible::Text which) const override {
     if (which == QAccessible::Value) return bullets();
-    const char* const saying = which == QAccessible::Name          ? "name"
-                               : which == QAccessible::Description ? "description"
-                                                                   : nullptr;
-    const QObject* const sayings = saying ? sayingsOf(item()) : nullptr;
-    return sayings ? sayings->property(saying).toString() : QString();
+    if (which == QAccessible::Name) return m_secret ? m_secret->name() : QString();
+    const QObject* const sayings = which == QAccessible::Description ? sayingsOf(item()) : nullptr;
+    return sayings ? sayings->property("description").toString() : QString();
   }
   QRect rect() const override {
     return QRectF(item().mapToGlobal(QPointF()), QSizeF(item().width(), item().height())).toRect();
@@ -88,6 +86,8 @@ class Spoken final : public QAccessibleObject, public QAccessibleTextInterface, 
   int offsetAtPoint(const QPoint&) const override { return -1; }
 
  private:
+  QPointer<const SecretText> m_secret;
+
   QQuickItem& item() const { return *static_cast<QQuickItem*>(object()); }
   QString bullets() const { return QString(characterCount(), QChar(0x2022)); }
   int start() const { return item().property("selectionStart").toInt(); }
@@ -115,5 +115,5 @@ void SecretText::follow() {
   if (!now || m_kept == (dynamic_cast<Spoken*>(now) != nullptr)) return;
   QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(now));
   // It goes with its item.
-  if (m_kept) QAccessible::registerAccessibleInterface(new Spoken(m_field));
+  if (m_kept) QAccessible::registerAccessibleInterface(new Spoken(m_field, this));
 }

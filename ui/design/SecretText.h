@@ -10,6 +10,8 @@ class SecretText : public QObject {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QQuickItem* field READ field WRITE setField NOTIFY changed)
+  /// The toolkit keeps a password field's name to itself along with its text.
+  Q_PROPERTY(QString name MEMBER m_name NOTIFY changed)
   Q_PROPERTY(bool kept READ isKept WRITE setKept NOTIFY changed)
 
  public:
@@ -17,6 +19,7 @@ class SecretText : public QObject {
 
   QQuickItem* field() const { return m_field; }
   void setField(QQuickItem* field);
+  const QString& name() const { return m_name; }
   bool isKept() const { return m_kept; }
   void setKept(bool kept);
 
@@ -27,5 +30,6 @@ class SecretText : public QObject {
   void follow();
 
   QPointer<QQuickItem> m_field;
+  QString m_name;
   bool m_kept = false;
 };
