@@ -77,7 +77,12 @@ std::unique_ptr<APITransport::Exchange> StagedTransport::exchange(APICall call,
       receiver->receive(TransportFailure::offline);
       break;
     case Mode::empty:
-      if (call.request.path.endsWith("/campaigns"_L1) || call.request.path.endsWith("/mailboxes"_L1)) {
+      if (call.request.path.endsWith("/deliverability"_L1)) {
+        receiver->receive(HTTPAnswer{200, {}, R"({"automatic":true,"pool":{"n":0},"inboxes":[],"decisions":[]})"});
+        break;
+      }
+      if (call.request.path.endsWith("/rampup"_L1) || call.request.path.endsWith("/campaigns"_L1) ||
+          call.request.path.endsWith("/mailboxes"_L1)) {
         receiver->receive(HTTPAnswer{200, {}, R"({"items":[],"archivedCount":0})"});
         break;
       }
@@ -121,7 +126,7 @@ class Stage::Desktop final : public Browser,
 
 Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
     : m_time(time),
-      m_service(time ? time->clock() : m_systemClock, 1, {setting.campaigns, 0, 0}),
+      m_service(time ? time->clock() : m_systemClock, 1, {setting.campaigns, setting.mailboxes, 0}),
       m_transport(m_service),
       m_keychain(u"com.orvella.render"_s),
       m_desktop(new Desktop) {

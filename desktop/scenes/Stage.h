@@ -44,6 +44,7 @@ struct StageSetting {
   bool reducedMotion = true;
   /// At least so many in the sample.
   int campaigns = 0;
+  int mailboxes = 0;
 };
 
 /// What was to happen on a stage and did not.

@@ -23,4 +23,19 @@ OrvTable {
     onTickExtended: (from, to) => selection.extendTo(from, to)
     onTickAllToggled: selection.toggleAll()
     onTicksCleared: selection.clear()
+
+    // The bar of what can be done with ticked rows goes with the last tick, and takes the focus along where it had it.
+    function keepFocus() {
+        const holder = Window.activeFocusItem;
+        if (selection.count === 0 && (!holder || !holder.visible))
+            focusRows();
+    }
+
+    Connections {
+        target: root.selection
+
+        function onChanged() {
+            Qt.callLater(root.keepFocus);
+        }
+    }
 }

@@ -1,0 +1,116 @@
+#include <QQuickItem>
+#include <QTest>
+
+#include "app/accounts/AccountsStore.h"
+#include "desktop/scenes/Stage.h"
+#include "tests/ui/support/warnings.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+/// The accounts' page in the window, on the sample workspace.
+class AccountsWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QQmlEngine> m_engine;
+  std::unique_ptr<Stage> m_stage;
+
+  void open(int mailboxes = 0) {
+    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{.mailboxes = mailboxes});
+    QVERIFY(m_stage->isReady());
+    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+    m_stage->app().router()->open(Page::accounts);
+    m_stage->settle();
+  }
+  AccountsStore& accounts() { return *m_stage->app().session()->store<AccountsStore>(); }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
+  }
+  QString lastMessage() {
+    const auto& toasts = m_stage->app().toasts()->toasts();
+    return toasts.isEmpty() ? QString() : toasts.last().message;
+  }
+  QQuickItem* table() {
+    QList<QQuickItem*> open{m_stage->window().contentItem()};
+    while (!open.isEmpty()) {
+      QQuickItem* next = open.takeLast();
+      if (next->property("tickedKeys").isValid() && next->property("title").toString() == "Accounts"_L1) return next;
+      open += next->childItems();
+    }
+    return nullptr;
+  }
+  bool rowHasFocus() {
+    const QQuickItem* focused = m_stage->window().activeFocusItem();
+    return focused && focused->property("key").isValid();
+  }
+
+ private Q_SLOTS:
+  void initTestCase() {
+    m_engine = std::make_unique<QQmlEngine>();
+    ClientWindow::prepare(*m_engine);
+  }
+  void init() { ui::failOnWarnings(); }
+  void cleanup() { m_stage.reset(); }
+
+  void manyAreTaggedByKeyboard() {
+    open();
+    QTRY_VERIFY(table());
+    table()->forceActiveFocus();
+    press(Qt::Key_Home);
+    QTRY_VERIFY(rowHasFocus());
+    press(Qt::Key_Space);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    const QStringList ticked = accounts().selection()->ids();
+    QCOMPARE(ticked, accounts().list()->shownIds().mid(0, 3));
+    m_stage->tabTo(u"Add tags"_s);
+    press(Qt::Key_Space);
+    QTRY_VERIFY(accounts().bulk()->shown());
+    m_stage->settle();
+    type(u"q4,winter"_s);
+    press(Qt::Key_Return);
+    QCOMPARE(accounts().bulk()->tags().size(), 2);
+    m_stage->tabTo(u"Add tags"_s);
+    press(Qt::Key_Space);
+    QTRY_COMPARE(lastMessage(), u"3 accounts tagged"_s);
+    m_stage->settle();
+    for (const QString& id : ticked)
+      QVERIFY(accounts().list()->find(id)->record().tags.value_or(QStringList()).contains(u"winter"_s));
+    QVERIFY(accounts().selection()->isEmpty());
+    QTRY_VERIFY2(rowHasFocus(), "the bar is gone, so the rows have the focus");
+
+    // Found by the tag, sent to the archive, and taken back.
+    accounts().setQuery(u"winter"_s);
+    m_stage->settle();
+    QCOMPARE(accounts().list()->rows()->count(), 3);
+    press(Qt::Key_Home);
+    press(Qt::Key_Delete);
+    m_stage->settle();
+    m_stage->tabTo(u"Remove"_s);
+    press(Qt::Key_Space);
+    QTRY_VERIFY(lastMessage().endsWith(u" removed"_s));
+    QTRY_COMPARE(accounts().list()->rows()->count(), 2);
+    m_stage->press(u"Undo"_s);
+    QTRY_COMPARE(lastMessage(), u"Account restored"_s);
+    QTRY_COMPARE(accounts().list()->rows()->count(), 3);
+  }
+
+  void aLongListIsReadWholeAndKeepsItsPlace() {
+    open(1000);
+    QTRY_VERIFY(!accounts().list()->canLoadMore() && accounts().list()->readCount() >= 1000);
+    QTRY_VERIFY(table());
+    QMetaObject::invokeMethod(table(), "show", Q_ARG(QString, accounts().list()->shownIds().at(700)));
+    m_stage->settle();
+    const double place = table()->property("contentY").toDouble();
+    QVERIFY(place > 20'000);
+    accounts().refresh();
+    m_stage->settle();
+    QCOMPARE(table()->property("contentY").toDouble(), place);
+    press(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(accounts().selection()->count(), accounts().list()->readCount());
+  }
+};
+
+QTEST_MAIN(AccountsWindowTest)
+#include "accounts_test.moc"
