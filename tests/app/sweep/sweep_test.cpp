@@ -67,7 +67,7 @@ const std::map<QString, QStringList> sendNothing{
     {u"AccountBulk"_s, {u"addTags"_s, u"removeTag"_s, u"cancel"_s, u"text"_s}},
     {u"CampaignsStore"_s,
      {u"toggleTag"_s, u"sort"_s, u"sortArchived"_s, u"showAll"_s, u"open"_s, u"copyLink"_s, u"filter"_s, u"query"_s}},
-    {u"CampaignStore"_s, {u"copyLink"_s, u"tab"_s, u"openCampaigns"_s, u"openCampaign"_s}},
+    {u"CampaignStore"_s, {u"copyLink"_s, u"tab"_s, u"schedulesAsked"_s, u"openCampaigns"_s, u"openCampaign"_s}},
     {u"CampaignLeads"_s, {u"copyAddress"_s}},
     {u"CampaignSettings"_s, {u"addTags"_s, u"removeTag"_s, u"discard"_s}},
     {u"ScheduleForm"_s,
