@@ -42,6 +42,7 @@ inline void line(const char* what, double value, const char* unit, const char* g
   std::printf("  %-58s %9.2f %-3s %s\n", what, value, unit, goal);
 }
 
+bool accounts(Scale scale);
 bool analytics(Scale scale);
 /// Takes minutes, so it is measured only when it is named.
 bool build(Scale scale);

@@ -31,11 +31,17 @@ OrvTable {
             focusRows();
     }
 
+    Timer {
+        id: later
+        interval: 0
+        onTriggered: root.keepFocus()
+    }
+
     Connections {
         target: root.selection
 
         function onChanged() {
-            Qt.callLater(root.keepFocus);
+            later.restart();
         }
     }
 }
