@@ -97,11 +97,11 @@ class RampupAccountStore final : public Store {
   QList<Choice> templates() const;
 
   Q_INVOKABLE void openList() { context().open(Page::rampup); }
-  Q_INVOKABLE void pause() { m_list.accounts()->pause(m_id); }
-  Q_INVOKABLE void resume() { m_list.accounts()->resume(m_id); }
-  Q_INVOKABLE void edit();
-  Q_INVOKABLE void beginExtend();
-  Q_INVOKABLE void beginRestart();
+  void pause() { m_list.accounts()->pause(m_id); }
+  void resume() { m_list.accounts()->resume(m_id); }
+  void edit();
+  void beginExtend();
+  void beginRestart();
   Q_INVOKABLE void extend() { m_tasks.start(extendTask()); }
   Q_INVOKABLE void restart() { m_tasks.start(restartTask()); }
   Task<void> editTask(QList<RoadmapStage> stages, std::optional<qint64> version);

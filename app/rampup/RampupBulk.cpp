@@ -1,7 +1,6 @@
 #include "app/rampup/RampupBulk.h"
 
 #include "app/base/EachOf.h"
-#include "app/base/Jobs.h"
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/models/rampup/rampupDetail.h"
@@ -86,25 +85,22 @@ RampupBulk::RampupBulk(WorkspaceContext& context, Store& whole, RampupAccounts& 
       m_selection(accounts),
       m_actions(context, m_busy, [this] { m_accounts.load(); }) {
   connect(&m_selection, &RowSelection::changed, this, &RampupBulk::changed);
+  connect(&m_busy, &BusySet::changed, this, &RampupBulk::changed);
 }
 
 QString RampupBulk::countText() const { return Format::grouped(m_selection.count()) + u" mailbox selected"_s; }
 QString RampupBulk::extendLabel() { return u"Extend "_s + QString::number(extendedBy) + u" days"_s; }
 
 Task<std::optional<RampupBulkResult>> RampupBulk::send(RampupBulkBody body, Actions::Tell tell) {
-  const auto mark = m_busy.mark(u"bulk"_s);
-  if (!mark || !canWrite() || body.mailboxIds.isEmpty()) co_return std::nullopt;
-  m_busyWith = body.action;
-  Q_EMIT changed();
+  if (!m_busy.ids().isEmpty() || !canWrite() || body.mailboxIds.isEmpty()) co_return std::nullopt;
+  const auto mark = m_busy.mark(body.action);
   const auto result =
       co_await m_actions.send(Requests::bulkRampup(body), u"Couldn’t update the roadmaps."_s, {}, std::move(tell));
-  m_busyWith.clear();
   if (result) {
     // The answer only counts them.
     context().changes().stale<RampupAccount>();
     roadmapsChanged(context());
   }
-  Q_EMIT changed();
   co_return result;
 }
 
@@ -136,7 +132,7 @@ void RampupBulk::edit() {
   QList<const RampupItem*> accounts;
   for (const QString& id : ids)
     if (const RampupRow* row = m_accounts.find(id)) accounts.append(&row->record().item);
-  if (accounts.isEmpty() || !canWrite() || !m_busyWith.isEmpty()) return;
+  if (accounts.isEmpty() || !canWrite() || !busy().isEmpty()) return;
   const auto withPlan = std::ranges::find_if(accounts, [](const RampupItem* item) { return item->plan.has_value(); });
   const QString count = QString::number(accounts.size());
   m_editor.open({.title = u"Edit roadmaps"_s,
@@ -162,16 +158,20 @@ Task<void> RampupBulk::editTask(QStringList ids, QList<RoadmapStage> stages) {
 }
 
 void RampupBulk::switchWarmup(bool on) {
-  if (!canWrite()) return;
+  if (!canWrite() || (m_switching && m_switching->running())) return;
   QList<Named> accounts;
   for (const QString& id : m_selection.ids())
     if (const RampupRow* row = m_accounts.find(id)) accounts.append({id, row->record().item.address});
   if (accounts.isEmpty()) return;
   const QString name =
       (on ? u"Resuming warm-up on "_s : u"Pausing warm-up on "_s) + RampupWords::countedMailboxes(accounts.size());
-  services().jobs.start({.name = name, .stopped = u"Accounts that were done stay so."_s}, context().shared_from_this(),
-                        [accounts, on](Job& job) { return switchAll(&job, accounts, on); });
-  m_selection.clear();
+  m_switching = services().jobs.start({.name = name, .stopped = u"Accounts that were done stay so."_s},
+                                      context().shared_from_this(),
+                                      [accounts, on](Job& job) { return switchAll(&job, accounts, on); });
+  // Those that failed stay ticked, to be tried again.
+  connect(m_switching, &Job::ended, this, [this, ids = m_selection.ids()] {
+    if (m_switching && !m_switching->failed()) m_selection.untick(ids);
+  });
 }
 
 QString differencesOf(const QList<const RampupItem*>& accounts) {

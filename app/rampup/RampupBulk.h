@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/Actions.h"
+#include "app/base/Jobs.h"
 #include "app/base/PagedList.h"
 #include "app/base/RowSelection.h"
 #include "app/rampup/RampupRows.h"
@@ -28,7 +29,7 @@ class RampupBulk final : public Store {
 
   RowSelection* selection() { return &m_selection; }
   /// The action under way; empty for none.
-  const QString& busy() const { return m_busyWith; }
+  QString busy() const { return m_busy.ids().values().value(0); }
   QString countText() const;
   static QString extendLabel();
 
@@ -57,7 +58,7 @@ class RampupBulk final : public Store {
   RowSelection m_selection;
   BusySet m_busy;
   Actions m_actions;
-  QString m_busyWith;
+  QPointer<Job> m_switching;
 };
 
 /// In what the roadmaps of these accounts differ, which a save makes the same; empty when there is nothing.

@@ -98,7 +98,6 @@ QList<Choice> RampupStore::phases() const {
 
 void RampupStore::setShowTemplates(bool shown) {
   if (std::exchange(m_showTemplates, shown) == shown) return;
-  if (shown) m_templates.ensureLoaded();
   Q_EMIT changed();
   Q_EMIT moved();
 }
@@ -117,6 +116,11 @@ QString RampupStore::countText() const {
 const RampupItem* RampupStore::find(const QString& id) const {
   const RampupRow* row = m_list.find(id);
   return row ? &row->record().item : nullptr;
+}
+
+void RampupStore::ensureLoaded() {
+  Store::ensureLoaded();
+  m_templates.ensureLoaded();
 }
 
 void RampupStore::refresh() {

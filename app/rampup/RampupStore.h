@@ -64,6 +64,7 @@ class RampupStore final : public Store {
   const RampupItem* find(const QString& id) const;
   Q_INVOKABLE void open(const QString& id) { context().openItem(Page::rampup, id); }
 
+  void ensureLoaded() override;
   void refresh() override;
   QList<FoundRecord> found() const override;
   void ensureFound() override { m_list.ensureLoaded(); }

@@ -23,8 +23,8 @@ class RoadmapActions final : public Store {
   const BusySet& busy() const { return m_busy; }
   QStringList busyIds() const { return m_busy.ids().values(); }
 
-  Q_INVOKABLE void pause(const QString& id) { m_tasks.start(pauseTask(id)); }
-  Q_INVOKABLE void resume(const QString& id) { m_tasks.start(resumeTask(id)); }
+  void pause(const QString& id) { m_tasks.start(pauseTask(id)); }
+  void resume(const QString& id) { m_tasks.start(resumeTask(id)); }
   Task<void> pauseTask(QString id);
   Task<void> resumeTask(QString id);
   Task<void> warmupTask(QString id, QString address, bool on);

@@ -147,9 +147,7 @@ QString RoadmapEditor::summary() const {
   qint64 days = 0;
   for (const RoadmapStage& stage : readStages(m_typed)) days += stage.days;
   const RoadmapStage last = readStage(m_typed.last());
-  return u"%1 days · ends at %2 warm-up and %3 campaign a day"_s.arg(days)
-      .arg(last.warmup.to)
-      .arg(last.campaign.to);
+  return u"%1 days · ends at %2 warm-up and %3 campaign a day"_s.arg(days).arg(last.warmup.to).arg(last.campaign.to);
 }
 
 QString RoadmapEditor::countText() const {

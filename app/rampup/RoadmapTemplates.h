@@ -71,11 +71,11 @@ class RoadmapTemplates final : public Store {
 
   void refresh() override { m_showArchived ? m_archived.load() : m_list.load(); }
   Q_INVOKABLE void beginCreate();
-  Q_INVOKABLE void beginRename(const QString& id);
-  Q_INVOKABLE void edit(const QString& id);
-  Q_INVOKABLE void remove(const QString& id) { m_tasks.start(removeTask(id)); }
-  Q_INVOKABLE void restore(const QString& id) { m_tasks.start(restoreTask(id)); }
-  Q_INVOKABLE void removeForGood(const QString& id) { m_tasks.start(removeForGoodTask(id)); }
+  void beginRename(const QString& id);
+  void edit(const QString& id);
+  void remove(const QString& id) { m_tasks.start(removeTask(id)); }
+  void restore(const QString& id) { m_tasks.start(restoreTask(id)); }
+  void removeForGood(const QString& id) { m_tasks.start(removeForGoodTask(id)); }
 
   Task<void> createTask(QString name);
   Task<void> renameTask(QString id, QString name);

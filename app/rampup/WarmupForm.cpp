@@ -74,6 +74,7 @@ WarmupForm::WarmupForm(QString mailboxId, RoadmapActions& actions, Store& whole)
   m_draft.setKey(u"rampup/"_s + m_id + u"/warmup"_s);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_draft, &FieldDraft::changed, this, &WarmupForm::changed);
+  connect(&m_busy, &BusySet::changed, this, &WarmupForm::changed);
   connect(&m_recovery, &Recovery::changed, this, [this] {
     if (m_draft.dirty()) edit();
   });
@@ -107,13 +108,11 @@ Task<void> WarmupForm::saveTask() {
   const WarmupSettingsPatch patch = patchBetween(settingsOf(base), settingsOf(sent));
   // Blanks around a tag, say.
   if (patch == WarmupSettingsPatch()) co_return cancel();
-  m_saving = true;
-  Q_EMIT changed();
+  const auto mark = m_busy.mark(u"save"_s);
   const auto build = [id = m_id, patch] { return Requests::updateWarmup(id, patch); };
   const auto saved = co_await m_actions.change(
       m_id, build, u"Couldn’t save the warm-up settings."_s, {},
       [this](const RampupDetail& answer) { m_draft.taken(warmupFields(answer.settings), {}); });
-  m_saving = false;
   if (saved) {
     m_editing = m_draft.dirty();
     services().toasts.success(u"Warm-up settings saved"_s);

@@ -47,8 +47,8 @@ class WarmupForm final : public Store {
 
   Draft<WarmupFields>* draft() { return &m_draft; }
   bool editing() const { return m_editing; }
-  bool saving() const { return m_saving; }
-  bool canSave() const { return canWrite() && m_draft.dirty() && !m_saving; }
+  bool saving() const { return !m_busy.ids().isEmpty(); }
+  bool canSave() const { return canWrite() && m_draft.dirty() && !saving(); }
   QString rivals() const;
   Recovery* recovery() { return &m_recovery; }
 
@@ -71,8 +71,8 @@ class WarmupForm final : public Store {
   RoadmapActions& m_actions;
   Draft<WarmupFields> m_draft;
   Recovery m_recovery;
+  BusySet m_busy;
   bool m_editing = false;
-  bool m_saving = false;
 };
 
 }  // namespace orv

@@ -28,10 +28,12 @@ QList<Scene> campaignsScenes();
 QList<Scene> campaignScenes();
 QList<Scene> accountsScenes();
 QList<Scene> accountDetailScenes();
+QList<Scene> deliverabilityScenes();
+QList<Scene> rampupScenes();
 
 inline QList<Scene> allScenes() {
-  return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() +
-         accountsScenes() + accountDetailScenes();
+  return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() + accountsScenes() +
+         accountDetailScenes() + deliverabilityScenes() + rampupScenes();
 }
 
 }  // namespace orv
