@@ -1,3 +1,7 @@
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <sys/socket.h>
+
 #include <QLoggingCategory>
 #include <QTest>
 #include <QThread>
@@ -241,6 +245,43 @@ class ExchangeTest : public QObject {
     QTRY_COMPARE(wire.server.givenUp(), 1);
     scope.cancel();
     QCOMPARE(answers, 0);
+  }
+
+  void programsThatAreStartedGetNoConnection() {
+    Wire wire;
+    wire.server.reply({});
+    int answers = 0, connections = 0;
+    TaskScope scope;
+    scope.start(countAnswers(wire.send(request()), &answers));
+    QTRY_COMPARE(wire.seen(HTTPMethod::get), 1);
+    for (int descriptor = 3; descriptor < 1024; ++descriptor) {
+      sockaddr_in peer{};
+      socklen_t size = sizeof peer;
+      if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0) continue;
+      if (peer.sin_family != AF_INET || ntohs(peer.sin_port) != wire.server.url().port()) continue;
+      ++connections;
+      QVERIFY(::fcntl(descriptor, F_GETFD) & FD_CLOEXEC);
+    }
+    QCOMPARE(connections, 1);
+  }
+
+  void whatSignsSomebodyInIsOverwritten() {
+    Wire wire;
+    auto signingIn = request(HTTPMethod::post);
+    signingIn.body = QByteArray(R"({"password":"hunter2"})");
+    auto ordinary = signingIn;
+    ordinary.body->detach();
+    signingIn.secret = true;
+    const QByteArray held = *signingIn.body, kept = *ordinary.body;
+    for (const auto& each : {signingIn, ordinary}) {
+      wire.server.reply(200, "{}");
+      wire.errorOf(each);
+    }
+    QVERIFY(wire.server.received().front().bytes.contains("hunter2"));
+    // The network's thread has ended by then.
+    wire.client.reset();
+    QVERIFY(!held.contains("hunter2"));
+    QVERIFY(kept.contains("hunter2"));
   }
 
   void everyoneGetsHisOwnAnswer() {
