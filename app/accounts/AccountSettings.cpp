@@ -35,7 +35,11 @@ AccountSettings::AccountSettings(WorkspaceContext& context, Store* whole, QStrin
       m_id(std::move(id)),
       m_account(account),
       m_knownTags(std::move(knownTags)),
-      m_actions(context, m_busy, [this] { m_account.load(); }),
+      m_actions(context, m_busy,
+                [this] {
+                  // A conflict is followed by a reading of its own.
+                  if (!m_conflicts) m_account.load();
+                }),
       m_recovery(context, Recovery::of(m_draft)) {
   m_draft.setKey(u"accounts/"_s + m_id + u"/settings"_s);
   connect(&account, &ResourceBase::valueChanged, this, &AccountSettings::follow);
@@ -136,18 +140,18 @@ Task<void> AccountSettings::saveTask() {
   const MailboxPatch patch = patchOf(sent, base);
   // Blanks around a name, say.
   if (patch == MailboxPatch()) co_return discard();
-  bool conflicts = false;
+  m_conflicts = false;
   const auto saved = co_await m_actions.perform<Mailbox>(
       {savingKey, m_id}, [this, patch] { return Requests::updateMailbox(m_id, patch, m_draft.version()); }, {},
       [this](const Mailbox& answer) { m_draft.taken(accountFieldsOf(answer), answer.version); },
-      [this, &conflicts](const APIError& error) {
+      [this](const APIError& error) {
         m_draft.failed(error);
-        conflicts = isVersionConflict(error);
+        m_conflicts = isVersionConflict(error);
         const bool isMute = error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
-        if (!conflicts && !isMute) setProblem(u"Couldn’t save. "_s + error.message());
+        if (!m_conflicts && !isMute) setProblem(u"Couldn’t save. "_s + error.message());
         return true;
       });
-  if (conflicts) co_await rebuild();
+  if (std::exchange(m_conflicts, false)) co_await rebuild();
   if (!saved) co_return;
   const bool isUnverified = patch.trackingDomain.value() && !saved->trackingDomainVerifiedAt;
   if (!isUnverified) co_return services().toasts.success(u"Settings saved"_s);

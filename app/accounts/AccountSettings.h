@@ -82,6 +82,8 @@ class AccountSettings final : public Store {
   Draft<AccountFields> m_draft;
   Recovery m_recovery;
   QString m_problem;
+  /// Somebody else's version was newer than that of the save under way.
+  bool m_conflicts = false;
 };
 
 }  // namespace orv

@@ -181,6 +181,7 @@ class AddingTest : public QObject {
   }
 
   void secretsGoWithTheDialog() {
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
     fillSmtp();
     adding->connection()->setClientSecret(u"s"_s);
     f->clock.advance(5s);
