@@ -1,5 +1,6 @@
 #include "demo/HttpDoor.h"
 
+#include <QLocale>
 #include <QTcpSocket>
 
 using namespace Qt::Literals::StringLiterals;
@@ -32,8 +33,10 @@ QByteArray reason(int status) {
   }
 }
 
-QByteArray serialised(const HTTPAnswer& answer) {
+QByteArray serialised(const HTTPAnswer& answer, const QDateTime& now) {
   QByteArray bytes = "HTTP/1.1 " + QByteArray::number(answer.status) + ' ' + reason(answer.status) + "\r\n";
+  bytes += "Date: " + QLocale::c().toString(now.toUTC(), QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'")).toLatin1() +
+           "\r\n";
   for (const auto& [name, value] : answer.headers) bytes += name + ": " + value + "\r\n";
   if (answer.status != 204) bytes += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
   return bytes + "\r\n" + answer.body;
@@ -178,14 +181,14 @@ class HttpDoor::Connection final : public QObject {
   }
 
   void send(const HTTPAnswer& answer, std::optional<Faults::Kind> fault) {
-    const QByteArray bytes = serialised(answer);
+    const QByteArray bytes = serialised(answer, m_door.m_clock.now());
     const bool cut = fault == Faults::Kind::closed;
     m_socket->write(cut ? bytes.first(bytes.size() / 2) : bytes);
     if (cut || m_last) hangUp();
   }
 
   bool refuse(int status) {
-    m_socket->write(serialised({status, {{"Connection", "close"}}, {}}));
+    m_socket->write(serialised({status, {{"Connection", "close"}}, {}}, m_door.m_clock.now()));
     hangUp();
     return false;
   }
