@@ -24,6 +24,13 @@ QString when(const CampaignLead& lead) {
   return leadMoment(lead.repliedAt ? lead.repliedAt : lead.lastSentAt);
 }
 
+/// Without a name the address is the first line already.
+QString secondLine(const CampaignLead& lead) { return leadName(lead) == lead.email ? text(lead.source) : lead.email; }
+
+QString step(const CampaignLead& lead) {
+  return lead.currentStep ? u"Step "_s + QString::number(*lead.currentStep) : nothing;
+}
+
 QString whenDetail(const CampaignLead& lead) {
   if (lead.nextSendAt) return u"Next email"_s;
   if (lead.repliedAt) return u"Replied"_s;
@@ -53,55 +60,23 @@ LeadText::LeadText(const CampaignLead& lead)
                    .join(u'\n')
                    .toLower()) {}
 
-void LeadRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {
-  roles.insert({{NameRole, "name"},
-                {EmailRole, "email"},
-                {DetailRole, "detail"},
-                {CompanyRole, "company"},
-                {TitleRole, "jobTitle"},
-                {StatusWordRole, "statusWord"},
-                {StatusLabelRole, "statusLabel"},
-                {StepRole, "stepText"},
-                {WhenRole, "whenText"},
-                {WhenDetailRole, "whenDetail"},
-                {SenderRole, "sender"},
-                {RemovedRole, "removedText"},
-                {GoneRole, "goneText"}});
-}
-
-QVariant LeadRowsModel::extraData(const LeadRow& row, int, int role) const {
-  const CampaignLead& lead = row.record();
-  switch (role) {
-    case NameRole:
-      return leadName(lead);
-    case EmailRole:
-      return lead.email;
-    case DetailRole:
-      // Without a name the address is the first line already.
-      return leadName(lead) == lead.email ? text(lead.source) : lead.email;
-    case CompanyRole:
-      return lead.company.value_or(nothing);
-    case TitleRole:
-      return text(lead.title);
-    case StatusWordRole:
-      return lead.status.rawValue;
-    case StatusLabelRole:
-      return lead.status.label();
-    case StepRole:
-      return lead.currentStep ? u"Step "_s + QString::number(*lead.currentStep) : nothing;
-    case WhenRole:
-      return when(lead);
-    case WhenDetailRole:
-      return whenDetail(lead);
-    case SenderRole:
-      return lead.senderAddress.value_or(nothing);
-    case RemovedRole:
-      return day(lead.removedAt);
-    case GoneRole:
-      return day(lead.removedAt, archiveDays);
-    default:
-      return {};
-  }
+const LeadRowsModel::Cells& LeadRowsModel::cells() {
+  static const Cells cells{
+      {"name", [](auto&, auto& row) -> QVariant { return leadName(row.record()); }},
+      {"email", [](auto&, auto& row) -> QVariant { return row.record().email; }},
+      {"detail", [](auto&, auto& row) -> QVariant { return secondLine(row.record()); }},
+      {"company", [](auto&, auto& row) -> QVariant { return row.record().company.value_or(nothing); }},
+      {"jobTitle", [](auto&, auto& row) -> QVariant { return text(row.record().title); }},
+      {"statusWord", [](auto&, auto& row) -> QVariant { return row.record().status.rawValue; }},
+      {"statusLabel", [](auto&, auto& row) -> QVariant { return row.record().status.label(); }},
+      {"stepText", [](auto&, auto& row) -> QVariant { return step(row.record()); }},
+      {"whenText", [](auto&, auto& row) -> QVariant { return when(row.record()); }},
+      {"whenDetail", [](auto&, auto& row) -> QVariant { return whenDetail(row.record()); }},
+      {"sender", [](auto&, auto& row) -> QVariant { return row.record().senderAddress.value_or(nothing); }},
+      {"removedText", [](auto&, auto& row) -> QVariant { return day(row.record().removedAt); }},
+      {"goneText", [](auto&, auto& row) -> QVariant { return day(row.record().removedAt, archiveDays); }},
+  };
+  return cells;
 }
 
 }  // namespace orv

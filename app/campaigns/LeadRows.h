@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/base/Listed.h"
-#include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
+#include "app/base/TableModel.h"
 #include "kit/models/campaigns/campaignLead.h"
 
 namespace orv {
@@ -18,31 +18,10 @@ using LeadRow = Listed<CampaignLead, LeadText>;
 ORV_DECLARE_ROW(LeadRow)
 
 /// What the table says of the leads.
-class LeadRowsModel final : public RecordModel<LeadRow> {
-  Q_OBJECT
-
+class LeadRowsModel final : public TableModel<LeadRowsModel, LeadRow> {
  public:
-  enum Role {
-    NameRole = firstRole + 1000,
-    EmailRole,
-    DetailRole,
-    CompanyRole,
-    TitleRole,
-    StatusWordRole,
-    StatusLabelRole,
-    StepRole,
-    WhenRole,
-    WhenDetailRole,
-    SenderRole,
-    RemovedRole,
-    GoneRole
-  };
-
-  using RecordModel<LeadRow>::RecordModel;
-
- protected:
-  void addExtraRoles(QHash<int, QByteArray>& roles) const override;
-  QVariant extraData(const LeadRow& row, int at, int role) const override;
+  using TableModel::TableModel;
+  static const Cells& cells();
 };
 
 /// "1 lead", "1,200 leads".

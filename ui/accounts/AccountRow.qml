@@ -67,6 +67,7 @@ OrvTableRow {
         column: root.sentColumn
         text: root.sentText
         share: root.sentShare
+        ticked: root.ticked
     }
 
     OrvTextCell {

@@ -8,6 +8,8 @@ OrvCell {
     /// "32 of 40", or a dash.
     property string text: ""
     property real share: 0
+    /// Its row's ground is another one then.
+    property bool ticked: false
     readonly property var parts: text.split(" of ")
     readonly property bool counted: parts.length === 2
 
@@ -45,5 +47,6 @@ OrvCell {
         y: root.height / 2 + 7
         width: Math.min(96, root.width)
         value: root.share
+        color: root.ticked ? Theme.surface : Theme.pressed
     }
 }
