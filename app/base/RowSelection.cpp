@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/base/PagedList.h"
+#include "app/base/PagedListBase.h"
 
 namespace orv {
 

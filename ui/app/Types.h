@@ -8,7 +8,7 @@
 #include "app/base/ListModel.h"
 #include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
-#include "app/base/PagedList.h"
+#include "app/base/PagedListBase.h"
 #include "app/base/Recovery.h"
 #include "app/base/Resource.h"
 #include "app/base/RowSelection.h"

@@ -1,4 +1,4 @@
-#include "app/base/PagedList.h"
+#include "app/base/PagedListBase.h"
 
 namespace orv {
 
