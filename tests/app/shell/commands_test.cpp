@@ -170,6 +170,7 @@ class CommandsTest : public QObject {
     QVERIFY(campaign->leads()->adding()->form()->shown());
     f->api.expect(u"POST /campaigns/c1/pause"_s);
     QVERIFY(run(u"Pause Fair"_s));
+    app->overlays()->answer(app->overlays()->token(), true);
     QVERIFY2(!command(u"Pause Fair"_s), "it is under way");
   }
 
@@ -197,7 +198,9 @@ class CommandsTest : public QObject {
     connect(&palette, &CommandPalette::searching, commands.get(), &Commands::load);
     connect(commands.get(), &Commands::changed, &palette, &CommandPalette::renew);
     palette.prepare();
+    // Of every area whose records are found by name.
     f->api.expect(campaigns);
+    f->api.expect(u"GET /mailboxes"_s);
     palette.setQuery(u"fair"_s);
     QCOMPARE(palette.count(), 0);
     f->api.answer(campaigns, list("c1", "Fleet Fair"));
