@@ -44,7 +44,7 @@ std::optional<MailServers> guessedServers(const QString& address);
 /// The sign-in of an account while it is typed: of a new one, or a new one of an account there is.
 ///
 /// Secrets are held here and nowhere else. They are wiped when whoever shows the form closes it.
-class ConnectionForm final : public QObject {
+class ConnectionForm : public QObject {
   Q_OBJECT
   Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
   Q_PROPERTY(QString kind READ kindName NOTIFY changed)

@@ -7,7 +7,6 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "demo/DemoService.h"
-#include "demo/DemoTransport.h"
 #include "desktop/services/JournalFolder.h"
 #include "desktop/services/ProcessEnd.h"
 #include "tests/support/AppFixture.h"
