@@ -66,7 +66,7 @@ void AddAccount::choose(const QString& way) {
   m_way = *chosen;
   m_form.clearError();
   if (m_way == Way::google)
-    m_google.begin();
+    m_google.start();
   else
     m_connection.setKind(m_way == Way::smtp ? ConnectionForm::Kind::smtp : ConnectionForm::Kind::microsoftApp);
   Q_EMIT changed();
@@ -75,7 +75,7 @@ void AddAccount::choose(const QString& way) {
 void AddAccount::back() {
   if (busy()) return;
   m_way = Way::none;
-  m_google.end();
+  m_google.stop();
   m_form.clearError();
   Q_EMIT changed();
 }
@@ -114,7 +114,7 @@ Task<void> AddAccount::submitTask() {
 void AddAccount::follow() {
   if (std::exchange(m_wasShown, shown()) && !shown()) {
     m_connection.wipe();
-    m_google.end();
+    m_google.stop();
   }
   Q_EMIT changed();
 }

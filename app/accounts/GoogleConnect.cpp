@@ -89,12 +89,12 @@ int GoogleConnect::pickable() const {
   return int(std::ranges::count_if(m_rows.records(), [](const GoogleInboxRow& row) { return !row.existing; }));
 }
 
-void GoogleConnect::begin() {
-  end();
+void GoogleConnect::start() {
+  stop();
   m_status.load();
 }
 
-void GoogleConnect::end() {
+void GoogleConnect::stop() {
   m_search.cancel();
   m_copying.cancel();
   m_looking = m_waiting = m_showsSteps = m_connecting = false;
@@ -105,6 +105,11 @@ void GoogleConnect::end() {
   m_copied.clear();
   m_rows.replace({});
   set({});
+}
+
+void GoogleConnect::close() {
+  stop();
+  Store::close();
 }
 
 void GoogleConnect::find(const QString& admin) {

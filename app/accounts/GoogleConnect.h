@@ -91,11 +91,12 @@ class GoogleConnect final : public Store {
   const std::optional<GoogleConnectOutcome>& outcome() const { return m_outcome; }
 
   /// The dialog shows it from the beginning.
-  void begin();
+  void start();
   /// The dialog closes. What is being connected goes on.
-  void end();
+  void stop();
 
   Q_INVOKABLE void retry() { m_status.load(); }
+  void close() override;
   /// Asks for the inboxes on the domain of the admin's address; an earlier question is dropped.
   Q_INVOKABLE void find(const QString& admin);
   Q_INVOKABLE void cancelWait();

@@ -7,7 +7,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv::Requests {
 
-Request<DeliverabilityReport> deliverability() { return get<DeliverabilityReport>(u"/deliverability"_s); }
+Request<DeliverabilityReport> deliverability() {
+  auto request = get<DeliverabilityReport>(u"/deliverability"_s);
+  request.answerAtMost = wholeListAtMost;
+  return request;
+}
 
 Request<DeliverabilityInboxDetail> deliverabilityInbox(const QString& mailboxId) {
   return get<DeliverabilityInboxDetail>(u"/deliverability/inboxes/"_s + pathSegment(mailboxId));

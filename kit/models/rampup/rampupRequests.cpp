@@ -22,7 +22,11 @@ QString oneTemplate(const QString& id, const QString& rest = {}) { return templa
 
 }  // namespace
 
-Request<RampupList> listRampup() { return get<RampupList>(u"/rampup"_s); }
+Request<RampupList> listRampup() {
+  auto request = get<RampupList>(u"/rampup"_s);
+  request.answerAtMost = wholeListAtMost;
+  return request;
+}
 
 Request<RampupDetail> getRampup(const QString& mailboxId) { return get<RampupDetail>(account(mailboxId)); }
 
