@@ -147,6 +147,8 @@ Task<std::optional<JournalText>> Journal::find(Key key) {
     m_waiting.append(read);
     if (!co_await read.wait()) co_return std::nullopt;
   }
+  // Asked for again within the second that it waits.
+  if (m_changed.contains(key)) write();
   const auto found = m_entries.constFind(key);
   if (found == m_entries.constEnd()) co_return std::nullopt;
   co_return found->text;

@@ -384,6 +384,8 @@ class CampaignLeadsTest : public QObject {
 
   void aSaveGoesOnWhenItsDrawerIsClosed() {
     const auto detail = u"GET /campaigns/c1/leads/l1"_s, edit = u"PATCH /campaigns/c1/leads/l1"_s;
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    settle();
     load(page({1}));
     LeadPanel& panel = *store->panel();
     f->api.expect(detail);
