@@ -47,7 +47,9 @@ RampupAccountStore::RampupAccountStore(QString id, RampupStore& list)
     if (!isKnown) m_detail.markStale();
   });
   changes.watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
-    if (change.kind == Change<Mailbox>::Kind::is && change.acted && change.id == m_id) m_detail.markStale();
+    using Kind = Change<Mailbox>::Kind;
+    const bool anyOfThem = change.kind == Kind::stale && change.id.isEmpty();
+    if (anyOfThem || (change.kind == Kind::is && change.acted && change.id == m_id)) m_detail.markStale();
   });
   // What the list knows stands until the account's own answer.
   if (const RampupItem* known = list.find(m_id)) m_item = *known;

@@ -96,11 +96,8 @@ Task<std::optional<RampupBulkResult>> RampupBulk::send(RampupBulkBody body, Acti
   const auto mark = m_busy.mark(body.action);
   const auto result =
       co_await m_actions.send(Requests::bulkRampup(body), u"Couldn’t update the roadmaps."_s, {}, std::move(tell));
-  if (result) {
-    // The answer only counts them.
-    context().changes().stale<RampupAccount>();
-    roadmapsChanged(context());
-  }
+  // The answer only counts them.
+  if (result) roadmapsChanged(context());
   co_return result;
 }
 

@@ -105,8 +105,11 @@ void RoadmapTemplates::take(const Change<RoadmapTemplate>& change) {
     });
   else if (isKnown)
     m_list.update([&](TemplatePage& page) { *std::ranges::find_if(page.items, isIt) = *change.record; });
-  else if (change.acted)
+  else if (change.acted) {
+    // Where it stands only the service knows.
+    m_list.amend([&change](TemplatePage& page) { page.items.append(*change.record); });
     m_list.markStale();
+  }
 }
 
 void RoadmapTemplates::takeArchived(const Change<Archived<RoadmapTemplate>>& change) {
@@ -195,7 +198,6 @@ Task<void> RoadmapTemplates::createTask(QString name) {
       co_await m_actions.send(Requests::createTemplate({name, {}, googleStages()}), u"Couldn’t create the template."_s,
                               {}, [&submission](const APIError& error) { return submission.fail(error.message()); });
   if (!made) co_return;
-  m_list.load();
   // The next screen: its schedule.
   if (submission.succeed()) edit(made->id);
 }
@@ -250,7 +252,6 @@ Task<void> RoadmapTemplates::editTask(QString id, QList<RoadmapStage> stages) {
     co_return;
   submission.succeed();
   services().toasts.success(u"Schedule saved. Accounts on it update from today."_s);
-  context().changes().stale<RampupAccount>();
   roadmapsChanged(context());
 }
 

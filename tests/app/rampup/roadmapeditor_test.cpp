@@ -146,6 +146,7 @@ class RoadmapEditorTest : public QObject {
 
   void whatWasTypedComesBackAfterACrash() {
     RampupFixture f;
+    f.journal.open({u"u1"_s, u"https://service.example"_s});
     {
       RampupStore store(*f.context);
       store.editor()->open({.key = u"rampup/m1/stages"_s, .stages = someStages(), .version = 4});

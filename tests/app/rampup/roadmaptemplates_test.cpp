@@ -67,6 +67,9 @@ class RoadmapTemplatesTest : public QObject {
     f->api.answer(f->templates, pageOf({RampupFixture::aTemplate(), made}, 0));
     QVERIFY(!form.shown());
     QCOMPARE(templates().rows()->rowCount(), 2);
+    // The next screen is its schedule.
+    QVERIFY(f->store.editor()->shown());
+    QVERIFY(f->store.editor()->about().startsWith(u"Spring domains"_s));
   }
 
   void aRenameIsRefusedWhenSomebodyElseWasFaster() {
@@ -139,11 +142,13 @@ class RoadmapTemplatesTest : public QObject {
     QVERIFY(templates().act(u"delete"_s, u"t9"_s));
     QVERIFY(f->overlays.asking());
     f->api.expect(forGood);
+    f->api.expect(f->templates);
+    f->api.expect(f->templates);
     f->overlays.answer(f->overlays.token(), true);
     settle();
     f->api.answer(forGood, "{}", 500);
     QCOMPARE(f->lastToast(), u"Couldn’t delete the template."_s);
-    if (f->api.isWaiting(f->templates)) f->api.answer(f->templates, pageOf({archived}, 1));
+    while (f->api.isWaiting(f->templates)) f->api.answer(f->templates, pageOf({archived}, 1));
   }
 
   void accountsAreAddedByOneRestart() {

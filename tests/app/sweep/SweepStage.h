@@ -105,5 +105,6 @@ QList<SweepRow> campaignListRows();
 QList<SweepRow> campaignPageRows();
 QList<SweepRow> campaignLeadRows();
 QList<SweepRow> figureRows();
+QList<SweepRow> rampupRows();
 
 }  // namespace orv::test

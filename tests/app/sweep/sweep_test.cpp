@@ -11,7 +11,9 @@
 #include "app/analytics/DashboardStore.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
+#include "app/deliverability/DeliverabilityStore.h"
 #include "app/figures/RangeForm.h"
+#include "app/rampup/RampupAccountStore.h"
 #include "tests/app/sweep/Sweep.h"
 
 using namespace orv;
@@ -22,7 +24,7 @@ namespace {
 
 QList<SweepRow> allRows() {
   return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
-         figureRows();
+         figureRows() + rampupRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -42,16 +44,19 @@ QStringList operationsOf(const QMetaObject& type) {
 }
 
 const QList<const QMetaObject*> stores{
-    &AccountActions::staticMetaObject,     &AccountActivity::staticMetaObject,  &AccountDetail::staticMetaObject,
-    &AccountSettings::staticMetaObject,    &AddAccount::staticMetaObject,       &ConnectionForm::staticMetaObject,
-    &GoogleConnect::staticMetaObject,      &ReconnectAccount::staticMetaObject, &AccountsStore::staticMetaObject,
-    &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,   &CampaignStore::staticMetaObject,
-    &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject, &ScheduleForm::staticMetaObject,
-    &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,     &LeadMove::staticMetaObject,
-    &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,       &SequenceEditor::staticMetaObject,
-    &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject, &TestEmailForm::staticMetaObject,
-    &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,   &DashboardStore::staticMetaObject,
-    &RangeForm::staticMetaObject};
+    &AccountActions::staticMetaObject,     &AccountActivity::staticMetaObject,     &AccountDetail::staticMetaObject,
+    &AccountSettings::staticMetaObject,    &AddAccount::staticMetaObject,          &ConnectionForm::staticMetaObject,
+    &GoogleConnect::staticMetaObject,      &ReconnectAccount::staticMetaObject,    &AccountsStore::staticMetaObject,
+    &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,      &CampaignStore::staticMetaObject,
+    &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject,    &ScheduleForm::staticMetaObject,
+    &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,        &LeadMove::staticMetaObject,
+    &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,          &SequenceEditor::staticMetaObject,
+    &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject,    &TestEmailForm::staticMetaObject,
+    &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,      &DashboardStore::staticMetaObject,
+    &RangeForm::staticMetaObject,          &DeliverabilityStore::staticMetaObject, &RampupStore::staticMetaObject,
+    &RampupBulk::staticMetaObject,         &RampupDetails::staticMetaObject,       &RoadmapTemplates::staticMetaObject,
+    &AddToTemplate::staticMetaObject,      &RoadmapEditor::staticMetaObject,       &WarmupForm::staticMetaObject,
+    &RampupAccountStore::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -88,6 +93,14 @@ const std::map<QString, QStringList> sendNothing{
     {u"RangeForm"_s, {u"submit"_s, u"from"_s, u"to"_s}},
     {u"AnalyticsStore"_s, {u"sort"_s, u"toggleSeries"_s, u"openCampaign"_s, u"exportCsv"_s, u"tab"_s, u"dayView"_s}},
     {u"DashboardStore"_s, {u"toggleSeries"_s, u"openAnalytics"_s}},
+    {u"DeliverabilityStore"_s, {u"sort"_s, u"showAll"_s, u"closeInbox"_s, u"stage"_s}},
+    {u"RampupStore"_s, {u"sort"_s, u"showAll"_s, u"open"_s, u"filter"_s, u"showTemplates"_s}},
+    {u"RampupBulk"_s, {u"edit"_s}},
+    {u"RoadmapTemplates"_s, {u"beginCreate"_s}},
+    {u"AddToTemplate"_s, {u"toggle"_s, u"query"_s}},
+    {u"RoadmapEditor"_s, {u"set"_s, u"add"_s, u"remove"_s}},
+    {u"WarmupForm"_s, {u"edit"_s, u"cancel"_s}},
+    {u"RampupAccountStore"_s, {u"openList"_s, u"extendDays"_s, u"restartOn"_s}},
 };
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
@@ -98,6 +111,9 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"Subsequences"_s, {u"beginCreate"_s}},
     {u"SequencePreview"_s, {u"wantVariables"_s, u"watched"_s}},
     {u"LeadAdding"_s, {u"show"_s}},
+    {u"RampupBulk"_s, {u"switchWarmup"_s}},
+    {u"RampupDetails"_s, {u"look"_s}},
+    {u"AddToTemplate"_s, {u"submit"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
