@@ -8,12 +8,12 @@ OrvSelectionBar {
 
     required property AccountBulk bulk
 
-    BulkButton { action: "pause"; text: "Pause"; iconName: "media-playback-pause" }
-    BulkButton { action: "resume"; text: "Resume"; iconName: "media-playback-start" }
-    BulkButton { action: "verify"; text: "Test connection"; iconName: "network-connect" }
-    BulkButton { action: "set_limit"; text: "Daily limit" }
-    BulkButton { action: "set_sending_gap"; text: "Minimum wait" }
-    BulkButton { action: "add_tags"; text: "Add tags"; iconName: "tag" }
+    BulkButton { verb: "pause"; text: "Pause"; iconName: "media-playback-pause" }
+    BulkButton { verb: "resume"; text: "Resume"; iconName: "media-playback-start" }
+    BulkButton { verb: "verify"; text: "Test connection"; iconName: "network-connect" }
+    BulkButton { verb: "set_limit"; text: "Daily limit" }
+    BulkButton { verb: "set_sending_gap"; text: "Minimum wait" }
+    BulkButton { verb: "add_tags"; text: "Add tags"; iconName: "tag" }
 
     OrvButton {
         id: more
@@ -38,11 +38,11 @@ OrvSelectionBar {
     }
 
     component BulkButton: OrvButton {
-        property string action: ""
+        property string verb: ""
 
         kind: "ghost"
-        busy: root.bulk.running === action
+        busy: root.bulk.running === verb
         enabled: root.bulk.running === "" || busy
-        onClicked: root.bulk.act(action)
+        onClicked: root.bulk.act(verb)
     }
 }
