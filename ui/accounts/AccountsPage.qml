@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.App
 import Orvella.Accounts
 
 /// The workspace's email accounts, or the archive of removed ones in their place.
