@@ -46,9 +46,8 @@ ListDetail {
         id: summary
         x: Theme.pageSide
         y: 40
-        width: Math.min(640, page.width - 2 * x)
+        width: Math.min(640, parent.width - 2 * x)
         visible: text !== ""
-        height: visible ? implicitHeight : 0
         wrapMode: Text.Wrap
         textFormat: Text.PlainText
         lineHeightMode: Text.FixedHeight
@@ -62,7 +61,7 @@ ListDetail {
 
     TablePage {
         id: page
-        y: Math.max(66, summary.y + summary.height + 6)
+        y: Math.max(66, summary.y + (summary.visible ? summary.implicitHeight : 0) + 6)
         width: parent.width
         height: parent.height - y
         focus: true
@@ -84,7 +83,7 @@ ListDetail {
 
         trailing: [
             Text {
-                visible: text !== "" && page.width >= 720
+                visible: text !== "" && page.width >= 600
                 height: Theme.controlHeight
                 verticalAlignment: Text.AlignVCenter
                 textFormat: Text.PlainText
@@ -112,13 +111,13 @@ ListDetail {
             sortDescending: root.store.sortDescending
             query: root.store.stage
             columns: [
-                OrvColumn { id: addressCells; key: "address"; title: "Inbox"; fill: true; sortable: true; minimumWidth: 180 },
-                OrvColumn { id: stageCells; key: "stage"; title: "Stage"; preferredWidth: 124; sortable: true },
+                OrvColumn { id: addressCells; key: "address"; title: "Inbox"; fill: true; sortable: true; minimumWidth: 160 },
+                OrvColumn { id: stageCells; key: "stage"; title: "Stage"; preferredWidth: 112; sortable: true },
                 OrvColumn { id: rateCells; key: "rate"; title: "Inbox rate"; preferredWidth: 96; alignment: Text.AlignRight; sortable: true },
                 OrvColumn { id: checksCells; key: "checks"; title: "Checks"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; visible: inboxTable.width >= 1240 },
                 OrvColumn { id: gmailCells; key: "gmail"; title: "Gmail"; preferredWidth: 72; alignment: Text.AlignRight; sortable: true; yields: 1 },
                 OrvColumn { id: outlookCells; key: "outlook"; title: "Outlook"; preferredWidth: 76; alignment: Text.AlignRight; sortable: true; yields: 1 },
-                OrvColumn { id: verdictCells; key: "verdict"; title: "What I decided"; preferredWidth: 204; sortable: true },
+                OrvColumn { id: verdictCells; key: "verdict"; title: "What I decided"; preferredWidth: 180; sortable: true },
                 OrvColumn { id: actionsCells; key: "actions"; title: "Actions"; titleHidden: true; preferredWidth: 40; resizable: false }
             ]
             delegate: InboxRow {

@@ -36,8 +36,8 @@ Grid {
             }
 
             Text {
-                x: cell.first ? 0 : 12
-                width: parent.width - x - 4
+                x: cell.first ? 0 : 8
+                width: parent.width - x
                 height: 18
                 verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
@@ -49,7 +49,7 @@ Grid {
             }
 
             Text {
-                x: cell.first ? 0 : 12
+                x: cell.first ? 0 : 8
                 y: 18
                 height: 24
                 verticalAlignment: Text.AlignVCenter

@@ -13,12 +13,12 @@ OrvSelectionBar {
     count: bulk.selection.count
     countText: bulk.countText
 
-    BulkButton { action: "pause"; text: "Pause roadmap"; iconName: root.narrow ? "" : "media-playback-pause"; onClicked: root.bulk.pause() }
-    BulkButton { action: "resume"; text: "Resume roadmap"; iconName: root.narrow ? "" : "media-playback-start"; onClicked: root.bulk.resume() }
-    BulkButton { action: "extend"; text: root.bulk.extendLabel; onClicked: root.bulk.extend() }
-    BulkButton { action: "edit"; text: "Edit roadmaps"; iconName: root.narrow ? "" : "document-edit"; onClicked: root.bulk.edit() }
-    BulkButton { action: "warmup"; visible: !root.narrow; text: "Pause warmup"; onClicked: root.bulk.switchWarmup(false) }
-    BulkButton { action: "warmup"; visible: !root.narrow; text: "Resume warmup"; onClicked: root.bulk.switchWarmup(true) }
+    BulkButton { word: "pause"; text: "Pause roadmap"; iconName: root.narrow ? "" : "media-playback-pause"; onClicked: root.bulk.pause() }
+    BulkButton { word: "resume"; text: "Resume roadmap"; iconName: root.narrow ? "" : "media-playback-start"; onClicked: root.bulk.resume() }
+    BulkButton { word: "extend"; text: root.bulk.extendLabel; onClicked: root.bulk.extend() }
+    BulkButton { word: "edit"; text: "Edit roadmaps"; iconName: root.narrow ? "" : "document-edit"; onClicked: root.bulk.edit() }
+    BulkButton { word: "warmup"; visible: !root.narrow; text: "Pause warmup"; onClicked: root.bulk.switchWarmup(false) }
+    BulkButton { word: "warmup"; visible: !root.narrow; text: "Resume warmup"; onClicked: root.bulk.switchWarmup(true) }
 
     OrvButton {
         id: more
@@ -41,10 +41,10 @@ OrvSelectionBar {
     }
 
     component BulkButton: OrvButton {
-        property string action: ""
+        property string word: ""
 
         kind: "ghost"
-        busy: root.bulk.busy === action
+        busy: root.bulk.busy === word
         enabled: root.bulk.busy === "" || busy
     }
 }
