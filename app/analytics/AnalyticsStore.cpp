@@ -6,6 +6,7 @@
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/MetricFigures.h"
 #include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/mailboxes/mailbox.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -45,6 +46,10 @@ AnalyticsStore::AnalyticsStore(WorkspaceContext& context)
   takeOptions({});
   connect(&m_busy, &BusySet::changed, this, &AnalyticsStore::changed);
   connect(&m_summary, &ResourceBase::valueChanged, this, &AnalyticsStore::arrived);
+  // The accounts among the figures have states of their own.
+  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+    if (change.acted) m_summary.markStale();
+  });
 }
 
 void AnalyticsStore::setPreset(const QString& key) {

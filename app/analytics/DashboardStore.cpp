@@ -6,6 +6,7 @@
 #include "kit/api/Format.h"
 #include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/analytics/metrics.h"
+#include "kit/models/mailboxes/mailbox.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -54,6 +55,10 @@ DashboardStore::DashboardStore(WorkspaceContext& context)
       m_range(localToday(services().clock)),
       m_overview(*this, [this] { return loadOverview(); }, {.failed = u"Couldn’t load the dashboard"_s}) {
   connect(&m_overview, &ResourceBase::valueChanged, this, &DashboardStore::arrived);
+  // How many accounts are active and ready is another matter after each change of one.
+  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+    if (change.acted) m_overview.markStale();
+  });
 }
 
 Task<AnalyticsOverview> DashboardStore::loadOverview() {

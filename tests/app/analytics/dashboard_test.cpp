@@ -1,4 +1,5 @@
 #include "app/analytics/DashboardStore.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "tests/app/analytics/AnalyticsPage.h"
 
 using namespace orv;
@@ -40,6 +41,17 @@ class DashboardTest final : public AnalyticsPage {
   void cleanup() {
     dashboard.reset();
     leave();
+  }
+
+  void whatIsDoneWithAccountsIsReadAnew() {
+    loadDashboard(todayOf(R"("mailboxes":2,"active":2,"ready":1,"lists":1)"));
+    f->context->changes().stale<Mailbox>(u"m1"_s);
+    settle();
+    QVERIFY(dashboard->overview()->needsLoad());
+    f->api.expect(overviewCall);
+    dashboard->overview()->appear();
+    f->api.answer(overviewCall, overviewOf(todayOf(R"("mailboxes":2,"active":1,"ready":1,"lists":1)")));
+    QVERIFY(lines(dashboard->today()).at(2).contains(u"1 not active"_s));
   }
 
   void dashboardSaysHowTodayGoes_data() {
