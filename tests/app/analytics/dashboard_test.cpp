@@ -50,6 +50,7 @@ class DashboardTest final : public AnalyticsPage {
     QVERIFY(dashboard->overview()->needsLoad());
     f->api.expect(overviewCall);
     dashboard->overview()->appear();
+    settle();
     f->api.answer(overviewCall, overviewOf(todayOf(R"("mailboxes":2,"active":1,"ready":1,"lists":1)")));
     QVERIFY(lines(dashboard->today()).at(2).contains(u"1 not active"_s));
   }
