@@ -43,15 +43,20 @@ Item {
         onActivated: root.page.press("F5")
     }
 
-    Instantiator {
+    // Under items: shortcuts that an Instantiator makes are deaf once its model has changed a second time.
+    Repeater {
         model: root.page.keys
 
-        Shortcut {
+        Item {
+            id: key
+
             required property string modelData
 
-            sequence: modelData
-            enabled: !root.router.goPending
-            onActivated: root.page.press(modelData)
+            Shortcut {
+                sequence: key.modelData
+                enabled: !root.router.goPending
+                onActivated: root.page.press(key.modelData)
+            }
         }
     }
 

@@ -199,8 +199,7 @@ class CommandsTest : public QObject {
     connect(commands.get(), &Commands::changed, &palette, &CommandPalette::renew);
     palette.prepare();
     // Of every area whose records are found by name.
-    f->api.expect(campaigns);
-    f->api.expect(u"GET /mailboxes"_s);
+    for (const auto& list : {campaigns, u"GET /mailboxes"_s, u"GET /rampup"_s}) f->api.expect(list);
     palette.setQuery(u"fair"_s);
     QCOMPARE(palette.count(), 0);
     f->api.answer(campaigns, list("c1", "Fleet Fair"));
