@@ -43,7 +43,8 @@ OnDemand {
             label: root.bulk.label
             placeholder: "Add a tag"
             tags: root.bulk.tags
-            suggestions: root.bulk.knownTags
+            // Not before something is typed: they would hide the dialog's buttons.
+            suggestions: input.text.trim() === "" ? [] : root.bulk.knownTags
             error: root.bulk.problem
             onAdded: texts => root.bulk.addTags(texts)
             onRemoved: key => root.bulk.removeTag(key)

@@ -18,7 +18,7 @@ PagedTable {
     sortKey: store.sortKey
     sortDescending: store.sortDescending
     columns: [
-        OrvColumn { id: accountCells; key: "account"; title: "Account"; fill: true; sortable: true; minimumWidth: 200 },
+        OrvColumn { id: accountCells; key: "account"; title: "Account"; fill: true; sortable: true; minimumWidth: 260 },
         OrvColumn { id: providerCells; key: "provider"; title: "Provider"; preferredWidth: 140; sortable: true },
         OrvColumn { id: statusCells; key: "status"; title: "Status"; preferredWidth: 92; sortable: true },
         OrvColumn { id: sentCells; key: "sent"; title: "Sent today"; preferredWidth: 118; sortable: true },
