@@ -36,7 +36,7 @@ Item {
         id: title
         x: mark.x + mark.width + 8
         y: 12
-        width: Math.min(implicitWidth, actions.x - x - badge.width - 34)
+        width: Math.min(implicitWidth, actions.x - x - badge.width - 34 - Math.min(check.implicitWidth, 150))
         height: Theme.controlHeight
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideMiddle
@@ -60,6 +60,7 @@ Item {
     }
 
     Text {
+        id: check
         x: badge.x + badge.width + 10
         y: 12
         width: Math.max(0, actions.x - x - 12)
@@ -67,7 +68,8 @@ Item {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
-        text: [root.store.lastCheck, root.store.connectionError].filter(words => words !== "").join(" · ")
+        text: root.store.connectionError === "" ? root.store.lastCheck
+            : root.store.lastCheck === "" ? root.store.connectionError : root.store.lastCheck + " · " + root.store.connectionError
         font: Theme.small
         color: root.store.connectionError !== "" ? Theme.negative : Theme.text2
         Accessible.role: Accessible.StaticText

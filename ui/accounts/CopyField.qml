@@ -39,6 +39,8 @@ Column {
             activeFocusOnTab: true
             clip: true
             text: root.text
+            // A long one shows how it begins.
+            onTextChanged: cursorPosition = 0
             font: Theme.body
             color: Theme.text
             selectionColor: Theme.accent
