@@ -55,6 +55,9 @@ RampupAccountStore::RampupAccountStore(QString id, RampupStore& list)
   if (const RampupItem* known = list.find(m_id)) m_item = *known;
 }
 
+/// What is under way here goes after the members, and marks the account free in the list, which tells of that.
+RampupAccountStore::~RampupAccountStore() { disconnect(m_list.accounts(), nullptr, this, nullptr); }
+
 Task<RampupDetail> RampupAccountStore::load() {
   if (const RampupDetail* known = m_list.details()->find(m_id); known && !m_detail.value()) co_return *known;
   co_return co_await api().send(Requests::getRampup(m_id));

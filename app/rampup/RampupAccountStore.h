@@ -54,6 +54,7 @@ class RampupAccountStore final : public Store {
   static constexpr int mostExtended = 90;
 
   RampupAccountStore(QString id, RampupStore& list);
+  ~RampupAccountStore() override;
 
   Resource<RampupDetail>* detail() { return &m_detail; }
   Resource<WarmupStats>* stats() { return &m_stats; }

@@ -15,6 +15,7 @@ Column {
     signal linkChosen()
 
     Item {
+        visible: root.title !== "" || root.linkText !== ""
         width: root.width
         height: 34
 

@@ -27,7 +27,7 @@ OrvCell {
     Text {
         id: words
         y: root.height / 2 - (root.stages?.length > 0 ? 0 : 8)
-        width: Math.min(implicitWidth, root.width - (heed.visible ? heed.width + 12 : 0))
+        width: Math.min(implicitWidth, root.width)
         height: 16
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
@@ -41,6 +41,7 @@ OrvCell {
     Text {
         id: heed
         visible: root.warning !== ""
+        // Behind a few short words only.
         x: words.width + 4
         y: words.y
         width: Math.min(implicitWidth, root.width - x)
