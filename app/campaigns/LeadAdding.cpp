@@ -219,6 +219,7 @@ void LeadAdding::dismiss() {
 
 void LeadAdding::close() {
   m_form.cancel();
+  m_submission.reset();
   m_look.cancel();
   m_looking = false;
   Store::close();

@@ -147,7 +147,7 @@ void SignInModel::cancelGoogle() {
 bool SignInModel::takeGoogleLink(const QString& link) {
   const QByteArray digest = QCryptographicHash::hash(link.trimmed().toUtf8(), QCryptographicHash::Sha256);
   // Browsers hand a link over again when the page is shown again.
-  if (digest == m_takenLinkDigest) return false;
+  if (!m_google && digest == m_takenLinkDigest) return false;
   // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
   if (!m_google) {
     say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);

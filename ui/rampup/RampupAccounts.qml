@@ -8,7 +8,7 @@ TablePage {
     id: root
 
     required property RampupStore store
-    readonly property bool narrow: width < 860
+    readonly property bool narrow: width < 1000
     readonly property bool roomy: width >= 1280
 
     title: "Rampup"

@@ -51,7 +51,7 @@ SweepRow asking(SweepRow like, const QString& operation, S& (*store)(SweepStage&
 
 QList<SweepRow> figureRows() {
   const QStringList ofSummary{u"totals"_s, u"days"_s, u"campaigns"_s, u"accounts"_s};
-  const SweepRow analytics{u"AnalyticsStore::refresh"_s,
+  const SweepRow analytics{u"analytics refreshed"_s,
                            arriveAt<AnalyticsStore>,
                            [](SweepStage& s) { s.the<AnalyticsStore>().refresh(); },
                            u"GET /analytics/summary"_s,
@@ -61,7 +61,7 @@ QList<SweepRow> figureRows() {
                            [](SweepStage& s) { return QVariant::fromValue(s.the<AnalyticsStore>().figures()); },
                            [](SweepStage& s) { return failureOf(*s.the<AnalyticsStore>().summary()); },
                            true};
-  const SweepRow dashboard{u"DashboardStore::refresh"_s,
+  const SweepRow dashboard{u"dashboard refreshed"_s,
                            arriveAt<DashboardStore>,
                            [](SweepStage& s) { s.the<DashboardStore>().refresh(); },
                            u"GET /analytics/overview"_s,

@@ -30,7 +30,7 @@ class Sweep {
   void fault(const Fault& fault);
   void secondPress(int n);
   void ownerGone(int n);
-  void jobOutlives(const QString& what, Life& life);
+  void jobOutlives(const QString& what, Life& life, int told);
   void signedOut(int n);
   void afterReload();
   void afterSwitch();

@@ -51,6 +51,8 @@ TestCase {
         chart.kind = "line";
         chart.days = daysFrom("2026-11-09", 7);
         chart.series = lines([1272, 900, NaN, 1400, 0, 12, 1533], [498, 300, 200, NaN, NaN, 3, 600]);
+        chart.dayNotes = [];
+        table.dayNotes = [];
         // Away from the chart, and known to be.
         mouseMove(root, 630, 390);
         chart.plot.forceActiveFocus();
@@ -270,15 +272,13 @@ TestCase {
         compare(chart.plot.currentNote, "3 inbox (3 of 4 checked)");
         compare(chart.plot.currentText, "Mon 9 Nov, Sent 4 (1 reply), Planned 5, Live 1, 3 inbox (3 of 4 checked)");
         compare(table.columns[4].visible, true);
-        // Four of five: with what was planned among the parts there would have to be room for ten.
+        // Four of the scale's six: with what was planned among the parts there would have to be room for ten.
         const picture = grabImage(chart.plot);
         const area = chart.plot.currentArea;
         let filled = 0;
         for (let y = area.y; y < area.y + area.height; ++y)
             filled += Qt.colorEqual(picture.pixel(area.x + area.width / 2, y), Theme.series1);
-        verify(filled > area.height * 0.7, filled + " of " + area.height);
-        chart.dayNotes = [];
-        table.dayNotes = [];
+        verify(filled > area.height * 0.6, filled + " of " + area.height);
     }
 
     function test_tableSaysTheSame() {
