@@ -1,6 +1,5 @@
 #include "app/base/WorkspaceContext.h"
 
-
 namespace orv {
 
 WorkspaceContext::WorkspaceContext(WorkspaceSummary workspace, QString token, APITransport& transport,

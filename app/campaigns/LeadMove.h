@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include "app/base/Choice.h"
 #include "app/base/Form.h"
 #include "app/base/Store.h"

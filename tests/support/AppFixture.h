@@ -147,18 +147,9 @@ struct AppFixture {
   MemoryJournalFiles journalFiles;
   Journal journal{journalFiles, clock};
   Jobs jobs;
-  Services services{clock,
-                    toasts,
-                    overlays,
-                    navigator,
-                    browser,
-                    clipboard,
-                    filePanel,
-                    revealer,
-                    preferences,
-                    journal,
-                    jobs,
-                    QUrl(QStringLiteral("https://app.orvella.example"))};
+  Services services{clock,       toasts,    overlays,  navigator,
+                    browser,     clipboard, filePanel, revealer,
+                    preferences, journal,   jobs,      QUrl(QStringLiteral("https://app.orvella.example"))};
   /// Of the workspace "acme", whose member the person is.
   std::shared_ptr<WorkspaceContext> context = std::make_shared<WorkspaceContext>(
       WorkspaceSummary{
