@@ -26,7 +26,7 @@
 #include "desktop/services/LogFile.h"
 #include "desktop/services/MemoryPressureMonitor.h"
 #include "desktop/services/NetworkMonitor.h"
-#include "desktop/services/ProcessEnd.h"
+#include "desktop/ProcessEnd.h"
 #include "desktop/services/Programs.h"
 #include "desktop/services/SchemeRegistration.h"
 #include "desktop/services/SettingsPreferences.h"

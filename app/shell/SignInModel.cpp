@@ -128,6 +128,8 @@ void SignInModel::continueWithGoogle() {
   if (m_busy || !m_googleClient) return;
   cancelGoogle();
   m_google = std::make_shared<GoogleSignIn>();
+  // A link of an older flow is told to be spent, however often it has come.
+  m_takenLinkDigest.clear();
   m_browserHasTurn = true;
   say({});
   if (!m_browser.open(m_google->startURL(m_baseURL, *m_googleClient))) {
@@ -147,7 +149,7 @@ void SignInModel::cancelGoogle() {
 bool SignInModel::takeGoogleLink(const QString& link) {
   const QByteArray digest = QCryptographicHash::hash(link.trimmed().toUtf8(), QCryptographicHash::Sha256);
   // Browsers hand a link over again when the page is shown again.
-  if (!m_google && digest == m_takenLinkDigest) return false;
+  if (digest == m_takenLinkDigest) return false;
   // A link that nobody waits for may be somebody else's sign-in, sent to have this program adopt it.
   if (!m_google) {
     say(u"That sign-in link isn’t expected. Choose “Continue with Google” first."_s);

@@ -8,7 +8,7 @@
 #include "app/shell/AppModel.h"
 #include "demo/DemoService.h"
 #include "desktop/services/JournalFolder.h"
-#include "desktop/services/ProcessEnd.h"
+#include "desktop/ProcessEnd.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;

@@ -1,4 +1,4 @@
-#include "desktop/services/ProcessEnd.h"
+#include "desktop/ProcessEnd.h"
 
 namespace orv {
 
