@@ -7,8 +7,8 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "demo/DemoService.h"
-#include "desktop/services/JournalFolder.h"
 #include "desktop/ProcessEnd.h"
+#include "desktop/services/JournalFolder.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
