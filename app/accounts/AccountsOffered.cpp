@@ -1,6 +1,6 @@
 #include "app/accounts/AccountsStore.h"
 
-#include "app/base/shownName.h"
+#include "app/base/recordActions.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,22 +18,9 @@ QList<PageAction> AccountsStore::offered(const QString& record) {
   if (const AccountRow* row = m_list.find(record)) return offeredLive(row->record());
   if (const AccountRow* row = m_archived.find(record)) return offeredArchived(row->record());
   if (!record.isEmpty()) return {};
-  QList<PageAction> actions{{.key = u"new"_s,
-                             .title = u"Add account"_s,
-                             .icon = u"list-add"_s,
-                             .keys = u"N"_s,
-                             .writes = true,
-                             .whyNot = addHint(),
-                             .inMenu = false,
-                             .anywhere = true,
-                             .run = [this] { m_adding.show(); }},
-                            {.key = u"archived"_s,
-                             .title = u"Archived accounts"_s,
-                             .icon = u"archive-insert"_s,
-                             .possible = !m_showArchived,
-                             .inMenu = false,
-                             .anywhere = true,
-                             .run = [this] { setShowArchived(true); }}};
+  const QList<PageAction> actions{
+      newAction(u"Add account"_s, addHint(), [this] { m_adding.show(); }),
+      archiveAction(u"Archived accounts"_s, m_showArchived, [this] { setShowArchived(true); })};
   return actions + Store::offered(record);
 }
 
@@ -77,20 +64,9 @@ QList<PageAction> AccountsStore::offeredLive(const Mailbox& mailbox) {
 
 QList<PageAction> AccountsStore::offeredArchived(const Mailbox& mailbox) {
   const QString id = mailbox.id, address = mailbox.address;
-  const bool isFree = !m_actions.busy().contains(id);
-  return {{.key = u"restore"_s,
-           .title = u"Restore "_s + shownName(address),
-           .icon = u"edit-undo"_s,
-           .writes = true,
-           .possible = isFree,
-           .run = [this, id, address] { m_actions.restore(id, address); }},
-          {.key = u"delete"_s,
-           .title = u"Delete "_s + shownName(address) + u" for good"_s,
-           .icon = u"edit-delete"_s,
-           .writes = true,
-           .danger = true,
-           .possible = isFree,
-           .run = [this, id, address] { m_actions.removeForGood(id, address); }}};
+  return archivedActions(
+      !m_actions.busy().contains(id), [this, id, address] { m_actions.restore(id, address); },
+      [this, id, address] { m_actions.removeForGood(id, address); }, address);
 }
 
 void AccountsStore::copyAddress(const QString& address) {

@@ -1,3 +1,4 @@
+#include "app/base/recordActions.h"
 #include "app/campaigns/CampaignsStore.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,22 +16,9 @@ QList<PageAction> CampaignsStore::offered(const QString& record) {
   if (m_index.find(record)) return offeredLive(*m_index.find(record));
   if (m_archiveIndex.find(record)) return offeredArchived(record);
   if (!record.isEmpty()) return {};
-  QList<PageAction> actions{{.key = u"new"_s,
-                             .title = u"New campaign"_s,
-                             .icon = u"list-add"_s,
-                             .keys = u"N"_s,
-                             .writes = true,
-                             .whyNot = createHint(),
-                             .inMenu = false,
-                             .anywhere = true,
-                             .run = [this] { beginCreate(); }},
-                            {.key = u"archived"_s,
-                             .title = u"Archived campaigns"_s,
-                             .icon = u"archive-insert"_s,
-                             .possible = !m_showArchived,
-                             .inMenu = false,
-                             .anywhere = true,
-                             .run = [this] { setShowArchived(true); }}};
+  const QList<PageAction> actions{
+      newAction(u"New campaign"_s, createHint(), [this] { beginCreate(); }),
+      archiveAction(u"Archived campaigns"_s, m_showArchived, [this] { setShowArchived(true); })};
   return actions + Store::offered(record);
 }
 
@@ -87,21 +75,8 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
 }
 
 QList<PageAction> CampaignsStore::offeredArchived(const QString& id) {
-  const bool isFree = !m_busy.contains(id);
-  return {{.key = u"restore"_s,
-           .title = u"Restore"_s,
-           .icon = u"edit-undo"_s,
-           .writes = true,
-           .possible = isFree,
-           .run = [this, id] { restore(id); }},
-          {.key = u"delete"_s,
-           .title = u"Delete for good"_s,
-           .icon = u"edit-delete"_s,
-           .keys = u"Del"_s,
-           .writes = true,
-           .danger = true,
-           .possible = isFree,
-           .run = [this, id] { removeForGood(id); }}};
+  return archivedActions(
+      !m_busy.contains(id), [this, id] { restore(id); }, [this, id] { removeForGood(id); });
 }
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #include "app/rampup/RampupStore.h"
 
 #include "app/base/EnumName.h"
+#include "app/base/recordActions.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -168,19 +169,11 @@ QList<PageAction> RampupStore::offeredOnPage() {
                   .inMenu = false,
                   .anywhere = true,
                   .run = [this] { setShowTemplates(true); }});
-  actions.append({.key = u"new"_s,
-                  .title = u"New template"_s,
-                  .icon = u"list-add"_s,
-                  .keys = u"N"_s,
-                  .writes = true,
-                  .whyNot = m_templates.createHint(),
-                  .inMenu = false,
-                  .anywhere = true,
-                  .run = [this] {
-                    setShowTemplates(true);
-                    m_templates.setShowArchived(false);
-                    m_templates.beginCreate();
-                  }});
+  actions.append(newAction(u"New template"_s, m_templates.createHint(), [this] {
+    setShowTemplates(true);
+    m_templates.setShowArchived(false);
+    m_templates.beginCreate();
+  }));
   return actions;
 }
 

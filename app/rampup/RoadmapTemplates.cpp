@@ -1,5 +1,6 @@
 #include "app/rampup/RoadmapTemplates.h"
 
+#include "app/base/recordActions.h"
 #include "app/rampup/RampupRows.h"
 #include "app/rampup/RampupWords.h"
 #include "app/rampup/RoadmapActions.h"
@@ -317,21 +318,8 @@ QList<PageAction> RoadmapTemplates::offered(const QString& record) {
   const RoadmapTemplate* known = find(record);
   if (!known) return {};
   if (!known->archivedAt) return offeredLive(*known);
-  const bool isFree = !m_busy.contains(record);
-  return {{.key = u"restore"_s,
-           .title = u"Restore"_s,
-           .icon = u"edit-undo"_s,
-           .writes = true,
-           .possible = isFree,
-           .run = [this, record] { restore(record); }},
-          {.key = u"delete"_s,
-           .title = u"Delete for good"_s,
-           .icon = u"edit-delete"_s,
-           .keys = u"Del"_s,
-           .writes = true,
-           .danger = true,
-           .possible = isFree,
-           .run = [this, record] { removeForGood(record); }}};
+  return archivedActions(
+      !m_busy.contains(record), [this, record] { restore(record); }, [this, record] { removeForGood(record); });
 }
 
 }  // namespace orv

@@ -8,6 +8,7 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
 #include "kit/models/campaigns/campaignRequests.h"
+#include "tests/app/shell/shellPlatform.h"
 #include "tests/support/AppFixture.h"
 #include "tests/support/await.h"
 
@@ -52,9 +53,9 @@ class AppModelTest : public QObject {
   std::unique_ptr<QTemporaryDir> state;
 
   void create() {
-    app = std::make_unique<AppModel>(
-        Platform{f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard, f->filePanel, f->revealer,
-                 f->memoryPressure, QUrl(u"https://app.orvella.example"_s), Device{}, std::nullopt, state->path()});
+    Platform platform = platformOf(*f);
+    platform.stateFolder = state->path();
+    app = std::make_unique<AppModel>(platform);
   }
   void keep(const StoredSession& stored) { f->keychain.items[u"session"_s] = encodeJSON(stored); }
   void startSignedIn(const QStringList& slugs) {

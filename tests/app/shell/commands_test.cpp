@@ -6,6 +6,7 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/Areas.h"
 #include "app/shell/Commands.h"
+#include "tests/app/shell/shellPlatform.h"
 #include "tests/support/AppFixture.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -40,9 +41,9 @@ class CommandsTest : public QObject {
     session.expiresAt = QDateTime({2027, 1, 1}, {0, 0}, Qt::UTC);
     session.user = {u"u1"_s, u"ada@b.c"_s, u"Ada"_s, {}, {}};
     for (const auto& slug : {u"a"_s, u"b"_s}) session.workspaces.append({slug, slug, slug.toUpper(), {role}, {}, {}});
-    app = std::make_unique<AppModel>(Platform{f->api, f->keychain, f->clock, f->preferences, f->browser, f->clipboard,
-                                              f->filePanel, f->revealer, f->memoryPressure,
-                                              QUrl(u"https://app.orvella.example"_s), Device{}, session});
+    Platform platform = platformOf(*f);
+    platform.demoSession = session;
+    app = std::make_unique<AppModel>(platform);
     commands = std::make_unique<Commands>(*app);
     f->api.expect(me);
     app->start();

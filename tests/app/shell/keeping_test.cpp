@@ -7,6 +7,7 @@
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
+#include "tests/app/shell/shellPlatform.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -49,20 +50,9 @@ class KeepingTest : public QObject {
 
   void signIn(const QString& user = u"u1"_s) {
     if (!app) {
-      app = std::make_unique<AppModel>(Platform{f->api,
-                                                f->keychain,
-                                                f->clock,
-                                                f->preferences,
-                                                f->browser,
-                                                f->clipboard,
-                                                f->filePanel,
-                                                f->revealer,
-                                                f->memoryPressure,
-                                                QUrl(u"https://app.orvella.example"_s),
-                                                Device{},
-                                                std::nullopt,
-                                                {},
-                                                &f->journalFiles});
+      Platform platform = platformOf(*f);
+      platform.journalFiles = &f->journalFiles;
+      app = std::make_unique<AppModel>(platform);
       f->keychain.items.clear();
       f->api.expect(methods);
       app->start();

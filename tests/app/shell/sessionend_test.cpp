@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "app/shell/AppModel.h"
+#include "tests/app/shell/shellPlatform.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -38,19 +39,7 @@ class SessionEndTest : public QObject {
 
   void start(const QDateTime& expiry) {
     f->keychain.items[u"session"_s] = encodeJSON(sessionUntil(expiry));
-    app = std::make_unique<AppModel>(Platform{f->api,
-                                              f->keychain,
-                                              f->clock,
-                                              f->preferences,
-                                              f->browser,
-                                              f->clipboard,
-                                              f->filePanel,
-                                              f->revealer,
-                                              f->memoryPressure,
-                                              QUrl(u"https://app.orvella.example"_s),
-                                              Device{},
-                                              std::nullopt,
-                                              {}});
+    app = std::make_unique<AppModel>(platformOf(*f));
     f->api.expect(f->clock.now() < expiry ? me : methods);
     app->start();
   }
