@@ -35,7 +35,7 @@ class AccountSettings final : public Store {
 
   AccountSettings(WorkspaceContext& context, Store* whole, QString id, Resource<Mailbox>& account, KnownTags knownTags);
 
-  Draft<AccountFields>* draft() { return &m_draft; }
+  DraftOf<AccountFields>* draft() { return &m_draft; }
   Recovery* recovery() { return &m_recovery; }
   bool dirty() const { return m_draft.dirty(); }
   bool saving() const;
@@ -79,7 +79,7 @@ class AccountSettings final : public Store {
   KnownTags m_knownTags;
   BusySet m_busy;
   Actions m_actions;
-  Draft<AccountFields> m_draft;
+  DraftOf<AccountFields> m_draft;
   Recovery m_recovery;
   QString m_problem;
   /// Somebody else's version was newer than that of the save under way.

@@ -59,7 +59,7 @@ class ConnectionForm : public QObject {
   explicit ConnectionForm(QObject* parent = nullptr);
   ~ConnectionForm() override { wipe(); }
 
-  Draft<ConnectionFields>* draft() { return &m_draft; }
+  DraftOf<ConnectionFields>* draft() { return &m_draft; }
   ConnectionFields fields() const { return m_draft.typed(); }
   Kind kind() const { return m_kind; }
   QString kindName() const { return enumName(m_kind); }
@@ -96,7 +96,7 @@ class ConnectionForm : public QObject {
   void suggest(const QString& field, const QString& value);
   MailboxConnectionIn::SmtpImap smtpLogin() const;
 
-  Draft<ConnectionFields> m_draft;
+  DraftOf<ConnectionFields> m_draft;
   Kind m_kind = Kind::smtp;
   /// Fields that follow the address until somebody types in them.
   QSet<QString> m_byHand;

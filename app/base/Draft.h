@@ -119,9 +119,9 @@ Fields fieldsOf(const QVariantMap& values) {
 
 /// A draft of the fields of a described struct.
 template <class Fields>
-class Draft : public FieldDraft {
+class DraftOf : public FieldDraft {
  public:
-  explicit Draft(QObject* parent = nullptr) : FieldDraft(parent) { fill(Fields()); }
+  explicit DraftOf(QObject* parent = nullptr) : FieldDraft(parent) { fill(Fields()); }
 
   Fields typed() const { return fieldsOf<Fields>(values()); }
   Fields base() const { return fieldsOf<Fields>(saved()); }

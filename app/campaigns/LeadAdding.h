@@ -68,7 +68,7 @@ class LeadAdding final : public Store {
   void setDedupe(const QString& rule);
 
   /// The lead that is filled in by hand. One that was not taken is there again the next time.
-  Draft<LeadByHand>* draft() { return &m_draft; }
+  DraftOf<LeadByHand>* draft() { return &m_draft; }
   Recovery* recovery() { return &m_recovery; }
 
   Resource<LeadListPage>* lists() { return &m_lists; }
@@ -137,7 +137,7 @@ class LeadAdding final : public Store {
   std::optional<Form::Submission> m_submission;
   QString m_way;
   QString m_dedupe;
-  Draft<LeadByHand> m_draft;
+  DraftOf<LeadByHand> m_draft;
   Recovery m_recovery;
   QString m_listId;
   QString m_path;

@@ -18,9 +18,9 @@ struct ScheduleFields {
 };
 BOOST_DESCRIBE_STRUCT(ScheduleFields, (), (windows))
 
-class ScheduleDraft final : public Draft<ScheduleFields> {
+class ScheduleDraft final : public DraftOf<ScheduleFields> {
  public:
-  using Draft::Draft;
+  using DraftOf::DraftOf;
 
  protected:
   QJsonValue written(const QVariant& value) const override;

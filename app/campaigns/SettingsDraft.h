@@ -38,7 +38,7 @@ BOOST_DESCRIBE_STRUCT(SettingsFields, (),
                       (name, tags, senders, senderTags, prioritizeNew, stopOnReply, stopOnAutoReply, stopCompanyOnReply,
                        unsubscribeHeader, dailyCap, gap, dailyLimit, maxNewPerDay, cc, bcc, startDate, endDate))
 
-using SettingsDraft = Draft<SettingsFields>;
+using SettingsDraft = DraftOf<SettingsFields>;
 
 SettingsFields settingsOf(const Campaign& campaign);
 

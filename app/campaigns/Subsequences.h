@@ -71,7 +71,7 @@ class Subsequences final : public Store {
 
   /// The form that makes another, and what is filled in there.
   Form* form() { return &m_form; }
-  Draft<NewSubsequence>* draft() { return &m_draft; }
+  DraftOf<NewSubsequence>* draft() { return &m_draft; }
   Recovery* recovery() { return &m_recovery; }
   Resource<ReplyLabelList>* knownLabels() { return &m_labels; }
   /// Those that may be picked: key, label and whether it is.
@@ -105,7 +105,7 @@ class Subsequences final : public Store {
   Resource<ReplyLabelList> m_labels;
   SubsequenceRows m_rows;
   Form m_form;
-  Draft<NewSubsequence> m_draft;
+  DraftOf<NewSubsequence> m_draft;
   Recovery m_recovery;
 };
 

@@ -134,7 +134,7 @@ class RoadmapEditor final : public Form {
   QVariantList m_series;
   QStringList m_dayNotes;
   StageRows m_rows;
-  Draft<EditedStages> m_draft;
+  DraftOf<EditedStages> m_draft;
   Recovery m_recovery;
   bool m_keeps = false;
 };

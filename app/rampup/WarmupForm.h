@@ -45,7 +45,7 @@ class WarmupForm final : public Store {
  public:
   WarmupForm(QString mailboxId, RoadmapActions& actions, Store& whole);
 
-  Draft<WarmupFields>* draft() { return &m_draft; }
+  DraftOf<WarmupFields>* draft() { return &m_draft; }
   bool editing() const { return m_editing; }
   bool saving() const { return !m_busy.ids().isEmpty(); }
   bool canSave() const { return canWrite() && m_draft.dirty() && !saving(); }
@@ -69,7 +69,7 @@ class WarmupForm final : public Store {
  private:
   QString m_id;
   RoadmapActions& m_actions;
-  Draft<WarmupFields> m_draft;
+  DraftOf<WarmupFields> m_draft;
   Recovery m_recovery;
   BusySet m_busy;
   bool m_editing = false;

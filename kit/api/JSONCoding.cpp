@@ -245,6 +245,8 @@ QVariant ListCoder::show(const void* list) const {
 }
 
 Field::Field(const char* key, size_t at, const Coder& by) : name(key), offset(at), coder(&by) {
+  // A key that is a word of this language is a member with an underscore behind it.
+  if (name.ends_with('_')) name.remove_suffix(1);
   char start[sizeof m_head] = {}, mask[sizeof m_head] = {};
   for (size_t i = 0; i < std::min(sizeof start, name.size() + 1); ++i) {
     start[i] = i < name.size() ? key[i] : '"';

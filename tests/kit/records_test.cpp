@@ -81,9 +81,12 @@ void listMembers(QList<Member>& into, const Way& at) {
   } else if constexpr (isOptional<T> || isList<T>) {
     listMembers<typename T::value_type>(into, isList<T> ? at + Way(1, 0) : at);
   } else if constexpr (boost::describe::has_describe_members<T>::value) {
-    boost::mp11::mp_for_each<boost::describe::describe_members<T, boost::describe::mod_public>>([&](auto member) {
+    constexpr auto whole = boost::describe::mod_public | boost::describe::mod_inherited;
+    boost::mp11::mp_for_each<boost::describe::describe_members<T, whole>>([&](auto member) {
       using Type = std::decay_t<decltype(std::declval<T>().*member.pointer)>;
-      const Way way = at + Way{QString::fromLatin1(member.name)};
+      QString key = QString::fromLatin1(member.name);
+      if (key.endsWith(u'_')) key.chop(1);
+      const Way way = at + Way{key};
       into.append({way, isOptional<Type>});
       listMembers<Type>(into, way);
     });

@@ -31,6 +31,15 @@
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/deliverability/deliverabilityReport.h"
 #include "kit/models/deliverability/deliverabilityRequests.h"
+#include "kit/models/inbox/draftRequests.h"
+#include "kit/models/inbox/draftReview.h"
+#include "kit/models/inbox/inboxRequests.h"
+#include "kit/models/inbox/inboxWords.h"
+#include "kit/models/inbox/setterRequests.h"
+#include "kit/models/inbox/setterSettings.h"
+#include "kit/models/inbox/setterTraining.h"
+#include "kit/models/inbox/threadDetail.h"
+#include "kit/models/inbox/threadFilter.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
@@ -102,13 +111,45 @@ QList<RoadmapStage> roadmap() { return {{u"warmup"_s, u"Warm-up only"_s, 14, {5,
 
 /// The calls behind the cases of the fixture.
 const std::map<QString, std::function<Built()>>& builders() {
-  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, email = u"a@b.example"_s;
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, d1 = u"d1"_s, email = u"a@b.example"_s;
   static const std::map<QString, std::function<Built()>> all{
       {u"listCampaigns"_s, [] { return listCampaigns(false); }},
       {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
       {u"getCampaign"_s, [] { return getCampaign(u"c/1 x"_s); }},
       {u"createCampaign"_s, [] { return createCampaign({u"Q3 “Fall”"_s}); }},
       {u"updateCampaign name"_s, [] { return updateCampaign(c1, {.name = u"New"_s}, 7); }},
+SetterSettings agent() {
+  return {u"n"_s,
+          {.name = u"s"_s},
+          u"k"_s,
+          u"i"_s,
+          u"t"_s,
+          u"https://b.example"_s,
+          words::toneCasual,
+          words::modeAuto,
+          true,
+          60,
+          4,
+          true,
+          9};
+}
+
+/// A search with everything that a body treats in a way of its own.
+LeadSearch search() {
+  return {{{u"xtitle"_s, u"intern"_s},
+           {u"q"_s, u"owner, founder"_s},
+           {u"qin"_s, u"title"_s},
+           {u"title"_s, u" CEO ,, Head of Sales"_s},
+           {u"company"_s, QString()},
+           {u"band"_s, u"3,x,5"_s},
+           {u"hasPhone"_s, u"1"_s},
+           {u"source"_s, u"linkedin"_s},
+           {u"followersMin"_s, u"many"_s},
+           {u"followersMax"_s, u"9000"_s},
+           {u"tomorrow"_s, u"x"_s}},
+          u"used"_s};
+}
+
       {u"updateCampaign nothing"_s, [] { return updateCampaign(c1, {}, {}); }},
       {u"updateCampaign all"_s, [] { return updateCampaign(c1, wholePatch(), 0); }},
       {u"updateCampaign without limits"_s,
@@ -221,6 +262,58 @@ const std::map<QString, std::function<Built()>>& builders() {
       {u"sendTestEmail all"_s,
        [] {
          return sendTestEmail(c1, {email, u"m1"_s, l1, 2, u"v1"_s, u"S"_s, u"B"_s});
+      {u"listThreads"_s, [] { return listThreads({.query = u" \t "_s, .label = QString(), .mailbox = QString()}); }},
+      {u"listThreads all"_s,
+       [] {
+         return listThreads({ThreadFilter::Tab::archived, u" mara & co "_s, u"not_now"_s, mb1}, u"a+b/c=="_s);
+       }},
+      {u"listThreads drafts"_s, [] { return listThreads({.label = ThreadFilter::drafts}); }},
+      {u"listThreads unlabelled"_s, [] { return listThreads({.label = ThreadFilter::unlabelled}); }},
+      {u"listThreads unread of a mailbox"_s,
+       [] { return listThreads({.tab = ThreadFilter::Tab::unread, .mailbox = mb1}); }},
+      {u"unreadThreads"_s, [] { return unreadThreads(); }},
+      {u"newReplies"_s, [] { return newReplies(u"interested"_s, u"2026-11-21T09:30:00Z"_s); }},
+      {u"getThread"_s, [] { return getThread(u"t/1 x"_s); }},
+      {u"updateThread nothing"_s, [] { return updateThread(t1, {}); }},
+      {u"updateThread all"_s,
+       [] {
+         return updateThread(t1, {u"lost"_s, words::threadArchived, false, true});
+       }},
+      {u"updateThread without its label"_s, [] { return updateThread(t1, {.label = Clearable<QString>::cleared()}); }},
+      {u"replyToThread"_s,
+       [] {
+         return replyToThread(t1, {u" Hi "_s, QList{u"c@b.example"_s}, QList<QString>()});
+       }},
+      {u"draftReply"_s, [] { return draftReply(t1); }},
+      {u"checkMail"_s, [] { return checkMail(); }},
+      {u"listDrafts"_s, [] { return listDrafts(words::draftPending); }},
+      {u"listDrafts further"_s, [] { return listDrafts(words::draftAsWritten, u"100"_s); }},
+      {u"approveDraft"_s, [] { return approveDraft(d1, {}); }},
+      {u"approveDraft all"_s,
+       [] {
+         return approveDraft(d1, {u"Hi"_s, u"Re"_s, true, u"casual"_s});
+       }},
+      {u"rejectDraft"_s, [] { return rejectDraft(d1, {}); }},
+      {u"rejectDraft why"_s, [] { return rejectDraft(d1, {u"Wrong price"_s}); }},
+      {u"undoApproveDraft"_s, [] { return undoApproveDraft(d1); }},
+      {u"restoreDraft"_s, [] { return restoreDraft(d1); }},
+      {u"draftVersions"_s, [] { return draftVersions(d1); }},
+      {u"draftTraining"_s, [] { return draftTraining(u"d/1"_s); }},
+      {u"setterSettings"_s, [] { return setterSettings(); }},
+      {u"updateSetterSettings all"_s, [] { return updateSetterSettings(patchBetween({}, agent()), 9); }},
+      {u"updateSetterSettings without its link"_s,
+       [] {
+         SetterSettings without = agent();
+         without.bookingUrl.reset();
+         return updateSetterSettings(patchBetween(agent(), without), 9);
+       }},
+      {u"setterTraining"_s, [] { return setterTraining(); }},
+      {u"setterLessons"_s, [] { return setterLessons(); }},
+      {u"addSetterLesson"_s, [] { return addSetterLesson({u"Be brief"_s}); }},
+      {u"updateSetterLesson"_s, [] { return updateSetterLesson(u"r/1"_s, {.status = words::lessonOff}); }},
+      {u"setterCampaignModes"_s, [] { return setterCampaignModes(); }},
+      {u"setSetterMode"_s, [] { return setSetterMode(u"c/1"_s, {words::modeOff}); }},
+      {u"setSetterMode to the default"_s, [] { return setSetterMode(c1, {}); }},
        }},
       {u"testEmailState"_s, [] { return testEmailState(u"t?1"_s); }},
       {u"checkCampaign"_s, [] { return checkCampaign(c1); }},

@@ -19,6 +19,10 @@
 #include "kit/models/campaigns/subsequence.h"
 #include "kit/models/campaigns/testEmail.h"
 #include "kit/models/deliverability/deliverabilityReport.h"
+#include "kit/models/inbox/draftReview.h"
+#include "kit/models/inbox/setterSettings.h"
+#include "kit/models/inbox/setterTraining.h"
+#include "kit/models/inbox/threadDetail.h"
 #include "kit/models/labels.h"
 #include "kit/models/leads.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
@@ -36,14 +40,14 @@
 namespace orv::test {
 
 /// Every record that an answer of the service may be.
-using AnswerRecords =
-    boost::mp11::mp_list<CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage,
-                         LeadDetail, FeedPage, MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult,
-                         MoveResult, RestoredResult, AnalyticsSummary, AnalyticsOverview, WarmupHealth, Dashboard,
-                         MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult, MailboxHealth,
-                         GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList,
-                         RampupDetail, WarmupStats, RampupBulkResult, TemplatePage, RoadmapTemplate,
-                         DeliverabilityReport, DeliverabilityInboxDetail, TagList, ReplyLabelList, AuthMethods,
-                         EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
+using AnswerRecords = boost::mp11::mp_list<
+    CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail, FeedPage,
+    MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
+    AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult,
+    MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList,
+    RampupDetail, WarmupStats, RampupBulkResult, TemplatePage, RoadmapTemplate, DeliverabilityReport,
+    DeliverabilityInboxDetail, ThreadPage, InboxThread, ThreadDetail, ReplyAccepted, Draft, ReviewDraftPage,
+    DraftVersions, DraftTraining, SetterSettings, SetterTraining, SetterLessons, SetterCampaignModes, TagList,
+    ReplyLabelList, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
 
 }  // namespace orv::test

@@ -98,7 +98,7 @@ class FormsTest : public QObject {
   }
 
   void aFieldIsChangedAndTakenBack() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     QSignalSpy told(&draft, &FieldDraft::fieldChanged);
     QVERIFY(!draft.set(u"nothing"_s, 1) && !draft.set(u"name"_s, u"Acme"_s) && told.isEmpty());
@@ -115,7 +115,7 @@ class FormsTest : public QObject {
   }
 
   void aNewerRecordIsTakenOverByField() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     draft.set(u"tags"_s, QStringList{u"a"_s, u"mine"_s});
     draft.rebase({u"Theirs"_s, {u"a"_s}, true}, 8);
@@ -127,7 +127,7 @@ class FormsTest : public QObject {
   }
 
   void whatBothChangedIsNotOverwrittenUnseen() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     draft.set(u"name"_s, u"Mine"_s);
     draft.rebase({u"Theirs"_s, {u"b"_s}, false}, 8);
@@ -150,7 +150,7 @@ class FormsTest : public QObject {
   }
 
   void theSameChangeByBothIsNoQuarrel() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     draft.set(u"name"_s, u"Same"_s);
     draft.rebase({u"Same"_s, {u"a"_s}, false}, 8);
@@ -159,7 +159,7 @@ class FormsTest : public QObject {
   }
 
   void whatIsTypedDuringASaveStays() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     draft.set(u"name"_s, u" One "_s);
     draft.set(u"urgent"_s, true);
@@ -173,7 +173,7 @@ class FormsTest : public QObject {
   }
 
   void anAnswerThatWasOvertakenBringsNothingBack() {
-    Draft<Fields> draft;
+    DraftOf<Fields> draft;
     draft.fill(stored, 7);
     draft.set(u"name"_s, u"Mine"_s);
     draft.sending();
@@ -192,7 +192,7 @@ class FormsTest : public QObject {
   void aJournalGivesBackWhatWasTyped() {
     QFETCH(QString, nameNow);
     QFETCH(qint64, version);
-    Draft<Fields> before, after;
+    DraftOf<Fields> before, after;
     before.fill(stored, 7);
     QVERIFY(before.journal().isEmpty());
     before.set(u"name"_s, u"Mine"_s);
@@ -203,7 +203,7 @@ class FormsTest : public QObject {
     QCOMPARE(after.base().name, nameNow);
     QCOMPARE(after.version(), std::optional<qint64>(7));
     QCOMPARE(after.rivals().isEmpty(), nameNow == "Acme"_L1);
-    QVERIFY2(!Draft<Fields>().restore({}), "nothing was kept");
+    QVERIFY2(!DraftOf<Fields>().restore({}), "nothing was kept");
   }
 };
 
