@@ -18,7 +18,6 @@ class CsvColumns : public ListModel {
   /// Of no file, they are none.
   void show(const CsvPreview& preview);
   const QStringList& names() const { return m_preview.headers; }
-  qint64 bytes() const { return m_preview.bytes; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;

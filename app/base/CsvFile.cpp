@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,6 +33,10 @@ QString open(QFile& file, const QString& path) {
   if (descriptor >= 0) (void)file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
   if (!isFile || !file.isOpen()) return u"Couldn’t open that file"_s;
   return file.size() > mostBytes ? tooLarge : QString();
+}
+
+CsvStamp stampOf(const QFile& file) {
+  return {file.size(), file.fileTime(QFileDevice::FileModificationTime).toMSecsSinceEpoch()};
 }
 
 /// The whole file, read in pieces. Nothing when that failed, or was no longer wanted.
@@ -65,27 +70,27 @@ QString megabytes(qint64 bytes) { return QString::number(double(bytes) / (1024 *
 
 CsvPreview previewCsv(const QString& path) {
   QFile file;
-  if (const QString error = open(file, path); !error.isEmpty()) return {error, 0, {}, {}};
+  if (const QString error = open(file, path); !error.isEmpty()) return {error, {}, {}, {}};
   const QByteArray start = file.read(previewBytes);
-  if (file.error() != QFile::NoError) return {notReadable, 0, {}, {}};
+  if (file.error() != QFile::NoError) return {notReadable, {}, {}, {}};
   const bool isCut = file.size() > start.size();
   const QString text = decodeText(isCut ? withoutCutCharacter(start) : QByteArrayView(start));
   const auto rows = csvRows(text, csvDelimiter(text), previewRows);
-  if (rows.isEmpty()) return {u"That file has no header row"_s, 0, {}, {}};
+  if (rows.isEmpty()) return {u"That file has no header row"_s, {}, {}, {}};
   const qsizetype columns = rows.first().size();
-  CsvPreview preview{{}, file.size(), shown(rows.first(), columns), {}};
+  CsvPreview preview{{}, stampOf(file), shown(rows.first(), columns), {}};
   for (const QStringList& row : rows.sliced(1)) preview.samples.append(shown(row, columns));
   return preview;
 }
 
 CsvBytes readCsv(const QString& path, FileWatch& watch) {
   QFile file;
-  if (const QString error = open(file, path); !error.isEmpty()) return {error, {}};
+  if (const QString error = open(file, path); !error.isEmpty()) return {error, {}, {}};
   auto bytes = readAll(file, watch);
-  if (!bytes) return {notReadable, {}};
+  if (!bytes) return {notReadable, {}, {}};
   // It may have grown since it was opened.
-  if (bytes->size() > mostBytes) return {tooLarge, {}};
-  return {{}, *std::move(bytes)};
+  if (bytes->size() > mostBytes) return {tooLarge, {}, {}};
+  return {{}, stampOf(file), *std::move(bytes)};
 }
 
 }  // namespace orv

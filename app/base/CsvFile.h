@@ -7,6 +7,14 @@
 
 namespace orv {
 
+/// By what a file is known again.
+struct CsvStamp {
+  qint64 bytes = 0;
+  /// Milliseconds since 1970.
+  qint64 changedAt = 0;
+  bool operator==(const CsvStamp&) const = default;
+};
+
 /// What a file of comma-separated text holds, as far as its beginning tells.
 struct CsvPreview {
   /// More of a cell is shown nowhere.
@@ -14,7 +22,7 @@ struct CsvPreview {
 
   /// Why it will not do; empty when it will. The rest is then empty.
   QString error;
-  qint64 bytes = 0;
+  CsvStamp file;
   QStringList headers;
   /// The rows after it, none of them longer than the header.
   QList<QStringList> samples;
@@ -33,6 +41,7 @@ struct FileWatch {
 struct CsvBytes {
   /// Why it will not do; empty when it will.
   QString error;
+  CsvStamp stamp;
   QByteArray bytes;
 };
 

@@ -1,13 +1,11 @@
 #include "app/campaigns/LeadAdding.h"
 
-#include <QFileInfo>
-
 #include "app/base/EmailAddress.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
-#include "kit/async/background.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/leads/leadListRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -23,12 +21,16 @@ LeadAdding::LeadAdding(CampaignContext& context, std::function<void()> added)
       m_context(context),
       m_added(std::move(added)),
       m_lists(*this, [&context] { return context.api.send(Requests::leadLists(false)); }, {.loadsByItself = false}),
-      m_recovery(context.workspace, Recovery::of(m_draft)) {
+      m_recovery(context.workspace, Recovery::of(m_draft)),
+      m_file(context.services.filePanel) {
   m_draft.setKey(u"campaigns/"_s + context.id + u"/lead-by-hand"_s);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_draft, &FieldDraft::changed, this, &LeadAdding::changed);
   connect(&m_form, &Form::changed, this, &LeadAdding::formChanged);
   connect(&m_lists, &ResourceBase::changed, this, &LeadAdding::listsChanged);
+  connect(&m_file, &CsvPick::changed, this, &LeadAdding::changed);
+  connect(&m_file, &CsvPick::chosen, this, &LeadAdding::setFile);
+  connect(&m_file, &CsvPick::looked, this, &LeadAdding::looked);
   // Of any batch: one may have been sent off before this dialog was made.
   context.workspace.changes().watch<AddedLeads>(this, [this](const Change<AddedLeads>& change) {
     if (change.id == m_context.id) m_added();
@@ -47,7 +49,7 @@ bool LeadAdding::canSubmit() const {
   if (m_form.busy()) return false;
   if (m_way == "manual"_L1) return !m_draft.typed().email.trimmed().isEmpty();
   if (m_way == "list"_L1) return !m_listId.isEmpty();
-  if (m_way == "csv"_L1) return !fileLooking() && m_columns.count() > 0;
+  if (m_way == "csv"_L1) return m_file.isUsable();
   return ownLimitError().isEmpty();
 }
 
@@ -67,13 +69,6 @@ QList<Choice> LeadAdding::listOptions() const {
 void LeadAdding::setListId(const QString& id) {
   m_listId = id;
   Q_EMIT changed();
-}
-
-QString LeadAdding::fileName() const { return QFileInfo(m_path).fileName(); }
-
-QString LeadAdding::fileFacts() const {
-  if (m_columns.count() == 0) return {};
-  return megabytes(m_columns.bytes()) + u" · "_s + Format::counted(m_columns.count(), u"column"_s, u"columns"_s);
 }
 
 QString LeadAdding::fileWarning() const {
@@ -117,10 +112,8 @@ void LeadAdding::show(const QString& way) {
 
 void LeadAdding::startAnew() {
   m_listId.clear();
-  m_path.clear();
+  m_file.clear();
   m_columns.show({});
-  m_look.cancel();
-  m_looking = false;
   m_ownLimit.clear();
   m_allowOthers = false;
   m_dedupe = u"campaign"_s;
@@ -134,27 +127,16 @@ void LeadAdding::formChanged() {
   Q_EMIT changed();
 }
 
-Task<void> LeadAdding::chooseFileTask() {
-  const auto path = co_await m_context.services.filePanel.openFile(u"Comma-separated text"_s, u"csv"_s);
-  if (path) setFile(*path);
-}
-
 void LeadAdding::setFile(const QString& path) {
   if (m_form.busy() || m_way != "csv"_L1) return;
-  m_path = path;
   m_columns.show({});
   m_form.clearError();
-  m_looking = true;
-  m_look.start(look(path));
-  Q_EMIT changed();
+  m_file.look(path);
 }
 
-Task<void> LeadAdding::look(QString path) {
-  const auto preview = co_await inBackground<CsvPreview>([path] { return previewCsv(path); });
-  m_columns.show(preview);
-  m_looking = false;
-  if (!preview.error.isEmpty()) m_form.begin().fail(preview.error);
-  Q_EMIT changed();
+void LeadAdding::looked() {
+  m_columns.show(m_file.preview());
+  if (const QString error = m_file.preview().error; !error.isEmpty()) m_form.begin().fail(error);
 }
 
 void LeadAdding::submit() {
@@ -173,7 +155,7 @@ void LeadAdding::submit() {
 }
 
 LeadBatch LeadAdding::batch() const {
-  if (m_way == "csv"_L1) return {m_context.id, LeadBatch::File{m_path, m_dedupe, m_columns.bytes()}};
+  if (m_way == "csv"_L1) return {m_context.id, LeadBatch::File{{m_file.path(), m_file.preview().file}, m_dedupe}};
   if (m_way == "leads"_L1) return {m_context.id, LeadBatch::Own{ownCount().value_or(0), m_allowOthers}};
   if (m_way == "list"_L1) return {m_context.id, AddLeadsBody{AddLeadsBody::List{m_listId, m_dedupe}}};
   QMap<QString, QString> data;
@@ -220,8 +202,7 @@ void LeadAdding::dismiss() {
 void LeadAdding::close() {
   m_form.cancel();
   m_submission.reset();
-  m_look.cancel();
-  m_looking = false;
+  m_file.clear();
   Store::close();
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/base/Choice.h"
 #include "app/base/CsvColumns.h"
+#include "app/base/CsvPick.h"
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
 #include "app/base/Recovery.h"
@@ -9,7 +10,7 @@
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/LeadBatch.h"
 #include "kit/models/campaigns/addLeads.h"
-#include "kit/models/leads.h"
+#include "kit/models/leads/leadList.h"
 
 namespace orv {
 
@@ -77,13 +78,13 @@ class LeadAdding final : public Store {
   void setListId(const QString& id);
 
   /// Empty before a file is chosen.
-  QString fileName() const;
+  QString fileName() const { return m_file.name(); }
   /// "2.4 MB · 5 columns".
-  QString fileFacts() const;
+  QString fileFacts() const { return m_file.facts(); }
   /// What is odd about the file, though it can be sent.
   QString fileWarning() const;
   /// The chosen file is being looked into.
-  bool fileLooking() const { return m_looking; }
+  bool fileLooking() const { return m_file.looking(); }
   CsvColumns* fileColumns() { return &m_columns; }
 
   /// How many of the workspace's own leads; empty for as many as go at a time.
@@ -99,7 +100,7 @@ class LeadAdding final : public Store {
 
   /// Opens the dialog, or shows the one whose work goes on.
   Q_INVOKABLE void show(const QString& way);
-  Q_INVOKABLE void chooseFile() { m_tasks.start(chooseFileTask()); }
+  Q_INVOKABLE void chooseFile() { m_file.choose(); }
   /// Looks into a file that was chosen or dropped.
   void setFile(const QString& path);
   Q_INVOKABLE void dropFile(const QUrl& url) { setFile(url.toLocalFile()); }
@@ -118,8 +119,7 @@ class LeadAdding final : public Store {
   void listsChanged();
 
  private:
-  Task<void> chooseFileTask();
-  Task<void> look(QString path);
+  void looked();
   LeadBatch batch() const;
   QString jobName() const;
   void jobEnded();
@@ -130,7 +130,6 @@ class LeadAdding final : public Store {
   CampaignContext& m_context;
   std::function<void()> m_added;
   Resource<LeadListPage> m_lists;
-  TaskSlot m_look;
   QPointer<Job> m_job;
   Form m_form;
   /// While the job runs.
@@ -140,11 +139,10 @@ class LeadAdding final : public Store {
   DraftOf<LeadByHand> m_draft;
   Recovery m_recovery;
   QString m_listId;
-  QString m_path;
+  CsvPick m_file;
   CsvColumns m_columns;
   QString m_ownLimit;
   bool m_allowOthers = false;
-  bool m_looking = false;
 };
 
 }  // namespace orv

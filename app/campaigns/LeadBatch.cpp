@@ -2,15 +2,13 @@
 
 #include <QFileInfo>
 
-#include "app/base/CsvFile.h"
 #include "app/base/Journal.h"
-#include "app/base/shownName.h"
-#include "app/campaigns/LeadFileUpload.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
-#include "kit/async/background.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
+#include "kit/models/leads/leadRequests.h"
+#include "kit/models/leads/ownLeads.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -19,11 +17,6 @@ namespace {
 
 /// The service takes this many ids in one request.
 constexpr qsizetype blockSize = 1000;
-
-/// Raised where the reason is the file's, not the service's.
-struct FileTrouble {
-  QString reason;
-};
 
 /// What the parts of the work share.
 struct Adding {
@@ -43,12 +36,6 @@ struct Adding {
   }
 
   APITransport& api() const { return job.context().api(); }
-};
-
-/// Tells the thread that reads a file when nobody waits for it any more.
-struct Watching {
-  std::shared_ptr<FileWatch> watch = std::make_shared<FileWatch>();
-  ~Watching() { watch->stopped = true; }
 };
 
 void addTo(AddLeadsResult& sum, const AddLeadsResult& more) {
@@ -83,36 +70,14 @@ QStringList leftOut(const AddLeadsResult& result) {
   return lines;
 }
 
-struct Packed {
-  QString error;
-  std::optional<Request<AddLeadsResult>> request;
-};
-
-Packed pack(const QString& campaignId, const LeadBatch::File& file, FileWatch& watch) {
-  const CsvBytes read = readCsv(file.path, watch);
-  if (!read.error.isEmpty()) return {read.error, {}};
-  return {{}, leadFileUpload(campaignId, QFileInfo(file.path).fileName(), file.dedupe, read.bytes)};
-}
-
-Task<AddLeadsResult> addFile(Adding* adding, LeadBatch::File file) {
-  const Watching watching;
-  const auto watch = watching.watch;
-  const QString name = shownName(QFileInfo(file.path).fileName());
-  const auto done = [watch] { return watch->bytes.load(); };
-  adding->job.followStage(u"Reading "_s + name + u"…"_s, done, file.bytes);
-  auto packed = co_await inBackground<Packed>(
-      [campaignId = adding->campaignId, file, watch] { return pack(campaignId, file, *watch); });
-  if (!packed.request) throw FileTrouble{packed.error};
-  watch->bytes = 0;
-  packed.request->sent = {watch, &watch->bytes};
-  const qint64 size = packed.request->body->size();
-  adding->job.followStage(u"Sending "_s + name + u", "_s + megabytes(size) + u"…"_s, done, size);
-  co_return co_await adding->api().send(*std::exchange(packed.request, std::nullopt));
+Task<AddLeadsResult> addFile(Adding* adding, LeadBatch::File wanted) {
+  const AddLeadsBody body{AddLeadsBody::Csv{{}, QFileInfo(wanted.file.path).fileName(), wanted.dedupe}};
+  co_return co_await sendCsv(&adding->job, wanted.file, Requests::addLeads(adding->campaignId, body));
 }
 
 Task<AddLeadsResult> addOwn(Adding* adding, LeadBatch::Own wanted) {
   adding->job.setStage(u"Looking up your leads…"_s);
-  const OwnLeads own = co_await adding->api().send(Requests::ownLeads({std::nullopt, wanted.count}));
+  const OwnLeads own = co_await adding->api().send(Requests::ownLeads({.limit = wanted.count}));
   for (qsizetype at = 0; at < own.ids.size(); at += blockSize) {
     adding->job.setStage(Format::grouped(at) + u" of "_s + countedLeads(own.ids.size()) + u" sent"_s, at,
                          own.ids.size());

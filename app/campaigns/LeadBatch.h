@@ -2,9 +2,8 @@
 
 #include <variant>
 
-#include "app/base/Jobs.h"
+#include "app/base/CsvUpload.h"
 #include "kit/models/campaigns/addLeads.h"
-#include "kit/models/leads.h"
 
 namespace orv {
 
@@ -16,9 +15,8 @@ void leadsCameTo(WorkspaceContext& workspace, const QString& campaignId);
 /// Whom to add to a campaign, as the dialog had it when it was sent off. What goes on from there needs no dialog.
 struct LeadBatch {
   struct File {
-    QString path;
+    CsvAttachment file;
     QString dedupe;
-    qint64 bytes = 0;
   };
   /// The newest of the workspace's own leads.
   struct Own {
