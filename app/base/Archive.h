@@ -7,19 +7,19 @@
 namespace orv {
 
 /// Deleting that can be taken back: archive with "Undo", restore, delete for good. Each place has words of its own for
-/// it, and each record its requests.
-template <WholeRecord Record>
+/// it, and each record its requests. The answer to restoring is the record, unless the service says nothing.
+template <WholeRecord Record, class Restored = Record>
 class Archive final {
  public:
   struct Requests {
     std::function<Request<Empty>(const QString& id, bool forGood)> remove;
-    std::function<Request<Record>(const QString& id)> restore;
+    std::function<Request<Restored>(const QString& id)> restore;
   };
   /// The sentences of one place, by the record's name where they have one in them.
   struct Words {
     std::function<QString(const QString& name)> removed;
     std::function<QString(const QString& name)> removedForGood;
-    std::function<QString(const QString& name, const Record&)> restored;
+    std::function<QString(const QString& name, const Restored&)> restored;
     std::function<QString(const QString& name)> cannotRemove;
     std::function<QString(const QString& name)> cannotRestore;
     /// Where it is not the one of removing.
@@ -76,6 +76,7 @@ class Archive final {
     Actions actions(*context, busy, [&context] { context->changes().template stale<Record>(); });
     const auto restored = co_await actions.change(id, requests.restore(id), words.cannotRestore(name));
     if (!restored) co_return false;
+    if constexpr (!std::same_as<Restored, Record>) context->changes().template stale<Record>();
     context->changes().template gone<Archived<Record>>(id, context->changes().stamp());
     context->services().toasts.success(words.restored(name, *restored));
     co_return true;
