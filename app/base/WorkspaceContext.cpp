@@ -38,5 +38,11 @@ void WorkspaceContext::close() {
   m_api.close();
   m_work.cancel();
 }
+void WorkspaceContext::setUnread(qint64 count) {
+  if (m_unread == count) return;
+  m_unread = count;
+  Q_EMIT unreadChanged();
+}
+
 
 }  // namespace orv

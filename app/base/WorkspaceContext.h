@@ -55,9 +55,16 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
 
   void close();
 
+  /// Unread conversations, as the service said last or somebody's action left them; nothing while nobody knows.
+  std::optional<qint64> unread() const { return m_unread; }
+  void setUnread(qint64 count);
+
  Q_SIGNALS:
   void workspaceChanged();
   /// There is a connection again: what could not be read can be tried anew.
+  void unreadChanged();
+  /// The service has newer mail than what was last read.
+  void mailCame();
   void reachable();
 
  private:
@@ -70,5 +77,6 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   bool m_isOffline = false;
   TaskScope m_work;
 };
+  std::optional<qint64> m_unread;
 
 }  // namespace orv

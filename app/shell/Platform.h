@@ -10,6 +10,7 @@
 #include "app/base/desktop/JournalFiles.h"
 #include "app/base/desktop/MemoryPressure.h"
 #include "app/base/desktop/NetworkWatch.h"
+#include "app/base/desktop/Notifications.h"
 #include "app/base/desktop/Preferences.h"
 #include "kit/api/APITransport.h"
 #include "kit/async/Clock.h"
@@ -40,6 +41,8 @@ struct Platform {
   JournalFiles* journalFiles = nullptr;
   /// Null where nobody tells of the network.
   NetworkWatch* network = nullptr;
+  /// Null where nobody is to be told anything beside the window.
+  Notifications* notifications = nullptr;
 };
 
 }  // namespace orv

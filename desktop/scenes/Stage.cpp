@@ -116,8 +116,22 @@ class Stage::Desktop final : public Browser,
   void setRecentCommands(const QStringList&) override {}
   QString theme() const override { return u"system"_s; }
   void setTheme(const QString&) override {}
+  bool leadFiltersFolded() const override { return false; }
+  void setLeadFiltersFolded(bool) override {}
+  QMap<QString, QStringList> leadColumns() const override { return {}; }
+  void setLeadColumns(const QMap<QString, QStringList>&) override {}
   QString signedInName() const override { return {}; }
   void setSignedInName(const QString&) override {}
+  int inboxLeadsWidth() const override { return 0; }
+  void setInboxLeadsWidth(int) override {}
+  bool positiveReplies() const override { return true; }
+  void setPositiveReplies(bool) override {}
+  bool accountErrors() const override { return true; }
+  void setAccountErrors(bool) override {}
+  QString notifySince(const QString&) const override { return {}; }
+  void setNotifySince(const QString&, const QString&) override {}
+  QStringList failedAccounts(const QString&) const override { return {}; }
+  void setFailedAccounts(const QString&, const QStringList&) override {}
   QRect windowGeometry() const override { return {}; }
   void setWindowGeometry(const QRect&) override {}
   bool windowMaximized() const override { return false; }

@@ -1,5 +1,9 @@
 #include "desktop/services/SettingsPreferences.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -7,7 +11,14 @@ namespace {
 const auto rail = u"orv-sidebar-rail"_s;
 const auto recent = u"orv-palette-recent"_s;
 const auto appearance = u"orv-appearance"_s;
+const auto leadFilters = u"orv-leads-filters-rail"_s;
+const auto leadColumnsKey = u"orv-leads-columns"_s;
 const auto nameKey = u"orv-signed-in-name"_s;
+const auto inboxLeadsKey = u"orv-inbox-leads-width"_s;
+const auto positiveRepliesKey = u"positiveReplies"_s;
+const auto accountErrorsKey = u"accountErrors"_s;
+const auto notifySinceKey = u"orv-notify-since-"_s;
+const auto failedAccountsKey = u"orv-failed-accounts-"_s;
 const auto geometryKey = u"orv-window-geometry"_s;
 const auto maximizedKey = u"orv-window-maximized"_s;
 const auto tablesKey = u"orv-table-"_s;
@@ -22,8 +33,49 @@ void SettingsPreferences::setRecentCommands(const QStringList& ids) { m_settings
 QString SettingsPreferences::theme() const { return m_settings.value(appearance, u"system"_s).toString(); }
 void SettingsPreferences::setTheme(const QString& theme) { m_settings.setValue(appearance, theme); }
 
+bool SettingsPreferences::leadFiltersFolded() const { return m_settings.value(leadFilters).toBool(); }
+void SettingsPreferences::setLeadFiltersFolded(bool folded) { m_settings.setValue(leadFilters, folded); }
+
+QMap<QString, QStringList> SettingsPreferences::leadColumns() const {
+  const auto kept = QJsonDocument::fromJson(m_settings.value(leadColumnsKey).toString().toUtf8()).object();
+  QMap<QString, QStringList> columns;
+  for (const QString& database : kept.keys()) columns.insert(database, kept.value(database).toVariant().toStringList());
+  return columns;
+}
+void SettingsPreferences::setLeadColumns(const QMap<QString, QStringList>& columns) {
+  QJsonObject kept;
+  for (const auto& [database, keys] : columns.asKeyValueRange())
+    kept.insert(database, QJsonArray::fromStringList(keys));
+  m_settings.setValue(leadColumnsKey, QString::fromUtf8(QJsonDocument(kept).toJson(QJsonDocument::Compact)));
+}
+
 QString SettingsPreferences::signedInName() const { return m_settings.value(nameKey).toString(); }
 void SettingsPreferences::setSignedInName(const QString& name) { m_settings.setValue(nameKey, name); }
+
+int SettingsPreferences::inboxLeadsWidth() const { return m_settings.value(inboxLeadsKey).toInt(); }
+void SettingsPreferences::setInboxLeadsWidth(int width) { m_settings.setValue(inboxLeadsKey, width); }
+
+bool SettingsPreferences::isOn(const QString& choice) const { return m_settings.value(choice).toString() != "off"_L1; }
+void SettingsPreferences::turn(const QString& choice, bool on) { m_settings.setValue(choice, on ? u"on"_s : u"off"_s); }
+
+bool SettingsPreferences::positiveReplies() const { return isOn(positiveRepliesKey); }
+void SettingsPreferences::setPositiveReplies(bool on) { turn(positiveRepliesKey, on); }
+bool SettingsPreferences::accountErrors() const { return isOn(accountErrorsKey); }
+void SettingsPreferences::setAccountErrors(bool on) { turn(accountErrorsKey, on); }
+
+QString SettingsPreferences::notifySince(const QString& workspace) const {
+  return m_settings.value(notifySinceKey + workspace).toString();
+}
+void SettingsPreferences::setNotifySince(const QString& workspace, const QString& time) {
+  m_settings.setValue(notifySinceKey + workspace, time);
+}
+
+QStringList SettingsPreferences::failedAccounts(const QString& workspace) const {
+  return m_settings.value(failedAccountsKey + workspace).toStringList();
+}
+void SettingsPreferences::setFailedAccounts(const QString& workspace, const QStringList& ids) {
+  m_settings.setValue(failedAccountsKey + workspace, ids);
+}
 
 QRect SettingsPreferences::windowGeometry() const {
   const QRect geometry = m_settings.value(geometryKey).toRect();

@@ -19,8 +19,22 @@ class SettingsPreferences final : public Preferences {
   void setRecentCommands(const QStringList& ids) override;
   QString theme() const override;
   void setTheme(const QString& theme) override;
+  bool leadFiltersFolded() const override;
+  void setLeadFiltersFolded(bool folded) override;
+  QMap<QString, QStringList> leadColumns() const override;
+  void setLeadColumns(const QMap<QString, QStringList>& columns) override;
   QString signedInName() const override;
   void setSignedInName(const QString& name) override;
+  int inboxLeadsWidth() const override;
+  void setInboxLeadsWidth(int width) override;
+  bool positiveReplies() const override;
+  void setPositiveReplies(bool on) override;
+  bool accountErrors() const override;
+  void setAccountErrors(bool on) override;
+  QString notifySince(const QString& workspace) const override;
+  void setNotifySince(const QString& workspace, const QString& time) override;
+  QStringList failedAccounts(const QString& workspace) const override;
+  void setFailedAccounts(const QString& workspace, const QStringList& ids) override;
   QRect windowGeometry() const override;
   void setWindowGeometry(const QRect& geometry) override;
   bool windowMaximized() const override;
@@ -31,6 +45,9 @@ class SettingsPreferences final : public Preferences {
   void setTableLayout(const QString& table, const QByteArray& layout);
 
  private:
+  bool isOn(const QString& choice) const;
+  void turn(const QString& choice, bool on);
+
   QSettings m_settings;
 };
 

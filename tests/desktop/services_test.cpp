@@ -453,6 +453,14 @@ class ServicesTest : public QObject {
       preferences.setTheme(u"dark"_s);
       preferences.setWindowGeometry({-20, 10, 1280, 800});
       preferences.setWindowMaximized(true);
+      QVERIFY(!preferences.leadFiltersFolded() && preferences.leadColumns().isEmpty());
+      preferences.setLeadFiltersFolded(true);
+      preferences.setLeadColumns({{u"all"_s, {u"email"_s, u"company"_s}}, {u"linkedin"_s, {}}});
+      QVERIFY(preferences.positiveReplies() && preferences.accountErrors());
+      preferences.setPositiveReplies(false);
+      preferences.setAccountErrors(true);
+      preferences.setNotifySince(u"acme"_s, u"2026-11-21T09:30:00Z"_s);
+      preferences.setFailedAccounts(u"acme"_s, {u"mb1"_s});
       preferences.setTableLayout(u"campaigns"_s, R"({"order":["a, b","c=d"]})");
       preferences.setTableLayout(u"leads"_s, "{}");
       preferences.setTableLayout(u"leads"_s, {});
@@ -461,10 +469,19 @@ class ServicesTest : public QObject {
     QVERIFY(preferences.sidebarRail() && preferences.windowMaximized());
     QCOMPARE(preferences.recentCommands(), QStringList({u"page.inbox"_s, u"a, b"_s}));
     QCOMPARE(preferences.theme(), u"dark"_s);
+    QVERIFY(preferences.leadFiltersFolded());
+    QCOMPARE(preferences.leadColumns(),
+             (QMap<QString, QStringList>{{u"all"_s, {u"email"_s, u"company"_s}}, {u"linkedin"_s, {}}}));
+    QVERIFY(!preferences.positiveReplies() && preferences.accountErrors());
+    QVERIFY(preferences.notifySince(u"northgate"_s).isEmpty() && preferences.failedAccounts(u"northgate"_s).isEmpty());
+    QCOMPARE(preferences.notifySince(u"acme"_s), u"2026-11-21T09:30:00Z"_s);
+    QCOMPARE(preferences.failedAccounts(u"acme"_s), QStringList{u"mb1"_s});
     QCOMPARE(preferences.windowGeometry(), QRect(-20, 10, 1280, 800));
     QCOMPARE(preferences.tableLayout(u"campaigns"_s), QByteArray(R"({"order":["a, b","c=d"]})"));
     QVERIFY2(!contents(path).contains("orv-table-leads"), "a table as it was made leaves nothing behind");
-    QVERIFY(contents(path).contains("orv-sidebar-rail=true"));
+    for (const char* key : {"orv-sidebar-rail=true", "orv-leads-filters-rail=true", "orv-leads-columns=",
+                            "positiveReplies=off", "accountErrors=on", "orv-notify-since-acme="})
+      QVERIFY2(contents(path).contains(key), key);
   }
 
   void secretsAreRedacted_data() {

@@ -67,6 +67,14 @@ class MemoryPreferences final : public Preferences {
   QRect geometry;
   bool maximized = false;
   QString name;
+  bool foldedFilters = false;
+  QMap<QString, QStringList> columns;
+  int leadsWidth = 0;
+  bool tellsOfReplies = true;
+  bool tellsOfAccounts = true;
+  /// By workspace.
+  QMap<QString, QString> toldUntil;
+  QMap<QString, QStringList> toldFailures;
 
   bool sidebarRail() const override { return rail; }
   void setSidebarRail(bool value) override { rail = value; }
@@ -74,8 +82,22 @@ class MemoryPreferences final : public Preferences {
   void setRecentCommands(const QStringList& ids) override { recent = ids; }
   QString theme() const override { return chosenTheme; }
   void setTheme(const QString& theme) override { chosenTheme = theme; }
+  bool leadFiltersFolded() const override { return foldedFilters; }
+  void setLeadFiltersFolded(bool value) override { foldedFilters = value; }
+  QMap<QString, QStringList> leadColumns() const override { return columns; }
+  void setLeadColumns(const QMap<QString, QStringList>& value) override { columns = value; }
   QString signedInName() const override { return name; }
   void setSignedInName(const QString& value) override { name = value; }
+  int inboxLeadsWidth() const override { return leadsWidth; }
+  void setInboxLeadsWidth(int width) override { leadsWidth = width; }
+  bool positiveReplies() const override { return tellsOfReplies; }
+  void setPositiveReplies(bool on) override { tellsOfReplies = on; }
+  bool accountErrors() const override { return tellsOfAccounts; }
+  void setAccountErrors(bool on) override { tellsOfAccounts = on; }
+  QString notifySince(const QString& workspace) const override { return toldUntil.value(workspace); }
+  void setNotifySince(const QString& workspace, const QString& time) override { toldUntil[workspace] = time; }
+  QStringList failedAccounts(const QString& workspace) const override { return toldFailures.value(workspace); }
+  void setFailedAccounts(const QString& workspace, const QStringList& ids) override { toldFailures[workspace] = ids; }
   QRect windowGeometry() const override { return geometry; }
   void setWindowGeometry(const QRect& value) override { geometry = value; }
   bool windowMaximized() const override { return maximized; }
