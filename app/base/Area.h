@@ -52,6 +52,8 @@ struct AreaPage {
     bool needsRoom = false;
   };
   std::optional<Item> item = {};
+  /// The sidebar folds to leave the page itself room.
+  bool needsRoom = false;
 };
 
 /// All that the shell knows of an area.

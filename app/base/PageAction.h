@@ -53,7 +53,9 @@ struct PagePlace {
   QString tab{};
   /// A search, a filter: whatever the page finds its way back by.
   QString value{};
-  bool operator==(const PagePlace&) const = default;
+  /// The value was chosen at once and not typed letter by letter: a step of its own, however soon after the last.
+  bool chosen = false;
+  bool operator==(const PagePlace& other) const { return tab == other.tab && value == other.value; }
 };
 
 }  // namespace orv

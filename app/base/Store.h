@@ -50,6 +50,8 @@ class Store : public QObject {
   virtual void goTo(const PagePlace&) {}
   /// Somebody asked for the page itself: it shows what it begins with.
   virtual void begin() {}
+  /// The page is to show this record in itself. What it shows by itself it tells WorkspaceContext::showing().
+  virtual void showRecord(const QString& /*id*/) {}
 
   /// Under memory pressure: lets go of what can be loaded again and is not on the screen.
   virtual void trim() {}

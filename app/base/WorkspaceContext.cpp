@@ -26,6 +26,10 @@ void WorkspaceContext::openItem(Page page, const QString& id) {
   m_services.navigator.openItem(page, id);
 }
 
+void WorkspaceContext::showing(Page page, const QString& id) {
+  if (m_services.navigator.workspace() == m_workspace.slug) m_services.navigator.showing(page, id);
+}
+
 QString WorkspaceContext::openedItem(Page page) const {
   return m_services.navigator.workspace() == m_workspace.slug ? m_services.navigator.openedItem(page) : QString();
 }
@@ -34,15 +38,15 @@ void WorkspaceContext::cameOnline() {
   if (std::exchange(m_isOffline, false)) Q_EMIT reachable();
 }
 
-void WorkspaceContext::close() {
-  m_api.close();
-  m_work.cancel();
-}
 void WorkspaceContext::setUnread(qint64 count) {
   if (m_unread == count) return;
   m_unread = count;
   Q_EMIT unreadChanged();
 }
 
+void WorkspaceContext::close() {
+  m_api.close();
+  m_work.cancel();
+}
 
 }  // namespace orv

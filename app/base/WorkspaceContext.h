@@ -42,6 +42,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   /// Leads somewhere in this workspace, and into it first when another one is open.
   void open(Page page);
   void openItem(Page page, const QString& id);
+  /// A page says which of its records it shows in itself; empty for none.
+  void showing(Page page, const QString& id);
   /// The record that the page shows; empty when it shows none, is not open, or another workspace is.
   QString openedItem(Page page) const;
 
@@ -53,18 +55,18 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   /// One was answered, or somebody has reason to think that the next one will be.
   void cameOnline();
 
-  void close();
-
   /// Unread conversations, as the service said last or somebody's action left them; nothing while nobody knows.
   std::optional<qint64> unread() const { return m_unread; }
   void setUnread(qint64 count);
 
+  void close();
+
  Q_SIGNALS:
-  void workspaceChanged();
-  /// There is a connection again: what could not be read can be tried anew.
   void unreadChanged();
   /// The service has newer mail than what was last read.
   void mailCame();
+  void workspaceChanged();
+  /// There is a connection again: what could not be read can be tried anew.
   void reachable();
 
  private:
@@ -75,8 +77,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   RecordTurns m_turns;
   BusySet m_unsaved;
   bool m_isOffline = false;
+  std::optional<qint64> m_unread;
   TaskScope m_work;
 };
-  std::optional<qint64> m_unread;
 
 }  // namespace orv

@@ -23,9 +23,10 @@ void OpenPage::setSession(WorkspaceSession* session) {
 void OpenPage::follow() {
   Shown shown{m_session, m_router.page(), m_router.openedItem(m_router.page()), m_router.offFeature(), {}};
   const AreaPage* page = areaPage(shown.page);
-  if (page && !page->item) shown.item.clear();
+  const QString within = page && !page->item ? std::exchange(shown.item, {}) : QString();
   if (page) shown.view = shown.item.isEmpty() ? page->view : page->item->view;
   if (shown != m_shown) show(shown);
+  if (m_store && !within.isEmpty()) m_store->showRecord(within);
 }
 
 void OpenPage::show(const Shown& shown) {
@@ -37,7 +38,8 @@ void OpenPage::show(const Shown& shown) {
   else
     m_store = shown.item.isEmpty() ? shown.session->store(Pages::name(shown.page))
                                    : shown.session->item(shown.page, shown.item);
-  m_needsRoom = isThere && !shown.item.isEmpty() && areaPage(shown.page)->item->needsRoom;
+  const AreaPage* page = areaPage(shown.page);
+  m_needsRoom = isThere && (shown.item.isEmpty() ? page->needsRoom : page->item->needsRoom);
   if (m_store) {
     // What is on the screen stays, however short the memory.
     m_store->appear();

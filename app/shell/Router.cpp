@@ -23,9 +23,26 @@ void Router::openItem(Page page, const QString& id) {
   Q_EMIT changed();
 }
 
+void Router::showing(Page page, const QString& id) {
+  if (page != m_page || m_items.value(page) == id) return;
+  m_items[page] = id;
+  m_places[m_at].item = id;
+  Q_EMIT changed();
+}
+
+void Router::open(Page page, const PagePlace& place) {
+  if (!show(page)) return;
+  m_items.clear();
+  remember(place);
+  Q_EMIT changed();
+  Q_EMIT walked(place);
+}
+
 QString Router::openedItem(Page page) const { return page == m_page ? m_items.value(page) : QString(); }
 
 void Router::openSettings(SettingsTab tab) {
+  // The agent's settings stand where its drafts do.
+  if (tab == SettingsTab::ai) return open(Page::inbox, {.tab = u"agent"_s});
   if (!show(Page::settings)) return;
   m_settingsTab = tab;
   remember({.tab = settingsTabName()});
@@ -48,12 +65,13 @@ void Router::moveTo(const PagePlace& place) {
   const PagePlace last = m_places[m_at].within;
   if (last == place) return;
   const QDateTime now = m_clock.now();
-  const bool typesOn = last.tab == place.tab && m_typedAt.isValid() && m_typedAt.msecsTo(now) < typingRest.count();
+  const bool typed = last.tab == place.tab && !place.chosen;
+  const bool typesOn = typed && m_typedAt.isValid() && m_typedAt.msecsTo(now) < typingRest.count();
   if (typesOn)
     m_places[m_at].within = place;
   else
     remember(place);
-  m_typedAt = last.tab == place.tab ? now : QDateTime();
+  m_typedAt = typed ? now : QDateTime();
   Q_EMIT changed();
 }
 

@@ -68,6 +68,9 @@ class Router final : public QObject, public Navigator {
 
   void open(Page page) override;
   void openItem(Page page, const QString& id) override;
+  void showing(Page page, const QString& id) override;
+  /// Opens the page where the place says.
+  void open(Page page, const PagePlace& place);
   QString openedItem(Page page) const override;
   QString workspace() const override { return m_workspace; }
   void openWorkspace(const QString& slug) override {

@@ -146,6 +146,9 @@ class FakeNavigator final : public Navigator {
     page = opened;
     item = id;
   }
+  void showing(Page shown, const QString& id) override {
+    if (shown == page) item = id;
+  }
   QString openedItem(Page asked) const override { return asked == page ? item : QString(); }
   QString slug = QStringLiteral("acme");
   QString workspace() const override { return slug; }

@@ -4,11 +4,11 @@
 
 namespace orv {
 
-/// The person's web browser.
+/// The person's web browser and mail program.
 class Browser {
  public:
   virtual ~Browser() = default;
-  /// False when nothing could be opened. Only http and https are.
+  /// False when nothing could be opened. Only http, https and mailto are.
   virtual bool open(const QUrl& url) = 0;
 };
 
