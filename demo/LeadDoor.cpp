@@ -8,6 +8,7 @@
 #include "kit/models/campaigns/campaignFeed.h"
 #include "kit/models/campaigns/leadChanges.h"
 #include "kit/models/campaigns/leadStatus.h"
+#include "kit/models/leads/leadIds.h"
 
 using namespace Qt::Literals::StringLiterals;
 

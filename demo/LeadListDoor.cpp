@@ -1,5 +1,6 @@
 #include "demo/Routes.h"
-#include "kit/models/leads.h"
+#include "kit/models/leads/leadList.h"
+#include "kit/models/leads/ownLeads.h"
 
 using namespace Qt::Literals::StringLiterals;
 

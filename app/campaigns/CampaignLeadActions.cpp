@@ -6,6 +6,7 @@
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/leads/leadIds.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -134,8 +134,8 @@ const Coder& coderOf() {
   }
 }
 
-template <class Record, class Member>
-Field fieldOf(const Record& record, const char* name, Member Record::*member) {
+template <class Record, class Base, class Member>
+Field fieldOf(const Record& record, const char* name, Member Base::*member) {
   const auto* at = reinterpret_cast<const char*>(&(record.*member));
   return {name, size_t(at - reinterpret_cast<const char*>(&record)), coderOf<Member>()};
 }
@@ -152,7 +152,8 @@ RecordCoder tableOf(List<Description...>*) {
 
 template <class Record>
 const RecordCoder& recordCoder() {
-  using Members = boost::describe::describe_members<Record, boost::describe::mod_public>;
+  using Members =
+      boost::describe::describe_members<Record, boost::describe::mod_public | boost::describe::mod_inherited>;
   static const RecordCoder coder = tableOf<Record>(static_cast<Members*>(nullptr));
   return coder;
 }

@@ -10,7 +10,11 @@
 #include "kit/models/campaigns/leadChanges.h"
 #include "kit/models/campaigns/leadStatus.h"
 #include "kit/models/campaigns/sentMessage.h"
-#include "kit/models/leads.h"
+#include "kit/models/leads/leadIds.h"
+#include "kit/models/leads/leadList.h"
+#include "kit/models/leads/leadListRequests.h"
+#include "kit/models/leads/leadRequests.h"
+#include "kit/models/leads/ownLeads.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -262,8 +266,8 @@ class DemoLeadsTest : public QObject {
     QVERIFY(f->ask(Requests::leadLists(true)).items.isEmpty());
     const auto all = f->ask(Requests::ownLeads({})).ids;
     QCOMPARE(all.size(), list.leadCount);
-    QCOMPARE(f->ask(Requests::ownLeads({{}, 3})).ids, all.first(3));
-    QCOMPARE(f->ask(Requests::ownLeads({{{all[4], u"l_none"_s}}, {}})).ids, QStringList{all[4]});
+    QCOMPARE(f->ask(Requests::ownLeads({.limit = 3})).ids, all.first(3));
+    QCOMPARE(f->ask(Requests::ownLeads({.leadIds = QList{all[4], u"l_none"_s}})).ids, QStringList{all[4]});
 
     const auto before = f->leads(id).size();
     const AddLeadsBody body{AddLeadsBody::Leads{all.first(3), true}};

@@ -41,7 +41,18 @@
 #include "kit/models/inbox/threadDetail.h"
 #include "kit/models/inbox/threadFilter.h"
 #include "kit/models/labels.h"
-#include "kit/models/leads.h"
+#include "kit/models/leads/facets.h"
+#include "kit/models/leads/leadExport.h"
+#include "kit/models/leads/leadIds.h"
+#include "kit/models/leads/leadImport.h"
+#include "kit/models/leads/leadListRequests.h"
+#include "kit/models/leads/leadRecord.h"
+#include "kit/models/leads/leadRequests.h"
+#include "kit/models/leads/leadSearch.h"
+#include "kit/models/leads/listAdding.h"
+#include "kit/models/leads/ownLeads.h"
+#include "kit/models/leads/savedSearch.h"
+#include "kit/models/leads/unlocks.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
 #include "kit/models/mailboxes/mailboxBulk.h"
 #include "kit/models/mailboxes/mailboxHistory.h"
@@ -107,17 +118,6 @@ MailboxConnectionIn::SmtpImap smtpLogin() {
   return {u"ana"_s, u" p\"ß "_s, {u"smtp.a.example"_s, 587, false}, {u"imap.a.example"_s, 993, true}, {}, {}};
 }
 
-QList<RoadmapStage> roadmap() { return {{u"warmup"_s, u"Warm-up only"_s, 14, {5, 18}, {0, 0}}}; }
-
-/// The calls behind the cases of the fixture.
-const std::map<QString, std::function<Built()>>& builders() {
-  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, d1 = u"d1"_s, email = u"a@b.example"_s;
-  static const std::map<QString, std::function<Built()>> all{
-      {u"listCampaigns"_s, [] { return listCampaigns(false); }},
-      {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
-      {u"getCampaign"_s, [] { return getCampaign(u"c/1 x"_s); }},
-      {u"createCampaign"_s, [] { return createCampaign({u"Q3 “Fall”"_s}); }},
-      {u"updateCampaign name"_s, [] { return updateCampaign(c1, {.name = u"New"_s}, 7); }},
 SetterSettings agent() {
   return {u"n"_s,
           {.name = u"s"_s},
@@ -150,6 +150,17 @@ LeadSearch search() {
           u"used"_s};
 }
 
+QList<RoadmapStage> roadmap() { return {{u"warmup"_s, u"Warm-up only"_s, 14, {5, 18}, {0, 0}}}; }
+
+/// The calls behind the cases of the fixture.
+const std::map<QString, std::function<Built()>>& builders() {
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, d1 = u"d1"_s, email = u"a@b.example"_s;
+  static const std::map<QString, std::function<Built()>> all{
+      {u"listCampaigns"_s, [] { return listCampaigns(false); }},
+      {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
+      {u"getCampaign"_s, [] { return getCampaign(u"c/1 x"_s); }},
+      {u"createCampaign"_s, [] { return createCampaign({u"Q3 “Fall”"_s}); }},
+      {u"updateCampaign name"_s, [] { return updateCampaign(c1, {.name = u"New"_s}, 7); }},
       {u"updateCampaign nothing"_s, [] { return updateCampaign(c1, {}, {}); }},
       {u"updateCampaign all"_s, [] { return updateCampaign(c1, wholePatch(), 0); }},
       {u"updateCampaign without limits"_s,
@@ -251,17 +262,6 @@ LeadSearch search() {
       {u"deliverability"_s, [] { return deliverability(); }},
       {u"deliverabilityInbox"_s, [] { return deliverabilityInbox(u"mb/1"_s); }},
       {u"listTags"_s, [] { return listTags(); }},
-      {u"listReplyLabels"_s, [] { return listReplyLabels(); }},
-      {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},
-      {u"previewCampaign"_s, [] { return previewCampaign(c1, {}); }},
-      {u"previewCampaign unsaved"_s,
-       [] {
-         return previewCampaign(c1, {l1, QList<StepIn>{{}}});
-       }},
-      {u"sendTestEmail"_s, [] { return sendTestEmail(c1, {.to = email, .stepPosition = 1}); }},
-      {u"sendTestEmail all"_s,
-       [] {
-         return sendTestEmail(c1, {email, u"m1"_s, l1, 2, u"v1"_s, u"S"_s, u"B"_s});
       {u"listThreads"_s, [] { return listThreads({.query = u" \t "_s, .label = QString(), .mailbox = QString()}); }},
       {u"listThreads all"_s,
        [] {
@@ -314,6 +314,17 @@ LeadSearch search() {
       {u"setterCampaignModes"_s, [] { return setterCampaignModes(); }},
       {u"setSetterMode"_s, [] { return setSetterMode(u"c/1"_s, {words::modeOff}); }},
       {u"setSetterMode to the default"_s, [] { return setSetterMode(c1, {}); }},
+      {u"listReplyLabels"_s, [] { return listReplyLabels(); }},
+      {u"saveSteps"_s, [] { return saveSteps(c1, steps()); }},
+      {u"previewCampaign"_s, [] { return previewCampaign(c1, {}); }},
+      {u"previewCampaign unsaved"_s,
+       [] {
+         return previewCampaign(c1, {l1, QList<StepIn>{{}}});
+       }},
+      {u"sendTestEmail"_s, [] { return sendTestEmail(c1, {.to = email, .stepPosition = 1}); }},
+      {u"sendTestEmail all"_s,
+       [] {
+         return sendTestEmail(c1, {email, u"m1"_s, l1, 2, u"v1"_s, u"S"_s, u"B"_s});
        }},
       {u"testEmailState"_s, [] { return testEmailState(u"t?1"_s); }},
       {u"checkCampaign"_s, [] { return checkCampaign(c1); }},
@@ -380,14 +391,81 @@ LeadSearch search() {
        }},
       {u"leadLists"_s, [] { return leadLists(false); }},
       {u"leadLists archived"_s, [] { return leadLists(true); }},
-      {u"ownLeads"_s,
+      {u"ownLeads"_s, [] { return ownLeads({.leadIds = QList{l1}}); }},
+      {u"ownLeads newest"_s, [] { return ownLeads({.limit = 500}); }},
+      {u"ownLeads of a search"_s, [] { return ownLeads({.filter = filterBody(search()), .limit = 20}); }},
+      {u"searchLeads"_s, [] { return searchLeads({}); }},
+      {u"searchLeads all"_s, [] { return searchLeads(search(), u"a+b/c=="_s); }},
+      {u"searchLeads of a list"_s,
        [] {
-         return ownLeads({{{l1}}, {}});
+         return searchLeads({{{u"list"_s, u"li1"_s}}, u"used"_s}, QString());
        }},
-      {u"ownLeads newest"_s,
+      {u"leadPools"_s, [] { return leadPools(search()); }},
+      {u"leadFacets"_s, [] { return leadFacets(u"title"_s, u"all"_s); }},
+      {u"leadFacets typed"_s, [] { return leadFacets(u"niche"_s, u"linkedin"_s, u"in &"_s); }},
+      {u"leadTotals"_s, [] { return leadTotals(); }},
+      {u"getLead"_s, [] { return getLead(u"l/1 x"_s); }},
+      {u"savedSearches"_s, [] { return savedSearches(false); }},
+      {u"savedSearches archived"_s, [] { return savedSearches(true); }},
+      {u"saveSearch"_s,
        [] {
-         return ownLeads({{}, 500});
+         return saveSearch({u"US “owners”"_s, {{u"title"_s, u"owner, founder"_s}}});
        }},
+      {u"deleteSavedSearch"_s, [] { return deleteSavedSearch(u"s/1"_s, false); }},
+      {u"deleteSavedSearch for good"_s, [] { return deleteSavedSearch(u"s1"_s, true); }},
+      {u"restoreSavedSearch"_s, [] { return restoreSavedSearch(u"s1"_s); }},
+      {u"unlockUsage"_s, [] { return unlockUsage(); }},
+      {u"unlockLeads"_s,
+       [] {
+         return unlockLeads({.leadIds = QList{l1, u"l2"_s}});
+       }},
+      {u"unlockLeads of a search"_s, [] { return unlockLeads({.filter = filterBody(search()), .limit = 20}); }},
+      {u"createLeadList"_s, [] { return createLeadList({.name = u"Fair"_s, .description = u""_s}); }},
+      {u"createLeadList filled"_s,
+       [] {
+         return createLeadList({.name = u"Fair"_s,
+                                .filter = filterBody({{{u"qin"_s, u"title"_s}}, {}}),
+                                .limit = 100000,
+                                .exact = false,
+                                .skipInLists = true,
+                                .skipInCampaigns = true});
+       }},
+      {u"updateLeadList"_s, [] { return updateLeadList(u"li/1"_s, {.name = u"Fair"_s}); }},
+      {u"updateLeadList all"_s,
+       [] {
+         return updateLeadList(u"li1"_s, {u"Fair"_s, u""_s});
+       }},
+      {u"deleteLeadList"_s, [] { return deleteLeadList(u"li1"_s, false); }},
+      {u"deleteLeadList for good"_s, [] { return deleteLeadList(u"li1"_s, true); }},
+      {u"restoreLeadList"_s, [] { return restoreLeadList(u"li1"_s); }},
+      {u"addToLeadList"_s,
+       [] {
+         return addToLeadList(u"li1"_s, {.leadIds = QList{l1, u"l2"_s}});
+       }},
+      {u"removeFromLeadList"_s,
+       [] {
+         return removeFromLeadList(u"li1"_s, {{l1, u"l2"_s}});
+       }},
+      {u"exportLeadList"_s, [] { return exportLeadList(u"li/1"_s); }},
+      {u"exportLeadList newest"_s, [] { return exportLeadList(u"li1"_s, 50); }},
+      {u"exportTickedLeads"_s,
+       [] {
+         return exportTickedLeads({u"li1"_s, {l1}});
+       }},
+      {u"leadImports"_s, [] { return leadImports(); }},
+      {u"startCsvImport"_s,
+       [] {
+         return startCsvImport({u"a.csv"_s, u"email\na@b.example\n"_s, {u"email"_s}, {}, {}});
+       }},
+      {u"startCsvImport into a list"_s,
+       [] {
+         return startCsvImport({u"a.csv"_s, u"Email;x\n"_s, {u"email"_s, u"extra"_s}, u"li1"_s, {}});
+       }},
+      {u"startCsvImport into a new list"_s,
+       [] {
+         return startCsvImport({u"a.csv"_s, {}, {u"email"_s}, {}, u"Fair"_s});
+       }},
+      {u"cancelLeadImport"_s, [] { return cancelLeadImport(u"i/1"_s); }},
       {u"campaignActivity"_s, [] { return campaignActivity(c1, 30, {}); }},
       {u"campaignActivity further"_s, [] { return campaignActivity(c1, 30, u"n"_s); }},
       {u"campaignMessages"_s, [] { return campaignMessages(c1); }},

@@ -24,7 +24,14 @@
 #include "kit/models/inbox/setterTraining.h"
 #include "kit/models/inbox/threadDetail.h"
 #include "kit/models/labels.h"
-#include "kit/models/leads.h"
+#include "kit/models/leads/facets.h"
+#include "kit/models/leads/leadCounts.h"
+#include "kit/models/leads/leadImport.h"
+#include "kit/models/leads/leadRecord.h"
+#include "kit/models/leads/listAdding.h"
+#include "kit/models/leads/ownLeads.h"
+#include "kit/models/leads/savedSearch.h"
+#include "kit/models/leads/unlocks.h"
 #include "kit/models/mailboxes/googleWorkspace.h"
 #include "kit/models/mailboxes/mailboxBulk.h"
 #include "kit/models/mailboxes/mailboxHealth.h"
@@ -42,12 +49,14 @@ namespace orv::test {
 /// Every record that an answer of the service may be.
 using AnswerRecords = boost::mp11::mp_list<
     CampaignList, Campaign, PreviewResponse, TestEmail, SubsequenceList, SpintaxOut, LeadPage, LeadDetail, FeedPage,
-    MessagePage, AddLeadsResult, LeadListPage, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary,
-    AnalyticsOverview, WarmupHealth, Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult,
-    MailboxHealth, GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList,
-    RampupDetail, WarmupStats, RampupBulkResult, TemplatePage, RoadmapTemplate, DeliverabilityReport,
-    DeliverabilityInboxDetail, ThreadPage, InboxThread, ThreadDetail, ReplyAccepted, Draft, ReviewDraftPage,
-    DraftVersions, DraftTraining, SetterSettings, SetterTraining, SetterLessons, SetterCampaignModes, TagList,
-    ReplyLabelList, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
+    MessagePage, AddLeadsResult, LeadListPage, LeadSearchPage, LeadPools, LeadTotals, FacetPage, LeadRecord,
+    SavedSearchList, UnlockUsage, UnlockResult, LeadList, ListCreated, ListAddResult, ListRemoved, LeadImportPage,
+    ImportStarted, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary, AnalyticsOverview, WarmupHealth,
+    Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult, MailboxHealth,
+    GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList, RampupDetail, WarmupStats,
+    RampupBulkResult, TemplatePage, RoadmapTemplate, DeliverabilityReport, DeliverabilityInboxDetail, ThreadPage,
+    InboxThread, ThreadDetail, ReplyAccepted, Draft, ReviewDraftPage, DraftVersions, DraftTraining, SetterSettings,
+    SetterTraining, SetterLessons, SetterCampaignModes, TagList, ReplyLabelList, AuthMethods, EmailCheck, EmailStarted,
+    NativeSession, MeResponse, UnreadCounts, Problem>;
 
 }  // namespace orv::test

@@ -5,6 +5,7 @@
 #include "kit/models/campaigns/addLeads.h"
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/leads/leadIds.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -8,7 +8,6 @@ ORV_RECORD_CODERS(BulkLeadsBody)
 ORV_RECORD_CODERS(BulkResult)
 ORV_RECORD_CODERS(MoveLeadsBody)
 ORV_RECORD_CODERS(MoveResult)
-ORV_RECORD_CODERS(LeadIdsBody)
 ORV_RECORD_CODERS(RestoredResult)
 
 }  // namespace orv

@@ -34,12 +34,6 @@ struct MoveResult {
 };
 BOOST_DESCRIBE_STRUCT(MoveResult, (), (moved, skipped))
 
-struct LeadIdsBody {
-  QList<QString> leadIds;
-  bool operator==(const LeadIdsBody&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(LeadIdsBody, (), (leadIds))
-
 struct RestoredResult {
   qint64 restored = 0;
   bool operator==(const RestoredResult&) const = default;

@@ -5,12 +5,12 @@
 #include <boost/describe/class.hpp>
 #include <optional>
 
-#include "kit/api/APIRequest.h"
-
 namespace orv {
 
 /// A named set of leads that campaigns are filled from.
 struct LeadList {
+  using Record = LeadList;
+
   QString id;
   /// The workspace's running number of the list.
   std::optional<qint64> number;
@@ -32,25 +32,12 @@ struct LeadListPage {
 };
 BOOST_DESCRIBE_STRUCT(LeadListPage, (), (items))
 
-/// Which of the workspace's own leads are meant: these, or the newest up to a limit.
-struct OwnLeadsBody {
-  std::optional<QList<QString>> leadIds;
-  std::optional<qint64> limit;
-  bool operator==(const OwnLeadsBody&) const = default;
+/// Carries only what is set.
+struct ListPatch {
+  std::optional<QString> name;
+  std::optional<QString> description;
+  bool operator==(const ListPatch&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(OwnLeadsBody, (), (leadIds, limit))
+BOOST_DESCRIBE_STRUCT(ListPatch, (), (name, description))
 
-struct OwnLeads {
-  QList<QString> ids;
-  bool operator==(const OwnLeads&) const = default;
-};
-BOOST_DESCRIBE_STRUCT(OwnLeads, (), (ids))
-
-namespace Requests {
-
-Request<LeadListPage> leadLists(bool archived);
-/// Asks for the ids of leads that the workspace has already; changes nothing, though it is a POST.
-Request<OwnLeads> ownLeads(const OwnLeadsBody& body);
-
-}  // namespace Requests
 }  // namespace orv
