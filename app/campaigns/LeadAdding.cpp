@@ -99,10 +99,7 @@ void LeadAdding::setAllowOtherCampaigns(bool allowed) {
 }
 
 void LeadAdding::show(const QString& way) {
-  if (m_form.busy()) {
-    m_job->attend(this);
-    return m_form.reopen();
-  }
+  if (m_form.showRunning()) return;
   m_way = way;
   startAnew();
   if (way == "list"_L1) m_lists.load();
@@ -120,10 +117,7 @@ void LeadAdding::startAnew() {
 }
 
 void LeadAdding::formChanged() {
-  if (!m_form.shown()) {
-    if (m_job) m_job->attend(nullptr);
-    m_lists.cancel();
-  }
+  if (!m_form.shown()) m_lists.cancel();
   Q_EMIT changed();
 }
 
@@ -143,15 +137,10 @@ void LeadAdding::submit() {
   if (!canSubmit()) return;
   if (m_way == "manual"_L1 && !isEmailAddress(m_draft.typed().email.trimmed()))
     return m_draft.setProblems({{u"email"_s, u"Enter a valid email address."_s}});
-  m_submission.emplace(&m_form);
-  Jobs& jobs = services().jobs;
-  m_job = jobs.start({.name = jobName(),
-                      .stopped = u"Stopped. Leads that were taken by then are in the campaign."_s,
-                      .attendant = this},
-                     context().shared_from_this(), [batch = batch()](Job& job) { return addLeads(&job, batch); });
-  connect(m_job, &Job::changed, this, &LeadAdding::changed);
-  connect(m_job, &Job::ended, this, &LeadAdding::jobEnded);
-  if (!m_job->running()) jobEnded();
+  m_form.run(
+      context(), jobName(), u"Stopped. Leads that were taken by then are in the campaign."_s,
+      [batch = batch()](Job& job) { return addLeads(&job, batch); },
+      [this](Job& job, bool isShown) { ended(job, isShown); });
 }
 
 LeadBatch LeadAdding::batch() const {
@@ -178,20 +167,10 @@ QString LeadAdding::jobName() const {
   return u"Adding "_s + whom + (campaign ? u" to "_s + campaign->name : QString());
 }
 
-void LeadAdding::jobEnded() {
-  if (!m_submission) return;
-  if (m_job->outcome().kind == JobOutcome::Kind::done) {
-    m_draft.discard();
-    if (m_submission->isShown()) services().jobs.show(m_job);
-    m_submission->succeed();
-  } else {
-    m_submission->fail(m_job->text());
-  }
-  m_submission.reset();
-}
-
-void LeadAdding::stop() {
-  if (m_form.busy()) m_job->stop();
+void LeadAdding::ended(Job& job, bool isShown) {
+  if (job.failed()) return;
+  m_draft.discard();
+  if (isShown) services().jobs.show(&job);
 }
 
 void LeadAdding::dismiss() {
@@ -200,8 +179,7 @@ void LeadAdding::dismiss() {
 }
 
 void LeadAdding::close() {
-  m_form.cancel();
-  m_submission.reset();
+  m_form.letGo();
   m_file.clear();
   Store::close();
 }

@@ -4,7 +4,7 @@
 #include "app/base/CsvColumns.h"
 #include "app/base/CsvPick.h"
 #include "app/base/Draft.h"
-#include "app/base/Form.h"
+#include "app/base/JobForm.h"
 #include "app/base/Recovery.h"
 #include "app/base/Store.h"
 #include "app/campaigns/CampaignContext.h"
@@ -30,7 +30,7 @@ BOOST_DESCRIBE_STRUCT(LeadByHand, (), (email, firstName, lastName, company, titl
 /// The adding itself is a job of the workspace, which the dialog shows while it is there and hands over when it goes.
 class LeadAdding final : public Store {
   Q_OBJECT
-  Q_PROPERTY(orv::Form* form READ form CONSTANT)
+  Q_PROPERTY(orv::JobForm* form READ form CONSTANT)
   Q_PROPERTY(QString way READ way NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString submitLabel READ submitLabel NOTIFY changed)
@@ -49,15 +49,13 @@ class LeadAdding final : public Store {
   Q_PROPERTY(QString ownLimit READ ownLimit WRITE setOwnLimit NOTIFY changed)
   Q_PROPERTY(QString ownLimitError READ ownLimitError NOTIFY changed)
   Q_PROPERTY(bool allowOtherCampaigns READ allowOtherCampaigns WRITE setAllowOtherCampaigns NOTIFY changed)
-  Q_PROPERTY(QString progressText READ progressText NOTIFY changed)
-  Q_PROPERTY(double progress READ progress NOTIFY changed)
 
  public:
   /// `added` is called when leads may have come into the campaign.
   LeadAdding(CampaignContext& context, std::function<void()> added);
 
   /// Busy until the leads are added, shown or not.
-  Form* form() { return &m_form; }
+  JobForm* form() { return &m_form; }
   /// "manual", "list", "csv" or "leads".
   const QString& way() const { return m_way; }
   QString title() const;
@@ -94,10 +92,6 @@ class LeadAdding final : public Store {
   bool allowOtherCampaigns() const { return m_allowOthers; }
   void setAllowOtherCampaigns(bool allowed);
 
-  QString progressText() const { return m_job ? m_job->stage() : QString(); }
-  /// From 0 to 1; below 0 while nobody can say.
-  double progress() const { return m_job ? m_job->progress() : -1; }
-
   /// Opens the dialog, or shows the one whose work goes on.
   Q_INVOKABLE void show(const QString& way);
   Q_INVOKABLE void chooseFile() { m_file.choose(); }
@@ -105,8 +99,6 @@ class LeadAdding final : public Store {
   void setFile(const QString& path);
   Q_INVOKABLE void dropFile(const QUrl& url) { setFile(url.toLocalFile()); }
   Q_INVOKABLE void submit();
-  /// Stops what is under way; what the service has taken by then stays.
-  Q_INVOKABLE void stop();
   /// Closes the dialog. Work under way goes on; what was only filled in is given up.
   Q_INVOKABLE void dismiss();
   Q_INVOKABLE void retryLists() { m_lists.load(); }
@@ -122,7 +114,7 @@ class LeadAdding final : public Store {
   void looked();
   LeadBatch batch() const;
   QString jobName() const;
-  void jobEnded();
+  void ended(Job& job, bool isShown);
   void startAnew();
   void formChanged();
   std::optional<qint64> ownCount() const;
@@ -130,10 +122,7 @@ class LeadAdding final : public Store {
   CampaignContext& m_context;
   std::function<void()> m_added;
   Resource<LeadListPage> m_lists;
-  QPointer<Job> m_job;
-  Form m_form;
-  /// While the job runs.
-  std::optional<Form::Submission> m_submission;
+  JobForm m_form;
   QString m_way;
   QString m_dedupe;
   DraftOf<LeadByHand> m_draft;

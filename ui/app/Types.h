@@ -4,6 +4,7 @@
 
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
+#include "app/base/JobForm.h"
 #include "app/base/Jobs.h"
 #include "app/base/ListModel.h"
 #include "app/base/NameForm.h"
@@ -37,6 +38,13 @@ struct JobType {
   Q_GADGET
   QML_FOREIGN(orv::Job)
   QML_NAMED_ELEMENT(Job)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct JobFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::JobForm)
+  QML_NAMED_ELEMENT(JobForm)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -77,10 +77,10 @@ OnDemand {
             onChosen: key => root.adding.dedupe = key
         }
 
-        AddingProgress {
+        JobProgress {
             width: parent.width
             visible: root.adding.form.busy
-            adding: root.adding
+            form: root.adding.form
         }
     }
 }

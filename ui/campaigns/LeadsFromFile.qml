@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
+import Orvella.App
 import Orvella.Campaigns
 
 /// Picks a CSV file, by panel or by dropping it, and shows how its beginning reads.
@@ -11,45 +12,13 @@ Column {
 
     spacing: 12
 
-    Rectangle {
+    FileBox {
         width: parent.width
-        height: 64
-        radius: Theme.radiusControl
-        color: drop.containsDrag ? Theme.selected : Theme.sunken
-        border { width: 1; color: drop.containsDrag ? Theme.focus : Theme.border }
-
-        DropArea {
-            id: drop
-            anchors.fill: parent
-            enabled: root.enabled
-            onDropped: event => {
-                if (event.hasUrls)
-                    root.adding.dropFile(event.urls[0]);
-            }
-        }
-
-        Text {
-            x: 16
-            width: choose.x - x - 12
-            height: parent.height
-            verticalAlignment: Text.AlignVCenter
-            elide: Text.ElideMiddle
-            textFormat: Text.PlainText
-            text: root.adding.fileName === "" ? "Drop a CSV file here"
-                : root.adding.fileName + (root.adding.fileFacts === "" ? "" : " · " + root.adding.fileFacts)
-            font: Theme.body
-            color: root.adding.fileName === "" ? Theme.text2 : Theme.text
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-        }
-
-        OrvButton {
-            id: choose
-            anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
-            text: root.adding.fileName === "" ? "Choose file" : "Choose another"
-            busy: root.adding.fileLooking
-            onClicked: root.adding.chooseFile()
-        }
+        name: root.adding.fileName
+        facts: root.adding.fileFacts
+        looking: root.adding.fileLooking
+        onChooseRequested: root.adding.chooseFile()
+        onDropped: file => root.adding.dropFile(file)
     }
 
     OrvNotice {

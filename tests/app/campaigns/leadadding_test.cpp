@@ -140,7 +140,7 @@ class LeadAddingTest : public QObject {
     QVERIFY(body().value("allowOtherCampaigns"_L1).toBool());
     f->api.expect(add);
     f->api.answer(add, addResult(990));
-    QCOMPARE(adding->progress(), 0.4);
+    QCOMPARE(adding->form()->progress(), 0.4);
     adding->dismiss();
     QVERIFY2(adding->form()->busy(), "it goes on while hidden");
     f->api.expect(add);
@@ -187,10 +187,10 @@ class LeadAddingTest : public QObject {
     QTRY_VERIFY(f->api.isWaiting(add));
     QTEST(body().value("csv"_L1).toString(), "text");
     QCOMPARE(body().value("fileName"_L1).toString(), u"people.CSV"_s);
-    QCOMPARE(adding->progress(), 0.0);
+    QCOMPARE(adding->form()->progress(), 0.0);
     const APIRequest& request = f->api.last().request;
     *request.sent = request.body->size() / 2;
-    QVERIFY(qAbs(adding->progress() - 0.5) < 0.05);
+    QVERIFY(qAbs(adding->form()->progress() - 0.5) < 0.05);
     f->api.answer(add, addResult(1));
   }
 
@@ -335,7 +335,7 @@ class LeadAddingTest : public QObject {
     // Stopped while it is read, it is never sent.
     adding->submit();
     QVERIFY(adding->form()->busy());
-    adding->stop();
+    adding->form()->stop();
     QVERIFY(!adding->form()->busy() && adding->canSubmit());
     QCOMPARE(life->added, 1);
   }

@@ -82,7 +82,7 @@ const std::map<QString, QStringList> sendNothing{
     {u"LeadMove"_s, {u"cancel"_s, u"query"_s, u"target"_s}},
     {u"LeadPanel"_s, {u"fieldText"_s, u"setField"_s, u"discard"_s, u"dismiss"_s}},
     {u"LeadAdding"_s,
-     {u"chooseFile"_s, u"dropFile"_s, u"stop"_s, u"dismiss"_s, u"dedupe"_s, u"ownLimit"_s, u"allowOtherCampaigns"_s,
+     {u"chooseFile"_s, u"dropFile"_s, u"dismiss"_s, u"dedupe"_s, u"ownLimit"_s, u"allowOtherCampaigns"_s,
       u"listId"_s}},
     {u"SequenceEditor"_s,
      {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,

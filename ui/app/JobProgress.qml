@@ -1,12 +1,12 @@
 import QtQuick
 import Orvella.Design
-import Orvella.Campaigns
+import Orvella.App
 
-/// How far adding leads is, and the way to stop it.
+/// How far the job of a form is, and the way to stop it.
 Item {
     id: root
 
-    required property LeadAdding adding
+    required property JobForm form
 
     implicitHeight: 44
 
@@ -16,7 +16,7 @@ Item {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideMiddle
         textFormat: Text.PlainText
-        text: root.adding.progressText
+        text: root.form.progressText
         font: Theme.body
         color: Theme.text2
         Accessible.role: Accessible.StaticText
@@ -27,13 +27,13 @@ Item {
         id: stop
         anchors.right: parent.right
         text: "Stop"
-        onClicked: root.adding.stop()
+        onClicked: root.form.stop()
     }
 
     OrvProgress {
-        visible: root.adding.progress >= 0
+        visible: root.form.progress >= 0
         y: 38
         width: parent.width
-        value: root.adding.progress
+        value: root.form.progress
     }
 }
