@@ -7,5 +7,6 @@ set(ORVELLA_AREAS
   Analytics
   Campaigns
   Deliverability
+  Leads
   Rampup
 )
