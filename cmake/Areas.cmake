@@ -7,6 +7,7 @@ set(ORVELLA_AREAS
   Analytics
   Campaigns
   Deliverability
+  Inbox
   Leads
   Rampup
 )
