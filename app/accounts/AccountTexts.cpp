@@ -43,12 +43,4 @@ QStringList normalisedTags(const QStringList& tags) {
 
 QString tooManyTags() { return QString::number(mostTags) + u" tags is the most"_s; }
 
-QString momentText(const std::optional<QString>& instant, const QDateTime& now) {
-  const auto when = parsePlatformDate(instant);
-  if (!when) return {};
-  const QDateTime local = when->toLocalTime();
-  if (local.date() != now.toLocalTime().date()) return Format::moment(local);
-  return u"today, "_s + QLocale().toString(local.time(), u"HH:mm"_s);
-}
-
 }  // namespace orv

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/base/Actions.h"
+#include "app/base/momentText.h"
 #include "kit/models/mailboxes/mailbox.h"
 
 namespace orv {
@@ -32,8 +33,5 @@ QString tooManyTags();
 
 /// What a tracking host may look like.
 inline constexpr QLatin1String exampleHost("track.example.com");
-
-/// "today, 09:12", else "13 Nov, 09:12"; empty for no instant.
-QString momentText(const std::optional<QString>& instant, const QDateTime& now);
 
 }  // namespace orv
