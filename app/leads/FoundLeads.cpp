@@ -22,7 +22,7 @@ FoundLeadFacts::FoundLeadFacts(const Lead& lead) : name(LeadWords::name(lead)), 
 const FoundLeadsModel::Cells& FoundLeadsModel::cells() {
   static const Cells cells{
       {"name", [](auto&, auto& row) -> QVariant { return row.prepared().name; }},
-      {"title", [](auto&, auto& row) -> QVariant { return row.record().title.value_or(QString()); }},
+      {"titleText", [](auto&, auto& row) -> QVariant { return row.record().title.value_or(QString()); }},
       {"locked", [](auto&, auto& row) -> QVariant { return LeadWords::isLocked(row.record()); }},
       {"emailText", [](auto&, auto& row) -> QVariant { return hidden(row.record(), row.record().email); }},
       {"providerText", [](auto&, auto& row) -> QVariant { return row.record().esp; }},

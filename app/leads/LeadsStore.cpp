@@ -10,8 +10,9 @@ const auto searchTab = u"search"_s, listsTab = u"lists"_s;
 }  // namespace
 
 LeadsStore::LeadsStore(WorkspaceContext& context, LeadActions& actions)
-    : Store(context), m_actions(actions), m_lists(context, *this, actions), m_finder(context, *this, actions) {
+    : Store(context), m_actions(actions), m_lists(context, *this, actions), m_finder(context, *this, actions, m_lists) {
   connect(&m_lists, &LeadLists::changed, this, &LeadsStore::changed);
+  connect(&m_lists, &LeadLists::wanted, this, [this] { setTab(listsTab); });
   for (const Store* part : {static_cast<Store*>(&m_lists), static_cast<Store*>(&m_finder)}) {
     connect(part, &Store::moved, this, &Store::moved);
     connect(part, &Store::foundChanged, this, &Store::foundChanged);
@@ -64,7 +65,7 @@ void LeadsStore::goTo(const PagePlace& place) {
 
 QList<PageAction> LeadsStore::offered(const QString& record) {
   QList<PageAction> actions = m_lists.actions(record);
-  actions += m_finder.actions(record);
+  if (!m_showLists) actions += m_finder.actions(record);
   return record.isEmpty() ? actions + Store::offered(record) : actions;
 }
 
