@@ -13,6 +13,8 @@ class Navigator {
   virtual void open(Page page) = 0;
   /// Opens the page with one of its records: a campaign, a thread, a list.
   virtual void openItem(Page page, const QString& id) = 0;
+  /// Opens the settings at one of their tabs.
+  virtual void openSettings(SettingsTab tab) = 0;
   /// The page, while it is open, shows another of its records in itself; that is no place to come back to of its own.
   virtual void showing(Page page, const QString& id) = 0;
   /// The record that the page shows; empty when it shows none or is not open.

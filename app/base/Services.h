@@ -16,6 +16,7 @@ namespace orv {
 
 class Jobs;
 class Journal;
+class Program;
 
 /// What stores use besides their transport. Everything outlives every store.
 struct Services {
@@ -32,6 +33,7 @@ struct Services {
   Jobs& jobs;
   /// Where links that people share point to.
   QUrl webOrigin;
+  Program& program;
 };
 
 }  // namespace orv

@@ -19,6 +19,8 @@ class Account final {
 
   /// Who they are and where they belong; once at a time.
   void read(const QString& token);
+  /// The same of now: what is under way was asked too early to know it.
+  void readAnew(const QString& token) { m_read.start(readTask(token)); }
   /// The workspace to begin with on another machine.
   void remember(const QString& token, const QString& workspace);
   void cancel();

@@ -36,6 +36,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
       m_appearance(m_platform.preferences),
       m_signIn(m_platform.api, m_platform.clock, m_platform.browser, m_platform.baseURL, m_platform.device),
       m_journal(m_platform.journalFiles ? *m_platform.journalFiles : m_memoryFiles, m_platform.clock),
+      m_program(*this, m_platform),
       m_services{m_platform.clock,
                  m_toasts,
                  m_overlays,
@@ -47,7 +48,8 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_platform.preferences,
                  m_journal,
                  m_jobs,
-                 m_platform.baseURL},
+                 m_platform.baseURL,
+                 m_program},
       m_workspaces(m_sessionApi, m_services),
       m_openPage(m_router),
       m_departure(m_platform.clock, m_overlays, m_jobs,
@@ -184,12 +186,7 @@ void AppModel::tryAgain() {
 void AppModel::applyAccount(const MeResponse& account) {
   m_stored->user = *account.user;
   m_stored->workspaces = account.workspaces;
-  if (account.workspaces.isEmpty()) {
-    m_farewells.start(logOut(m_stored->token));
-    leave(Leaving::sessionEnded);
-    m_signIn.setNotice(noWorkspaceNotice);
-    return;
-  }
+  if (account.workspaces.isEmpty()) return leaveForNoWorkspace();
   m_workspaces.update(account.workspaces);
   const auto open = std::ranges::find(account.workspaces, m_current->slug, &WorkspaceSummary::slug);
   if (open == account.workspaces.end())
@@ -199,6 +196,28 @@ void AppModel::applyAccount(const MeResponse& account) {
   m_workspaces.keepOnly(m_stored->workspaces);
   m_keeper.keep(*m_stored);
   Q_EMIT changed();
+}
+
+void AppModel::rereadAccount() {
+  if (m_stored) m_account.readAnew(m_stored->token);
+}
+
+void AppModel::workspaceDeleted(const QString& slug) {
+  if (!m_stored) return;
+  m_stored->workspaces.removeIf([&slug](const WorkspaceSummary& workspace) { return workspace.slug == slug; });
+  if (m_stored->workspaces.isEmpty()) return leaveForNoWorkspace();
+  // Screens let go of their stores before the stores go.
+  if (m_current && m_current->slug == slug) openWorkspace(m_stored->workspaces.first().slug);
+  m_workspaces.keepOnly(m_stored->workspaces);
+  m_keeper.keep(*m_stored);
+  rereadAccount();
+  Q_EMIT changed();
+}
+
+void AppModel::leaveForNoWorkspace() {
+  m_farewells.start(logOut(m_stored->token));
+  leave(Leaving::sessionEnded);
+  m_signIn.setNotice(noWorkspaceNotice);
 }
 
 void AppModel::leaveWorkspace(WorkspaceSummary lost) {

@@ -14,6 +14,7 @@
 #include "app/shell/Departure.h"
 #include "app/shell/OpenPage.h"
 #include "app/shell/Platform.h"
+#include "app/shell/ProgramModel.h"
 #include "app/shell/Router.h"
 #include "app/shell/SessionKeeper.h"
 #include "app/shell/SignInModel.h"
@@ -41,6 +42,7 @@ class AppModel final : public QObject {
   Q_PROPERTY(orv::Appearance* appearance READ appearance CONSTANT)
   Q_PROPERTY(orv::Jobs* jobs READ jobs CONSTANT)
   Q_PROPERTY(orv::Departure* departure READ departure CONSTANT)
+  Q_PROPERTY(orv::ProgramModel* program READ program CONSTANT)
 
  public:
   enum class Phase { booting, signedOut, signedIn };
@@ -79,6 +81,7 @@ class AppModel final : public QObject {
   Jobs* jobs() { return &m_jobs; }
   Departure* departure() { return &m_departure; }
   Journal& journal() { return m_journal; }
+  ProgramModel* program() { return &m_program; }
 
   Q_INVOKABLE void openWorkspace(const QString& slug);
   /// Saves what is unsaved first, and asks when that does not work.
@@ -87,6 +90,10 @@ class AppModel final : public QObject {
   Q_INVOKABLE bool mayClose() { return m_departure.mayClose(); }
   /// The window became active: workspaces and roles may have changed meanwhile, or the session run out.
   Q_INVOKABLE void refreshAccount();
+  /// The person changed their name, a workspace's, or a role.
+  void rereadAccount();
+  /// The person deleted it: another one opens, or the sign-in says that there is none.
+  void workspaceDeleted(const QString& slug);
   /// A sign-out or a save is under way that the person would miss if the program ended now.
   bool isFinishing() const { return !m_keeper.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
 
@@ -102,6 +109,8 @@ class AppModel final : public QObject {
   void open(const WorkspaceSummary& workspace);
   void openInitialWorkspace();
   void applyAccount(const MeResponse& account);
+  /// They are in no workspace any more.
+  void leaveForNoWorkspace();
   /// The open workspace is none of theirs any more.
   void leaveWorkspace(WorkspaceSummary lost);
   /// What was being typed when the program last ended, and is not on the screen.
@@ -130,6 +139,7 @@ class AppModel final : public QObject {
   MemoryJournalFiles m_memoryFiles;
   Journal m_journal;
   Jobs m_jobs;
+  ProgramModel m_program;
   Services m_services;
 
   Phase m_phase = Phase::booting;

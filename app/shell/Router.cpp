@@ -33,6 +33,7 @@ void Router::showing(Page page, const QString& id) {
 void Router::open(Page page, const PagePlace& place) {
   if (!show(page)) return;
   m_items.clear();
+  followTab(place);
   remember(place);
   Q_EMIT changed();
   Q_EMIT walked(place);
@@ -43,10 +44,7 @@ QString Router::openedItem(Page page) const { return page == m_page ? m_items.va
 void Router::openSettings(SettingsTab tab) {
   // The agent's settings stand where its drafts do.
   if (tab == SettingsTab::ai) return open(Page::inbox, {.tab = u"agent"_s});
-  if (!show(Page::settings)) return;
-  m_settingsTab = tab;
-  remember({.tab = settingsTabName()});
-  Q_EMIT changed();
+  open(Page::settings, {.tab = Pages::name(tab)});
 }
 
 void Router::remember(const PagePlace& within) {
@@ -64,6 +62,7 @@ void Router::remember(const PagePlace& within) {
 void Router::moveTo(const PagePlace& place) {
   const PagePlace last = m_places[m_at].within;
   if (last == place) return;
+  followTab(place);
   const QDateTime now = m_clock.now();
   const bool typed = last.tab == place.tab && !place.chosen;
   const bool typesOn = typed && m_typedAt.isValid() && m_typedAt.msecsTo(now) < typingRest.count();
@@ -76,8 +75,12 @@ void Router::moveTo(const PagePlace& place) {
 }
 
 void Router::amendPlace(const PagePlace& place) {
-  // The settings' tab is the router's own.
-  if (m_page != Page::settings) m_places[m_at].within = place;
+  followTab(place);
+  m_places[m_at].within = place;
+}
+
+void Router::followTab(const PagePlace& place) {
+  if (m_page == Page::settings) m_settingsTab = Pages::tabNamed(place.tab).value_or(m_settingsTab);
 }
 
 void Router::goTo(qsizetype place) {
@@ -89,7 +92,7 @@ void Router::goTo(qsizetype place) {
   if (!show(to.page)) return;
   m_items.clear();
   if (!to.item.isEmpty()) m_items[to.page] = to.item;
-  if (to.page == Page::settings) m_settingsTab = Pages::tabNamed(to.within.tab).value_or(SettingsTab::account);
+  followTab(to.within);
   Q_EMIT changed();
   Q_EMIT walked(to.within);
 }

@@ -68,6 +68,7 @@ class Router final : public QObject, public Navigator {
 
   void open(Page page) override;
   void openItem(Page page, const QString& id) override;
+  void openSettings(SettingsTab tab) override;
   void showing(Page page, const QString& id) override;
   /// Opens the page where the place says.
   void open(Page page, const PagePlace& place);
@@ -82,7 +83,6 @@ class Router final : public QObject, public Navigator {
   /// The same by name; a name that no page has changes nothing.
   Q_INVOKABLE void open(const QString& page);
   Q_INVOKABLE void openCampaign(const QString& id) { openItem(Page::campaigns, id); }
-  void openSettings(SettingsTab tab);
   /// Whether there is a place to go back to, or forward again.
   bool canGoBack() const { return m_at > 0; }
   bool canGoForward() const { return m_at + 1 < m_places.size(); }
@@ -102,6 +102,7 @@ class Router final : public QObject, public Navigator {
   /// Second key of the chord. True when it opened a page.
   Q_INVOKABLE bool finishGo(const QString& key);
 
+  const QSet<QString>& featuresOff() const { return m_featuresOff; }
   /// Page names of the switched-off features of the open workspace.
   void setFeaturesOff(QSet<QString> features);
   /// Forgets the selections of one workspace: an id of one is nothing in the next.
@@ -129,6 +130,8 @@ class Router final : public QObject, public Navigator {
   /// What lay ahead is given up, as everywhere.
   void remember(const PagePlace& within);
   void goTo(qsizetype place);
+  /// Which tab the settings show, where it is they that are open.
+  void followTab(const PagePlace& place);
   bool isOff(Page page) const;
   bool show(Page page);
   Task<void> endGo();

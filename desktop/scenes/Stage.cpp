@@ -122,6 +122,8 @@ class Stage::Desktop final : public Browser,
   void setLeadColumns(const QMap<QString, QStringList>&) override {}
   QString signedInName() const override { return {}; }
   void setSignedInName(const QString&) override {}
+  QString versionTold() const override { return ClientWindow::thisDevice().appVersion; }
+  void setVersionTold(const QString&) override {}
   int inboxLeadsWidth() const override { return 0; }
   void setInboxLeadsWidth(int) override {}
   bool positiveReplies() const override { return true; }

@@ -14,6 +14,7 @@ const auto appearance = u"orv-appearance"_s;
 const auto leadFilters = u"orv-leads-filters-rail"_s;
 const auto leadColumnsKey = u"orv-leads-columns"_s;
 const auto nameKey = u"orv-signed-in-name"_s;
+const auto versionKey = u"orv-version-told"_s;
 const auto inboxLeadsKey = u"orv-inbox-leads-width"_s;
 const auto positiveRepliesKey = u"positiveReplies"_s;
 const auto accountErrorsKey = u"accountErrors"_s;
@@ -51,6 +52,9 @@ void SettingsPreferences::setLeadColumns(const QMap<QString, QStringList>& colum
 
 QString SettingsPreferences::signedInName() const { return m_settings.value(nameKey).toString(); }
 void SettingsPreferences::setSignedInName(const QString& name) { m_settings.setValue(nameKey, name); }
+
+QString SettingsPreferences::versionTold() const { return m_settings.value(versionKey).toString(); }
+void SettingsPreferences::setVersionTold(const QString& version) { m_settings.setValue(versionKey, version); }
 
 int SettingsPreferences::inboxLeadsWidth() const { return m_settings.value(inboxLeadsKey).toInt(); }
 void SettingsPreferences::setInboxLeadsWidth(int width) { m_settings.setValue(inboxLeadsKey, width); }

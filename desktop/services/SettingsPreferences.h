@@ -25,6 +25,8 @@ class SettingsPreferences final : public Preferences {
   void setLeadColumns(const QMap<QString, QStringList>& columns) override;
   QString signedInName() const override;
   void setSignedInName(const QString& name) override;
+  QString versionTold() const override;
+  void setVersionTold(const QString& version) override;
   int inboxLeadsWidth() const override;
   void setInboxLeadsWidth(int width) override;
   bool positiveReplies() const override;

@@ -6,6 +6,7 @@
 
 #include "app/base/Jobs.h"
 #include "app/base/Journal.h"
+#include "app/base/Program.h"
 #include "app/base/WorkspaceContext.h"
 #include "app/base/desktop/MemoryPressure.h"
 #include "kit/async/ManualClock.h"
@@ -69,6 +70,7 @@ class MemoryPreferences final : public Preferences {
   QString name;
   bool foldedFilters = false;
   QMap<QString, QStringList> columns;
+  QString toldVersion;
   int leadsWidth = 0;
   bool tellsOfReplies = true;
   bool tellsOfAccounts = true;
@@ -88,6 +90,8 @@ class MemoryPreferences final : public Preferences {
   void setLeadColumns(const QMap<QString, QStringList>& value) override { columns = value; }
   QString signedInName() const override { return name; }
   void setSignedInName(const QString& value) override { name = value; }
+  QString versionTold() const override { return toldVersion; }
+  void setVersionTold(const QString& version) override { toldVersion = version; }
   int inboxLeadsWidth() const override { return leadsWidth; }
   void setInboxLeadsWidth(int width) override { leadsWidth = width; }
   bool positiveReplies() const override { return tellsOfReplies; }
@@ -146,6 +150,11 @@ class FakeNavigator final : public Navigator {
     page = opened;
     item = id;
   }
+  std::optional<SettingsTab> tab;
+  void openSettings(SettingsTab opened) override {
+    open(Page::settings);
+    tab = opened;
+  }
   void showing(Page shown, const QString& id) override {
     if (shown == page) item = id;
   }
@@ -153,6 +162,29 @@ class FakeNavigator final : public Navigator {
   QString slug = QStringLiteral("acme");
   QString workspace() const override { return slug; }
   void openWorkspace(const QString& opened) override { slug = opened; }
+};
+
+/// Remembers what a page asked of the program.
+class FakeProgram final : public Program {
+ public:
+  QString chosenTheme = QStringLiteral("system");
+  QStringList off, pick;
+  QStringList deleted;
+  int readings = 0, signedOut = 0;
+  QString userName() const override { return QStringLiteral("Ana Lind"); }
+  QString userEmail() const override { return QStringLiteral("ana@acme.example"); }
+  QString userId() const override { return QStringLiteral("u1"); }
+  QString theme() const override { return chosenTheme; }
+  void setTheme(const QString& theme) override { chosenTheme = theme; }
+  QString version() const override { return QStringLiteral("1.2.3"); }
+  QString device() const override { return QStringLiteral("desk"); }
+  QStringList featuresOff() const override { return off; }
+  QStringList migrationPick() const override { return pick; }
+  void signOut() override { ++signedOut; }
+  void showChangelog() override {}
+  void showLog() override {}
+  void rereadAccount() override { ++readings; }
+  void workspaceDeleted(const QString& slug) override { deleted.append(slug); }
 };
 
 /// Everything a store needs, faked.
@@ -169,12 +201,14 @@ struct AppFixture {
   Toasts toasts{clock};
   Overlays overlays;
   FakeNavigator navigator;
+  FakeProgram program;
   MemoryJournalFiles journalFiles;
   Journal journal{journalFiles, clock};
   Jobs jobs;
   Services services{clock,       toasts,    overlays,  navigator,
                     browser,     clipboard, filePanel, revealer,
-                    preferences, journal,   jobs,      QUrl(QStringLiteral("https://app.orvella.example"))};
+                    preferences, journal,   jobs,      QUrl(QStringLiteral("https://app.orvella.example")),
+                    program};
   /// Of the workspace "acme", whose member the person is.
   std::shared_ptr<WorkspaceContext> context = std::make_shared<WorkspaceContext>(
       WorkspaceSummary{

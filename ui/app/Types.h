@@ -10,6 +10,7 @@
 #include "app/base/NameForm.h"
 #include "app/base/Overlays.h"
 #include "app/base/PagedListBase.h"
+#include "app/base/Program.h"
 #include "app/base/Recovery.h"
 #include "app/base/Resource.h"
 #include "app/base/RowSelection.h"
@@ -80,6 +81,13 @@ struct PagedListType {
   Q_GADGET
   QML_FOREIGN(orv::PagedListBase)
   QML_NAMED_ELEMENT(PagedList)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ProgramType {
+  Q_GADGET
+  QML_FOREIGN(orv::Program)
+  QML_NAMED_ELEMENT(Program)
   QML_UNCREATABLE("The application model owns it.")
 };
 

@@ -30,6 +30,9 @@ class Preferences {
   /// Who is signed in, to be greeted at the next start; empty when nobody is.
   virtual QString signedInName() const = 0;
   virtual void setSignedInName(const QString& name) = 0;
+  /// The version whose changes the person was last told of; empty before the first start.
+  virtual QString versionTold() const = 0;
+  virtual void setVersionTold(const QString& version) = 0;
   /// Of the contact beside a thread, in pixels; 0 where nobody has chosen it.
   virtual int inboxLeadsWidth() const = 0;
   virtual void setInboxLeadsWidth(int width) = 0;
