@@ -182,7 +182,7 @@ FocusScope {
                     required property int index
                     readonly property OrvColumn column: root.table.columns[index]
 
-                    visible: column.visible && !column.fixed
+                    visible: root.table.choosable && column.visible && !column.fixed
                     text: column.title
                     tickable: true
                     ticked: column.shown
@@ -193,7 +193,9 @@ FocusScope {
                 onObjectRemoved: (index, object) => list.removeItem(object)
             }
 
-            OrvMenuSeparator {}
+            OrvMenuSeparator {
+                visible: root.table.choosable
+            }
 
             OrvMenuItem {
                 text: "Fit to content"

@@ -16,6 +16,8 @@ FocusScope {
     property alias keyRole: tableRows.keyRole
     property real rowHeight: 52
     property bool tickable: false
+    /// The head's menu says which columns show; otherwise the page has another place for it.
+    property bool choosable: true
     property alias tickedKeys: tableRows.tickedKeys
     property alias busyKeys: tableRows.busyKeys
     /// The column the rows are sorted by; empty is the service's order.

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Leads
 
 /// A lead in a table.
@@ -9,33 +8,63 @@ OrvTableRow {
 
     required property OrvColumn nameColumn
     required property OrvColumn emailColumn
-    required property OrvColumn locationColumn
-    required property OrvColumn companyColumn
-    required property OrvColumn sizeColumn
     required property OrvColumn verifiedColumn
+    required property var textColumns
+    required property bool canUnlock
+    required property string unlockHint
 
+    required property var model
     required property string name
-    required property string title
+    required property string titleText
+    required property bool locked
     required property string emailText
-    required property string locationText
-    required property string companyText
-    required property string sizeText
     required property string verifiedWord
     required property string verifiedText
 
-    label: name + ", " + title
+    signal lookedAt(string key)
+    signal unlockRequested(string key)
 
-    OrvTwoLineCell { column: root.nameColumn; title: root.name; detail: root.title }
-    OrvTextCell { column: root.emailColumn; text: root.emailText; color: Theme.text2 }
-    OrvTextCell { column: root.locationColumn; text: root.locationText; color: Theme.text2 }
-    OrvTextCell { column: root.companyColumn; text: root.companyText }
-    OrvTextCell { column: root.sizeColumn; text: root.sizeText; color: Theme.text2 }
+    label: titleText === "" ? name : name + ", " + titleText
+
+    onHoveredChanged: if (hovered) lookedAt(key)
+
+    OrvTwoLineCell {
+        column: root.nameColumn
+        title: root.name
+        detail: root.titleText
+    }
+
+    LeadEmailCell {
+        column: root.emailColumn
+        name: root.name
+        email: root.emailText
+        locked: root.locked
+        canUnlock: root.canUnlock && !root.busy
+        hint: root.unlockHint
+        onUnlockRequested: root.unlockRequested(root.key)
+    }
+
+    Repeater {
+        model: root.textColumns
+
+        OrvTextCell {
+            required property OrvColumn modelData
+
+            column: modelData
+            text: root.model[modelData.key + "Text"] ?? ""
+            color: modelData.key === "company" ? Theme.text : Theme.text2
+        }
+    }
+
     OrvCell {
         column: root.verifiedColumn
         label: root.verifiedText
+        naturalWidth: badge.width
 
         VerificationBadge {
+            id: badge
             anchors.verticalCenter: parent.verticalCenter
+            visible: root.verifiedText !== ""
             verification: root.verifiedWord
             text: root.verifiedText
         }

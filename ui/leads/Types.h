@@ -2,11 +2,33 @@
 
 #include <QtQml/qqml.h>
 
+#include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
 
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
 
 namespace orv::qml {
+
+struct AddToCampaignType {
+  Q_GADGET
+  QML_FOREIGN(orv::AddToCampaign)
+  QML_NAMED_ELEMENT(AddToCampaign)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct AddToListType {
+  Q_GADGET
+  QML_FOREIGN(orv::AddToList)
+  QML_NAMED_ELEMENT(AddToList)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct CsvImportFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::CsvImportForm)
+  QML_NAMED_ELEMENT(CsvImportForm)
+  QML_UNCREATABLE("The application model owns it.")
+};
 
 struct LeadActionsType {
   Q_GADGET
@@ -29,6 +51,13 @@ struct LeadCardType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct LeadExportType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadExport)
+  QML_NAMED_ELEMENT(LeadExport)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct LeadFinderType {
   Q_GADGET
   QML_FOREIGN(orv::LeadFinder)
@@ -36,10 +65,45 @@ struct LeadFinderType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct LeadImportsType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadImports)
+  QML_NAMED_ELEMENT(LeadImports)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadListActionsType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadListActions)
+  QML_NAMED_ELEMENT(LeadListActions)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadListFormType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadListForm)
+  QML_NAMED_ELEMENT(LeadListForm)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadListPickerType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadListPicker)
+  QML_NAMED_ELEMENT(LeadListPicker)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct LeadListsType {
   Q_GADGET
   QML_FOREIGN(orv::LeadLists)
   QML_NAMED_ELEMENT(LeadLists)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadListStoreType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadListStore)
+  QML_NAMED_ELEMENT(LeadListStore)
   QML_UNCREATABLE("The application model owns it.")
 };
 
@@ -54,6 +118,34 @@ struct LeadsStoreType {
   Q_GADGET
   QML_FOREIGN(orv::LeadsStore)
   QML_NAMED_ELEMENT(LeadsStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct FacetListType {
+  Q_GADGET
+  QML_FOREIGN(orv::FacetList)
+  QML_NAMED_ELEMENT(FacetList)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadColumnsType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadColumns)
+  QML_NAMED_ELEMENT(LeadColumns)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct LeadFiltersType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadFilters)
+  QML_NAMED_ELEMENT(LeadFilters)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct SavedSearchesType {
+  Q_GADGET
+  QML_FOREIGN(orv::SavedSearches)
+  QML_NAMED_ELEMENT(SavedSearches)
   QML_UNCREATABLE("The application model owns it.")
 };
 

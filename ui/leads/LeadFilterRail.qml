@@ -1,0 +1,142 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.Leads
+
+/// The search's filters, group by group; folded, how many hold.
+FocusScope {
+    id: root
+
+    required property LeadFinder finder
+    /// There is no room for more than the fold.
+    property bool squeezed: false
+    readonly property LeadFilters filters: finder.filters
+    readonly property bool folded: squeezed || filters.folded
+
+    width: folded ? 44 : 244
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Filters"
+
+    /// The keywords, for "/" and Ctrl+F.
+    function takeSearch() {
+        filters.folded = false;
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.bg
+    }
+
+    Rectangle {
+        x: parent.width - 1
+        width: 1
+        height: parent.height
+        color: Theme.border
+    }
+
+    Loader {
+        anchors { fill: parent; rightMargin: 1 }
+        sourceComponent: root.folded ? fold : open
+    }
+
+    Component {
+        id: fold
+
+        Item {
+            OrvButton {
+                id: unfold
+                x: 7
+                y: 8
+                kind: "ghost"
+                iconOnly: true
+                iconName: "sidebar-expand-left"
+                text: "Expand filters"
+                enabled: !root.squeezed
+                onClicked: root.filters.folded = false
+            }
+
+            OrvButton {
+                x: 7
+                y: 42
+                kind: "ghost"
+                iconOnly: true
+                iconName: "view-filter"
+                text: root.filters.chips.length === 0 ? "No filters" : root.filters.chips.length + (root.filters.chips.length === 1 ? " filter" : " filters")
+                enabled: !root.squeezed
+                onClicked: root.filters.folded = false
+
+                OrvCount {
+                    visible: root.filters.chips.length > 0
+                    x: parent.width - width / 2 - 6
+                    y: -4
+                    value: root.filters.chips.length
+                }
+            }
+        }
+    }
+
+    Component {
+        id: open
+
+        FocusScope {
+            Text {
+                x: 16
+                height: 44
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: "Filters"
+                font: Theme.bodyBold
+                color: Theme.text
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            OrvButton {
+                id: clear
+                x: foldButton.x - width - 2
+                y: 9
+                kind: "ghost"
+                size: "small"
+                text: "Clear filters"
+                enabled: root.filters.any
+                onClicked: root.filters.clear()
+            }
+
+            OrvButton {
+                id: foldButton
+                x: parent.width - width - 8
+                y: 9
+                kind: "ghost"
+                size: "small"
+                iconOnly: true
+                iconName: "sidebar-collapse-left"
+                text: "Collapse filters"
+                onClicked: root.filters.folded = true
+            }
+
+            OrvDivider {
+                y: 44
+                width: parent.width
+            }
+
+            Flickable {
+                id: body
+                y: 45
+                width: parent.width
+                height: parent.height - y
+                contentHeight: groups.height
+                boundsBehavior: Flickable.StopAtBounds
+                clip: true
+
+                T.ScrollBar.vertical: OrvScrollBar {}
+
+                FilterGroups {
+                    id: groups
+                    width: body.width
+                    finder: root.finder
+                }
+            }
+        }
+    }
+}
