@@ -53,6 +53,14 @@ bool isTimeZone(const QString& name) {
   return std::ranges::binary_search(names, name);
 }
 
+QString timeThere(const QString& zone, const QDateTime& now) {
+  const QDateTime there = now.toTimeZone(QTimeZone(zone.toUtf8()));
+  const int minutes = there.offsetFromUtc() / 60, distance = std::abs(minutes);
+  const auto two = [](int number) { return QString::number(number).rightJustified(2, u'0'); };
+  const QString offset = (minutes < 0 ? u"UTC\u2212"_s : u"UTC+"_s) + two(distance / 60) + u':' + two(distance % 60);
+  return offset + u" · "_s + there.toString(u"HH:mm"_s);
+}
+
 QString localTimeZone() {
   const QString name = QString::fromLatin1(QTimeZone::systemTimeZoneId());
   return isTimeZone(name) ? name : u"Etc/UTC"_s;

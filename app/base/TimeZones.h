@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QStringList>
 
 namespace orv {
@@ -10,6 +11,9 @@ const QStringList& timeZoneNames();
 bool isTimeZone(const QString& name);
 /// The computer's own zone, where the database knows it.
 QString localTimeZone();
+
+/// "UTC+05:30 · 14:35", as it is there at that moment.
+QString timeThere(const QString& zone, const QDateTime& now);
 
 /// The zones and links of the database's compact form, tzdata.zi.
 QStringList timeZonesIn(const QByteArray& zi);

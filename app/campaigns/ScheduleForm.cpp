@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr qsizetype suggestedZones = 8;
+constexpr qsizetype suggestedZones = 50;
 constexpr int lastDay = 7;
 constexpr int minutesOfDay = 24 * 60, halfHour = 30;
 const auto windowsField = u"windows"_s;
@@ -229,12 +229,14 @@ QList<Choice> ScheduleForm::startTimes(const QString& time) const {
 
 QList<Choice> ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
 
-QStringList ScheduleForm::zones(const QString& text) const {
+QList<Choice> ScheduleForm::zones(const QString& text) const {
   const QString wanted = text.trimmed().replace(u' ', u'_');
-  QStringList found;
+  QList<Choice> found;
   if (wanted.isEmpty() || isTimeZone(wanted)) return found;
+  const QDateTime now = m_context.services.clock.now();
   for (const QString& zone : timeZoneNames()) {
-    if (zone.contains(wanted, Qt::CaseInsensitive)) found.append(zone);
+    if (!zone.contains(wanted, Qt::CaseInsensitive)) continue;
+    found.append({.key = zone, .label = zone, .detail = timeThere(zone, now)});
     if (found.size() == suggestedZones) break;
   }
   return found;

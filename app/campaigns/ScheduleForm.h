@@ -71,8 +71,8 @@ class ScheduleForm final : public Store {
   Q_INVOKABLE QList<orv::Choice> startTimes(const QString& time) const;
   /// The same up to the end of the day.
   Q_INVOKABLE QList<orv::Choice> endTimes(const QString& time) const;
-  /// The zones that the text may mean.
-  Q_INVOKABLE QStringList zones(const QString& text) const;
+  /// The zones that the text may mean, each with how far it is ahead and what time it is there.
+  Q_INVOKABLE QList<orv::Choice> zones(const QString& text) const;
 
  Q_SIGNALS:
   void changed();

@@ -24,6 +24,7 @@ FocusScope {
         width: root.width - 2 * x
         focus: true
         visible: root.store.account.state !== Resource.Error
+        label: "Account sections"
         options: root.store.tabs
         current: root.store.tab
         onChosen: key => root.store.tab = key

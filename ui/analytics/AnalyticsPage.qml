@@ -96,6 +96,7 @@ FocusScope {
             OrvTabs {
                 id: tabs
                 width: parent.width
+                label: "Figures by"
                 options: [
                     { key: "campaigns", label: "Campaigns", count: root.store.campaignRows.count },
                     { key: "accounts", label: "Accounts", count: root.store.accountRows.count }

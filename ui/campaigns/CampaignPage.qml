@@ -33,6 +33,7 @@ FocusScope {
         width: root.width - 2 * x
         focus: true
         visible: root.store.campaign.state !== Resource.Error
+        label: "Campaign sections"
         options: root.store.tabs
         current: root.store.tab
         onChosen: key => root.store.tab = key

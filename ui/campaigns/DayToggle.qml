@@ -13,6 +13,8 @@ T.AbstractButton {
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.6
     Accessible.role: Accessible.CheckBox
+    // Once somebody listens, the toolkit's button calls itself one.
+    Accessible.onRoleChanged: if (Accessible.role !== Accessible.CheckBox) Accessible.role = Accessible.CheckBox
     Accessible.name: dayName
     Accessible.checkable: true
     Accessible.checked: checked

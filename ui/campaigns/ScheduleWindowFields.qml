@@ -73,6 +73,7 @@ Column {
         OrvSelect {
             width: 144
             label: "Start"
+            times: true
             options: root.form.startTimes(root.hours.start)
             current: root.hours.start
             onChosen: key => root.set("start", key)
@@ -81,6 +82,7 @@ Column {
         OrvSelect {
             width: 144
             label: "End"
+            times: true
             options: root.form.endTimes(root.hours.end)
             current: root.hours.end
             onChosen: key => root.set("end", key)
@@ -92,7 +94,7 @@ Column {
             placeholder: "Europe/London"
             text: root.hours.timeZone
             error: root.hours.zoneError ?? ""
-            suggestions: Array.from(root.form.zones(text), zone => ({key: zone, label: zone}))
+            suggestions: root.form.zones(text)
             onEdited: text => root.set("timeZone", text)
             onChosen: key => root.set("timeZone", key)
         }

@@ -91,6 +91,7 @@ FocusScope {
 
             OrvTabs {
                 width: parent.width
+                label: "Sections of the statistics"
                 options: root.store.sections
                 current: root.store.section
                 onChosen: key => root.store.section = key

@@ -30,6 +30,8 @@ Row {
             text: series?.label ?? ""
 
             Accessible.role: Accessible.CheckBox
+            // Once somebody listens, the toolkit's button calls itself one.
+            Accessible.onRoleChanged: if (Accessible.role !== Accessible.CheckBox) Accessible.role = Accessible.CheckBox
             Accessible.name: text
             Accessible.checkable: true
             Accessible.checked: series?.shown ?? false

@@ -1,5 +1,7 @@
 #include "ui/design/ChoiceList.h"
 
+#include <QRegularExpression>
+#include <QTime>
 #include <QVariantMap>
 #include <algorithm>
 
@@ -73,13 +75,23 @@ QString ChoiceList::around(int by) const {
   return size > 0 ? keyAt((currentIndex() + by + size) % size) : QString();
 }
 
-QString ChoiceList::startingWith(const QString& letter) const {
-  const int size = count(), from = currentIndex();
-  for (int i = 1; i <= size; ++i) {
-    const Choice& choice = m_options[(from + i) % size];
-    if (choice.label.startsWith(letter, Qt::CaseInsensitive)) return choice.key;
+QString ChoiceList::startingWith(const QString& text) const {
+  const int size = count(), from = currentIndex() + (text.size() > 1 ? 0 : 1);
+  for (int i = 0; i < size; ++i) {
+    const Choice& choice = m_options[(from + i + size) % size];
+    if (choice.label.startsWith(text, Qt::CaseInsensitive)) return choice.key;
   }
   return {};
+}
+
+QString ChoiceList::timeNamed(const QString& text) const {
+  static const QRegularExpression pattern(u"^([0-9]{1,2}?)[:.]?([0-9]{2})?$"_s);
+  const auto match = pattern.match(text.trimmed());
+  if (!match.hasMatch()) return {};
+  const QTime time(match.captured(1).toInt(), match.captured(2).toInt());
+  const QString label = time.toString(u"HH:mm"_s);
+  const auto found = std::ranges::find(m_options, label, &Choice::label);
+  return time.isValid() && found != m_options.end() ? found->key : QString();
 }
 
 }  // namespace orv

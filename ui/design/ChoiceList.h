@@ -48,8 +48,10 @@ class ChoiceList : public QAbstractListModel {
   Q_INVOKABLE QString next(int by) const { return keyAt(currentIndex() + by); }
   /// The same, around the ends.
   Q_INVOKABLE QString around(int by) const;
-  /// The next one whose label begins so, empty for none.
-  Q_INVOKABLE QString startingWith(const QString& letter) const;
+  /// The next one whose label begins so, empty for none. More than one letter may still mean the current one.
+  Q_INVOKABLE QString startingWith(const QString& text) const;
+  /// The one whose label is the time of day that "9:30", "930", "0930" or "9" means, empty for none.
+  Q_INVOKABLE QString timeNamed(const QString& text) const;
 
  Q_SIGNALS:
   void optionsChanged();

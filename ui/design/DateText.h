@@ -17,6 +17,11 @@ class DateText : public QObject {
 
   /// The day, or an empty text for what is not exactly a day as YYYY-MM-DD.
   Q_INVOKABLE QString parse(const QString& text) const;
+  /// The day that a shorthand means, or an empty text: "tomorrow", "+7", and the short ways to write a day here, where
+  /// one without a year is the next such day.
+  Q_INVOKABLE QString expand(const QString& text) const;
+  /// "Thu 31 Dec", with its year when that is not this one.
+  Q_INVOKABLE QString brief(const QString& day) const;
   Q_INVOKABLE QString today() const;
   Q_INVOKABLE QString plusDays(const QString& day, int days) const;
   /// The last day of a month that is shorter.

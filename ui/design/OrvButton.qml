@@ -123,7 +123,7 @@ T.Button {
                 anchors.verticalCenter: parent.verticalCenter
                 name: "go-down"
                 size: 12
-                color: Theme.text3
+                color: root.iconInk
             }
         }
     }

@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import Orvella.Design
 
 /// A day, typed as YYYY-MM-DD or picked from a calendar. The text is the form's, also while it is no day yet; `day` is
-/// the ISO day it stands for, or empty.
+/// the ISO day it stands for, or empty. A shorthand, "tomorrow" or "+7", becomes its day when the field is left or with
+/// Enter.
 FieldFrame {
     id: root
 
@@ -33,6 +34,14 @@ FieldFrame {
         input.clear();
         input.insert(0, text);
         putting = false;
+    }
+
+    function settle() {
+        const meant = day === "" ? DateText.expand(input.text) : "";
+        if (meant === "")
+            return;
+        put(meant);
+        edited(meant);
     }
 
     function openCalendar() {
@@ -70,9 +79,23 @@ FieldFrame {
 
         Accessible.role: Accessible.EditableText
         Accessible.name: root.label
-        Accessible.description: root.note
+        Accessible.description: root.note !== "" ? root.note : echo.text
         onTextEdited: if (!root.putting) root.edited(text)
+        onEditingFinished: root.settle()
         Keys.onDownPressed: root.openCalendar()
+
+        Text {
+            id: echo
+            anchors { right: parent.right; rightMargin: 4 }
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            visible: root.day !== "" && input.leftPadding + input.contentWidth + 8 + implicitWidth < input.width
+            textFormat: Text.PlainText
+            text: root.day === "" ? "" : DateText.brief(root.day)
+            font: Theme.small
+            color: Theme.text3
+            Accessible.ignored: true
+        }
 
         Text {
             anchors { fill: parent; leftMargin: input.leftPadding }

@@ -13,8 +13,7 @@ T.AbstractButton {
     implicitHeight: 26
     focusPolicy: Qt.StrongFocus
     activeFocusOnTab: true
-    opacity: enabled ? 1 : 0.6
-
+    // Off it is told by its colour alone: a countdown is read while it is off.
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: if (root.enabled) root.clicked()

@@ -8,9 +8,15 @@ T.Menu {
     id: root
 
     readonly property FocusReturn focusReturn: FocusReturn {}
+    readonly property TypeAhead typeAhead: TypeAhead {}
+    /// As many entries are shown at once, the others by scrolling; 0 for as many as the window has room for.
+    property int rows: 0
+    property real room: Infinity
 
     width: Math.min(320, Math.max(200, contentItem.implicitWidth + leftPadding + rightPadding))
-    implicitHeight: contentHeight + topPadding + bottomPadding
+    implicitHeight: Math.min(contentHeight, rows > 0 && count > 0 ? rows * itemAt(0).implicitHeight : contentHeight)
+        + topPadding + bottomPadding
+    height: Math.min(implicitHeight, room)
     padding: 4
     margins: 8
     overlap: 4
@@ -23,26 +29,37 @@ T.Menu {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.menuDuration; easing.type: Easing.OutCubic }
     }
 
-    onAboutToShow: {
-        focusReturn.remember(parent);
-    }
+    onAboutToShow: focusReturn.remember(parent)
     onAboutToHide: focusReturn.giveBack()
 
-    /// Opens under `item`, at its right edge when `alignRight`, above it where there is no room below.
+    /// Opens under `item`, at its right edge when `alignRight`, above it where there is more room. Never over it.
     function openAt(item: Item, alignRight: bool) {
-        const window = item.Window.window;
+        openOn(item, alignRight, nextEnabled(-1, 1));
+    }
+
+    /// The same, with the entry in the middle that holds.
+    function openOn(item: Item, alignRight: bool, index: int) {
         const corner = item.mapToItem(null, 0, 0);
-        const below = corner.y + item.height + 4 + implicitHeight + 8 <= window.height;
+        const over = corner.y - 4 - margins;
+        const under = item.Window.window.height - corner.y - item.height - 4 - margins;
+        const below = implicitHeight <= under || under >= over;
         parent = item;
-        const y = below ? item.height + 4 : -implicitHeight - 4;
-        popup(item, alignRight ? item.width - width : 0, y);
-        choose(nextEnabled(-1, 1));
+        room = below ? under : over;
+        popup(item, alignRight ? item.width - width : 0, below ? item.height + 4 : -height - 4);
+        choose(usable(index) ? index : nextEnabled(-1, 1));
+        list.positionViewAtIndex(currentIndex, ListView.Center);
     }
 
     /// Opens at a point of `item`, where the pointer is or a row's button.
     function popupIn(item: Item, x: real, y: real) {
+        room = Infinity;
         popup(item, x, y);
         choose(nextEnabled(-1, 1));
+    }
+
+    /// The entry that what is typed names, where its beginning does not tell; for others to know better.
+    function named(): int {
+        return -1;
     }
 
     function usable(index: int): bool {
@@ -59,11 +76,17 @@ T.Menu {
         return -1;
     }
 
-    /// The next entry after the current one that begins with `letter`.
+    /// To the entry that begins with what is typed. More than one letter may still mean the current one.
     function jump(letter: string) {
-        for (let i = 1; i <= count; ++i) {
-            const index = (Math.max(currentIndex, -1) + i) % count;
-            if (usable(index) && itemAt(index).text.toLowerCase().startsWith(letter.toLowerCase())) {
+        const typed = typeAhead.add(letter);
+        const meant = named();
+        if (meant >= 0) {
+            choose(meant);
+            return;
+        }
+        for (let i = typed.length > 1 ? 0 : 1; i <= count; ++i) {
+            const index = (Math.max(currentIndex, -1) + i + count) % count;
+            if (usable(index) && itemAt(index).text.toLowerCase().startsWith(typed)) {
                 choose(index);
                 return;
             }
@@ -77,6 +100,7 @@ T.Menu {
     }
 
     contentItem: ListView {
+        id: list
         implicitWidth: {
             let widest = 0;
             for (let i = 0; i < root.count; ++i)
@@ -103,7 +127,7 @@ T.Menu {
                 root.choose(root.nextEnabled(-1, 1));
             else if (event.key === Qt.Key_End)
                 root.choose(root.nextEnabled(0, -1));
-            else if (event.text.length === 1 && event.text > " " && !(event.modifiers & Qt.ControlModifier))
+            else if (root.typeAhead.takes(event.text, event.modifiers))
                 root.jump(event.text);
             else
                 event.accepted = false;

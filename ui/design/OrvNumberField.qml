@@ -149,6 +149,8 @@ FieldFrame {
         clip: true
 
         Accessible.role: Accessible.SpinBox
+        // Once somebody listens, the toolkit's field calls itself a text.
+        Accessible.onRoleChanged: if (Accessible.role !== Accessible.SpinBox) Accessible.role = Accessible.SpinBox
         Accessible.name: root.accessibleName
         Accessible.description: root.note
         Accessible.editable: true

@@ -70,19 +70,24 @@ FocusScope {
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
-                implicitWidth: words.implicitWidth + 20
+                implicitWidth: words.implicitWidth + leftPadding + rightPadding
                 focusPolicy: Qt.NoFocus
+                // The control's focus is on the current one, so that it is heard.
+                focus: current
                 text: modelData.label
                 Accessible.role: Accessible.RadioButton
-                Accessible.name: modelData.count >= 0 ? text + ", " + modelData.count : text
+                // Once somebody listens, the toolkit's button calls itself one.
+                Accessible.onRoleChanged: if (Accessible.role !== Accessible.RadioButton) Accessible.role = Accessible.RadioButton
+                Accessible.name: modelData.count >= 0 ? text + ", " + count.text : text
                 Accessible.checkable: true
                 Accessible.checked: current
                 Accessible.onPressAction: if (enabled) clicked()
                 onClicked: root.chosen(modelData.key)
 
+                leftPadding: 10
+                rightPadding: 10
                 contentItem: Row {
                     id: words
-                    leftPadding: 10
                     spacing: 6
                     Text {
                         height: parent.height
@@ -93,11 +98,12 @@ FocusScope {
                         color: segment.current || segment.hovered ? Theme.text : Theme.text2
                     }
                     Text {
+                        id: count
                         visible: segment.modelData.count >= 0
                         height: parent.height
                         verticalAlignment: Text.AlignVCenter
                         textFormat: Text.PlainText
-                        text: segment.modelData.count
+                        text: segment.modelData.count.toLocaleString(Qt.locale(), "f", 0)
                         font: Theme.body
                         color: Theme.text3
                     }

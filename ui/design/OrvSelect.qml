@@ -12,6 +12,13 @@ FocusScope {
     property alias current: choices.current
     property string placeholder: "Choose…"
     property string hint: ""
+    /// An icon before the value; its room is kept where others of a column have one.
+    property string iconName: ""
+    property bool keepsIconRoom: iconName !== ""
+    property color iconColor: Theme.text2
+    property color valueColor: Theme.text
+    /// The choices are times of day, which "9:30", "930" and "9" name as well.
+    property bool times: false
 
     readonly property alias currentIndex: choices.currentIndex
     readonly property string valueText: currentIndex >= 0 ? choices.currentLabel : placeholder
@@ -21,9 +28,14 @@ FocusScope {
     implicitWidth: 208
     implicitHeight: (label !== "" ? 22 : 0) + Theme.controlHeight
 
+    TypeAhead {
+        id: typeAhead
+    }
+
     function jump(letter: string) {
-        const key = choices.startingWith(letter);
-        if (key !== "")
+        const typed = typeAhead.add(letter);
+        const key = times ? choices.timeNamed(typeAhead.typed) : choices.startingWith(typed);
+        if (key !== "" && key !== current)
             chosen(key);
     }
 
@@ -32,7 +44,8 @@ FocusScope {
     }
 
     function open() {
-        menu.openAt(button, false);
+        menu.active = true;
+        menu.popup.openOn(button, false, currentIndex);
     }
 
     Text {
@@ -54,14 +67,19 @@ FocusScope {
         opacity: enabled ? 1 : 0.6
 
         Accessible.role: Accessible.ComboBox
+        // Once somebody listens, the toolkit's button calls itself one.
+        Accessible.onRoleChanged: if (Accessible.role !== Accessible.ComboBox) Accessible.role = Accessible.ComboBox
         Accessible.name: root.label === "" ? root.valueText : root.label + ", " + root.valueText
         Accessible.description: root.hint
         Accessible.onPressAction: if (enabled) clicked()
         Keys.onPressed: event => {
             event.accepted = true;
+            // A key that chose in the menu and is still held must not open it again.
+            if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.isAutoRepeat)
+                return;
             if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Down || event.key === Qt.Key_Up)
                 root.open();
-            else if (event.text.length === 1 && event.text > " " && !(event.modifiers & Qt.ControlModifier))
+            else if (typeAhead.takes(event.text, event.modifiers))
                 root.jump(event.text);
             else
                 event.accepted = false;
@@ -76,8 +94,17 @@ FocusScope {
         }
 
         contentItem: Item {
-            Text {
+            OrvIcon {
+                visible: root.iconName !== ""
                 x: 12
+                anchors.verticalCenter: parent.verticalCenter
+                name: root.iconName
+                size: 14
+                color: root.iconColor
+            }
+
+            Text {
+                x: root.keepsIconRoom ? 32 : 12
                 width: parent.width - x - 32
                 height: parent.height
                 verticalAlignment: Text.AlignVCenter
@@ -85,7 +112,7 @@ FocusScope {
                 textFormat: Text.PlainText
                 text: root.valueText
                 font: Theme.body
-                color: root.currentIndex >= 0 ? Theme.text : Theme.text3
+                color: root.currentIndex >= 0 ? root.valueColor : Theme.text3
                 Accessible.ignored: true
             }
 
@@ -93,7 +120,7 @@ FocusScope {
                 anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
                 name: "go-down"
                 size: 12
-                color: Theme.text3
+                color: Theme.text2
             }
         }
 
@@ -108,6 +135,11 @@ FocusScope {
             id: list
             title: root.label
             width: Math.max(root.width, 200)
+            rows: 10
+
+            function named(): int {
+                return root.times ? choices.indexOf(choices.timeNamed(list.typeAhead.typed)) : -1;
+            }
 
             Instantiator {
                 model: choices

@@ -8,6 +8,8 @@ FocusScope {
 
     property alias options: choices.options
     property alias current: choices.current
+    /// What the tabs are of: "Campaign sections".
+    property string label: ""
 
     signal chosen(string key)
 
@@ -24,6 +26,7 @@ FocusScope {
     activeFocusOnTab: true
 
     Accessible.role: Accessible.PageTabList
+    Accessible.name: label
     Keys.onLeftPressed: step(-1)
     Keys.onRightPressed: step(1)
 
@@ -41,7 +44,11 @@ FocusScope {
                 height: row.height
                 implicitWidth: words.implicitWidth
                 text: modelData.label
+                // The strip's focus is on the current one, so that it is heard.
+                focus: current
                 Accessible.role: Accessible.PageTab
+                Accessible.name: modelData.count >= 0 ? text + ", " + pill.text : text
+                Accessible.focusable: true
                 Accessible.selected: current
                 onClicked: root.chosen(modelData.key)
 
@@ -58,6 +65,7 @@ FocusScope {
                         color: tab.current || tab.hovered ? Theme.text : Theme.text2
                     }
                     OrvCount {
+                        id: pill
                         visible: tab.modelData.count >= 0
                         anchors.verticalCenter: parent.verticalCenter
                         value: visible ? tab.modelData.count : 0

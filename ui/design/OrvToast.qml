@@ -11,7 +11,6 @@ Rectangle {
     property string tone: "standard"
     property string actionLabel: ""
     readonly property bool isError: tone === "error"
-    readonly property bool hasIcon: tone !== "standard"
     readonly property bool hovered: hover.hovered
 
     signal actionRequested()
@@ -47,17 +46,16 @@ Rectangle {
     }
 
     OrvIcon {
-        visible: root.hasIcon
         x: 16
         anchors.verticalCenter: parent.verticalCenter
         size: 16
-        name: root.isError ? "data-error" : "checkmark"
-        color: root.isError ? Theme.toastNegative : Theme.toastPositive
+        name: root.isError ? "data-error" : root.tone === "success" ? "checkmark" : "data-information"
+        color: root.isError ? Theme.toastNegative : root.tone === "success" ? Theme.toastPositive : Theme.inkOnTooltip
     }
 
     Column {
         id: texts
-        x: root.hasIcon ? 44 : 16
+        x: 44
         anchors.verticalCenter: parent.verticalCenter
         width: (action.visible ? action.x : close.x) - x - 12
 

@@ -34,51 +34,66 @@ T.Popup {
 
     y: parent ? parent.height + 4 : 0
     width: parent ? parent.width : 0
-    implicitHeight: contentItem.implicitHeight + 8
+    readonly property int rows: 10
+    implicitHeight: Math.min(rows, choices.count) * 30 + 8
     padding: 4
     focus: false
     closePolicy: T.Popup.NoAutoClose
     visible: wanted && choices.count > 0
     background: OrvFloat { radius: Theme.radiusFloat }
 
-    contentItem: Column {
+    contentItem: ListView {
         Accessible.role: Accessible.List
         Accessible.name: "Suggestions"
+        model: root.options
+        currentIndex: root.current
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        T.ScrollBar.vertical: OrvScrollBar {}
 
-        Repeater {
-            model: root.options
+        delegate: Rectangle {
+            id: entry
 
-            Rectangle {
-                id: entry
+            required property choice modelData
+            required property int index
 
-                required property choice modelData
-                required property int index
+            width: ListView.view.width
+            height: 30
+            radius: Theme.radiusControl
+            color: index === root.current || pointer.hovered ? Theme.hover : "transparent"
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData.detail === "" ? modelData.label : modelData.label + ", " + modelData.detail
+            Accessible.selected: index === root.current
+            Accessible.onPressAction: root.chosen(modelData.key)
 
-                width: parent.width
-                height: 30
-                radius: Theme.radiusControl
-                color: index === root.current || pointer.hovered ? Theme.hover : "transparent"
-                Accessible.role: Accessible.ListItem
-                Accessible.name: modelData.label
-                Accessible.selected: index === root.current
-                Accessible.onPressAction: root.chosen(modelData.key)
-
-                Text {
-                    x: 10
-                    width: parent.width - 20
-                    height: parent.height
-                    verticalAlignment: Text.AlignVCenter
-                    elide: Text.ElideRight
-                    textFormat: Text.PlainText
-                    text: entry.modelData.label
-                    font: Theme.body
-                    color: Theme.text
-                    Accessible.ignored: true
-                }
-
-                HoverHandler { id: pointer }
-                TapHandler { onTapped: root.chosen(entry.modelData.key) }
+            Text {
+                x: 10
+                width: parent.width - 20 - (more.visible ? more.implicitWidth + 12 : 0)
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: entry.modelData.label
+                font: Theme.body
+                color: Theme.text
+                Accessible.ignored: true
             }
+
+            Text {
+                id: more
+                visible: text !== ""
+                anchors { right: parent.right; rightMargin: 10 }
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: entry.modelData.detail
+                font: Theme.small
+                color: Theme.text3
+                Accessible.ignored: true
+            }
+
+            HoverHandler { id: pointer }
+            TapHandler { onTapped: root.chosen(entry.modelData.key) }
         }
     }
 }

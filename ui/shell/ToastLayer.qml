@@ -20,7 +20,8 @@ Item {
 
     OrvToastStack {
         id: stack
-        anchors { right: parent.right; bottom: parent.bottom; margins: 20 }
+        // Above the foot line of a list.
+        anchors { right: parent.right; bottom: parent.bottom; rightMargin: 20; bottomMargin: 44 }
         model: root.toasts
         onHeldChanged: root.toasts.hold(held)
         onActionRequested: id => root.toasts.act(id)

@@ -294,7 +294,10 @@ class CampaignSettingsTest : public QObject {
     schedule->toggleDay(1, 7);
     schedule->setText(1, u"end"_s, u"09:30"_s);
     schedule->setText(1, u"timeZone"_s, u"new york"_s);
-    QCOMPARE(schedule->zones(u"new york"_s), QStringList{u"America/New_York"_s});
+    const auto zones = schedule->zones(u"new york"_s);
+    QCOMPARE(zones.size(), 1);
+    QCOMPARE(zones.first().key, u"America/New_York"_s);
+    QVERIFY2(zones.first().detail.startsWith(u"UTC\u22120"_s), qPrintable(zones.first().detail));
     schedule->setText(1, u"timeZone"_s, u"America/New_York"_s);
     QVERIFY(schedule->zones(u"America/New_York"_s).isEmpty());
     f->api.expect(patched);

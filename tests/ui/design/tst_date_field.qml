@@ -56,7 +56,7 @@ TestCase {
             {tag: "space around", text: " 2026-11-21 ", day: "2026-11-21"},
             {tag: "a leap day", text: "2028-02-29", day: "2028-02-29"},
             {tag: "no such day", text: "2026-02-29", error: true},
-            {tag: "another order", text: "21-11-2026", error: true},
+            {tag: "no day in any order", text: "21-21-2026", error: true},
             {tag: "without zeroes", text: "2026-1-2", error: true},
             {tag: "more behind it", text: "2026-11-21T10", error: true},
             {tag: "nothing", text: ""},
@@ -73,6 +73,28 @@ TestCase {
         compare(kept, data.text);
         field.problem = "The end is before the start";
         compare(field.error, "The end is before the start");
+    }
+
+    function test_shorthandBecomesItsDay_data() {
+        const today = DateText.today();
+        const nextNewYear = (Number(today.slice(0, 4)) + 1) + "-01-01";
+        return [
+            {tag: "tomorrow", text: "Tomorrow", day: DateText.plusDays(today, 1)},
+            {tag: "days on", text: "+7", day: DateText.plusDays(today, 7)},
+            {tag: "with its year", text: "3.3.2031", day: "2031-03-03"},
+            {tag: "a short year", text: "3/3/31", day: "2031-03-03"},
+            {tag: "the next such day", text: "1.1.", day: today.slice(5) === "01-01" ? today : nextNewYear},
+            {tag: "a day that few years have", text: "29-2", day: "2028-02-29"},
+        ];
+    }
+
+    function test_shorthandBecomesItsDay(data) {
+        for (const letter of data.text)
+            keyClick(letter);
+        compare(kept, data.text, "nothing is changed under the caret");
+        keyClick(Qt.Key_Return);
+        compare(kept, data.day);
+        compare(field.day, data.day);
     }
 
     function test_theCalendarIsWalkedByKeys_data() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QMetaEnum>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -18,6 +19,16 @@ class Reader : public QObject {
   Q_INVOKABLE static QString nameOf(QQuickItem* item) {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
     return spoken ? spoken->text(QAccessible::Name) : QString();
+  }
+  /// "ComboBox": what it is to whoever listens now.
+  Q_INVOKABLE static QString roleOf(QQuickItem* item) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
+    return spoken ? QString::fromLatin1(QMetaEnum::fromType<QAccessible::Role>().valueToKey(spoken->role()))
+                  : QString();
+  }
+  Q_INVOKABLE static QString descriptionOf(QQuickItem* item) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
+    return spoken ? spoken->text(QAccessible::Description) : QString();
   }
   /// What a field holds, asked for in each way there is.
   Q_INVOKABLE static QString textOf(QQuickItem* item) {

@@ -1,0 +1,83 @@
+import QtQuick
+import QtTest
+import Orvella.Design
+
+/// What each control is to a screen reader that listens, in the live tree: what the source says is not what counts.
+TestCase {
+    id: root
+
+    name: "Spoken"
+    when: windowShown
+    visible: true
+    width: 600
+    height: 500
+
+    readonly property list<choice> choices: [{key: "a", label: "Alpha", count: 3000}, {key: "b", label: "Beta"}]
+
+    Component { id: button; OrvButton { text: "Press" } }
+    Component { id: link; OrvLink { text: "Press" } }
+    Component { id: chip; OrvChip { value: "Press" } }
+    Component { id: checkbox; OrvCheckbox { text: "Press" } }
+    Component { id: toggle; OrvSwitch { text: "Press" } }
+    Component { id: select; OrvSelect { label: "Press"; options: root.choices; current: "a"; hint: "Help" } }
+    Component { id: segments; OrvSegments { label: "Press"; options: root.choices; current: "a" } }
+    Component { id: tabs; OrvTabs { label: "Press"; options: root.choices; current: "a" } }
+    Component { id: field; OrvField { label: "Press"; help: "Help" } }
+    Component { id: area; OrvTextArea { label: "Press"; help: "Help"; width: 300 } }
+    Component { id: number; OrvNumberField { label: "Press"; help: "Help" } }
+    Component { id: date; OrvDateField { label: "Press"; help: "Help" } }
+    Component { id: tags; OrvTagEditor { label: "Press"; help: "Help"; width: 300 } }
+
+    function test_role_data() {
+        return [
+            {tag: "button", make: button, name: "Press", role: "Button"},
+            {tag: "link", make: link, name: "Press", role: "Button"},
+            {tag: "chip", make: chip, name: "Press", role: "Button"},
+            {tag: "checkbox", make: checkbox, name: "Press", role: "CheckBox"},
+            {tag: "switch", make: toggle, name: "Press", role: "CheckBox"},
+            {tag: "select", make: select, name: "Press, Alpha", role: "ComboBox", description: "Help"},
+            {tag: "segments", make: segments, name: "Press", role: "Grouping"},
+            {tag: "segment", make: segments, name: "Alpha, 3,000", role: "RadioButton"},
+            {tag: "tabs", make: tabs, name: "Press", role: "PageTabList"},
+            {tag: "tab", make: tabs, name: "Alpha, 3,000", role: "PageTab"},
+            {tag: "field", make: field, name: "Press", role: "EditableText", description: "Help"},
+            {tag: "area", make: area, name: "Press", role: "EditableText", description: "Help"},
+            {tag: "number", make: number, name: "Press", role: "SpinBox", description: "Help"},
+            {tag: "date", make: date, name: "Press", role: "EditableText", description: "Help"},
+            {tag: "tags", make: tags, name: "Press", role: "EditableText", description: "Help"}
+        ];
+    }
+    function test_role(data) {
+        // Before anybody listens, and with somebody listening already.
+        for (const before of [true, false]) {
+            let item = before ? createTemporaryObject(data.make, root) : null;
+            reader.listen();
+            item = item ?? createTemporaryObject(data.make, root);
+            wait(0);
+            const spoken = reader.find(item, data.name);
+            verify(spoken, "is called " + data.name);
+            const role = reader.roleOf(spoken);
+            const description = reader.descriptionOf(spoken);
+            reader.heard();
+            compare(role, data.role);
+            compare(description, data.description ?? "");
+            item.destroy();
+        }
+    }
+
+    /// Tab and segment have the focus themselves: what is heard is which one holds.
+    function test_theCurrentOneHasTheFocus_data() {
+        return [{tag: "tabs", make: tabs}, {tag: "segments", make: segments}];
+    }
+    function test_theCurrentOneHasTheFocus(data) {
+        const item = createTemporaryObject(data.make, root);
+        item.chosen.connect(key => item.current = key);
+        item.forceActiveFocus(Qt.TabFocusReason);
+        compare(reader.nameOf(root.Window.window.activeFocusItem), "Alpha, 3,000");
+        keyClick(Qt.Key_Right);
+        compare(item.current, "b");
+        compare(reader.nameOf(root.Window.window.activeFocusItem), "Beta");
+        keyClick(Qt.Key_Left);
+        compare(reader.nameOf(root.Window.window.activeFocusItem), "Alpha, 3,000");
+    }
+}
