@@ -39,9 +39,10 @@ T.Menu {
 
     /// The same, with the entry in the middle that holds.
     function openOn(item: Item, alignRight: bool, index: int) {
+        const window = item.Window.window;
         const corner = item.mapToItem(null, 0, 0);
         const over = corner.y - 4 - margins;
-        const under = item.Window.window.height - corner.y - item.height - 4 - margins;
+        const under = window.height - corner.y - item.height - 4 - margins;
         const below = implicitHeight <= under || under >= over;
         parent = item;
         room = below ? under : over;
