@@ -38,10 +38,11 @@ void JobForm::followShown() {
 
 void JobForm::jobEnded() {
   if (!m_submission || !m_job) return;
-  if (const Ended ended = std::exchange(m_ended, {})) ended(*m_job, m_submission->isShown());
+  const Ended ended = std::exchange(m_ended, {});
+  const bool stays = ended && ended(*m_job, m_submission->isShown());
   if (m_job->failed())
     m_submission->fail(m_job->text());
-  else
+  else if (!stays)
     m_submission->succeed();
   m_submission.reset();
 }

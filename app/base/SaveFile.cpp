@@ -66,7 +66,7 @@ struct Ending {
   ~Ending() { OneShot(ended).give(true); }
 };
 
-Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> text, QString failure,
+Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> text, QString failure, QString told,
                       OneShot<bool> ended) {
   const Ending ending{std::move(ended)};
   Services& services = job->context().services();
@@ -84,7 +84,7 @@ Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> te
     co_return JobOutcome{};
   }
   FileRevealer& revealer = services.revealer;
-  services.toasts.show({.message = u"Saved "_s + shownName(QFileInfo(path).fileName()),
+  services.toasts.show({.message = told + shownName(QFileInfo(path).fileName()),
                         .tone = Toasts::Tone::success,
                         .actionLabel = u"Show in Finder"_s,
                         .action = [&revealer, path] { revealer.reveal(path); }});
@@ -93,11 +93,12 @@ Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> te
 
 }  // namespace
 
-Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure) {
+Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure,
+                   QString told) {
   const OneShot<bool> ended;
   context.services().jobs.start({.name = u"Saving "_s + shownName(fileName), .stopped = u"Nothing was saved."_s},
                                 context.shared_from_this(),
-                                [&](Job& job) { return save(&job, fileName, text, failure, ended); });
+                                [&](Job& job) { return save(&job, fileName, text, failure, told, ended); });
   // Gone with the store that asked; the job is not.
   co_await ended.wait();
 }

@@ -7,11 +7,12 @@
 
 namespace orv {
 
-/// Asks where to keep a comma-separated file, writes it whole or not at all, and says "Saved …" with a way to find it.
-/// Silent when the person cancels the panel; `failure` is the toast of a write that failed. A job of the workspace,
-/// which goes on when whoever asked for it is gone.
+/// Asks where to keep a comma-separated file, writes it whole or not at all, and says "Saved …" with a way to find it,
+/// or in other words where `told` has them. Silent when the person cancels the panel; `failure` is the toast of a write
+/// that failed. A job of the workspace, which goes on when whoever asked for it is gone.
 ///
 /// `text` makes the file's content, on another thread: it owns what it reads.
-Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure);
+Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure,
+                   QString told = QStringLiteral("Saved "));
 
 }  // namespace orv

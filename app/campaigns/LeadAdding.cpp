@@ -140,7 +140,10 @@ void LeadAdding::submit() {
   m_form.run(
       context(), jobName(), u"Stopped. Leads that were taken by then are in the campaign."_s,
       [batch = batch()](Job& job) { return addLeads(&job, batch); },
-      [this](Job& job, bool isShown) { ended(job, isShown); });
+      [this](Job& job, bool isShown) {
+        ended(job, isShown);
+        return false;
+      });
 }
 
 LeadBatch LeadAdding::batch() const {

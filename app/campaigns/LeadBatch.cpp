@@ -5,18 +5,12 @@
 #include "app/base/Journal.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
-#include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
-#include "kit/models/leads/leadRequests.h"
-#include "kit/models/leads/ownLeads.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
-
-/// The service takes this many ids in one request.
-constexpr qsizetype blockSize = 1000;
 
 /// What the parts of the work share.
 struct Adding {
@@ -76,14 +70,8 @@ Task<AddLeadsResult> addFile(Adding* adding, LeadBatch::File wanted) {
 }
 
 Task<AddLeadsResult> addOwn(Adding* adding, LeadBatch::Own wanted) {
-  adding->job.setStage(u"Looking up your leads…"_s);
-  const OwnLeads own = co_await adding->api().send(Requests::ownLeads({.limit = wanted.count}));
-  for (qsizetype at = 0; at < own.ids.size(); at += blockSize) {
-    adding->job.setStage(Format::grouped(at) + u" of "_s + countedLeads(own.ids.size()) + u" sent"_s, at,
-                         own.ids.size());
-    const AddLeadsBody::Leads block{own.ids.mid(at, blockSize), wanted.allowOtherCampaigns};
-    addTo(adding->soFar, co_await adding->api().send(Requests::addLeads(adding->campaignId, {block})));
-  }
+  co_await addOwnLeads(&adding->job, adding->campaignId, {.limit = wanted.count}, wanted.allowOtherCampaigns,
+                       [adding](const AddLeadsResult& more) { addTo(adding->soFar, more); });
   co_return adding->soFar;
 }
 
@@ -99,11 +87,6 @@ Task<AddLeadsResult> addFrom(Adding* adding, LeadBatch batch) {
 }
 
 }  // namespace
-
-void leadsCameTo(WorkspaceContext& workspace, const QString& campaignId) {
-  workspace.changes().stale<AddedLeads>(campaignId);
-  workspace.changes().stale<Campaign>(campaignId);
-}
 
 Task<JobOutcome> addLeads(Job* job, LeadBatch batch) {
   Adding adding(*job, batch.campaignId);

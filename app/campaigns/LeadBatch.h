@@ -2,15 +2,10 @@
 
 #include <variant>
 
+#include "app/base/CampaignAdding.h"
 #include "app/base/CsvUpload.h"
-#include "kit/models/campaigns/addLeads.h"
 
 namespace orv {
-
-/// News of a campaign's leads: told under its id when some may have come in from elsewhere.
-struct AddedLeads;
-/// Tells it, and whoever counts the campaign's leads.
-void leadsCameTo(WorkspaceContext& workspace, const QString& campaignId);
 
 /// Whom to add to a campaign, as the dialog had it when it was sent off. What goes on from there needs no dialog.
 struct LeadBatch {

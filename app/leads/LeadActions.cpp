@@ -1,11 +1,53 @@
 #include "app/leads/LeadActions.h"
 
+#include "app/leads/LeadWords.h"
+#include "kit/api/Format.h"
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace orv {
+namespace {
 
-void LeadActions::addToList(const LeadTarget&) {}
+const auto manyKey = u"many"_s;
 
-void LeadActions::addToCampaign(const LeadTarget&) {}
+UnlockBody bodyFor(const LeadTarget& target) {
+  if (const auto* ids = target.ids()) return {.leadIds = *ids};
+  return {.filter = filterBody(target.filter()->search), .limit = target.filter()->first};
+}
 
-void LeadActions::unlock(const LeadTarget&) {}
+/// "Unlock 3 selected leads", "Unlock the first 500 matching leads".
+QString titleFor(const LeadTarget& target) {
+  return (target.ids() ? u"Unlock "_s : u"Unlock the first "_s) + target.description();
+}
+
+}  // namespace
+
+LeadTarget wholeList(const LeadList& list) {
+  return {LeadTarget::Filter{.search = {.values = {{u"list"_s, list.id}}}, .count = {list.leadCount, true, {}}}};
+}
+
+LeadActions::LeadActions(WorkspaceContext& context) : Store(context) {
+  connect(&m_unlocking, &BusySet::changed, this, &LeadActions::changed);
+}
+
+Task<void> LeadActions::unlockTask(LeadTarget target) {
+  if (!canWrite()) co_return;
+  const auto mark = m_unlocking.mark(manyKey);
+  if (!mark) co_return;
+  if (target.filter() && !target.filter()->first) {
+    // Nobody buys every match of a search by one press.
+    services().toasts.show({.message = u"Tick leads, or select how many, to unlock them"_s});
+    co_return;
+  }
+  const ConfirmRequest question{.title = titleFor(target) + u'?',
+                                .text = (m_allowance.usedText() + u' ' + m_allowance.note()).trimmed(),
+                                .confirm = u"Unlock"_s};
+  if (!co_await services().overlays.confirm(question)) co_return;
+  const auto result = co_await m_allowance.unlock(bodyFor(target), u"Couldn’t unlock the leads."_s);
+  if (!result) co_return;
+  services().toasts.show({.message = u"Unlocked "_s + LeadWords::counted(result->unlocked),
+                          .tone = Toasts::Tone::success,
+                          .detail = m_allowance.leftText()});
+}
 
 }  // namespace orv

@@ -86,9 +86,9 @@ Task<void> LeadListActions::createTask() {
   ListAddBody body{.name = typed.name};
   if (!typed.description.isEmpty()) body.description = typed.description;
   const Stamp asked = context().changes().stamp();
-  const auto created =
-      co_await m_actions.send<ListCreated>(Requests::createLeadList(body), u"Couldn’t create "_s + shownName(typed.name),
-                                           {}, [&submission](const APIError& e) { return submission.fail(e.message()); });
+  const auto created = co_await m_actions.send<ListCreated>(
+      Requests::createLeadList(body), u"Couldn’t create "_s + shownName(typed.name), {},
+      [&submission](const APIError& e) { return submission.fail(e.message()); });
   if (!created) co_return;
   context().changes().publish(created->list, asked, true);
   services().toasts.success(shownName(created->list.name) + u" created"_s);
@@ -139,18 +139,17 @@ Task<void> LeadListActions::removeForGoodTask(LeadList list) {
 Task<void> LeadListActions::removeLeadsTask(LeadList list, QStringList ids) {
   if (ids.isEmpty() || !canWrite()) co_return;
   const QString name = shownName(list.name);
-  const auto removed =
-      co_await m_actions.perform(list.id, Requests::removeFromLeadList(list.id, {QList<QString>(ids)}),
-                                 u"Couldn’t remove them from "_s + name);
+  const auto removed = co_await m_actions.perform(list.id, Requests::removeFromLeadList(list.id, {QList<QString>(ids)}),
+                                                  u"Couldn’t remove them from "_s + name);
   if (!removed) co_return;
   Q_EMIT leadsRemoved(list.id, ids);
   listFilled(context(), list.id);
-  services().toasts.show({.message = u"Removed "_s + LeadWords::counted(removed->removed) + u" from "_s + name,
-                          .tone = Toasts::Tone::success,
-                          .actionLabel = u"Undo"_s,
-                          .action = undo(context(),
-                                         [list, ids](auto workspace) { return putBack(std::move(workspace), list, ids); }),
-                          .accumulates = true});
+  services().toasts.show(
+      {.message = u"Removed "_s + LeadWords::counted(removed->removed) + u" from "_s + name,
+       .tone = Toasts::Tone::success,
+       .actionLabel = u"Undo"_s,
+       .action = undo(context(), [list, ids](auto workspace) { return putBack(std::move(workspace), list, ids); }),
+       .accumulates = true});
 }
 
 QList<PageAction> LeadListActions::offeredFor(const LeadList& list) {

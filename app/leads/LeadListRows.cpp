@@ -75,7 +75,7 @@ std::function<bool(const LeadListRow&, const LeadListRow&)> leadListOrder(const 
   const bool descending = sort->descending;
   if (column == "list"_L1 || column == "maker"_L1)
     return [isMaker = column == "maker"_L1, descending, collator = nameCollator()](const LeadListRow& a,
-                                                                                 const LeadListRow& b) {
+                                                                                   const LeadListRow& b) {
       const int order = collator.compare(wordsOf(a, isMaker), wordsOf(b, isMaker));
       return descending ? order > 0 : order < 0;
     };

@@ -4,35 +4,24 @@ import Orvella.App
 import Orvella.Accounts
 
 /// Removed accounts, while they can be restored.
-TablePage {
+ArchivePage {
     id: root
 
     required property AccountsStore store
 
+    actor: store
+    backText: "Back to accounts"
     title: "Archived accounts"
     summary: "Removed accounts wait here for 30 days with their sign-in, so Restore brings them back as they were."
     countText: store.archivedCountText
     resource: store.archived
     view.skeletonColumns: table.columns
-    view.emptyIcon: "archive-insert"
-    view.emptyTitle: "Nothing archived"
     view.emptyText: "Removed accounts wait here for 30 days."
     view.errorTitle: "Couldn’t load archived accounts"
-    view.onRetryRequested: store.refresh()
+    onBack: store.showArchived = false
 
     function focusTable() {
         table.focusRows();
-    }
-
-    leading: OrvButton {
-        text: "Back to accounts"
-        iconName: "arrow-left"
-        onClicked: root.store.showArchived = false
-    }
-
-    trailing: RefreshButton {
-        resource: root.store.archived
-        onClicked: root.store.refresh()
     }
 
     PagedTable {
@@ -69,44 +58,17 @@ TablePage {
             OrvTextCell { column: removedColumn; text: row.removedText; color: Theme.text2 }
             OrvTextCell { column: goneColumn; text: row.goneText; color: Theme.text2 }
 
-            OrvCell {
-                column: actionsColumn
-
-                OrvButton {
-                    x: parent.width - width - 34
-                    anchors.verticalCenter: parent.verticalCenter
-                    size: "small"
-                    text: "Restore"
-                    Accessible.name: "Restore " + row.account
-                    iconName: "edit-undo"
-                    focusPolicy: Qt.NoFocus
-                    activeFocusOnTab: false
-                    enabled: root.store.canWrite
-                    busy: row.busy
-                    onClicked: root.store.act("restore", row.key)
-                }
-            }
-
+            RestoreCell { row: row; actor: root.store; column: actionsColumn; name: row.account }
             RowMenuCell { row: row; column: actionsColumn; name: row.account }
         }
         onSortRequested: (key, descending) => root.store.sortArchived(key, descending)
         onOpened: key => openMenuAtRow(key)
         onDeleteRequested: key => root.store.act("delete", key)
-        onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
+        onMenuRequested: (key, row, x, y) => root.openMenu(key, row, x, y)
 
         // A removed account has no page: Enter offers what can be done instead.
         function openMenuAtRow(key: string) {
-            menu.openFor(key, itemOf(key), 24, rowHeight);
+            root.openMenu(key, itemOf(key), 24, rowHeight);
         }
-    }
-
-    ActionMenu {
-        id: menu
-        store: root.store
-    }
-
-    Shortcut {
-        sequence: "Escape"
-        onActivated: root.store.showArchived = false
     }
 }

@@ -4,35 +4,24 @@ import Orvella.App
 import Orvella.Campaigns
 
 /// Deleted campaigns, while they can be restored.
-TablePage {
+ArchivePage {
     id: root
 
     required property CampaignsStore store
 
+    actor: store
+    backText: "Back to campaigns"
     title: "Archived campaigns"
     summary: "Deleted campaigns wait here for 30 days, then go for good. They never send."
     countText: store.archivedCountText
     resource: store.archived
     view.skeletonColumns: table.columns
-    view.emptyIcon: "archive-insert"
-    view.emptyTitle: "Nothing archived"
     view.emptyText: "A campaign you delete waits here for 30 days, so you can restore it."
     view.errorTitle: "Couldn’t load archived campaigns"
-    view.onRetryRequested: store.refresh()
+    onBack: store.showArchived = false
 
     function focusTable() {
         table.focusRows();
-    }
-
-    leading: OrvButton {
-        text: "Back to campaigns"
-        iconName: "arrow-left"
-        onClicked: root.store.showArchived = false
-    }
-
-    trailing: RefreshButton {
-        resource: root.store.archived
-        onClicked: root.store.refresh()
     }
 
     OrvTable {
@@ -72,43 +61,17 @@ TablePage {
             OrvTextCell { column: deletedColumn; text: row.deletedText; color: Theme.text2 }
             OrvTextCell { column: goneColumn; text: row.goneText; color: Theme.text2 }
 
-            OrvCell {
-                column: actionsColumn
-
-                OrvButton {
-                    x: parent.width - width - 34
-                    anchors.verticalCenter: parent.verticalCenter
-                    size: "small"
-                    text: "Restore"
-                    iconName: "edit-undo"
-                    focusPolicy: Qt.NoFocus
-                    activeFocusOnTab: false
-                    enabled: root.store.canWrite
-                    busy: row.busy
-                    onClicked: root.store.act("restore", row.key)
-                }
-            }
-
+            RestoreCell { row: row; actor: root.store; column: actionsColumn; name: row.name }
             RowMenuCell { row: row; column: actionsColumn; name: row.name }
         }
         onSortRequested: (key, descending) => root.store.sortArchived(key, descending)
         onOpened: key => openMenuAtRow(key)
         onDeleteRequested: key => root.store.act("delete", key)
-        onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
+        onMenuRequested: (key, row, x, y) => root.openMenu(key, row, x, y)
 
         // A deleted campaign has no page: Enter offers what can be done instead.
         function openMenuAtRow(key: string) {
-            menu.openFor(key, itemOf(key), 24, rowHeight);
+            root.openMenu(key, itemOf(key), 24, rowHeight);
         }
-    }
-
-    ActionMenu {
-        id: menu
-        store: root.store
-    }
-
-    Shortcut {
-        sequence: "Escape"
-        onActivated: root.store.showArchived = false
     }
 }

@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A cell with a record's name and, below it, a line about it. Children (tags) stand after the name.
+/// A cell with a record's name and, below it, a line about it where there is one. Children (tags) stand after the name.
 OrvCell {
     id: root
 
@@ -16,7 +16,7 @@ OrvCell {
 
     Text {
         id: titleText
-        y: root.height / 2 - 18
+        y: root.detail === "" ? Math.round(root.height / 2) - 10 : root.height / 2 - 18
         width: Math.min(implicitWidth, root.width - (tagRow.visible ? tagRow.width + 8 : 0))
         height: 20
         verticalAlignment: Text.AlignVCenter

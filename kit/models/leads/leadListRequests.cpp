@@ -51,6 +51,7 @@ Request<ListRemoved> removeFromLeadList(const QString& id, const LeadIdsBody& bo
 Request<RawData> exportLeadList(const QString& id, std::optional<qint64> limit) {
   auto request = get<RawData>(u"/leads/export.csv"_s, {{u"list"_s, id}});
   if (limit) request.query.append({u"limit"_s, QString::number(*limit)});
+  request.answerAtMost = fileAtMost;
   return request;
 }
 
