@@ -1,0 +1,96 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+import Orvella.Leads
+
+/// The columns of the chosen file, with what each becomes.
+Column {
+    id: root
+
+    required property CsvImportForm importing
+    readonly property int rowHeight: 40
+    readonly property int rowsAtMost: Window.height >= 760 ? 8 : 5
+
+    Item {
+        width: parent.width
+        height: 30
+
+        Text {
+            id: title
+            height: 20
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: "Columns"
+            font: Theme.bodyBold
+            color: Theme.text
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+
+        Text {
+            x: title.width + 10
+            height: 20
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: root.importing.matchedText
+            font: Theme.body
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+
+        Text {
+            anchors.right: parent.right
+            height: 20
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: root.importing.sampledText
+            font: Theme.small
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+    }
+
+    Rectangle {
+        width: parent.width
+        height: 32
+        color: Theme.bg
+
+        HeadText { text: "Column" }
+        HeadText { x: 168; text: "Sample" }
+        HeadText { x: parent.width - 220 - 12; text: "Import as" }
+    }
+
+    ListView {
+        id: list
+        width: parent.width
+        height: Math.min(count, root.rowsAtMost) * root.rowHeight
+        model: root.importing.columns
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        interactive: contentHeight > height
+
+        Accessible.role: Accessible.List
+        Accessible.name: "The file’s columns"
+
+        T.ScrollBar.vertical: OrvScrollBar {}
+
+        delegate: ImportColumnRow {
+            width: list.width
+            height: root.rowHeight
+            targets: root.importing.targets
+            onChosen: (row, target) => root.importing.setTarget(row, target)
+        }
+    }
+
+    component HeadText: Text {
+        height: 32
+        verticalAlignment: Text.AlignVCenter
+        textFormat: Text.PlainText
+        font: Theme.smallStrong
+        color: Theme.text3
+        Accessible.ignored: true
+    }
+}
