@@ -3,6 +3,7 @@
 #include <QJsonObject>
 
 #include "demo/Accounts.h"
+#include "demo/Inbox.h"
 #include "demo/Routes.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -106,8 +107,18 @@ HTTPAnswer me(Call& call) {
 
 HTTPAnswer unread(Call& call) {
   UnreadCounts counts;
-  for (const auto& workspace : workspacesOf(call.state, call.email))
-    counts.workspaces.append({workspace.slug, workspace.name, 0, 0, {}});
+  for (const auto& summary : workspacesOf(call.state, call.email)) {
+    DemoWorkspace& workspace = *call.state.find(summary.slug);
+    settleInbox(workspace, call.state.repliesPerMinute, call.now);
+    UnreadCounts::Workspace& told = counts.workspaces.emplaceBack();
+    told = {summary.slug, summary.name, unreadIn(workspace.inbox), 0, {}};
+    for (const DemoThread& thread : workspace.inbox.threads) {
+      told.others += thread.record.unread && !thread.record.isArchived() && !isPrimary(thread);
+      if (const QString at = lastInboundAt(thread); !at.isEmpty() && at > told.latestAt.value_or(QString()))
+        told.latestAt = at;
+    }
+    counts.total += told.unread;
+  }
   return jsonAnswer(toJSON(counts));
 }
 

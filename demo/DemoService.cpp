@@ -1,6 +1,7 @@
 #include "demo/DemoService.h"
 
 #include "demo/Accounts.h"
+#include "demo/Inbox.h"
 #include "demo/Routes.h"
 #include "kit/api/WireRequest.h"
 #include "kit/session/records.h"
@@ -70,6 +71,11 @@ NativeSession DemoService::signInDirectly() { return openSession(m_state, m_rand
 
 void DemoService::setRole(const QString& slug, const QString& email, const QString& role) {
   if (DemoWorkspace* workspace = m_state.find(slug)) workspace->members.insert(email, role);
+}
+
+QString DemoService::bringReply(const QString& slug, const QString& label) {
+  DemoWorkspace* const workspace = m_state.find(slug);
+  return workspace ? receiveReply(*workspace, label, m_clock.now()).id() : QString();
 }
 
 QString DemoService::googleCode(const QString& email, const QString& challenge) {

@@ -23,6 +23,10 @@ class DemoService {
   void endAllSessions() { m_state.sessions.clear(); }
   /// Makes somebody known to the sample a member of the workspace, or gives a member another role.
   void setRole(const QString& slug, const QString& email, const QString& role);
+  /// How often somebody answers by themselves.
+  void setRepliesPerMinute(double replies) { m_state.repliesPerMinute = replies; }
+  /// Somebody answers the workspace now, and means the label. The conversation's id.
+  QString bringReply(const QString& slug, const QString& label);
   /// What the Google page hands out for the account, to be exchanged once with the verifier of `challenge`.
   QString googleCode(const QString& email, const QString& challenge);
 

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <functional>
 
+#include "demo/DemoInbox.h"
 #include "demo/DemoRandom.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignFeed.h"
@@ -143,6 +144,7 @@ struct DemoWorkspace {
   /// Addresses that never get an email.
   QStringList blocklist;
   QHash<QString, DemoTestEmail> testEmails;
+  DemoInbox inbox;
 
   DemoCampaign* find(const QString& campaignId);
   /// Wherever it is.
@@ -178,6 +180,8 @@ struct DemoState {
   /// By the code that is exchanged.
   QHash<QString, GoogleGrant> googleGrants;
   QList<DemoWorkspace> workspaces;
+  /// How often somebody answers by themselves, in each workspace that has an inbox.
+  double repliesPerMinute = 0;
 
   std::function<void(const QString& email, const QString& code)> sendCode;
 
@@ -192,6 +196,7 @@ struct DemoScale {
   int campaigns = 0;
   int mailboxes = 0;
   int leads = 0;
+  int threads = 0;
 };
 
 /// The sample: the same seed, scale and day give the same bytes.

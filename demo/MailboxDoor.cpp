@@ -17,17 +17,6 @@ namespace {
 
 constexpr qint64 mostPerPage = 200, mostDays = 365, mostTags = 20;
 
-/// What the workspace calls replies; leads under the last one never hear from it again.
-ReplyLabelList allReplyLabels() {
-  return {{{u"interested"_s, u"Interested"_s, u"positive"_s},
-           {u"meeting_booked"_s, u"Meeting booked"_s, u"positive"_s},
-           {u"later"_s, u"Not now"_s, u"neutral"_s},
-           {u"not_interested"_s, u"Not interested"_s, u"negative"_s},
-           {u"wrong_person"_s, u"Wrong person"_s, u"neutral"_s},
-           {u"out_of_office"_s, u"Out of office"_s, u"neutral"_s},
-           {u"unsubscribe"_s, u"Unsubscribe"_s, u"negative"_s}}};
-}
-
 /// What is said of all mailboxes stands on the first page. The counts take in the pool.
 void tellCounts(MailboxPage& page, const DemoWorkspace& workspace) {
   page.counts.emplace();
@@ -174,8 +163,6 @@ HTTPAnswer tags(Call& call) {
   return jsonAnswer(toJSON(list));
 }
 
-HTTPAnswer replyLabels(Call&) { return jsonAnswer(toJSON(allReplyLabels())); }
-
 }  // namespace
 
 const QList<Route>& mailboxRoutes() {
@@ -191,7 +178,6 @@ const QList<Route>& mailboxRoutes() {
       {"DELETE", u"/mailboxes/{id}"_s, Access::members, onMailbox<remove>},
       {"POST", u"/mailboxes/{id}/restore"_s, Access::members, onMailbox<restore>},
       {"GET", u"/tags"_s, Access::readers, tags},
-      {"GET", u"/reply-labels"_s, Access::readers, replyLabels},
   };
   return routes;
 }

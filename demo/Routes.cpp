@@ -36,7 +36,8 @@ struct Pattern {
 QList<Route> allRoutes() {
   return accountRoutes() + analyticsRoutes() + campaignRoutes() + sequenceRoutes() + campaignLeadRoutes() +
          leadListRoutes() + mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes() +
-         roadmapTemplateRoutes() + rampupRoutes() + deliverabilityRoutes();
+         roadmapTemplateRoutes() + rampupRoutes() + deliverabilityRoutes() + inboxRoutes() + draftRoutes() +
+         agentRoutes();
 }
 
 FoundRoute findRoute(const DemoRequest& request) {

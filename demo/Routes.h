@@ -42,10 +42,13 @@ struct Route {
 
 /// One table for each area, in the area's own file. A new area adds its table here and to allRoutes().
 const QList<Route>& accountRoutes();
+const QList<Route>& agentRoutes();
 const QList<Route>& analyticsRoutes();
 const QList<Route>& campaignLeadRoutes();
 const QList<Route>& campaignRoutes();
 const QList<Route>& deliverabilityRoutes();
+const QList<Route>& draftRoutes();
+const QList<Route>& inboxRoutes();
 const QList<Route>& leadListRoutes();
 const QList<Route>& googleWorkspaceRoutes();
 const QList<Route>& mailboxAddingRoutes();

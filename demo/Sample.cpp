@@ -3,6 +3,7 @@
 #include "demo/DailyFigures.h"
 #include "demo/DemoState.h"
 #include "demo/Enrolment.h"
+#include "demo/Inbox.h"
 #include "demo/MailboxSample.h"
 #include "demo/Mailboxes.h"
 #include "demo/Roadmaps.h"
@@ -239,6 +240,10 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   addRandomCampaigns(harbour, 2, random, today);
   state.workspaces = {northgate, caldera, harbour,
                       makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, today)};
+  for (DemoWorkspace& workspace : state.workspaces) {
+    const bool isFirst = &workspace == &state.workspaces.first();
+    addInbox(workspace, isFirst ? std::max(64, scale.threads) : 12, DemoRandom(seed ^ 0x1b0c5), today);
+  }
   return state;
 }
 

@@ -1,0 +1,254 @@
+#include "demo/Inbox.h"
+
+#include <algorithm>
+
+#include "demo/Enrolment.h"
+#include "demo/InboxTexts.h"
+#include "kit/models/inbox/inboxWords.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace orv::demo {
+namespace {
+
+/// Of an answer that the agent sends by itself: somebody can still step in.
+constexpr auto autoWait = 120s;
+/// A client that comes back after a night does not get the whole night at once.
+constexpr qint64 mostAtOnce = 200;
+
+QString filledIn(QString text, const DemoThread& thread) {
+  const QString name = thread.record.contactName.value_or(thread.record.contactAddress);
+  text.replace(u"{name}"_s, name.section(u' ', 0, 0));
+  return text.replace(u"{company}"_s, thread.record.lead ? thread.record.lead->company.value_or(name) : name);
+}
+
+InboxMessage sentMessage(const DemoThread& thread, const DemoDraft& draft, const QString& at) {
+  const bool own = draft.record.source != u"agent"_s;
+  InboxMessage message;
+  message.id = u"m_"_s + draft.id();
+  message.direction = u"outbound"_s;
+  message.state = u"sent"_s;
+  message.fromAddress = thread.record.mailboxAddress;
+  message.toAddress = draft.record.toAddress;
+  message.subject = draft.record.subject;
+  message.body = draft.record.body;
+  message.kind = own ? u"human"_s : draft.record.kind;
+  message.draftId = draft.id();
+  if (!draft.cc.isEmpty()) message.cc = draft.cc;
+  if (!draft.bcc.isEmpty()) message.bcc = draft.bcc;
+  message.at = at;
+  return message;
+}
+
+void sendDue(DemoWorkspace& workspace, const QDateTime& now) {
+  for (DemoDraft& draft : workspace.inbox.drafts) {
+    const auto due = parsePlatformDate(draft.record.dueAt);
+    if (draft.record.status != "approved"_L1 || !due || *due > now) continue;
+    DemoThread* const thread = findThread(workspace, draft.record.threadId);
+    if (!thread) continue;
+    const bool fails = draft.record.toAddress.value_or(QString()).startsWith("gone."_L1);
+    InboxMessage message = sentMessage(*thread, draft, formatPlatformDate(*due));
+    draft.record.status = fails ? u"failed"_s : u"sent"_s;
+    if (fails) {
+      draft.record.error = u"The mailbox of this address no longer exists."_s;
+      message.state = message.kind.emplace(u"failed"_s);
+    }
+    thread->messages.append(message);
+  }
+}
+
+}  // namespace
+
+void settleInbox(DemoWorkspace& workspace, double repliesPerMinute, const QDateTime& now) {
+  sendDue(workspace, now);
+  DemoInbox& inbox = workspace.inbox;
+  if (!inbox.receivedUntil.isValid()) inbox.receivedUntil = now;
+  if (repliesPerMinute <= 0 || inbox.threads.isEmpty()) return;
+  const auto every = std::chrono::milliseconds(qint64(60'000 / repliesPerMinute));
+  const qint64 due = inbox.receivedUntil.msecsTo(now) / std::max<qint64>(1, every.count());
+  if (due > mostAtOnce) inbox.receivedUntil = now.addMSecs(-mostAtOnce * every.count());
+  for (qint64 left = std::min(due, mostAtOnce); left > 0; --left) {
+    inbox.receivedUntil = inbox.receivedUntil.addMSecs(every.count());
+    receiveReply(workspace, {}, inbox.receivedUntil);
+  }
+}
+
+ShownThreads::ShownThreads(const DemoWorkspace& workspace) : m_workspace(workspace) {
+  for (const DemoDraft& draft : workspace.inbox.drafts)
+    if (draft.record.isWaiting()) ++m_waiting[draft.record.threadId];
+}
+
+InboxThread ShownThreads::of(const DemoThread& thread) const {
+  InboxThread shown = thread.record;
+  shown.effectiveMode = modeIn(m_workspace, thread);
+  shown.messageCount = thread.messages.size();
+  shown.pendingDrafts = m_waiting.value(thread.id());
+  shown.followupsSent = std::ranges::count(thread.messages, std::optional(u"followup"_s), &InboxMessage::kind);
+  for (const InboxMessage& message : thread.messages)
+    (message.isInbound() ? shown.lastInboundAt : shown.lastOutboundAt) = message.at;
+  shown.lastMessageAt = lastAt(thread);
+  if (!thread.messages.isEmpty()) shown.snippet = thread.messages.last().body.left(160).simplified();
+  return shown;
+}
+
+DemoThread* findThread(DemoWorkspace& workspace, const QString& id) {
+  const auto found = std::ranges::find(workspace.inbox.threads, id, &DemoThread::id);
+  return found == workspace.inbox.threads.end() ? nullptr : &*found;
+}
+
+DemoDraft* findDraft(DemoWorkspace& workspace, const QString& id) {
+  const auto found = std::ranges::find(workspace.inbox.drafts, id, &DemoDraft::id);
+  return found == workspace.inbox.drafts.end() ? nullptr : &*found;
+}
+
+QString lastAt(const DemoThread& thread) {
+  return thread.messages.isEmpty() ? thread.record.createdAt : thread.messages.last().at;
+}
+
+QString lastInboundAt(const DemoThread& thread) {
+  for (auto message = thread.messages.crbegin(); message != thread.messages.crend(); ++message)
+    if (message->isInbound()) return message->at;
+  return {};
+}
+
+bool isPrimary(const DemoThread& thread) { return thread.record.kind == "reply"_L1; }
+
+qint64 unreadIn(const DemoInbox& inbox) {
+  return std::ranges::count_if(
+      inbox.threads, [](const DemoThread& thread) { return thread.record.unread && !thread.record.isArchived(); });
+}
+
+QString modeIn(const DemoWorkspace& workspace, const DemoThread& thread) {
+  if (thread.record.setterMode) return *thread.record.setterMode;
+  const QString campaign = thread.record.campaignId.value_or(QString());
+  return workspace.inbox.modes.value(campaign, workspace.inbox.settings.defaultMode);
+}
+
+DemoThread& receiveReply(DemoWorkspace& workspace, const QString& label, const QDateTime& now) {
+  DemoInbox& inbox = workspace.inbox;
+  const qint64 number = ++inbox.lastNumber;
+  DemoRandom random = DemoRandom::of(workspace.slug, quint64(number));
+  const Talk& talk = label.isEmpty() ? random.pick(talks()) : talkOf(label);
+  const CampaignLead person = makePerson(random, 70'000 + number);
+  DemoThread thread;
+  InboxThread& record = thread.record;
+  record.id = u"th_%1_%2"_s.arg(workspace.slug).arg(number);
+  record.number = number;
+  record.contactAddress = person.email;
+  record.contactName = *person.firstName + u' ' + *person.lastName;
+  record.lead = InboxThread::LeadRef{person.id, record.contactName, person.company, person.title};
+  QList<const DemoCampaign*> sending;
+  for (const DemoCampaign& campaign : workspace.campaigns)
+    if (!campaign.archivedAt && campaign.record.launchedAt && !campaign.senders().isEmpty()) sending.append(&campaign);
+  if (!sending.isEmpty()) {
+    const DemoCampaign& campaign = *random.pick(sending);
+    const CampaignSender& sender = random.pick(campaign.senders());
+    record.campaignId = campaign.record.id;
+    record.campaignStep = random.between(1, std::max<qint64>(1, campaign.steps().size()));
+    record.mailboxId = sender.mailboxId;
+    record.mailboxAddress = sender.address;
+  } else if (!workspace.mailboxes.isEmpty()) {
+    const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
+    record.mailboxId = mailbox.id();
+    record.mailboxAddress = mailbox.record.address;
+  }
+  record.subject = u"Re: "_s + person.company.value_or(QString()) + u" and the waiting list"_s;
+  record.kind = talk.kind;
+  record.status = orv::words::threadOpen;
+  record.unread = true;
+  record.setterMode = {};
+  if (!talk.label.isEmpty()) {
+    record.label = ThreadLabel(talk.label);
+    record.labelSource = u"agent"_s;
+  }
+  const QDateTime sentAt = now.addSecs(-random.between(3600, 2LL * 86400));
+  record.createdAt = formatPlatformDate(sentAt);
+  const QString ours = u"Hi {name},\n\ncould we cut the waiting time at {company} by a third?"_s;
+  const auto message = [&](const char* direction, const QString& text, const QDateTime& at) {
+    InboxMessage made;
+    made.id = u"m_%1_%2"_s.arg(record.id).arg(thread.messages.size());
+    made.direction = QString::fromLatin1(direction);
+    const bool isInbound = made.isInbound();
+    made.state = isInbound ? u"received"_s : u"sent"_s;
+    made.fromAddress = isInbound ? record.contactAddress : record.mailboxAddress;
+    made.toAddress = isInbound ? record.mailboxAddress : record.contactAddress;
+    if (isInbound) made.fromName = record.contactName;
+    made.subject = record.subject;
+    made.body = filledIn(text, thread);
+    made.kind = isInbound ? talk.kind : u"campaign"_s;
+    made.at = formatPlatformDate(at);
+    thread.messages.append(made);
+  };
+  message("outbound", ours, sentAt);
+  const QString quoted = u"\n\nOn %1, %2 wrote:\n> %3"_s.arg(sentAt.toString(u"d MMM yyyy"_s), record.mailboxAddress,
+                                                             filledIn(ours, thread).replace(u"\n"_s, u"\n> "_s));
+  message("inbound", talk.said + (isPrimary(thread) ? quoted : QString()), now);
+  inbox.threads.append(thread);
+  DemoThread& added = inbox.threads.last();
+  if (!talk.answer.isEmpty() && modeIn(workspace, added) != orv::words::modeOff && inbox.settings.hasOpenAiKey)
+    writeDraft(workspace, added, now);
+  return added;
+}
+
+DemoDraft& writeDraft(DemoWorkspace& workspace, const DemoThread& thread, const QDateTime& now) {
+  DemoInbox& inbox = workspace.inbox;
+  inbox.drafts.removeIf([&](const DemoDraft& draft) {
+    return draft.record.threadId == thread.id() && draft.record.isWaiting() && draft.record.source == u"agent"_s;
+  });
+  const Talk& talk = talkOf(thread.record.label ? thread.record.label->rawValue : QString());
+  // Every other question of the kind is answered in the second way, which a check holds back.
+  const auto others = std::ranges::find_if(
+      talks(), [&](const Talk& other) { return other.label == talk.label && !other.gate.isEmpty(); });
+  const qint64 number = ++inbox.lastNumber;
+  const Talk& used = others != talks().end() && number % 4 == 0 ? *others : talk;
+  DemoDraft draft;
+  Draft& record = draft.record;
+  record.id = u"dr_%1_%2"_s.arg(workspace.slug).arg(number);
+  record.threadId = thread.id();
+  record.kind = orv::words::kindReply;
+  record.toAddress = thread.record.contactAddress;
+  record.subject = thread.record.subject;
+  record.body = filledIn(used.answer.isEmpty() ? u"Hi {name},\n\nthank you for your answer."_s : used.answer, thread) +
+                u"\n\nBest,\n"_s + inbox.settings.signature.name.value_or(inbox.settings.repName);
+  record.source = u"agent"_s;
+  record.status = orv::words::draftPending;
+  record.createdAt = record.updatedAt = formatPlatformDate(now);
+  record.lessonsUsed =
+      std::min<qint64>(3, std::ranges::count(inbox.lessons, QString(orv::words::lessonActive), &SetterLesson::status));
+  if (!used.reason.isEmpty()) record.strategy = DraftStrategy{DraftStrategy::Classification{used.reason}};
+  if (!used.gate.isEmpty()) {
+    record.status = orv::words::draftHeld;
+    record.holdReason = used.gate;
+    record.gate = DraftGate{QList{DraftGate::Failure{used.gateCode, used.gate}}};
+  } else if (modeIn(workspace, thread) == orv::words::modeAuto) {
+    approve(draft, now, autoWait);
+  }
+  inbox.drafts.append(draft);
+  return inbox.drafts.last();
+}
+
+void approve(DemoDraft& draft, const QDateTime& now, std::chrono::seconds wait) {
+  draft.record.status = u"approved"_s;
+  draft.record.approvedAt = draft.record.updatedAt = formatPlatformDate(now);
+  draft.record.dueAt = formatPlatformDate(now.addSecs(wait.count()));
+}
+
+void putAside(DemoDraft& draft, const QString& outcome, const QDateTime& now) {
+  draft.record.status = orv::words::draftRejected;
+  draft.record.reviewOutcome = outcome;
+  draft.record.reviewedAt = draft.record.updatedAt = formatPlatformDate(now);
+}
+
+void putBack(DemoDraft& draft) {
+  Draft& record = draft.record;
+  record.status = record.gate ? orv::words::draftHeld : orv::words::draftPending;
+  if (record.aiBody) record.body = *record.aiBody;
+  for (auto* decided : {&record.dueAt, &record.approvedAt, &record.aiBody, &record.reviewOutcome, &record.reviewedAt,
+                        &record.reviewStyle, &record.reviewText, &record.learnedKind, &record.learnedText})
+    decided->reset();
+  record.edited.reset();
+  draft.training.reset();
+}
+
+}  // namespace orv::demo
