@@ -76,12 +76,8 @@ FocusScope {
         actions: root.store.leadActions
     }
 
-    DropArea {
-        anchors.fill: parent
+    ImportDrop {
         enabled: root.store.canWrite
-        onDropped: event => {
-            if (event.hasUrls)
-                root.store.dropFile(event.urls[0]);
-        }
+        onFileDropped: file => root.store.dropFile(file)
     }
 }

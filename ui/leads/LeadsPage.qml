@@ -39,4 +39,9 @@ FocusScope {
     LeadDialogs {
         actions: root.store.leadActions
     }
+
+    ImportDrop {
+        enabled: root.store.canWrite
+        onFileDropped: file => root.store.leadActions.importing.dropFile(file)
+    }
 }
