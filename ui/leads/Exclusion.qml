@@ -9,7 +9,8 @@ Column {
     required property LeadFilters filters
     required property string key
     required property string several
-    readonly property bool shown: filters.exclusions.includes(key)
+    readonly property var keys: filters.exclusions
+    readonly property bool shown: keys.includes(key)
     default property Component content
 
     OrvButton {

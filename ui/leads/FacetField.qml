@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.Leads
 
 /// One filter with its values, and below it what it leaves out.

@@ -68,9 +68,9 @@ Column {
         }
 
         function toggle(index: int) {
-            const row = values.itemAt(index);
+            const row = values.itemAt(index) as FacetValue;
             if (row)
-                root.filters.toggle(root.facet.key, row.modelData.key);
+                row.toggled();
         }
 
         Keys.onUpPressed: move(-1)

@@ -9,6 +9,7 @@ Column {
     required property LeadFilters filters
     required property string group
     readonly property string database: filters.database
+    readonly property var values: filters.values
     // Asked for anew with each database, and not with each change of the search.
     readonly property var fields: database !== "" ? filters.fields(group) : []
 
@@ -52,7 +53,7 @@ Column {
 
                 OrvField {
                     label: field.modelData.title
-                    text: root.filters.values[field.modelData.key] ?? ""
+                    text: root.values[field.modelData.key] ?? ""
                     onEdited: text => root.filters.type(field.modelData.key, text)
                 }
             }
@@ -62,7 +63,7 @@ Column {
 
                 OrvField {
                     label: field.modelData.title
-                    text: root.filters.values[field.modelData.key] ?? ""
+                    text: root.values[field.modelData.key] ?? ""
                     inputMethodHints: Qt.ImhDigitsOnly
                     onEdited: text => {
                         error = root.filters.numberProblem(text);
@@ -77,7 +78,7 @@ Column {
 
                 OrvCheckbox {
                     text: field.modelData.title
-                    checked: (root.filters.values[field.modelData.key] ?? "") !== ""
+                    checked: (root.values[field.modelData.key] ?? "") !== ""
                     onToggled: root.filters.choose(field.modelData.key, checked ? "1" : "")
                 }
             }

@@ -9,6 +9,7 @@ Column {
 
     required property LeadFinder finder
     readonly property LeadFilters filters: finder.filters
+    readonly property var values: filters.values
 
     Column {
         x: 16
@@ -40,16 +41,16 @@ Column {
         SearchField {
             width: parent.width
             placeholder: "Keywords"
-            text: root.filters.values["q"] ?? ""
+            text: root.values["q"] ?? ""
             onEdited: text => root.filters.type("q", text)
         }
 
         OrvSelect {
-            visible: (root.filters.values["q"] ?? "") !== ""
+            visible: (root.values["q"] ?? "") !== ""
             width: parent.width
             hint: "Where the keywords are looked for"
             options: root.filters.keywordPlaces
-            current: root.filters.values["qin"] ?? "any"
+            current: root.values["qin"] ?? "any"
             onChosen: key => root.filters.choose("qin", key)
         }
 
@@ -62,7 +63,7 @@ Column {
             OrvField {
                 width: parent.width
                 label: "Exclude keywords"
-                text: root.filters.values["xq"] ?? ""
+                text: root.values["xq"] ?? ""
                 onEdited: text => root.filters.type("xq", text)
             }
         }

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.App
 import Orvella.Leads
 
@@ -14,7 +13,7 @@ ListDetail {
     /// The store whose page this is.
     required property Store store
     /// Buttons of the selection bar that only this place has.
-    property list<Item> placeActions
+    property alias placeActions: bar.more
     readonly property alias view: resourceView
     property alias head: headSpace.data
 
@@ -62,7 +61,6 @@ ListDetail {
         LeadSelectionBar {
             id: bar
             results: root.results
-            more: root.placeActions
             narrow: resourceView.width < 760
             onCleared: {
                 root.results.selection.clear();

@@ -10,11 +10,14 @@ PagedTable {
     required property LeadResults results
     required property LeadColumns choice
     required property bool canWrite
-    readonly property list<string> shownKeys: choice.shown
+    readonly property var shownKeys: choice.shown
     /// The columns that hold a line of text, of those that show.
-    readonly property var textColumns: [providerCells, locationCells, titleCells, industryCells, nicheCells, phoneCells,
-        revenueCells, tierCells, keywordsCells, technologiesCells, companyCells, sizeCells, followersCells, addedCells,
-        linkedinCells, websiteCells, databaseCells].filter(column => shownKeys.includes(column.key))
+    readonly property var textColumns: {
+        const all = [providerCells, locationCells, titleCells, industryCells, nicheCells, phoneCells, revenueCells, tierCells,
+            keywordsCells, technologiesCells, companyCells, sizeCells, followersCells, addedCells, linkedinCells, websiteCells,
+            databaseCells];
+        return all.filter(column => shownKeys.includes(column.key));
+    }
 
     title: "Leads"
     name: "leads-" + choice.database

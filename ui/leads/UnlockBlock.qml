@@ -10,6 +10,8 @@ Rectangle {
     required property string leadId
     required property bool canWrite
 
+    readonly property var unlocking: allowance.busyIds
+
     height: column.height + 24
     radius: Theme.radiusCard
     color: Theme.bg
@@ -56,7 +58,7 @@ Rectangle {
                 iconName: "object-unlocked"
                 enabled: root.canWrite
                 hint: root.canWrite ? "" : "Only members can unlock leads."
-                busy: root.allowance.busyIds.includes(root.leadId)
+                busy: root.unlocking.includes(root.leadId)
                 onClicked: root.allowance.unlockOne(root.leadId)
             }
         }
