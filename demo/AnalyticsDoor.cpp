@@ -113,8 +113,8 @@ AnalyticsOverview::Today todayOf(const Call& call) {
   today.ready = warmup.summary.ready;
   for (const DemoCampaign& campaign : call.workspace->campaigns)
     if (!campaign.archivedAt) today.leads += campaign.stats().leads.total;
-  for (const DemoLeadList& list : call.workspace->lists) today.leads += list.people.size();
-  today.lists = call.workspace->lists.size();
+  today.leads += call.workspace->leads.ownedCount();
+  today.lists = std::ranges::count_if(call.workspace->lists, [](const auto& list) { return !list.record.archivedAt; });
   return today;
 }
 

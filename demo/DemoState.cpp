@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-/// Archived campaigns and mailboxes and removed leads wait this long, then go for good.
+/// Whatever is archived waits this long, then go for good.
 constexpr int archiveDays = 30;
 
 }  // namespace
@@ -46,6 +46,11 @@ DemoCampaign* DemoWorkspace::find(const QString& campaignId) {
   const auto found =
       std::ranges::find_if(campaigns, [&](const DemoCampaign& campaign) { return campaign.record.id == campaignId; });
   return found == campaigns.end() ? nullptr : &*found;
+}
+
+DemoLeadList* DemoWorkspace::findList(const QString& listId) {
+  const auto found = std::ranges::find(lists, listId, &DemoLeadList::id);
+  return found == lists.end() ? nullptr : &*found;
 }
 
 DemoMailbox* DemoWorkspace::findMailbox(const QString& mailboxId) {

@@ -8,6 +8,9 @@
 
 #include "demo/DemoInbox.h"
 #include "demo/DemoRandom.h"
+#include "demo/SetupState.h"
+#include "demo/Team.h"
+#include "demo/WorkspaceLeads.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignFeed.h"
 #include "kit/models/campaigns/campaignLead.h"
@@ -105,13 +108,6 @@ struct DemoMailbox {
   QList<QString> tags() const { return record.tags.value_or(QList<QString>()); }
 };
 
-/// People that somebody has put together, to be enrolled from.
-struct DemoLeadList {
-  QString id;
-  QString name;
-  QList<CampaignLead> people;
-};
-
 struct DemoTestEmail {
   TestEmail record;
   QDateTime startedAt;
@@ -133,6 +129,10 @@ struct DemoWorkspace {
   qint64 lastMailboxNumber = 0;
   /// Live and archived ones.
   QList<RoadmapTemplate> templates;
+  /// Live and archived ones.
+  QList<DemoSetupProject> setupProjects;
+  /// Oldest first.
+  QList<DemoSetupRun> setupRuns;
   /// The placement watcher acts on what it sees, and has been around once at least.
   bool watcherActs = true, watcherScanned = true;
   /// How often the directory of a Google Workspace domain was asked for before its admin let the service in.
@@ -140,13 +140,18 @@ struct DemoWorkspace {
   /// In the order they are listed: the newest first.
   QList<DemoCampaign> campaigns;
   qint64 lastNumber = 0;
+  /// Live and archived ones, the newest first.
   QList<DemoLeadList> lists;
+  qint64 lastListNumber = 0;
+  WorkspaceLeads leads;
   /// Addresses that never get an email.
   QStringList blocklist;
   QHash<QString, DemoTestEmail> testEmails;
+  DemoTeam team;
   DemoInbox inbox;
 
   DemoCampaign* find(const QString& campaignId);
+  DemoLeadList* findList(const QString& id);
   /// Wherever it is.
   DemoMailbox* findMailbox(const QString& id);
 };
@@ -197,6 +202,8 @@ struct DemoScale {
   int mailboxes = 0;
   int leads = 0;
   int threads = 0;
+  /// Leads in the database.
+  int database = 240'000;
 };
 
 /// The sample: the same seed, scale and day give the same bytes.

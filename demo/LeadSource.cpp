@@ -2,7 +2,9 @@
 
 #include <QJsonDocument>
 
+#include "demo/CsvRows.h"
 #include "demo/Enrolment.h"
+#include "demo/Leads.h"
 #include "kit/models/campaigns/addLeads.h"
 using namespace Qt::Literals::StringLiterals;
 
@@ -12,34 +14,13 @@ namespace {
 /// The one duplicate rule that looks beyond the campaign.
 bool looksEverywhere(const QString& dedupe) { return dedupe == "workspace"_L1; }
 
-/// Lines and fields of comma-separated text, quoted fields with their commas, quotes and line breaks included.
-QList<QStringList> readCsv(const QString& text) {
-  QList<QStringList> lines{{QString()}};
-  bool quoted = false;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    const QChar c = text[i];
-    QString& field = lines.last().last();
-    if (quoted && c == u'"' && text.mid(i + 1, 1) == "\""_L1)
-      field += text[++i];
-    else if (c == u'"')
-      quoted = !quoted;
-    else if (!quoted && c == u',')
-      lines.last().append(QString());
-    else if (!quoted && c == u'\n')
-      lines.append(QStringList{QString()});
-    else if (quoted || c != u'\r')
-      field += c;
-  }
-  lines.removeIf([](const QStringList& line) { return line == QStringList{QString()}; });
-  return lines;
-}
-
 LeadSource fromCsv(Call& call, const AddLeadsBody::Csv& csv) {
-  const auto lines = readCsv(csv.csv);
+  CsvRows rows(csv.csv);
   LeadSource source;
   source.onlyNew = looksEverywhere(csv.dedupe);
-  source.columns = lines.value(0);
-  for (const QStringList& line : lines.mid(1)) {
+  source.columns = rows.next().value_or(QStringList());
+  while (const auto row = rows.next()) {
+    const QStringList& line = *row;
     CampaignLead lead;
     lead.id = call.random.id(u"l"_s);
     lead.source = csv.fileName.value_or(u"csv"_s);
@@ -60,29 +41,30 @@ LeadSource fromHand(Call& call, const AddLeadsBody::Manual& manual) {
 }
 
 std::optional<LeadSource> fromList(Call& call, const AddLeadsBody::List& body) {
-  const auto list = std::ranges::find(call.workspace->lists, body.listId, &DemoLeadList::id);
-  if (list == call.workspace->lists.end()) return std::nullopt;
-  LeadSource source{list->people, {}, looksEverywhere(body.dedupe)};
-  for (CampaignLead& lead : source.people) lead.source = list->name;
+  settleLeads(call);
+  const DemoLeadList* list = call.workspace->findList(body.listId);
+  if (!list || list->record.archivedAt) return std::nullopt;
+  LeadSource source{{}, {}, looksEverywhere(body.dedupe)};
+  for (const auto& member : list->members) {
+    source.people.append(enrollable(call.workspace->leads, member.lead));
+    source.people.last().source = list->record.name;
+  }
   return source;
 }
 
-/// Somebody known from a list or another campaign.
-const CampaignLead* findAnywhere(Call& call, const QString& id) {
-  for (const DemoLeadList& list : std::as_const(call.workspace->lists)) {
-    const auto found = std::ranges::find(list.people, id, &CampaignLead::id);
-    if (found != list.people.end()) return &*found;
-  }
+/// Somebody among the workspace's leads or in another campaign.
+std::optional<CampaignLead> findAnywhere(Call& call, const QString& id) {
+  if (const auto place = call.workspace->leads.placeOf(id)) return enrollable(call.workspace->leads, *place);
   for (DemoCampaign& campaign : call.workspace->campaigns)
-    if (const CampaignLead* lead = findLead(campaign, id)) return lead;
-  return nullptr;
+    if (const CampaignLead* lead = findLead(campaign, id)) return *lead;
+  return std::nullopt;
 }
 
 /// Leads of the workspace, as new as on their first day.
 LeadSource fromLeads(Call& call, const AddLeadsBody::Leads& body) {
   LeadSource source{{}, {}, !body.allowOtherCampaigns};
   for (const QString& id : body.leadIds) {
-    const CampaignLead* known = findAnywhere(call, id);
+    const auto known = findAnywhere(call, id);
     if (!known) continue;
     CampaignLead lead = *known;
     for (auto* instant : {&lead.firstSentAt, &lead.lastSentAt, &lead.repliedAt, &lead.nextSendAt, &lead.removedAt})

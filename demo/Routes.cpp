@@ -35,9 +35,10 @@ struct Pattern {
 
 QList<Route> allRoutes() {
   return accountRoutes() + analyticsRoutes() + campaignRoutes() + sequenceRoutes() + campaignLeadRoutes() +
-         leadListRoutes() + mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes() +
+         leadListRoutes() + leadImportRoutes() + savedSearchRoutes() + leadUnlockRoutes() + leadSearchRoutes() +
+         mailboxRoutes() + mailboxAddingRoutes() + mailboxBulkRoutes() + googleWorkspaceRoutes() +
          roadmapTemplateRoutes() + rampupRoutes() + deliverabilityRoutes() + inboxRoutes() + draftRoutes() +
-         agentRoutes();
+         agentRoutes() + setupRoutes() + setupRunRoutes() + workspaceRoutes();
 }
 
 FoundRoute findRoute(const DemoRequest& request) {

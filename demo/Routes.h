@@ -49,14 +49,21 @@ const QList<Route>& campaignRoutes();
 const QList<Route>& deliverabilityRoutes();
 const QList<Route>& draftRoutes();
 const QList<Route>& inboxRoutes();
+const QList<Route>& leadImportRoutes();
 const QList<Route>& leadListRoutes();
+const QList<Route>& leadSearchRoutes();
+const QList<Route>& leadUnlockRoutes();
 const QList<Route>& googleWorkspaceRoutes();
 const QList<Route>& mailboxAddingRoutes();
 const QList<Route>& mailboxBulkRoutes();
 const QList<Route>& mailboxRoutes();
 const QList<Route>& rampupRoutes();
 const QList<Route>& roadmapTemplateRoutes();
+const QList<Route>& savedSearchRoutes();
 const QList<Route>& sequenceRoutes();
+const QList<Route>& setupRoutes();
+const QList<Route>& setupRunRoutes();
+const QList<Route>& workspaceRoutes();
 QList<Route> allRoutes();
 
 struct FoundRoute {

@@ -2,11 +2,12 @@
 
 #include "demo/DailyFigures.h"
 #include "demo/DemoState.h"
-#include "demo/Enrolment.h"
 #include "demo/Inbox.h"
+#include "demo/LeadSample.h"
 #include "demo/MailboxSample.h"
 #include "demo/Mailboxes.h"
 #include "demo/Roadmaps.h"
+#include "demo/SetupRuns.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaign.h"
@@ -186,8 +187,11 @@ void addRandomCampaigns(DemoWorkspace& workspace, qint64 count, DemoRandom& rand
 }
 
 DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QString& timeZone,
-                            const QMap<QString, QString>& members, const QDate& today) {
+                            const QMap<QString, QString>& members, const QDate& today,
+                            const std::shared_ptr<const LeadBase>& base) {
   DemoWorkspace workspace;
+  workspace.leads.base = base;
+  addCredits(workspace);
   workspace.id = u"w_"_s + slug;
   workspace.slug = slug;
   workspace.name = name;
@@ -195,13 +199,6 @@ DemoWorkspace makeWorkspace(const QString& slug, const QString& name, const QStr
   workspace.members = members;
   workspace.templates = firstTemplates(today);
   return workspace;
-}
-
-void addList(DemoWorkspace& workspace, DemoRandom& random) {
-  DemoLeadList list{u"li_fair"_s, u"Trade fair, Hanover"_s, {}};
-  for (qint64 number = 1; number <= 40; ++number) list.people.append(makePerson(random, number));
-  workspace.blocklist.append(list.people.last().email);
-  workspace.lists.append(list);
 }
 
 }  // namespace
@@ -213,13 +210,16 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
   state.accounts.insert(maren, {{u"u_maren"_s, maren, u"Maren Kolbe"_s, {}, {}}, u"northgate-demo"_s, u"northgate"_s});
   state.accounts.insert(tomas, {{u"u_tomas"_s, tomas, u"Tomas Lind"_s, {}, {}}, {}, {}});
 
+  // Everybody searches the same one.
+  const auto base = std::make_shared<LeadBase>(seed, scale.database, today);
   auto northgate = makeWorkspace(u"northgate"_s, u"Northgate Growth"_s, u"Europe/Berlin"_s,
-                                 {{maren, u"owner"_s}, {tomas, u"member"_s}}, today);
+                                 {{maren, u"owner"_s}, {tomas, u"member"_s}}, today, base);
   addMailboxes(northgate, std::max(54, scale.mailboxes), random, today);
   for (Row row : northgateRows()) {
     if (northgate.campaigns.isEmpty()) row.leads = std::max<qint64>(row.leads, scale.leads);
     northgate.campaigns.append(makeCampaign(row, northgate, random, today));
   }
+  addTeam(state, northgate, today);
   int day = 4;
   for (const Row& row : northgateArchive()) {
     auto campaign = makeCampaign(row, northgate, random, today);
@@ -227,19 +227,21 @@ DemoState makeSample(quint64 seed, const DemoScale& scale, const QDate& today) {
     northgate.campaigns.append(campaign);
   }
   addRandomCampaigns(northgate, scale.campaigns - northgateRows().size(), random, today);
-  addList(northgate, random);
+  addLeads(northgate, random, today);
   addArchivedMailboxes(northgate, 2, random, today);
+  addSetup(northgate, today);
 
-  auto caldera = makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}}, today);
+  auto caldera =
+      makeWorkspace(u"caldera"_s, u"Caldera Studio"_s, u"Europe/Lisbon"_s, {{maren, u"admin"_s}}, today, base);
   caldera.watcherActs = false;
   addMailboxes(caldera, 4, random, today);
   addRandomCampaigns(caldera, 3, random, today);
-  auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, today);
+  auto harbour = makeWorkspace(u"harbour"_s, u"Harbour Clients"_s, u"UTC"_s, {{maren, u"viewer"_s}}, today, base);
   harbour.watcherScanned = false;
   addMailboxes(harbour, 6, random, today);
   addRandomCampaigns(harbour, 2, random, today);
   state.workspaces = {northgate, caldera, harbour,
-                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, today)};
+                      makeWorkspace(u"fresh"_s, u"Fresh Start"_s, u"UTC"_s, {{maren, u"owner"_s}}, today, base)};
   for (DemoWorkspace& workspace : state.workspaces) {
     const bool isFirst = &workspace == &state.workspaces.first();
     addInbox(workspace, isFirst ? std::max(64, scale.threads) : 12, DemoRandom(seed ^ 0x1b0c5), today);
