@@ -30,10 +30,12 @@ QList<Scene> accountsScenes();
 QList<Scene> accountDetailScenes();
 QList<Scene> deliverabilityScenes();
 QList<Scene> rampupScenes();
+QList<Scene> leadListsScenes();
+QList<Scene> leadsScenes();
 
 inline QList<Scene> allScenes() {
   return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() + accountsScenes() +
-         accountDetailScenes() + deliverabilityScenes() + rampupScenes();
+         accountDetailScenes() + deliverabilityScenes() + rampupScenes() + leadsScenes() + leadListsScenes();
 }
 
 }  // namespace orv
