@@ -13,6 +13,8 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/deliverability/DeliverabilityStore.h"
 #include "app/figures/RangeForm.h"
+#include "app/leads/LeadListStore.h"
+#include "app/leads/LeadsStore.h"
 #include "app/rampup/RampupAccountStore.h"
 #include "tests/app/sweep/Sweep.h"
 
@@ -24,7 +26,7 @@ namespace {
 
 QList<SweepRow> allRows() {
   return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
-         figureRows() + rampupRows();
+         figureRows() + leadListRows() + rampupRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -56,7 +58,10 @@ const QList<const QMetaObject*> stores{
     &RangeForm::staticMetaObject,          &DeliverabilityStore::staticMetaObject, &RampupStore::staticMetaObject,
     &RampupBulk::staticMetaObject,         &RampupDetails::staticMetaObject,       &RoadmapTemplates::staticMetaObject,
     &AddToTemplate::staticMetaObject,      &RoadmapEditor::staticMetaObject,       &WarmupForm::staticMetaObject,
-    &RampupAccountStore::staticMetaObject};
+    &RampupAccountStore::staticMetaObject, &AddToCampaign::staticMetaObject,       &AddToList::staticMetaObject,
+    &CsvImportForm::staticMetaObject,      &LeadExport::staticMetaObject,          &LeadImports::staticMetaObject,
+    &LeadListForm::staticMetaObject,       &LeadListPicker::staticMetaObject,      &LeadLists::staticMetaObject,
+    &LeadListStore::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -82,8 +87,7 @@ const std::map<QString, QStringList> sendNothing{
     {u"LeadMove"_s, {u"cancel"_s, u"query"_s, u"target"_s}},
     {u"LeadPanel"_s, {u"fieldText"_s, u"setField"_s, u"discard"_s, u"dismiss"_s}},
     {u"LeadAdding"_s,
-     {u"chooseFile"_s, u"dropFile"_s, u"dismiss"_s, u"dedupe"_s, u"ownLimit"_s, u"allowOtherCampaigns"_s,
-      u"listId"_s}},
+     {u"chooseFile"_s, u"dropFile"_s, u"dismiss"_s, u"dedupe"_s, u"ownLimit"_s, u"allowOtherCampaigns"_s, u"listId"_s}},
     {u"SequenceEditor"_s,
      {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,
       u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
@@ -101,6 +105,13 @@ const std::map<QString, QStringList> sendNothing{
     {u"RoadmapEditor"_s, {u"set"_s, u"add"_s, u"remove"_s}},
     {u"WarmupForm"_s, {u"edit"_s, u"cancel"_s}},
     {u"RampupAccountStore"_s, {u"openList"_s, u"extendDays"_s, u"restartOn"_s}},
+    {u"AddToCampaign"_s, {u"openCampaign"_s, u"current"_s, u"newName"_s, u"skipOthers"_s}},
+    {u"AddToList"_s, {u"openList"_s, u"howMany"_s, u"skipInLists"_s, u"skipInCampaigns"_s}},
+    {u"CsvImportForm"_s, {u"chooseFile"_s, u"setTarget"_s, u"dismiss"_s}},
+    {u"LeadExport"_s, {u"howMany"_s, u"onlyTicked"_s}},
+    {u"LeadListPicker"_s, {u"current"_s, u"newName"_s}},
+    {u"LeadLists"_s, {u"sort"_s, u"open"_s}},
+    {u"LeadListStore"_s, {u"openLists"_s, u"exportCsv"_s}},
 };
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
@@ -114,6 +125,9 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"RampupBulk"_s, {u"switchWarmup"_s}},
     {u"RampupDetails"_s, {u"look"_s}},
     {u"AddToTemplate"_s, {u"submit"_s}},
+    {u"CsvImportForm"_s, {u"show"_s, u"dropFile"_s, u"submit"_s}},
+    {u"LeadLists"_s, {u"showArchived"_s}},
+    {u"LeadListStore"_s, {u"importInto"_s, u"dropFile"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
