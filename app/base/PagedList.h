@@ -27,6 +27,9 @@ struct PagedListOptions {
   std::function<Row(const Item&)> row = {};
   /// Which of the rows are shown; without it, all of them. See arrange().
   std::function<bool(const Row&)> matches = {};
+  /// What a page has no longer waits in the next one until that is read again. A list that is read whole does so anyway;
+  /// another one wants it where new rows push the others down under the person's eyes.
+  bool keepsLost = false;
 };
 
 /// A list that is read page by page: the pages and where each begins, an index by id, the rows for the table. A page
@@ -158,7 +161,7 @@ class PagedList final : public PagedListBase {
       m_changed.clear();
       m_head.reset();
     }
-    auto news = m_rows.take(page, rowsOf(answer, asked), answer.nextCursor, m_isWhole);
+    auto news = m_rows.take(page, rowsOf(answer, asked), answer.nextCursor, m_isWhole || m_options.keepsLost);
     using Kind = typename PagedRows<Row>::News::Kind;
     if (std::exchange(m_asksAnew, false))
       m_model.replace(arranged());

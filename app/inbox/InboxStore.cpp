@@ -1,13 +1,44 @@
 #include "app/inbox/InboxStore.h"
 
+#include <QUrl>
+
 #include "app/base/EnumName.h"
+#include "app/base/shownName.h"
+#include "app/inbox/addresses.h"
+#include "kit/models/campaigns/campaignRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
 InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* drafts, Store* agent)
-    : Store(context), m_writings(writings), m_drafts(drafts), m_agent(agent) {}
+    : Store(context),
+      m_writings(writings),
+      m_drafts(drafts),
+      m_agent(agent),
+      m_threads(context, this),
+      m_actions(context, this, m_threads, writings),
+      m_campaigns(*this, [this] { return api().send(Requests::listCampaigns(false)); }) {
+  connect(&m_threads, &ThreadList::arrived, this, &InboxStore::arrived);
+  connect(&m_threads, &ThreadList::changed, this, &InboxStore::moved);
+  connect(&m_threads, &ThreadList::countsChanged, this, &InboxStore::sectionsChanged);
+  connect(&m_actions, &ThreadActions::busyChanged, this, &InboxStore::busyChanged);
+  connect(&m_actions, &ThreadActions::readAgain, this, [this](const ThreadDetail& detail) {
+    if (Conversation* there = m_kept.find(detail.thread.id)) there->take(detail);
+  });
+  connect(&m_actions, &ThreadActions::sent, this, [this](const QString& threadId) {
+    Conversation* there = m_kept.find(threadId);
+    if (there) there->setReplying(false);
+    if (threadId == m_openId) Q_EMIT replySent();
+  });
+  connect(&m_campaigns, &ResourceBase::valueChanged, this, [this] {
+    if (conversation()) Q_EMIT conversation()->changed();
+  });
+  connect(&writings, &Writings::changed, this, [this](const QString& threadId) {
+    const Writing* reply = m_writings.findReply(threadId);
+    m_threads.rows().setWritten(threadId, reply && reply->dirty());
+  });
+}
 
 QString InboxStore::sectionName() const { return enumName(m_section); }
 
@@ -16,13 +47,15 @@ void InboxStore::setSection(const QString& name) {
   if (!section || *section == m_section) return;
   if ((*section == Section::drafts && !m_drafts) || (*section == Section::agent && !m_agent)) return;
   m_section = *section;
+  context().showing(Page::inbox, m_section == Section::conversations ? m_openId : QString());
   Q_EMIT changed();
   Q_EMIT moved();
 }
 
 QList<Choice> InboxStore::sections() const {
   QList<Choice> sections{{.key = enumName(Section::conversations), .label = u"Conversations"_s}};
-  if (m_drafts) sections.append({.key = enumName(Section::drafts), .label = u"Drafts"_s});
+  if (m_drafts)
+    sections.append({.key = enumName(Section::drafts), .label = u"Drafts"_s, .count = m_threads.draftCount()});
   if (m_agent) sections.append({.key = enumName(Section::agent), .label = u"Agent"_s});
   return sections;
 }
@@ -31,21 +64,206 @@ Store* InboxStore::shownPart() const {
   return m_section == Section::drafts ? m_drafts : m_section == Section::agent ? m_agent : nullptr;
 }
 
-void InboxStore::refresh() {
-  if (Store* part = shownPart()) return part->refresh();
+void InboxStore::ensureLoaded() {
+  Store::ensureLoaded();
+  m_threads.ensureLoaded();
 }
 
-PagePlace InboxStore::where() const { return {.tab = sectionName()}; }
+void InboxStore::refresh() {
+  if (Store* part = shownPart()) return part->refresh();
+  m_threads.refresh();
+  if (conversation()) conversation()->refresh();
+}
+
+PagePlace InboxStore::where() const { return {.tab = sectionName(), .value = m_threads.query()}; }
 
 void InboxStore::goTo(const PagePlace& place) {
   setSection(place.tab.isEmpty() ? enumName(Section::conversations) : place.tab);
+  if (m_section == Section::conversations) m_threads.setQuery(place.value);
+  context().showing(Page::inbox, m_section == Section::conversations ? m_openId : QString());
 }
 
-void InboxStore::begin() { setSection(enumName(Section::conversations)); }
+void InboxStore::begin() {
+  setSection(enumName(Section::conversations));
+  context().showing(Page::inbox, m_openId);
+}
 
-QList<PageAction> InboxStore::offered(const QString& record) {
-  if (Store* part = shownPart()) return part->actions(record);
-  return Store::offered(record);
+void InboxStore::showRecord(const QString& id) {
+  if (m_section == Section::conversations && id == m_openId) return;
+  setSection(enumName(Section::conversations));
+  open(id);
+}
+
+QList<FoundRecord> InboxStore::found() const {
+  QList<FoundRecord> records;
+  const_cast<InboxStore*>(this)->m_threads.list()->each([&records](const ThreadRow& row) {
+    records.append({row.id, contactOf(row.record()), row.record().subject});
+  });
+  return records;
+}
+
+QStringList InboxStore::busyIds() const { return m_actions.busy().ids().values(); }
+
+bool InboxStore::deciding() const {
+  const Draft* draft = conversation() ? conversation()->draft() : nullptr;
+  return draft && desk() && desk()->isDeciding(draft->id);
+}
+
+int InboxStore::leadsWidth() const {
+  const int width = services().preferences.inboxLeadsWidth();
+  return width == 0 ? 0 : std::clamp(width, leastLeadsWidth, mostLeadsWidth);
+}
+
+void InboxStore::setLeadsWidth(int width) {
+  services().preferences.setInboxLeadsWidth(std::clamp(width, leastLeadsWidth, mostLeadsWidth));
+  Q_EMIT leadsWidthChanged();
+}
+
+void InboxStore::trim() {
+  m_kept.keepOnly(m_openId);
+  m_writings.trim();
+}
+
+void InboxStore::close() {
+  Store::close();
+  m_openId.clear();
+  Q_EMIT openChanged();
+  m_kept.clear();
+}
+
+QString InboxStore::campaignName(const QString& id) const {
+  if (!m_campaigns.value()) return {};
+  const auto& items = m_campaigns.value()->items;
+  const auto found = std::ranges::find(items, id, &CampaignSummary::id);
+  return found != items.end() ? found->name : QString();
+}
+
+Conversation* InboxStore::kept(const QString& id) {
+  return m_kept.open(id, [this, &id] {
+    auto* made = new Conversation(context(), id,
+                                  {.writings = m_writings,
+                                   .listed = [this](const QString& thread) -> std::optional<InboxThread> {
+                                     const InboxThread* listed = m_threads.find(thread);
+                                     return listed ? std::optional(*listed) : std::nullopt;
+                                   },
+                                   .label = [this](const ThreadLabel& label) { return m_threads.read(label); },
+                                   .campaign = [this](const QString& campaign) { return campaignName(campaign); }});
+    made->setParent(this);
+    connect(made->detail(), &ResourceBase::valueChanged, this, [this, id] { conversationRead(id); });
+    return made;
+  });
+}
+
+void InboxStore::open(const QString& id) {
+  if (id.isEmpty()) return;
+  if (id == m_openId) return conversation()->ensureLoaded();
+  Conversation* before = conversation();
+  const QStringList ids = m_threads.list()->shownIds();
+  if (before && ids.indexOf(id) >= 0) m_direction = ids.indexOf(id) < ids.indexOf(m_openId) ? -1 : 1;
+  Conversation* next = kept(id);
+  next->appear();
+  m_openId = id;
+  Q_EMIT openChanged();
+  if (before) {
+    // What nobody waits for any more is read when they come back.
+    if (!before->detail()->value()) {
+      before->detail()->cancel();
+      before->detail()->markStale();
+    }
+    before->disappear();
+  }
+  m_threads.setShownRead(id, true);
+  next->ensureLoaded();
+  if (next->detail()->value()) conversationRead(id);
+  context().showing(Page::inbox, id);
+  Q_EMIT busyChanged();
+}
+
+void InboxStore::step(int by) {
+  const QString next = m_openId.isEmpty() ? m_threads.first() : m_threads.neighbour(m_openId, by);
+  // The open one may have left the list.
+  open(next.isEmpty() && !m_threads.find(m_openId) ? m_threads.first() : next);
+}
+
+void InboxStore::conversationRead(const QString& id) {
+  if (id != m_openId) return;
+  const Conversation& open = *conversation();
+  const InboxThread* thread = open.thread();
+  if (thread->unread && m_threads.rows().isShownRead(id) && canWrite() && isShown()) m_actions.markRead(*thread);
+  readAhead();
+  Q_EMIT busyChanged();
+}
+
+void InboxStore::readAhead() {
+  const QString next = m_threads.neighbour(m_openId, m_direction);
+  if (!next.isEmpty()) kept(next)->ensureLoaded();
+}
+
+void InboxStore::arrived() {
+  const QStringList keys = m_kept.keys();
+  for (const QString& id : keys) {
+    const InboxThread* listed = m_threads.find(id);
+    if (listed) m_kept.find(id)->follow(*listed);
+  }
+  Q_EMIT foundChanged();
+}
+
+void InboxStore::setLabel(const QString& key) {
+  const InboxThread* thread = conversation() ? conversation()->thread() : nullptr;
+  if (thread && canWrite() && conversation()->label() != key) m_actions.setLabel(*thread, key);
+}
+
+void InboxStore::leave(const InboxThread& thread, bool archives) {
+  const bool isOpen = thread.id == m_openId;
+  const bool goesOut = archives != (m_threads.filter().tab == ThreadFilter::Tab::archived);
+  QString next;
+  if (isOpen && goesOut) {
+    next = m_threads.neighbour(m_openId, 1);
+    if (next.isEmpty()) next = m_threads.neighbour(m_openId, -1);
+  }
+  if (archives)
+    m_actions.archive(thread);
+  else
+    m_actions.moveToInbox(thread);
+  open(next);
+}
+
+void InboxStore::startReply() {
+  if (!conversation()) return;
+  conversation()->setReplying(true);
+  Q_EMIT replyWanted();
+}
+
+void InboxStore::send() {
+  const InboxThread* thread = conversation() ? conversation()->thread() : nullptr;
+  if (thread && canWrite()) m_actions.send(*thread, conversation()->hasDraft());
+}
+
+void InboxStore::decide(bool approves) {
+  const Draft* draft = conversation() ? conversation()->draft() : nullptr;
+  if (!draft || !desk()) return;
+  const ReviewDraft item{*draft, *conversation()->thread()};
+  conversation()->setEditing(false);
+  if (approves)
+    desk()->approve(item);
+  else
+    desk()->skip(item);
+  Q_EMIT busyChanged();
+}
+
+void InboxStore::openLink(const QString& url) {
+  if (!services().browser.open(QUrl(url)))
+    services().toasts.show({.message = u"Couldn’t open the link."_s, .tone = Toasts::Tone::error});
+}
+
+void InboxStore::copyAddress() {
+  const InboxThread* thread = conversation() ? conversation()->thread() : nullptr;
+  if (!thread) return;
+  if (services().clipboard.setText(thread->contactAddress))
+    services().toasts.success(u"Copied"_s);
+  else
+    services().toasts.show(
+        {.message = u"Couldn’t copy. Select the address and copy it."_s, .tone = Toasts::Tone::error});
 }
 
 }  // namespace orv

@@ -44,7 +44,16 @@ void Writing::setState(bool sending, bool uncertain) {
   if (m_sending == sending && m_uncertain == uncertain) return;
   m_sending = sending;
   m_uncertain = uncertain;
+  if (!sending)
+    for (OneShot<bool> waiting : std::exchange(m_waiting, {})) waiting.give(true);
   Q_EMIT changed();
+}
+
+Task<void> Writing::settled() {
+  if (!m_sending) co_return;
+  const OneShot<bool> ended;
+  m_waiting.append(ended);
+  co_await ended.wait();
 }
 
 QString Writing::rival() const { return m_draft.rivals().value(u"body"_s).toString(); }

@@ -59,6 +59,8 @@ class Writing final : public QObject {
   /// It was on its way, and nobody knows whether it arrived.
   bool uncertain() const { return m_uncertain; }
   void setState(bool sending, bool uncertain);
+  /// Waits until it is not on its way any more.
+  Task<void> settled();
 
   /// The draft says something else by now than when it was edited; what it says, else empty.
   QString rival() const;
@@ -90,6 +92,7 @@ class Writing final : public QObject {
   bool m_sending = false;
   bool m_uncertain = false;
   int m_views = 0;
+  QList<OneShot<bool>> m_waiting;
 };
 
 }  // namespace orv

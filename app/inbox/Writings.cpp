@@ -1,5 +1,7 @@
 #include "app/inbox/Writings.h"
 
+#include <QPointer>
+
 #include "app/base/shownName.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -51,8 +53,19 @@ std::optional<QString> Writings::editOf(const Draft& draft) const {
 QStringList Writings::unsavedWork() const {
   QStringList work;
   for (const auto& [key, writing] : m_all)
-    if (writing->dirty() && !writing->sending()) work.append(writing->about() + u" was not sent."_s);
+    if (writing->dirty() || writing->sending())
+      work.append(writing->about() + (writing->sending() ? u" is being sent."_s : u" was not sent."_s));
   return work;
+}
+
+Task<bool> Writings::flush() {
+  const QPointer writings(this);
+  QStringList keys;
+  for (const auto& [key, writing] : m_all)
+    if (writing->sending()) keys.append(key);
+  for (const QString& key : keys)
+    if (Writing* writing = writings ? writings->find(key) : nullptr) co_await writing->settled();
+  co_return writings && writings->unsavedWork().isEmpty();
 }
 
 void Writings::trim() {

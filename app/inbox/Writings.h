@@ -28,6 +28,8 @@ class Writings final : public Store {
   std::optional<QString> editOf(const Draft& draft) const;
 
   QStringList unsavedWork() const override;
+  /// Waits for what is on its way; only its writer sends the rest.
+  Task<bool> flush() override;
   /// Lets go of texts that say nothing.
   void trim() override;
 

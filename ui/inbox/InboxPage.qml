@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.Inbox
 
 /// The inbox: conversations, the drafts to review, or the agent that writes them.
@@ -16,15 +15,15 @@ FocusScope {
         anchors.fill: parent
         focus: true
         sourceComponent: conversations
+        // Whoever went elsewhere and back goes on with the keyboard where the content is.
+        onLoaded: content.takeFocus()
     }
 
     Component {
         id: conversations
 
-        FocusScope {
-            InboxSections {
-                store: root.store
-            }
+        ConversationsView {
+            store: root.store
         }
     }
 }

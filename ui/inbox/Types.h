@@ -8,10 +8,24 @@
 
 namespace orv::qml {
 
+struct ConversationType {
+  Q_GADGET
+  QML_FOREIGN(orv::Conversation)
+  QML_NAMED_ELEMENT(Conversation)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct InboxStoreType {
   Q_GADGET
   QML_FOREIGN(orv::InboxStore)
   QML_NAMED_ELEMENT(InboxStore)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ThreadListType {
+  Q_GADGET
+  QML_FOREIGN(orv::ThreadList)
+  QML_NAMED_ELEMENT(ThreadList)
   QML_UNCREATABLE("The application model owns it.")
 };
 

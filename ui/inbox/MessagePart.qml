@@ -1,0 +1,195 @@
+import QtQuick
+import Orvella.Design
+
+/// One row of a conversation: the head of a message, a piece of its text, what folds a quotation away, its addresses.
+Item {
+    id: root
+
+    required property string part
+    required property string foldId
+    required property string sender
+    required property string address
+    required property string recipients
+    required property string caption
+    required property string time
+    required property string text
+    required property var links
+    required property bool inbound
+    required property bool first
+    required property bool open
+
+    readonly property real textX: 56
+    readonly property real textWidth: Math.min(640, width - textX - 60)
+
+    signal foldRequested(string id)
+    signal linkChosen(string url)
+
+    implicitHeight: content.height
+    height: implicitHeight
+
+    Loader {
+        id: content
+        width: root.width
+        sourceComponent: root.part === "head" ? headPart : root.part === "fold" ? foldPart : root.part === "links" ? linksPart : textPart
+    }
+
+    Component {
+        id: headPart
+
+        Item {
+            height: 46
+            Accessible.role: Accessible.Heading
+            Accessible.name: [root.sender, root.address, root.recipients, root.caption, root.time].filter(word => word !== "").join(", ")
+
+            OrvDivider {
+                visible: !root.first
+                x: 20
+                y: 4
+                width: root.width - 2 * x
+            }
+
+            OrvAvatar {
+                x: 20
+                y: 14
+                name: root.sender
+            }
+
+            Text {
+                id: sender
+                x: root.textX
+                y: 18
+                width: Math.min(implicitWidth, (note.x - x) * 0.6)
+                height: 20
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: root.sender
+                font: Theme.bodyBold
+                color: Theme.text
+                Accessible.ignored: true
+            }
+
+            Text {
+                x: sender.x + sender.width + 8
+                y: 18
+                width: Math.max(0, note.x - x - 8)
+                height: 20
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideRight
+                textFormat: Text.PlainText
+                text: [root.address, root.recipients].filter(word => word !== "").join(" · ")
+                font: Theme.small
+                color: Theme.text2
+                Accessible.ignored: true
+            }
+
+            Row {
+                id: note
+                x: root.width - width - 20
+                y: 18
+                height: 20
+                spacing: 8
+
+                Text {
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    textFormat: Text.PlainText
+                    text: root.caption
+                    font: Theme.microText
+                    color: Theme.text3
+                    Accessible.ignored: true
+                }
+
+                Text {
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    textFormat: Text.PlainText
+                    text: root.time
+                    font: Theme.small
+                    color: Theme.text2
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+
+    Component {
+        id: textPart
+
+        Item {
+            height: piece.height + 2
+
+            // It can be selected and copied; it can hold nothing but text.
+            TextEdit {
+                id: piece
+                x: root.textX
+                width: root.textWidth
+                readOnly: true
+                selectByMouse: true
+                textFormat: TextEdit.PlainText
+                wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
+                text: root.text
+                font: Theme.body
+                color: root.part === "quote" ? Theme.text2 : Theme.text
+                selectionColor: Theme.accent
+                selectedTextColor: Theme.inkOnAccent
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+    }
+
+    Component {
+        id: foldPart
+
+        Item {
+            height: 34
+
+            OrvButton {
+                x: root.textX
+                y: 4
+                size: "small"
+                text: root.open ? "Hide quoted text" : "•••"
+                hint: root.open ? "" : "Show quoted text"
+                Accessible.name: root.open ? "Hide quoted text" : "Show quoted text"
+                onClicked: root.foldRequested(root.foldId)
+            }
+        }
+    }
+
+    Component {
+        id: linksPart
+
+        Column {
+            x: root.textX
+            topPadding: 6
+
+            Repeater {
+                model: root.links
+
+                // The address itself, never other words for it.
+                Row {
+                    id: line
+
+                    required property string modelData
+
+                    spacing: 6
+
+                    OrvIcon {
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: line.modelData.startsWith("mailto:") ? "mail-message" : "internet-services"
+                        size: 14
+                        color: Theme.text3
+                    }
+
+                    OrvLink {
+                        width: Math.min(implicitWidth, root.textWidth - 20)
+                        text: line.modelData
+                        Accessible.role: Accessible.Link
+                        onClicked: root.linkChosen(line.modelData)
+                    }
+                }
+            }
+        }
+    }
+}

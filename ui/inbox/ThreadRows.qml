@@ -1,0 +1,81 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+import Orvella.Inbox
+
+/// The rows of the conversations. The one that is open is marked; the row that the keyboard comes to rest on opens.
+TableCore {
+    id: root
+
+    required property InboxStore store
+    readonly property PagedList list: store.threads.list
+
+    title: "Conversations"
+    rowHeight: 99
+    sidePadding: 0
+    model: list.rows
+    keyRole: "id"
+    query: list.question
+    canLoadMore: list.canLoadMore
+    loadingMore: list.loadingMore
+    moreFailed: list.moreFailed
+    tickedKeys: store.openId === "" ? [] : [store.openId]
+    busyKeys: store.busyIds
+    columns: [
+        OrvColumn { id: threadCells; key: "said"; title: "Conversation"; fill: true }
+    ]
+
+    Accessible.role: Accessible.Table
+    Accessible.name: title
+
+    onMoreRequested: list.loadMore()
+    onRowsSeen: (first, last) => list.see(first, last)
+    onOpened: key => {
+        rest.stop();
+        store.open(key);
+    }
+    onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
+    onQueryChanged: body.goToTop()
+    onCurrentKeyChanged: if (body.activeFocus) rest.restart()
+
+    function focusRows() {
+        body.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    function goToTop() {
+        body.goToTop();
+    }
+
+    // A key that is held passes many rows; where it comes to rest is what is looked at.
+    Timer {
+        id: rest
+        interval: 120
+        onTriggered: if (root.currentKey !== "") root.store.open(root.currentKey)
+    }
+
+    Connections {
+        target: root.store
+
+        function onOpenChanged() {
+            const row = root.rows.rowOf(root.store.openId);
+            if (row >= 0 && root.currentKey !== root.store.openId)
+                body.moveTo(row);
+            rest.stop();
+        }
+    }
+
+    TableBody {
+        id: body
+        anchors.fill: parent
+        focus: true
+        table: root
+        delegate: ThreadRow {
+            column: threadCells
+        }
+    }
+
+    ActionMenu {
+        id: menu
+        store: root.store
+    }
+}

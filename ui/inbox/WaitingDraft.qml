@@ -1,0 +1,263 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+import Orvella.Inbox
+
+/// The agent's draft for the open conversation: to send, to change, or to skip.
+Rectangle {
+    id: root
+
+    required property InboxStore store
+    required property Conversation conversation
+    /// The person writes a message of their own beside it.
+    property bool folded: false
+    property real mostHeight: 320
+
+    signal left()
+
+    function take() {
+        editor.take();
+    }
+
+    readonly property bool editing: conversation.editing && conversation.edit !== null
+
+    height: folded ? head.height : Math.min(mostHeight, head.height + failures.height + body.wanted + foot.height)
+    radius: Theme.radiusFloat
+    color: Theme.surface
+    border { width: 1; color: Theme.border }
+    clip: true
+
+    Accessible.role: Accessible.Grouping
+    Accessible.name: conversation.draftTitle
+
+    Rectangle {
+        id: head
+        x: 1
+        y: 1
+        width: parent.width - 2
+        height: 42
+        radius: Theme.radiusFloat - 1
+        color: Theme.accentSubtle
+
+        // Square where the body begins.
+        Rectangle {
+            visible: !root.folded
+            y: parent.height - height
+            width: parent.width
+            height: parent.radius
+            color: parent.color
+        }
+
+        OrvIcon {
+            x: 14
+            anchors.verticalCenter: parent.verticalCenter
+            size: 14
+            name: "document-edit"
+            color: Theme.accentText
+        }
+
+        Text {
+            id: title
+            x: 36
+            width: Math.min(implicitWidth, regenerate.x - x - 8)
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            text: root.conversation.draftTitle
+            font: Theme.bodyBold
+            color: Theme.text
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
+        }
+
+        Text {
+            x: title.x + title.width + 8
+            width: Math.max(0, regenerate.x - x - 8)
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            text: root.conversation.draftFacts
+            font: Theme.small
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+
+        OrvButton {
+            id: regenerate
+            visible: root.store.canWrite
+            x: parent.width - width - 8
+            anchors.verticalCenter: parent.verticalCenter
+            kind: "ghost"
+            text: "Regenerate AI reply"
+            iconName: "view-refresh"
+            busy: root.store.generating
+            onClicked: root.store.act("generate")
+        }
+    }
+
+    Column {
+        id: failures
+        visible: !root.folded && root.conversation.draftFailures.length > 0
+        x: 12
+        y: head.height + 8
+        width: parent.width - 2 * x
+        height: visible ? implicitHeight + 8 : 0
+
+        OrvNotice {
+            width: parent.width
+            text: root.conversation.draftFailures.join("\n")
+        }
+    }
+
+    Item {
+        id: body
+
+        readonly property real wanted: root.editing ? editor.implicitHeight + 16 : words.implicitHeight + 24
+
+        visible: !root.folded
+        x: 15
+        y: head.height + failures.height + (failures.visible ? 8 : 0)
+        width: parent.width - 2 * x
+        height: foot.y - y
+
+        Flickable {
+            id: scroll
+            anchors.fill: parent
+            visible: !root.editing
+            contentHeight: words.implicitHeight + 24
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+
+            T.ScrollBar.vertical: OrvScrollBar {}
+
+            TextEdit {
+                id: words
+                y: 12
+                width: scroll.width - 8
+                readOnly: true
+                selectByMouse: true
+                textFormat: TextEdit.PlainText
+                wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
+                text: root.conversation.draftText
+                font: Theme.body
+                color: Theme.text
+                selectionColor: Theme.accent
+                selectedTextColor: Theme.inkOnAccent
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+
+        Loader {
+            anchors { fill: parent; topMargin: 10 }
+            active: root.conversation.edit !== null
+            visible: root.editing
+            sourceComponent: composer
+            id: editor
+
+            readonly property real implicit: item ? item.wantedHeight : 0
+
+            implicitHeight: implicit
+
+            function take() {
+                if (item)
+                    item.take();
+            }
+        }
+    }
+
+    Component {
+        id: composer
+
+        Composer {
+            writing: root.conversation.edit
+            label: "The draft"
+            placeholder: ""
+            editable: root.store.canWrite && !root.store.deciding
+            onSendRequested: root.store.act("approve")
+            onLeft: {
+                root.conversation.editing = false;
+                root.left();
+            }
+        }
+    }
+
+    Item {
+        id: foot
+        visible: !root.folded
+        x: 15
+        y: root.height - height
+        width: parent.width - 2 * x
+        height: 46
+
+        OrvButton {
+            id: edit
+            visible: root.store.canWrite && !root.editing
+            x: -6
+            y: 8
+            kind: "ghost"
+            iconOnly: true
+            iconName: "document-edit"
+            text: "Edit the draft"
+            onClicked: root.store.act("edit")
+        }
+
+        OrvButton {
+            visible: root.editing
+            y: 8
+            text: "Discard"
+            onClicked: {
+                root.conversation.edit.discard();
+                root.conversation.editing = false;
+            }
+        }
+
+        Text {
+            visible: !root.editing
+            x: edit.visible ? 32 : 0
+            width: Math.max(0, buttons.x - x - 8)
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideMiddle
+            textFormat: Text.PlainText
+            text: "From " + root.conversation.mailbox
+            font: Theme.small
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+
+        Row {
+            id: buttons
+            visible: root.store.canWrite
+            x: parent.width - width + 6
+            y: 8
+            spacing: 8
+
+            OrvButton {
+                text: "Reply"
+                iconName: "mail-reply-sender"
+                keys: "R"
+                onClicked: root.store.act("reply")
+            }
+
+            OrvButton {
+                text: "Skip"
+                enabled: !root.store.deciding
+                onClicked: root.store.act("skip")
+            }
+
+            OrvButton {
+                kind: "primary"
+                text: root.conversation.edit !== null && root.conversation.edit.dirty ? "Approve your edit" : "Approve"
+                keys: root.conversation.replying ? "" : "Ctrl ↵"
+                busy: root.store.deciding
+                onClicked: root.store.act("approve")
+            }
+        }
+    }
+}
