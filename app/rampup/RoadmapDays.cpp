@@ -9,13 +9,17 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-QVariantMap series(const QString& key, const QString& label, const QVariantList& values) {
-  return {{u"key"_s, key}, {u"label"_s, label}, {u"values"_s, values}};
+/// What warm-up and campaigns send look different on every chart, and what is planned of either looks the same.
+enum Look { warmupLook, campaignLook, planLook };
+
+QVariantMap series(const QString& key, const QString& label, const QVariantList& values, int look) {
+  return {{u"key"_s, key}, {u"label"_s, label}, {u"values"_s, values}, {u"look"_s, look}};
 }
 
-QVariantMap plan(const QVariantList& values) {
-  QVariantMap planned = series(u"planned"_s, u"Planned"_s, values);
+QVariantMap plan(const QVariantList& values, int toCome) {
+  QVariantMap planned = series(u"planned"_s, u"Planned"_s, values, planLook);
   planned.insert(u"planned"_s, true);
+  planned.insert(u"toCome"_s, toCome);
   return planned;
 }
 
@@ -54,8 +58,9 @@ RoadmapDays::RoadmapDays(const RampupDetail& detail) {
     campaignSent.append(orNothing(day.campaignSent));
     campaignPlanned.append(double(day.campaign));
   }
-  warmup = {series(u"warmup"_s, u"Warm-up sent"_s, warmupSent), plan(warmupPlanned)};
-  campaign = {series(u"campaign"_s, u"Campaign sent"_s, campaignSent), plan(campaignPlanned)};
+  const int toCome = today < 0 ? -1 : today + 1;
+  warmup = {series(u"warmup"_s, u"Warm-up sent"_s, warmupSent, warmupLook), plan(warmupPlanned, toCome)};
+  campaign = {series(u"campaign"_s, u"Campaign sent"_s, campaignSent, campaignLook), plan(campaignPlanned, toCome)};
   const auto named = [](const QVariant& one, const QString& label) {
     QVariantMap map = one.toMap();
     map.insert(u"key"_s, label);

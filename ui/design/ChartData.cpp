@@ -35,7 +35,8 @@ QList<double> numbers(const QVariant& variant) {
 bool ChartSeries::operator==(const ChartSeries& other) const {
   const auto same = [](double one, double two) { return one == two || (std::isnan(one) && std::isnan(two)); };
   return key == other.key && label == other.label && shown == other.shown && failed == other.failed &&
-         planned == other.planned && notes == other.notes && std::ranges::equal(values, other.values, same);
+         planned == other.planned && toCome == other.toCome && look == other.look && notes == other.notes &&
+         std::ranges::equal(values, other.values, same);
 }
 
 void ChartData::setDays(const QStringList& days) {
@@ -50,6 +51,7 @@ bool ChartData::setSeries(const QVariantList& series) {
     const QVariantMap map = entry.toMap();
     m_series.append({map[u"key"_s].toString(), map[u"label"_s].toString(), numbers(map[u"values"_s]),
                      map.value(u"shown"_s, true).toBool(), map[u"failed"_s].toBool(), map[u"planned"_s].toBool(),
+                     map.value(u"toCome"_s, -1).toInt(), map.value(u"look"_s, m_series.size()).toInt(),
                      map[u"notes"_s].toStringList()});
   }
   return m_series != before;

@@ -17,6 +17,10 @@ struct ChartSeries {
   bool failed = false;
   /// What was to be: among bars a line in steps over them, and no part of what they add up to.
   bool planned = false;
+  /// From this day on, where there is one, what was to be is drawn as quiet bars as well: it has not happened yet.
+  int toCome = -1;
+  /// Its colour and dash are those of the series with this number; its own unless told otherwise.
+  int look = -1;
   /// Behind each day's figure, in brackets: "5 replies".
   QStringList notes = {};
 
@@ -27,8 +31,8 @@ struct ChartSeries {
 class ChartData {
  public:
   void setDays(const QStringList& days);
-  /// Maps with key, label, values (numbers; what is none is absent), shown, failed, planned and notes. False when
-  /// nothing is new.
+  /// Maps with key, label, values (numbers; what is none is absent), shown, failed, planned, toCome, look and notes.
+  /// False when nothing is new.
   bool setSeries(const QVariantList& series);
   /// Follows every figure: "%".
   void setUnit(const QString& unit) { m_unit = unit; }

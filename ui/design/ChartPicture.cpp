@@ -96,7 +96,7 @@ class ChartPainter {
         m_painter.setBrush(color);
         m_painter.drawEllipse(run.first(), 3, 3);
       } else if (run.size() > 1) {
-        paintRun(run, seriesPen(color, width, index));
+        paintRun(run, seriesPen(color, width, m_data.series()[index].look));
       }
       run.clear();
     };
@@ -112,7 +112,7 @@ class ChartPainter {
 
   /// Each day from edge to edge of its part, so that a step stands between two days.
   void steps(int index) {
-    const QPen pen = seriesPen(m_look.colorOf(m_data.series(), index), 1.5, index);
+    const QPen pen = seriesPen(m_look.colorOf(m_data.series(), index), 1.5, m_data.series()[index].look);
     const double half = m_scale.dayWidth() / 2;
     QPolygonF run;
     for (int day = 0; day <= m_data.count(); ++day) {
@@ -153,7 +153,13 @@ class ChartPainter {
     for (int i = 0; i < m_data.series().size(); ++i) {
       const ChartSeries& series = m_data.series()[i];
       const double value = m_data.value(i, day);
-      if (!series.shown || series.planned || !(value > 0)) continue;
+      if (!series.shown || !(value > 0)) continue;
+      if (series.planned) {
+        const double top = onPixel(m_scale.y(value));
+        if (series.toCome >= 0 && day >= series.toCome)
+          m_painter.fillRect(QRectF(left, top, width, onPixel(m_scale.y(0)) - top), m_look.toCome);
+        continue;
+      }
       const double foot = onPixel(m_scale.y(sum));
       sum += value;
       const double top = std::min(onPixel(m_scale.y(sum)), foot - 1 / ratio);
@@ -174,7 +180,7 @@ class ChartPainter {
 
 QColor ChartLook::colorOf(const QList<ChartSeries>& all, int index) const {
   if (all.value(index).failed || series.isEmpty()) return failed;
-  return series[index % series.size()];
+  return series[all.value(index).look % series.size()];
 }
 
 QList<double> seriesDash(int index) {

@@ -16,6 +16,7 @@ struct ChartLook {
   QColor failed;
   QColor grid;
   QColor label;
+  QColor toCome;
   QFont font;
 
   QColor colorOf(const QList<ChartSeries>& all, int index) const;

@@ -85,10 +85,21 @@ void ChartPlot::layOut() {
   Q_EMIT currentChanged();
 }
 
-void ChartPlot::findCurrent() { m_current = m_pointer ? m_scale.dayAt(*m_pointer) : m_data.indexOf(m_chosen); }
+void ChartPlot::findCurrent() {
+  m_own = m_pointer ? m_scale.dayAt(*m_pointer) : m_data.indexOf(m_chosen);
+  m_current = m_own >= 0 ? m_own : m_followed < m_data.count() ? m_followed : -1;
+}
+
+void ChartPlot::setFollowed(int day) {
+  if (std::exchange(m_followed, day) == day) return;
+  findCurrent();
+  Q_EMIT followedChanged();
+  Q_EMIT currentChanged();
+}
 
 QVariantList ChartPlot::legend() const {
-  const ChartLook look{m_seriesColors, m_failedColor, {}, {}, {}};
+  const ChartLook look{
+      .series = m_seriesColors, .failed = m_failedColor, .grid = {}, .label = {}, .toCome = {}, .font = {}};
   QVariantList list;
   for (int i = 0; i < seriesCount(); ++i) {
     const ChartSeries& series = m_data.series()[i];
@@ -97,6 +108,7 @@ QVariantList ChartPlot::legend() const {
                             {u"shown"_s, series.shown},
                             {u"failed"_s, series.failed},
                             {u"planned"_s, series.planned},
+                            {u"look"_s, series.look},
                             {u"color"_s, look.colorOf(m_data.series(), i)}});
   }
   return list;
@@ -180,7 +192,8 @@ void ChartPlot::leave() {
 }
 
 void ChartPlot::paint(QPainter& painter) {
-  paintChart(painter, m_data, m_scale, {m_seriesColors, m_failedColor, m_gridColor, m_labelColor, m_labelFont});
+  paintChart(painter, m_data, m_scale,
+             {m_seriesColors, m_failedColor, m_gridColor, m_labelColor, m_toComeColor, m_labelFont});
 }
 
 void ChartPlot::geometryChange(const QRectF& now, const QRectF& before) {

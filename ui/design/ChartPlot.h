@@ -16,8 +16,7 @@ class ChartPlot : public ImageItem {
   QML_ELEMENT
   /// ISO dates.
   Q_PROPERTY(QStringList days READ days WRITE setDays NOTIFY dataChanged)
-  /// Maps with key, label, values (NaN is absent), shown and, for what went wrong, failed; for what was to be, planned;
-  /// notes stand behind the figures of each day.
+  /// Maps with what a ChartSeries has.
   Q_PROPERTY(QVariantList series READ series WRITE setSeries NOTIFY dataChanged)
   /// "line" or "bar".
   Q_PROPERTY(QString kind READ kind WRITE setKind NOTIFY dataChanged)
@@ -25,13 +24,15 @@ class ChartPlot : public ImageItem {
   Q_PROPERTY(QList<QColor> seriesColors READ seriesColors WRITE setSeriesColors NOTIFY dataChanged)
   Q_PROPERTY(QColor failedColor MEMBER m_failedColor NOTIFY lookChanged)
   Q_PROPERTY(QColor gridColor MEMBER m_gridColor NOTIFY lookChanged)
+  /// Of what is planned and has not happened yet.
+  Q_PROPERTY(QColor toComeColor MEMBER m_toComeColor NOTIFY lookChanged)
   Q_PROPERTY(QColor labelColor MEMBER m_labelColor NOTIFY lookChanged)
   Q_PROPERTY(QFont labelFont MEMBER m_labelFont NOTIFY lookChanged)
 
   Q_PROPERTY(int seriesCount READ seriesCount NOTIFY dataChanged)
   /// What more there is to say of each day.
   Q_PROPERTY(QStringList dayNotes READ dayNotes WRITE setDayNotes NOTIFY dataChanged)
-  /// A map for each series: key, label, shown, failed, planned, color.
+  /// A map for each series: key, label, shown, failed, planned, color, look.
   Q_PROPERTY(QVariantList legend READ legend NOTIFY dataChanged)
   /// Every figure is absent or zero.
   Q_PROPERTY(bool blank READ isBlank NOTIFY dataChanged)
@@ -42,6 +43,10 @@ class ChartPlot : public ImageItem {
 
   /// -1 when the person is at none.
   Q_PROPERTY(int currentDay READ currentDay NOTIFY currentChanged)
+  /// The same as far as it is this chart that the person is at.
+  Q_PROPERTY(int ownDay READ ownDay NOTIFY currentChanged)
+  /// The day of another chart of the same days, which this one follows while the person is there; -1 for none.
+  Q_PROPERTY(int followed MEMBER m_followed WRITE setFollowed NOTIFY followedChanged)
   Q_PROPERTY(QRectF currentArea READ currentArea NOTIFY currentChanged)
   Q_PROPERTY(QString currentTitle READ currentTitle NOTIFY currentChanged)
   Q_PROPERTY(QString currentNote READ currentNote NOTIFY currentChanged)
@@ -72,6 +77,8 @@ class ChartPlot : public ImageItem {
   QString widestValue() const;
   QRectF plotArea() const { return m_scale.plot(); }
   int currentDay() const { return m_current; }
+  int ownDay() const { return m_own; }
+  void setFollowed(int day);
   QRectF currentArea() const;
   QString currentTitle() const { return m_current < 0 ? QString() : m_data.dayText(m_current); }
   QString currentNote() const { return m_current < 0 ? QString() : m_data.dayNote(m_current); }
@@ -88,6 +95,7 @@ class ChartPlot : public ImageItem {
   Q_INVOKABLE void leave();
 
  Q_SIGNALS:
+  void followedChanged();
   void dataChanged();
   void lookChanged();
   void layoutChanged();
@@ -114,10 +122,13 @@ class ChartPlot : public ImageItem {
   QColor m_failedColor;
   QColor m_gridColor;
   QColor m_labelColor;
+  QColor m_toComeColor;
   QFont m_labelFont;
   std::optional<double> m_pointed;
   std::optional<double> m_pointer;
   QString m_chosen;
+  int m_own = -1;
+  int m_followed = -1;
   int m_current = -1;
 };
 

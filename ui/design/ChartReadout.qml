@@ -7,6 +7,8 @@ Item {
     id: root
 
     required property ChartPlot plot
+    /// Of the same days, whose figures are told as well.
+    property ChartPlot other: null
 
     readonly property rect area: plot.currentArea
 
@@ -68,22 +70,24 @@ Item {
             }
 
             Repeater {
-                model: root.plot.seriesCount
+                model: root.plot.seriesCount + (root.other ? root.other.seriesCount : 0)
 
                 Item {
                     id: row
 
                     required property int index
+                    readonly property ChartPlot plot: index < root.plot.seriesCount ? root.plot : root.other
+                    readonly property int series: index < root.plot.seriesCount ? index : index - root.plot.seriesCount
 
-                    visible: root.plot.legend[index]?.shown ?? false
+                    visible: plot.legend[series]?.shown ?? false
                     implicitWidth: label.x + label.width + 24 + Math.max(widest.width, value.implicitWidth)
                     implicitHeight: 18
 
                     ChartSwatch {
                         id: swatch
                         anchors.verticalCenter: parent.verticalCenter
-                        plot: root.plot
-                        index: row.index
+                        plot: row.plot
+                        index: row.series
                     }
 
                     Text {
@@ -92,7 +96,7 @@ Item {
                         height: row.height
                         verticalAlignment: Text.AlignVCenter
                         textFormat: Text.PlainText
-                        text: root.plot.legend[row.index]?.label ?? ""
+                        text: row.plot.legend[row.series]?.label ?? ""
                         font: Theme.small
                         color: Theme.text2
                         Accessible.ignored: true
@@ -104,7 +108,7 @@ Item {
                         height: row.height
                         verticalAlignment: Text.AlignVCenter
                         textFormat: Text.PlainText
-                        text: root.plot.readings[row.index]?.text ?? ""
+                        text: row.plot.readings[row.series]?.text ?? ""
                         font: Theme.smallStrong
                         color: Theme.text
                         Accessible.ignored: true

@@ -13,7 +13,7 @@ ChartStroke {
     width: bar ? 10 : 18
     height: bar ? 10 : 2
     bar: plot.kind === "bar" && !(entry?.planned ?? false)
-    series: index
+    series: entry?.look ?? index
     color: entry?.color ?? "transparent"
     failed: entry?.failed ?? false
 }

@@ -25,6 +25,9 @@ FocusScope {
     /// Kept free at the right end of the title's line, for a control of the page's.
     property real headRoom: 0
     readonly property alias plot: plot
+    /// Another chart of the same days: whichever the person is at, both show that day and one read-out tells of both.
+    property OrvChart companion: null
+    property alias legendShown: legend.wanted
 
     signal seriesToggled(string key)
 
@@ -67,7 +70,10 @@ FocusScope {
 
         ChartLegend {
             id: legend
-            visible: plot.seriesCount > 1
+
+            property bool wanted: true
+
+            visible: wanted && plot.seriesCount > 1
 
             readonly property bool fits: root.title === "" || titleText.width + 16 + width <= root.width - root.headRoom
 
@@ -80,7 +86,7 @@ FocusScope {
     }
 
     Rectangle {
-        visible: plot.kind === "bar" && readout.visible
+        visible: plot.kind === "bar" && !root.empty && plot.currentDay >= 0
         x: Math.round(plot.x + plot.currentArea.x)
         y: plot.y + plot.currentArea.y
         width: Math.round(plot.currentArea.width)
@@ -101,11 +107,15 @@ FocusScope {
         gridColor: Theme.border
         labelColor: Theme.text3
         labelFont: Theme.microText
+        toComeColor: Theme.pressed
+        followed: root.companion ? root.companion.plot.ownDay : -1
 
         Accessible.role: Accessible.Chart
         Accessible.name: root.title
-        Accessible.description: root.empty ? root.emptyText : currentDay >= 0 ? currentText : summary
+        Accessible.description: root.empty ? root.emptyText : currentDay >= 0 ? spokenDay : summary
         Accessible.focusable: true
+
+        readonly property string spokenDay: root.companion ? currentText + "; " + root.companion.plot.currentText : currentText
 
         onActiveFocusChanged: if (!activeFocus) leave()
         Keys.onPressed: event => event.accepted = !root.empty && root.move(event)
@@ -163,9 +173,9 @@ FocusScope {
     }
 
     ChartReadout {
-        id: readout
-        visible: !root.empty && plot.currentDay >= 0
+        visible: !root.empty && plot.ownDay >= 0
         anchors.fill: plot
         plot: plot
+        other: root.companion ? root.companion.plot : null
     }
 }

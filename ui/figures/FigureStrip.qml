@@ -9,7 +9,9 @@ Flow {
 
     property list<figure> figures
 
-    readonly property int inLine: width < 940 ? Math.ceil(figures.length / 2) : Math.max(1, figures.length)
+    /// A few have room for all of their words, in two lines where need be.
+    readonly property bool few: figures.length <= 3
+    readonly property int inLine: width < 940 && !few ? Math.ceil(figures.length / 2) : Math.max(1, figures.length)
     // The last one has the longest words.
     readonly property int lastExtra: 32
 
@@ -27,7 +29,7 @@ Flow {
 
             width: Math.floor((root.width - root.lastExtra) / root.inLine)
                 + (index === root.figures.length - 1 ? root.lastExtra : 0)
-            height: 64
+            height: Math.max(64, detail.y + detail.height + 6)
             clip: true
 
             Accessible.role: Accessible.StaticText
@@ -36,7 +38,7 @@ Flow {
             Rectangle {
                 visible: !cell.first
                 width: 1
-                height: 58
+                height: cell.height - 6
                 color: Theme.border
             }
 
@@ -74,11 +76,13 @@ Flow {
             }
 
             Text {
+                id: detail
                 x: cell.first ? 0 : 12
                 y: 40
-                width: parent.width - x - 4
-                height: 18
+                width: parent.width - x - (root.few ? 24 : 4)
+                height: root.few ? Math.max(18, implicitHeight) : 18
                 verticalAlignment: Text.AlignVCenter
+                wrapMode: root.few ? Text.Wrap : Text.NoWrap
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
                 text: cell.modelData.detail

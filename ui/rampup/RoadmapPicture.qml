@@ -42,6 +42,8 @@ Column {
     }
 
     Panel {
+        id: warmup
+        companion: campaigns.chart
         visible: root.view === "chart"
         height: 230
         title: "Warm-up emails a day"
@@ -50,6 +52,8 @@ Column {
     }
 
     Panel {
+        id: campaigns
+        companion: warmup.chart
         visible: root.view === "chart"
         height: 210
         title: "Campaign emails a day"
@@ -77,6 +81,8 @@ Column {
         property alias title: chart.title
         property alias series: chart.series
         property alias emptyText: chart.emptyText
+        property alias companion: chart.companion
+        readonly property alias chart: chart
         readonly property int count: root.store.days.length
         readonly property rect area: chart.plot.plotArea
         readonly property real dayWidth: count > 0 ? area.width / count : 0
