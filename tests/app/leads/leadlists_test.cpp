@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const auto create = u"POST /lead-lists"_s, rename = u"PATCH /lead-lists/li1"_s, remove_ = u"DELETE /lead-lists/li1"_s,
+const auto create = u"POST /lead-lists"_s, patch = u"PATCH /lead-lists/li1"_s, remove_ = u"DELETE /lead-lists/li1"_s,
            restore = u"POST /lead-lists/li1/restore"_s, cancel = u"POST /lead-imports/im1/cancel"_s,
            leads = u"GET /leads"_s, exported = u"GET /leads/export.csv"_s, ticked = u"POST /leads/export.csv"_s;
 const QByteArray refusal = R"({"title":"Not now","detail":"It is being checked."})";
@@ -102,28 +102,28 @@ class LeadListsTest : public QObject {
     QVERIFY2(!form.shown(), "nothing was changed, so nothing is sent");
     QVERIFY(f->store->act(u"rename"_s, u"li1"_s));
     form.draft()->set(u"name"_s, u"Trade fair"_s);
-    f->api.expect(rename);
+    f->api.expect(patch);
     form.submit();
     QCOMPARE(f->sentBody(), (QJsonObject{{u"name"_s, u"Trade fair"_s}}));
     QCOMPARE(actions().busyIds(), QStringList{u"li1"_s});
     form.cancel();
-    f->api.answer(rename, refusal, 422);
+    f->api.answer(patch, refusal, 422);
     QCOMPARE(f->lastToast(), u"Couldn’t rename Fair"_s);
     QCOMPARE(names(), (QStringList{u"Fair"_s, u"Clinics"_s}));
     QVERIFY(f->store->act(u"rename"_s, u"li1"_s));
     form.draft()->set(u"name"_s, u"Trade fair"_s);
-    f->api.expect(rename);
+    f->api.expect(patch);
     form.submit();
-    f->api.answer(rename, f->list("li1", "Trade fair", 9));
+    f->api.answer(patch, f->list("li1", "Trade fair", 9));
     QCOMPARE(f->lastToast(), u"Renamed Fair to Trade fair"_s);
     QCOMPARE(names(), (QStringList{u"Trade fair"_s, u"Clinics"_s}));
 
     QVERIFY(f->store->act(u"rename"_s, u"li1"_s));
     form.draft()->set(u"description"_s, u"Badges"_s);
-    f->api.expect(rename);
+    f->api.expect(patch);
     form.submit();
     QCOMPARE(f->sentBody(), (QJsonObject{{u"description"_s, u"Badges"_s}}));
-    f->api.answer(rename, f->list("li1", "Trade fair", 9, R"(,"description":"Badges")"));
+    f->api.answer(patch, f->list("li1", "Trade fair", 9, R"(,"description":"Badges")"));
     QCOMPARE(f->lastToast(), u"Saved the description of Trade fair"_s);
   }
 
