@@ -92,7 +92,8 @@ class DemoRoutesTest : public QObject {
     f.service.setRole(f.slug, maren, QString::fromLatin1(QTest::currentDataTag()));
     const auto campaigns = f.ask(Requests::listCampaigns(false));
     // They only ask, with a body.
-    const QStringList asking{u"previewCampaign"_s, u"previewCampaign unsaved"_s, u"ownLeads"_s, u"ownLeads newest"_s};
+    const QStringList asking{u"previewCampaign"_s, u"previewCampaign unsaved"_s, u"ownLeads"_s,
+                             u"ownLeads newest"_s, u"ownLeads of a search"_s,    u"exportTickedLeads"_s};
     for (const auto& [name, request] : catalogue().asKeyValueRange()) {
       if (!isOfWorkspace(request)) continue;
       const HTTPAnswer answer = answerAs(f, request);
