@@ -24,7 +24,7 @@ namespace {
 /// The way from a record's root to one of its members: keys and places in lists.
 using Way = QVariantList;
 
-struct Member {
+struct Field {
   Way way;
   bool optional = false;
 };
@@ -75,7 +75,7 @@ inline constexpr bool isList<QList<T>> = true;
 
 /// Appends the members of T, and of the records in it.
 template <class T>
-void listMembers(QList<Member>& into, const Way& at) {
+void listMembers(QList<Field>& into, const Way& at) {
   if constexpr (std::is_same_v<T, Clearable<qint64>>) {
     return;
   } else if constexpr (isOptional<T> || isList<T>) {
@@ -96,13 +96,13 @@ void listMembers(QList<Member>& into, const Way& at) {
 struct Record {
   QString name;
   QByteArray (*recode)(const QByteArray&);
-  QList<Member> members;
+  QList<Field> members;
 };
 
 template <class... R>
 QList<Record> records(boost::mp11::mp_list<R...>) {
   const auto record = []<class T>(std::type_identity<T>) {
-    QList<Member> members;
+    QList<Field> members;
     listMembers<T>(members, {});
     return Record{QString::fromStdString(boost::typeindex::type_id<T>().pretty_name()).remove(u"orv::"_s),
                   [](const QByteArray& json) { return encodeJSON(decodeJSON<T>(json)); }, members};
@@ -149,7 +149,7 @@ class RecordsTest : public QObject {
     const Record& record = allRecords()[number];
     const QJsonValue example = exampleOf(record);
     QCOMPARE(record.recode(text(example)), text(example));
-    for (const Member& member : record.members) {
+    for (const Field& member : record.members) {
       QVERIFY2(!follow(example, member.way).isUndefined(), qPrintable(shown(member.way)));
     }
   }
