@@ -48,6 +48,7 @@ CsvImportForm& chooseFile(Stage& stage, const QByteArray& text, const QString& n
   form.show();
   stage.settle();
   form.setFile(file(name, text));
+  stage.until([&form] { return !form.looking(); }, u"the file"_s);
   stage.settle();
   return form;
 }
