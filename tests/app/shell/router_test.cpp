@@ -100,6 +100,11 @@ class RouterTest : public QObject {
     for (int step = 0; step < 3; ++step) router.goForward();
     QCOMPARE(router.campaign(), u"c1"_s);
     QCOMPARE(walked.last(), (PagePlace{u"leads"_s, u"acme"_s}));
+    // What is chosen is a step each, however quickly.
+    for (const auto& choice : {u"owner"_s, u"founder"_s})
+      router.moveTo({.tab = u"leads"_s, .value = choice, .chosen = true});
+    router.goBack();
+    QCOMPARE(walked.last(), (PagePlace{u"leads"_s, u"owner"_s}));
     // Going on from there is another way.
     router.moveTo({.tab = u"stats"_s});
     QVERIFY(!router.canGoForward());
