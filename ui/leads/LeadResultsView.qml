@@ -56,6 +56,7 @@ ListDetail {
             canWrite: root.canWrite
             footRoom: bar.footRoom
             onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
+            onDeleteRequested: key => root.store.act("remove", key)
         }
 
         LeadSelectionBar {
@@ -71,7 +72,7 @@ ListDetail {
 
     ActionMenu {
         id: menu
-        store: root.results
+        store: root.store
     }
 
     SelectLeadsDialog {
