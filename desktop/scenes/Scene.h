@@ -30,12 +30,14 @@ QList<Scene> accountsScenes();
 QList<Scene> accountDetailScenes();
 QList<Scene> deliverabilityScenes();
 QList<Scene> rampupScenes();
+QList<Scene> inboxScenes();
 QList<Scene> leadListsScenes();
 QList<Scene> leadsScenes();
 
 inline QList<Scene> allScenes() {
   return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() + accountsScenes() +
-         accountDetailScenes() + deliverabilityScenes() + rampupScenes() + leadsScenes() + leadListsScenes();
+         accountDetailScenes() + deliverabilityScenes() + rampupScenes() + leadsScenes() + leadListsScenes() +
+         inboxScenes();
 }
 
 }  // namespace orv

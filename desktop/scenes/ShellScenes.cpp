@@ -21,7 +21,7 @@ QList<Scene> shellScenes() {
        }},
       {u"shortcuts"_s, [](Stage& s) { s.app().router()->setShortcutsOpen(true); }},
       {u"sidebar-folded"_s, [](Stage& s) { s.app().router()->setCollapsed(true); }},
-      {u"not-built"_s, [](Stage& s) { s.app().router()->open(Page::inbox); }},
+      {u"not-built"_s, [](Stage& s) { s.app().router()->open(Page::inboxSetup); }},
       {u"feature-off"_s,
        [](Stage& s) {
          s.app().router()->setFeaturesOff({u"inboxSetup"_s});
