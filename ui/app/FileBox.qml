@@ -13,6 +13,7 @@ Item {
     property real emptyHeight: 64
     readonly property bool empty: name === ""
     readonly property bool over: drop.containsDrag
+    readonly property alias button: choose
 
     signal chooseRequested()
     signal dropped(url file)

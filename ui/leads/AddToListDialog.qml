@@ -21,23 +21,16 @@ OnDemand {
         confirmEnabled: root.ended || root.adding.canSubmit
         busy: root.adding.form.busy
         error: root.adding.form.error
-        initialFocus: list
+        initialFocus: fields.choice
         onConfirmed: root.ended ? root.adding.openList() : root.adding.submit()
         onCancelled: root.adding.form.cancel()
 
-        FocusScope {
-            id: list
+        LeadListFields {
+            id: fields
             visible: !root.ended
+            enabled: !root.adding.form.busy
             width: parent.width
-            height: fields.implicitHeight
-            focus: true
-
-            LeadListFields {
-                id: fields
-                width: parent.width
-                enabled: !root.adding.form.busy
-                picker: root.adding.list
-            }
+            picker: root.adding.list
         }
 
         OrvField {

@@ -20,26 +20,20 @@ OnDemand {
         confirmEnabled: root.importing.canSubmit
         cancelText: root.busy ? "Hide" : "Cancel"
         error: root.importing.form.error
-        initialFocus: file
+        initialFocus: box.button
         onConfirmed: root.importing.submit()
         onCancelled: root.importing.dismiss()
 
-        FocusScope {
-            id: file
+        FileBox {
+            id: box
             width: parent.width
-            height: box.implicitHeight
             enabled: !root.busy
-
-            FileBox {
-                id: box
-                width: parent.width
-                emptyHeight: 200
-                name: root.importing.fileName
-                facts: root.importing.fileFacts
-                looking: root.importing.looking
-                onChooseRequested: root.importing.chooseFile()
-                onDropped: file => root.importing.dropFile(file)
-            }
+            emptyHeight: 200
+            name: root.importing.fileName
+            facts: root.importing.fileFacts
+            looking: root.importing.looking
+            onChooseRequested: root.importing.chooseFile()
+            onDropped: file => root.importing.dropFile(file)
         }
 
         ImportColumnsTable {

@@ -9,6 +9,7 @@ Column {
 
     required property LeadListPicker picker
     property string nameError: ""
+    readonly property alias choice: choiceField
     readonly property Resource lists: picker.lists
     readonly property bool failed: lists.state === Resource.Error || (lists.state === Resource.Offline && !lists.hasContent)
 
@@ -19,7 +20,7 @@ Column {
         spacing: 12
 
         OrvSelect {
-            id: choice
+            id: choiceField
             width: root.picker.isNew ? Math.round((parent.width - 12) * 0.36) : parent.width
             label: "List"
             placeholder: root.lists.state === Resource.Loading ? "Loading your lists…" : "Pick a list"
@@ -31,7 +32,7 @@ Column {
 
         OrvField {
             visible: root.picker.isNew
-            width: parent.width - choice.width - 12
+            width: parent.width - choiceField.width - 12
             label: "New list name"
             text: root.picker.newName
             error: root.nameError
