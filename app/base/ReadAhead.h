@@ -56,7 +56,8 @@ class ReadAhead final {
     m_forgotten[id] = ++m_round;
     id.isEmpty() ? m_known.clear() : (void)m_known.remove(id);
   }
-  void close() {
+  /// Lets go of what is being read.
+  void cancel() {
     m_look.cancel();
     m_tasks.cancel();
   }

@@ -85,7 +85,7 @@ const LeadRecord* LeadCard::detail() const {
 void LeadCard::open(const QString& id) {
   const Lead* lead = m_find(id);
   if (!lead || id == m_lead.id) return;
-  m_ahead.look({});
+  m_ahead.cancel();
   m_lead = *lead;
   m_detail.ask();
   Q_EMIT changed();
@@ -99,7 +99,7 @@ void LeadCard::dismiss() {
 }
 
 void LeadCard::close() {
-  m_ahead.close();
+  m_ahead.cancel();
   Store::close();
 }
 
