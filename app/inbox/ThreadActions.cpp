@@ -83,7 +83,10 @@ Task<std::optional<InboxThread>> ThreadActions::patch(InboxThread thread, Thread
         return Requests::updateThread(before->id, change);
       },
       failure);
-  if (answer) m_threads.count(*before, *answer);
+  if (!answer) co_return answer;
+  // As of now: a reading that was asked for while this was under way may not know it yet.
+  context().changes().publish(*answer, context().changes().stamp(), true);
+  m_threads.count(*before, *answer);
   co_return answer;
 }
 
@@ -108,10 +111,9 @@ Task<void> ThreadActions::archiveTask(InboxThread thread) {
 Task<void> ThreadActions::undoArchive(std::shared_ptr<WorkspaceContext> context, QString id) {
   const auto turn = co_await context->turns().next(id);
   if (!turn) co_return;
-  const Stamp asked = context->changes().stamp();
   try {
     const InboxThread thread = co_await context->api().send(Requests::updateThread(id, statusPatch(words::threadOpen)));
-    context->changes().publish(thread, asked, true);
+    context->changes().publish(thread, context->changes().stamp(), true);
     // Where it stands in a list that had lost it, and what is counted, only the service knows.
     context->changes().stale<InboxThread>();
     context->services().toasts.success(u"Moved back to the inbox"_s);
@@ -148,10 +150,9 @@ Task<void> ThreadActions::markReadTask(InboxThread thread) {
   // Marked unread again before its turn came.
   if (!turn || !m_threads.rows().isShownRead(thread.id)) co_return;
   const InboxThread before = latest(thread);
-  const Stamp asked = context().changes().stamp();
   try {
     const InboxThread answer = co_await api().send(Requests::updateThread(thread.id, unreadPatch(false)));
-    context().changes().publish(answer, asked, true);
+    context().changes().publish(answer, context().changes().stamp(), true);
     m_threads.count(before, answer);
   } catch (const APIError& error) {
     if (!error.is(APIError::Kind::cancelled)) m_threads.setShownRead(thread.id, false);

@@ -236,6 +236,12 @@ void ThreadList::refresh() {
   if (std::exchange(m_newMail, false)) Q_EMIT changed();
 }
 
+void ThreadList::close() {
+  Store::close();
+  m_typing.cancel();
+  m_polling.cancel();
+}
+
 void ThreadList::checkMail() {
   if (polling()) return;
   m_polling.start(checkMailTask());

@@ -75,6 +75,7 @@ class ThreadList final : public Store {
 
   void ensureLoaded() override;
   void refresh() override;
+  void close() override;
   /// Everything in this tab.
   Q_INVOKABLE void showAll();
   /// Reads the list again, with the mail that came.

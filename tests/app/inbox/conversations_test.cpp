@@ -21,7 +21,7 @@ QString patch(int n) { return u"PATCH /inbox/threads/t%1"_s.arg(n); }
 QString reply(int n) { return u"POST /inbox/threads/t%1/reply"_s.arg(n); }
 QString id(int n) { return u"t%1"_s.arg(n); }
 
-QJsonObject thread(int n, const QJsonObject& more = {}) {
+QJsonObject threadOf(int n, const QJsonObject& more = {}) {
   QJsonObject object{{u"id"_s, id(n)},
                      {u"mailboxId"_s, u"m1"_s},
                      {u"mailboxAddress"_s, u"ellen@a.example"_s},
@@ -116,7 +116,7 @@ class ConversationsTest : public QObject {
     store->threads()->list()->appear();
     f->navigator.open(Page::inbox);
   }
-  void load(const QByteArray& first = page({thread(1), thread(2), thread(3)})) {
+  void load(const QByteArray& first = page({threadOf(1), threadOf(2), threadOf(3)})) {
     for (const QString& label : {list, labels, campaigns}) f->api.expect(label);
     store->ensureLoaded();
     f->api.answer(labels, R"({"items":[{"key":"warm","name":"Warm","tone":"positive"}]})");
@@ -129,11 +129,11 @@ class ConversationsTest : public QObject {
     store->open(id(n));
     if (ahead) f->api.expect(get(ahead));
     f->api.answer(get(n), answer);
-    if (ahead) f->api.answer(get(ahead), detail(thread(ahead, {{u"unread"_s, false}})));
+    if (ahead) f->api.answer(get(ahead), detail(threadOf(ahead, {{u"unread"_s, false}})));
   }
   /// One that needs no marking, with nothing behind it in the list.
   void openLast(const QJsonArray& drafts = {}) {
-    open(3, detail(thread(3, {{u"unread"_s, false}, {u"pendingDrafts"_s, drafts.size()}}), drafts));
+    open(3, detail(threadOf(3, {{u"unread"_s, false}, {u"pendingDrafts"_s, drafts.size()}}), drafts));
   }
 
  private Q_SLOTS:
@@ -188,23 +188,23 @@ class ConversationsTest : public QObject {
     QCOMPARE(f->navigator.openedItem(Page::inbox), id(1));
     f->api.expect(patch(1));
     f->api.expect(get(2));
-    f->api.answer(get(1), detail(thread(1)));
+    f->api.answer(get(1), detail(threadOf(1)));
     QCOMPARE(*f->api.sent()[f->api.sent().size() - 2].request.body, R"({"unread":false})");
-    f->api.answer(patch(1), json(thread(1, {{u"unread"_s, false}})));
+    f->api.answer(patch(1), json(threadOf(1, {{u"unread"_s, false}})));
     QVERIFY(!store->threads()->find(id(1))->unread);
     QCOMPARE(store->threads()->unreadCount(), 4);
 
     // The next one was read ahead, as unread: now it is looked at. Nothing of it has to be waited for.
-    f->api.answer(get(2), detail(thread(2)));
+    f->api.answer(get(2), detail(threadOf(2)));
     QVERIFY(isUnread(2));
     f->api.expect(patch(2));
     f->api.expect(get(3));
     store->step(1);
     QCOMPARE(store->openId(), id(2));
     QVERIFY(store->conversation()->detail()->hasContent());
-    f->api.answer(patch(2), json(thread(2, {{u"unread"_s, false}})));
+    f->api.answer(patch(2), json(threadOf(2, {{u"unread"_s, false}})));
     // Nothing to mark where the service has done so.
-    f->api.answer(get(3), detail(thread(3, {{u"unread"_s, false}})));
+    f->api.answer(get(3), detail(threadOf(3, {{u"unread"_s, false}})));
     store->step(1);
     QCOMPARE(asked(patch(3)), 0);
     QCOMPARE(f->context->unread(), std::optional<qint64>(2));
@@ -212,11 +212,11 @@ class ConversationsTest : public QObject {
 
   void whatCannotBeMarkedReadIsUnreadAgain() {
     load();
-    open(3, detail(thread(3, {{u"unread"_s, false}})));
+    open(3, detail(threadOf(3, {{u"unread"_s, false}})));
     f->api.expect(get(1));
     store->open(id(1));
     f->api.expect(patch(1));
-    f->api.answer(get(1), detail(thread(1)));
+    f->api.answer(get(1), detail(threadOf(1)));
     f->api.fail(patch(1), NoAnswer::offline);
     QVERIFY(isUnread(1));
     QCOMPARE(f->toasts.count(), 0);
@@ -228,20 +228,20 @@ class ConversationsTest : public QObject {
     f->api.expect(patch(3));
     store->act(u"unread"_s);
     QCOMPARE(body(), (QJsonObject{{u"unread"_s, true}}));
-    f->api.answer(patch(3), json(thread(3)));
+    f->api.answer(patch(3), json(threadOf(3)));
     QCOMPARE(toast(), u"Marked unread"_s);
     QVERIFY(isUnread(3));
     // Its next reading does not make it read.
     f->api.expect(get(3));
     store->conversation()->refresh();
-    f->api.answer(get(3), detail(thread(3)));
+    f->api.answer(get(3), detail(threadOf(3)));
     QVERIFY(isUnread(3));
     QCOMPARE(asked(patch(3)), 1);
   }
 
   void archivingGoesOnToTheNext() {
     load();
-    open(1, detail(thread(1, {{u"unread"_s, false}})), 2);
+    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
     f->api.expect(patch(1));
     f->api.expect(get(3));
     store->act(u"archive"_s);
@@ -252,7 +252,7 @@ class ConversationsTest : public QObject {
     f->api.expect(patch(2));
     store->act(u"archive"_s);
     QCOMPARE(store->openId(), id(3));
-    f->api.answer(patch(1), json(thread(1, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})));
+    f->api.answer(patch(1), json(threadOf(1, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})));
     QCOMPARE(toast(), u"Archived"_s);
     QCOMPARE(store->threads()->tabs().first().count, 9);
     // One that fails comes back where it was.
@@ -265,7 +265,7 @@ class ConversationsTest : public QObject {
     f->toasts.act(f->toasts.toasts().first().id);
     QCOMPARE(body(), (QJsonObject{{u"status"_s, u"open"_s}}));
     f->api.expect(list);
-    f->api.answer(patch(1), json(thread(1, {{u"unread"_s, false}})));
+    f->api.answer(patch(1), json(threadOf(1, {{u"unread"_s, false}})));
     settle();
     QCOMPARE(shown(), (QStringList{id(1), id(2), id(3)}));
     QCOMPARE(toast(), u"Moved back to the inbox"_s);
@@ -275,12 +275,12 @@ class ConversationsTest : public QObject {
     load();
     f->api.expect(list);
     store->threads()->setTab(u"archived"_s);
-    f->api.answer(list, page({thread(7, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})}));
+    f->api.answer(list, page({threadOf(7, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})}));
     QCOMPARE(store->menu(id(7)).first().title, u"Move to inbox"_s);
     f->api.expect(patch(7));
     store->act(u"archive"_s, id(7));
     QCOMPARE(body(), (QJsonObject{{u"status"_s, u"open"_s}}));
-    f->api.answer(patch(7), json(thread(7, {{u"unread"_s, false}})));
+    f->api.answer(patch(7), json(threadOf(7, {{u"unread"_s, false}})));
     settle();
     QCOMPARE(shown(), QStringList());
     QCOMPARE(toast(), u"Moved back to the inbox"_s);
@@ -293,13 +293,13 @@ class ConversationsTest : public QObject {
     f->api.expect(patch(3));
     store->setLabel(u"warm"_s);
     QCOMPARE(body(), (QJsonObject{{u"label"_s, u"warm"_s}}));
-    f->api.answer(patch(3), json(thread(3, {{u"label"_s, u"warm"_s}, {u"unread"_s, false}})));
+    f->api.answer(patch(3), json(threadOf(3, {{u"label"_s, u"warm"_s}, {u"unread"_s, false}})));
     QCOMPARE(toast(), u"Labelled Warm"_s);
     QCOMPARE(store->conversation()->labelTone(), u"positive"_s);
     f->api.expect(patch(3));
     store->setLabel({});
     QCOMPARE(body(), (QJsonObject{{u"label"_s, QJsonValue::Null}}));
-    f->api.answer(patch(3), json(thread(3, {{u"unread"_s, false}})));
+    f->api.answer(patch(3), json(threadOf(3, {{u"unread"_s, false}})));
     QCOMPARE(toast(), u"Label cleared"_s);
     QCOMPARE(store->conversation()->label(), QString());
   }
@@ -358,14 +358,14 @@ class ConversationsTest : public QObject {
     f->api.fail(reply(3), NoAnswer::timedOut);
     QVERIFY(writing.uncertain());
     QCOMPARE(writing.body(), u"Mine."_s);
-    f->api.answer(list, page({thread(1), thread(2), thread(3, {{u"unread"_s, false}})}));
+    f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
 
     f->api.expect(get(3));
     store->send();
     QVERIFY(!writing.canSend());
     const QJsonArray drafts = arrived ? QJsonArray{draft(u"d9"_s, 3, u"Mine.\n"_s, u"approved"_s)} : QJsonArray();
     if (!arrived) f->api.expect(reply(3));
-    f->api.answer(get(3), detail(thread(3, {{u"unread"_s, false}}), drafts));
+    f->api.answer(get(3), detail(threadOf(3, {{u"unread"_s, false}}), drafts));
     QCOMPARE(asked(reply(3)), arrived ? 1 : 2);
     QCOMPARE(writing.body(), arrived ? QString() : u"Mine."_s);
     if (arrived) QCOMPARE(toast(), u"Your reply had been sent already."_s);
@@ -393,7 +393,7 @@ class ConversationsTest : public QObject {
     f->journal.open({u"u1"_s, {}});
     settle();
     load();
-    open(1, detail(thread(1, {{u"unread"_s, false}})), 2);
+    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
     store->act(u"reply"_s);
     store->conversation()->reply()->setBody(u"To the first"_s);
     f->api.expect(get(3));
@@ -463,7 +463,7 @@ class ConversationsTest : public QObject {
     f->api.expect(list);
     threads.showNewMail();
     QVERIFY(!threads.newMail());
-    f->api.answer(list, page({thread(9), thread(1), thread(2), thread(3)}));
+    f->api.answer(list, page({threadOf(9), threadOf(1), threadOf(2), threadOf(3)}));
     QCOMPARE(shown().first(), id(9));
 
     f->api.expect(u"POST /inbox/poll"_s);
@@ -480,8 +480,8 @@ class ConversationsTest : public QObject {
 
   void newThreadsPushTheOthersDown() {
     QJsonArray first, second;
-    for (int n = 1; n <= 50; ++n) first.append(thread(n));
-    for (int n = 51; n <= 60; ++n) second.append(thread(n));
+    for (int n = 1; n <= 50; ++n) first.append(threadOf(n));
+    for (int n = 51; n <= 60; ++n) second.append(threadOf(n));
     load(page(first, u"second"_s));
     f->api.expect(list);
     store->threads()->list()->loadMore();
@@ -490,7 +490,7 @@ class ConversationsTest : public QObject {
     QCOMPARE(shown().size(), 60);
     store->threads()->list()->see(0, 7);
     QJsonArray fresh;
-    for (int n = 101; n <= 150; ++n) fresh.append(thread(n));
+    for (int n = 101; n <= 150; ++n) fresh.append(threadOf(n));
     f->api.expect(list);
     store->threads()->refresh();
     f->api.answer(list, page(fresh, u"pushed"_s));
@@ -501,13 +501,13 @@ class ConversationsTest : public QObject {
 
   void theListSpeaksForWhatIsKept() {
     load();
-    open(1, detail(thread(1, {{u"unread"_s, false}})), 2);
+    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
     store->conversation()->detail()->appear();
     // A message came: the conversation is read again by itself.
     f->api.expect(list);
     store->threads()->refresh();
     f->api.expect(get(1));
-    f->api.answer(list, page({thread(1, {{u"messageCount"_s, 2}, {u"unread"_s, false}}), thread(2), thread(3)}));
+    f->api.answer(list, page({threadOf(1, {{u"messageCount"_s, 2}, {u"unread"_s, false}}), threadOf(2), threadOf(3)}));
     QCOMPARE(asked(get(1)), 2);
     store->conversation()->detail()->disappear();
   }
@@ -556,7 +556,7 @@ class ConversationsTest : public QObject {
     load();
     f->api.expect(get(3));
     store->open(id(3));
-    f->api.answer(get(3), detail(thread(3), {draft(u"d1"_s, 3, u"Hi"_s)}));
+    f->api.answer(get(3), detail(threadOf(3), {draft(u"d1"_s, 3, u"Hi"_s)}));
     QCOMPARE(asked(patch(3)), 0);
     for (const QString& key : {u"archive"_s, u"unread"_s, u"reply"_s, u"approve"_s, u"generate"_s, u"check"_s})
       QVERIFY2(!store->act(key), qPrintable(key));

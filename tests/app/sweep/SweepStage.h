@@ -105,6 +105,7 @@ QList<SweepRow> campaignListRows();
 QList<SweepRow> campaignPageRows();
 QList<SweepRow> campaignLeadRows();
 QList<SweepRow> figureRows();
+QList<SweepRow> inboxRows();
 QList<SweepRow> leadListRows();
 QList<SweepRow> rampupRows();
 

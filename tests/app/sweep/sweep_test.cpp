@@ -13,6 +13,7 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/deliverability/DeliverabilityStore.h"
 #include "app/figures/RangeForm.h"
+#include "app/inbox/InboxStore.h"
 #include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
 #include "app/rampup/RampupAccountStore.h"
@@ -26,7 +27,7 @@ namespace {
 
 QList<SweepRow> allRows() {
   return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
-         figureRows() + leadListRows() + rampupRows();
+         figureRows() + inboxRows() + leadListRows() + rampupRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -45,23 +46,31 @@ QStringList operationsOf(const QMetaObject& type) {
   return operations;
 }
 
-const QList<const QMetaObject*> stores{
-    &AccountActions::staticMetaObject,     &AccountActivity::staticMetaObject,     &AccountDetail::staticMetaObject,
-    &AccountSettings::staticMetaObject,    &AddAccount::staticMetaObject,          &ConnectionForm::staticMetaObject,
-    &GoogleConnect::staticMetaObject,      &ReconnectAccount::staticMetaObject,    &AccountsStore::staticMetaObject,
-    &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,      &CampaignStore::staticMetaObject,
-    &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject,    &ScheduleForm::staticMetaObject,
-    &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,        &LeadMove::staticMetaObject,
-    &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,          &SequenceEditor::staticMetaObject,
-    &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject,    &TestEmailForm::staticMetaObject,
-    &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,      &DashboardStore::staticMetaObject,
-    &RangeForm::staticMetaObject,          &DeliverabilityStore::staticMetaObject, &RampupStore::staticMetaObject,
-    &RampupBulk::staticMetaObject,         &RampupDetails::staticMetaObject,       &RoadmapTemplates::staticMetaObject,
-    &AddToTemplate::staticMetaObject,      &RoadmapEditor::staticMetaObject,       &WarmupForm::staticMetaObject,
-    &RampupAccountStore::staticMetaObject, &AddToCampaign::staticMetaObject,       &AddToList::staticMetaObject,
-    &CsvImportForm::staticMetaObject,      &LeadExport::staticMetaObject,          &LeadImports::staticMetaObject,
-    &LeadListForm::staticMetaObject,       &LeadListPicker::staticMetaObject,      &LeadLists::staticMetaObject,
-    &LeadListStore::staticMetaObject};
+const QList<const QMetaObject*> stores{&AccountActions::staticMetaObject,      &AccountActivity::staticMetaObject,
+                                       &AccountDetail::staticMetaObject,       &AccountSettings::staticMetaObject,
+                                       &AddAccount::staticMetaObject,          &ConnectionForm::staticMetaObject,
+                                       &GoogleConnect::staticMetaObject,       &ReconnectAccount::staticMetaObject,
+                                       &AccountsStore::staticMetaObject,       &AccountBulk::staticMetaObject,
+                                       &CampaignsStore::staticMetaObject,      &CampaignStore::staticMetaObject,
+                                       &CampaignLeads::staticMetaObject,       &CampaignSettings::staticMetaObject,
+                                       &ScheduleForm::staticMetaObject,        &SenderPicker::staticMetaObject,
+                                       &Subsequences::staticMetaObject,        &LeadMove::staticMetaObject,
+                                       &LeadPanel::staticMetaObject,           &LeadAdding::staticMetaObject,
+                                       &SequenceEditor::staticMetaObject,      &SequencePreview::staticMetaObject,
+                                       &SequenceAutosave::staticMetaObject,    &TestEmailForm::staticMetaObject,
+                                       &CampaignStatsStore::staticMetaObject,  &AnalyticsStore::staticMetaObject,
+                                       &DashboardStore::staticMetaObject,      &RangeForm::staticMetaObject,
+                                       &DeliverabilityStore::staticMetaObject, &RampupStore::staticMetaObject,
+                                       &RampupBulk::staticMetaObject,          &RampupDetails::staticMetaObject,
+                                       &RoadmapTemplates::staticMetaObject,    &AddToTemplate::staticMetaObject,
+                                       &RoadmapEditor::staticMetaObject,       &WarmupForm::staticMetaObject,
+                                       &RampupAccountStore::staticMetaObject,  &AddToCampaign::staticMetaObject,
+                                       &AddToList::staticMetaObject,           &CsvImportForm::staticMetaObject,
+                                       &LeadExport::staticMetaObject,          &LeadImports::staticMetaObject,
+                                       &LeadListForm::staticMetaObject,        &LeadListPicker::staticMetaObject,
+                                       &LeadLists::staticMetaObject,           &LeadListStore::staticMetaObject,
+                                       &Conversation::staticMetaObject,        &InboxStore::staticMetaObject,
+                                       &ThreadList::staticMetaObject,          &Writing::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -112,6 +121,9 @@ const std::map<QString, QStringList> sendNothing{
     {u"LeadListPicker"_s, {u"current"_s, u"newName"_s}},
     {u"LeadLists"_s, {u"sort"_s, u"open"_s}},
     {u"LeadListStore"_s, {u"openLists"_s, u"exportCsv"_s}},
+    {u"Conversation"_s, {u"fold"_s, u"replying"_s, u"editing"_s}},
+    {u"InboxStore"_s, {u"openLink"_s, u"copyAddress"_s, u"section"_s, u"leadsWidth"_s}},
+    {u"Writing"_s, {u"appear"_s, u"disappear"_s, u"discard"_s, u"body"_s, u"cc"_s, u"bcc"_s}},
 };
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
@@ -128,6 +140,9 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"CsvImportForm"_s, {u"show"_s, u"dropFile"_s, u"submit"_s}},
     {u"LeadLists"_s, {u"showArchived"_s}},
     {u"LeadListStore"_s, {u"importInto"_s, u"dropFile"_s}},
+    {u"Conversation"_s, {u"ensureContact"_s}},
+    {u"InboxStore"_s, {u"open"_s, u"step"_s}},
+    {u"ThreadList"_s, {u"tab"_s, u"query"_s, u"label"_s, u"mailbox"_s, u"showAll"_s, u"showNewMail"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
