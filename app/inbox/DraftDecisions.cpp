@@ -26,7 +26,8 @@ DraftDecisionRow rowOf(const DraftDecisions::Undoable& decision, const QDateTime
 
 ORV_DEFINE_ROW(DraftDecisionRow)
 
-DraftDecisions::DraftDecisions(WorkspaceContext& context) : Store(context), m_actions(context, m_busy, [] {}) {
+DraftDecisions::DraftDecisions(WorkspaceContext& context, Store* whole)
+    : Store(context, whole), m_actions(context, m_busy, [] {}) {
   connect(&m_busy, &BusySet::changed, this, [this] {
     if (m_busy.ids().isEmpty())
       for (const OneShot<bool>& waiting : std::exchange(m_waiting, {})) OneShot(waiting).give(true);
@@ -131,21 +132,21 @@ Task<DraftDecisions::Outcome> DraftDecisions::ask(ReviewDraft item, std::functio
   });
   if (answer) {
     m_unsure.remove(id);
-    co_return {std::move(answer), true};
+    co_return Outcome{std::move(answer), true};
   }
-  if (!failed || !mayHaveActed(*failed)) co_return {};
+  if (!failed || !mayHaveActed(*failed)) co_return Outcome{};
   m_unsure.insert(id);
   auto now = co_await readDraft(item.thread.id, id);
   if (!now) {
     services().toasts.show({.message = failure,
                             .tone = Toasts::Tone::error,
                             .detail = failed->message() + (shallWait ? QString() : u" It may have been sent."_s)});
-    co_return {};
+    co_return Outcome{};
   }
   m_unsure.remove(id);
   const bool done = now->isWaiting() == shallWait;
   if (!done) services().toasts.failure(failure, *failed);
-  co_return {std::move(now), done};
+  co_return Outcome{std::move(now), done};
 }
 
 Task<std::optional<Draft>> DraftDecisions::readDraft(QString threadId, QString draftId) {

@@ -31,8 +31,7 @@ class DraftDecisionRows final : public RecordModel<DraftDecisionRow> {
   using RecordModel::RecordModel;
 };
 
-/// What is decided about the agent's drafts, wherever they are shown: the review, a conversation. One for the
-/// workspace, so that a draft is out of the way on all of them at once and each can take the decision back.
+/// What is decided about the agent's drafts, and how it is taken back.
 ///
 /// A decision can be taken back for a minute, by the clock and not by a timer: the minute passes while the machine
 /// sleeps. Where nobody knows what became of a request, the conversation is read again, and what it says counts.
@@ -64,7 +63,7 @@ class DraftDecisions final : public Store {
   enum class Return { failed, undone, putBack };
   Q_ENUM(Return)
 
-  explicit DraftDecisions(WorkspaceContext& context);
+  DraftDecisions(WorkspaceContext& context, Store* whole);
 
   DraftDecisionRows* rows() { return &m_rows; }
   /// The newest last.
@@ -72,6 +71,8 @@ class DraftDecisions final : public Store {
   const Undoable* find(const QString& draftId) const;
   QStringList busyIds() const { return m_busy.ids().values(); }
   bool isBusy(const QString& draftId) const { return m_busy.contains(draftId); }
+  /// Something was sent about it, and nobody knows what came of it.
+  bool isUncertain(const QString& draftId) const { return m_unsure.contains(draftId); }
 
   /// Decided here, as far as is known: no queue shows it.
   bool isGone(const QString& draftId) const { return m_gone.contains(draftId); }

@@ -58,7 +58,9 @@ QString secondsText(const QDateTime& now, const QDateTime& dueAt) {
   return left > 0 ? QString::number(left) : QString();
 }
 
-bool isNewLesson(const DraftTraining& training) { return training.lesson && training.lesson->times <= 1; }
+bool isNewLesson(const DraftTraining& training) {
+  return training.lesson && training.lesson->times <= 1 && training.kind != QString(words::learnedAgain);
+}
 
 QString trainingText(const DraftTraining& training, bool asWritten) {
   if (training.lesson) {

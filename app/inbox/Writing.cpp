@@ -58,7 +58,8 @@ Task<void> Writing::settled() {
 
 QString Writing::rival() const { return m_draft.rivals().value(u"body"_s).toString(); }
 
-void Writing::begin(const QString& body) {
+void Writing::begin(const QString& body, const std::optional<QString>& draft) {
+  if (draft) m_begunFor = draft;
   m_draft.rebase({.body = body, .cc = {}, .bcc = {}}, {});
   m_recovery.begin(m_draft.key(), {});
 }

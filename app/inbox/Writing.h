@@ -67,7 +67,10 @@ class Writing final : public QObject {
   Recovery* recovery() { return &m_recovery; }
 
   /// What it is begun on: the draft as the agent wrote it. What was typed stays.
-  void begin(const QString& body);
+  /// `draft` is the agent's own text where it is another version of that.
+  void begin(const QString& body, const std::optional<QString>& draft = {});
+  /// The agent's own text that it was begun for; nothing before.
+  const std::optional<QString>& begunFor() const { return m_begunFor; }
   /// It has been sent as `sent`. What was typed since stays.
   void sent(const WrittenFields& sent);
   /// A field shows it from now on, and no longer.
@@ -88,6 +91,7 @@ class Writing final : public QObject {
   QString m_about;
   DraftOf<WrittenFields> m_draft;
   Recovery m_recovery;
+  std::optional<QString> m_begunFor;
   bool m_typing = false;
   bool m_sending = false;
   bool m_uncertain = false;

@@ -23,7 +23,8 @@ Writing* Writings::reply(const QString& threadId, const QString& contact) {
 
 Writing* Writings::edit(const Draft& draft, const QString& contact) {
   Writing* writing = open(editKey(draft), draft.threadId, u"Your edit of the draft for "_s + shownName(contact));
-  writing->begin(draft.body);
+  // The review may have begun it on another of the agent's versions meanwhile.
+  if (writing->begunFor() != draft.body) writing->begin(draft.body, draft.body);
   return writing;
 }
 

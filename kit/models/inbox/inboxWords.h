@@ -22,6 +22,8 @@ inline constexpr QLatin1String styleOriginal("original"), styleProfessional("pro
     styleExcited("excited");
 /// How the agent writes.
 inline constexpr QLatin1String toneFriendly("friendly"), toneProfessional("professional"), toneCasual("casual");
+/// What a decision taught: a rule of its own, or one that was known.
+inline constexpr QLatin1String learnedNew("new"), learnedAgain("again");
 /// A lesson's source; any other was typed by a member.
 inline constexpr QLatin1String lessonFromReview("review");
 /// A lesson's status: whether the agent follows it.

@@ -1,0 +1,130 @@
+#include "app/inbox/DraftQueue.h"
+
+#include "kit/models/inbox/draftRequests.h"
+#include "kit/models/inbox/inboxWords.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+bool has(const QList<ReviewDraft>& items, const QString& draftId) {
+  return std::ranges::any_of(items, [&](const ReviewDraft& item) { return item.draft.id == draftId; });
+}
+
+}  // namespace
+
+DraftQueue::DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& decisions)
+    : Store(context, whole),
+      m_decisions(decisions),
+      m_list(*whole, [this] { return loadTask(); },
+             {.failed = u"Couldn’t load your drafts"_s, .isEmpty = [this](const ReviewDraftPage& page) {
+                return std::ranges::all_of(
+                    page.items, [this](const ReviewDraft& item) { return m_decisions.isGone(item.draft.id); });
+              }}) {
+  connect(&m_list, &ResourceBase::valueChanged, this, &DraftQueue::arrange);
+  connect(&m_list, &ResourceBase::changed, this, &DraftQueue::changed);
+  connect(&decisions, &DraftDecisions::changed, this, [this] {
+    // Told each second while a countdown runs; the list is other than before now and then.
+    if (m_list.value() && visible().size() != m_visible.size()) m_list.amend([](ReviewDraftPage&) {});
+  });
+  connect(&decisions, &DraftDecisions::decided, this, [this] {
+    // A reading under way may not know of it.
+    if (m_list.refreshing() || m_visible.size() < few) m_list.load();
+  });
+  connect(&decisions, &DraftDecisions::returned, this, &DraftQueue::takeBack);
+  context.changes().watch<Draft>(this, [this](const Change<Draft>& change) { follow(change); });
+}
+
+Task<ReviewDraftPage> DraftQueue::loadTask() {
+  const QSet<QString> settled = m_decisions.settled();
+  ReviewDraftPage page = co_await api().send(Requests::listDrafts(words::draftPending));
+  QSet<QString> ids;
+  for (const ReviewDraft& item : page.items) ids.insert(item.draft.id);
+  m_decisions.waiting(ids, settled);
+  // Of a list that goes on nobody can tell what has left it.
+  if (!page.nextCursor)
+    for (const ReviewDraft& item : std::as_const(m_visible))
+      if (!ids.contains(item.draft.id) && !m_decisions.isGone(item.draft.id)) Q_EMIT lost(item);
+  co_return page;
+}
+
+QList<ReviewDraft> DraftQueue::visible() const {
+  QList<ReviewDraft> items = m_list.value() ? m_list.value()->items : QList<ReviewDraft>();
+  items.removeIf([this](const ReviewDraft& item) { return m_decisions.isGone(item.draft.id); });
+  return items;
+}
+
+void DraftQueue::arrange() {
+  m_visible = visible();
+  qsizetype at = -1;
+  for (qsizetype row = 0; row < m_visible.size(); ++row)
+    if (m_visible[row].draft.id == m_picked) at = row;
+  // What was shown is gone: the one that came after it, else the one before.
+  m_at = at >= 0 ? at : std::clamp<qsizetype>(m_at, 0, std::max<qsizetype>(0, m_visible.size() - 1));
+  m_picked = m_visible.isEmpty() ? QString() : m_visible[m_at].draft.id;
+  const auto now = m_visible.isEmpty() ? std::nullopt : std::optional(m_visible[m_at]);
+  const bool isOther = std::exchange(m_told, now) != now;
+  Q_EMIT changed();
+  if (isOther) Q_EMIT shownChanged();
+}
+
+const ReviewDraft* DraftQueue::find(const QString& draftId) const {
+  const auto found = std::ranges::find_if(m_visible, [&](const ReviewDraft& item) { return item.draft.id == draftId; });
+  return found == m_visible.end() ? nullptr : &*found;
+}
+
+const ReviewDraft* DraftQueue::next() const {
+  const qsizetype at = m_forward ? m_at + 1 : m_at - 1;
+  return at >= 0 && at < m_visible.size() ? &m_visible[at] : nullptr;
+}
+
+QString DraftQueue::positionText() const {
+  if (m_visible.isEmpty()) return {};
+  return u"%1 of %2 waiting"_s.arg(m_at + 1).arg(m_visible.size());
+}
+
+void DraftQueue::go(int by) {
+  const qsizetype at = m_at + by;
+  if (at < 0 || at >= m_visible.size()) return;
+  m_forward = by > 0;
+  pick(m_visible[at].draft.id);
+}
+
+void DraftQueue::pick(const QString& draftId) {
+  m_picked = draftId;
+  arrange();
+}
+
+void DraftQueue::takeBack(const ReviewDraft& item, DraftDecisions::Return how) {
+  if (m_list.value()) {
+    const bool isListed = has(m_list.value()->items, item.draft.id);
+    m_list.update([&](ReviewDraftPage& page) {
+      for (ReviewDraft& each : page.items)
+        if (each.draft.id == item.draft.id) each.draft = item.draft;
+      // Read again meanwhile. Where it stands the service says at once.
+      if (!isListed) page.items.insert(std::min(m_at, page.items.size()), item);
+    });
+    if (!isListed || how == DraftDecisions::Return::failed) m_list.load();
+  }
+  if (how == DraftDecisions::Return::undone) pick(item.draft.id);
+}
+
+/// Somebody decided in another place, or the agent wrote it anew.
+void DraftQueue::follow(const Change<Draft>& change) {
+  if (!m_list.value() || m_decisions.isGone(change.id)) return;
+  using Kind = Change<Draft>::Kind;
+  if (change.kind == Kind::stale) return m_list.markStale();
+  const bool isWaiting = change.kind == Kind::is && change.record->isWaiting();
+  if (!has(m_list.value()->items, change.id)) {
+    if (isWaiting) m_list.markStale();
+    return;
+  }
+  m_list.update([&](ReviewDraftPage& page) {
+    if (!isWaiting) page.items.removeIf([&](const ReviewDraft& item) { return item.draft.id == change.id; });
+    for (ReviewDraft& item : page.items)
+      if (item.draft.id == change.id) item.draft = *change.record;
+  });
+}
+
+}  // namespace orv

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/base/Resource.h"
+#include "app/inbox/DraftDecisions.h"
+
+namespace orv {
+
+/// The drafts that wait, in the service's order, and the one that is shown. What was decided here is out of the way at
+/// once; when few are left, the beginning of the list is read again.
+class DraftQueue final : public Store {
+  Q_OBJECT
+  Q_PROPERTY(orv::ResourceBase* list READ list CONSTANT)
+  Q_PROPERTY(QString picked READ picked NOTIFY changed)
+  Q_PROPERTY(bool forward READ forward NOTIFY changed)
+  Q_PROPERTY(int waiting READ waiting NOTIFY changed)
+  Q_PROPERTY(QString positionText READ positionText NOTIFY changed)
+  Q_PROPERTY(bool hasPrevious READ hasPrevious NOTIFY changed)
+  Q_PROPERTY(bool hasNext READ hasNext NOTIFY changed)
+
+ public:
+  static constexpr qsizetype few = 10;
+
+  DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& decisions);
+
+  Resource<ReviewDraftPage>* list() { return &m_list; }
+  /// The draft that is shown; empty for none.
+  const QString& picked() const { return m_picked; }
+  const ReviewDraft* shown() const { return find(m_picked); }
+  /// The one that is shown next, if the person goes on as they went last.
+  const ReviewDraft* next() const;
+  const ReviewDraft* find(const QString& draftId) const;
+  /// Which way the person went last.
+  bool forward() const { return m_forward; }
+  int waiting() const { return int(m_visible.size()); }
+  /// "3 of 7 waiting"; empty for none.
+  QString positionText() const;
+  bool hasPrevious() const { return m_at > 0; }
+  bool hasNext() const { return m_at + 1 < m_visible.size(); }
+
+  Q_INVOKABLE void goForward() { go(1); }
+  Q_INVOKABLE void goBack() { go(-1); }
+  void pick(const QString& draftId);
+
+ Q_SIGNALS:
+  void changed();
+  /// Another draft is shown, or the same one says something else.
+  void shownChanged();
+  /// Waited when the list was read before and does so no more, without a decision from here.
+  void lost(const orv::ReviewDraft& item);
+
+ private:
+  Task<ReviewDraftPage> loadTask();
+  void go(int by);
+  void arrange();
+  void takeBack(const ReviewDraft& item, DraftDecisions::Return how);
+  void follow(const Change<Draft>& change);
+  QList<ReviewDraft> visible() const;
+
+  DraftDecisions& m_decisions;
+  Resource<ReviewDraftPage> m_list;
+  QList<ReviewDraft> m_visible;
+  QString m_picked;
+  std::optional<ReviewDraft> m_told;
+  /// Of the draft that is shown; where it was, once it is gone.
+  qsizetype m_at = 0;
+  bool m_forward = true;
+};
+
+}  // namespace orv

@@ -1,0 +1,297 @@
+#include "app/inbox/DraftsStore.h"
+
+#include "app/base/shownName.h"
+#include "app/inbox/DraftTexts.h"
+#include "app/inbox/addresses.h"
+#include "kit/models/inbox/inboxWords.h"
+#include "kit/models/inbox/threadLabel.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+ApproveDraftBody approvalOf(const Draft& draft, const std::optional<QString>& edit,
+                            const std::optional<QString>& style) {
+  // With `undo` the service waits a minute before it sends; without it an approval is final.
+  return {.body = edit, .subject = draft.subject, .undo = true, .style = style};
+}
+
+template <class S>
+void letGoOf(std::unique_ptr<S>& store) {
+  if (!store) return;
+  store->close();
+  store.release()->deleteLater();
+}
+
+}  // namespace
+
+DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
+    : Store(context),
+      m_writings(writings),
+      m_decisions(context, this),
+      m_queue(context, this, m_decisions),
+      m_styles(context, this),
+      m_reason(context, this, m_decisions),
+      m_feedback(context, this),
+      m_history(context, this, m_decisions) {
+  connect(&m_queue, &DraftQueue::shownChanged, this, &DraftsStore::showPicked);
+  connect(&m_queue, &DraftQueue::changed, this, &DraftsStore::changed);
+  connect(&m_queue, &DraftQueue::lost, this, &DraftsStore::keepText);
+  connect(&m_styles, &DraftStyles::changed, this, [this](const QString& draftId) {
+    if (draftId == m_queue.picked()) showText();
+    Q_EMIT changed();
+  });
+  connect(&m_decisions, &DraftDecisions::decided, this, &DraftsStore::decided);
+  connect(&m_decisions, &DraftDecisions::returned, this, &DraftsStore::returned);
+  connect(&m_decisions, &DraftDecisions::passed, this,
+          [this](const DraftDecisions::Undoable& decision) { letGo(decision.item.draft); });
+  connect(&m_reason, &DraftReason::given, this, [this](const QString& draftId) { m_feedback.follow(draftId, false); });
+  connect(&m_feedback, &TrainingFeedback::taught, this, [this](const DraftTraining& training) {
+    // Waiting drafts have been rewritten to follow the rule.
+    if (training.refreshed.value_or(0) > 0) m_queue.list()->load();
+  });
+}
+
+DraftsStore::~DraftsStore() = default;
+
+std::unique_ptr<Conversation> DraftsStore::open(const ReviewDraft& item) {
+  auto conversation = std::make_unique<Conversation>(
+      context(), item.thread.id,
+      Conversation::Surroundings{.writings = m_writings,
+                                 .listed = [thread = item.thread](const QString&) { return std::optional(thread); },
+                                 .label = [](const ThreadLabel& label) { return replyLabel(label, {}); },
+                                 .campaign = [](const QString&) { return QString(); }});
+  conversation->ensureLoaded();
+  return conversation;
+}
+
+void DraftsStore::showPicked() {
+  const ReviewDraft* item = m_queue.shown();
+  if (item && (!m_conversation || m_conversation->id() != item->thread.id)) {
+    letGoOf(m_conversation);
+    if (m_next && m_next->id() == item->thread.id)
+      m_conversation = std::move(m_next);
+    else
+      m_conversation = open(*item);
+  }
+  if (!item) letGoOf(m_conversation);
+  const ReviewDraft* next = m_queue.next();
+  if (next && item && next->thread.id != item->thread.id && (!m_next || m_next->id() != next->thread.id)) {
+    letGoOf(m_next);
+    m_next = open(*next);
+  }
+  showText();
+  Q_EMIT shownChanged();
+  Q_EMIT changed();
+}
+
+void DraftsStore::showText() {
+  const ReviewDraft* item = m_queue.shown();
+  Writing* writing = item ? m_writings.edit(item->draft, contactName(item->thread)) : nullptr;
+  const DraftVersion* version = item ? m_styles.versionOf(item->draft.id) : nullptr;
+  if (writing) writing->begin(version ? version->body : item->draft.body, item->draft.body);
+  if (std::exchange(m_writing, writing) == writing) return;
+  if (writing) connect(writing, &Writing::changed, this, &DraftsStore::changed, Qt::UniqueConnection);
+  Q_EMIT shownChanged();
+}
+
+QString DraftsStore::headline() const { return m_queue.shown() ? draftHeadline(m_queue.shown()->draft) : QString(); }
+
+QString DraftsStore::facts() const {
+  const ReviewDraft* item = m_queue.shown();
+  if (!item) return {};
+  const QString rules = rulesText(item->draft);
+  return draftKindText(item->draft) + (rules.isEmpty() ? QString() : u" · "_s + rules);
+}
+
+QStringList DraftsStore::failures() const {
+  return m_queue.shown() ? holdReasons(m_queue.shown()->draft) : QStringList();
+}
+
+QString DraftsStore::address() const {
+  return m_queue.shown() ? shownAddress(draftAddress(*m_queue.shown())) : QString();
+}
+
+QString DraftsStore::mailbox() const {
+  return m_queue.shown() ? shownAddress(m_queue.shown()->thread.mailboxAddress) : QString();
+}
+
+QString DraftsStore::subject() const {
+  const ReviewDraft* item = m_queue.shown();
+  return item ? shownName(item->draft.subject.value_or(item->thread.subject)) : QString();
+}
+
+QString DraftsStore::why() const { return m_queue.shown() ? draftReason(m_queue.shown()->draft) : QString(); }
+
+bool DraftsStore::canApprove() const {
+  return canWrite() && m_queue.shown() && m_writing && !styling() && !m_writing->body().trimmed().isEmpty();
+}
+
+QString DraftsStore::approveText() const { return edited() ? u"Approve your edit ⌘↵"_s : u"Approve"_s; }
+
+void DraftsStore::setHistoryShown(bool shown) {
+  if (std::exchange(m_historyShown, shown) == shown) return;
+  if (shown) m_history.list()->ensureLoaded();
+  Q_EMIT changed();
+  Q_EMIT moved();
+}
+
+Task<void> DraftsStore::chooseStyleTask(QString style) {
+  const ReviewDraft* item = m_queue.shown();
+  if (!item || !canWrite() || style == this->style()) co_return;
+  const QString id = item->draft.id;
+  if (edited()) {
+    const bool replaces = co_await services().overlays.confirm({.title = u"Replace your edit?"_s,
+                                                                .text = u"Another style takes the place of what you "
+                                                                        u"changed in this draft."_s,
+                                                                .confirm = u"Replace it"_s,
+                                                                .cancel = u"Keep my edit"_s,
+                                                                .destructive = true});
+    if (!replaces || m_queue.picked() != id) co_return;
+    m_writing->discard();
+  }
+  m_styles.choose(id, style);
+}
+
+void DraftsStore::openChat() {
+  if (const ReviewDraft* item = m_queue.shown()) context().openItem(Page::inbox, QString(item->thread.id));
+}
+
+void DraftsStore::approve(const ReviewDraft& item) {
+  const QString id = item.draft.id;
+  if (isDeciding(id) || m_decisions.isGone(id) || m_styles.isAsking(id)) return;
+  const ReviewDraft given = item;
+  m_undone = false;
+  const auto edit = m_writings.editOf(given.draft);
+  const DraftVersion* version = m_styles.versionOf(id);
+  if (edit && edit->trimmed().isEmpty()) return;
+  Writing* writing = m_writings.findEdit(given.draft);
+  // What the person saw is what goes out, and a conversation shows the agent's own text.
+  if (version && !edit && writing && writing->body() != version->body) version = nullptr;
+  m_sent[id] = edit ? std::optional(writing->typed()) : std::nullopt;
+  if (version) m_styled.insert(id);
+  if (edit) writing->setState(true, false);
+  m_decisions.approve(given, approvalOf(given.draft, edit, version ? std::optional(version->style) : std::nullopt));
+}
+
+void DraftsStore::skip(const ReviewDraft& item) {
+  m_undone = false;
+  m_decisions.skip(ReviewDraft(item));
+}
+
+bool DraftsStore::isDeciding(const QString& draftId) const { return m_decisions.isBusy(draftId); }
+
+void DraftsStore::decided(const DraftDecisions::Undoable& decision) {
+  const QString& id = decision.item.draft.id;
+  m_feedback.follow(id, decision.approved && !m_sent.value(id) && !m_styled.contains(id));
+}
+
+void DraftsStore::returned(const ReviewDraft& item, DraftDecisions::Return how) {
+  const QString& id = item.draft.id;
+  if (Writing* writing = m_writings.findEdit(item.draft)) writing->setState(false, m_decisions.isUncertain(id));
+  m_sent.remove(id);
+  m_styled.remove(id);
+  if (how != DraftDecisions::Return::failed) m_feedback.takeBack(id);
+  m_undone = how == DraftDecisions::Return::undone;
+  if (m_undone) setHistoryShown(false);
+  showText();
+}
+
+void DraftsStore::letGo(const Draft& draft) {
+  const auto sent = m_sent.take(draft.id);
+  m_styled.remove(draft.id);
+  m_styles.forget(draft.id);
+  Writing* writing = m_writings.findEdit(draft);
+  if (!writing) return;
+  writing->setState(false, false);
+  if (sent) writing->sent(*sent);
+}
+
+/// Somebody else decided it, and what this person made of it is nowhere else.
+void DraftsStore::keepText(const ReviewDraft& item) {
+  const auto edit = m_writings.editOf(item.draft);
+  if (!edit) return;
+  services().toasts.show({.message = u"Somebody else decided the draft for "_s + shownName(contactName(item.thread)),
+                          .actionLabel = u"Copy your edit"_s,
+                          .action = [&services = services(), text = *edit] { services.clipboard.setText(text); }});
+}
+
+void DraftsStore::refresh() {
+  Store::refresh();
+  if (m_conversation) m_conversation->refresh();
+}
+
+void DraftsStore::close() {
+  // What was approved goes out, whoever is there to see it.
+  for (const DraftDecisions::Undoable& decision : m_decisions.done())
+    if (decision.approved && decision.taken) letGo(decision.item.draft);
+  letGoOf(m_conversation);
+  letGoOf(m_next);
+  Store::close();
+}
+
+PagePlace DraftsStore::where() const { return {.tab = m_historyShown ? u"history"_s : QString()}; }
+
+void DraftsStore::goTo(const PagePlace& place) { setHistoryShown(place.tab == "history"_L1); }
+
+QList<PageAction> DraftsStore::offered(const QString& record) {
+  if (!record.isEmpty()) return {};
+  const bool reviews = !m_historyShown && m_queue.shown();
+  const auto& done = m_decisions.done();
+  const QString last = done.empty() ? QString() : done.back().item.draft.id;
+  QList<PageAction> actions{{.key = u"approve"_s,
+                             .title = approveText(),
+                             .icon = u"document-send"_s,
+                             .keys = u"Ctrl+Return"_s,
+                             .inPalette = u"Approve the draft"_s,
+                             .writes = true,
+                             .possible = reviews && canApprove(),
+                             .run = [this] { approve(*m_queue.shown()); }},
+                            {.key = u"skip"_s,
+                             .title = u"Skip"_s,
+                             .icon = u"go-next"_s,
+                             .keys = u"X"_s,
+                             .inPalette = u"Skip the draft"_s,
+                             .writes = true,
+                             .possible = reviews,
+                             .run = [this] { skip(*m_queue.shown()); }},
+                            {.key = u"edit"_s,
+                             .title = u"Edit the draft"_s,
+                             .icon = u"document-edit"_s,
+                             .keys = u"E"_s,
+                             .writes = true,
+                             .possible = reviews,
+                             .run = [this] { Q_EMIT editRequested(); }},
+                            {.key = u"next"_s,
+                             .title = u"Next draft"_s,
+                             .keys = u"J"_s,
+                             .possible = reviews && m_queue.hasNext(),
+                             .run = [this] { m_queue.goForward(); }},
+                            {.key = u"previous"_s,
+                             .title = u"Previous draft"_s,
+                             .keys = u"K"_s,
+                             .possible = reviews && m_queue.hasPrevious(),
+                             .run = [this] { m_queue.goBack(); }},
+                            {.key = u"chat"_s,
+                             .title = u"Open the chat"_s,
+                             .icon = u"mail-message"_s,
+                             .keys = u"O"_s,
+                             .possible = reviews,
+                             .run = [this] { openChat(); }},
+                            {.key = u"undo"_s,
+                             .title = u"Undo the last decision"_s,
+                             .icon = u"edit-undo"_s,
+                             .keys = u"U"_s,
+                             .writes = true,
+                             .possible = !last.isEmpty(),
+                             .run = [this, last] { m_decisions.undo(last); }},
+                            {.key = u"history"_s,
+                             .title = m_historyShown ? u"Back to drafts"_s : u"History"_s,
+                             .icon = u"view-history"_s,
+                             .keys = u"H"_s,
+                             .run = [this] { setHistoryShown(!m_historyShown); }}};
+  return actions + Store::offered(record);
+}
+
+}  // namespace orv

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <memory>
+
+#include "app/base/EnumName.h"
+#include "app/inbox/Conversation.h"
+#include "app/inbox/DraftDesk.h"
+#include "app/inbox/DraftHistory.h"
+#include "app/inbox/DraftQueue.h"
+#include "app/inbox/DraftReason.h"
+#include "app/inbox/DraftStyles.h"
+#include "app/inbox/TrainingFeedback.h"
+#include "app/inbox/Writings.h"
+
+namespace orv {
+
+/// The review of the agent's drafts: one draft at a time, beside its conversation, with what was decided last.
+class DraftsStore final : public Store, public DraftDesk {
+  Q_OBJECT
+  Q_PROPERTY(orv::DraftQueue* queue READ queue CONSTANT)
+  Q_PROPERTY(orv::DraftDecisions* decisions READ decisions CONSTANT)
+  Q_PROPERTY(orv::DraftReason* reason READ reason CONSTANT)
+  Q_PROPERTY(orv::TrainingFeedback* feedback READ feedback CONSTANT)
+  Q_PROPERTY(orv::DraftHistory* history READ history CONSTANT)
+  Q_PROPERTY(orv::Conversation* conversation READ conversation NOTIFY shownChanged)
+  Q_PROPERTY(orv::Writing* writing READ writing NOTIFY shownChanged)
+  Q_PROPERTY(bool historyShown READ historyShown WRITE setHistoryShown NOTIFY changed)
+  Q_PROPERTY(QString headline READ headline NOTIFY changed)
+  Q_PROPERTY(QString facts READ facts NOTIFY changed)
+  Q_PROPERTY(QStringList failures READ failures NOTIFY changed)
+  Q_PROPERTY(QString address READ address NOTIFY changed)
+  Q_PROPERTY(QString mailbox READ mailbox NOTIFY changed)
+  Q_PROPERTY(QString subject READ subject NOTIFY changed)
+  Q_PROPERTY(QString why READ why NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> styles READ styles NOTIFY changed)
+  Q_PROPERTY(QString style READ style NOTIFY changed)
+  Q_PROPERTY(bool styling READ styling NOTIFY changed)
+  Q_PROPERTY(bool edited READ edited NOTIFY changed)
+  Q_PROPERTY(bool canApprove READ canApprove NOTIFY changed)
+  Q_PROPERTY(QString approveText READ approveText NOTIFY changed)
+
+ public:
+  DraftsStore(WorkspaceContext& context, Writings& writings);
+  ~DraftsStore() override;
+
+  DraftQueue* queue() { return &m_queue; }
+  DraftDecisions* decisions() { return &m_decisions; }
+  DraftReason* reason() { return &m_reason; }
+  TrainingFeedback* feedback() { return &m_feedback; }
+  DraftHistory* history() { return &m_history; }
+  /// Of the draft that is shown; null for none.
+  Conversation* conversation() const { return m_conversation.get(); }
+  Writing* writing() const { return m_writing; }
+  bool historyShown() const { return m_historyShown; }
+  void setHistoryShown(bool shown);
+  /// The decision that came last was taken back.
+  bool undone() const { return m_undone; }
+
+  // Of the draft that is shown.
+  QString headline() const;
+  QString facts() const;
+  QStringList failures() const;
+  QString address() const;
+  QString mailbox() const;
+  QString subject() const;
+  /// Why the agent answers so.
+  QString why() const;
+  QList<Choice> styles() const { return m_styles.choices(m_queue.picked()); }
+  QString style() const { return m_styles.styleOf(m_queue.picked()); }
+  bool styling() const { return m_styles.isAsking(m_queue.picked()); }
+  /// It says something else than what the agent wrote.
+  bool edited() const { return m_writing && m_writing->dirty(); }
+  bool canApprove() const;
+  QString approveText() const;
+
+  Q_INVOKABLE void chooseStyle(const QString& style) { m_tasks.start(chooseStyleTask(style)); }
+  Q_INVOKABLE void openChat();
+
+  void approve(const ReviewDraft& item) override;
+  void skip(const ReviewDraft& item) override;
+  bool isDeciding(const QString& draftId) const override;
+
+  void refresh() override;
+  void close() override;
+  PagePlace where() const override;
+  void goTo(const PagePlace& place) override;
+
+ Q_SIGNALS:
+  void changed();
+  void shownChanged();
+  /// The person wants to write in the draft.
+  void editRequested();
+
+ protected:
+  QList<PageAction> offered(const QString& record) override;
+
+ private:
+  Task<void> chooseStyleTask(QString style);
+  void showPicked();
+  void showText();
+  void decided(const DraftDecisions::Undoable& decision);
+  void returned(const ReviewDraft& item, DraftDecisions::Return how);
+  /// It is out for good: what was made of it is no longer the person's alone.
+  void letGo(const Draft& draft);
+  void keepText(const ReviewDraft& item);
+  std::unique_ptr<Conversation> open(const ReviewDraft& item);
+
+  Writings& m_writings;
+  DraftDecisions m_decisions;
+  DraftQueue m_queue;
+  DraftStyles m_styles;
+  DraftReason m_reason;
+  TrainingFeedback m_feedback;
+  DraftHistory m_history;
+  std::unique_ptr<Conversation> m_conversation;
+  /// Read ahead, so that going on shows it at once.
+  std::unique_ptr<Conversation> m_next;
+  QPointer<Writing> m_writing;
+  QString m_shownBody;
+  /// Approvals under way or undoable: what was sent of an edit, or that nothing was changed.
+  QHash<QString, std::optional<WrittenFields>> m_sent;
+  QSet<QString> m_styled;
+  bool m_historyShown = false;
+  bool m_undone = false;
+};
+
+}  // namespace orv
