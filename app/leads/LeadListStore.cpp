@@ -26,7 +26,11 @@ const LeadList* LeadListStore::list() const {
 }
 
 void LeadListStore::follow(const Change<LeadList>& change) {
-  if (change.kind != Change<LeadList>::Kind::gone || change.id != m_id) return;
+  using Kind = Change<LeadList>::Kind;
+  if (!change.id.isEmpty() && change.id != m_id) return;
+  // The lists are on no screen while this page is, and would wait until they are.
+  if (change.kind == Kind::stale && isShown()) m_lists.list()->load();
+  if (change.kind != Kind::gone) return;
   // Whoever is looking at it is led to where it can be brought back.
   if (context().openedItem(Page::leads) == m_id) context().open(Page::leads);
   Q_EMIT changed();
