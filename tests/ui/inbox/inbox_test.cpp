@@ -1,0 +1,160 @@
+#include <QQuickItem>
+#include <QTest>
+
+#include "app/inbox/InboxStore.h"
+#include "desktop/scenes/Stage.h"
+#include "tests/ui/support/warnings.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+/// A morning's replies in the real window, by keyboard alone.
+class InboxWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QQmlEngine> m_engine;
+  std::unique_ptr<Stage> m_stage;
+
+  InboxStore& inbox() { return *m_stage->app().session()->store<InboxStore>(); }
+  Conversation* open() { return inbox().conversation(); }
+  QStringList ids() { return inbox().threads()->list()->shownIds(); }
+  QQuickItem* focused() { return m_stage->window().activeFocusItem(); }
+  bool isWriting() {
+    return focused() && focused()->inherits("QQuickTextEdit") && !focused()->property("readOnly").toBool();
+  }
+  QString lastMessage() {
+    const auto& toasts = m_stage->app().toasts()->toasts();
+    return toasts.isEmpty() ? QString() : toasts.last().message;
+  }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
+  }
+  /// By G and I, with the list there.
+  void arrive() {
+    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{});
+    QVERIFY(m_stage->isReady());
+    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+    QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedIn);
+    press(Qt::Key_G);
+    press(Qt::Key_I);
+    QTRY_COMPARE(m_stage->app().router()->page(), Page::inbox);
+    QTRY_VERIFY(ids().size() > 12);
+  }
+  void waitForOpen(const QString& id) {
+    QTRY_COMPARE(inbox().openId(), id);
+    QTRY_VERIFY(open()->detail()->hasContent());
+  }
+
+ private Q_SLOTS:  // NOLINT: Qt Test calls them by name
+  void initTestCase() {
+    m_engine = std::make_unique<QQmlEngine>();
+    ClientWindow::prepare(*m_engine);
+  }
+  void init() { ui::failOnWarnings(); }
+  void cleanup() { m_stage.reset(); }
+
+  void tenConversations() {
+    arrive();
+    const QStringList all = ids();
+    // Read, and on: the first three, one of them labelled, one archived.
+    press(Qt::Key_J);
+    waitForOpen(all[0]);
+    QTRY_VERIFY(!inbox().threads()->find(all[0])->unread);
+    press(Qt::Key_J);
+    waitForOpen(all[1]);
+    press(Qt::Key_L);
+    press(Qt::Key_End);
+    press(Qt::Key_Up);
+    press(Qt::Key_Return);
+    QTRY_VERIFY(lastMessage().startsWith(u"Label"_s));
+    press(Qt::Key_J);
+    waitForOpen(all[2]);
+    press(Qt::Key_E);
+    waitForOpen(all[3]);
+    QTRY_VERIFY(!ids().contains(all[2]));
+    QTRY_COMPARE(lastMessage(), u"Archived"_s);
+
+    // Answered; whoever has sent goes on in the list.
+    press(Qt::Key_R);
+    QTRY_VERIFY(isWriting());
+    type(u"Thanks, Tuesday works."_s);
+    QCOMPARE(open()->reply()->body(), u"Thanks, Tuesday works."_s);
+    const bool asks = open()->hasDraft();
+    press(Qt::Key_Return, Qt::ControlModifier);
+    if (asks) {
+      QTRY_COMPARE(m_stage->app().overlays()->title(), u"Reply anyway?"_s);
+      m_stage->settle();
+      press(Qt::Key_Return);
+    }
+    QTRY_VERIFY(lastMessage().startsWith(u"Sending to "_s));
+    QTRY_VERIFY(!isWriting());
+    QCOMPARE(open()->reply()->body(), QString());
+
+    // Begun, left, found again; letters are letters there.
+    press(Qt::Key_J);
+    waitForOpen(all[4]);
+    press(Qt::Key_R);
+    QTRY_VERIFY(isWriting());
+    type(u"just"_s);
+    QCOMPARE(inbox().openId(), all[4]);
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(!isWriting());
+    press(Qt::Key_J);
+    waitForOpen(all[5]);
+    press(Qt::Key_K);
+    waitForOpen(all[4]);
+    QCOMPARE(open()->reply()->body(), u"just"_s);
+
+    // With the arrows, where the row that they rest on opens; unread again; on to the tenth.
+    press(Qt::Key_Down);
+    waitForOpen(all[5]);
+    press(Qt::Key_U);
+    QTRY_COMPARE(lastMessage(), u"Marked unread"_s);
+    for (int at = 6; at < 10; ++at) {
+      press(Qt::Key_J);
+      waitForOpen(all[at]);
+    }
+    QTRY_VERIFY(inbox().threads()->find(all[5])->unread);
+    press(Qt::Key_E);
+    waitForOpen(all[10]);
+    QTRY_VERIFY(!ids().contains(all[9]));
+  }
+
+  void theArchiveAndTheWayBack() {
+    arrive();
+    press(Qt::Key_J);
+    const QString id = ids().first();
+    waitForOpen(id);
+    press(Qt::Key_E);
+    QTRY_VERIFY(!ids().contains(id));
+    inbox().threads()->setTab(u"archived"_s);
+    QTRY_VERIFY(ids().contains(id));
+    inbox().open(id);
+    waitForOpen(id);
+    press(Qt::Key_E);
+    QTRY_COMPARE(lastMessage(), u"Moved back to the inbox"_s);
+    inbox().threads()->setTab(u"all"_s);
+    QTRY_VERIFY(ids().contains(id));
+  }
+
+  void aLongThreadAndALongBodyAreDrawn() {
+    arrive();
+    QTRY_VERIFY(!inbox().threads()->list()->canLoadMore() || ids().size() >= 50);
+    QString longest, largest;
+    inbox().threads()->list()->each([&](const ThreadRow& row) {
+      if (row.record().messageCount > 400) longest = row.id;
+      if (row.record().subject.contains("endless"_L1)) largest = row.id;
+    });
+    for (const QString& id : {longest, largest}) {
+      QVERIFY2(!id.isEmpty(), "the sample has none");
+      inbox().open(id);
+      waitForOpen(id);
+      m_stage->settle();
+    }
+  }
+};
+
+QTEST_MAIN(InboxWindowTest)
+#include "inbox_test.moc"
