@@ -136,7 +136,9 @@ QVariantList InboxDetail::series() const {
     if (m_poolRate) pool.append(std::round(*m_poolRate * 1000) / 10);
   }
   QVariantList series{QVariantMap{{u"key"_s, u"inbox"_s}, {u"label"_s, u"Inbox rate"_s}, {u"values"_s, rates}}};
-  if (m_poolRate) series.append(QVariantMap{{u"key"_s, u"pool"_s}, {u"label"_s, u"Pool"_s}, {u"values"_s, pool}});
+  if (m_poolRate)
+    series.append(
+        QVariantMap{{u"key"_s, u"pool"_s}, {u"label"_s, u"Pool"_s}, {u"values"_s, pool}, {u"reference"_s, true}});
   return series;
 }
 

@@ -190,6 +190,7 @@ void RampupAccountStore::edit() {
                          .stages = plan()->stages,
                          .version = version,
                          .from = isoDay(plan()->startedOn),
+                         .today = services().clock.now().toLocalTime().date(),
                          .submit = [page = QPointer(this), version](const QList<RoadmapStage>& stages) {
                            // The editor is the list's, and outlives this page.
                            if (page) page->m_tasks.start(page->editTask(stages, version));

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QHash>
-#include <chrono>
-
-#include "app/base/BusySet.h"
+#include "app/base/ReadAhead.h"
 #include "app/base/Store.h"
 #include "kit/models/rampup/rampupDetail.h"
 
@@ -14,42 +11,27 @@ class RampupDetails final : public Store {
   Q_OBJECT
 
  public:
-  /// Somebody rests on a row that long before its account is read.
-  static constexpr std::chrono::milliseconds restFor{250};
   /// What was read ahead is as good as new for so long.
   static constexpr std::chrono::seconds freshFor{60};
 
   RampupDetails(WorkspaceContext& context, Store& whole);
 
   /// Somebody looks at the row; none of them with an empty id.
-  Q_INVOKABLE void look(const QString& id);
+  Q_INVOKABLE void look(const QString& id) { m_ahead.look(id); }
   /// Reads the account ahead, unless it is known or being read already.
-  void prefetch(const QString& id);
-  bool isPrefetching(const QString& id) const { return m_prefetching.contains(id); }
+  void prefetch(const QString& id) { m_ahead.prefetch(id); }
+  bool isPrefetching(const QString& id) const { return m_ahead.isReading(id); }
 
   /// What is known of the account, while that is fresh.
-  const RampupDetail* find(const QString& id) const;
-  void put(const RampupDetail& detail);
+  const RampupDetail* find(const QString& id) const { return m_ahead.find(id); }
+  void put(const RampupDetail& detail) { m_ahead.put(detail.mailboxId, detail); }
   /// It is another one by now; with no id, each of them may be.
-  void forget(const QString& id = {});
+  void forget(const QString& id = {}) { m_ahead.forget(id); }
   void trim() override { forget(); }
+  void close() override;
 
  private:
-  struct Known {
-    RampupDetail detail;
-    QDateTime readAt;
-  };
-  static constexpr qsizetype keptAtMost = 40;
-
-  Task<void> lookTask(QString id);
-  Task<void> prefetchTask(QString id);
-
-  QHash<QString, Known> m_known;
-  BusySet m_prefetching;
-  /// Counts what was forgotten: an answer that was asked for before is not kept.
-  int m_round = 0;
-  QHash<QString, int> m_forgotten;
-  TaskSlot m_look;
+  ReadAhead<RampupDetail> m_ahead;
 };
 
 }  // namespace orv

@@ -158,7 +158,14 @@ void RoadmapEditor::draw() {
   m_days.clear();
   m_dayNotes.clear();
   QVariantList warmup, campaign;
-  for (const RoadmapStage& stage : readStages(m_typed)) {
+  qsizetype wrongFrom = -1, wrongTo = -1;
+  const auto stages = readStages(m_typed);
+  for (qsizetype at = 0; at < stages.size(); ++at) {
+    const RoadmapStage& stage = stages[at];
+    if (m_problem && m_problem->stage == at) {
+      wrongFrom = m_days.size();
+      wrongTo = std::min<qsizetype>(m_days.size() + stage.days, RoadmapRules::mostDays) - 1;
+    }
     for (qint64 day = 1; day <= stage.days && m_days.size() < RoadmapRules::mostDays; ++day) {
       m_days.append(Format::calendarDay(m_opening.from.addDays(m_days.size())));
       m_dayNotes.append(u"%1, day %2 of %3"_s.arg(stage.name).arg(day).arg(stage.days));
@@ -166,8 +173,15 @@ void RoadmapEditor::draw() {
       campaign.append(std::round(volumeOn(stage.campaign, day, stage.days)));
     }
   }
-  m_series = {QVariantMap{{u"key"_s, u"warmup"_s}, {u"label"_s, u"Warm-up"_s}, {u"values"_s, warmup}},
-              QVariantMap{{u"key"_s, u"campaign"_s}, {u"label"_s, u"Campaign"_s}, {u"values"_s, campaign}}};
+  m_today = m_opening.today.isValid() ? int(m_days.indexOf(Format::calendarDay(m_opening.today))) : -1;
+  const auto line = [&](const QString& key, const QString& label, const QVariantList& values) {
+    return QVariantMap{{u"key"_s, key},
+                       {u"label"_s, label},
+                       {u"values"_s, values},
+                       {u"wrongFrom"_s, wrongFrom},
+                       {u"wrongTo"_s, wrongTo}};
+  };
+  m_series = {line(u"warmup"_s, u"Warm-up"_s, warmup), line(u"campaign"_s, u"Campaign"_s, campaign)};
 }
 
 QString RoadmapEditor::sentenceOf(const APIError& error) const {

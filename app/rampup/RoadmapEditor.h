@@ -60,6 +60,7 @@ class RoadmapEditor final : public Form {
   Q_PROPERTY(QStringList days READ days NOTIFY typed)
   Q_PROPERTY(QVariantList series READ series NOTIFY typed)
   Q_PROPERTY(QStringList dayNotes READ dayNotes NOTIFY typed)
+  Q_PROPERTY(int today READ today NOTIFY typed)
   Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
 
  public:
@@ -76,6 +77,8 @@ class RoadmapEditor final : public Form {
     std::optional<qint64> version = {};
     /// When they begin, for the curve.
     QDate from;
+    /// Where they are now, for the curve; none for stages that have not begun.
+    QDate today = {};
     /// What the accounts differ in, which a save makes the same; empty for nothing.
     QString differs = {};
     std::function<void(QList<RoadmapStage>)> submit;
@@ -101,6 +104,8 @@ class RoadmapEditor final : public Form {
   const QStringList& days() const { return m_days; }
   const QVariantList& series() const { return m_series; }
   const QStringList& dayNotes() const { return m_dayNotes; }
+  /// The number of today among the days; -1 where it is none.
+  int today() const { return m_today; }
   std::optional<qint64> version() const { return m_opening.version; }
   Recovery* recovery() { return &m_recovery; }
   const QList<TypedStage>& typedStages() const { return m_typed; }
@@ -133,6 +138,7 @@ class RoadmapEditor final : public Form {
   QStringList m_days;
   QVariantList m_series;
   QStringList m_dayNotes;
+  int m_today = -1;
   StageRows m_rows;
   DraftOf<EditedStages> m_draft;
   Recovery m_recovery;

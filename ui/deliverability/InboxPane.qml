@@ -72,6 +72,7 @@ Column {
                 title: "Inbox rate, 14 days"
                 detail: root.inbox.checksText
                 unit: "%"
+                upTo: 100
                 days: root.inbox.days
                 series: root.inbox.series
                 emptyText: "No checked warm-up emails in these days."

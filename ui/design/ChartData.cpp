@@ -34,8 +34,9 @@ QList<double> numbers(const QVariant& variant) {
 
 bool ChartSeries::operator==(const ChartSeries& other) const {
   const auto same = [](double one, double two) { return one == two || (std::isnan(one) && std::isnan(two)); };
-  return key == other.key && label == other.label && shown == other.shown && failed == other.failed &&
-         planned == other.planned && toCome == other.toCome && look == other.look && notes == other.notes &&
+  return reference == other.reference && wrongFrom == other.wrongFrom && wrongTo == other.wrongTo && key == other.key &&
+         label == other.label && shown == other.shown && failed == other.failed && planned == other.planned &&
+         toCome == other.toCome && look == other.look && notes == other.notes &&
          std::ranges::equal(values, other.values, same);
 }
 
@@ -49,10 +50,18 @@ bool ChartData::setSeries(const QVariantList& series) {
   const QList<ChartSeries> before = std::exchange(m_series, {});
   for (const QVariant& entry : series) {
     const QVariantMap map = entry.toMap();
-    m_series.append({map[u"key"_s].toString(), map[u"label"_s].toString(), numbers(map[u"values"_s]),
-                     map.value(u"shown"_s, true).toBool(), map[u"failed"_s].toBool(), map[u"planned"_s].toBool(),
-                     map.value(u"toCome"_s, -1).toInt(), map.value(u"look"_s, m_series.size()).toInt(),
-                     map[u"notes"_s].toStringList()});
+    m_series.append({.key = map[u"key"_s].toString(),
+                     .label = map[u"label"_s].toString(),
+                     .values = numbers(map[u"values"_s]),
+                     .shown = map.value(u"shown"_s, true).toBool(),
+                     .failed = map[u"failed"_s].toBool(),
+                     .planned = map[u"planned"_s].toBool(),
+                     .toCome = map.value(u"toCome"_s, -1).toInt(),
+                     .reference = map[u"reference"_s].toBool(),
+                     .wrongFrom = map.value(u"wrongFrom"_s, -1).toInt(),
+                     .wrongTo = map.value(u"wrongTo"_s, -1).toInt(),
+                     .look = map.value(u"look"_s, m_series.size()).toInt(),
+                     .notes = map[u"notes"_s].toStringList()});
   }
   return m_series != before;
 }
@@ -78,6 +87,14 @@ ChartData::Extent ChartData::extent(bool stacked) const {
     }
   }
   return extent;
+}
+
+double ChartData::lowest() const {
+  double lowest = absent;
+  for (const ChartSeries& series : m_series)
+    for (const double value : series.values)
+      if (series.shown && std::isfinite(value)) lowest = std::isnan(lowest) ? value : std::min(lowest, value);
+  return lowest;
 }
 
 bool ChartData::isEmpty() const {

@@ -19,6 +19,11 @@ struct ChartSeries {
   bool planned = false;
   /// From this day on, where there is one, what was to be is drawn as quiet bars as well: it has not happened yet.
   int toCome = -1;
+  /// What the others are compared with: a quiet dashed line.
+  bool reference = false;
+  /// From this day to that, where there are such, a line is drawn in the colour of errors.
+  int wrongFrom = -1;
+  int wrongTo = -1;
   /// Its colour and dash are those of the series with this number; its own unless told otherwise.
   int look = -1;
   /// Behind each day's figure, in brackets: "5 replies".
@@ -31,8 +36,8 @@ struct ChartSeries {
 class ChartData {
  public:
   void setDays(const QStringList& days);
-  /// Maps with key, label, values (numbers; what is none is absent), shown, failed, planned, toCome, look and notes.
-  /// False when nothing is new.
+  /// Maps with key, label, values (numbers; what is none is absent), shown, failed, planned, toCome, reference,
+  /// wrongFrom, wrongTo, look and notes. False when nothing is new.
   bool setSeries(const QVariantList& series);
   /// Follows every figure: "%".
   void setUnit(const QString& unit) { m_unit = unit; }
@@ -58,6 +63,8 @@ class ChartData {
     bool whole = true;
   };
   Extent extent(bool stacked) const;
+  /// The lowest figure of a series that is shown; NaN where there is none.
+  double lowest() const;
   /// Every figure is absent or zero.
   bool isEmpty() const;
 

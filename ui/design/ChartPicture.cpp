@@ -87,8 +87,15 @@ class ChartPainter {
   }
 
   void line(int index) {
-    const QColor color = m_look.colorOf(m_data.series(), index);
-    const double width = m_scale.dayWidth() < closeDays ? 1.5 : 2;
+    const ChartSeries& series = m_data.series()[index];
+    const double width = m_scale.dayWidth() < closeDays || series.reference ? 1.5 : 2;
+    lineOf(index, m_look.colorOf(m_data.series(), index), width, 0, m_data.count() - 1);
+    if (series.wrongFrom >= 0) lineOf(index, m_look.failed, width, series.wrongFrom, series.wrongTo);
+  }
+
+  void lineOf(int index, const QColor& color, double width, int from, int to) {
+    const ChartSeries& series = m_data.series()[index];
+    const int dash = series.reference ? referenceDash : series.look;
     QPolygonF run;
     const auto end = [&] {
       if (run.size() == 1) {
@@ -96,11 +103,11 @@ class ChartPainter {
         m_painter.setBrush(color);
         m_painter.drawEllipse(run.first(), 3, 3);
       } else if (run.size() > 1) {
-        paintRun(run, seriesPen(color, width, m_data.series()[index].look));
+        paintRun(run, seriesPen(color, width, dash));
       }
       run.clear();
     };
-    for (int day = 0; day < m_data.count(); ++day) {
+    for (int day = from; day <= to; ++day) {
       const double value = m_data.value(index, day);
       if (std::isfinite(value))
         run.append({m_scale.x(day), m_scale.y(value)});
@@ -179,6 +186,7 @@ class ChartPainter {
 }  // namespace
 
 QColor ChartLook::colorOf(const QList<ChartSeries>& all, int index) const {
+  if (all.value(index).reference) return reference;
   if (all.value(index).failed || series.isEmpty()) return failed;
   return series[all.value(index).look % series.size()];
 }

@@ -17,6 +17,7 @@ struct ChartLook {
   QColor grid;
   QColor label;
   QColor toCome;
+  QColor reference;
   QFont font;
 
   QColor colorOf(const QList<ChartSeries>& all, int index) const;
@@ -24,6 +25,8 @@ struct ChartLook {
 
 /// How a series is told from the others without its colour: no dash, 6-3, 2-3, 8-3-2-3.
 QList<double> seriesDash(int index);
+/// The dash of what the others are compared with.
+inline constexpr int referenceDash = 1;
 void paintStroke(QPainter& painter, const QPointF& from, const QPointF& to, const QColor& color, double width,
                  int series);
 /// Part of a bar: filled, or hatched for what went wrong.

@@ -71,8 +71,9 @@ void ChartPlot::layOut() {
   if (!isComponentComplete()) return;
   const auto extent = m_data.extent(m_kind == ChartScale::Kind::bar);
   const double room = std::max(0.0, height() - edge - labelsBelow);
-  const ValueAxis axis =
-      roundAxis(extent.lowest, extent.highest, extent.whole, std::clamp(int(room / tickRoom) + 1, 2, 5));
+  const int most = std::clamp(int(room / tickRoom) + 1, 2, 5);
+  const ValueAxis axis = m_upTo > 0 ? tensUpTo(m_data.lowest(), m_upTo, most)
+                                    : roundAxis(extent.lowest, extent.highest, extent.whole, most);
   const QFontMetricsF metrics(m_labelFont);
   double gutter = leastGutter;
   for (const double tick : axis.ticks())
@@ -98,8 +99,13 @@ void ChartPlot::setFollowed(int day) {
 }
 
 QVariantList ChartPlot::legend() const {
-  const ChartLook look{
-      .series = m_seriesColors, .failed = m_failedColor, .grid = {}, .label = {}, .toCome = {}, .font = {}};
+  const ChartLook look{.series = m_seriesColors,
+                       .failed = m_failedColor,
+                       .grid = {},
+                       .label = {},
+                       .toCome = {},
+                       .reference = m_referenceColor,
+                       .font = {}};
   QVariantList list;
   for (int i = 0; i < seriesCount(); ++i) {
     const ChartSeries& series = m_data.series()[i];
@@ -108,7 +114,7 @@ QVariantList ChartPlot::legend() const {
                             {u"shown"_s, series.shown},
                             {u"failed"_s, series.failed},
                             {u"planned"_s, series.planned},
-                            {u"look"_s, series.look},
+                            {u"look"_s, series.reference ? referenceDash : series.look},
                             {u"color"_s, look.colorOf(m_data.series(), i)}});
   }
   return list;
@@ -132,6 +138,12 @@ QRectF ChartPlot::currentArea() const {
   if (m_current < 0) return {};
   const double width = m_kind == ChartScale::Kind::bar ? m_scale.dayWidth() : 0;
   return {m_scale.x(m_current) - width / 2, m_scale.plot().top(), width, m_scale.plot().height()};
+}
+
+QRectF ChartPlot::areaOf(int day) const {
+  if (day < 0 || day >= m_data.count()) return {};
+  const double width = std::max(2.0, std::round(m_scale.dayWidth()));
+  return {std::round(m_scale.x(day) - width / 2), m_scale.plot().top(), width, m_scale.plot().height()};
 }
 
 QVariantList ChartPlot::readings() const {
@@ -193,7 +205,7 @@ void ChartPlot::leave() {
 
 void ChartPlot::paint(QPainter& painter) {
   paintChart(painter, m_data, m_scale,
-             {m_seriesColors, m_failedColor, m_gridColor, m_labelColor, m_toComeColor, m_labelFont});
+             {m_seriesColors, m_failedColor, m_gridColor, m_labelColor, m_toComeColor, m_referenceColor, m_labelFont});
 }
 
 void ChartPlot::geometryChange(const QRectF& now, const QRectF& before) {

@@ -26,6 +26,11 @@ class ChartPlot : public ImageItem {
   Q_PROPERTY(QColor gridColor MEMBER m_gridColor NOTIFY lookChanged)
   /// Of what is planned and has not happened yet.
   Q_PROPERTY(QColor toComeColor MEMBER m_toComeColor NOTIFY lookChanged)
+  /// Of what the others are compared with.
+  Q_PROPERTY(QColor referenceColor MEMBER m_referenceColor NOTIFY lookChanged)
+  /// Where it is above zero the axis ends there, and begins at the tens below the lowest figure: shares of a hundred
+  /// that are all high would else look alike.
+  Q_PROPERTY(double upTo MEMBER m_upTo NOTIFY lookChanged)
   Q_PROPERTY(QColor labelColor MEMBER m_labelColor NOTIFY lookChanged)
   Q_PROPERTY(QFont labelFont MEMBER m_labelFont NOTIFY lookChanged)
 
@@ -85,6 +90,8 @@ class ChartPlot : public ImageItem {
   QString currentText() const { return m_current < 0 ? QString() : m_data.spokenDay(m_current); }
   QVariantList readings() const;
 
+  /// The part of the plot that is the day's, as wide as a day also where lines are drawn.
+  Q_INVOKABLE QRectF areaOf(int day) const;
   Q_INVOKABLE void pointAt(qreal x);
   Q_INVOKABLE void pointAway();
   /// Stays at the day nearest to `x`, as by the keyboard.
@@ -123,6 +130,8 @@ class ChartPlot : public ImageItem {
   QColor m_gridColor;
   QColor m_labelColor;
   QColor m_toComeColor;
+  QColor m_referenceColor;
+  double m_upTo = 0;
   QFont m_labelFont;
   std::optional<double> m_pointed;
   std::optional<double> m_pointer;

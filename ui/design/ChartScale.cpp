@@ -55,6 +55,15 @@ ValueAxis roundAxis(double lowest, double highest, bool whole, int most) {
   }
 }
 
+ValueAxis tensUpTo(double lowest, double top, int most) {
+  const double from = std::isfinite(lowest) ? std::clamp(lowest, 0.0, top - 10) : 0;
+  for (const double step : {10.0, 20.0, 50.0}) {
+    const double low = std::floor(from / step + slack) * step;
+    if ((top - low) / step < most) return {low, top, step};
+  }
+  return {0, top, top};
+}
+
 DayLabels thinLabels(const QList<QDate>& days, int apart) {
   if (days.isEmpty()) return {};
   for (const int step : {1, 2, 7, 14})

@@ -20,6 +20,9 @@ struct ValueAxis {
 /// three when it crosses zero). With `whole` a step is a whole number, as half an email is none.
 ValueAxis roundAxis(double lowest, double highest, bool whole, int most);
 
+/// The axis of shares that end at `top`: from the tens below the lowest, which may be no number.
+ValueAxis tensUpTo(double lowest, double top, int most);
+
 /// Which days of a chart have their date below them.
 struct DayLabels {
   QList<int> days;

@@ -27,7 +27,10 @@ FocusScope {
     readonly property alias plot: plot
     /// Another chart of the same days: whichever the person is at, both show that day and one read-out tells of both.
     property OrvChart companion: null
-    property alias legendShown: legend.wanted
+    /// The axis ends here and begins near the lowest figure; 0 where it begins at zero.
+    property alias upTo: plot.upTo
+    /// The number of today among the days, which gets a column of its own with the word over it; -1 for none.
+    property int today: -1
 
     signal seriesToggled(string key)
 
@@ -70,10 +73,7 @@ FocusScope {
 
         ChartLegend {
             id: legend
-
-            property bool wanted: true
-
-            visible: wanted && plot.seriesCount > 1
+            visible: plot.seriesCount > 1
 
             readonly property bool fits: root.title === "" || titleText.width + 16 + width <= root.width - root.headRoom
 
@@ -82,6 +82,28 @@ FocusScope {
             y: visible && !fits ? 26 + detailText.y : 0
             plot: plot
             onToggled: key => root.seriesToggled(key)
+        }
+    }
+
+    Rectangle {
+        // Laid out anew with the plot.
+        readonly property rect area: plot.plotArea.width > 0 ? plot.areaOf(root.today) : Qt.rect(0, 0, 0, 0)
+
+        visible: !root.empty && area.width > 0
+        x: area.x
+        y: plot.y + area.y
+        width: area.width
+        height: area.height
+        color: Theme.selected
+
+        Text {
+            x: Math.round((parent.width - width) / 2)
+            y: -height
+            textFormat: Text.PlainText
+            text: "Today"
+            font: Theme.micro
+            color: Theme.accentText
+            Accessible.ignored: true
         }
     }
 
@@ -108,6 +130,7 @@ FocusScope {
         labelColor: Theme.text3
         labelFont: Theme.microText
         toComeColor: Theme.pressed
+        referenceColor: Theme.borderControl
         followed: root.companion ? root.companion.plot.ownDay : -1
 
         Accessible.role: Accessible.Chart

@@ -13,6 +13,8 @@ T.Popup {
     property string text: ""
     property string warning: ""
     property string error: ""
+    /// Why it cannot be confirmed yet, beside the buttons.
+    property string problem: ""
     /// Empty where there is nothing to confirm yet.
     property string confirmText: "OK"
     /// A quieter way on, at the other end of the buttons; empty for none.
@@ -181,6 +183,20 @@ T.Popup {
                 iconName: "arrow-left"
                 enabled: !root.busy
                 onClicked: root.asideChosen()
+            }
+
+            Text {
+                anchors { left: parent.left; right: buttons.left; rightMargin: 16; bottom: parent.bottom }
+                height: buttons.height
+                visible: text !== "" && root.asideText === ""
+                verticalAlignment: Text.AlignVCenter
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                text: root.problem
+                font: Theme.small
+                color: Theme.negative
+                Accessible.role: Accessible.AlertMessage
+                Accessible.name: text
             }
 
             Row {

@@ -19,7 +19,8 @@ OnDemand {
         confirmText: root.editor.submitLabel
         confirmEnabled: root.editor.canSubmit
         busy: root.editor.busy
-        error: root.editor.error !== "" ? root.editor.error : root.editor.problem
+        error: root.editor.error
+        problem: root.editor.problem
         onConfirmed: root.editor.submit()
         onCancelled: root.editor.cancel()
 
@@ -96,6 +97,7 @@ OnDemand {
             title: root.editor.summary
             days: root.editor.days
             series: root.editor.series
+            today: root.editor.today
             dayNotes: root.editor.dayNotes
             emptyText: "Add a stage to see its curve."
         }

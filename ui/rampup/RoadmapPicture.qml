@@ -43,7 +43,7 @@ Column {
 
     Panel {
         id: warmup
-        companion: campaigns.chart
+        companion: campaigns
         visible: root.view === "chart"
         height: 230
         title: "Warm-up emails a day"
@@ -53,7 +53,7 @@ Column {
 
     Panel {
         id: campaigns
-        companion: warmup.chart
+        companion: warmup
         visible: root.view === "chart"
         height: 210
         title: "Campaign emails a day"
@@ -75,45 +75,11 @@ Column {
         }
     }
 
-    component Panel: Item {
-        id: panel
-
-        property alias title: chart.title
-        property alias series: chart.series
-        property alias emptyText: chart.emptyText
-        property alias companion: chart.companion
-        readonly property alias chart: chart
-        readonly property int count: root.store.days.length
-        readonly property rect area: chart.plot.plotArea
-        readonly property real dayWidth: count > 0 ? area.width / count : 0
-
+    component Panel: OrvChart {
         width: root.width
-
-        Rectangle {
-            visible: root.store.today >= 0 && !chart.empty
-            x: Math.round(panel.area.x + root.store.today * panel.dayWidth)
-            y: chart.plot.y + panel.area.y
-            width: Math.max(2, Math.round(panel.dayWidth))
-            height: panel.area.height
-            color: Theme.selected
-
-            Text {
-                x: Math.round((parent.width - width) / 2)
-                y: -height
-                textFormat: Text.PlainText
-                text: "Today"
-                font: Theme.micro
-                color: Theme.accentText
-                Accessible.ignored: true
-            }
-        }
-
-        OrvChart {
-            id: chart
-            anchors.fill: parent
-            kind: "bar"
-            days: root.store.days
-            dayNotes: root.store.dayNotes
-        }
+        kind: "bar"
+        days: root.store.days
+        dayNotes: root.store.dayNotes
+        today: root.store.today
     }
 }
