@@ -159,7 +159,7 @@ class RampupTest : public QObject {
     QCOMPARE(f->asked(one), 0);
     f->api.expect(one);
     details.look(u"m1"_s);
-    f->clock.advance(RampupDetails::restFor);
+    f->clock.advance(ReadAhead<RampupDetail>::restFor);
     settle();
     details.prefetch(u"m1"_s);
     QCOMPARE(f->asked(one), 1);
