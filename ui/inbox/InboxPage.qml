@@ -6,24 +6,27 @@ FocusScope {
     id: root
 
     required property InboxStore store
+    readonly property string section: store.section
 
-    Component.onCompleted: store.ensureLoaded()
+    onSectionChanged: show()
+    Component.onCompleted: {
+        store.ensureLoaded();
+        show();
+    }
+
+    function show() {
+        const file = section === "drafts" ? "DraftsView.qml" : section === "agent" ? "AgentView.qml" : "ConversationsView.qml";
+        host.setSource(file, { store: root.store });
+    }
 
     Loader {
+        id: host
+
         readonly property var content: item
 
         anchors.fill: parent
         focus: true
-        sourceComponent: conversations
         // Whoever went elsewhere and back goes on with the keyboard where the content is.
         onLoaded: content.takeFocus()
-    }
-
-    Component {
-        id: conversations
-
-        ConversationsView {
-            store: root.store
-        }
     }
 }
