@@ -45,7 +45,7 @@ QString shortMoment(const std::optional<QDateTime>& instant, const QDateTime& no
   const qint64 days = local.date().daysTo(now.toLocalTime().date());
   if (days == 0) return local.toString(u"HH:mm"_s);
   if (days == 1) return u"Yesterday"_s;
-  if (days > 1 && days < 7) return QLocale().dayName(local.date().dayOfWeek(), QLocale::ShortFormat);
+  if (days > 1 && days < 7) return QLocale().toString(local.date(), u"ddd"_s);
   return Format::shortDate(local.date());
 }
 

@@ -8,6 +8,8 @@ FocusScope {
     required property InboxStore store
     readonly property string section: store.section
 
+    property string shown: ""
+
     onSectionChanged: show()
     Component.onCompleted: {
         store.ensureLoaded();
@@ -15,6 +17,9 @@ FocusScope {
     }
 
     function show() {
+        if (shown === section)
+            return;
+        shown = section;
         const file = section === "drafts" ? "DraftsView.qml" : section === "agent" ? "AgentView.qml" : "ConversationsView.qml";
         host.setSource(file, { store: root.store });
     }
