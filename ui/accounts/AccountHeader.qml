@@ -32,18 +32,14 @@ Item {
         color: Theme.text3
     }
 
-    Text {
+    OrvAddress {
         id: title
         x: mark.x + mark.width + 8
         y: 12
         width: Math.min(implicitWidth, actions.x - x - badge.width - 34 - Math.min(check.implicitWidth, 150))
         height: Theme.controlHeight
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideMiddle
-        textFormat: Text.PlainText
         text: root.store.address
         font: Theme.pageTitle
-        color: Theme.text
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }

@@ -14,18 +14,13 @@ OrvCell {
     label: problem === "" ? address : address + ", " + problem
     naturalWidth: Math.max(addressText.implicitWidth, detailText.implicitWidth + tagRoom)
 
-    Text {
+    OrvAddress {
         id: addressText
         y: root.height / 2 - 18
         width: root.width
         height: 20
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideMiddle
-        textFormat: Text.PlainText
         text: root.address
         font: Theme.bodyStrong
-        color: Theme.text
-        Accessible.ignored: true
     }
 
     Text {

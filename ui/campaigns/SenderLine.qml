@@ -57,14 +57,11 @@ Item {
             Accessible.ignored: true
         }
 
-        Text {
+        OrvAddress {
             width: parent.width
-            textFormat: Text.PlainText
             text: root.model.address
             font: Theme.small
             color: Theme.text2
-            elide: Text.ElideMiddle
-            Accessible.ignored: true
         }
     }
 

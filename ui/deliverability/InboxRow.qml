@@ -34,7 +34,6 @@ OrvTableRow {
         column: root.addressColumn
         title: root.address
         detail: root.brand
-        elide: Text.ElideMiddle
     }
 
     OrvCell {

@@ -7,25 +7,18 @@ OrvCell {
     property string title: ""
     property string detail: ""
     property color detailColor: Theme.text2
-    /// Addresses are told apart by both their ends.
-    property int elide: Text.ElideRight
     default property alias tags: tagRow.data
 
     label: title
     naturalWidth: Math.max(titleText.implicitWidth + (tagRow.visible ? tagRow.width + 8 : 0), detailText.implicitWidth)
 
-    Text {
+    OrvAddress {
         id: titleText
         y: root.detail === "" ? Math.round(root.height / 2) - 10 : root.height / 2 - 18
         width: Math.min(implicitWidth, root.width - (tagRow.visible ? tagRow.width + 8 : 0))
         height: 20
-        verticalAlignment: Text.AlignVCenter
-        elide: root.elide
-        textFormat: Text.PlainText
         text: root.title
         font: Theme.bodyStrong
-        color: Theme.text
-        Accessible.ignored: true
     }
 
     Row {

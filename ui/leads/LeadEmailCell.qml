@@ -17,18 +17,13 @@ OrvCell {
     label: locked ? "locked" : email
     naturalWidth: locked ? unlock.x + unlock.width : emailText.implicitWidth
 
-    Text {
+    OrvAddress {
         id: emailText
         visible: !root.locked
         width: root.width
         height: root.height
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideMiddle
-        textFormat: Text.PlainText
         text: root.email
-        font: Theme.body
         color: Theme.text2
-        Accessible.ignored: true
     }
 
     HiddenText {

@@ -34,18 +34,14 @@ Item {
         }
     }
 
-    Text {
+    OrvAddress {
         id: title
         x: trail.x + trail.width + 8
         y: 12
         width: Math.min(implicitWidth, actions.x - x - badge.width - 24)
         height: Theme.controlHeight
-        verticalAlignment: Text.AlignVCenter
-        elide: Text.ElideMiddle
-        textFormat: Text.PlainText
         text: root.store.address
         font: Theme.pageTitle
-        color: Theme.text
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }

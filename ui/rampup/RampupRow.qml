@@ -43,7 +43,6 @@ OrvTableRow {
         column: root.addressColumn
         title: root.address
         detail: root.facts
-        elide: Text.ElideMiddle
     }
 
     OrvCell {
