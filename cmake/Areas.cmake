@@ -10,4 +10,5 @@ set(ORVELLA_AREAS
   Inbox
   Leads
   Rampup
+  Settings
 )

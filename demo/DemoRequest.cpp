@@ -28,6 +28,11 @@ QString DemoRequest::token() const {
 
 bool DemoRequest::isSet(const QString& flag) const { return value(flag) == "1"_L1; }
 
+bool DemoRequest::isMadeOnOther(qint64 version) const {
+  const QByteArray match = headers.value("if-match");
+  return !match.isEmpty() && match != '"' + QByteArray::number(version) + '"';
+}
+
 qint64 DemoRequest::limit(qint64 most) const { return std::clamp<qint64>(value(u"limit"_s).toLongLong(), 1, most); }
 
 HTTPAnswer jsonAnswer(const QJsonObject& object, int status) {

@@ -25,6 +25,8 @@ struct DemoRequest {
   QString token() const;
   QString value(const QString& name) const { return query.queryItemValue(name, QUrl::FullyDecoded); }
   bool isSet(const QString& flag) const;
+  /// It was made on another version of the record than it has.
+  bool isMadeOnOther(qint64 version) const;
   /// How many items a page may have.
   qint64 limit(qint64 most) const;
 

@@ -6,6 +6,7 @@
 
 #include "app/base/TimeZones.h"
 #include "app/base/shownName.h"
+#include "app/base/zonesLike.h"
 #include "app/campaigns/SettingsDraft.h"
 #include "kit/api/JSONCoding.h"
 #include "kit/models/campaigns/campaign.h"
@@ -16,7 +17,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr qsizetype suggestedZones = 50;
 constexpr int lastDay = 7;
 constexpr int minutesOfDay = 24 * 60, halfHour = 30;
 const auto windowsField = u"windows"_s;
@@ -230,16 +230,7 @@ QList<Choice> ScheduleForm::startTimes(const QString& time) const {
 QList<Choice> ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
 
 QList<Choice> ScheduleForm::zones(const QString& text) const {
-  const QString wanted = text.trimmed().replace(u' ', u'_');
-  QList<Choice> found;
-  if (wanted.isEmpty() || isTimeZone(wanted)) return found;
-  const QDateTime now = m_context.services.clock.now();
-  for (const QString& zone : timeZoneNames()) {
-    if (!zone.contains(wanted, Qt::CaseInsensitive)) continue;
-    found.append({.key = zone, .label = zone, .detail = timeThere(zone, now)});
-    if (found.size() == suggestedZones) break;
-  }
-  return found;
+  return zonesLike(text, m_context.services.clock.now());
 }
 
 }  // namespace orv

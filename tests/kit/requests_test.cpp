@@ -66,6 +66,9 @@
 #include "kit/models/rampup/rampupRequests.h"
 #include "kit/models/rampup/roadmapTemplate.h"
 #include "kit/models/rampup/warmupStats.h"
+#include "kit/models/workspace/members.h"
+#include "kit/models/workspace/workspaceDetail.h"
+#include "kit/models/workspace/workspaceRequests.h"
 #include "kit/session/authRequests.h"
 #include "tests/support/fixtures.h"
 
@@ -487,6 +490,26 @@ const std::map<QString, std::function<Built()>>& builders() {
       {u"me"_s, [] { return me(); }},
       {u"unreadCounts"_s, [] { return unreadCounts(); }},
       {u"setCurrentWorkspace"_s, [] { return setCurrentWorkspace(u"northgate"_s); }},
+      {u"getWorkspace"_s, [] { return getWorkspace(); }},
+      {u"updateWorkspace nothing"_s, [] { return updateWorkspace({}, {}); }},
+      {u"updateWorkspace all"_s,
+       [] {
+         return updateWorkspace({u"N"_s, u"Europe/Berlin"_s, 0, false}, 3);
+       }},
+      {u"deleteWorkspace"_s, [] { return deleteWorkspace(); }},
+      {u"listMembers"_s, [] { return listMembers(); }},
+      {u"changeRole"_s, [] { return changeRole(u"u/1 x"_s, Role(u"viewer"_s)); }},
+      {u"removeMember"_s, [] { return removeMember(u"u/1 x"_s); }},
+      {u"listInvites"_s, [] { return listInvites(); }},
+      {u"invite"_s,
+       [] {
+         return invite({u"Ana@a.example"_s, Role(u"admin"_s)});
+       }},
+      {u"revokeInvite"_s, [] { return revokeInvite(u"i/1"_s); }},
+      {u"createClientWorkspace"_s,
+       [] {
+         return createClientWorkspace({u"Pia"_s, u"pia@c.example"_s, u"Caldera"_s});
+       }},
       {u"logOut"_s, [] { return logOut(); }},
   };
   return all;

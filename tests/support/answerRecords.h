@@ -42,6 +42,8 @@
 #include "kit/models/rampup/rampupDetail.h"
 #include "kit/models/rampup/roadmapTemplate.h"
 #include "kit/models/rampup/warmupStats.h"
+#include "kit/models/workspace/members.h"
+#include "kit/models/workspace/workspaceDetail.h"
 #include "kit/session/authRequests.h"
 
 namespace orv::test {
@@ -56,7 +58,8 @@ using AnswerRecords = boost::mp11::mp_list<
     GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList, RampupDetail, WarmupStats,
     RampupBulkResult, TemplatePage, RoadmapTemplate, DeliverabilityReport, DeliverabilityInboxDetail, ThreadPage,
     InboxThread, ThreadDetail, ReplyAccepted, Draft, ReviewDraftPage, DraftVersions, DraftTraining, SetterSettings,
-    SetterTraining, SetterLessons, SetterCampaignModes, TagList, ReplyLabelList, AuthMethods, EmailCheck, EmailStarted,
-    NativeSession, MeResponse, UnreadCounts, Problem>;
+    SetterTraining, SetterLessons, SetterCampaignModes, TagList, ReplyLabelList, WorkspaceDetail, MemberPage,
+    InvitePage, ClientWorkspace, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts,
+    Problem>;
 
 }  // namespace orv::test
