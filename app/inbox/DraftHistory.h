@@ -54,6 +54,7 @@ class DraftHistory final : public Store {
   bool canPutBack() const;
   QStringList busyIds() const { return m_decisions.busyIds(); }
 
+  void refresh() override { m_list.load(); }
   Q_INVOKABLE void putBack(const QString& draftId) { m_tasks.start(putBackTask(draftId)); }
   Task<void> putBackTask(QString draftId);
 

@@ -1,0 +1,138 @@
+import QtQuick
+import Orvella.Design
+import Orvella.App
+import Orvella.Inbox
+
+/// How close the agent is to the workspace's standard, and what it has learned.
+Rectangle {
+    id: root
+
+    required property InboxStore store
+    required property AgentSettingsStore agent
+    readonly property AgentMode mode: agent.mode
+
+    color: Theme.bg
+
+    Rectangle {
+        width: 1
+        height: parent.height
+        color: Theme.border
+    }
+
+    Column {
+        id: top
+        x: 20
+        y: 16
+        width: parent.width - 40
+        spacing: 8
+
+        Item {
+            width: parent.width
+            height: Theme.controlHeight
+
+            Text {
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: "Your AI’s training"
+                font: Theme.bodyBold
+                color: Theme.text
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            OrvButton {
+                x: parent.width - width
+                text: "Review drafts"
+                onClicked: root.store.section = "drafts"
+            }
+        }
+
+        AgentReadiness {
+            width: parent.width
+            mode: root.mode
+        }
+
+        Grid {
+            id: record
+            width: parent.width
+            columns: 2
+            columnSpacing: 24
+            rowSpacing: 2
+
+            Repeater {
+                model: root.mode.record
+
+                Item {
+                    id: fact
+
+                    required property choice modelData
+                    required property int index
+
+                    width: index === 6 ? record.width : (record.width - 24) / 2
+                    height: 22
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: modelData.label + ", " + modelData.detail
+
+                    Text {
+                        width: parent.width - figure.width - 8
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        elide: Text.ElideRight
+                        textFormat: Text.PlainText
+                        text: fact.modelData.label
+                        font: Theme.small
+                        color: Theme.text2
+                        Accessible.ignored: true
+                    }
+
+                    Text {
+                        id: figure
+                        x: parent.width - width
+                        height: parent.height
+                        verticalAlignment: Text.AlignVCenter
+                        textFormat: Text.PlainText
+                        text: fact.modelData.detail
+                        font: Theme.smallStrong
+                        color: Theme.text
+                        Accessible.ignored: true
+                    }
+                }
+            }
+        }
+    }
+
+    OrvDivider {
+        y: top.y + top.height + 16
+        width: parent.width
+    }
+
+    AgentLessonList {
+        y: top.y + top.height + 17
+        width: parent.width
+        height: foot.y - y
+        store: root.store
+        agent: root.agent
+    }
+
+    Item {
+        id: foot
+        y: parent.height - height
+        width: parent.width
+        height: 44
+
+        OrvDivider {
+            width: parent.width
+        }
+
+        OrvLink {
+            x: 20
+            anchors.verticalCenter: parent.verticalCenter
+            text: "See every draft you reviewed"
+            onClicked: {
+                (root.store.drafts as DraftsStore).historyShown = true;
+                root.store.section = "drafts";
+            }
+        }
+    }
+}

@@ -1,0 +1,111 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+import Orvella.Inbox
+
+/// What was decided within the last minute, each to be taken back, and what the agent learned of it.
+Rectangle {
+    id: root
+
+    required property DraftsStore drafts
+    property real mostHeight: 156
+    readonly property alias count: list.count
+
+    height: Math.min(mostHeight, list.contentHeight + 2)
+    radius: Theme.radiusCard
+    color: Theme.surface
+    border { width: 1; color: Theme.border }
+
+    ListView {
+        id: list
+        anchors.fill: parent
+        anchors.margins: 1
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.drafts.decisions.rows
+        Accessible.role: Accessible.List
+        Accessible.name: "Decisions that can be taken back"
+
+        T.ScrollBar.vertical: OrvScrollBar {}
+
+        header: DraftLesson {
+            width: list.width
+            feedback: root.drafts.feedback
+        }
+
+        delegate: Item {
+            id: row
+
+            required property string id
+            required property bool approved
+            required property string text
+            required property string seconds
+            required property bool settled
+
+            width: list.width
+            height: 41
+            Accessible.role: Accessible.ListItem
+            Accessible.name: row.text + (row.seconds !== "" ? " in " + row.seconds : "")
+
+            OrvIcon {
+                x: 14
+                y: 13
+                size: 14
+                name: row.approved ? "document-send" : "edit-clear"
+                color: row.approved ? Theme.accentText : Theme.text2
+            }
+
+            Text {
+                id: said
+                x: 36
+                width: Math.min(implicitWidth, undoing.x - x - 8 - (due.visible ? due.width + 4 : 0))
+                height: 40
+                verticalAlignment: Text.AlignVCenter
+                elide: Text.ElideMiddle
+                textFormat: Text.PlainText
+                text: row.text + (due.visible ? " in" : "")
+                font: Theme.body
+                color: Theme.text
+                Accessible.ignored: true
+            }
+
+            Text {
+                id: due
+                visible: row.seconds !== ""
+                x: said.x + said.width + 4
+                height: 40
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: row.seconds
+                font: Theme.bodyBold
+                color: Theme.text
+                Accessible.ignored: true
+            }
+
+            OrvLink {
+                visible: !row.approved && row.settled && root.drafts.canWrite
+                x: said.x + said.width + 10
+                height: 40
+                text: "Why?"
+                onClicked: root.drafts.reason.ask(row.id)
+            }
+
+            OrvLink {
+                id: undoing
+                x: parent.width - width - 16
+                height: 40
+                enabled: root.drafts.canWrite
+                text: "Undo"
+                Accessible.name: "Undo, " + row.text
+                onClicked: root.drafts.decisions.undo(row.id)
+            }
+
+            OrvDivider {
+                y: 40
+                width: parent.width
+            }
+        }
+    }
+}

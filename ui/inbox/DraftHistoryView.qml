@@ -1,0 +1,77 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+import Orvella.App
+import Orvella.Inbox
+
+/// What was decided about drafts, in three lists.
+FocusScope {
+    id: root
+
+    required property DraftHistory history
+
+    OrvTabs {
+        id: tabs
+        x: Theme.pageSide
+        width: root.width - 2 * x
+        focus: true
+        options: root.history.tabs
+        current: root.history.tab
+        onChosen: key => root.history.tab = key
+    }
+
+    OrvDivider {
+        id: line
+        y: tabs.height
+        width: root.width
+    }
+
+    ResourceView {
+        y: line.y + 1
+        width: root.width
+        height: root.height - y
+        resource: root.history.list
+        emptyIcon: "view-history"
+        emptyTitle: "Nothing yet"
+        emptyText: root.history.description
+        errorTitle: "Couldn’t load your history"
+        onRetryRequested: root.history.refresh()
+
+        ListView {
+            id: list
+            anchors.fill: parent
+            activeFocusOnTab: true
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            model: root.history.list.rows
+            topMargin: 12
+            bottomMargin: 20
+            Accessible.role: Accessible.List
+            Accessible.name: root.history.description
+            onAtYEndChanged: if (atYEnd && root.history.list.canLoadMore) root.history.list.loadMore()
+
+            T.ScrollBar.vertical: OrvScrollBar {}
+
+            header: Text {
+                x: Theme.pageSide
+                width: Math.min(720, list.width - 2 * x)
+                bottomPadding: 8
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                text: root.history.description
+                font: Theme.small
+                color: Theme.text2
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            delegate: DraftHistoryRow {
+                width: list.width
+                busy: root.history.busyIds.includes(id)
+                canPutBack: root.history.canPutBack
+                onPutBackRequested: root.history.putBack(id)
+            }
+        }
+    }
+}
