@@ -107,6 +107,7 @@ QList<SweepRow> campaignLeadRows();
 QList<SweepRow> figureRows();
 QList<SweepRow> inboxRows();
 QList<SweepRow> leadListRows();
+QList<SweepRow> leadSearchRows();
 QList<SweepRow> rampupRows();
 
 }  // namespace orv::test
