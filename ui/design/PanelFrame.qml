@@ -29,7 +29,7 @@ FocusScope {
 
     Text {
         x: 20
-        width: close.x - x - 8
+        width: (root.steps ? before.x : close.x) - x - 8
         height: 52
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
@@ -38,6 +38,30 @@ FocusScope {
         font: Theme.paneTitle
         color: Theme.text
         Accessible.ignored: true
+    }
+
+    OrvButton {
+        id: before
+        visible: root.steps
+        anchors { right: after.left; rightMargin: 2 }
+        y: 11
+        kind: "ghost"
+        iconName: "go-up"
+        iconOnly: true
+        text: "Previous"
+        onClicked: root.stepRequested(-1)
+    }
+
+    OrvButton {
+        id: after
+        visible: root.steps
+        anchors { right: close.left; rightMargin: 2 }
+        y: 11
+        kind: "ghost"
+        iconName: "go-down"
+        iconOnly: true
+        text: "Next"
+        onClicked: root.stepRequested(1)
     }
 
     OrvButton {

@@ -11,6 +11,10 @@ Column {
     readonly property LeadFilters filters: finder.filters
     readonly property var values: filters.values
 
+    function takeKeywords() {
+        keywords.take();
+    }
+
     Column {
         x: 16
         width: parent.width - 32
@@ -39,6 +43,7 @@ Column {
         }
 
         SearchField {
+            id: keywords
             width: parent.width
             placeholder: "Keywords"
             text: root.values["q"] ?? ""

@@ -12,16 +12,13 @@ FocusScope {
     property bool squeezed: false
     readonly property LeadFilters filters: finder.filters
     readonly property bool folded: squeezed || filters.folded
+    /// Somebody unfolded it to type keywords.
+    property bool searchWanted: false
 
     width: folded ? 44 : 244
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Filters"
-
-    /// The keywords, for "/" and Ctrl+F.
-    function takeSearch() {
-        filters.folded = false;
-    }
 
     Rectangle {
         anchors.fill: parent
@@ -44,6 +41,15 @@ FocusScope {
         id: fold
 
         Item {
+            Shortcut {
+                sequences: ["/", StandardKey.Find]
+                enabled: !root.squeezed
+                onActivated: {
+                    root.searchWanted = true;
+                    root.filters.folded = false;
+                }
+            }
+
             OrvButton {
                 id: unfold
                 x: 7
@@ -135,6 +141,12 @@ FocusScope {
                     id: groups
                     width: body.width
                     finder: root.finder
+
+                    Component.onCompleted: {
+                        if (root.searchWanted)
+                            takeKeywords();
+                        root.searchWanted = false;
+                    }
                 }
             }
         }
