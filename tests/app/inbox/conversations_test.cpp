@@ -57,7 +57,7 @@ QByteArray page(const QJsonArray& items, const QString& next = {}) {
   return json(page);
 }
 
-QByteArray detail(const QJsonObject& thread, const QJsonArray& drafts = {}, const QJsonArray& more = {}) {
+QByteArray detailOf(const QJsonObject& thread, const QJsonArray& drafts = {}, const QJsonArray& more = {}) {
   QJsonArray messages{QJsonObject{{u"id"_s, u"m-"_s + thread.value(u"id"_s).toString()},
                                   {u"direction"_s, u"inbound"_s},
                                   {u"state"_s, u"received"_s},
@@ -129,11 +129,11 @@ class ConversationsTest : public QObject {
     store->open(id(n));
     if (ahead) f->api.expect(get(ahead));
     f->api.answer(get(n), answer);
-    if (ahead) f->api.answer(get(ahead), detail(threadOf(ahead, {{u"unread"_s, false}})));
+    if (ahead) f->api.answer(get(ahead), detailOf(threadOf(ahead, {{u"unread"_s, false}})));
   }
   /// One that needs no marking, with nothing behind it in the list.
   void openLast(const QJsonArray& drafts = {}) {
-    open(3, detail(threadOf(3, {{u"unread"_s, false}, {u"pendingDrafts"_s, drafts.size()}}), drafts));
+    open(3, detailOf(threadOf(3, {{u"unread"_s, false}, {u"pendingDrafts"_s, drafts.size()}}), drafts));
   }
 
  private Q_SLOTS:
@@ -188,14 +188,14 @@ class ConversationsTest : public QObject {
     QCOMPARE(f->navigator.openedItem(Page::inbox), id(1));
     f->api.expect(patch(1));
     f->api.expect(get(2));
-    f->api.answer(get(1), detail(threadOf(1)));
+    f->api.answer(get(1), detailOf(threadOf(1)));
     QCOMPARE(*f->api.sent()[f->api.sent().size() - 2].request.body, R"({"unread":false})");
     f->api.answer(patch(1), json(threadOf(1, {{u"unread"_s, false}})));
     QVERIFY(!store->threads()->find(id(1))->unread);
     QCOMPARE(store->threads()->unreadCount(), 4);
 
     // The next one was read ahead, as unread: now it is looked at. Nothing of it has to be waited for.
-    f->api.answer(get(2), detail(threadOf(2)));
+    f->api.answer(get(2), detailOf(threadOf(2)));
     QVERIFY(isUnread(2));
     f->api.expect(patch(2));
     f->api.expect(get(3));
@@ -204,7 +204,7 @@ class ConversationsTest : public QObject {
     QVERIFY(store->conversation()->detail()->hasContent());
     f->api.answer(patch(2), json(threadOf(2, {{u"unread"_s, false}})));
     // Nothing to mark where the service has done so.
-    f->api.answer(get(3), detail(threadOf(3, {{u"unread"_s, false}})));
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}})));
     store->step(1);
     QCOMPARE(asked(patch(3)), 0);
     QCOMPARE(f->context->unread(), std::optional<qint64>(2));
@@ -212,11 +212,11 @@ class ConversationsTest : public QObject {
 
   void whatCannotBeMarkedReadIsUnreadAgain() {
     load();
-    open(3, detail(threadOf(3, {{u"unread"_s, false}})));
+    open(3, detailOf(threadOf(3, {{u"unread"_s, false}})));
     f->api.expect(get(1));
     store->open(id(1));
     f->api.expect(patch(1));
-    f->api.answer(get(1), detail(threadOf(1)));
+    f->api.answer(get(1), detailOf(threadOf(1)));
     f->api.fail(patch(1), NoAnswer::offline);
     QVERIFY(isUnread(1));
     QCOMPARE(f->toasts.count(), 0);
@@ -234,14 +234,14 @@ class ConversationsTest : public QObject {
     // Its next reading does not make it read.
     f->api.expect(get(3));
     store->conversation()->refresh();
-    f->api.answer(get(3), detail(threadOf(3)));
+    f->api.answer(get(3), detailOf(threadOf(3)));
     QVERIFY(isUnread(3));
     QCOMPARE(asked(patch(3)), 1);
   }
 
   void archivingGoesOnToTheNext() {
     load();
-    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
+    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
     f->api.expect(patch(1));
     f->api.expect(get(3));
     store->act(u"archive"_s);
@@ -365,7 +365,7 @@ class ConversationsTest : public QObject {
     QVERIFY(!writing.canSend());
     const QJsonArray drafts = arrived ? QJsonArray{draft(u"d9"_s, 3, u"Mine.\n"_s, u"approved"_s)} : QJsonArray();
     if (!arrived) f->api.expect(reply(3));
-    f->api.answer(get(3), detail(threadOf(3, {{u"unread"_s, false}}), drafts));
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), drafts));
     QCOMPARE(asked(reply(3)), arrived ? 1 : 2);
     QCOMPARE(writing.body(), arrived ? QString() : u"Mine."_s);
     if (arrived) QCOMPARE(toast(), u"Your reply had been sent already."_s);
@@ -393,7 +393,7 @@ class ConversationsTest : public QObject {
     f->journal.open({u"u1"_s, {}});
     settle();
     load();
-    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
+    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
     store->act(u"reply"_s);
     store->conversation()->reply()->setBody(u"To the first"_s);
     f->api.expect(get(3));
@@ -501,7 +501,7 @@ class ConversationsTest : public QObject {
 
   void theListSpeaksForWhatIsKept() {
     load();
-    open(1, detail(threadOf(1, {{u"unread"_s, false}})), 2);
+    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
     store->conversation()->detail()->appear();
     // A message came: the conversation is read again by itself.
     f->api.expect(list);
@@ -556,7 +556,7 @@ class ConversationsTest : public QObject {
     load();
     f->api.expect(get(3));
     store->open(id(3));
-    f->api.answer(get(3), detail(threadOf(3), {draft(u"d1"_s, 3, u"Hi"_s)}));
+    f->api.answer(get(3), detailOf(threadOf(3), {draft(u"d1"_s, 3, u"Hi"_s)}));
     QCOMPARE(asked(patch(3)), 0);
     for (const QString& key : {u"archive"_s, u"unread"_s, u"reply"_s, u"approve"_s, u"generate"_s, u"check"_s})
       QVERIFY2(!store->act(key), qPrintable(key));
