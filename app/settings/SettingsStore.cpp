@@ -1,6 +1,5 @@
 #include "app/settings/SettingsStore.h"
 
-#include "app/base/Program.h"
 #include "app/base/recordActions.h"
 #include "app/base/shownName.h"
 #include "app/settings/settingsRoles.h"

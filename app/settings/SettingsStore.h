@@ -1,13 +1,12 @@
 #pragma once
 
+#include "app/base/Program.h"
 #include "app/settings/ClientForm.h"
 #include "app/settings/MembersStore.h"
 #include "app/settings/OutreachLists.h"
 #include "app/settings/WorkspaceForm.h"
 
 namespace orv {
-
-class Program;
 
 /// The settings, tab by tab: the person's own, the workspace's, its members'. What a tab shows is read when it is
 /// opened.
