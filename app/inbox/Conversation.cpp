@@ -184,13 +184,13 @@ QString Conversation::draftFacts() const {
   return u"Written with your "_s + Format::counted(*draft()->lessonsUsed, u"rule"_s, u"rules"_s);
 }
 
-QStringList Conversation::draftFailures() const {
+QString Conversation::draftFailures() const {
   QStringList failures;
-  if (!draft() || !draft()->gate || !draft()->gate->failures) return failures;
+  if (!draft() || !draft()->gate || !draft()->gate->failures) return {};
   for (const DraftGate::Failure& failure : *draft()->gate->failures)
     failures.append(shownName(failure.detail.value_or(failure.code.value_or(QString()))));
   failures.removeAll(QString());
-  return failures;
+  return failures.join(u'\n');
 }
 
 QStringList Conversation::outgoing() const {

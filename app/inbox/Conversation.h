@@ -30,7 +30,7 @@ class Conversation final : public Store {
   Q_PROPERTY(QString draftText READ draftText NOTIFY changed)
   Q_PROPERTY(QString draftTitle READ draftTitle NOTIFY changed)
   Q_PROPERTY(QString draftFacts READ draftFacts NOTIFY changed)
-  Q_PROPERTY(QStringList draftFailures READ draftFailures NOTIFY changed)
+  Q_PROPERTY(QString draftFailures READ draftFailures NOTIFY changed)
   Q_PROPERTY(QStringList outgoing READ outgoing NOTIFY changed)
   Q_PROPERTY(orv::Writing* reply READ reply NOTIFY writingChanged)
   Q_PROPERTY(orv::Writing* edit READ edit NOTIFY writingChanged)
@@ -87,8 +87,8 @@ class Conversation final : public Store {
   QString draftText() const;
   QString draftTitle() const;
   QString draftFacts() const;
-  /// Why it was held back.
-  QStringList draftFailures() const;
+  /// Why it was held back, a line each.
+  QString draftFailures() const;
   /// What has been decided and not yet left, a sentence each.
   QStringList outgoing() const;
 

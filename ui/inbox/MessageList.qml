@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// The messages, piece by piece, so that long ones and many cost what is seen. Opens at the last one.
@@ -48,8 +47,15 @@ FocusScope {
         T.ScrollBar.vertical: OrvScrollBar {}
 
         onMovementEnded: atLast = atYEnd
-        onHeightChanged: if (atLast) Qt.callLater(view.positionViewAtEnd)
-        onContentHeightChanged: if (atLast) Qt.callLater(view.positionViewAtEnd)
+        onHeightChanged: if (atLast) later.start()
+        onContentHeightChanged: if (atLast) later.start()
+
+        // Not from within the view's own laying out.
+        Timer {
+            id: later
+            interval: 0
+            onTriggered: view.positionViewAtEnd()
+        }
 
         Keys.onPressed: event => {
             event.accepted = true;

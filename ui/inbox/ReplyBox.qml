@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// The person's own message to the open conversation.
@@ -16,11 +15,11 @@ Rectangle {
     signal left()
 
     function take() {
-        if (composer.item)
-            composer.item.take();
+        if (composer.field)
+            composer.field.take();
     }
 
-    height: Math.min(mostHeight, head.height + (warning.visible ? warning.height + 8 : 0) + (composer.item ? composer.item.wantedHeight : 0) + foot.height)
+    height: Math.min(mostHeight, head.height + (warning.visible ? warning.height + 8 : 0) + (composer.field ? composer.field.wantedHeight : 0) + foot.height)
     radius: Theme.radiusFloat
     color: Theme.surface
     border { width: 1; color: Theme.borderField }
@@ -62,13 +61,13 @@ Rectangle {
 
         OrvButton {
             id: copies
-            visible: composer.item !== null && !composer.item.copiesShown
+            visible: composer.field !== null && !composer.field.copiesShown
             x: parent.width - width + 6
             anchors.verticalCenter: parent.verticalCenter
             kind: "ghost"
             size: "small"
             text: "Cc / Bcc"
-            onClicked: composer.item.showCopies()
+            onClicked: composer.field.showCopies()
         }
     }
 
@@ -83,6 +82,9 @@ Rectangle {
 
     Loader {
         id: composer
+
+        readonly property Composer field: item as Composer
+
         x: 15
         y: warning.y + (warning.visible ? warning.height + 8 : 0)
         width: parent.width - 2 * x

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// The agent's draft for the open conversation: to send, to change, or to skip.
@@ -101,7 +100,7 @@ Rectangle {
 
     Column {
         id: failures
-        visible: !root.folded && root.conversation.draftFailures.length > 0
+        visible: !root.folded && root.conversation.draftFailures !== ""
         x: 12
         y: head.height + 8
         width: parent.width - 2 * x
@@ -109,14 +108,14 @@ Rectangle {
 
         OrvNotice {
             width: parent.width
-            text: root.conversation.draftFailures.join("\n")
+            text: root.conversation.draftFailures
         }
     }
 
     Item {
         id: body
 
-        readonly property real wanted: root.editing ? editor.implicitHeight + 16 : words.implicitHeight + 24
+        readonly property real wanted: root.editing ? editor.wanted + 16 : words.implicitHeight + 24
 
         visible: !root.folded
         x: 15
@@ -153,19 +152,18 @@ Rectangle {
         }
 
         Loader {
+            id: editor
             anchors { fill: parent; topMargin: 10 }
             active: root.conversation.edit !== null
             visible: root.editing
             sourceComponent: composer
-            id: editor
 
-            readonly property real implicit: item ? item.wantedHeight : 0
-
-            implicitHeight: implicit
+            readonly property Composer field: item as Composer
+            readonly property real wanted: field ? field.wantedHeight : 0
 
             function take() {
-                if (item)
-                    item.take();
+                if (field)
+                    field.take();
             }
         }
     }
