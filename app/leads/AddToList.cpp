@@ -2,10 +2,10 @@
 
 #include "app/base/Poll.h"
 #include "app/base/shownName.h"
+#include "app/leads/HowMany.h"
 #include "app/leads/LeadListActions.h"
 #include "app/leads/LeadWords.h"
 #include "kit/api/Format.h"
-#include "kit/api/wholeNumber.h"
 #include "kit/models/leads/leadListRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -54,14 +54,14 @@ void AddToList::setHowMany(const QString& text) {
 }
 
 QString AddToList::howManyHelp() {
-  return u"Leave empty to add every match, up to "_s + Format::grouped(atMost) + u" at a time, newest first."_s;
+  return u"Leave empty to add every match, up to "_s + Format::grouped(HowMany::atMost) +
+         u" at a time, newest first."_s;
 }
 
-std::optional<int> AddToList::number() const { return wholeNumber(m_howMany, 1, atMost); }
+std::optional<int> AddToList::number() const { return HowMany::number(m_howMany); }
 
 QString AddToList::problem() const {
-  if (!asksHowMany() || m_howMany.trimmed().isEmpty() || number()) return {};
-  return u"A whole number from 1 to "_s + Format::grouped(atMost);
+  return asksHowMany() && !m_howMany.trimmed().isEmpty() ? HowMany::problem(m_howMany) : QString();
 }
 
 void AddToList::setSkipInLists(bool skip) {

@@ -32,8 +32,6 @@ class AddToList final : public Store {
   Q_PROPERTY(QList<orv::Choice> result READ result NOTIFY changed)
 
  public:
-  static constexpr int atMost = 100'000;
-
   AddToList(WorkspaceContext& context, Store& whole);
 
   Form* form() { return &m_form; }

@@ -2,9 +2,9 @@
 
 #include "app/base/SaveFile.h"
 #include "app/base/shownName.h"
+#include "app/leads/HowMany.h"
 #include "app/leads/LeadWords.h"
 #include "kit/api/Format.h"
-#include "kit/api/wholeNumber.h"
 #include "kit/models/leads/leadExport.h"
 #include "kit/models/leads/leadListRequests.h"
 
@@ -19,7 +19,9 @@ LeadExport::LeadExport(WorkspaceContext& context, Store& whole)
 
 QString LeadExport::about() const { return shownName(m_list.name) + u" · "_s + LeadWords::counted(m_list.leadCount); }
 
-QString LeadExport::howManyLabel() { return u"How many (newest first, up to "_s + Format::grouped(atMost) + u')'; }
+QString LeadExport::howManyLabel() {
+  return u"How many (newest first, up to "_s + Format::grouped(HowMany::atMost) + u')';
+}
 
 void LeadExport::setHowMany(const QString& text) {
   if (std::exchange(m_howMany, text) == text) return;
@@ -27,12 +29,9 @@ void LeadExport::setHowMany(const QString& text) {
   Q_EMIT changed();
 }
 
-std::optional<int> LeadExport::number() const { return wholeNumber(m_howMany, 1, atMost); }
+std::optional<int> LeadExport::number() const { return HowMany::number(m_howMany); }
 
-QString LeadExport::problem() const {
-  return m_howMany.trimmed().isEmpty() || number() ? QString()
-                                                   : u"A whole number from 1 to "_s + Format::grouped(atMost);
-}
+QString LeadExport::problem() const { return m_howMany.trimmed().isEmpty() ? QString() : HowMany::problem(m_howMany); }
 
 QString LeadExport::tickedText() const {
   if (m_ticked.isEmpty()) return {};

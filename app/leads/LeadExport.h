@@ -20,8 +20,6 @@ class LeadExport final : public Store {
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
 
  public:
-  static constexpr int atMost = 100'000;
-
   LeadExport(WorkspaceContext& context, Store& whole);
 
   Form* form() { return &m_form; }

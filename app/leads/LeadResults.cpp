@@ -1,8 +1,7 @@
 #include "app/leads/LeadResults.h"
 
+#include "app/leads/HowMany.h"
 #include "app/leads/LeadWords.h"
-#include "kit/api/Format.h"
-#include "kit/api/wholeNumber.h"
 #include "kit/models/leads/leadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -102,12 +101,10 @@ void LeadResults::tickLoaded() {
   m_selection.toggleAll();
 }
 
-QString LeadResults::firstProblem(const QString& text) const {
-  return wholeNumber(text, 1, atMost) ? QString() : u"A whole number from 1 to "_s + Format::grouped(atMost);
-}
+QString LeadResults::firstProblem(const QString& text) const { return HowMany::problem(text); }
 
 void LeadResults::takeFirst(const QString& text) {
-  const auto number = wholeNumber(text, 1, atMost);
+  const auto number = HowMany::number(text);
   if (!number) return;
   m_firstForm.cancel();
   m_selection.takeFirst(*number);

@@ -30,8 +30,6 @@ class LeadResults final : public Store {
 
  public:
   static constexpr qint64 firstPage = 30, furtherPage = 20;
-  /// Of a search so many can be acted on at once.
-  static constexpr int atMost = 100'000;
 
   LeadResults(WorkspaceContext& context, Store& whole, LeadActions& actions);
 
