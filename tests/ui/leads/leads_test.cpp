@@ -1,0 +1,106 @@
+#include <QQuickItem>
+#include <QTest>
+
+#include "app/leads/LeadsStore.h"
+#include "desktop/scenes/Stage.h"
+#include "tests/ui/support/warnings.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace orv;
+
+/// The search for leads in the window, on the sample workspace.
+class LeadsWindowTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QQmlEngine> m_engine;
+  std::unique_ptr<Stage> m_stage;
+
+  void open() {
+    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{});
+    QVERIFY(m_stage->isReady());
+    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+    m_stage->app().router()->open(Page::leads);
+    m_stage->settle();
+  }
+  LeadsStore& leads() { return *m_stage->app().session()->store<LeadsStore>(); }
+  LeadFilters& filters() { return *leads().finder()->filters(); }
+  LeadResults& results() { return *leads().finder()->results(); }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
+  void type(const QString& text) {
+    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
+  }
+  bool rowHasFocus() {
+    const QQuickItem* focused = m_stage->window().activeFocusItem();
+    return focused && focused->property("key").isValid();
+  }
+
+ private Q_SLOTS:
+  void initTestCase() {
+    m_engine = std::make_unique<QQmlEngine>();
+    ClientWindow::prepare(*m_engine);
+  }
+  void init() { ui::failOnWarnings(); }
+  void cleanup() { m_stage.reset(); }
+
+  void leadsAreFoundTickedAndLookedAtByKeyboard() {
+    open();
+    m_stage->tabTo(u"LinkedIn"_s);
+    press(Qt::Key_Right);
+    m_stage->settle();
+    QCOMPARE(filters().database(), u"linkedin"_s);
+
+    // A value is typed for, ticked in its list, and shows as a chip.
+    m_stage->tabTo(u"Search titles"_s);
+    type(u"own"_s);
+    m_stage->settle();
+    press(Qt::Key_Down);
+    press(Qt::Key_Space);
+    m_stage->settle();
+    QCOMPARE(filters().search().pieces(u"title"_s).size(), 1);
+    const QString title = filters().search().pieces(u"title"_s).first();
+    QVERIFY(title.contains(u"own"_s, Qt::CaseInsensitive));
+    for (const FoundLead& row : results().list()->rows()->records())
+      QVERIFY2(row.record().title.value_or(QString()).contains(title, Qt::CaseInsensitive), qPrintable(row.id));
+
+    // From the rows: ticks, then the card, which steps along.
+    m_stage->tabTo(u"row 1 of"_s);
+    QVERIFY(rowHasFocus());
+    press(Qt::Key_Space);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(results().selection()->ids(), results().list()->shownIds().mid(0, 2));
+    QCOMPARE(results().target()->description(), u"2 selected leads"_s);
+    press(Qt::Key_Return);
+    m_stage->settle();
+    QCOMPARE(results().card()->leadId(), results().list()->shownIds().at(1));
+    QVERIFY(results().card()->complete());
+    press(Qt::Key_Escape);
+    m_stage->settle();
+    QVERIFY(!results().card()->shown());
+    QTRY_VERIFY(rowHasFocus());
+
+    // The chip goes by key, and the way back brings it again.
+    filters().removeChip(u"title="_s + title);
+    m_stage->settle();
+    QVERIFY(!filters().any());
+    m_stage->app().router()->goBack();
+    m_stage->settle();
+    QCOMPARE(filters().search().pieces(u"title"_s), QStringList{title});
+    QCOMPARE(m_stage->app().router()->page(), Page::leads);
+  }
+
+  void aFoldedRailOpensForWhoeverTypes() {
+    open();
+    filters().setFolded(true);
+    m_stage->settle();
+    press(Qt::Key_Slash);
+    m_stage->settle();
+    QVERIFY(!filters().folded());
+    type(u"fleet"_s);
+    m_stage->settle();
+    QCOMPARE(filters().search().value(u"q"_s), u"fleet"_s);
+    QVERIFY(!results().waiting());
+  }
+};
+
+QTEST_MAIN(LeadsWindowTest)
+#include "leads_test.moc"
