@@ -164,19 +164,22 @@ void InboxStore::open(const QString& id) {
   next->appear();
   m_openId = id;
   Q_EMIT openChanged();
-  if (before) {
-    // What nobody waits for any more is read when they come back.
-    if (!before->detail()->value()) {
-      before->detail()->cancel();
-      before->detail()->markStale();
-    }
-    before->disappear();
-  }
+  if (before) letGo(*before);
   m_threads.setShownRead(id, true);
   next->ensureLoaded();
   if (next->detail()->value()) conversationRead(id);
   context().showing(Page::inbox, id);
   Q_EMIT busyChanged();
+}
+
+void InboxStore::letGo(Conversation& left) {
+  // What nobody waits for any more is read when they come back, and counts as read no sooner.
+  if (!left.detail()->value()) {
+    left.detail()->cancel();
+    left.detail()->markStale();
+    m_threads.setShownRead(left.id(), false);
+  }
+  left.disappear();
 }
 
 void InboxStore::step(int by) {
@@ -205,6 +208,10 @@ void InboxStore::arrived() {
     const InboxThread* listed = m_threads.find(id);
     if (listed) m_kept.find(id)->follow(*listed);
   }
+  // The service knows by now; what is unread there has come since.
+  const QSet<QString> shownRead = m_threads.rows().shownRead();
+  for (const QString& id : shownRead)
+    if (id != m_openId && !m_actions.isMarkingRead(id)) m_threads.setShownRead(id, false);
   Q_EMIT foundChanged();
 }
 

@@ -117,6 +117,8 @@ class InboxStore final : public Store {
   void arrived();
   void conversationRead(const QString& id);
   void readAhead();
+  /// Another one is open.
+  void letGo(Conversation& left);
 
   Writings& m_writings;
   Store* m_drafts;

@@ -67,6 +67,8 @@ ThreadActions::ThreadActions(WorkspaceContext& context, Store* whole, ThreadList
   connect(&m_busy, &BusySet::changed, this, &ThreadActions::busyChanged);
 }
 
+bool ThreadActions::isMarkingRead(const QString& threadId) const { return m_busy.contains(threadId + reads); }
+
 bool ThreadActions::isGenerating(const QString& threadId) const { return m_busy.contains(threadId + writes); }
 
 InboxThread ThreadActions::latest(const InboxThread& thread) const {

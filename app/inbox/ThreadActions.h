@@ -18,6 +18,7 @@ class ThreadActions final : public Store {
   ThreadActions(WorkspaceContext& context, Store* whole, ThreadList& threads, Writings& writings);
 
   const BusySet& busy() const { return m_busy; }
+  bool isMarkingRead(const QString& threadId) const;
   /// A draft is being written for the thread.
   bool isGenerating(const QString& threadId) const;
 

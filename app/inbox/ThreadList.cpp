@@ -148,7 +148,9 @@ QList<Choice> ThreadList::tabs() const {
   const auto* counts = m_list.head() && m_list.head()->counts ? &*m_list.head()->counts : nullptr;
   return {{.key = nameOf(Tab::all), .label = u"All"_s, .count = counts ? saturated(counts->total) : -1},
           {.key = nameOf(Tab::unread), .label = u"Unread"_s, .count = unreadCount()},
-          {.key = nameOf(Tab::archived), .label = u"Archived"_s}};
+          {.key = nameOf(Tab::archived), .label = u"Archived"_s},
+          // A section of its own, to the page.
+          {.key = ThreadFilter::drafts, .label = u"Drafts"_s, .count = draftCount()}};
 }
 
 int ThreadList::draftCount() const {

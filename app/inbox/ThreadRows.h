@@ -40,6 +40,7 @@ class ThreadRowsModel final : public TableModel<ThreadRowsModel, ThreadRow> {
 
   /// Shown as read, though the service has not been told, or has not answered.
   void setShownRead(const QString& id, bool shown);
+  const QSet<QString>& shownRead() const { return m_shownRead; }
   bool isShownRead(const QString& id) const { return m_shownRead.contains(id); }
   bool isUnread(const InboxThread& thread) const { return thread.unread && !isShownRead(thread.id); }
   /// Something that the person wrote waits there.

@@ -89,7 +89,12 @@ FocusScope {
         label: "Conversations"
         options: root.threads.tabs
         current: root.threads.tab
-        onChosen: key => root.threads.tab = key
+        onChosen: key => {
+            if (key === "drafts")
+                root.store.section = "drafts";
+            else
+                root.threads.tab = key;
+        }
     }
 
     ThreadFilters {
