@@ -4,6 +4,7 @@
 #include <QSaveFile>
 
 #include "app/base/shownName.h"
+#include "kit/api/wipe.h"
 #include "kit/async/background.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -14,6 +15,7 @@ namespace {
 /// Runs on another thread, and goes on there when its job was stopped: then nothing is left behind.
 struct Writing {
   std::function<QByteArray()> text;
+  bool isSecret = false;
   std::atomic<bool> stopped = false;
 
   /// Empty on success, else the system's reason.
@@ -21,9 +23,12 @@ struct Writing {
     const bool isNew = !QFileInfo::exists(path);
     QSaveFile file(path);
     const QByteArray bytes = text();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) return file.errorString();
-    // Leads are nobody else's business. One that is there keeps the rights that it was given.
-    if (isNew) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    if (!file.open(QIODevice::WriteOnly)) return file.errorString();
+    // Leads are nobody else's business. One that is there keeps the rights that it was given, unless it is to hold
+    // passwords: it has taken those rights over when it was opened.
+    if ((isNew || isSecret) && !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && isSecret)
+      return file.errorString();
+    if (file.write(bytes) != bytes.size()) return file.errorString();
     if (stopped) return {};
     return file.commit() ? QString() : file.errorString();
   }
@@ -66,41 +71,61 @@ struct Ending {
   ~Ending() { OneShot(ended).give(true); }
 };
 
-Task<JobOutcome> save(Job* job, QString fileName, std::function<QByteArray()> text, QString failure, QString told,
-                      OneShot<bool> ended) {
+struct Wanted {
+  QString fileName;
+  std::function<QByteArray()> text;
+  QString failure;
+  QString told;
+  bool isSecret = false;
+};
+
+Task<JobOutcome> save(Job* job, Wanted wanted, OneShot<bool> ended) {
   const Ending ending{std::move(ended)};
   Services& services = job->context().services();
   job->setStage(u"Choosing where to keep it…"_s);
-  const auto chosen = co_await services.filePanel.saveFile(usableName(fileName), u"Comma-separated text"_s, u"csv"_s);
+  const auto chosen =
+      co_await services.filePanel.saveFile(usableName(wanted.fileName), u"Comma-separated text"_s, u"csv"_s);
   if (!chosen) co_return JobOutcome{};
   const QString path = chosen->path;
   if (!chosen->mayReplace && QFileInfo::exists(path) && !co_await services.overlays.confirm(replaceQuestion(path)))
     co_return JobOutcome{};
   job->setStage(u"Writing…"_s);
-  const Hold hold{std::make_shared<Writing>(std::move(text))};
+  const Hold hold{std::make_shared<Writing>(std::move(wanted.text), wanted.isSecret)};
   const auto reason = co_await inBackground<QString>([path, writing = hold.writing] { return writing->write(path); });
   if (!reason.isEmpty()) {
-    services.toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = reason});
+    services.toasts.show({.message = wanted.failure, .tone = Toasts::Tone::error, .detail = reason});
     co_return JobOutcome{};
   }
   FileRevealer& revealer = services.revealer;
-  services.toasts.show({.message = told + shownName(QFileInfo(path).fileName()),
+  services.toasts.show({.message = wanted.told + shownName(QFileInfo(path).fileName()),
                         .tone = Toasts::Tone::success,
                         .actionLabel = u"Show in Finder"_s,
                         .action = [&revealer, path] { revealer.reveal(path); }});
   co_return JobOutcome{};
 }
 
+Task<void> start(WorkspaceContext* context, Wanted wanted) {
+  const OneShot<bool> ended;
+  context->services().jobs.start(
+      {.name = u"Saving "_s + shownName(wanted.fileName), .stopped = u"Nothing was saved."_s},
+      context->shared_from_this(), [&](Job& job) { return save(&job, wanted, ended); });
+  // Gone with the store that asked; the job is not.
+  co_await ended.wait();
+}
+
 }  // namespace
 
 Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure,
                    QString told) {
-  const OneShot<bool> ended;
-  context.services().jobs.start({.name = u"Saving "_s + shownName(fileName), .stopped = u"Nothing was saved."_s},
-                                context.shared_from_this(),
-                                [&](Job& job) { return save(&job, fileName, text, failure, told, ended); });
-  // Gone with the store that asked; the job is not.
-  co_await ended.wait();
+  return start(&context, {std::move(fileName), std::move(text), std::move(failure), std::move(told)});
+}
+
+Task<void> saveSecretCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure) {
+  const std::shared_ptr<QByteArray> kept(new QByteArray(std::move(bytes)), [](QByteArray* secret) {
+    wipe(*secret);
+    delete secret;
+  });
+  return start(&context, {std::move(fileName), [kept] { return *kept; }, std::move(failure), u"Saved "_s, true});
 }
 
 }  // namespace orv

@@ -15,4 +15,8 @@ namespace orv {
 Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure,
                    QString told = QStringLiteral("Saved "));
 
+/// The same for what holds passwords: nobody else may read the file, whoever could read the one that it takes the place
+/// of, and the bytes are overwritten once they have been written.
+Task<void> saveSecretCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure);
+
 }  // namespace orv

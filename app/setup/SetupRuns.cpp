@@ -1,0 +1,190 @@
+#include "app/setup/SetupRuns.h"
+
+#include <algorithm>
+
+#include "kit/api/Format.h"
+#include "kit/models/setup/setupRequests.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+namespace {
+
+const auto cannotStop = u"Couldn’t stop the run."_s, cannotResume = u"Couldn’t resume the run."_s;
+
+bool isMissing(const APIError& error) { return error.context().httpStatus == 404; }
+
+/// Nothing moves before somebody does something.
+bool standsStill(const SetupRun& run) {
+  if (run.control.isPaused()) return true;
+  bool waits = false;
+  for (const SetupRow& row : run.rows) {
+    if (row.state.isAuthorize())
+      waits = true;
+    else if (!row.state.isEnd() && !row.state.isWaiting())
+      return false;
+  }
+  return waits;
+}
+
+}  // namespace
+
+SetupRuns::SetupRuns(WorkspaceContext& context, Store& whole)
+    : Store(context, &whole), m_actions(context, m_busy, [this] {
+        // What an action may have done the next reading tells.
+        for (const auto& [project, followed] : std::as_const(m_runs).asKeyValueRange())
+          if (followed.run && !m_closed.contains(followed.run->id)) reload(project);
+      }) {}
+
+const SetupRuns::Followed& SetupRuns::of(const QString& projectId) const {
+  static const Followed nothing;
+  const auto found = m_runs.constFind(projectId);
+  return found == m_runs.cend() ? nothing : *found;
+}
+
+const SetupRun* SetupRuns::runOf(const QString& projectId) const {
+  const Followed& followed = of(projectId);
+  return followed.run ? &*followed.run : nullptr;
+}
+
+void SetupRuns::open(const QString& projectId) {
+  if (!of(projectId).asked || !of(projectId).failure.isEmpty()) reload(projectId);
+}
+
+void SetupRuns::follow(const QString& projectId, const std::optional<SetupLastRun>& last) {
+  const Followed& known = of(projectId);
+  if (!last || !known.asked || known.loading) return;
+  const bool isOther = !known.run || known.run->id != last->id;
+  // It was set going again elsewhere.
+  const bool goesOn = m_closed.contains(last->id) && last->isOpen() && !m_busy.contains(projectId);
+  if (isOther || goesOn) reload(projectId);
+}
+
+Task<void> SetupRuns::loadTask(QString projectId) {
+  Followed& before = m_runs[projectId];
+  if (std::exchange(before.loading, true)) co_return;
+  before.asked = true;
+  Q_EMIT changed(projectId);
+  QString failure;
+  LatestRun latest;
+  bool isCancelled = false;
+  try {
+    latest = co_await api().send(Requests::latestSetupRun(projectId));
+  } catch (const APIError& error) {
+    isCancelled = error.is(APIError::Kind::cancelled);
+    if (!isMissing(error)) failure = error.message();
+  }
+  Followed& followed = m_runs[projectId];
+  followed.loading = false;
+  if (isCancelled) followed.asked = false;
+  followed.failure = failure;
+  if (failure.isEmpty() && latest.run) co_return take(projectId, *std::move(latest.run));
+  if (failure.isEmpty()) followed.run.reset();
+  Q_EMIT changed(projectId);
+}
+
+void SetupRuns::put(const QString& projectId, SetupRun run) {
+  Followed& followed = m_runs[projectId];
+  followed.run = std::move(run);
+  followed.readAt = services().clock.now();
+  followed.asked = true;
+  followed.failure.clear();
+  Q_EMIT changed(projectId);
+}
+
+void SetupRuns::take(const QString& projectId, SetupRun run) {
+  const QString id = run.id;
+  const bool isOver = run.isOver();
+  auto& poller = m_pollers[id];
+  if (!poller) poller = std::make_unique<TaskSlot>();
+  if (isOver) {
+    m_closed.insert(id);
+    poller->cancel();
+  } else {
+    m_closed.remove(id);
+    poller->start(pollTask(projectId, id));
+  }
+  put(projectId, std::move(run));
+}
+
+std::chrono::seconds SetupRuns::pace(const QString& projectId) const {
+  const SetupRun* run = runOf(projectId);
+  return run && standsStill(*run) ? seldom : often;
+}
+
+/// The next wait begins when an answer has come, so that no two are under way.
+Task<void> SetupRuns::pollTask(QString projectId, QString runId) {
+  while (!m_closed.contains(runId)) {
+    // What the poller is started with is shown a moment later.
+    const SetupRun* known = runOf(projectId);
+    co_await services().clock.sleep(known && known->id == runId ? pace(projectId) : often);
+    std::optional<SetupRun> now;
+    try {
+      now = co_await api().send(Requests::getSetupRun(runId));
+    } catch (const APIError& error) {
+      // One that is gone stays gone; anything else may be better the next time.
+      if (isMissing(error)) m_closed.insert(runId);
+      if (error.is(APIError::Kind::unauthorized)) co_return;
+    }
+    const SetupRun* shown = runOf(projectId);
+    if (!shown || shown->id != runId) co_return;
+    if (!now) continue;
+    context().cameOnline();
+    if (now->isOver()) m_closed.insert(runId);
+    put(projectId, *std::move(now));
+  }
+}
+
+Task<void> SetupRuns::startTask(SetupProject project) {
+  if (!canWrite()) co_return;
+  const auto build = [body = orv::runOf(project)] { return Requests::startSetupRun(body); };
+  auto run = co_await m_actions.perform<SetupRun>({project.id, project.id}, build, u"Couldn’t start the run."_s);
+  if (!run) co_return;
+  services().toasts.success(u"Run started on "_s + Format::counted(project.domains.size(), u"domain"_s, u"domains"_s));
+  take(project.id, *std::move(run));
+  Q_EMIT acted();
+}
+
+Task<void> SetupRuns::change(QString projectId, Request<SetupRun> request, QString failure) {
+  if (!canWrite()) co_return;
+  const auto build = [request = std::move(request)] { return request; };
+  auto run = co_await m_actions.perform<SetupRun>({projectId, projectId}, build, failure);
+  if (!run) co_return;
+  take(projectId, *std::move(run));
+  Q_EMIT acted();
+}
+
+Task<void> SetupRuns::pauseTask(QString projectId) {
+  if (const SetupRun* run = runOf(projectId)) co_await change(projectId, Requests::pauseSetupRun(run->id), cannotStop);
+}
+
+Task<void> SetupRuns::resumeTask(QString projectId) {
+  if (const SetupRun* run = runOf(projectId))
+    co_await change(projectId, Requests::resumeSetupRun(run->id), cannotResume);
+}
+
+Task<void> SetupRuns::terminateTask(QString projectId) {
+  const SetupRun* run = runOf(projectId);
+  if (!run || !canWrite() || m_busy.contains(projectId)) co_return;
+  const QString id = run->id;
+  const bool sure = co_await services().overlays.confirm(
+      {.title = u"Terminate this run?"_s,
+       .text = u"It ends where it is and does not go on. The inboxes already made stay connected."_s,
+       .confirm = u"Terminate"_s,
+       .destructive = true});
+  // Another run may have begun behind the question.
+  if (!sure || !runOf(projectId) || runOf(projectId)->id != id) co_return;
+  co_await change(projectId, Requests::terminateSetupRun(id), cannotStop);
+}
+
+Task<void> SetupRuns::retryTask(QString projectId, std::optional<QString> domain) {
+  if (const SetupRun* run = runOf(projectId))
+    co_await change(projectId, Requests::retrySetupRun(run->id, domain), cannotResume);
+}
+
+void SetupRuns::close() {
+  for (auto& [id, poller] : m_pollers) poller->cancel();
+  Store::close();
+}
+
+}  // namespace orv
