@@ -158,6 +158,14 @@ void DraftsStore::openChat() {
   if (const ReviewDraft* item = m_queue.shown()) context().openItem(Page::inbox, QString(item->thread.id));
 }
 
+void DraftsStore::decideShown(bool approves) {
+  const QDateTime now = services().clock.now();
+  if (!m_queue.shown() || (m_decidedAt.isValid() && std::abs(m_decidedAt.msecsTo(now)) < 250)) return;
+  m_decidedAt = now;
+  const ReviewDraft item = *m_queue.shown();
+  approves ? approve(item) : skip(item);
+}
+
 void DraftsStore::approve(const ReviewDraft& item) {
   const QString id = item.draft.id;
   if (isDeciding(id) || m_decisions.isGone(id) || m_styles.isAsking(id)) return;
@@ -247,7 +255,7 @@ QList<PageAction> DraftsStore::offered(const QString& record) {
                              .inPalette = u"Approve the draft"_s,
                              .writes = true,
                              .possible = reviews && canApprove(),
-                             .run = [this] { approve(*m_queue.shown()); }},
+                             .run = [this] { decideShown(true); }},
                             {.key = u"skip"_s,
                              .title = u"Skip"_s,
                              .icon = u"go-next"_s,
@@ -255,7 +263,7 @@ QList<PageAction> DraftsStore::offered(const QString& record) {
                              .inPalette = u"Skip the draft"_s,
                              .writes = true,
                              .possible = reviews,
-                             .run = [this] { skip(*m_queue.shown()); }},
+                             .run = [this] { decideShown(false); }},
                             {.key = u"edit"_s,
                              .title = u"Edit the draft"_s,
                              .icon = u"document-edit"_s,

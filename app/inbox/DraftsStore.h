@@ -95,6 +95,8 @@ class DraftsStore final : public Store, public DraftDesk {
   QList<PageAction> offered(const QString& record) override;
 
  private:
+  /// By key or button; one that follows at once is a key that is held, and would decide what nobody has seen.
+  void decideShown(bool approves);
   Task<void> chooseStyleTask(QString style);
   void showPicked();
   void showText();
@@ -120,6 +122,7 @@ class DraftsStore final : public Store, public DraftDesk {
   /// Approvals under way or undoable: what was sent of an edit, or that nothing was changed.
   QHash<QString, std::optional<WrittenFields>> m_sent;
   QSet<QString> m_styled;
+  QDateTime m_decidedAt;
   bool m_historyShown = false;
   bool m_undone = false;
 };
