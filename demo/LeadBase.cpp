@@ -4,6 +4,7 @@
 
 #include "demo/DemoRandom.h"
 #include "demo/LeadWords.h"
+#include "kit/api/JSONCoding.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -249,6 +250,14 @@ bool LeadBase::Plan::fits(qint64 number) const {
   const Traits traits = m_base.traits(number);
   return m_companies[traits.company] && m_titles[traits.title] && m_matcher.fits(personOf(traits)) &&
          !(m_hasWords[0] && !hasWords(traits, 0)) && !(m_hasWords[1] && hasWords(traits, 1));
+}
+
+std::shared_ptr<const LeadBase::Plan> LeadBase::plan(const LeadFilterBody& filter) const {
+  const QByteArray key = encodeJSON(filter);
+  if (const auto* known = m_plans.object(key)) return *known;
+  const auto made = std::make_shared<const Plan>(*this, filter);
+  m_plans.insert(key, new std::shared_ptr<const Plan>(made));
+  return made;
 }
 
 bool LeadBase::hasFacet(const QString& field) {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <QCache>
 #include <QDate>
 #include <QHash>
-#include <functional>
+#include <memory>
 #include <vector>
 
 #include "demo/LeadMatcher.h"
@@ -41,6 +42,9 @@ class LeadBase {
     bool m_hasWords[2];
   };
 
+  /// The same filter is asked page after page.
+  std::shared_ptr<const Plan> plan(const LeadFilterBody& filter) const;
+
   /// How many leads of the database ("all" for both) have which value of the field. Empty for a field of no facets.
   const QHash<QString, qint64>& tally(const QString& field, const QString& database) const;
   static bool hasFacet(const QString& field);
@@ -54,6 +58,7 @@ class LeadBase {
   qint64 m_size;
   QDate m_today;
   mutable QHash<QString, QHash<QString, qint64>> m_tallies;
+  mutable QCache<QByteArray, std::shared_ptr<const Plan>> m_plans{16};
 };
 
 /// The values of the facet that a lead has: of a technology, several.

@@ -15,7 +15,7 @@ LeadCount countShown(qint64 count) {
 }
 
 LeadQuery::LeadQuery(const Call& call, const LeadFilterBody& filter)
-    : m_leads(call.workspace->leads), m_matcher(filter), m_plan(*m_leads.base, filter) {
+    : m_leads(call.workspace->leads), m_matcher(filter), m_plan(m_leads.base->plan(filter)) {
   m_pool = filter.only.value_or(filter.list ? u"all"_s : u"new"_s);
   if (filter.list) {
     m_list = call.workspace->findList(*filter.list);
@@ -37,7 +37,7 @@ LeadFilterBody LeadQuery::filterOf(const DemoRequest& request) {
 
 bool LeadQuery::fits(LeadPlace lead) const {
   if (m_campaign && !m_campaign->contains(lead)) return false;
-  return m_leads.isFromBase(lead) ? m_plan.fits(qint64(lead)) : LeadFacts(m_leads.at(lead)).fit(m_matcher);
+  return m_leads.isFromBase(lead) ? m_plan->fits(qint64(lead)) : LeadFacts(m_leads.at(lead)).fit(m_matcher);
 }
 
 bool LeadQuery::isInPool(LeadPlace lead) const {

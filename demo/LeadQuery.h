@@ -37,7 +37,7 @@ class LeadQuery {
 
   const WorkspaceLeads& m_leads;
   LeadMatcher m_matcher;
-  LeadBase::Plan m_plan;
+  std::shared_ptr<const LeadBase::Plan> m_plan;
   QString m_pool;
   const DemoLeadList* m_list = nullptr;
   bool m_isOfNothing = false;

@@ -6,7 +6,7 @@ namespace orv::demo {
 
 /// What the doors of leads share.
 
-constexpr qint64 mostLeadsPerPage = 100, mostFacets = 200, mostAtATime = 100'000;
+constexpr qint64 mostLeadsPerPage = 500, mostFacets = 200, mostAtATime = 100'000;
 
 /// Brings what goes on by itself up to now: files on their way in, leads added in the background, and what has waited
 /// in the archive for long enough.

@@ -85,7 +85,7 @@ struct Model {
         body.insert(key, QJsonArray::fromStringList(pieces));
       }
     }
-    if (!body.contains("q"_L1) || body["qin"_L1] == u"any"_s) body.remove("qin"_L1);
+    if (!body.contains("q"_L1) || body.value("qin"_L1) == "any"_L1) body.remove("qin"_L1);
     if (only) body.insert("only"_L1, *only);
     return body;
   }
