@@ -1,35 +1,37 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// A weekday that is on or off.
-T.AbstractButton {
+Pressable {
     id: root
 
+    property bool checked: false
     property string dayName: ""
 
     implicitWidth: 52
     implicitHeight: Theme.controlHeight
-    focusPolicy: Qt.StrongFocus
+    activeFocusOnTab: true
     opacity: enabled ? 1 : 0.6
     Accessible.role: Accessible.CheckBox
-    // Once somebody listens, the toolkit's button calls itself one.
-    Accessible.onRoleChanged: if (Accessible.role !== Accessible.CheckBox) Accessible.role = Accessible.CheckBox
     Accessible.name: dayName
     Accessible.checkable: true
     Accessible.checked: checked
-    Accessible.onPressAction: if (enabled) clicked()
+    Accessible.focusable: true
     Accessible.onToggleAction: if (enabled) clicked()
     Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onSpacePressed: clicked()
 
-    background: Rectangle {
+    Rectangle {
+        anchors.fill: parent
         radius: Theme.radiusControl
         color: root.checked ? Theme.accentSubtle : root.hovered ? Theme.hover : Theme.surface
         border { width: 1; color: root.checked ? Theme.accentText : Theme.borderField }
-        FocusRing { visible: root.visualFocus }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard }
     }
 
-    contentItem: Text {
+    Text {
+        anchors.fill: parent
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         textFormat: Text.PlainText

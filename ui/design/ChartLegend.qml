@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// The series of a chart; each is a switch.
@@ -17,37 +16,38 @@ Row {
     Repeater {
         model: root.plot.seriesCount
 
-        T.AbstractButton {
+        Pressable {
             id: entry
 
             required property int index
 
             readonly property var series: root.plot.legend[index]
 
-            implicitWidth: contentItem.implicitWidth
+            implicitWidth: words.implicitWidth
             implicitHeight: 26
-            focusPolicy: Qt.StrongFocus
+            activeFocusOnTab: true
             text: series?.label ?? ""
 
             Accessible.role: Accessible.CheckBox
-            // Once somebody listens, the toolkit's button calls itself one.
-            Accessible.onRoleChanged: if (Accessible.role !== Accessible.CheckBox) Accessible.role = Accessible.CheckBox
-            Accessible.name: text
             Accessible.checkable: true
             Accessible.checked: series?.shown ?? false
-            Accessible.onPressAction: clicked()
+            Accessible.focusable: true
             Accessible.onToggleAction: clicked()
             Keys.onReturnPressed: clicked()
             Keys.onEnterPressed: clicked()
+            Keys.onSpacePressed: clicked()
             onClicked: root.toggled(series.key)
 
-            background: Rectangle {
+            Rectangle {
+                anchors.fill: parent
                 radius: Theme.radiusControl
                 color: entry.hovered ? Theme.hover : "transparent"
-                FocusRing { visible: entry.visualFocus; inset: true }
+                FocusRing { visible: entry.activeFocus && InputMode.keyboard; inset: true }
             }
 
-            contentItem: Row {
+            Row {
+                id: words
+                height: parent.height
                 leftPadding: 8
                 rightPadding: 8
                 spacing: 6

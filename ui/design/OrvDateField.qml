@@ -77,9 +77,10 @@ FieldFrame {
         inputMethodHints: Qt.ImhDate
         clip: true
 
+        // Nothing draws it; the toolkit's text field describes itself by it and by nothing else.
+        placeholderText: root.note !== "" ? root.note : echo.text
         Accessible.role: Accessible.EditableText
         Accessible.name: root.label
-        Accessible.description: root.note !== "" ? root.note : echo.text
         onTextEdited: if (!root.putting) root.edited(text)
         onEditingFinished: root.settle()
         Keys.onDownPressed: root.openCalendar()

@@ -61,9 +61,10 @@ FieldFrame {
         echoMode: root.secret && !reveal.shown ? TextInput.Password : TextInput.Normal
         clip: true
 
+        // Nothing draws it; the toolkit's text field describes itself by it and by nothing else.
+        placeholderText: root.note
         Accessible.role: Accessible.EditableText
         Accessible.name: root.accessibleName
-        Accessible.description: root.note
         Accessible.passwordEdit: root.secret
 
         onTextEdited: root.edited(text)

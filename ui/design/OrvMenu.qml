@@ -29,7 +29,10 @@ T.Menu {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.menuDuration; easing.type: Easing.OutCubic }
     }
 
-    onAboutToShow: focusReturn.remember(parent)
+    onAboutToShow: {
+        typeAhead.typed = "";
+        focusReturn.remember(parent);
+    }
     onAboutToHide: focusReturn.giveBack()
 
     /// Opens under `item`, at its right edge when `alignRight`, above it where there is more room. Never over it.
@@ -48,6 +51,7 @@ T.Menu {
         room = below ? under : over;
         popup(item, alignRight ? item.width - width : 0, below ? item.height + 4 : -height - 4);
         choose(usable(index) ? index : nextEnabled(-1, 1));
+        list.forceLayout();
         list.positionViewAtIndex(currentIndex, ListView.Center);
     }
 
@@ -96,8 +100,10 @@ T.Menu {
 
     function choose(index: int) {
         currentIndex = index;
-        if (index >= 0)
-            itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        if (index < 0)
+            return;
+        itemAt(index).forceActiveFocus(Qt.TabFocusReason);
+        list.positionViewAtIndex(index, ListView.Contain);
     }
 
     contentItem: ListView {
@@ -110,7 +116,6 @@ T.Menu {
         }
         implicitHeight: contentHeight
         model: root.contentModel
-        currentIndex: root.currentIndex
         interactive: contentHeight > height
         boundsBehavior: Flickable.StopAtBounds
         clip: interactive

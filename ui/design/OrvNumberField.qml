@@ -130,7 +130,8 @@ FieldFrame {
         text: root.lessText
     }
 
-    T.TextField {
+    // Not the toolkit's text field, which calls itself one whatever it is given.
+    TextInput {
         id: input
 
         anchors.fill: parent
@@ -149,8 +150,6 @@ FieldFrame {
         clip: true
 
         Accessible.role: Accessible.SpinBox
-        // Once somebody listens, the toolkit's field calls itself a text.
-        Accessible.onRoleChanged: if (Accessible.role !== Accessible.SpinBox) Accessible.role = Accessible.SpinBox
         Accessible.name: root.accessibleName
         Accessible.description: root.note
         Accessible.editable: true

@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// A few choices of which one holds, with counts. One stop in the tab order; the arrows choose.
@@ -64,30 +63,27 @@ FocusScope {
         Repeater {
             id: buttons
             model: choices
-            T.AbstractButton {
+            Pressable {
                 id: segment
                 required property choice modelData
                 readonly property bool current: modelData.key === root.current
 
                 height: row.height
-                implicitWidth: words.implicitWidth + leftPadding + rightPadding
-                focusPolicy: Qt.NoFocus
+                implicitWidth: words.implicitWidth + 20
                 // The control's focus is on the current one, so that it is heard.
                 focus: current
                 text: modelData.label
                 Accessible.role: Accessible.RadioButton
-                // Once somebody listens, the toolkit's button calls itself one.
-                Accessible.onRoleChanged: if (Accessible.role !== Accessible.RadioButton) Accessible.role = Accessible.RadioButton
                 Accessible.name: modelData.count >= 0 ? text + ", " + count.text : text
                 Accessible.checkable: true
                 Accessible.checked: current
-                Accessible.onPressAction: if (enabled) clicked()
+                Accessible.focusable: true
                 onClicked: root.chosen(modelData.key)
 
-                leftPadding: 10
-                rightPadding: 10
-                contentItem: Row {
+                Row {
                     id: words
+                    x: 10
+                    height: parent.height
                     spacing: 6
                     Text {
                         height: parent.height

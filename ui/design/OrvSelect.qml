@@ -1,6 +1,5 @@
 import QtQuick
 import QtQml
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// One of several values. Looks like a button, opens a menu of the values; letters typed on it choose at once.
@@ -57,71 +56,72 @@ FocusScope {
         Accessible.ignored: true
     }
 
-    T.AbstractButton {
+    Pressable {
         id: button
         y: root.label !== "" ? 22 : 0
         width: root.width
         height: Theme.controlHeight
         focus: true
-        focusPolicy: Qt.StrongFocus
+        activeFocusOnTab: true
         opacity: enabled ? 1 : 0.6
 
         Accessible.role: Accessible.ComboBox
-        // Once somebody listens, the toolkit's button calls itself one.
-        Accessible.onRoleChanged: if (Accessible.role !== Accessible.ComboBox) Accessible.role = Accessible.ComboBox
         Accessible.name: root.label === "" ? root.valueText : root.label + ", " + root.valueText
         Accessible.description: root.hint
-        Accessible.onPressAction: if (enabled) clicked()
+        Accessible.focusable: true
         Keys.onPressed: event => {
             event.accepted = true;
             // A key that chose in the menu and is still held must not open it again.
-            if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.isAutoRepeat)
+            if ([Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].includes(event.key) && event.isAutoRepeat)
                 return;
-            if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter || event.key === Qt.Key_Down || event.key === Qt.Key_Up)
+            if ([Qt.Key_Return, Qt.Key_Enter, Qt.Key_Down, Qt.Key_Up].includes(event.key)
+                    || event.key === Qt.Key_Space && typeAhead.typed === "")
                 root.open();
             else if (typeAhead.takes(event.text, event.modifiers))
                 root.jump(event.text);
             else
                 event.accepted = false;
         }
-        onClicked: root.open()
+        onClicked: {
+            forceActiveFocus(Qt.MouseFocusReason);
+            root.open();
+        }
 
-        background: Rectangle {
+        Rectangle {
+            anchors.fill: parent
             radius: Theme.radiusControl
             color: button.down ? Theme.pressed : button.hovered ? Theme.hover : Theme.raised
             border { width: 1; color: Theme.borderField }
-            FocusRing { visible: button.visualFocus }
+            FocusRing { visible: button.activeFocus && InputMode.keyboard }
         }
 
-        contentItem: Item {
-            OrvIcon {
-                visible: root.iconName !== ""
-                x: 12
-                anchors.verticalCenter: parent.verticalCenter
-                name: root.iconName
-                size: 14
-                color: root.iconColor
-            }
+        OrvIcon {
+            visible: root.iconName !== ""
+            x: 12
+            anchors.verticalCenter: parent.verticalCenter
+            name: root.iconName
+            size: 14
+            color: root.iconColor
+        }
 
-            Text {
-                x: root.keepsIconRoom ? 32 : 12
-                width: parent.width - x - 32
-                height: parent.height
-                verticalAlignment: Text.AlignVCenter
-                elide: Text.ElideRight
-                textFormat: Text.PlainText
-                text: root.valueText
-                font: Theme.body
-                color: root.currentIndex >= 0 ? root.valueColor : Theme.text3
-                Accessible.ignored: true
-            }
+        Text {
+            x: root.keepsIconRoom ? 32 : 12
+            width: parent.width - x - 32
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideRight
+            textFormat: Text.PlainText
+            text: root.valueText
+            font: Theme.body
+            color: root.currentIndex >= 0 ? root.valueColor : Theme.text3
+            Accessible.ignored: true
+        }
 
-            OrvIcon {
-                anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
-                name: "go-down"
-                size: 12
-                color: Theme.text2
-            }
+        OrvIcon {
+            anchors { right: parent.right; rightMargin: 10; verticalCenter: parent.verticalCenter }
+            name: "go-down"
+            size: 12
+            color: Theme.text2
         }
 
         OrvTooltip {

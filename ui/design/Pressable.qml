@@ -7,6 +7,7 @@ Item {
 
     property string text: ""
     readonly property alias hovered: hover.hovered
+    readonly property alias down: tap.pressed
 
     signal clicked()
 
@@ -18,6 +19,7 @@ Item {
     }
 
     TapHandler {
+        id: tap
         gesturePolicy: TapHandler.ReleaseWithinBounds
         onTapped: root.clicked()
     }

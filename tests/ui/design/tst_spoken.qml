@@ -16,7 +16,7 @@ TestCase {
 
     Component { id: button; OrvButton { text: "Press" } }
     Component { id: link; OrvLink { text: "Press" } }
-    Component { id: chip; OrvChip { value: "Press" } }
+    Component { id: chip; OrvChip { key: "Key"; value: "Press" } }
     Component { id: checkbox; OrvCheckbox { text: "Press" } }
     Component { id: toggle; OrvSwitch { text: "Press" } }
     Component { id: select; OrvSelect { label: "Press"; options: root.choices; current: "a"; hint: "Help" } }
@@ -32,7 +32,7 @@ TestCase {
         return [
             {tag: "button", make: button, name: "Press", role: "Button"},
             {tag: "link", make: link, name: "Press", role: "Button"},
-            {tag: "chip", make: chip, name: "Press", role: "Button"},
+            {tag: "chip", make: chip, name: "Key Press", role: "Button", description: "Remove"},
             {tag: "checkbox", make: checkbox, name: "Press", role: "CheckBox"},
             {tag: "switch", make: toggle, name: "Press", role: "CheckBox"},
             {tag: "select", make: select, name: "Press, Alpha", role: "ComboBox", description: "Help"},
