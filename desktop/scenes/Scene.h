@@ -31,13 +31,14 @@ QList<Scene> accountDetailScenes();
 QList<Scene> deliverabilityScenes();
 QList<Scene> rampupScenes();
 QList<Scene> inboxScenes();
+QList<Scene> draftsScenes();
 QList<Scene> leadListsScenes();
 QList<Scene> leadsScenes();
 
 inline QList<Scene> allScenes() {
   return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() + accountsScenes() +
          accountDetailScenes() + deliverabilityScenes() + rampupScenes() + leadsScenes() + leadListsScenes() +
-         inboxScenes();
+         inboxScenes() + draftsScenes();
 }
 
 }  // namespace orv
