@@ -82,6 +82,11 @@ void LeadLists::sort(const QString& key, bool descending) {
   Q_EMIT changed();
 }
 
+void LeadLists::ensureLoaded() {
+  Store::ensureLoaded();
+  m_imports.ensureLoaded();
+}
+
 void LeadLists::refresh() {
   m_showArchived ? m_archived.load() : m_list.load();
   m_imports.refresh();

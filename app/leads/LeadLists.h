@@ -59,6 +59,7 @@ class LeadLists final : public Store {
   Q_INVOKABLE void sort(const QString& key, bool descending);
   Q_INVOKABLE void open(const QString& id) { context().openItem(Page::leads, id); }
 
+  void ensureLoaded() override;
   void refresh() override;
   QList<FoundRecord> found() const override;
   void ensureFound() override { m_list.ensureLoaded(); }
