@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 
 /// Campaigns on which the agent works, or on which it does not.
 Column {

@@ -92,7 +92,7 @@ SettingsSection {
         width: parent.width - x
         wrapMode: Text.Wrap
         textFormat: Text.PlainText
-        text: [root.mode.lastFlip, root.mode.autoSend].filter(line => line !== "").join("\n")
+        text: root.mode.lastFlip + (root.mode.lastFlip !== "" ? "\n" : "") + root.mode.autoSend
         font: Theme.small
         color: Theme.text2
         Accessible.role: Accessible.StaticText

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
-import Orvella.App
 
 /// Leads to the form's sections; a dot marks those with something unsaved.
 FocusScope {

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// How close the agent is to the workspace's standard, and what it has learned.

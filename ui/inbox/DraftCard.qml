@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// The draft as it is to be sent: in which style, to whom, and its text, which is edited in place.

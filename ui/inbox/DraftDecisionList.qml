@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// What was decided within the last minute, each to be taken back, and what the agent learned of it.

@@ -1,6 +1,5 @@
 import QtQuick
 import Orvella.Design
-import Orvella.App
 import Orvella.Inbox
 
 /// The agent's drafts that wait for a decision, one at a time, or what was decided.
