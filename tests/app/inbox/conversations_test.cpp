@@ -217,7 +217,7 @@ class ConversationsTest : public QObject {
     store->open(id(1));
     f->api.expect(patch(1));
     f->api.answer(get(1), detailOf(threadOf(1)));
-    f->api.fail(patch(1), NoAnswer::offline);
+    f->api.fail(patch(1), NoAnswer(TransportFailure::offline, false));
     QVERIFY(isUnread(1));
     QCOMPARE(f->toasts.count(), 0);
   }
@@ -355,7 +355,7 @@ class ConversationsTest : public QObject {
     f->api.expect(reply(3));
     store->send();
     f->api.expect(list);
-    f->api.fail(reply(3), NoAnswer::timedOut);
+    f->api.fail(reply(3), NoAnswer(TransportFailure::timedOut, true));
     QVERIFY(writing.uncertain());
     QCOMPARE(writing.body(), u"Mine."_s);
     f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
