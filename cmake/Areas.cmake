@@ -10,5 +10,6 @@ set(ORVELLA_AREAS
   Inbox
   Leads
   Rampup
+  Setup
   Settings
 )

@@ -246,9 +246,41 @@ QList<PageAction> SetupProjectStore::runActions(bool isFree) {
            .run = [this] { runs().retry(m_id); }}};
 }
 
+QList<PageAction> SetupProjectStore::rowActions(const RunRow& row, bool isFree) {
+  const QString domain = row.domain, key = row.id;
+  const bool isFolded = m_folded.contains(domain);
+  const int head = m_rows.rowOf(u"domain:"_s + domain);
+  const RunRow& whole = head < 0 ? row : m_rows.records()[size_t(head)];
+  return {
+      {.key = u"checks"_s,
+       .title = u"Check "_s + domain,
+       .icon = u"security-high"_s,
+       .run = [this, key] { select(key); }},
+      {.key = u"authorize"_s,
+       .title = u"Authorize"_s,
+       .icon = u"internet-services"_s,
+       .possible = whole.canAuthorize,
+       .run = [this, domain] { authorize(domain); }},
+      {.key = u"retry"_s,
+       .title = u"Run this domain"_s,
+       .icon = u"media-playback-start"_s,
+       .writes = true,
+       .possible = isFree && whole.canRetry,
+       .run = [this, domain] { retryDomain(domain); }},
+      {.key = u"fold"_s,
+       .title = isFolded ? u"Show its inboxes"_s : u"Fold its inboxes"_s,
+       .icon = u"sidebar-collapse-left"_s,
+       .run = [this, domain] { fold(domain); }},
+  };
+}
+
 QList<PageAction> SetupProjectStore::offered(const QString& record) {
+  if (!record.isEmpty()) {
+    const int row = m_rows.rowOf(record);
+    return row < 0 ? QList<PageAction>() : rowActions(m_rows.records()[size_t(row)], !busy());
+  }
   QList<PageAction> actions = Store::offered(record);
-  if (!record.isEmpty() || !m_project.value()) return actions;
+  if (!m_project.value()) return actions;
   const bool isFree = !busy();
   if (isArchived()) {
     actions.append({.key = u"restore"_s,

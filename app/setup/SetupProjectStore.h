@@ -113,6 +113,7 @@ class SetupProjectStore final : public Store {
   void take(const Change<SetupProject>& change);
   void followRun(const QString& projectId);
   QList<PageAction> runActions(bool isFree);
+  QList<PageAction> rowActions(const RunRow& row, bool isFree);
 
   QString m_id;
   InboxSetupStore& m_list;

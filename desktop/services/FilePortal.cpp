@@ -75,9 +75,12 @@ void registerTypes() {
   Q_UNUSED(done)
 }
 
-QVariant filterOf(const QString& kind, const QString& suffix) {
+/// The endings stand apart by blanks where a kind has several.
+QVariant filterOf(const QString& kind, const QString& suffixes) {
   registerTypes();
-  return QVariant::fromValue(QList<PortalFilter>{{kind, {{0, u"*."_s + suffix}}}});
+  PortalFilter filter{kind, {}};
+  for (const QString& suffix : suffixes.split(u' ')) filter.patterns.append({0, u"*."_s + suffix});
+  return QVariant::fromValue(QList<PortalFilter>{filter});
 }
 
 /// The window that the panel belongs to, as the portal names it; on Wayland it takes none without a handle exported

@@ -1,0 +1,71 @@
+import QtQuick
+import QtQuick.Templates as T
+import Orvella.Design
+
+/// One of several kinds, with a sentence about it.
+T.RadioButton {
+    id: root
+
+    property string title: ""
+    property string detail: ""
+    property bool picked: false
+
+    signal chosen()
+
+    implicitHeight: words.height + 24
+    checked: picked
+    activeFocusOnTab: true
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: title + ", " + detail
+    Accessible.checked: picked
+    Accessible.onPressAction: chosen()
+    onClicked: chosen()
+    Keys.onSpacePressed: chosen()
+
+    background: Rectangle {
+        radius: Theme.radiusCard
+        color: root.picked ? Theme.selected : root.hovered ? Theme.hover : Theme.surface
+        border { width: 1; color: root.picked ? Theme.accentText : Theme.borderField }
+
+        FocusRing { visible: root.visualFocus; innerRadius: Theme.radiusCard }
+    }
+
+    indicator: Rectangle {
+        x: 14
+        y: 14
+        width: 16
+        height: 16
+        radius: 8
+        color: Theme.surface
+        border { width: root.picked ? 5 : 1.5; color: root.picked ? Theme.accent : Theme.borderControl }
+    }
+
+    contentItem: Item {
+        Column {
+            id: words
+            x: 42
+            y: 12
+            width: root.width - 56
+            spacing: 2
+
+            Text {
+                width: parent.width
+                textFormat: Text.PlainText
+                text: root.title
+                font: Theme.bodyStrong
+                color: Theme.text
+                Accessible.ignored: true
+            }
+
+            Text {
+                width: parent.width
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                text: root.detail
+                font: Theme.body
+                color: Theme.text2
+                Accessible.ignored: true
+            }
+        }
+    }
+}
