@@ -13,14 +13,14 @@ namespace orv::demo {
 
 /// What a lead is put together of, by places in the tables.
 struct Traits {
-  bool isInstagram;
-  bool hasPhone;
-  quint8 verification;
-  quint8 title;
-  quint16 company;
-  quint16 given;
-  quint16 family;
-  qint64 followers;
+  bool isInstagram = false;
+  bool hasPhone = false;
+  quint8 verification = 0;
+  quint8 title = 0;
+  quint16 company = 0;
+  quint16 given = 0;
+  quint16 family = 0;
+  qint64 followers = 0;
 };
 
 namespace {
@@ -224,7 +224,18 @@ qint64 LeadBase::numberOf(const QString& id) const {
   return isNumber && number >= 0 && number < m_size ? number : -1;
 }
 
-LeadBase::Plan::Plan(const LeadBase& base, const LeadFilterBody& filter) : m_base(base), m_matcher(filter) {
+LeadBase::Plan::Plan(const LeadBase& base, const LeadFilterBody& filter)
+    : m_base(base), m_matcher(filter), m_asksForFollowers(filter.followersMin || filter.followersMax) {
+  // Those that are followed are looked at one by one.
+  LeadFilterBody anyFollowers = filter;
+  anyFollowers.followersMin.reset();
+  anyFollowers.followersMax.reset();
+  const LeadMatcher people(anyFollowers);
+  for (quint8 i = 0; i < verifications.size(); ++i)
+    for (const bool isInstagram : {false, true})
+      for (const bool hasPhone : {false, true})
+        m_people[isInstagram][i][hasPhone] =
+            people.fits(personOf({.isInstagram = isInstagram, .hasPhone = hasPhone, .verification = i}));
   const auto fits = [this](const auto& facts) { return m_matcher.fits(facts); };
   m_companies = asked(companies().facts, fits);
   m_titles = asked(titles(), fits);
@@ -248,8 +259,17 @@ bool LeadBase::Plan::hasWords(const Traits& traits, size_t which) const {
 
 bool LeadBase::Plan::fits(qint64 number) const {
   const Traits traits = m_base.traits(number);
-  return m_companies[traits.company] && m_titles[traits.title] && m_matcher.fits(personOf(traits)) &&
-         !(m_hasWords[0] && !hasWords(traits, 0)) && !(m_hasWords[1] && hasWords(traits, 1));
+  return m_companies[traits.company] && m_titles[traits.title] &&
+         m_people[traits.isInstagram][traits.verification][traits.hasPhone] &&
+         !(m_asksForFollowers && !m_matcher.fits(personOf(traits))) && !(m_hasWords[0] && !hasWords(traits, 0)) &&
+         !(m_hasWords[1] && hasWords(traits, 1));
+}
+
+qint64 LeadBase::Plan::count() const {
+  if (m_count) return *m_count;
+  m_count = 0;
+  for (qint64 number = 0; number < m_base.size(); ++number) *m_count += fits(number);
+  return *m_count;
 }
 
 std::shared_ptr<const LeadBase::Plan> LeadBase::plan(const LeadFilterBody& filter) const {

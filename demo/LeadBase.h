@@ -30,6 +30,8 @@ class LeadBase {
    public:
     Plan(const LeadBase& base, const LeadFilterBody& filter);
     bool fits(qint64 number) const;
+    /// How many do.
+    qint64 count() const;
 
    private:
     bool hasWords(const Traits& traits, size_t which) const;
@@ -40,6 +42,10 @@ class LeadBase {
     /// Of the words wanted and unwanted.
     std::vector<bool> m_companyHits[2], m_titleHits[2], m_nameHits[2];
     bool m_hasWords[2];
+    /// By database, verification and phone.
+    bool m_people[2][4][2];
+    bool m_asksForFollowers;
+    mutable std::optional<qint64> m_count;
   };
 
   /// The same filter is asked page after page.

@@ -1,5 +1,7 @@
 #include "demo/LeadQuery.h"
 
+#include <algorithm>
+
 #include "kit/models/leads/leadSearch.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -72,11 +74,19 @@ QList<LeadPlace> LeadQuery::first(qint64 limit) const {
 
 LeadQuery::Pools LeadQuery::pools() const {
   Pools pools;
-  eachOfAnyPool({}, [&](LeadPlace lead, qint64) {
-    ++pools.all;
-    pools.used += m_leads.has(lead);
-    return true;
-  });
+  if (m_list || m_isOfNothing || m_campaign) {
+    eachOfAnyPool({}, [&](LeadPlace lead, qint64) {
+      ++pools.all;
+      pools.used += m_leads.has(lead);
+      return true;
+    });
+    return pools;
+  }
+  // What the database holds stays the same, page after page.
+  qint64 own = 0;
+  for (qint64 place = m_leads.base->size(); place < qint64(m_leads.end()); ++place) own += fits(LeadPlace(place));
+  pools.all = m_plan->count() + own;
+  pools.used = own + std::ranges::count_if(m_leads.unlocked(), [this](LeadPlace lead) { return fits(lead); });
   return pools;
 }
 

@@ -77,6 +77,7 @@ class WorkspaceLeads {
   bool has(LeadPlace place) const { return !isFromBase(place) || m_unlocked.contains(place); }
   qint64 ownedCount() const { return m_own.size() + m_unlocked.size(); }
   const QList<LeadRecord>& own() const { return m_own; }
+  const QSet<LeadPlace>& unlocked() const { return m_unlocked; }
 
   LeadPlace addOwn(const LeadRecord& lead);
   /// Of an address that the workspace has.
