@@ -14,7 +14,7 @@ FocusScope {
     readonly property int hiddenCount: all ? 0 : chips.count - fitting
 
     /// The last one that had the focus has gone.
-    signal left()
+    signal walkedOut()
 
     implicitHeight: (all ? flow.height : 24) + 8
 
@@ -41,7 +41,7 @@ FocusScope {
         if (next)
             next.forceActiveFocus(Qt.OtherFocusReason);
         else
-            left();
+            walkedOut();
     }
 
     function fitInto(room: real): int {

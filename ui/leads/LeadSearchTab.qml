@@ -74,7 +74,7 @@ FocusScope {
         head: ResultsHead {
             width: parent.width
             finder: root.finder
-            onLeft: root.focusTable()
+            onWalkedOut: root.focusTable()
         }
     }
 

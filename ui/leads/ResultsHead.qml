@@ -10,7 +10,7 @@ Item {
     required property LeadFinder finder
     readonly property bool narrow: width < 760
 
-    signal left()
+    signal walkedOut()
 
     height: 44 + (chips.visible ? 34 : 0)
 
@@ -68,7 +68,7 @@ Item {
         width: parent.width - 32
         visible: root.finder.filters.any
         filters: root.finder.filters
-        onLeft: root.left()
+        onWalkedOut: root.walkedOut()
     }
 
     ActionMenu {
