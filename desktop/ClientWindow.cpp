@@ -65,6 +65,7 @@ QQuickWindow* ClientWindow::open() {
     return nullptr;
   }
   m_window.reset(window);
+  m_app.notifier()->begin();
   (void)made.release();
   return window;
 }

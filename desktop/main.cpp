@@ -21,6 +21,7 @@
 #include "desktop/services/ClipboardService.h"
 #include "desktop/services/ColorSchemeWatcher.h"
 #include "desktop/services/DesktopFilePanel.h"
+#include "desktop/services/DesktopNotifications.h"
 #include "desktop/services/DesktopProxy.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/JournalFolder.h"
@@ -82,7 +83,7 @@ void endAtContent(QQuickWindow& window, AppModel& app) {
 
 /// The sample's service with its door, for as long as the window needs them.
 struct Demo {
-  Demo(Clock& clock, int campaigns) : service(clock, 1, {campaigns, 0, 0}) {}
+  Demo(Clock& clock, int campaigns) : service(clock, 1, {campaigns, 0, 0}) { service.setRepliesPerMinute(0.5); }
   demo::DemoService service;
   demo::DemoTransport transport{service};
 };
@@ -145,6 +146,8 @@ int run(QGuiApplication& application, const Options& options) {
                     options.fresh ? QString() : kept.stateFolder};
   JournalFolder journal(LogFile::defaultFolder() + u"/journal"_s);
   platform.network = &network;
+  DesktopNotifications notifications(QDBusConnection::sessionBus(), applicationId);
+  platform.notifications = &notifications;
   // The sample and a start without a keyring leave nothing behind.
   if (!sample && !options.fresh) platform.journalFiles = &journal;
   if (sample) platform.demoSession = StoredSession::from(sample->service.signInDirectly(), clock.now());
@@ -173,6 +176,8 @@ int run(QGuiApplication& application, const Options& options) {
                      if (takeLinks(*app.signIn(), opened)) place.bringForward(token);
                    });
   QObject::connect(&instance, &SingleInstance::activated, &place,
+                   [&place](const QString& token) { place.bringForward(token); });
+  QObject::connect(app.notifier(), &Notifier::followed, &place,
                    [&place](const QString& token) { place.bringForward(token); });
   takeLinks(*app.signIn(), links);
   if (!options.demo) {

@@ -31,6 +31,10 @@ Task<R> Account::call(Request<R> request, QString token) {
   }
 }
 
+Task<UnreadCounts> Account::unread(QString token) {
+  co_return co_await call(Requests::unreadCounts(), std::move(token));
+}
+
 Task<void> Account::readTask(QString token) {
   try {
     const MeResponse account = co_await call(Requests::me(), token);

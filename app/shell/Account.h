@@ -24,6 +24,8 @@ class Account final {
   /// The workspace to begin with on another machine.
   void remember(const QString& token, const QString& workspace);
   void cancel();
+  /// Unread mail of all their workspaces.
+  Task<UnreadCounts> unread(QString token);
 
  private:
   template <class R>

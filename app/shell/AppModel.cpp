@@ -54,7 +54,9 @@ AppModel::AppModel(Platform platform, QObject* parent)
       m_openPage(m_router),
       m_departure(m_platform.clock, m_overlays, m_jobs,
                   {.unsaved = [this] { return m_workspaces.unsavedWork(); },
-                   .flush = [this] { return m_workspaces.flush(); }}) {
+                   .flush = [this] { return m_workspaces.flush(); }}),
+      m_notifier(m_platform.clock, m_platform.preferences, m_router, m_platform.notifications,
+                 [this] { return m_account.unread(m_stored->token); }) {
   connect(&m_departure, &Departure::closable, this, &AppModel::closable);
   m_account.onRead = [this](const MeResponse& account) { applyAccount(account); };
   m_account.onEnded = [this](const QString& token) { endSession(token); };
@@ -152,6 +154,7 @@ void AppModel::open(const WorkspaceSummary& workspace) {
   m_router.setWorkspace(workspace.slug);
   m_router.setFeaturesOff(m_session->featuresOff());
   m_openPage.setSession(m_session);
+  m_notifier.enter(m_session->context().shared_from_this());
   m_stored->currentSlug = workspace.slug;
   m_keeper.keep(*m_stored);
   Q_EMIT changed();
@@ -295,6 +298,7 @@ void AppModel::leave(Leaving why) {
   // Before the stores go: they have what was typed.
   why == Leaving::byChoice ? m_journal.forget() : m_journal.close();
   m_account.cancel();
+  m_notifier.leave();
   m_overlays.dismissAll();
   m_toasts.clear();
   m_stored.reset();

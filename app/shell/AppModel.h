@@ -12,6 +12,7 @@
 #include "app/shell/Account.h"
 #include "app/shell/Appearance.h"
 #include "app/shell/Departure.h"
+#include "app/shell/Notifier.h"
 #include "app/shell/OpenPage.h"
 #include "app/shell/Platform.h"
 #include "app/shell/ProgramModel.h"
@@ -43,6 +44,7 @@ class AppModel final : public QObject {
   Q_PROPERTY(orv::Jobs* jobs READ jobs CONSTANT)
   Q_PROPERTY(orv::Departure* departure READ departure CONSTANT)
   Q_PROPERTY(orv::ProgramModel* program READ program CONSTANT)
+  Q_PROPERTY(orv::Notifier* notifier READ notifier CONSTANT)
 
  public:
   enum class Phase { booting, signedOut, signedIn };
@@ -80,6 +82,8 @@ class AppModel final : public QObject {
   Appearance* appearance() { return &m_appearance; }
   Jobs* jobs() { return &m_jobs; }
   Departure* departure() { return &m_departure; }
+  /// Somebody has to begin() it.
+  Notifier* notifier() { return &m_notifier; }
   Journal& journal() { return m_journal; }
   ProgramModel* program() { return &m_program; }
 
@@ -151,6 +155,7 @@ class AppModel final : public QObject {
   WarmWorkspaces m_workspaces;
   OpenPage m_openPage;
   Departure m_departure;
+  Notifier m_notifier;
 
   TaskSlot m_boot;
   TaskSlot m_bootPatience;

@@ -9,6 +9,7 @@
 #include "kit/session/authRequests.h"
 #include "tests/service/ServiceProcess.h"
 #include "tests/support/AppFixture.h"
+#include "tests/support/FakeNotifications.h"
 #include "tests/support/await.h"
 
 namespace orv::test {
@@ -27,6 +28,7 @@ struct Desk {
   FakeFilePanel filePanel;
   FakeRevealer revealer;
   MemoryPressure memoryPressure;
+  FakeNotifications notifications;
 };
 
 /// The real application against a service, from its start to its end. Only the desktop is faked.
@@ -36,7 +38,8 @@ class Client {
   Client(Desk& desk, const QUrl& service, Preferences& preferences)
       : m_api({service}, ClientIdentity::current(), APIClient::Limits()),
         m_app({m_api, desk.keychain, desk.clock, preferences, desk.browser, desk.clipboard, desk.filePanel,
-               desk.revealer, desk.memoryPressure, service, Device{}, std::nullopt}) {
+               desk.revealer, desk.memoryPressure, service, Device{}, std::nullopt, {}, nullptr, nullptr,
+               &desk.notifications}) {
     QObject::connect(&toasts(), &QAbstractItemModel::rowsInserted, &m_app, [this](const QModelIndex&, int row, int) {
       const auto& toast = toasts().toasts().at(row);
       m_told.append(toast.message);

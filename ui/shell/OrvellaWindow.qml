@@ -34,6 +34,7 @@ Window {
     }
 
     onActiveChanged: {
+        app.notifier.setActive(active);
         if (active)
             app.refreshAccount();
     }

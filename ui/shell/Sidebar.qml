@@ -15,6 +15,7 @@ FocusScope {
     readonly property Router router: app.router
     readonly property var pages: router.pages
     readonly property real itemWidth: width - 17
+    readonly property int unread: app.notifier.unread[app.session !== null ? app.session.slug : ""] ?? 0
 
     width: rail ? 56 : 232
 
@@ -129,6 +130,7 @@ FocusScope {
                 text: modelData.title
                 iconName: modelData.iconName
                 keys: "G " + modelData.key
+                count: modelData.page === "inbox" ? root.unread : 0
                 current: root.router.page === modelData.page
                 onClicked: root.router.open(modelData.page)
             }

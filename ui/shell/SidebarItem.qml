@@ -10,6 +10,8 @@ T.AbstractButton {
     property string keys: ""
     property bool current: false
     property bool rail: false
+    /// What waits there, shown when there is some.
+    property int count: 0
     property real bottomRoom: 0
 
     height: 32 + bottomRoom
@@ -18,7 +20,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.description: current ? "Current page" : ""
+    Accessible.description: [current ? "Current page" : "", count > 0 ? count + " unread" : ""].filter(text => text !== "").join(", ")
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
@@ -42,10 +44,18 @@ T.AbstractButton {
             color: root.current ? Theme.accentText : Theme.text2
         }
 
+        CountMark {
+            id: mark
+            x: parent.width - width - (root.rail ? -2 : 10)
+            y: root.rail ? -4 : 8
+            count: root.count
+            strong: root.rail
+        }
+
         Text {
             visible: !root.rail
             x: 36
-            width: parent.width - x - 10
+            width: (mark.visible ? mark.x - 8 : parent.width - 10) - x
             height: 32
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight

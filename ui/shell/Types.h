@@ -6,6 +6,7 @@
 #include "app/shell/Appearance.h"
 #include "app/shell/CommandPalette.h"
 #include "app/shell/Commands.h"
+#include "app/shell/Notifier.h"
 #include "app/shell/OpenPage.h"
 #include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
@@ -33,6 +34,13 @@ struct CommandPaletteType {
   Q_GADGET
   QML_FOREIGN(orv::CommandPalette)
   QML_NAMED_ELEMENT(CommandPalette)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct NotifierType {
+  Q_GADGET
+  QML_FOREIGN(orv::Notifier)
+  QML_NAMED_ELEMENT(Notifier)
   QML_UNCREATABLE("The application model owns it.")
 };
 

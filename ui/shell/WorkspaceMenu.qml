@@ -16,10 +16,11 @@ OrvMenu {
 
         OrvMenuItem {
             required property var modelData
+            readonly property int unread: root.app.notifier.unread[modelData.slug] ?? 0
 
             text: modelData.name
             iconName: modelData.current ? "checkmark" : "system-users"
-            shortcutText: modelData.slug
+            shortcutText: unread > 0 ? modelData.slug + " · " + unread + " unread" : modelData.slug
             onTriggered: root.app.openWorkspace(modelData.slug)
         }
 
