@@ -106,8 +106,10 @@ QList<SweepRow> campaignPageRows();
 QList<SweepRow> campaignLeadRows();
 QList<SweepRow> figureRows();
 QList<SweepRow> inboxRows();
+QList<SweepRow> inboxReviewRows();
 QList<SweepRow> leadListRows();
 QList<SweepRow> leadSearchRows();
 QList<SweepRow> rampupRows();
+QList<SweepRow> settingsRows();
 
 }  // namespace orv::test

@@ -13,10 +13,13 @@
 #include "app/campaigns/CampaignsStore.h"
 #include "app/deliverability/DeliverabilityStore.h"
 #include "app/figures/RangeForm.h"
+#include "app/inbox/AgentSettingsStore.h"
+#include "app/inbox/DraftsStore.h"
 #include "app/inbox/InboxStore.h"
 #include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
 #include "app/rampup/RampupAccountStore.h"
+#include "app/settings/SettingsStore.h"
 #include "tests/app/sweep/Sweep.h"
 
 using namespace orv;
@@ -27,7 +30,8 @@ namespace {
 
 QList<SweepRow> allRows() {
   return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
-         figureRows() + inboxRows() + leadListRows() + leadSearchRows() + rampupRows();
+         figureRows() + inboxRows() + inboxReviewRows() + leadListRows() + leadSearchRows() + rampupRows() +
+         settingsRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -46,65 +50,32 @@ QStringList operationsOf(const QMetaObject& type) {
   return operations;
 }
 
-const QList<const QMetaObject*> stores{&AccountActions::staticMetaObject,
-                                       &AccountActivity::staticMetaObject,
-                                       &AccountDetail::staticMetaObject,
-                                       &AccountSettings::staticMetaObject,
-                                       &AddAccount::staticMetaObject,
-                                       &ConnectionForm::staticMetaObject,
-                                       &GoogleConnect::staticMetaObject,
-                                       &ReconnectAccount::staticMetaObject,
-                                       &AccountsStore::staticMetaObject,
-                                       &AccountBulk::staticMetaObject,
-                                       &CampaignsStore::staticMetaObject,
-                                       &CampaignStore::staticMetaObject,
-                                       &CampaignLeads::staticMetaObject,
-                                       &CampaignSettings::staticMetaObject,
-                                       &ScheduleForm::staticMetaObject,
-                                       &SenderPicker::staticMetaObject,
-                                       &Subsequences::staticMetaObject,
-                                       &LeadMove::staticMetaObject,
-                                       &LeadPanel::staticMetaObject,
-                                       &LeadAdding::staticMetaObject,
-                                       &SequenceEditor::staticMetaObject,
-                                       &SequencePreview::staticMetaObject,
-                                       &SequenceAutosave::staticMetaObject,
-                                       &TestEmailForm::staticMetaObject,
-                                       &CampaignStatsStore::staticMetaObject,
-                                       &AnalyticsStore::staticMetaObject,
-                                       &DashboardStore::staticMetaObject,
-                                       &RangeForm::staticMetaObject,
-                                       &DeliverabilityStore::staticMetaObject,
-                                       &RampupStore::staticMetaObject,
-                                       &RampupBulk::staticMetaObject,
-                                       &RampupDetails::staticMetaObject,
-                                       &RoadmapTemplates::staticMetaObject,
-                                       &AddToTemplate::staticMetaObject,
-                                       &RoadmapEditor::staticMetaObject,
-                                       &WarmupForm::staticMetaObject,
-                                       &RampupAccountStore::staticMetaObject,
-                                       &AddToCampaign::staticMetaObject,
-                                       &AddToList::staticMetaObject,
-                                       &CsvImportForm::staticMetaObject,
-                                       &LeadExport::staticMetaObject,
-                                       &LeadImports::staticMetaObject,
-                                       &LeadListForm::staticMetaObject,
-                                       &LeadListPicker::staticMetaObject,
-                                       &LeadLists::staticMetaObject,
-                                       &LeadsStore::staticMetaObject,
-                                       &FacetList::staticMetaObject,
-                                       &LeadAllowance::staticMetaObject,
-                                       &LeadCard::staticMetaObject,
-                                       &LeadColumns::staticMetaObject,
-                                       &LeadFilters::staticMetaObject,
-                                       &LeadFinder::staticMetaObject,
-                                       &LeadResults::staticMetaObject,
-                                       &SavedSearches::staticMetaObject,
-                                       &LeadListStore::staticMetaObject,
-                                       &Conversation::staticMetaObject,
-                                       &InboxStore::staticMetaObject,
-                                       &ThreadList::staticMetaObject,
-                                       &Writing::staticMetaObject};
+const QList<const QMetaObject*> stores{
+    &AccountActions::staticMetaObject,     &AccountActivity::staticMetaObject,     &AccountDetail::staticMetaObject,
+    &AccountSettings::staticMetaObject,    &AddAccount::staticMetaObject,          &ConnectionForm::staticMetaObject,
+    &GoogleConnect::staticMetaObject,      &ReconnectAccount::staticMetaObject,    &AccountsStore::staticMetaObject,
+    &AccountBulk::staticMetaObject,        &CampaignsStore::staticMetaObject,      &CampaignStore::staticMetaObject,
+    &CampaignLeads::staticMetaObject,      &CampaignSettings::staticMetaObject,    &ScheduleForm::staticMetaObject,
+    &SenderPicker::staticMetaObject,       &Subsequences::staticMetaObject,        &LeadMove::staticMetaObject,
+    &LeadPanel::staticMetaObject,          &LeadAdding::staticMetaObject,          &SequenceEditor::staticMetaObject,
+    &SequencePreview::staticMetaObject,    &SequenceAutosave::staticMetaObject,    &TestEmailForm::staticMetaObject,
+    &CampaignStatsStore::staticMetaObject, &AnalyticsStore::staticMetaObject,      &DashboardStore::staticMetaObject,
+    &RangeForm::staticMetaObject,          &DeliverabilityStore::staticMetaObject, &RampupStore::staticMetaObject,
+    &RampupBulk::staticMetaObject,         &RampupDetails::staticMetaObject,       &RoadmapTemplates::staticMetaObject,
+    &AddToTemplate::staticMetaObject,      &RoadmapEditor::staticMetaObject,       &WarmupForm::staticMetaObject,
+    &RampupAccountStore::staticMetaObject, &AddToCampaign::staticMetaObject,       &AddToList::staticMetaObject,
+    &CsvImportForm::staticMetaObject,      &LeadExport::staticMetaObject,          &LeadImports::staticMetaObject,
+    &LeadListForm::staticMetaObject,       &LeadListPicker::staticMetaObject,      &LeadLists::staticMetaObject,
+    &LeadsStore::staticMetaObject,         &FacetList::staticMetaObject,           &LeadAllowance::staticMetaObject,
+    &LeadCard::staticMetaObject,           &LeadColumns::staticMetaObject,         &LeadFilters::staticMetaObject,
+    &LeadFinder::staticMetaObject,         &LeadResults::staticMetaObject,         &SavedSearches::staticMetaObject,
+    &LeadListStore::staticMetaObject,      &Conversation::staticMetaObject,        &InboxStore::staticMetaObject,
+    &DraftsStore::staticMetaObject,        &DraftDecisions::staticMetaObject,      &DraftQueue::staticMetaObject,
+    &DraftHistory::staticMetaObject,       &DraftReason::staticMetaObject,         &TrainingFeedback::staticMetaObject,
+    &AgentForm::staticMetaObject,          &AgentMode::staticMetaObject,           &AgentCampaigns::staticMetaObject,
+    &AgentLessons::staticMetaObject,       &ThreadList::staticMetaObject,          &Writing::staticMetaObject,
+    &ClientForm::staticMetaObject,         &InviteForm::staticMetaObject,          &InvitesStore::staticMetaObject,
+    &MembersStore::staticMetaObject,       &SettingsStore::staticMetaObject,       &WorkspaceForm::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -164,7 +135,18 @@ const std::map<QString, QStringList> sendNothing{
     {u"LeadListStore"_s, {u"openLists"_s, u"exportCsv"_s}},
     {u"Conversation"_s, {u"fold"_s, u"replying"_s, u"editing"_s}},
     {u"InboxStore"_s, {u"openLink"_s, u"copyAddress"_s, u"section"_s, u"leadsWidth"_s}},
+    {u"DraftsStore"_s, {u"openChat"_s}},
+    {u"DraftQueue"_s, {u"goForward"_s, u"goBack"_s}},
+    {u"DraftReason"_s, {u"ask"_s}},
+    {u"AgentForm"_s, {u"set"_s, u"discard"_s}},
+    {u"AgentLessons"_s, {u"beginAdd"_s}},
     {u"Writing"_s, {u"appear"_s, u"disappear"_s, u"discard"_s, u"body"_s, u"cc"_s, u"bcc"_s}},
+    {u"ClientForm"_s, {u"set"_s}},
+    {u"InviteForm"_s, {u"set"_s}},
+    {u"MembersStore"_s, {u"roleOf"_s, u"canChange"_s}},
+    {u"SettingsStore"_s,
+     {u"invite"_s, u"createClient"_s, u"copyWorkspaceId"_s, u"openOnWeb"_s, u"positiveReplies"_s, u"accountErrors"_s}},
+    {u"WorkspaceForm"_s, {u"set"_s, u"discard"_s, u"zones"_s}},
 };
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
@@ -190,7 +172,13 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"LeadListStore"_s, {u"importInto"_s, u"dropFile"_s}},
     {u"Conversation"_s, {u"ensureContact"_s}},
     {u"InboxStore"_s, {u"open"_s, u"step"_s}},
+    {u"DraftsStore"_s, {u"historyShown"_s}},
+    {u"DraftDecisions"_s, {u"undo"_s}},
+    {u"DraftHistory"_s, {u"tab"_s}},
+    {u"DraftReason"_s, {u"submit"_s}},
+    {u"TrainingFeedback"_s, {u"undo"_s}},
     {u"ThreadList"_s, {u"tab"_s, u"query"_s, u"label"_s, u"mailbox"_s, u"showAll"_s, u"showNewMail"_s}},
+    {u"SettingsStore"_s, {u"tab"_s, u"deleteWorkspace"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
