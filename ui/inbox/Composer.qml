@@ -23,7 +23,7 @@ FocusScope {
     readonly property real wantedHeight: fields.height + Math.max(leastHeight, input.contentHeight + 12)
 
     signal sendRequested()
-    signal left()
+    signal leaveRequested()
 
     implicitHeight: Math.min(mostHeight, wantedHeight)
 
@@ -62,7 +62,7 @@ FocusScope {
     Component.onCompleted: watch(writing)
     Component.onDestruction: watch(null)
 
-    Keys.onEscapePressed: left()
+    Keys.onEscapePressed: leaveRequested()
     Keys.onPressed: event => {
         const wants = (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ControlModifier;
         event.accepted = wants;
@@ -156,7 +156,7 @@ FocusScope {
             Keys.priority: Keys.BeforeItem
             Keys.onTabPressed: event => root.leaveText(event, true)
             Keys.onBacktabPressed: event => root.leaveText(event, false)
-            Keys.onEscapePressed: root.left()
+            Keys.onEscapePressed: root.leaveRequested()
             Keys.onPressed: event => {
                 event.accepted = (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && (event.modifiers & Qt.ControlModifier) !== 0;
                 if (event.accepted)

@@ -13,10 +13,10 @@ FocusScope {
     property bool withContact: false
 
     /// The person goes back to the list.
-    signal left()
+    signal leaveRequested()
     signal contactRequested()
 
-    Keys.onEscapePressed: left()
+    Keys.onEscapePressed: leaveRequested()
 
     ConversationHeader {
         id: header
@@ -81,7 +81,7 @@ FocusScope {
                 conversation: root.conversation
                 folded: root.conversation.replying
                 mostHeight: Math.max(140, view.height * 0.55)
-                onLeft: root.left()
+                onLeaveRequested: root.leaveRequested()
             }
 
             ReplyBox {
@@ -91,7 +91,7 @@ FocusScope {
                 store: root.store
                 conversation: root.conversation
                 mostHeight: Math.max(140, view.height * 0.5)
-                onLeft: root.left()
+                onLeaveRequested: root.leaveRequested()
             }
 
             Row {
@@ -125,7 +125,7 @@ FocusScope {
             draft.take();
         }
         function onReplySent() {
-            root.left();
+            root.leaveRequested();
         }
     }
 }

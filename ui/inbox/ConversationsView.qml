@@ -55,7 +55,7 @@ FocusScope {
             store: root.store
             conversation: root.conversation
             withContact: root.narrow
-            onLeft: list.focusRows()
+            onLeaveRequested: list.focusRows()
             onContactRequested: contactDrawer.shown = true
         }
     }

@@ -185,7 +185,7 @@ FocusScope {
                 label: "Draft"
                 editable: root.store.canWrite
                 onSendRequested: root.store.act("approve")
-                onLeft: skip.forceActiveFocus(Qt.OtherFocusReason)
+                onLeaveRequested: skip.forceActiveFocus(Qt.OtherFocusReason)
             }
         }
 

@@ -12,7 +12,7 @@ Rectangle {
     readonly property bool sending: writing !== null && writing.sending
     property real mostHeight: 320
 
-    signal left()
+    signal leaveRequested()
 
     function take() {
         if (composer.field)
@@ -98,9 +98,9 @@ Rectangle {
             placeholder: root.conversation.hasDraft ? "Write a separate message (not the AI draft)…" : "Write your reply…"
             editable: root.store.canWrite && !root.sending
             onSendRequested: root.store.act("send")
-            onLeft: {
+            onLeaveRequested: {
                 root.conversation.replying = false;
-                root.left();
+                root.leaveRequested();
             }
         }
     }
@@ -137,7 +137,7 @@ Rectangle {
                 onClicked: {
                     root.writing.discard();
                     root.conversation.replying = false;
-                    root.left();
+                    root.leaveRequested();
                 }
             }
 

@@ -25,7 +25,7 @@ OrvTableRow {
         column: root.column
         label: root.said
 
-        readonly property real right: width - 16
+        readonly property real edge: width - 16
 
         Rectangle {
             visible: root.unread
@@ -68,7 +68,7 @@ OrvTableRow {
 
         Text {
             id: time
-            x: cell.right - width
+            x: cell.edge - width
             y: 10
             height: 20
             verticalAlignment: Text.AlignVCenter
@@ -82,7 +82,7 @@ OrvTableRow {
         Text {
             x: 28
             y: 30
-            width: cell.right - x
+            width: cell.edge - x
             height: 18
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
@@ -96,7 +96,7 @@ OrvTableRow {
         Text {
             x: 28
             y: 48
-            width: cell.right - x
+            width: cell.edge - x
             height: 18
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight

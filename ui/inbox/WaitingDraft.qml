@@ -13,7 +13,7 @@ Rectangle {
     property bool folded: false
     property real mostHeight: 320
 
-    signal left()
+    signal leaveRequested()
 
     function take() {
         editor.take();
@@ -177,9 +177,9 @@ Rectangle {
             placeholder: ""
             editable: root.store.canWrite && !root.store.deciding
             onSendRequested: root.store.act("approve")
-            onLeft: {
+            onLeaveRequested: {
                 root.conversation.editing = false;
-                root.left();
+                root.leaveRequested();
             }
         }
     }
