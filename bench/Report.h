@@ -50,6 +50,7 @@ bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);
 bool leads(Scale scale);
+bool leadSearch(Scale scale);
 bool lists(Scale scale);
 bool start(Scale scale);
 bool window(Scale scale);
