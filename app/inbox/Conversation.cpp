@@ -199,7 +199,9 @@ QStringList Conversation::outgoing() const {
   for (const Draft& one : m_detail.value()->drafts) {
     const bool isDone = std::ranges::any_of(m_detail.value()->messages,
                                             [&one](const InboxMessage& message) { return message.draftId == one.id; });
-    if (isDone) continue;
+    // What can still be taken back is said where it can.
+    const auto due = parsePlatformDate(one.dueAt);
+    if (isDone || (due && *due > services().clock.now())) continue;
     if (one.error && !one.error->isEmpty())
       lines.append(u"Couldn’t send. "_s + shownName(*one.error));
     else if (one.approvedAt && !one.isWaiting() && !one.reviewOutcome.value_or(QString()).startsWith("skip"_L1))

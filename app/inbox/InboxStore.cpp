@@ -4,6 +4,7 @@
 
 #include "app/base/EnumName.h"
 #include "app/base/shownName.h"
+#include "app/inbox/DraftsStore.h"
 #include "app/inbox/addresses.h"
 #include "kit/models/campaigns/campaignRequests.h"
 
@@ -34,6 +35,8 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
   connect(&m_campaigns, &ResourceBase::valueChanged, this, [this] {
     if (conversation()) Q_EMIT conversation()->changed();
   });
+  if (auto* review = qobject_cast<DraftsStore*>(drafts))
+    connect(review->decisions(), &DraftDecisions::changed, this, &InboxStore::busyChanged);
   connect(&writings, &Writings::changed, this, [this](const QString& threadId) {
     const Writing* reply = m_writings.findReply(threadId);
     m_threads.rows().setWritten(threadId, reply && reply->dirty());

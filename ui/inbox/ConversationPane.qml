@@ -54,6 +54,13 @@ FocusScope {
             bottomPadding: 14
             spacing: 8
 
+            DraftDecisionList {
+                visible: count > 0
+                width: parent.width
+                mostHeight: 84
+                drafts: root.store.drafts as DraftsStore
+            }
+
             Repeater {
                 model: root.conversation.outgoing
 
