@@ -85,8 +85,8 @@ class LeadsJourneyTest : public QObject {
   void aFileBecomesAListAndTheListACampaign() {
     const Dashboard before = client->sendElsewhere(Requests::dashboard());
     CsvImportForm& form = *actions().importing();
-    form.setFile(writeFile(1200));
     form.show();
+    form.setFile(writeFile(1200));
     QTRY_VERIFY(!form.looking());
     QTRY_VERIFY(form.list()->lists()->hasContent());
     form.list()->setCurrent(LeadListPicker::makeNew);
