@@ -38,12 +38,6 @@ FocusScope {
         placeActions: [
             OrvButton {
                 kind: "ghost"
-                text: "Export CSV"
-                iconName: "document-export"
-                onClicked: root.store.exportCsv()
-            },
-            OrvButton {
-                kind: "ghost"
                 text: "Remove from list"
                 iconName: "edit-delete"
                 busy: root.store.busy
