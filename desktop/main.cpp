@@ -23,6 +23,7 @@
 #include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/DesktopNotifications.h"
 #include "desktop/services/DesktopProxy.h"
+#include "desktop/services/FeedReader.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/JournalFolder.h"
 #include "desktop/services/LogFile.h"
@@ -32,6 +33,7 @@
 #include "desktop/services/SchemeRegistration.h"
 #include "desktop/services/SettingsPreferences.h"
 #include "desktop/services/SingleInstance.h"
+#include "desktop/services/StallRecorder.h"
 #include "kit/api/APIClient.h"
 #include "kit/session/KeptPlaces.h"
 #include "kit/session/SecretServiceKeychain.h"
@@ -103,7 +105,7 @@ bool takeLinks(SignInModel& signIn, const QStringList& links) {
   return isExpected;
 }
 
-int run(QGuiApplication& application, const Options& options) {
+int run(QGuiApplication& application, const Options& options, LogFile& log) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
   // The sample neither takes links nor minds a second window.
@@ -144,6 +146,9 @@ int run(QGuiApplication& application, const Options& options) {
                     ClientWindow::thisDevice(),
                     {},
                     options.fresh ? QString() : kept.stateFolder};
+  platform.log = &log;
+  const auto feed = FeedReader::configured();
+  platform.releases = feed.get();
   JournalFolder journal(LogFile::defaultFolder() + u"/journal"_s);
   platform.network = &network;
   DesktopNotifications notifications(QDBusConnection::sessionBus(), applicationId);
@@ -220,7 +225,8 @@ int main(int argc, char** argv) {
   QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
   QGuiApplication::setDesktopFileName(applicationId);
 
-  const LogFile log(LogFile::defaultFolder());
+  LogFile log(LogFile::defaultFolder());
+  const StallRecorder stalls(*QAbstractEventDispatcher::instance());
   useSoftwareWithoutGraphics();
-  return run(application, options);
+  return run(application, options, log);
 }

@@ -36,7 +36,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
       m_appearance(m_platform.preferences),
       m_signIn(m_platform.api, m_platform.clock, m_platform.browser, m_platform.baseURL, m_platform.device),
       m_journal(m_platform.journalFiles ? *m_platform.journalFiles : m_memoryFiles, m_platform.clock),
-      m_program(*this, m_platform),
+      m_program(*this, m_platform, m_toasts),
       m_services{m_platform.clock,
                  m_toasts,
                  m_overlays,

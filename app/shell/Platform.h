@@ -3,6 +3,7 @@
 #include <QUrl>
 #include <optional>
 
+#include "app/base/desktop/ActivityLog.h"
 #include "app/base/desktop/Browser.h"
 #include "app/base/desktop/Clipboard.h"
 #include "app/base/desktop/FilePanel.h"
@@ -12,6 +13,7 @@
 #include "app/base/desktop/NetworkWatch.h"
 #include "app/base/desktop/Notifications.h"
 #include "app/base/desktop/Preferences.h"
+#include "app/base/desktop/ReleaseFeed.h"
 #include "kit/api/APITransport.h"
 #include "kit/async/Clock.h"
 #include "kit/session/Keychain.h"
@@ -43,6 +45,10 @@ struct Platform {
   NetworkWatch* network = nullptr;
   /// Null where nobody is to be told anything beside the window.
   Notifications* notifications = nullptr;
+  /// Null where nothing is written down.
+  ActivityLog* log = nullptr;
+  /// Null where nobody asked to be told of newer versions.
+  ReleaseFeed* releases = nullptr;
 };
 
 }  // namespace orv

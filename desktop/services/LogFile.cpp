@@ -103,6 +103,15 @@ void LogFile::open() {
   if (m_file.open(QIODevice::WriteOnly | QIODevice::Append, own)) m_file.setPermissions(own);
 }
 
+QStringList LogFile::lines(int atMost) const {
+  QStringList lines;
+  // What was turned over a moment ago is as new as what came since.
+  for (const QString& path : {olderPath(1), m_file.fileName()})
+    if (QFile file(path); file.open(QIODevice::ReadOnly))
+      lines += QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+  return lines.mid(std::max<qsizetype>(0, lines.size() - atMost));
+}
+
 QString LogFile::olderPath(int age) const { return m_folder + u"/orvella.%1.log"_s.arg(age); }
 
 void LogFile::rotate() {

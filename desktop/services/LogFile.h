@@ -3,13 +3,15 @@
 #include <QFile>
 #include <QMutex>
 
+#include "app/base/desktop/ActivityLog.h"
+
 namespace orv {
 
 /// While it lives, everything logged goes to a file of the person's own (and to stderr as before), without secrets.
 ///
 /// Nothing should log a secret in the first place; that one which slips through stays readable for nobody is this
 /// sink's part. One per process.
-class LogFile {
+class LogFile final : public ActivityLog {
  public:
   struct Limits {
     qint64 bytes = 1 << 20;
@@ -26,8 +28,9 @@ class LogFile {
   LogFile(const QString& folder, Limits limits);
   LogFile(const LogFile&) = delete;
   LogFile& operator=(const LogFile&) = delete;
-  ~LogFile();
+  ~LogFile() override;
 
+  QStringList lines(int atMost) const override;
   QString path() const { return m_file.fileName(); }
 
  private:

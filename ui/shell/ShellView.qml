@@ -54,6 +54,14 @@ FocusScope {
         palette: root.palette
     }
 
+    ChangelogDialog {
+        program: root.app.program
+    }
+
+    LogDialog {
+        program: root.app.program
+    }
+
     ShortcutSheet {
         router: root.router
         commands: root.commands

@@ -8,6 +8,7 @@
 #include "app/shell/Commands.h"
 #include "app/shell/Notifier.h"
 #include "app/shell/OpenPage.h"
+#include "app/shell/ProgramModel.h"
 #include "app/shell/Router.h"
 #include "app/shell/SignInModel.h"
 #include "app/shell/WorkspaceSession.h"
@@ -62,6 +63,13 @@ struct OpenPageType {
   Q_GADGET
   QML_FOREIGN(orv::OpenPage)
   QML_NAMED_ELEMENT(OpenPage)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ProgramModelType {
+  Q_GADGET
+  QML_FOREIGN(orv::ProgramModel)
+  QML_NAMED_ELEMENT(ProgramModel)
   QML_UNCREATABLE("The application model owns it.")
 };
 
