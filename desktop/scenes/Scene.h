@@ -30,6 +30,8 @@ QList<Scene> accountsScenes();
 QList<Scene> accountDetailScenes();
 QList<Scene> deliverabilityScenes();
 QList<Scene> rampupScenes();
+QList<Scene> settingsScenes();
+QList<Scene> setupScenes();
 QList<Scene> inboxScenes();
 QList<Scene> draftsScenes();
 QList<Scene> leadListsScenes();
@@ -38,7 +40,7 @@ QList<Scene> leadsScenes();
 inline QList<Scene> allScenes() {
   return signInScenes() + shellScenes() + analyticsScenes() + campaignsScenes() + campaignScenes() + accountsScenes() +
          accountDetailScenes() + deliverabilityScenes() + rampupScenes() + leadsScenes() + leadListsScenes() +
-         inboxScenes() + draftsScenes();
+         inboxScenes() + draftsScenes() + settingsScenes() + setupScenes();
 }
 
 }  // namespace orv
