@@ -75,7 +75,7 @@ void DemoService::setRole(const QString& slug, const QString& email, const QStri
 
 QString DemoService::bringReply(const QString& slug, const QString& label) {
   DemoWorkspace* const workspace = m_state.find(slug);
-  return workspace ? receiveReply(*workspace, label, m_clock.now()).id() : QString();
+  return workspace ? receiveReply(*workspace, {.label = label}, m_clock.now()).id() : QString();
 }
 
 QString DemoService::googleCode(const QString& email, const QString& challenge) {

@@ -23,6 +23,41 @@ QString filledIn(QString text, const DemoThread& thread) {
   return text.replace(u"{company}"_s, thread.record.lead ? thread.record.lead->company.value_or(name) : name);
 }
 
+/// Unread, as it has just come.
+InboxThread threadWith(const CampaignLead& person, const Talk& talk) {
+  InboxThread record;
+  record.contactAddress = person.email;
+  record.contactName = person.firstName.value_or(QString()) + u' ' + person.lastName.value_or(QString());
+  record.lead = InboxThread::LeadRef{person.id, record.contactName, person.company, person.title};
+  record.kind = talk.kind;
+  record.status = orv::words::threadOpen;
+  record.unread = true;
+  if (!talk.label.isEmpty()) {
+    record.label = ThreadLabel(talk.label);
+    record.labelSource = u"agent"_s;
+  }
+  return record;
+}
+
+/// It answers an email of one of the campaigns that have been launched; where there are none, just a mailbox.
+void putInCampaign(InboxThread& record, const DemoWorkspace& workspace, DemoRandom& random) {
+  QList<const DemoCampaign*> sending;
+  for (const DemoCampaign& campaign : workspace.campaigns)
+    if (!campaign.archivedAt && campaign.record.launchedAt && !campaign.senders().isEmpty()) sending.append(&campaign);
+  if (!sending.isEmpty()) {
+    const DemoCampaign& campaign = *random.pick(sending);
+    const CampaignSender& sender = random.pick(campaign.senders());
+    record.campaignId = campaign.record.id;
+    record.campaignStep = random.between(1, std::max<qint64>(1, campaign.steps().size()));
+    record.mailboxId = sender.mailboxId;
+    record.mailboxAddress = sender.address;
+  } else if (!workspace.mailboxes.isEmpty()) {
+    const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
+    record.mailboxId = mailbox.id();
+    record.mailboxAddress = mailbox.record.address;
+  }
+}
+
 InboxMessage sentMessage(const DemoThread& thread, const DemoDraft& draft, const QString& at) {
   const bool own = draft.record.source != u"agent"_s;
   InboxMessage message;
@@ -125,65 +160,44 @@ QString modeIn(const DemoWorkspace& workspace, const DemoThread& thread) {
   return workspace.inbox.modes.value(campaign, workspace.inbox.settings.defaultMode);
 }
 
-DemoThread& receiveReply(DemoWorkspace& workspace, const QString& label, const QDateTime& now) {
+InboxMessage messageIn(const DemoThread& thread, const QString& direction, const QString& text, const QDateTime& at) {
+  const InboxThread& record = thread.record;
+  InboxMessage message;
+  message.id = u"m_%1_%2"_s.arg(record.id).arg(thread.messages.size());
+  message.direction = direction;
+  message.state = message.isInbound() ? u"received"_s : u"sent"_s;
+  message.fromAddress = message.isInbound() ? record.contactAddress : record.mailboxAddress;
+  message.toAddress = message.isInbound() ? record.mailboxAddress : record.contactAddress;
+  if (message.isInbound()) message.fromName = record.contactName;
+  message.subject = record.subject;
+  message.body = filledIn(text, thread);
+  message.kind = message.isInbound() ? record.kind : u"campaign"_s;
+  message.at = formatPlatformDate(at);
+  return message;
+}
+
+DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now) {
   DemoInbox& inbox = workspace.inbox;
   const qint64 number = ++inbox.lastNumber;
   DemoRandom random = DemoRandom::of(workspace.slug, quint64(number));
-  const Talk& talk = label.isEmpty() ? random.pick(talks()) : talkOf(label);
-  const CampaignLead person = makePerson(random, 70'000 + number);
+  const Talk& talk = incoming.label.isEmpty() ? random.pick(talks()) : talkOf(incoming.label);
   DemoThread thread;
   InboxThread& record = thread.record;
+  record = threadWith(incoming.person.value_or(makePerson(random, 70'000 + number)), talk);
   record.id = u"th_%1_%2"_s.arg(workspace.slug).arg(number);
   record.number = number;
-  record.contactAddress = person.email;
-  record.contactName = *person.firstName + u' ' + *person.lastName;
-  record.lead = InboxThread::LeadRef{person.id, record.contactName, person.company, person.title};
-  QList<const DemoCampaign*> sending;
-  for (const DemoCampaign& campaign : workspace.campaigns)
-    if (!campaign.archivedAt && campaign.record.launchedAt && !campaign.senders().isEmpty()) sending.append(&campaign);
-  if (!sending.isEmpty()) {
-    const DemoCampaign& campaign = *random.pick(sending);
-    const CampaignSender& sender = random.pick(campaign.senders());
-    record.campaignId = campaign.record.id;
-    record.campaignStep = random.between(1, std::max<qint64>(1, campaign.steps().size()));
-    record.mailboxId = sender.mailboxId;
-    record.mailboxAddress = sender.address;
-  } else if (!workspace.mailboxes.isEmpty()) {
-    const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
-    record.mailboxId = mailbox.id();
-    record.mailboxAddress = mailbox.record.address;
-  }
-  record.subject = u"Re: "_s + person.company.value_or(QString()) + u" and the waiting list"_s;
-  record.kind = talk.kind;
-  record.status = orv::words::threadOpen;
-  record.unread = true;
-  record.setterMode = {};
-  if (!talk.label.isEmpty()) {
-    record.label = ThreadLabel(talk.label);
-    record.labelSource = u"agent"_s;
-  }
+  putInCampaign(record, workspace, random);
+  const QString about = record.lead->company.value_or(QString()) + u" and the waiting list"_s;
+  record.subject = u"Re: "_s + (incoming.subject.isEmpty() ? about : incoming.subject);
   const QDateTime sentAt = now.addSecs(-random.between(3600, 2LL * 86400));
   record.createdAt = formatPlatformDate(sentAt);
+
   const QString ours = u"Hi {name},\n\ncould we cut the waiting time at {company} by a third?"_s;
-  const auto message = [&](const char* direction, const QString& text, const QDateTime& at) {
-    InboxMessage made;
-    made.id = u"m_%1_%2"_s.arg(record.id).arg(thread.messages.size());
-    made.direction = QString::fromLatin1(direction);
-    const bool isInbound = made.isInbound();
-    made.state = isInbound ? u"received"_s : u"sent"_s;
-    made.fromAddress = isInbound ? record.contactAddress : record.mailboxAddress;
-    made.toAddress = isInbound ? record.mailboxAddress : record.contactAddress;
-    if (isInbound) made.fromName = record.contactName;
-    made.subject = record.subject;
-    made.body = filledIn(text, thread);
-    made.kind = isInbound ? talk.kind : u"campaign"_s;
-    made.at = formatPlatformDate(at);
-    thread.messages.append(made);
-  };
-  message("outbound", ours, sentAt);
+  thread.messages.append(messageIn(thread, u"outbound"_s, ours, sentAt));
   const QString quoted = u"\n\nOn %1, %2 wrote:\n> %3"_s.arg(sentAt.toString(u"d MMM yyyy"_s), record.mailboxAddress,
                                                              filledIn(ours, thread).replace(u"\n"_s, u"\n> "_s));
-  message("inbound", talk.said + (isPrimary(thread) ? quoted : QString()), now);
+  const QString said = incoming.said.isEmpty() ? talk.said : incoming.said;
+  thread.messages.append(messageIn(thread, u"inbound"_s, said + (isPrimary(thread) ? quoted : QString()), now));
   inbox.threads.append(thread);
   DemoThread& added = inbox.threads.last();
   if (!talk.answer.isEmpty() && modeIn(workspace, added) != orv::words::modeOff && inbox.settings.hasOpenAiKey)

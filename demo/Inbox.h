@@ -34,8 +34,17 @@ qint64 unreadIn(const DemoInbox& inbox);
 /// What the agent does in the thread.
 QString modeIn(const DemoWorkspace& workspace, const DemoThread& thread);
 
-/// Somebody new answers a campaign. With a label, what they say means that.
-DemoThread& receiveReply(DemoWorkspace& workspace, const QString& label, const QDateTime& now);
+/// The thread's next message; "inbound" is the lead's. {name} and {company} in the text are theirs.
+InboxMessage messageIn(const DemoThread& thread, const QString& direction, const QString& text, const QDateTime& at);
+/// Who answers, and what; what is left out is made up.
+struct Incoming {
+  /// What the answer means.
+  QString label{};
+  std::optional<CampaignLead> person{};
+  QString subject{}, said{};
+};
+/// Somebody new answers a campaign.
+DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now);
 
 /// The agent writes to what was said last; another draft of its own that waits goes.
 DemoDraft& writeDraft(DemoWorkspace& workspace, const DemoThread& thread, const QDateTime& now);

@@ -7,25 +7,100 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-InboxMessage inbound(const DemoThread& thread, const QString& body, const QDateTime& at) {
-  InboxMessage message;
-  message.id = u"m_%1_%2"_s.arg(thread.id()).arg(thread.messages.size());
-  message.direction = u"inbound"_s;
-  message.state = u"received"_s;
-  message.fromAddress = thread.record.contactAddress;
-  message.fromName = thread.record.contactName;
-  message.toAddress = thread.record.mailboxAddress;
-  message.subject = thread.record.subject;
-  message.kind = thread.record.kind;
-  message.body = body;
-  message.at = formatPlatformDate(at);
-  return message;
+struct MorningRow {
+  QString first, last, title, company, subject, label, said;
+  bool unread;
+};
+
+/// The last one first.
+const QList<MorningRow>& morning() {
+  static const QList<MorningRow> rows{
+      {u"Ingrid"_s,
+       u"Solheim"_s,
+       u"Practice manager"_s,
+       u"Fjordvik Clinics"_s,
+       u"Fewer no-shows in March"_s,
+       u"meeting_booked"_s,
+       {},
+       true},
+      {u"Tomas"_s, u"Brandl"_s, u"Partner"_s, u"Brandl & Kern Versicherungsmakler"_s, u"Renewal letters"_s,
+       u"interested"_s,
+       u"Interesting timing, we are reviewing this quarter. What does it cost for 14 brokers, and "
+       "does it work with letters in French for our Swiss clients?"_s,
+       true},
+      {u"Jonas"_s,
+       u"Verbeke"_s,
+       u"Fleet manager"_s,
+       u"Halden Transport"_s,
+       u"Workshop slots next week"_s,
+       u"interested"_s,
+       {},
+       false},
+      {u"Amaia"_s,
+       u"Etxeberria"_s,
+       u"Director"_s,
+       u"Costa Norte Homes"_s,
+       u"Tenant requests"_s,
+       u"not_now"_s,
+       {},
+       false},
+      {u"Declan"_s,
+       u"Roe"_s,
+       u"Payroll lead"_s,
+       u"Ardmore Payroll"_s,
+       u"Payroll switch"_s,
+       u"wrong_person"_s,
+       {},
+       false},
+      {u"Katrin"_s, u"Weiss"_s, u"Owner"_s, u"Weiss Assekuranz"_s, u"Renewal letters"_s, u"out_of_office"_s, {}, false},
+      {u"Oliver"_s,
+       u"Finch"_s,
+       u"Operations"_s,
+       u"Larkhill Storage"_s,
+       u"Dock scheduling"_s,
+       u"unsubscribe"_s,
+       {},
+       true},
+  };
+  return rows;
+}
+
+void addMorning(DemoWorkspace& workspace, const QDateTime& newest) {
+  qint64 minutes = 0;
+  for (const MorningRow& row : morning()) {
+    CampaignLead person;
+    person.id = u"l_"_s + row.last.toLower();
+    person.firstName = row.first;
+    person.lastName = row.last;
+    person.title = row.title;
+    person.company = row.company;
+    person.email = row.first.toLower() + u'@' + row.company.section(u' ', 0, 0).toLower() + u".example"_s;
+    receiveReply(workspace, {row.label, person, row.subject, row.said}, newest.addSecs(-60 * (minutes += 24)))
+        .record.unread = row.unread;
+  }
+}
+
+void makeChatty(DemoThread& chatty, const QDateTime& newest) {
+  chatty.record.subject = u"Re: five hundred times back and forth"_s;
+  const QDateTime from = newest.addDays(-40);
+  for (int at = 0; at < 498; ++at) {
+    InboxMessage message =
+        messageIn(chatty, u"inbound"_s, u"And number %1. Does that answer it?"_s.arg(at + 1), from.addSecs(at * 6600));
+    if (at % 2) {
+      message.direction = u"outbound"_s;
+      message.state = u"sent"_s;
+      std::swap(message.fromAddress, message.toAddress);
+      message.fromName.reset();
+      message.kind = at % 10 == 1 ? u"followup"_s : u"human"_s;
+    }
+    chatty.messages.insert(chatty.messages.size() - 1, message);
+  }
 }
 
 /// What a stranger sends who means the reader ill, or does not think of them at all.
 void addStrangers(DemoWorkspace& workspace, const QDateTime& newest) {
   const auto add = [&](int hoursAgo) -> DemoThread& {
-    return receiveReply(workspace, u"interested"_s, newest.addSecs(-3600LL * hoursAgo));
+    return receiveReply(workspace, {.label = u"interested"_s}, newest.addSecs(-3600LL * hoursAgo));
   };
   DemoThread& markup = add(50);
   markup.record.contactName = u"<b>Ines</b> \u202Egnp.esrever\u202C"_s;
@@ -48,21 +123,7 @@ void addStrangers(DemoWorkspace& workspace, const QDateTime& newest) {
   QString line = u"> and once more what we said before, with äöü and 中文 so that no byte is alone.\n"_s;
   endless.messages.last().body = u"See below.\n"_s + line.repeated(qsizetype((1 << 20) / line.toUtf8().size()));
 
-  DemoThread& chatty = add(56);
-  chatty.record.subject = u"Re: five hundred times back and forth"_s;
-  const QDateTime from = newest.addDays(-40);
-  for (int at = 0; at < 498; ++at) {
-    InboxMessage message =
-        inbound(chatty, u"And number %1. Does that answer it?"_s.arg(at + 1), from.addSecs(at * 6600));
-    if (at % 2) {
-      message.direction = u"outbound"_s;
-      message.state = u"sent"_s;
-      std::swap(message.fromAddress, message.toAddress);
-      message.fromName.reset();
-      message.kind = at % 10 == 1 ? u"followup"_s : u"human"_s;
-    }
-    chatty.messages.insert(chatty.messages.size() - 1, message);
-  }
+  makeChatty(add(56), newest);
 
   DemoThread& gone = add(58);
   gone.record.contactAddress = u"gone."_s + gone.record.contactAddress;
@@ -75,7 +136,7 @@ void addStrangers(DemoWorkspace& workspace, const QDateTime& newest) {
 void addHistory(DemoWorkspace& workspace, qint64 count, DemoRandom& random, const QDateTime& newest) {
   for (qint64 at = 0; at < count; ++at) {
     const QDateTime came = newest.addDays(-3).addSecs(-at * 21'600);
-    DemoThread& thread = receiveReply(workspace, u"not_now"_s, came);
+    DemoThread& thread = receiveReply(workspace, {.label = u"not_now"_s}, came);
     thread.record.unread = false;
     const QString id = thread.id();
     DemoDraft& draft = writeDraft(workspace, thread, came);
@@ -138,6 +199,7 @@ void addInbox(DemoWorkspace& workspace, qint64 threads, DemoRandom random, const
     if (campaign.record.status.isCompleted()) inbox.modes.insert(campaign.record.id, orv::words::modeOff);
   inbox.lastFlip = SetterTraining::Flip{false, u"Maren Kolbe"_s, formatPlatformDate(newest.addDays(-9)), 20, 9};
   if (threads > 40) {
+    addMorning(workspace, newest.addSecs(9000));
     addStrangers(workspace, newest);
     addHistory(workspace, 24, random, newest);
   }
