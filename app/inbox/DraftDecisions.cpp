@@ -54,6 +54,7 @@ bool DraftDecisions::isInFlight(const QString& draftId) const {
 
 QSet<QString> DraftDecisions::settled() const {
   QSet<QString> ids = m_gone;
+  for (const Undoable& decision : m_done) ids.insert(decision.item.draft.id);
   ids.removeIf([this](const QString& id) { return isInFlight(id); });
   return ids;
 }
@@ -63,7 +64,8 @@ void DraftDecisions::waiting(const QSet<QString>& ids, const QSet<QString>& sett
   for (const QString& id : now) {
     if (ids.contains(id) && !settledBefore.contains(id)) continue;
     m_gone.remove(id);
-    if (ids.contains(id)) remove(id);
+    const Undoable* decision = ids.contains(id) ? find(id) : nullptr;
+    if (decision) giveBack(decision->item, {}, Return::putBack);
   }
   show();
 }
@@ -117,7 +119,10 @@ Task<bool> DraftDecisions::standsUndecided(ReviewDraft item, QString failure) {
   }
   m_unsure.remove(item.draft.id);
   if (now->isWaiting()) co_return true;
+  const Undoable* standing = find(item.draft.id);
+  const std::optional<Undoable> before = standing ? std::optional(*standing) : std::nullopt;
   remove(item.draft.id);
+  if (before) Q_EMIT passed(*before);
   services().toasts.show({.message = u"This draft was decided already."_s});
   co_return false;
 }
@@ -186,6 +191,8 @@ Task<void> DraftDecisions::undoTask(QString draftId) {
   decision->undoing = false;
   dropPast();
   show();
+  // Whether it waits again the list knows.
+  if (isUncertain(draftId)) context().changes().stale<Draft>();
 }
 
 Task<bool> DraftDecisions::putBackTask(ReviewDraft item) {
@@ -226,10 +233,9 @@ void DraftDecisions::giveBack(ReviewDraft item, const std::optional<Draft>& now,
 /// Somebody else, or this person in another place, may have put it back.
 void DraftDecisions::follow(const Change<Draft>& change) {
   if (change.kind != Change<Draft>::Kind::is || !change.record->isWaiting()) return;
-  if (!m_gone.contains(change.id) || isInFlight(change.id)) return;
+  if (isInFlight(change.id)) return;
   if (const Undoable* decision = find(change.id)) return giveBack(decision->item, *change.record, Return::putBack);
-  m_gone.remove(change.id);
-  Q_EMIT changed();
+  if (m_gone.remove(change.id)) Q_EMIT changed();
 }
 
 void DraftDecisions::tellThread(const QString& threadId) { context().changes().stale<InboxThread>(threadId); }

@@ -39,14 +39,22 @@ DraftQueue::DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& 
 Task<ReviewDraftPage> DraftQueue::loadTask() {
   const QSet<QString> settled = m_decisions.settled();
   ReviewDraftPage page = co_await api().send(Requests::listDrafts(words::draftPending));
+  m_settledWhenAsked = settled;
+  co_return page;
+}
+
+/// Once the list shows it: what is no longer hidden must not come up in the list before.
+void DraftQueue::tellDecisions(const QList<ReviewDraft>& before) {
+  const auto settled = std::exchange(m_settledWhenAsked, std::nullopt);
+  if (!settled) return;
+  const ReviewDraftPage& page = *m_list.value();
   QSet<QString> ids;
   for (const ReviewDraft& item : page.items) ids.insert(item.draft.id);
-  m_decisions.waiting(ids, settled);
   // Of a list that goes on nobody can tell what has left it.
   if (!page.nextCursor)
-    for (const ReviewDraft& item : std::as_const(m_visible))
+    for (const ReviewDraft& item : before)
       if (!ids.contains(item.draft.id) && !m_decisions.isGone(item.draft.id)) Q_EMIT lost(item);
-  co_return page;
+  m_decisions.waiting(ids, *settled);
 }
 
 QList<ReviewDraft> DraftQueue::visible() const {
@@ -56,7 +64,7 @@ QList<ReviewDraft> DraftQueue::visible() const {
 }
 
 void DraftQueue::arrange() {
-  m_visible = visible();
+  const QList<ReviewDraft> before = std::exchange(m_visible, visible());
   qsizetype at = -1;
   for (qsizetype row = 0; row < m_visible.size(); ++row)
     if (m_visible[row].draft.id == m_picked) at = row;
@@ -67,6 +75,7 @@ void DraftQueue::arrange() {
   const bool isOther = std::exchange(m_told, now) != now;
   Q_EMIT changed();
   if (isOther) Q_EMIT shownChanged();
+  if (m_list.value()) tellDecisions(before);
 }
 
 const ReviewDraft* DraftQueue::find(const QString& draftId) const {

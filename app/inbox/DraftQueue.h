@@ -52,6 +52,7 @@ class DraftQueue final : public Store {
   Task<ReviewDraftPage> loadTask();
   void go(int by);
   void arrange();
+  void tellDecisions(const QList<ReviewDraft>& before);
   void takeBack(const ReviewDraft& item, DraftDecisions::Return how);
   void follow(const Change<Draft>& change);
   QList<ReviewDraft> visible() const;
@@ -59,6 +60,8 @@ class DraftQueue final : public Store {
   DraftDecisions& m_decisions;
   Resource<ReviewDraftPage> m_list;
   QList<ReviewDraft> m_visible;
+  /// Of the reading whose list is about to be shown.
+  std::optional<QSet<QString>> m_settledWhenAsked;
   QString m_picked;
   std::optional<ReviewDraft> m_told;
   /// Of the draft that is shown; where it was, once it is gone.

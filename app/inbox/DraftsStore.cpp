@@ -160,15 +160,15 @@ void DraftsStore::openChat() {
 
 void DraftsStore::decideShown(bool approves) {
   const QDateTime now = services().clock.now();
-  if (!m_queue.shown() || (m_decidedAt.isValid() && std::abs(m_decidedAt.msecsTo(now)) < 250)) return;
-  m_decidedAt = now;
+  const QDateTime before = std::exchange(m_decidedAt, now);
+  if (!m_queue.shown() || (before.isValid() && std::abs(before.msecsTo(now)) < 250)) return;
   const ReviewDraft item = *m_queue.shown();
   approves ? approve(item) : skip(item);
 }
 
 void DraftsStore::approve(const ReviewDraft& item) {
   const QString id = item.draft.id;
-  if (isDeciding(id) || m_decisions.isGone(id) || m_styles.isAsking(id)) return;
+  if (!canWrite() || isDeciding(id) || m_decisions.isGone(id) || m_styles.isAsking(id)) return;
   const ReviewDraft given = item;
   m_undone = false;
   const auto edit = m_writings.editOf(given.draft);
@@ -184,8 +184,15 @@ void DraftsStore::approve(const ReviewDraft& item) {
 }
 
 void DraftsStore::skip(const ReviewDraft& item) {
+  const ReviewDraft given = item;
+  if (!canWrite() || isDeciding(given.draft.id) || m_decisions.isGone(given.draft.id)) return;
   m_undone = false;
-  m_decisions.skip(ReviewDraft(item));
+  m_sent.remove(given.draft.id);
+  if (Writing* writing = m_writings.findEdit(given.draft); writing && writing->dirty()) {
+    m_sent[given.draft.id] = writing->typed();
+    writing->setState(true, false);
+  }
+  m_decisions.skip(given);
 }
 
 bool DraftsStore::isDeciding(const QString& draftId) const { return m_decisions.isBusy(draftId); }
@@ -200,7 +207,7 @@ void DraftsStore::returned(const ReviewDraft& item, DraftDecisions::Return how) 
   if (Writing* writing = m_writings.findEdit(item.draft)) writing->setState(false, m_decisions.isUncertain(id));
   m_sent.remove(id);
   m_styled.remove(id);
-  if (how != DraftDecisions::Return::failed) m_feedback.takeBack(id);
+  if (how != DraftDecisions::Return::failed) m_feedback.takeBack(id, how == DraftDecisions::Return::undone);
   m_undone = how == DraftDecisions::Return::undone;
   if (m_undone) setHistoryShown(false);
   showText();
@@ -208,12 +215,13 @@ void DraftsStore::returned(const ReviewDraft& item, DraftDecisions::Return how) 
 
 void DraftsStore::letGo(const Draft& draft) {
   const auto sent = m_sent.take(draft.id);
+  const bool isUncertain = m_decisions.isUncertain(draft.id);
   m_styled.remove(draft.id);
   m_styles.forget(draft.id);
   Writing* writing = m_writings.findEdit(draft);
   if (!writing) return;
-  writing->setState(false, false);
-  if (sent) writing->sent(*sent);
+  writing->setState(false, isUncertain);
+  if (sent && !isUncertain) writing->sent(*sent);
 }
 
 /// Somebody else decided it, and what this person made of it is nowhere else.

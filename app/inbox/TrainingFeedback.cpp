@@ -60,7 +60,7 @@ Task<bool> TrainingFeedback::askTask(QString draftId) {
   co_return true;
 }
 
-void TrainingFeedback::takeBack(const QString& draftId) {
+void TrainingFeedback::takeBack(const QString& draftId, bool withItsRule) {
   const QString lesson = m_lessons.take(draftId);
   if (m_teach && m_teach->id == draftId) {
     m_follow.cancel();
@@ -68,7 +68,12 @@ void TrainingFeedback::takeBack(const QString& draftId) {
     m_taught.reset();
     Q_EMIT changed();
   }
-  if (!lesson.isEmpty()) m_tasks.start(switchOffTask(lesson));
+  if (withItsRule && !lesson.isEmpty()) m_tasks.start(switchOffTask(lesson));
+}
+
+void TrainingFeedback::close() {
+  m_follow.cancel();
+  Store::close();
 }
 
 void TrainingFeedback::undo() {

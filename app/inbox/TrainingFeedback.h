@@ -33,10 +33,12 @@ class TrainingFeedback final : public Store {
 
   /// A decision about the draft has been taken.
   void follow(const QString& draftId, bool asWritten);
-  /// The decision was taken back; what it taught goes with it.
-  void takeBack(const QString& draftId);
+  /// The decision was taken back; where the person did so, what it taught goes with it.
+  void takeBack(const QString& draftId, bool withItsRule);
   /// The agent is not to follow the rule that it has just learned.
   Q_INVOKABLE void undo();
+
+  void close() override;
 
  Q_SIGNALS:
   void changed();

@@ -51,6 +51,12 @@ class ReviewService final : public APITransport {
 
   bool isIdle() const { return m_waiting.empty(); }
   size_t waiting() const { return m_waiting.size(); }
+  /// Carries out the oldest of that name, and brings its answer.
+  void answer(const QString& label, Fault fault) {
+    const auto at = size_t(std::ranges::find(m_waiting, label, &Waiting::label) - m_waiting.begin());
+    carryOut(at, fault);
+    deliver(at);
+  }
   /// Carries out what waits at that place, if it has not been.
   void carryOut(size_t at, Fault fault) {
     Waiting& waiting = m_waiting[at];

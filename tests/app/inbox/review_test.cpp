@@ -211,8 +211,7 @@ class ReviewTest : public QObject {
     f.store->writing()->setBody(u"Mine"_s);
     f.act(u"approve"_s);
     QCOMPARE(f.picked(), u"d2"_s);
-    f.service.carryOut(0, Fault(fault));
-    f.service.deliver(0);
+    f.service.answer(post(u"d1"_s, u"approve"_s), Fault(fault));
     f.service.run();
     const bool isBack = status == u"pending"_s;
     QCOMPARE(f.service.status(u"d1"_s), status);
@@ -227,8 +226,7 @@ class ReviewTest : public QObject {
   void nothingIsSentTwiceUnseen() {
     Review f;
     f.act(u"approve"_s);
-    f.service.carryOut(0, Fault::lostAnswer);
-    f.service.deliver(0);
+    f.service.answer(post(u"d1"_s, u"approve"_s), Fault::lostAnswer);
     // Nor can the conversation be read: nobody knows.
     f.service.run(Fault::broken);
     QCOMPARE(f.service.status(u"d1"_s), u"approved"_s);
