@@ -44,8 +44,13 @@ Conversation::Conversation(WorkspaceContext& context, QString id, Surroundings a
 Task<ThreadDetail> Conversation::read() {
   const Stamp asked = context().changes().stamp();
   ThreadDetail detail = co_await api().send(Requests::getThread(m_id));
-  // Whoever changed the thread while it was being read knows better.
-  if (!context().changes().publish(detail.thread, asked, false) && thread()) detail.thread = *thread();
+  const auto listed = m_around.listed(m_id);
+  if (context().changes().publish(detail.thread, asked, false)) {
+    if (listed && *listed != detail.thread) Q_EMIT threadRead(*listed, detail.thread);
+  } else if (thread()) {
+    // Whoever changed it while it was being read knows better.
+    detail.thread = *thread();
+  }
   co_return detail;
 }
 

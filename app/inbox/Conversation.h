@@ -118,6 +118,8 @@ class Conversation final : public Store {
  Q_SIGNALS:
   void changed();
   void writingChanged();
+  /// Its reading says something else of the thread than the list did.
+  void threadRead(const orv::InboxThread& before, const orv::InboxThread& after);
 
  private:
   Task<ThreadDetail> read();

@@ -152,6 +152,7 @@ Conversation* InboxStore::kept(const QString& id) {
                                    .label = [this](const ThreadLabel& label) { return m_threads.read(label); },
                                    .campaign = [this](const QString& campaign) { return campaignName(campaign); }});
     made->setParent(this);
+    connect(made, &Conversation::threadRead, &m_threads, &ThreadList::count);
     connect(made->detail(), &ResourceBase::valueChanged, this, [this, id] { conversationRead(id); });
     return made;
   });

@@ -143,10 +143,11 @@ QStringList inPieces(const QString& text, qsizetype most) {
       pieces.append(text.mid(from));
       break;
     }
-    qsizetype end = text.lastIndexOf(u'\n', from + most);
-    const bool isLineEnd = end > from;
-    if (!isLineEnd) end = text.lastIndexOf(u' ', from + most) + 1;
-    if (end <= from) end = from + most;
+    // Not further back: a megabyte without an end would be looked through for every piece.
+    const QStringView ahead = QStringView(text).mid(from, most + 1);
+    const qsizetype line = ahead.lastIndexOf(u'\n'), word = ahead.lastIndexOf(u' ');
+    const bool isLineEnd = line > 0;
+    qsizetype end = from + (isLineEnd ? line : word > 0 ? word + 1 : most);
     if (text[end - 1].isHighSurrogate()) --end;
     pieces.append(text.mid(from, end - from));
     // The piece's own end stands for the line's.

@@ -159,6 +159,7 @@ class ConversationsTest : public QObject {
     asksFor(u"limit=50&mailbox=m7&unread=1"_s);
     f->api.expect(list);
     threads.showAll();
+    f->api.expect(list);
     threads.setLabel(u"drafts"_s);
     f->api.expect(list);
     threads.setTab(u"all"_s);
@@ -256,7 +257,7 @@ class ConversationsTest : public QObject {
     QCOMPARE(toast(), u"Archived"_s);
     QCOMPARE(store->threads()->tabs().first().count, 9);
     // One that fails comes back where it was.
-    f->api.answer(patch(2), R"({"title":"No"})", 500);
+    f->api.answer(patch(2), R"({"title":"No"})", 422);
     settle();
     QCOMPARE(shown(), (QStringList{id(2), id(3)}));
     QCOMPARE(toast(), u"Couldn’t archive the conversation."_s);
