@@ -73,7 +73,7 @@ void describe(QCommandLineParser& options) {
        {u"leads"_s, u"Leads in the first campaign, at least."_s, u"n"_s, u"0"_s},
        {u"threads"_s, u"Conversations in the first workspace, at least."_s, u"n"_s, u"0"_s},
        {u"replies-per-minute"_s, u"How often somebody answers, in each workspace."_s, u"rate"_s, u"0"_s},
-       {u"database"_s, u"Leads in the database that is searched."_s, u"n"_s, QString::number(DemoScale().database)},
+       {u"database"_s, u"Leads in the database that is searched."_s, u"n"_s, u"240000"_s},
        {u"latency"_s, u"Milliseconds before every answer."_s, u"ms"_s, u"0"_s},
        {u"faults"_s, u"Share of requests that go wrong, 0 to 1."_s, u"rate"_s, u"0"_s},
        {u"fault-kinds"_s, u"What goes wrong, out of %1; everything when left out."_s.arg(Faults::names().join(u',')),

@@ -85,7 +85,9 @@ void endAtContent(QQuickWindow& window, AppModel& app) {
 
 /// The sample's service with its door, for as long as the window needs them.
 struct Demo {
-  Demo(Clock& clock, int campaigns) : service(clock, 1, {campaigns, 0, 0}) { service.setRepliesPerMinute(0.5); }
+  Demo(Clock& clock, int campaigns) : service(clock, 1, {.campaigns = campaigns, .database = 240'000}) {
+    service.setRepliesPerMinute(0.5);
+  }
   demo::DemoService service;
   demo::DemoTransport transport{service};
 };
