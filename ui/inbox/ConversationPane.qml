@@ -41,7 +41,7 @@ FocusScope {
         MessageList {
             id: messages
             width: view.width
-            height: view.height - dock.height
+            height: parent.height - dock.height
             conversation: root.conversation
             onLinkChosen: url => root.store.openLink(url)
         }
@@ -49,7 +49,7 @@ FocusScope {
         Column {
             id: dock
             x: 16
-            y: view.height - height
+            y: parent.height - height
             width: view.width - 2 * x
             bottomPadding: 14
             spacing: 8

@@ -36,7 +36,6 @@ TableCore {
     }
     onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
     onQueryChanged: body.goToTop()
-    onCurrentKeyChanged: if (body.activeFocus) rest.restart()
 
     function focusRows() {
         body.forceActiveFocus(Qt.OtherFocusReason);
@@ -44,6 +43,17 @@ TableCore {
 
     function goToTop() {
         body.goToTop();
+    }
+
+    // Only what somebody walks to opens, not what rows that come and go make the current one.
+    Item {
+        id: walker
+
+        Keys.onPressed: event => {
+            event.accepted = false;
+            if ([Qt.Key_Up, Qt.Key_Down, Qt.Key_PageUp, Qt.Key_PageDown, Qt.Key_Home, Qt.Key_End].includes(event.key))
+                rest.restart();
+        }
     }
 
     // A key that is held passes many rows; where it comes to rest is what is looked at.
@@ -69,6 +79,7 @@ TableCore {
         anchors.fill: parent
         focus: true
         table: root
+        Keys.forwardTo: [walker]
         delegate: ThreadRow {
             column: threadCells
         }
