@@ -129,9 +129,8 @@ void InboxStore::trim() {
 
 void InboxStore::close() {
   Store::close();
-  m_openId.clear();
-  Q_EMIT openChanged();
-  m_kept.clear();
+  // They go with this, and the page that shows one may go later than this is closed.
+  for (const QString& id : m_kept.keys()) m_kept.find(id)->close();
 }
 
 QString InboxStore::campaignName(const QString& id) const {
