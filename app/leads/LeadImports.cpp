@@ -89,7 +89,7 @@ void LeadImports::arrived() {
   if (!now.isEmpty() && m_following.isIdle()) m_following.start(follow());
   if (ended.isEmpty()) return;
   for (const QString& listId : std::as_const(ended))
-    if (!listId.isEmpty()) listFilled(context(), listId);
+    if (!listId.isEmpty()) context().changes().stale<ListedLeads>(listId);
   context().changes().stale<LeadList>();
   context().changes().stale<Lead>();
 }

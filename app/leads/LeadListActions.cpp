@@ -107,6 +107,8 @@ Task<void> LeadListActions::editTask(LeadList list) {
       u"Couldn’t rename "_s + shownName(list.name), {},
       [&submission](const APIError& error) { return submission.fail(error.message()); });
   if (!saved) co_return;
+  // Lists have no versions: a reading that was sent meanwhile would pass for newer than what the person has just done.
+  context().changes().publish(*saved, context().changes().stamp(), true);
   submission.succeed();
   tellSaved(list, *saved);
 }

@@ -41,18 +41,9 @@ LeadList listOf(SweepStage& s) {
   return all.isEmpty() ? LeadList{.id = u"li1"_s, .name = u"Fair"_s, .leadCount = 9} : all.first();
 }
 
-void arrive(SweepStage& s) {
+void arriveWith(SweepStage& s, const QByteArray& imports) {
   s.answers[u"GET /lead-lists"_s] = R"({"items":[{"id":"li1","name":"Fair","leadCount":9}]})";
-  s.answers[u"GET /lead-imports"_s] =
-      sample(u"LeadImportPage"_s, {{u"items"_s, QJsonArray{QJsonObject{{u"id"_s, u"i1"_s},
-                                                                       {u"kind"_s, u"csv"_s},
-                                                                       {u"status"_s, u"running"_s},
-                                                                       {u"readRows"_s, 1},
-                                                                       {u"inserted"_s, 0},
-                                                                       {u"updated"_s, 0},
-                                                                       {u"skipped"_s, 0},
-                                                                       {u"partsDone"_s, 0},
-                                                                       {u"createdAt"_s, u"2026-03-01T08:00:00Z"_s}}}}});
+  s.answers[u"GET /lead-imports"_s] = imports;
   s.answers[u"GET /leads"_s] = sample(u"LeadSearchPage"_s, {{u"nextCursor"_s, QJsonValue()}});
   s.answers[u"GET /leads/unlocks"_s] = sample(u"UnlockUsage"_s);
   auto& shown = s.show<LeadsOnShow>();
@@ -63,6 +54,19 @@ void arrive(SweepStage& s) {
   shown.ensureLoaded();
   s.finish();
 }
+void arrive(SweepStage& s) {
+  arriveWith(s, sample(u"LeadImportPage"_s,
+                       {{u"items"_s, QJsonArray{QJsonObject{{u"id"_s, u"i1"_s},
+                                                            {u"kind"_s, u"csv"_s},
+                                                            {u"status"_s, u"running"_s},
+                                                            {u"readRows"_s, 1},
+                                                            {u"inserted"_s, 0},
+                                                            {u"updated"_s, 0},
+                                                            {u"skipped"_s, 0},
+                                                            {u"partsDone"_s, 0},
+                                                            {u"createdAt"_s, u"2026-03-01T08:00:00Z"_s}}}}}));
+}
+void arriveWithoutImports(SweepStage& s) { arriveWith(s, "{}"); }
 void arriveAtNewList(SweepStage& s) {
   arrive(s);
   lists(s).beginCreate();
@@ -193,17 +197,14 @@ QList<SweepRow> leadListRows() {
        [](SweepStage& s) { return page(s).leads.lists()->imports()->rows()->records().front().isBusy; },
        shown},
       {u"LeadImports::retry"_s,
-       [](SweepStage& s) {
-         arrive(s);
-         page(s).leads.lists()->imports()->list()->cancel();
-       },
+       arriveWithoutImports,
        [](SweepStage& s) { page(s).leads.lists()->imports()->retry(); },
        u"GET /lead-imports"_s,
        sample(u"LeadImportPage"_s),
        {u"items"_s},
        {},
        shown,
-       {},
+       [](SweepStage& s) { return failureOf(*page(s).leads.lists()->imports()->list()); },
        true},
       {u"AddToList::submit"_s,
        arriveAtAdding,
