@@ -36,7 +36,10 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
       m_feedback(context, this),
       m_history(context, this, m_decisions) {
   connect(&m_queue, &DraftQueue::shownChanged, this, &DraftsStore::showPicked);
-  connect(&m_queue, &DraftQueue::changed, this, &DraftsStore::changed);
+  connect(&m_queue, &DraftQueue::changed, this, [this] {
+    giveTexts();
+    Q_EMIT changed();
+  });
   connect(&m_queue, &DraftQueue::lost, this, &DraftsStore::keepText);
   connect(&m_styles, &DraftStyles::changed, this, [this](const QString& draftId) {
     if (draftId == m_queue.picked()) showText();
@@ -198,14 +201,21 @@ void DraftsStore::skip(const ReviewDraft& item) {
 bool DraftsStore::isDeciding(const QString& draftId) const { return m_decisions.isBusy(draftId); }
 
 void DraftsStore::decided(const DraftDecisions::Undoable& decision) {
-  const QString& id = decision.item.draft.id;
-  m_feedback.follow(id, decision.approved && !m_sent.value(id) && !m_styled.contains(id));
+  const Draft& draft = decision.item.draft;
+  const auto sent = m_sent.value(draft.id);
+  if (Writing* writing = m_writings.findEdit(draft)) {
+    writing->setState(false, false);
+    // The service has it now; it is kept here for as long as it can come back.
+    if (sent) writing->sent(*sent);
+  }
+  m_feedback.follow(draft.id, decision.approved && !sent && !m_styled.contains(draft.id));
 }
 
 void DraftsStore::returned(const ReviewDraft& item, DraftDecisions::Return how) {
   const QString& id = item.draft.id;
   if (Writing* writing = m_writings.findEdit(item.draft)) writing->setState(false, m_decisions.isUncertain(id));
-  m_sent.remove(id);
+  if (how == DraftDecisions::Return::failed) m_sent.remove(id);
+  giveTexts();
   m_styled.remove(id);
   if (how != DraftDecisions::Return::failed) m_feedback.takeBack(id, how == DraftDecisions::Return::undone);
   m_undone = how == DraftDecisions::Return::undone;
@@ -213,15 +223,23 @@ void DraftsStore::returned(const ReviewDraft& item, DraftDecisions::Return how) 
   showText();
 }
 
+/// What was made of drafts comes back with them, whatever brought them.
+void DraftsStore::giveTexts() {
+  for (const QString& id : m_sent.keys()) {
+    const ReviewDraft* item = m_queue.find(id);
+    if (!item || isDeciding(id)) continue;
+    const auto sent = m_sent.take(id);
+    if (!sent) continue;
+    Writing* writing = m_writings.edit(item->draft, contactName(item->thread));
+    if (!writing->dirty()) writing->setBody(sent->body);
+  }
+}
+
 void DraftsStore::letGo(const Draft& draft) {
-  const auto sent = m_sent.take(draft.id);
-  const bool isUncertain = m_decisions.isUncertain(draft.id);
+  if (m_decisions.isUncertain(draft.id)) return;
+  m_sent.remove(draft.id);
   m_styled.remove(draft.id);
   m_styles.forget(draft.id);
-  Writing* writing = m_writings.findEdit(draft);
-  if (!writing) return;
-  writing->setState(false, isUncertain);
-  if (sent && !isUncertain) writing->sent(*sent);
 }
 
 /// Somebody else decided it, and what this person made of it is nowhere else.
@@ -239,9 +257,6 @@ void DraftsStore::refresh() {
 }
 
 void DraftsStore::close() {
-  // What was approved goes out, whoever is there to see it.
-  for (const DraftDecisions::Undoable& decision : m_decisions.done())
-    if (decision.approved && decision.taken) letGo(decision.item.draft);
   letGoOf(m_conversation);
   letGoOf(m_next);
   Store::close();

