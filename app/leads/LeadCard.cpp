@@ -82,23 +82,43 @@ const LeadRecord* LeadCard::detail() const {
   return known && known->id == m_lead.id ? known : nullptr;
 }
 
-void LeadCard::open(const QString& id) {
+void LeadCard::show(const QString& id, bool isPeek) {
   const Lead* lead = m_find(id);
-  if (!lead || id == m_lead.id) return;
+  if (!lead) return;
+  const bool isAnother = std::exchange(m_lead, *lead).id != id;
+  m_isPeek = isPeek;
   m_ahead.cancel();
-  m_lead = *lead;
-  m_detail.ask();
+  if (isAnother) m_detail.ask();
   Q_EMIT changed();
 }
 
+void LeadCard::peek(const QString& id) {
+  m_rest.cancel();
+  // Whoever has one open looks at that.
+  if (shown()) return m_ahead.look(id);
+  dismiss();
+  if (!id.isEmpty()) m_rest.start(peekTask(id));
+}
+
+Task<void> LeadCard::peekTask(QString id) {
+  co_await services().clock.sleep(ReadAhead<LeadRecord>::restFor);
+  show(id, true);
+}
+
+void LeadCard::open(const QString& id) {
+  m_rest.cancel();
+  show(id, false);
+}
+
 void LeadCard::dismiss() {
-  if (!shown()) return;
+  if (!isOf()) return;
   m_lead = {};
   m_detail.cancel();
   Q_EMIT changed();
 }
 
 void LeadCard::close() {
+  m_rest.cancel();
   m_ahead.cancel();
   Store::close();
 }
@@ -106,7 +126,7 @@ void LeadCard::close() {
 void LeadCard::follow(const Change<Lead>& change) {
   if (change.kind == Change<Lead>::Kind::is && !change.acted) return;
   m_ahead.forget(change.id);
-  if (shown() && (change.id.isEmpty() || change.id == m_lead.id)) m_detail.load();
+  if (isOf() && (change.id.isEmpty() || change.id == m_lead.id)) m_detail.load();
 }
 
 void LeadCard::take(const QList<UnlockResult::Item>& leads) {
@@ -124,7 +144,7 @@ void LeadCard::take(const QList<UnlockResult::Item>& leads) {
   }
 }
 
-QString LeadCard::name() const { return shown() ? LeadWords::name(detail() ? *detail() : m_lead) : QString(); }
+QString LeadCard::name() const { return isOf() ? LeadWords::name(detail() ? *detail() : m_lead) : QString(); }
 
 QString LeadCard::about() const {
   QStringList parts;
@@ -136,7 +156,7 @@ QString LeadCard::about() const {
 bool LeadCard::locked() const { return LeadWords::isLocked(detail() ? *detail() : m_lead); }
 
 QString LeadCard::problem() const {
-  if (!shown() || detail() || m_detail.refreshing()) return {};
+  if (!isOf() || detail() || m_detail.refreshing()) return {};
   using State = ResourceBase::State;
   const auto state = m_detail.stateName();
   if (state != State::Error && state != State::Offline) return {};

@@ -10,10 +10,12 @@
 
 namespace orv {
 
-/// The card of one lead: at once what its row knows, then everything. A row that somebody rests on is read ahead.
+/// The card of one lead: at once what its row knows, then everything. It stays once it is opened, and comes and goes
+/// with a pointer that rests on a row; a row that the keyboard rests on is read ahead.
 class LeadCard final : public Store {
   Q_OBJECT
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
+  Q_PROPERTY(bool peeking READ peeking NOTIFY changed)
   Q_PROPERTY(QString leadId READ leadId NOTIFY changed)
   Q_PROPERTY(QString name READ name NOTIFY changed)
   Q_PROPERTY(QString about READ about NOTIFY changed)
@@ -34,7 +36,10 @@ class LeadCard final : public Store {
   /// `find` gives the lead as the list shows it, or null.
   LeadCard(WorkspaceContext& context, Store& whole, Find find);
 
-  bool shown() const { return !m_lead.id.isEmpty(); }
+  /// Opened, until it is dismissed.
+  bool shown() const { return isOf() && !m_isPeek; }
+  /// It is of the row under the pointer, while that stays there.
+  bool peeking() const { return isOf() && m_isPeek; }
   const QString& leadId() const { return m_lead.id; }
   QString name() const;
   /// "Owner · Vogt & Partner".
@@ -57,6 +62,8 @@ class LeadCard final : public Store {
 
   /// Somebody looks at the row; none with an empty id.
   Q_INVOKABLE void look(const QString& id) { m_ahead.look(id); }
+  /// The pointer is on the row; on none with an empty id.
+  Q_INVOKABLE void peek(const QString& id);
   Q_INVOKABLE void open(const QString& id);
   Q_INVOKABLE void dismiss();
   Q_INVOKABLE void tryAgain() { m_detail.load(); }
@@ -74,8 +81,11 @@ class LeadCard final : public Store {
   void changed();
 
  private:
+  Task<void> peekTask(QString id);
   Task<LeadRecord> readTask(QString id);
   Task<LeadRecord> loadTask();
+  void show(const QString& id, bool isPeek);
+  bool isOf() const { return !m_lead.id.isEmpty(); }
   const LeadRecord* detail() const;
   void follow(const Change<Lead>& change);
 
@@ -84,6 +94,8 @@ class LeadCard final : public Store {
   Resource<LeadRecord> m_detail;
   /// As the list has it; what is shown until the detail is there.
   Lead m_lead;
+  bool m_isPeek = false;
+  TaskSlot m_rest;
 };
 
 }  // namespace orv

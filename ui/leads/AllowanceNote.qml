@@ -33,10 +33,6 @@ Row {
         Accessible.ignored: true
     }
 
-    HoverHandler {
-        id: hover
-    }
-
     OrvTooltip {
         text: root.allowance.note
     }

@@ -18,7 +18,7 @@ ListDetail {
     property alias head: headSpace.data
 
     table: leadTable
-    shownKey: results.card.leadId
+    shownKey: results.card.shown ? results.card.leadId : ""
     title: results.card.name
     detail: LeadCardPane {
         results: root.results
@@ -57,6 +57,12 @@ ListDetail {
             footRoom: bar.footRoom
             onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
             onDeleteRequested: key => root.store.act("remove", key)
+        }
+
+        LeadPeek {
+            table: leadTable
+            card: root.results.card
+            height: parent.height
         }
 
         LeadSelectionBar {

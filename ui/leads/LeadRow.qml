@@ -21,12 +21,9 @@ OrvTableRow {
     required property string verifiedWord
     required property string verifiedText
 
-    signal lookedAt(string key)
     signal unlockRequested(string key)
 
     label: titleText === "" ? name : name + ", " + titleText
-
-    onHoveredChanged: if (hovered) lookedAt(key)
 
     OrvTwoLineCell {
         column: root.nameColumn

@@ -58,11 +58,11 @@ PagedTable {
         textColumns: root.textColumns
         canUnlock: root.canWrite
         unlockHint: root.results.actions.allowance.note
-        onLookedAt: key => root.results.card.look(key)
         onUnlockRequested: key => root.results.actions.allowance.unlockOne(key)
     }
 
     onOpened: key => results.card.open(key)
+    onHoveredRowChanged: results.card.peek(hoveredRow < 0 ? "" : rows.keyAt(hoveredRow))
     // Whoever walks the rows with the keyboard opens the one they rest on.
     onCurrentKeyChanged: results.card.look(currentKey)
 }

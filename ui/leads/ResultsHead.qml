@@ -12,7 +12,7 @@ Item {
 
     signal walkedOut()
 
-    height: 44 + (chips.visible ? 34 : 0)
+    height: 44 + (chips.visible ? chips.implicitHeight + 2 : 0)
 
     Text {
         id: count
