@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// A day, typed as YYYY-MM-DD or picked from a calendar. The text is the form's, also while it is no day yet; `day` is
@@ -60,7 +59,8 @@ FieldFrame {
     error: problem !== "" ? problem : ownProblem
     caret: input.activeFocus
 
-    T.TextField {
+    // Not the toolkit's text field, which describes itself to a screen reader as it likes.
+    TextInput {
         id: input
         anchors { fill: parent; rightMargin: open.width + 2 }
         leftPadding: 10
@@ -76,10 +76,10 @@ FieldFrame {
         maximumLength: 16
         inputMethodHints: Qt.ImhDate
         clip: true
+        HoverHandler { cursorShape: Qt.IBeamCursor }
 
-        // Nothing draws it; the toolkit's text field describes itself by it and by nothing else.
-        placeholderText: root.note !== "" ? root.note : echo.text
         Accessible.role: Accessible.EditableText
+        Accessible.description: root.note !== "" ? root.note : echo.text
         Accessible.name: root.label
         onTextEdited: if (!root.putting) root.edited(text)
         onEditingFinished: root.settle()

@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
 /// One line of text with its label above and its help or error below.
@@ -43,7 +42,8 @@ FieldFrame {
         color: Theme.text2
     }
 
-    T.TextField {
+    // Not the toolkit's text field, which describes itself to a screen reader as it likes.
+    TextInput {
         id: input
         anchors.fill: parent
         anchors.rightMargin: clear.visible ? clear.width + 2 : reveal.visible ? reveal.width + 4 : 0
@@ -60,10 +60,10 @@ FieldFrame {
         readOnly: root.readOnly
         echoMode: root.secret && !reveal.shown ? TextInput.Password : TextInput.Normal
         clip: true
+        HoverHandler { cursorShape: Qt.IBeamCursor }
 
-        // Nothing draws it; the toolkit's text field describes itself by it and by nothing else.
-        placeholderText: root.note
         Accessible.role: Accessible.EditableText
+        Accessible.description: root.note
         Accessible.name: root.accessibleName
         Accessible.passwordEdit: root.secret
 

@@ -148,6 +148,7 @@ FieldFrame {
         selectByMouse: true
         inputMethodHints: Qt.ImhDigitsOnly
         clip: true
+        HoverHandler { cursorShape: Qt.IBeamCursor }
 
         Accessible.role: Accessible.SpinBox
         Accessible.name: root.accessibleName
