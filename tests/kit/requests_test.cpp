@@ -66,6 +66,10 @@
 #include "kit/models/rampup/rampupRequests.h"
 #include "kit/models/rampup/roadmapTemplate.h"
 #include "kit/models/rampup/warmupStats.h"
+#include "kit/models/setup/setupChanges.h"
+#include "kit/models/setup/setupProject.h"
+#include "kit/models/setup/setupRequests.h"
+#include "kit/models/setup/setupRun.h"
 #include "kit/models/workspace/members.h"
 #include "kit/models/workspace/workspaceDetail.h"
 #include "kit/models/workspace/workspaceRequests.h"
@@ -157,7 +161,8 @@ QList<RoadmapStage> roadmap() { return {{u"warmup"_s, u"Warm-up only"_s, 14, {5,
 
 /// The calls behind the cases of the fixture.
 const std::map<QString, std::function<Built()>>& builders() {
-  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, d1 = u"d1"_s, email = u"a@b.example"_s;
+  static const QString c1 = u"c1"_s, l1 = u"l1"_s, mb1 = u"mb1"_s, t1 = u"t1"_s, d1 = u"d1"_s, sp1 = u"sp1"_s,
+                       sr1 = u"sr1"_s, email = u"a@b.example"_s;
   static const std::map<QString, std::function<Built()>> all{
       {u"listCampaigns"_s, [] { return listCampaigns(false); }},
       {u"listCampaigns archived"_s, [] { return listCampaigns(true); }},
@@ -262,6 +267,72 @@ const std::map<QString, std::function<Built()>>& builders() {
       {u"deleteTemplate"_s, [] { return deleteTemplate(t1, false); }},
       {u"deleteTemplate for good"_s, [] { return deleteTemplate(t1, true); }},
       {u"restoreTemplate"_s, [] { return restoreTemplate(t1); }},
+      {u"listSetupProjects"_s, [] { return listSetupProjects(false); }},
+      {u"listSetupProjects archived"_s, [] { return listSetupProjects(true); }},
+      {u"getSetupProject"_s, [] { return getSetupProject(u"sp/1"_s); }},
+      {u"createSetupProject"_s,
+       [] {
+         return createSetupProject({u"Spring domains"_s, SetupMode::fresh()});
+       }},
+      {u"updateSetupProject nothing"_s, [] { return updateSetupProject(sp1, {}, 4); }},
+      {u"updateSetupProject clearing"_s,
+       [] {
+         const auto text = Clearable<QString>::cleared();
+         const auto number = Clearable<qint64>::cleared();
+         return updateSetupProject(sp1,
+                                   {.user2 = text,
+                                    .user3 = text,
+                                    .dailyLimit = number,
+                                    .minWaitMinutes = number,
+                                    .password = text,
+                                    .newPassword = text,
+                                    .recoveryEmail = text},
+                                   4);
+       }},
+      {u"updateSetupProject all"_s,
+       [] {
+         return updateSetupProject(
+             sp1,
+             {u"n"_s, u"ellen"_s, u"E"_s, u"M"_s, Clearable(u"e"_s), Clearable(u"m"_s), u"s"_s, u"g"_s,
+              Clearable<qint64>(0), QList<QString>{}, Clearable<qint64>(7), QList{u"a.example"_s}, Clearable(u" p "_s),
+              Clearable(u"12345678"_s), Clearable(u"it@a.example"_s)},
+             4);
+       }},
+      {u"deleteSetupProject"_s, [] { return deleteSetupProject(sp1); }},
+      {u"restoreSetupProject"_s, [] { return restoreSetupProject(sp1); }},
+      {u"restoreSetupDomain"_s, [] { return restoreSetupDomain(sp1, {u"c.example"_s}); }},
+      {u"uploadSetupPhoto"_s,
+       [] {
+         return uploadSetupPhoto(sp1, {u"image/png"_s, u"iVBOR"_s});
+       }},
+      {u"removeSetupPhoto"_s, [] { return removeSetupPhoto(sp1); }},
+      {u"setupPhoto"_s, [] { return setupPhoto(sp1, 2); }},
+      {u"setupCredentials"_s, [] { return setupCredentials(sp1); }},
+      {u"latestSetupRun"_s, [] { return latestSetupRun(sp1); }},
+      {u"getSetupRun"_s, [] { return getSetupRun(u"sr/1"_s); }},
+      {u"startSetupRun"_s,
+       [] {
+         return startSetupRun({SetupMode::fresh(),
+                               sp1,
+                               {u"a.example"_s},
+                               u"ellen"_s,
+                               u"e.marsh"_s,
+                               {},
+                               u"Ellen"_s,
+                               u"Marsh"_s,
+                               u""_s,
+                               u"E."_s,
+                               30,
+                               {u"fleet"_s},
+                               12});
+       }},
+      {u"retrySetupRun"_s, [] { return retrySetupRun(sr1); }},
+      {u"retrySetupRun domain"_s, [] { return retrySetupRun(sr1, u"a.example"_s); }},
+      {u"pauseSetupRun"_s, [] { return pauseSetupRun(sr1); }},
+      {u"resumeSetupRun"_s, [] { return resumeSetupRun(sr1); }},
+      {u"terminateSetupRun"_s, [] { return terminateSetupRun(sr1); }},
+      {u"setupDomainChecks"_s, [] { return setupDomainChecks(sr1, u"a.example"_s); }},
+      {u"lookUpRegistrars"_s, [] { return lookUpRegistrars({{u"a.example"_s}}); }},
       {u"deliverability"_s, [] { return deliverability(); }},
       {u"deliverabilityInbox"_s, [] { return deliverabilityInbox(u"mb/1"_s); }},
       {u"listTags"_s, [] { return listTags(); }},

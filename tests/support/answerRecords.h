@@ -42,6 +42,9 @@
 #include "kit/models/rampup/rampupDetail.h"
 #include "kit/models/rampup/roadmapTemplate.h"
 #include "kit/models/rampup/warmupStats.h"
+#include "kit/models/setup/setupChanges.h"
+#include "kit/models/setup/setupProject.h"
+#include "kit/models/setup/setupRun.h"
 #include "kit/models/workspace/members.h"
 #include "kit/models/workspace/workspaceDetail.h"
 #include "kit/session/authRequests.h"
@@ -56,10 +59,10 @@ using AnswerRecords = boost::mp11::mp_list<
     ImportStarted, OwnLeads, BulkResult, MoveResult, RestoredResult, AnalyticsSummary, AnalyticsOverview, WarmupHealth,
     Dashboard, MailboxPage, MailboxHistory, TrackingDomainCheck, MailboxBulkResult, MailboxHealth,
     GoogleWorkspaceStatus, GoogleDirectory, GoogleConnectOutcome, OAuthProviders, RampupList, RampupDetail, WarmupStats,
-    RampupBulkResult, TemplatePage, RoadmapTemplate, DeliverabilityReport, DeliverabilityInboxDetail, ThreadPage,
-    InboxThread, ThreadDetail, ReplyAccepted, Draft, ReviewDraftPage, DraftVersions, DraftTraining, SetterSettings,
-    SetterTraining, SetterLessons, SetterCampaignModes, TagList, ReplyLabelList, WorkspaceDetail, MemberPage,
-    InvitePage, ClientWorkspace, AuthMethods, EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts,
-    Problem>;
+    SetupProjectPage, SetupProject, SetupRun, DomainChecks, RegistrarLookup, RampupBulkResult, TemplatePage,
+    RoadmapTemplate, DeliverabilityReport, DeliverabilityInboxDetail, ThreadPage, InboxThread, ThreadDetail,
+    ReplyAccepted, Draft, ReviewDraftPage, DraftVersions, DraftTraining, SetterSettings, SetterTraining, SetterLessons,
+    SetterCampaignModes, TagList, ReplyLabelList, WorkspaceDetail, MemberPage, InvitePage, ClientWorkspace, AuthMethods,
+    EmailCheck, EmailStarted, NativeSession, MeResponse, UnreadCounts, Problem>;
 
 }  // namespace orv::test

@@ -1,0 +1,209 @@
+#include <QAbstractItemModelTester>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include "tests/app/setup/SetupFixture.h"
+
+using namespace orv;
+using namespace orv::test;
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+SetupProject running(const QString& control = u"run"_s) {
+  SetupProject project = someProject();
+  project.lastRun = SetupLastRun{u"sr1"_s, u"2026-11-21T09:31:00Z"_s, 3, 1, 0, 2, RunControl(control)};
+  return project;
+}
+
+const QStringList working{u"connected"_s, u"gmail"_s, u"waiting"_s};
+
+}  // namespace
+
+class SetupRunsTest : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<SetupFixture> f;
+
+  /// How often that was asked so far.
+  int asked(const QString& label) const {
+    return int(
+        std::ranges::count_if(f->api.sent(), [&](const APICall& call) { return call.request.label() == label; }));
+  }
+  void answerPoll(const SetupRun& run) { f->api.answer(f->poll, encodeJSON(run)); }
+
+ private Q_SLOTS:
+  void init() { f = std::make_unique<SetupFixture>(); }
+  void cleanup() { f.reset(); }
+
+  void theListIsReadSeldomAndOftenWhileSomethingRuns() {
+    f->load({someProject()});
+    f->pass(9999ms);
+    QCOMPARE(asked(f->list), 1);
+    f->api.expect(f->list);
+    f->pass(1ms);
+    // The answer is late: no second one is asked for meanwhile.
+    f->pass(60s);
+    QCOMPARE(asked(f->list), 2);
+    f->api.answer(f->list, f->page({running()}));
+    QCOMPARE(f->store.rows()->records().at(0).runText, u"Running"_s);
+    f->api.expect(f->list);
+    f->pass(2s);
+    f->api.fail(f->list, TransportFailure::offline);
+    QCOMPARE(f->lastToast(), QString());
+    QCOMPARE(f->store.rows()->rowCount(), 1);
+    f->api.expect(f->list);
+    f->pass(2s);
+    f->api.answer(f->list, f->page({running(u"terminated"_s)}));
+    f->pass(9s);
+    QCOMPARE(asked(f->list), 4);
+    f->api.expect(f->list);
+    f->pass(1s);
+    // Asleep, no time passes for it.
+    f->api.answer(f->list, f->page({running(u"terminated"_s)}));
+    f->clock.jump(1h);
+    settle();
+    QCOMPARE(asked(f->list), 5);
+  }
+
+  void aRunIsFollowedByOnePollerUntilItEnds() {
+    const auto page = f->open(someProject(), someRun(working));
+    SetupProjectStore second(u"sp1"_s, f->store);
+    f->api.expect(f->one);
+    second.ensureLoaded();
+    f->api.answer(f->one, encodeJSON(someProject()));
+    QAbstractItemModelTester tester(page->runRows(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QCOMPARE(page->runHeadline(), u"1 of 3 inboxes connected"_s);
+    f->api.expect(f->poll);
+    f->pass(2s);
+    QCOMPARE(asked(f->poll), 1);
+    QSignalSpy changed(page->runRows(), &QAbstractItemModel::dataChanged);
+    answerPoll(someRun({u"connected"_s, u"settings"_s, u"waiting"_s}));
+    QCOMPARE(changed.size(), 1);
+    f->api.expect(f->poll);
+    f->pass(2s);
+    // One failure does not end it.
+    f->api.fail(f->poll, TransportFailure::timedOut);
+    QCOMPARE(page->runHeadline(), u"1 of 3 inboxes connected"_s);
+    f->api.expect(f->poll);
+    f->pass(2s);
+    answerPoll(someRun({u"connected"_s, u"exists"_s, u"error"_s}));
+    QCOMPARE(page->runText(), u"1 failed"_s);
+    QVERIFY(f->store.runs().isClosed(u"sr1"_s));
+    f->api.expect(f->list);
+    f->pass(15s);
+    QCOMPARE(asked(f->poll), 3);
+    f->api.answer(f->list, f->page({someProject()}));
+  }
+
+  void whatStandsStillIsAskedAboutLessOften() {
+    for (const auto& [run, interval] : {std::pair(someRun(working, u"paused"_s), 8s),
+                                        std::pair(someRun({u"connected"_s, u"authorize"_s, u"waiting"_s}), 8s),
+                                        std::pair(someRun({u"gmail"_s, u"authorize"_s, u"waiting"_s}), 2s)}) {
+      f = std::make_unique<SetupFixture>();
+      const auto page = f->open(someProject(), run);
+      f->pass(interval - 1ms);
+      QCOMPARE(asked(f->poll), 0);
+      f->api.expect(f->poll);
+      f->pass(1ms);
+      QCOMPARE(asked(f->poll), 1);
+    }
+  }
+
+  void pausingWinsOverAReadingThatWasUnderWay() {
+    const auto page = f->open(someProject(), someRun(working));
+    const auto pause = u"POST /inbox-setup/runs/sr1/pause"_s, resume = u"POST /inbox-setup/runs/sr1/resume"_s;
+    f->api.expect(f->poll);
+    f->pass(2s);
+    f->api.expect(pause);
+    QVERIFY(page->act(u"pause"_s));
+    QVERIFY(!page->act(u"pause"_s));
+    f->api.answer(pause, encodeJSON(someRun(working, u"paused"_s)));
+    QVERIFY(!f->api.isWaiting(f->poll));
+    QCOMPARE(page->runText(), u"Paused"_s);
+    f->api.expect(resume);
+    QVERIFY(page->act(u"resume"_s));
+    f->api.answer(resume, "{}", 500);
+    QCOMPARE(f->lastToast(), u"Couldn’t resume the run."_s);
+    QVERIFY(f->api.isWaiting(f->latest) || asked(f->latest) == 2);
+  }
+
+  void terminatingIsAskedAboutAndRunAgainFollowsAnew() {
+    const auto page = f->open(someProject(), someRun(working));
+    const auto terminate = u"POST /inbox-setup/runs/sr1/terminate"_s, retry = u"POST /inbox-setup/runs/sr1/retry"_s;
+    QVERIFY(page->act(u"terminate"_s));
+    QCOMPARE(f->overlays.title(), u"Terminate this run?"_s);
+    QVERIFY(f->overlays.text().contains(u"stay connected"_s));
+    f->overlays.answer(f->overlays.token(), false);
+    settle();
+    QVERIFY(page->act(u"terminate"_s));
+    f->api.expect(terminate);
+    f->overlays.answer(f->overlays.token(), true);
+    settle();
+    f->api.answer(terminate, encodeJSON(someRun({u"connected"_s, u"stopped"_s, u"stopped"_s}, u"terminated"_s)));
+    QCOMPARE(page->runText(), u"Stopped"_s);
+    f->pass(8s);
+    QCOMPARE(asked(f->poll), 0);
+    f->api.expect(retry);
+    page->retryDomain(u"d0.example"_s);
+    QCOMPARE(f->sentBody(), (QJsonObject{{u"domain"_s, u"d0.example"_s}}));
+    f->api.answer(retry, encodeJSON(someRun(working)));
+    QVERIFY(!f->store.runs().isClosed(u"sr1"_s));
+    f->api.expect(f->list);
+    f->api.expect(f->poll);
+    f->pass(2s);
+    QCOMPARE(asked(f->poll), 1);
+    f->api.answer(f->list, f->page({someProject()}));
+  }
+
+  void checksAreReadTwiceAndTheLastOneStays() {
+    const auto page = f->open(someProject(), someRun({u"connected"_s}));
+    const auto get = u"GET /inbox-setup/runs/sr1/checks/d0.example"_s;
+    DomainChecks checks;
+    checks.domain = u"d0.example"_s;
+    checks.dns.mx = false;
+    f->api.expect(get);
+    page->select(u"r0"_s);
+    f->api.answer(get, encodeJSON(checks));
+    QCOMPARE(page->checks()->lines().at(0).key, u"no"_s);
+    QCOMPARE(page->checks()->lines().at(1).key, u"unknown"_s);
+    checks.dns.mx = true;
+    f->api.expect(get);
+    f->pass(4s);
+    f->api.answer(get, encodeJSON(checks));
+    QCOMPARE(page->checks()->lines().at(0).key, u"yes"_s);
+    QVERIFY(!page->checks()->checking());
+    f->api.expect(get);
+    page->checks()->check();
+    f->api.answer(get, "{}", 503);
+    QCOMPARE(page->checks()->note(), u"The last check failed; this is the one before."_s);
+    QCOMPARE(page->checks()->lines().at(0).key, u"yes"_s);
+  }
+
+  /// Rows are told apart by what they are: what is looked at stays where it is.
+  void fiveHundredInboxesAreFoldedInInPlace() {
+    QStringList states;
+    for (int i = 0; i < 500; ++i) states.append(i % 2 ? u"gmail"_s : u"waiting"_s);
+    const auto page = f->open(someProject(), someRun(states));
+    QCOMPARE(page->runRows()->rowCount(), 667);
+    for (QString& state : states) state = u"settings"_s;
+    const SetupRun next = someRun(states);
+    QSignalSpy reset(page->runRows(), &QAbstractItemModel::modelReset);
+    QSignalSpy inserted(page->runRows(), &QAbstractItemModel::rowsInserted);
+    QElapsedTimer timer;
+    f->api.expect(f->poll);
+    f->pass(2s);
+    const QByteArray json = encodeJSON(next);
+    timer.start();
+    f->api.answer(f->poll, json);
+    qInfo("500 inboxes in %lld ms, decoding and sanitizers included", timer.elapsed());
+    QCOMPARE(reset.size() + inserted.size(), 0);
+    QCOMPARE(page->runRows()->records().at(1).stateText, u"Settings"_s);
+    page->fold(u"d0.example"_s);
+    QCOMPARE(page->runRows()->rowCount(), 664);
+  }
+};
+
+QTEST_GUILESS_MAIN(SetupRunsTest)
+#include "setupruns_test.moc"
