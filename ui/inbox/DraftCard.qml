@@ -243,7 +243,7 @@ FocusScope {
                 OrvButton {
                     kind: "primary"
                     text: root.drafts.approveText
-                    keys: root.drafts.edited ? "" : "Ctrl+↵"
+                    keys: root.drafts.edited ? "" : "Ctrl ↵"
                     enabled: root.drafts.canApprove
                     onClicked: root.store.act("approve")
                 }
