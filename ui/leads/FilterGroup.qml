@@ -40,8 +40,7 @@ Column {
 
             FocusRing {
                 visible: head.visualFocus
-                anchors.margins: 2
-                innerRadius: Theme.radiusControl
+                inset: true
             }
         }
 
