@@ -42,14 +42,15 @@ void SetupDomains::show() {
   std::vector<DomainRow> rows, archived;
   for (const QString& domain : m_form.draft()->typed().domains) {
     const QString holder = m_registrars.value(domain);
-    rows.push_back({domain, !holder.isEmpty()             ? shownName(holder)
-                            : m_lookedUp.contains(domain) ? u"Registrar unknown"_s
-                                                          : QString()});
+    rows.push_back({domain, domain,
+                    !holder.isEmpty()             ? shownName(holder)
+                    : m_lookedUp.contains(domain) ? u"Registrar unknown"_s
+                                                  : QString()});
   }
   const QDateTime now = services().clock.now();
   if (m_project.value())
     for (const SetupArchivedDomain& each : m_project.value()->archivedDomains)
-      archived.push_back({each.domain, each.reason + u" · "_s + momentText(each.archivedAt, now)});
+      archived.push_back({each.domain, each.domain, each.reason + u" · "_s + momentText(each.archivedAt, now)});
   m_rows.update(std::move(rows));
   m_archivedRows.update(std::move(archived));
   Q_EMIT changed();

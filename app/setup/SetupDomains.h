@@ -9,11 +9,13 @@ namespace orv {
 /// A domain of a project, or one that was taken off it.
 struct DomainRow {
   QString id;
+  /// As it is shown; the same.
+  QString domain;
   /// Who holds it; why and when it was taken off.
   QString detail;
   bool operator==(const DomainRow&) const = default;
 };
-BOOST_DESCRIBE_STRUCT(DomainRow, (), (id, detail))
+BOOST_DESCRIBE_STRUCT(DomainRow, (), (id, domain, detail))
 ORV_DECLARE_ROW(DomainRow)
 
 class DomainRows final : public RecordModel<DomainRow> {

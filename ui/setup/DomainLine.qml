@@ -5,7 +5,7 @@ import Orvella.Design
 Rectangle {
     id: root
 
-    required property string id
+    required property string domain
     required property string detail
     property bool archived: false
     property bool editable: false
@@ -17,13 +17,13 @@ Rectangle {
 
     function act() {
         if (editable && !busy)
-            archived ? restored(id) : removed(id);
+            archived ? restored(domain) : removed(domain);
     }
 
     implicitHeight: 44
     color: hover.hovered ? Theme.hover : "transparent"
     Accessible.role: Accessible.ListItem
-    Accessible.name: detail === "" ? id : id + ", " + detail
+    Accessible.name: detail === "" ? domain : domain + ", " + detail
 
     HoverHandler {
         id: hover
@@ -37,7 +37,7 @@ Rectangle {
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideMiddle
         textFormat: Text.PlainText
-        text: root.id
+        text: root.domain
         font: Theme.body
         color: Theme.text
         Accessible.ignored: true
@@ -64,7 +64,7 @@ Rectangle {
         size: "small"
         iconOnly: !root.archived
         iconName: root.archived ? "edit-undo" : "orv-close"
-        text: root.archived ? "Restore" : "Remove " + root.id
+        text: root.archived ? "Restore" : "Remove " + root.domain
         busy: root.busy
         activeFocusOnTab: false
         focusPolicy: Qt.NoFocus

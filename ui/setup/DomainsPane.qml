@@ -106,13 +106,13 @@ FocusScope {
         T.ScrollBar.vertical: OrvScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: root.domains.showArchived ? "Archived domains" : "Domains"
-        Keys.onDeletePressed: if (currentItem) currentItem.act()
+        Keys.onDeletePressed: (currentItem as DomainLine)?.act()
 
         delegate: DomainLine {
             width: list.width
             archived: root.domains.showArchived
             editable: root.editable
-            busy: root.domains.busyDomains.includes(id)
+            busy: root.domains.busyDomains.includes(domain)
             current: ListView.isCurrentItem && list.activeFocus && InputMode.keyboard
             onRemoved: domain => root.domains.remove(domain)
             onRestored: domain => root.domains.restore(domain)

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Orvella.Design
 
 /// One of several kinds, with a sentence about it.
-T.RadioButton {
+T.AbstractButton {
     id: root
 
     property string title: ""
@@ -13,14 +13,13 @@ T.RadioButton {
     signal chosen()
 
     implicitHeight: words.height + 24
-    checked: picked
-    activeFocusOnTab: true
+    focusPolicy: Qt.StrongFocus
+    text: title
     Accessible.role: Accessible.RadioButton
     Accessible.name: title + ", " + detail
     Accessible.checked: picked
-    Accessible.onPressAction: chosen()
+    Accessible.onPressAction: clicked()
     onClicked: chosen()
-    Keys.onSpacePressed: chosen()
 
     background: Rectangle {
         radius: Theme.radiusCard

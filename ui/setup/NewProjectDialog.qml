@@ -17,7 +17,6 @@ OnDemand {
         confirmEnabled: root.form.canGoOn
         busy: root.form.busy
         error: root.form.error
-        initialFocus: kinds
         onConfirmed: root.form.goOn()
         onCancelled: root.form.cancel()
 
@@ -33,7 +32,6 @@ OnDemand {
             spacing: 8
 
             Repeater {
-                id: choices
                 model: root.form.modes
 
                 KindChoice {
@@ -56,7 +54,6 @@ OnDemand {
             placeholder: "Spring domains"
             text: root.form.name
             onEdited: text => root.form.name = text
-            onAccepted: root.form.goOn()
             onVisibleChanged: if (visible) forceActiveFocus(Qt.OtherFocusReason)
         }
 

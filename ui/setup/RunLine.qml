@@ -124,10 +124,6 @@ OrvTableRow {
             tone: root.tone
             shape: root.isFailed ? "square" : root.tone === "warning" ? "diamond" : "dot"
 
-            HoverHandler {
-                id: over
-            }
-
             OrvTooltip {
                 text: root.reason
                 asked: root.reason !== "" && root.current && root.activeFocus && InputMode.keyboard

@@ -81,7 +81,6 @@ FocusScope {
         id: checks
 
         ChecksPane {
-            width: parent?.width ?? 0
             checks: root.store.checks
         }
     }
