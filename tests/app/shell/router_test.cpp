@@ -93,6 +93,7 @@ class RouterTest : public QObject {
     router.moveTo({.tab = u"leads"_s, .value = u"bolt"_s});
     router.openSettings(SettingsTab::tags);
     router.openSettings(SettingsTab::tags);
+    walked.clear();
     while (router.canGoBack()) router.goBack();
     const QList<PagePlace> back{
         {u"leads"_s, u"bolt"_s}, {u"leads"_s, u"acme"_s}, {u"leads"_s, {}}, {u"sequence"_s, {}}, {}};
