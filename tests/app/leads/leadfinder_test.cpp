@@ -289,6 +289,36 @@ class LeadFinderTest : public QObject {
     QCOMPARE(f->lastToast(), u"Copied"_s);
   }
 
+  void thePointerPeeksAndTheKeyboardReadsAhead() {
+    f->open(SearchFixture::page({f->lead("l1"), f->lead("l2")}));
+    LeadCard& card = *f->results.card();
+    card.peek(u"l1"_s);
+    f->clock.advance(200ms);
+    card.peek(u"l2"_s);
+    f->clock.advance(200ms);
+    QVERIFY2(!card.peeking() && f->asked(u"GET /leads/l1"_s) == 0, "whoever passes a row sees nothing of it");
+    f->api.expect(u"GET /leads/l2"_s);
+    f->clock.advance(60ms);
+    QVERIFY(card.peeking() && !card.shown() && card.leadId() == u"l2"_s);
+    f->api.answer(u"GET /leads/l2"_s, record("l2"));
+    QVERIFY(card.complete());
+    card.peek({});
+    QVERIFY(!card.peeking() && card.leadId().isEmpty());
+    // Opened, it stays, wherever the pointer goes.
+    card.peek(u"l2"_s);
+    f->clock.advance(300ms);
+    card.open(u"l2"_s);
+    QVERIFY(card.shown() && card.complete());
+    card.peek({});
+    f->api.expect(u"GET /leads/l1"_s);
+    card.peek(u"l1"_s);
+    f->clock.advance(300ms);
+    QVERIFY(card.shown() && card.leadId() == u"l2"_s);
+    f->api.answer(u"GET /leads/l1"_s, record("l1"));
+    card.open(u"l1"_s);
+    QVERIFY2(card.complete() && f->asked(u"GET /leads/l1"_s) == 1, "what the pointer rested on opens at once");
+  }
+
   void searchesAreKeptUnderAName() {
     f->open(SearchFixture::page({f->lead("l1")}),
             R"([{"id":"s1","name":"Owners","search":{"title":"owner, founder","list":"li1"},"updatedAt":""}])");

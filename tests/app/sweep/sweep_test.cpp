@@ -162,7 +162,7 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"AddToTemplate"_s, {u"submit"_s}},
     {u"CsvImportForm"_s, {u"show"_s, u"dropFile"_s, u"submit"_s}},
     {u"FacetList"_s, {u"show"_s, u"typed"_s}},
-    {u"LeadCard"_s, {u"open"_s, u"tryAgain"_s}},
+    {u"LeadCard"_s, {u"open"_s, u"peek"_s, u"tryAgain"_s}},
     {u"LeadFilters"_s, {u"chooseDatabase"_s, u"type"_s, u"choose"_s, u"toggle"_s, u"removeChip"_s, u"clear"_s}},
     {u"LeadFinder"_s, {u"open"_s, u"pool"_s}},
     {u"LeadResults"_s, {u"addToList"_s, u"addToCampaign"_s, u"unlock"_s}},
