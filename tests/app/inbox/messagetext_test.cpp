@@ -48,22 +48,22 @@ class MessageTextTest : public QObject {
 
   void aMegabyteIsReadAtOnce() {
     // One that keeps to nothing: marked lines, blanks between, no end of a line.
-    const QString lines = u"> once more\n\n"_s.repeated(80'000), line(1'000'000, u'x');
+    const QString lines = u"> once more\n\n"_s.repeated(80'000), line(4'000'000, u'x');
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(foldQuotes(lines).size(), 1);
     const QStringList pieces = inPieces(line);
     QCOMPARE(pieces.join(QString()), line);
     QCOMPARE(linksIn(line + u" https://example.com"_s), QStringList());
-    // Sanitizers make it ten times as long.
-    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+    // Under sanitizers, beside other work. In time that grows with the square it is minutes.
+    QVERIFY2(timer.elapsed() < 30'000, qPrintable(QString::number(timer.elapsed())));
   }
 
   void longTextsComeInPieces() {
     QCOMPARE(inPieces(u"short"_s), QStringList{u"short"_s});
     QCOMPARE(inPieces(QString()), QStringList());
     QCOMPARE(inPieces(u"one\ntwo\nthree"_s, 6), (QStringList{u"one"_s, u"two\nthree"_s}));
-    QCOMPARE(inPieces(u"one two three four"_s, 6).join(u"|"_s), u"one |two |three four"_s);
+    QCOMPARE(inPieces(u"one two three four"_s, 6).join(u"|"_s), u"one |two |three |four"_s);
     // No letter is halved.
     const QString faces = QString::fromUcs4(U"\U0001F600").repeated(5);
     const QStringList pieces = inPieces(faces, 3);
