@@ -9,7 +9,7 @@ namespace orv {
 
 /// A secret that the service keeps and never gives back: that there is one, the one that is typed to take its place, or
 /// that it is to be taken away. What is typed is held here and nowhere else.
-class SecretField final : public QObject {
+class SecretField : public QObject {
   Q_OBJECT
   Q_PROPERTY(QString text READ text WRITE setText NOTIFY changed)
   Q_PROPERTY(bool stored READ stored NOTIFY changed)
