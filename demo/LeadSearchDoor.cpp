@@ -48,11 +48,18 @@ HTTPAnswer facets(Call& call) {
                 typed = call.request.value(u"q"_s).trimmed();
   if (!LeadBase::hasFacet(field)) return invalid(u"There are no values of this field."_s, u"field"_s);
   QHash<QString, qint64> counts = call.workspace->leads.base->tally(field, database);
+  // What people write down is the same in any case, as it is to a search.
+  QHash<QString, QString> written;
+  for (auto value = counts.keyBegin(); value != counts.keyEnd(); ++value) written.insert(value->toLower(), *value);
   for (const LeadRecord& lead : call.workspace->leads.own()) {
     const LeadFacts facts(lead);
     if (database != "all"_L1 && facts.person.source != database) continue;
-    for (const QString& value : facetValues(field, facts.company, facts.title, facts.person))
-      if (!value.isEmpty()) ++counts[value];
+    for (const QString& value : facetValues(field, facts.company, facts.title, facts.person)) {
+      if (value.isEmpty()) continue;
+      QString& known = written[value.toLower()];
+      if (known.isEmpty()) known = value;
+      ++counts[known];
+    }
   }
   FacetPage page;
   for (const auto& [value, count] : counts.asKeyValueRange())

@@ -242,8 +242,8 @@ class DemoLeadSearchTest : public QObject {
   }
 
   void anAllowanceRunsOutAndComesBack() {
+    f = std::make_unique<DemoFixture>(1, scale(6000));
     const auto usage = f->ask(Requests::unlockUsage());
-    LeadSearch search = everybody();
     const auto all = f->ask(Requests::unlockLeads({.filter = filterBody({{}, u"new"_s}), .limit = usage.left + 10}));
     QCOMPARE(all.unlocked, usage.left);
     QCOMPARE(all.usage.left, 0);

@@ -166,7 +166,7 @@ class KitLeadsTest : public QObject {
  private Q_SLOTS:
   void queryBodyChipsAndSavedMapAreReadingsOfOneThing() {
     const quint32 seed = printedSeed();
-    for (quint32 walk = 0; walk < 40; ++walk) {
+    for (quint32 walk = 0; walk < 15; ++walk) {
       Walk w(seed + walk);
       for (int step = 0; step < 60; ++step) {
         w.step();
