@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
 import Orvella.Design
-import Orvella.App
 import Orvella.Setup
 
 /// A project's domains, one a row: pasted into the field above them, taken off at their end. Those that were taken off

@@ -29,7 +29,7 @@ Item {
             id: picture
             anchors.fill: parent
             source: root.photo.source
-            sourceSize: Qt.size(128, 128)
+            sourceSize { width: 128; height: 128 }
             fillMode: Image.PreserveAspectCrop
             Accessible.ignored: true
         }

@@ -10,6 +10,7 @@ FocusScope {
 
     required property SetupProjectStore store
     readonly property SetupForm form: store.form
+    readonly property var errors: form.draft.problems
 
     function save() {
         form.save();
@@ -21,7 +22,7 @@ FocusScope {
         width: root.width >= 1000 ? 312 : 264
         height: root.height
         domains: root.store.domains
-        problem: root.form.draft.problems.domains ?? ""
+        problem: root.errors.domains ?? ""
         editable: root.store.editable
         makesInboxes: root.store.makesInboxes
     }
@@ -86,7 +87,7 @@ FocusScope {
         saveText: "Save project"
         saving: root.form.saving
         canSave: root.form.canSave
-        hasErrors: Object.keys(root.form.draft.problems).length > 0
+        hasErrors: Object.keys(root.errors).length > 0
         onSaveRequested: root.save()
         onDiscardRequested: root.form.discard()
     }
