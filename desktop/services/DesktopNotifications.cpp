@@ -37,8 +37,15 @@ void DesktopNotifications::show(const Notice& notice) {
 
 void DesktopNotifications::withdraw(const QString& id) {
   m_waiting.removeIf([&id](const Notice& waiting) { return waiting.id == id; });
-  // One that the server has not numbered yet is closed when it does.
-  if (const uint number = m_shown.take(id).number) close(number);
+  const auto known = m_shown.find(id);
+  if (known == m_shown.end()) return;
+  if (known->call != 0) {
+    known->withdrawn = true;
+    known->next.reset();
+    return;
+  }
+  close(known->number);
+  m_shown.erase(known);
 }
 
 void DesktopNotifications::askCapabilities() {
@@ -63,6 +70,12 @@ void DesktopNotifications::forget() {
 }
 
 void DesktopNotifications::send(const Notice& notice) {
+  Shown& shown = m_shown[notice.id];
+  shown.withdrawn = false;
+  if (shown.call != 0) {
+    shown.next = notice;
+    return;
+  }
   // The summary is never markup. The body is where the server says so, and only there are its letters escaped.
   const bool hasMarkup = m_can->contains(u"body-markup"_s);
   const QString body = !m_can->contains(u"body"_s) ? QString() : hasMarkup ? notice.body.toHtmlEscaped() : notice.body;
@@ -72,7 +85,6 @@ void DesktopNotifications::send(const Notice& notice) {
   QVariantMap hints{{u"desktop-entry"_s, m_desktopEntry},
                     {u"urgency"_s, QVariant::fromValue<uchar>(notice.urgency == Notice::Urgency::critical ? 2 : 1)}};
   if (!notice.category.isEmpty()) hints.insert(u"category"_s, notice.category);
-  Shown& shown = m_shown[notice.id];
   shown.call = ++m_calls;
   auto message = call(u"Notify"_s);
   message << QCoreApplication::applicationName() << shown.number << m_desktopEntry << notice.title << body << actions
@@ -81,16 +93,21 @@ void DesktopNotifications::send(const Notice& notice) {
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, id = notice.id, mine = m_calls] {
     watcher->deleteLater();
     const QDBusPendingReply<uint> reply = *watcher;
-    const auto known = m_shown.find(id);
-    const bool isCurrent = known != m_shown.end() && known->call == mine;
-    if (reply.isError()) {
-      if (isCurrent) m_shown.erase(known);
-    } else if (isCurrent) {
-      known->number = reply.value();
-    } else if (known == m_shown.end() || known->number != reply.value()) {
-      close(reply.value());
-    }
+    answered(id, mine, reply.isError() ? std::nullopt : std::optional(reply.value()));
   });
+}
+
+void DesktopNotifications::answered(const QString& id, quint64 call, std::optional<uint> number) {
+  const auto known = m_shown.find(id);
+  // Another server has come meanwhile.
+  if (known == m_shown.end() || known->call != call) return;
+  const Shown shown = *known;
+  if (number && !shown.withdrawn)
+    *known = {.number = *number};
+  else
+    m_shown.erase(known);
+  if (number && shown.withdrawn) close(*number);
+  if (shown.next) send(*shown.next);
 }
 
 void DesktopNotifications::close(uint number) { m_bus.asyncCall(call(u"CloseNotification"_s) << number); }

@@ -29,13 +29,16 @@ class DesktopNotifications final : public Notifications {
   /// What the server knows of one; zero before it has said.
   struct Shown {
     uint number = 0;
-    /// The number of the call that showed it last.
+    /// The call that shows it, until it is answered: whatever is wanted of it meanwhile has to wait for its number.
     quint64 call = 0;
+    std::optional<Notice> next{};
+    bool withdrawn = false;
   };
 
   void askCapabilities();
   void forget();
   void send(const Notice& notice);
+  void answered(const QString& id, quint64 call, std::optional<uint> number);
   void close(uint number);
   QDBusMessage call(const QString& method) const;
   QString idOf(uint number) const;

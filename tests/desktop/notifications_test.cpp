@@ -124,7 +124,6 @@ class NotificationsTest : public QObject {
     make();
     m_desktop->show(notice());
     QTRY_COMPARE(server.got.size(), 1);
-    // Known once the server's number has come; what is withdrawn is what it gave.
     m_desktop->withdraw(u"reply/a/nobody"_s);
     m_desktop->show(notice(u"reply/a/t2"_s));
     QTRY_COMPARE(server.got.size(), 2);
