@@ -1,5 +1,6 @@
 #include "app/settings/SettingsStore.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
@@ -15,17 +16,51 @@ namespace {
 const auto getDetail = u"GET /"_s, patchDetail = u"PATCH /"_s, deletion = u"DELETE /"_s;
 const auto getMembers = u"GET /members"_s, getInvites = u"GET /invites"_s;
 
-QByteArray workspaceAnswer(qint64 version, const QByteArray& name = "Acme", bool canDelete = true) {
-  return R"({"id":"w1","publicId":"ws_1","slug":"acme","timeZone":"Europe/Berlin","role":"owner","opportunityValue":50,)"
-         R"("unsubscribesToBlocklist":false,"name":")" +
-         name + R"(","canDelete":)" + (canDelete ? "true" : "false") + R"(,"version":)" + QByteArray::number(version) +
-         "}";
+/// A record of the fixture's kind, by its members' texts.
+QByteArray object(const QList<std::pair<QString, QJsonValue>>& members) {
+  QJsonObject object;
+  for (const auto& [name, value] : members) object.insert(name, value);
+  return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QByteArray member(const QByteArray& id, const QByteArray& role, const QByteArray& more = {}) {
-  return R"({"userId":")" + id + R"(","email":")" + id + R"(@acme.example","name":"N )" + id + R"(","role":")" + role +
-         '"' + more + "}";
+QByteArray workspaceAnswer(qint64 version, const QString& name = u"Acme"_s, bool canDelete = true, int value = 50) {
+  return object({{u"id"_s, u"w1"_s},
+                 {u"slug"_s, u"acme"_s},
+                 {u"timeZone"_s, u"Europe/Berlin"_s},
+                 {u"role"_s, u"owner"_s},
+                 {u"opportunityValue"_s, value},
+                 {u"unsubscribesToBlocklist"_s, false},
+                 {u"name"_s, name},
+                 {u"canDelete"_s, canDelete},
+                 {u"version"_s, version}});
 }
+
+QByteArray member(const QString& id, const QString& role, const QString& lastSignIn = {}) {
+  QList<std::pair<QString, QJsonValue>> all{
+      {u"userId"_s, id}, {u"email"_s, id + u"@acme.example"_s}, {u"name"_s, u"N "_s + id}, {u"role"_s, role}};
+  if (!lastSignIn.isEmpty()) all.append({u"lastSignInAt"_s, lastSignIn});
+  return object(all);
+}
+
+QByteArray invite(const QString& id, const QString& email) {
+  return object(
+      {{u"id"_s, id}, {u"email"_s, email}, {u"role"_s, u"viewer"_s}, {u"expiresAt"_s, u"2026-11-29T08:00:00Z"_s}});
+}
+
+QByteArray campaign(const QString& id) {
+  QList<std::pair<QString, QJsonValue>> all{{u"id"_s, id},
+                                            {u"name"_s, u""_s},
+                                            {u"status"_s, u"draft"_s},
+                                            {u"createdAt"_s, u""_s},
+                                            {u"tags"_s, QJsonArray{u"t1"_s}}};
+  for (const auto& count : {u"senders"_s, u"steps"_s, u"leads"_s, u"sent"_s, u"replied"_s, u"positive"_s, u"bounced"_s})
+    all.append({count, 0});
+  return object(all);
+}
+
+QByteArray items(const QByteArrayList& all) { return "{\"items\":[" + all.join(',') + "]}"; }
+
+const QByteArray conflict = object({{u"title"_s, u"Conflict"_s}, {u"code"_s, u"version_conflict"_s}});
 
 }  // namespace
 
@@ -49,11 +84,9 @@ class SettingsTest : public QObject {
     f->api.expect(getMembers);
     f->api.expect(getInvites);
     store->setTab(u"members"_s);
-    f->api.answer(getMembers, R"({"items":[)" + member("u1", "owner", R"(,"lastSignInAt":"2026-11-20T08:12:00Z")") +
-                                  "," + member("u2", "member") + "," + member("u3", "steward") + "]}");
-    f->api.answer(
-        getInvites,
-        R"({"items":[{"id":"i1","email":"i@acme.example","role":"viewer","expiresAt":"2026-11-29T08:00:00Z"}]})");
+    f->api.answer(getMembers, items({member(u"u1"_s, u"owner"_s, u"2026-11-20T08:12:00Z"_s),
+                                     member(u"u2"_s, u"member"_s), member(u"u3"_s, u"steward"_s)}));
+    f->api.answer(getInvites, items({invite(u"i1"_s, u"i@acme.example"_s)}));
   }
   QJsonObject sentBody() const { return QJsonDocument::fromJson(f->api.last().request.body.value_or("{}")).object(); }
   QString lastToast() const { return f->toasts.toasts().isEmpty() ? QString() : f->toasts.toasts().last().message; }
@@ -85,7 +118,7 @@ class SettingsTest : public QObject {
     save(form);
     QCOMPARE(sentBody(), (QJsonObject{{u"name"_s, u"New name"_s}}));
     QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(7));
-    f->api.answer(patchDetail, workspaceAnswer(8, "New name"));
+    f->api.answer(patchDetail, workspaceAnswer(8, u"New name"_s));
     QVERIFY(!form.dirty());
     QCOMPARE(f->program.readings, 1);
     // The other tab's form is of the same workspace, and its text is another.
@@ -93,8 +126,7 @@ class SettingsTest : public QObject {
     company.set(u"opportunityValue"_s, u"2400"_s);
     save(company);
     QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
-    QByteArray answer = workspaceAnswer(9, "New name");
-    f->api.answer(patchDetail, answer.replace(":50", ":2400"));
+    f->api.answer(patchDetail, workspaceAnswer(9, u"New name"_s, true, 2400));
     QCOMPARE(lastToast(), u"Each opportunity now counts as $2,400"_s);
     QCOMPARE(store->workspaceForm()->draft()->values().value(u"opportunityValue"_s).toString(), u"2400"_s);
   }
@@ -105,9 +137,8 @@ class SettingsTest : public QObject {
     form.set(u"timeZone"_s, u"Europe/Lisbon"_s);
     save(form);
     f->api.expect(getDetail);
-    f->api.answer(patchDetail, R"({"title":"Conflict","code":"version_conflict"})", 409,
-                  {{"content-type", "application/problem+json"}});
-    f->api.answer(getDetail, workspaceAnswer(5, "Theirs"));
+    f->api.answer(patchDetail, conflict, 409, {{"content-type", "application/problem+json"}});
+    f->api.answer(getDetail, workspaceAnswer(5, u"Theirs"_s));
     QCOMPARE(form.problem(), u"Someone else changed this workspace. We loaded the latest, try again."_s);
     QCOMPARE(form.draft()->values().value(u"name"_s).toString(), u"Theirs"_s);
     QCOMPARE(form.draft()->values().value(u"timeZone"_s).toString(), u"Europe/Lisbon"_s);
@@ -170,7 +201,7 @@ class SettingsTest : public QObject {
     QVERIFY(f->program.deleted.isEmpty() && store->canDelete());
     QCOMPARE(f->program.readings, 1);
     QCOMPARE(lastToast(), u"Couldn’t delete the workspace."_s);
-    openWorkspaceTab(workspaceAnswer(2, "Acme", false));
+    openWorkspaceTab(workspaceAnswer(2, u"Acme"_s, false));
   }
 
   void membersGetOtherRolesAndLeave() {
@@ -184,7 +215,7 @@ class SettingsTest : public QObject {
     members.changeRole(u"u2"_s, u"admin"_s);
     members.changeRole(u"u2"_s, u"viewer"_s);
     QCOMPARE(sentBody(), (QJsonObject{{u"role"_s, u"admin"_s}}));
-    f->api.answer(u"PATCH /members/u2"_s, member("u2", "admin"));
+    f->api.answer(u"PATCH /members/u2"_s, member(u"u2"_s, u"admin"_s));
     QCOMPARE(members.roleOf(u"u2"_s), u"admin"_s);
     // They have it already.
     members.changeRole(u"u2"_s, u"admin"_s);
@@ -232,11 +263,10 @@ class SettingsTest : public QObject {
     if (sent.isEmpty()) return;
     QCOMPARE(sentBody(), (QJsonObject{{u"email"_s, sent}, {u"role"_s, u"viewer"_s}}));
     f->api.expect(getInvites);
-    f->api.answer(u"POST /invites"_s, R"({"id":"i2","email":")" + sent.toUtf8() +
-                                          R"(","role":"viewer","expiresAt":"2026-11-29T08:00:00Z"})");
+    f->api.answer(u"POST /invites"_s, invite(u"i2"_s, sent));
     QVERIFY(!form.shown());
     QCOMPARE(lastToast(), u"Invitation sent to "_s + sent);
-    f->api.answer(getInvites, R"({"items":[]})");
+    f->api.answer(getInvites, items({}));
     QCOMPARE(store->invites()->list()->stateName(), ResourceBase::State::Empty);
   }
 
@@ -247,7 +277,7 @@ class SettingsTest : public QObject {
     form.set(u"email"_s, u"a@b.c"_s);
     f->api.expect(u"POST /invites"_s);
     form.submit();
-    f->api.answer(u"POST /invites"_s, R"({"title":"Already a member"})", 409,
+    f->api.answer(u"POST /invites"_s, object({{u"title"_s, u"Already a member"_s}}), 409,
                   {{"content-type", "application/problem+json"}});
     QVERIFY(form.shown() && !form.busy());
     QCOMPARE(form.error(), u"Already a member"_s);
@@ -267,7 +297,7 @@ class SettingsTest : public QObject {
     QCOMPARE(sentBody(), (QJsonObject{{u"unsubscribesToBlocklist"_s, true}}));
     QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(3));
     f->api.expect(getDetail);
-    f->api.answer(patchDetail, R"({"code":"version_conflict"})", 412, {{"content-type", "application/problem+json"}});
+    f->api.answer(patchDetail, conflict, 412, {{"content-type", "application/problem+json"}});
     QCOMPARE(lastToast(), u"Someone else changed this workspace. We loaded the latest, try again."_s);
     f->api.answer(getDetail, workspaceAnswer(4));
     QVERIFY(!store->unsubscribesToBlocklist() && !store->savingBlocklist());
@@ -295,12 +325,13 @@ class SettingsTest : public QObject {
     f->api.expect(tags);
     store->setTab(u"tags"_s);
     f->api.expect(campaigns);
-    f->api.answer(tags, R"({"items":[{"key":"t1","name":"Fair"},{"key":"idle"}]})");
+    f->api.answer(tags,
+                  items({object({{u"key"_s, u"t1"_s}, {u"name"_s, u"Fair"_s}}), object({{u"key"_s, u"idle"_s}})}));
     f->api.expect(mailboxes);
-    const QByteArray campaign = R"("name":"","status":"draft","senders":0,"steps":0,"leads":0,"sent":0,"replied":0,)"
-                                R"("positive":0,"bounced":0,"createdAt":"","tags":["t1"]})";
-    f->api.answer(campaigns, R"({"items":[{"id":"c1",)" + campaign + R"(,{"id":"c2",)" + campaign + "]}");
-    f->api.answer(mailboxes, R"({"items":[],"tags":[{"tag":"Fair","n":3},{"tag":"warm","n":1}]})");
+    f->api.answer(campaigns, items({campaign(u"c1"_s), campaign(u"c2"_s)}));
+    f->api.answer(mailboxes, object({{u"items"_s, QJsonArray()},
+                                     {u"tags"_s, QJsonArray{QJsonObject{{u"tag"_s, u"Fair"_s}, {u"n"_s, 3}},
+                                                            QJsonObject{{u"tag"_s, u"warm"_s}, {u"n"_s, 1}}}}}));
     QStringList facts;
     for (const Choice& fact : store->lists()->tagFacts()) facts.append(fact.label + u": "_s + fact.detail);
     QCOMPARE(facts, (QStringList{u"Fair: 2 campaigns · 3 accounts"_s, u"idle: 0 campaigns · 0 accounts"_s,

@@ -11,6 +11,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
+const QByteArray twoReleases =
+    "<component><releases><release version='2.0' date='2026-11-21'><description><ul><li>One &amp;\n two</li>"
+    "<li>Three</li></ul></description></release><release version='1.0' date='2026-01-02'/></releases></component>";
+
 struct FakeLog final : ActivityLog {
   QStringList written;
   QStringList lines(int atMost) const override { return written.mid(std::max<qsizetype>(0, written.size() - atMost)); }
@@ -88,10 +92,7 @@ class ProgramTest : public QObject {
   }
 
   void changelogsAreReadOfTheirDescription() {
-    const auto found = releasesIn(R"(<component><releases><release version="2.0" date="2026-11-21"><description>)"
-                                  R"(<ul><li>One &amp;
-         two</li><li>Three</li></ul></description></release><release version="1.0" date="2026-01-02"/></releases>)"
-                                  R"(</component>)");
+    const auto found = releasesIn(twoReleases);
     QCOMPARE(found, (QList<Release>{{u"2.0"_s, QDate(2026, 11, 21), {u"One & two"_s, u"Three"_s}},
                                     {u"1.0"_s, QDate(2026, 1, 2), {}}}));
     QVERIFY(releasesIn("<component><release version='1'>").isEmpty());
