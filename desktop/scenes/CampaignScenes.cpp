@@ -224,7 +224,7 @@ QList<Scene> leadScenes() {
   };
 }
 
-QList<Scene> settingsScenes() {
+QList<Scene> settingsTabScenes() {
   return {
       page(u"campaign-settings"_s, [](Stage& s) { openTab(s, u"running"_s, u"settings"_s); }),
       {u"campaign-settings-unsaved"_s,
@@ -321,7 +321,7 @@ QList<Scene> offlineScenes() {
 }  // namespace
 
 QList<Scene> campaignScenes() {
-  return headerScenes() + sequenceScenes() + leadScenes() + settingsScenes() + subsequenceScenes() + statsScenes() +
+  return headerScenes() + sequenceScenes() + leadScenes() + settingsTabScenes() + subsequenceScenes() + statsScenes() +
          offlineScenes();
 }
 
