@@ -32,7 +32,8 @@ FacetList::Question FacetList::question() const {
 void FacetList::setTyped(const QString& text) {
   if (std::exchange(m_typed, text) == text) return;
   m_failed = false;
-  if (!isAnswered()) m_load.start(loadTask(question(), true));
+  m_load.cancel();
+  if (!isAnswered()) ask(true);
   Q_EMIT changed();
 }
 
@@ -46,14 +47,25 @@ void FacetList::show() {
 }
 
 void FacetList::searchChanged() {
-  if (m_isWanted && (single() || !isAnswered())) load();
+  if (!m_isWanted) return Q_EMIT changed();
+  if (single())
+    load();
+  else if (isAnswered())
+    m_load.cancel();
+  else if (m_load.isIdle() || m_asked != question())
+    load();
   Q_EMIT changed();
 }
 
 void FacetList::load() {
   m_failed = false;
-  m_load.start(loadTask(question(), false));
+  ask(false);
   Q_EMIT changed();
+}
+
+void FacetList::ask(bool isTyped) {
+  m_asked = question();
+  m_load.start(loadTask(m_asked, isTyped));
 }
 
 Task<void> FacetList::loadTask(Question question, bool isTyped) {

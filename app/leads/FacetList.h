@@ -94,6 +94,7 @@ class FacetList final : public Store {
   bool isAnswered() const { return m_answered && *m_answered == question(); }
   QString knownAs(const QString& database) const { return m_field.key + u'/' + database; }
   void load();
+  void ask(bool isTyped);
   Task<void> loadTask(Question question, bool isTyped);
   void answer(const Question& question, const QList<FacetPage::Item>& items);
   QList<FacetPage::Item> shownItems() const;
@@ -104,6 +105,7 @@ class FacetList final : public Store {
   QString m_typed;
   QList<FacetPage::Item> m_items;
   std::optional<Question> m_answered;
+  Question m_asked;
   TaskSlot m_load;
   bool m_isExpanded = false;
   bool m_isWanted = false;
