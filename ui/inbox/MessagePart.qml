@@ -37,27 +37,31 @@ Item {
         id: headPart
 
         Item {
-            height: 46
+            id: line
+
+            readonly property real above: root.first ? 0 : 12
+
+            height: 46 + above
             Accessible.role: Accessible.Heading
             Accessible.name: [root.sender, root.address, root.recipients, root.caption, root.time].filter(word => word !== "").join(", ")
 
             OrvDivider {
                 visible: !root.first
                 x: 20
-                y: 4
+                y: line.above
                 width: root.width - 2 * x
             }
 
             OrvAvatar {
                 x: 20
-                y: 14
+                y: 14 + line.above
                 name: root.sender
             }
 
             Text {
                 id: sender
                 x: root.textX
-                y: 18
+                y: 18 + line.above
                 width: Math.min(implicitWidth, (note.x - x) * 0.6)
                 height: 20
                 verticalAlignment: Text.AlignVCenter
@@ -71,7 +75,7 @@ Item {
 
             Text {
                 x: sender.x + sender.width + 8
-                y: 18
+                y: 18 + line.above
                 width: Math.max(0, note.x - x - 8)
                 height: 20
                 verticalAlignment: Text.AlignVCenter
@@ -86,7 +90,7 @@ Item {
             Row {
                 id: note
                 x: root.width - width - 20
-                y: 18
+                y: 18 + line.above
                 height: 20
                 spacing: 8
 
@@ -169,7 +173,7 @@ Item {
 
                 // The address itself, never other words for it.
                 Row {
-                    id: line
+                    id: link
 
                     required property string modelData
 
@@ -177,16 +181,16 @@ Item {
 
                     OrvIcon {
                         anchors.verticalCenter: parent.verticalCenter
-                        name: line.modelData.startsWith("mailto:") ? "mail-message" : "internet-services"
+                        name: link.modelData.startsWith("mailto:") ? "mail-message" : "internet-services"
                         size: 14
                         color: Theme.text3
                     }
 
                     OrvLink {
                         width: Math.min(implicitWidth, root.textWidth - 20)
-                        text: line.modelData
+                        text: link.modelData
                         Accessible.role: Accessible.Link
-                        onClicked: root.linkChosen(line.modelData)
+                        onClicked: root.linkChosen(link.modelData)
                     }
                 }
             }

@@ -83,7 +83,7 @@ FocusScope {
 
     OrvSegments {
         id: tabs
-        x: 16
+        x: root.width < 320 ? 4 : 16
         y: 48
         width: Math.min(implicitWidth, root.width - 2 * x)
         label: "Conversations"
