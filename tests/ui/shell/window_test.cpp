@@ -406,6 +406,28 @@ class WindowTest : public QObject {
     QTRY_VERIFY(heard().contains(u"Search or go to…"_s));
   }
 
+  void theSidebarCountsUnreadMail() {
+    open(true);
+    auto& app = m_stage->app();
+    QList<QQuickItem*> items{m_stage->window().contentItem()};
+    QQuickItem* inbox = nullptr;
+    while (!inbox && !items.isEmpty()) {
+      QQuickItem* const next = items.takeLast();
+      if (next->property("count").isValid() && next->property("text").toString() == u"Inbox"_s) inbox = next;
+      items += next->childItems();
+    }
+    QVERIFY(inbox);
+    QTRY_VERIFY(inbox->property("count").toInt() > 0);
+    const QString count = QString::number(app.session()->context().unread().value_or(0));
+    QCOMPARE(ui::Reader::descriptionOf(inbox), count + u" unread"_s);
+    // Another workspace has its own, before anybody opens it.
+    const QVariant elsewhere = app.notifier()->unread().value(u"caldera"_s);
+    app.openWorkspace(u"caldera"_s);
+    QTRY_COMPARE(inbox->property("count").toInt(), elsewhere.toInt());
+    app.session()->context().setUnread(0);
+    QTRY_COMPARE(ui::Reader::descriptionOf(inbox), QString());
+  }
+
   void leavesNothingOfAWorkspaceBehind() {
     open(true);
     QTRY_COMPARE(campaigns().rows()->count(), 10);
