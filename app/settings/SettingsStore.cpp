@@ -18,7 +18,10 @@ const auto onlyAdminsInvite = u"Only admins can invite teammates."_s;
 
 SettingsStore::SettingsStore(WorkspaceContext& context)
     : Store(context),
-      m_actions(context, m_busy, [this] { m_workspace.load(); }),
+      m_actions(context, m_busy,
+                [this] {
+                  if (m_workspace.isAsked()) m_workspace.load();
+                }),
       m_workspace(*this, [this] { return api().send(Requests::getWorkspace()); },
                   {.failed = u"Couldn’t load the workspace"_s, .loadsByItself = false}),
       m_workspaceForm(WorkspaceForm::Tab::workspace, *this, m_workspace),
@@ -195,6 +198,8 @@ Task<void> SettingsStore::clientTask(ClientWorkspaceBody body) {
   auto submission = m_clientForm.begin();
   const auto told = [&submission, this](const APIError& error) {
     submission.fail(services().toasts, u"Couldn’t create the client workspace."_s, error);
+    // It may be there all the same.
+    if (mayHaveActed(error)) services().program.rereadAccount();
     return true;
   };
   const auto made = co_await m_actions.send(Requests::createClientWorkspace(body), {}, {}, told);
