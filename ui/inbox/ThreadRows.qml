@@ -37,23 +37,26 @@ TableCore {
     onMenuRequested: (key, row, x, y) => menu.openFor(key, row, x, y)
     onQueryChanged: body.goToTop()
 
+    // Only what somebody walks to opens, not what rows that come and go make the current one.
+    Keys.onReleased: event => {
+        event.accepted = false;
+        switch (event.key) {
+        case Qt.Key_Up:
+        case Qt.Key_Down:
+        case Qt.Key_PageUp:
+        case Qt.Key_PageDown:
+        case Qt.Key_Home:
+        case Qt.Key_End:
+            rest.restart();
+        }
+    }
+
     function focusRows() {
         body.forceActiveFocus(Qt.OtherFocusReason);
     }
 
     function goToTop() {
         body.goToTop();
-    }
-
-    // Only what somebody walks to opens, not what rows that come and go make the current one.
-    Item {
-        id: walker
-
-        Keys.onPressed: event => {
-            event.accepted = false;
-            if ([Qt.Key_Up, Qt.Key_Down, Qt.Key_PageUp, Qt.Key_PageDown, Qt.Key_Home, Qt.Key_End].includes(event.key))
-                rest.restart();
-        }
     }
 
     // A key that is held passes many rows; where it comes to rest is what is looked at.
@@ -79,7 +82,6 @@ TableCore {
         anchors.fill: parent
         focus: true
         table: root
-        Keys.forwardTo: [walker]
         delegate: ThreadRow {
             column: threadCells
         }
