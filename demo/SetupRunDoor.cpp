@@ -96,7 +96,7 @@ const QList<Route>& setupRunRoutes() {
       {"POST", u"/inbox-setup/runs/{id}/resume"_s, Access::members, onRun<resume>},
       {"POST", u"/inbox-setup/runs/{id}/terminate"_s, Access::members, onRun<terminate>},
       {"GET", u"/inbox-setup/runs/{id}/checks/{domain}"_s, Access::readers, onRun<checks>},
-      {"POST", u"/inbox-setup/registrar-lookup"_s, Access::readers, registrars},
+      {"POST", u"/inbox-setup/registrar-lookup"_s, Access::members, registrars},
   };
   return routes;
 }

@@ -97,7 +97,7 @@ Task<void> SetupDomains::restoreTask(QString domain) {
 Task<void> SetupDomains::lookUpTask() {
   const QStringList domains = m_form.draft()->typed().domains;
   const auto mark = m_busy.mark(QString(lookup));
-  if (!mark || domains.isEmpty()) co_return;
+  if (!mark || domains.isEmpty() || !canWrite()) co_return;
   const auto found =
       co_await m_actions.send(Requests::lookUpRegistrars({domains}), u"Couldn’t look up the registrars."_s);
   if (!found) co_return;

@@ -310,6 +310,7 @@ QList<PageAction> SetupProjectStore::offered(const QString& record) {
   actions.append({.key = u"registrars"_s,
                   .title = u"Look up registrars"_s,
                   .icon = u"internet-services"_s,
+                  .writes = true,
                   .possible = m_domains.count() > 0 && !m_domains.lookingUp(),
                   .run = [this] {
                     setTab(enumName(Tab::project));

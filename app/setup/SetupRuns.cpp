@@ -95,6 +95,8 @@ void SetupRuns::put(const QString& projectId, SetupRun run) {
 void SetupRuns::take(const QString& projectId, SetupRun run) {
   const QString id = run.id;
   const bool isOver = run.isOver();
+  // The poller goes by how it stands.
+  put(projectId, std::move(run));
   auto& poller = m_pollers[id];
   if (!poller) poller = std::make_unique<TaskSlot>();
   if (isOver) {
@@ -104,7 +106,6 @@ void SetupRuns::take(const QString& projectId, SetupRun run) {
     m_closed.remove(id);
     poller->start(pollTask(projectId, id));
   }
-  put(projectId, std::move(run));
 }
 
 std::chrono::seconds SetupRuns::pace(const QString& projectId) const {
@@ -115,9 +116,7 @@ std::chrono::seconds SetupRuns::pace(const QString& projectId) const {
 /// The next wait begins when an answer has come, so that no two are under way.
 Task<void> SetupRuns::pollTask(QString projectId, QString runId) {
   while (!m_closed.contains(runId)) {
-    // What the poller is started with is shown a moment later.
-    const SetupRun* known = runOf(projectId);
-    co_await services().clock.sleep(known && known->id == runId ? pace(projectId) : often);
+    co_await services().clock.sleep(pace(projectId));
     std::optional<SetupRun> now;
     try {
       now = co_await api().send(Requests::getSetupRun(runId));

@@ -163,7 +163,7 @@ FocusScope {
                 iconName: "view-refresh"
                 text: "Look up registrars"
                 hint: "Who holds each domain, from the public registry."
-                enabled: root.domains.rows.count > 0
+                enabled: root.editable && root.domains.rows.count > 0
                 busy: root.domains.lookingUp
                 onClicked: root.domains.lookUp()
             }

@@ -124,9 +124,11 @@ class SetupRunsTest : public QObject {
     QCOMPARE(page->runText(), u"Paused"_s);
     f->api.expect(resume);
     QVERIFY(page->act(u"resume"_s));
+    // It may have gone on all the same.
+    f->api.expect(f->latest);
     f->api.answer(resume, "{}", 500);
     QCOMPARE(f->lastToast(), u"Couldn’t resume the run."_s);
-    QVERIFY(f->api.isWaiting(f->latest) || asked(f->latest) == 2);
+    QVERIFY(f->api.isWaiting(f->latest));
   }
 
   void terminatingIsAskedAboutAndRunAgainFollowsAnew() {
