@@ -91,14 +91,15 @@ void SettingsStore::refresh() {
 QList<PageAction> SettingsStore::offered(const QString& record) {
   QList<PageAction> actions = Store::offered(record);
   if (!record.isEmpty()) return actions;
-  if (m_tab == SettingsTab::members) {
-    actions.append(newAction(u"Invite a teammate"_s, onlyAdminsInvite, [this] { m_invites.form()->show(); }));
-    actions.last().possible = canManage();
-  } else if (m_tab == SettingsTab::clients) {
-    actions.append(newAction(u"New client workspace"_s, u"Only admins can create client workspaces."_s,
-                             [this] { m_clientForm.show(); }));
-    actions.last().possible = canManage();
-  }
+  // Always there, since it has a key; away from the clients it is the teammates' wherever somebody is.
+  const bool isClient = m_tab == SettingsTab::clients;
+  actions.append(isClient ? newAction(u"New client workspace"_s, u"Only admins can create client workspaces."_s,
+                                      [this] { m_clientForm.show(); })
+                          : newAction(u"Invite a teammate"_s, onlyAdminsInvite, [this] {
+                              setTab(Pages::name(SettingsTab::members));
+                              m_invites.form()->show();
+                            }));
+  actions.last().possible = canManage();
   return actions;
 }
 
@@ -151,10 +152,7 @@ QList<Choice> SettingsStore::features() const {
 
 QStringList SettingsStore::migrationPick() const { return services().program.migrationPick(); }
 
-void SettingsStore::invite() {
-  setTab(Pages::name(SettingsTab::members));
-  act(u"new"_s);
-}
+void SettingsStore::invite() { act(u"new"_s); }
 
 void SettingsStore::createClient() { act(u"new"_s); }
 
