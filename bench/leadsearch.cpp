@@ -63,7 +63,9 @@ std::vector<FoundLead> people(int from, int count) {
 }
 
 QQuickItem* tableOf(QQuickItem* item) {
-  if (QByteArrayView(item->metaObject()->className()).startsWith("OrvTable_QMLTYPE") && item->isVisible()) return item;
+  const QMetaObject& type = *item->metaObject();
+  if (item->isVisible() && type.indexOfMethod("show(QString)") >= 0 && type.indexOfMethod("focusRows()") >= 0)
+    return item;
   for (QQuickItem* child : item->childItems())
     if (QQuickItem* found = tableOf(child)) return found;
   return nullptr;
