@@ -45,7 +45,10 @@ LeadsStore& openTicked(Stage& stage) {
 }
 
 void openCard(Stage& stage, bool locked) {
-  LeadResults& results = *openFiltered(stage).finder()->results();
+  LeadsStore& leads = locked ? openFiltered(stage) : openLeads(stage);
+  if (!locked) leads.finder()->setPool(u"used"_s);
+  stage.settle();
+  LeadResults& results = *leads.finder()->results();
   for (const FoundLead& row : results.list()->rows()->records()) {
     if (row.record().locked.value_or(false) != locked) continue;
     results.card()->open(row.id);

@@ -38,8 +38,9 @@ Item {
     Rectangle {
         visible: root.column.frozen
         z: -1
+        y: 1
         width: root.width
-        height: root.height
+        height: root.height - 2
         color: Theme.bg
     }
 

@@ -52,6 +52,7 @@ class LeadsWindowTest : public QObject {
     // A value is typed for, ticked in its list, and shows as a chip.
     m_stage->tabTo(u"Search titles"_s);
     type(u"own"_s);
+    QTRY_VERIFY(!filters().facet(u"title"_s)->waiting());
     m_stage->settle();
     press(Qt::Key_Down);
     press(Qt::Key_Space);
@@ -98,7 +99,7 @@ class LeadsWindowTest : public QObject {
     type(u"fleet"_s);
     m_stage->settle();
     QCOMPARE(filters().search().value(u"q"_s), u"fleet"_s);
-    QVERIFY(!results().waiting());
+    QTRY_VERIFY(!results().waiting());
   }
 };
 
