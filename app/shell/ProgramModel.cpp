@@ -1,6 +1,7 @@
 #include "app/shell/ProgramModel.h"
 
 #include <QRegularExpression>
+#include <QSysInfo>
 
 #include "app/base/shownName.h"
 #include "app/shell/AppModel.h"
@@ -55,8 +56,8 @@ QString ProgramModel::diagnostics() const {
     for (const QString& line : m_platform.log->lines(linesSearched))
       if (const auto match = request.match(line); match.hasMatch()) ids.append(match.captured(1));
   ids = ids.mid(std::max<qsizetype>(0, ids.size() - requestsTold));
-  return u"Orvella "_s + version() + u'\n' + m_platform.device.os + u"\nLast requests: "_s +
-         (ids.isEmpty() ? u"none"_s : ids.join(u", "_s));
+  return u"Orvella "_s + version() + u'\n' + QSysInfo::prettyProductName() + u", "_s + QSysInfo::kernelType() + u' ' +
+         QSysInfo::kernelVersion() + u"\nLast requests: "_s + (ids.isEmpty() ? u"none"_s : ids.join(u", "_s));
 }
 
 void ProgramModel::copyDiagnostics() {
@@ -80,7 +81,8 @@ QString ProgramModel::version() const { return m_platform.device.appVersion; }
 QString ProgramModel::device() const {
   const Device& device = m_platform.device;
   QStringList facts;
-  for (const QString& fact : {device.name, device.model, device.os})
+  // What the service is told of the system is a word that it knows.
+  for (const QString& fact : {device.name, device.model, QSysInfo::prettyProductName()})
     if (!fact.isEmpty()) facts.append(shownName(fact));
   return facts.join(u" · "_s);
 }

@@ -75,7 +75,6 @@ SettingsPane {
 
             OrvButton {
                 text: "Sign out"
-                iconName: "system-log-out"
                 onClicked: root.program.signOut()
             }
         }
