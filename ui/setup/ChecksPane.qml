@@ -9,8 +9,6 @@ Column {
 
     required property SetupChecks checks
 
-    leftPadding: 20
-    rightPadding: 20
     bottomPadding: 20
     spacing: 12
 
@@ -23,7 +21,7 @@ Column {
     }
 
     Text {
-        width: root.width - 40
+        width: root.width
         wrapMode: Text.Wrap
         textFormat: Text.PlainText
         text: "What Google and the mail servers say about this domain right now."
@@ -58,7 +56,7 @@ Column {
 
     OrvNotice {
         visible: text !== ""
-        width: root.width - 40
+        width: root.width
         text: root.checks.note
     }
 
@@ -71,7 +69,7 @@ Column {
             required property choice modelData
             readonly property string word: modelData.key === "yes" ? "Yes" : modelData.key === "no" ? "Not yet" : "Not known"
 
-            width: root.width - 40
+            width: root.width
             height: 20 + detail.height + 4
             Accessible.role: Accessible.StaticText
             Accessible.name: modelData.label + ", " + word + ". " + modelData.detail
@@ -116,7 +114,7 @@ Column {
 
     OrvDivider {
         visible: root.checks.inboxes.length > 0
-        width: root.width - 40
+        width: root.width
     }
 
     Repeater {
@@ -132,7 +130,7 @@ Column {
                 [modelData.connected, "Connected", "The inbox is connected in Accounts."]
             ]
 
-            width: root.width - 40
+            width: root.width
             spacing: 4
 
             Text {
@@ -146,8 +144,9 @@ Column {
                 Accessible.name: text
             }
 
-            Row {
-                spacing: 14
+            Flow {
+                width: inbox.width
+                spacing: 12
 
                 Repeater {
                     model: inbox.facts
