@@ -1,6 +1,7 @@
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QQuickStyle>
+#include <QRandomGenerator>
 #include <QTextStream>
 
 #include "desktop/scenes/SceneRunner.h"
@@ -13,6 +14,9 @@ namespace {
 struct Wish {
   bool check = false;
   bool all = false;
+  /// Every page, but only one of so many other states, which a seed picks.
+  int thinned = 1;
+  quint32 seed = 0;
   QString prefix;
   /// Every n-th scene from which on; one program takes them all otherwise.
   int share = 0;
@@ -31,21 +35,33 @@ Wish wishOf(const QCoreApplication& application) {
   parser.addOption({u"all"_s, u"Every state, in both sizes and both themes."_s});
   parser.addOption({u"scenes"_s, u"Those states whose names begin like this."_s, u"prefix"_s});
   parser.addOption({u"check"_s, u"Keeps no pictures; both themes at one size."_s});
+  parser.addOption({u"some"_s,
+                    u"With --check: every page, and one of four other states. ORV_SCENES_SEED says which; another each "
+                    u"time else."_s});
   parser.addOption({u"share"_s, u"With --check: one of n parts, as \"1/4\"."_s, u"part"_s, u"1/1"_s});
   parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s, u"[folder]"_s);
   parser.process(application);
 
   const QStringList share = parser.value(u"share"_s).split(u'/');
-  const Wish wish{parser.isSet(u"check"_s),   parser.isSet(u"all"_s), parser.value(u"scenes"_s),
-                  share.value(0).toInt() - 1, share.value(1).toInt(), parser.positionalArguments().value(0)};
+  const QByteArray asked = qgetenv("ORV_SCENES_SEED");
+  const Wish wish{.check = parser.isSet(u"check"_s),
+                  .all = parser.isSet(u"all"_s),
+                  .thinned = parser.isSet(u"some"_s) ? 4 : 1,
+                  .seed = asked.isEmpty() ? QRandomGenerator::global()->generate() : asked.toUInt(),
+                  .prefix = parser.value(u"scenes"_s),
+                  .share = share.value(0).toInt() - 1,
+                  .shares = share.value(1).toInt(),
+                  .folder = parser.positionalArguments().value(0)};
   if (wish.share < 0 || wish.share >= wish.shares || wish.check == !wish.folder.isEmpty()) parser.showHelp(2);
   return wish;
 }
 
 QList<Scene> scenesOf(const Wish& wish) {
   QList<Scene> wanted;
+  quint32 states = wish.seed;
   for (int number = 0; const Scene& scene : allScenes()) {
     if (!scene.name.startsWith(wish.prefix) || (wish.isShort() && !scene.isPage)) continue;
+    if (!scene.isPage && states++ % quint32(wish.thinned) != 0) continue;
     if (number++ % wish.shares == wish.share) wanted.append(scene);
   }
   return wanted;
@@ -69,6 +85,7 @@ int play(const Wish& wish) {
   QTextStream out(stdout);
   out << runner.pictures() << " pictures of " << scenes.size() << " scenes";
   if (!wish.check) out << " in " << folder.absolutePath();
+  if (wish.thinned > 1) out << ", picked by ORV_SCENES_SEED=" << wish.seed;
   out << ", " << runner.faults().size() << " faults\n";
   return runner.faults().isEmpty() && !scenes.isEmpty() ? 0 : 1;
 }
