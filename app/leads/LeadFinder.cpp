@@ -94,14 +94,19 @@ void LeadFinder::ask() {
 std::optional<QList<FacetPage::Item>> LeadFinder::records(const QString& key) {
   QList<FacetPage::Item> items;
   if (key == "campaign"_L1) {
-    m_campaigns.ensureLoaded();
-    if (!m_campaigns.value()) return std::nullopt;
+    if (!m_campaigns.value()) {
+      m_campaigns.ensureLoaded();
+      return std::nullopt;
+    }
     for (const CampaignSummary& campaign : m_campaigns.value()->items)
       items.append({.value = campaign.id, .label = campaign.name, .n = campaign.leads});
     return items;
   }
-  m_lists.ensureFound();
-  if (m_lists.count() < 0) return std::nullopt;
+  // Not while they are told of: those that are being read anew would be read again.
+  if (m_lists.count() < 0) {
+    m_lists.ensureFound();
+    return std::nullopt;
+  }
   for (const LeadList& list : m_lists.all()) items.append({.value = list.id, .label = list.name, .n = list.leadCount});
   return items;
 }
