@@ -71,9 +71,7 @@ FocusScope {
     }
 
     Rectangle {
-        readonly property real top: held.y + (held.visible ? held.height + 8 : 0)
-
-        y: top
+        y: held.y + (held.visible ? held.height + 8 : 0)
         width: parent.width
         height: Math.max(0, parent.height - y)
         radius: Theme.radiusFloat

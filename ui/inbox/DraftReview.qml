@@ -48,9 +48,8 @@ FocusScope {
 
     DraftDecisionList {
         id: after
-        readonly property real left: body.visible ? context.width + 28 : Math.max(24, (root.width - 772) / 2)
         visible: count > 0 || root.drafts.feedback.shown
-        x: left
+        x: body.visible ? context.width + 28 : Math.max(24, (root.width - 772) / 2)
         y: root.height - height - 16
         width: Math.min(root.width - x - 28, 860)
         mostHeight: Math.min(156, root.height / 3)
