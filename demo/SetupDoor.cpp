@@ -193,7 +193,7 @@ const QList<Route>& setupRoutes() {
       {"GET", u"/inbox-setup/templates/{id}/photo"_s, Access::readers, onProject<photo>},
       {"PUT", u"/inbox-setup/templates/{id}/photo"_s, Access::members, onProject<onLive<uploadPhoto>>},
       {"DELETE", u"/inbox-setup/templates/{id}/photo"_s, Access::members, onProject<onLive<removePhoto>>},
-      {"GET", u"/inbox-setup/templates/{id}/credentials.csv"_s, Access::members, onProject<credentials>},
+      {"GET", u"/inbox-setup/templates/{id}/credentials.csv"_s, Access::readers, onProject<credentials>},
   };
   return routes;
 }
