@@ -116,6 +116,7 @@ class CommandsTest : public QObject {
       QVERIFY2(!ids.contains(each.id), qPrintable(each.id));
       ids.append(each.id);
     }
+    f->api.expect(u"GET /reply-labels"_s);
     QVERIFY(run(u"Reply labels"_s));
     QCOMPARE(router().settingsTab(), SettingsTab::replyLabels);
     // From another page, which is opened first.
