@@ -45,6 +45,9 @@ class DraftHistory final : public Store {
  public:
   DraftHistory(WorkspaceContext& context, Store* whole, DraftDecisions& decisions);
 
+  /// What is being put back is marked among the decisions, which tell it once more as its task goes.
+  ~DraftHistory() override { m_tasks.cancel(); }
+
   PagedList<ReviewDraftPage, DraftHistoryRows>* list() { return &m_list; }
   static QList<Choice> tabs();
   const QString& tab() const { return m_tab; }

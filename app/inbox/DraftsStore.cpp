@@ -164,8 +164,11 @@ void DraftsStore::openChat() {
 void DraftsStore::decideShown(bool approves) {
   const QDateTime now = services().clock.now();
   const QDateTime before = std::exchange(m_decidedAt, now);
-  if (!m_queue.shown() || (before.isValid() && std::abs(before.msecsTo(now)) < 250)) return;
+  if (!m_queue.shown()) return;
   const ReviewDraft item = *m_queue.shown();
+  // A key held too long would decide about the next draft, which nobody has read. One that came back is as it was.
+  const QString decided = std::exchange(m_decidedId, item.draft.id);
+  if (decided != item.draft.id && before.isValid() && std::abs(before.msecsTo(now)) < 250) return;
   approves ? approve(item) : skip(item);
 }
 

@@ -124,6 +124,7 @@ class DraftsStore final : public Store, public DraftDesk {
   QHash<QString, std::optional<WrittenFields>> m_sent;
   QSet<QString> m_styled;
   QDateTime m_decidedAt;
+  QString m_decidedId;
   bool m_historyShown = false;
   bool m_undone = false;
 };

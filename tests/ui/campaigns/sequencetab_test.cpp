@@ -165,7 +165,7 @@ class SequenceTabTest : public QObject {
     click(u"One day more"_s);
     QCOMPARE(editor->waitDays(), 2);
     QQuickItem* input = items([](QQuickItem* item) {
-                          return item->inherits("QQuickTextField") && item->property("text").toString() == u"2"_s;
+                          return item->inherits("QQuickTextInput") && item->property("text").toString() == u"2"_s;
                         }).value(0);
     QVERIFY(input);
     input->forceActiveFocus();

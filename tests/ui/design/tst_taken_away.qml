@@ -180,6 +180,8 @@ TestCase {
         } else {
             let target = null;
             tryVerify(() => target = reader.find(Window.window.contentItem, data.name), 1000, data.name);
+            if (data.menu)
+                tryCompare(target.menu, "opened", true);
             if (data.way === "reader")
                 verify(reader.press(target), "can be pressed");
             else
