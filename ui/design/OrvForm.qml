@@ -10,6 +10,7 @@ FocusScope {
     /// Who may not change the fields can still scroll them.
     property alias editable: column.enabled
     property real maximumWidth: 640
+    readonly property alias contentY: scroll.contentY
 
     /// Kept in view while its message is laid out, which takes a frame, until the person moves on.
     property Item followed: null
@@ -28,8 +29,9 @@ FocusScope {
         if (!followed) return;
         const top = followed.mapToItem(column, 0, 0).y + column.y;
         const most = Math.max(0, scroll.contentHeight - scroll.height);
-        if (top - 40 < scroll.contentY)
-            scroll.contentY = Math.max(0, top - 40);
+        // Of what is taller than the view, the beginning.
+        if (top - 40 < scroll.contentY || followed.height + 100 > scroll.height)
+            scroll.contentY = Math.max(0, Math.min(most, top - 40));
         else if (top + followed.height + 60 > scroll.contentY + scroll.height)
             scroll.contentY = Math.min(most, top + followed.height + 60 - scroll.height);
     }

@@ -34,11 +34,25 @@ FocusScope {
         visible: width > 0
         height: root.height
         sections: root.agent.sections
+        current: fields.sectionInView
         onChosen: key => fields.reveal(fields.sectionOf(key))
     }
 
     OrvForm {
         id: fields
+
+        /// Of what the person was led to, or else what has been scrolled to the top.
+        readonly property string sectionInView: {
+            let inView = "";
+            for (const entry of root.agent.sections) {
+                const section = sectionOf(entry.key);
+                for (let at = followed; at; at = at.parent)
+                    if (at === section) return entry.key;
+                const top = section.y + (section.parent === settings ? settings.y : 0);
+                if (inView === "" || top <= contentY + 56) inView = entry.key;
+            }
+            return inView;
+        }
 
         function sectionOf(key: string): Item {
             return key === "mode" ? mode : key === "campaigns" ? campaigns : settings.sectionOf(key);

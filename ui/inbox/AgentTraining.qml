@@ -52,52 +52,9 @@ Rectangle {
             mode: root.mode
         }
 
-        Grid {
-            id: record
+        AgentRecord {
             width: parent.width
-            columns: 2
-            columnSpacing: 24
-            rowSpacing: 2
-
-            Repeater {
-                model: root.mode.record
-
-                Item {
-                    id: fact
-
-                    required property choice modelData
-                    required property int index
-
-                    width: index === 6 ? record.width : (record.width - 24) / 2
-                    height: 22
-                    Accessible.role: Accessible.StaticText
-                    Accessible.name: modelData.label + ", " + modelData.detail
-
-                    Text {
-                        width: parent.width - figure.width - 8
-                        height: parent.height
-                        verticalAlignment: Text.AlignVCenter
-                        elide: Text.ElideRight
-                        textFormat: Text.PlainText
-                        text: fact.modelData.label
-                        font: Theme.small
-                        color: Theme.text2
-                        Accessible.ignored: true
-                    }
-
-                    Text {
-                        id: figure
-                        x: parent.width - width
-                        height: parent.height
-                        verticalAlignment: Text.AlignVCenter
-                        textFormat: Text.PlainText
-                        text: fact.modelData.detail
-                        font: Theme.smallStrong
-                        color: Theme.text
-                        Accessible.ignored: true
-                    }
-                }
-            }
+            facts: root.mode.record
         }
     }
 
