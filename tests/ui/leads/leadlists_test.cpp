@@ -122,7 +122,6 @@ class LeadListsWindowTest : public QObject {
     QVERIFY(made);
     QCOMPARE(leads().lists()->list()->shownIds().first(), made->id);
 
-    m_stage->tabTo(u"Lists"_s);
     press(Qt::Key_Home);
     press(Qt::Key_F2);
     type(u"Baltics"_s);
