@@ -84,7 +84,8 @@ std::unique_ptr<APITransport::Exchange> StagedTransport::exchange(APICall call,
       if (call.request.path.endsWith("/rampup"_L1) || call.request.path.endsWith("/campaigns"_L1) ||
           call.request.path.endsWith("/mailboxes"_L1) || call.request.path.endsWith("/lead-lists"_L1) ||
           call.request.path.endsWith("/lead-imports"_L1) || call.request.path.endsWith("/members"_L1) ||
-          call.request.path.endsWith("/invites"_L1)) {
+          call.request.path.endsWith("/invites"_L1) || call.request.path.endsWith("/inbox/drafts"_L1) ||
+          call.request.path.endsWith("/inbox/threads"_L1)) {
         receiver->receive(HTTPAnswer{200, {}, R"({"items":[],"archivedCount":0})"});
         break;
       }
