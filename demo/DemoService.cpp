@@ -21,8 +21,14 @@ std::optional<HTTPAnswer> admit(Call& call, const FoundRoute& found) {
   if (access == Access::signedIn) return std::nullopt;
   call.workspace = call.state.find(found.slug);
   if (!call.workspace || !call.workspace->members.contains(call.email)) return notFound();
-  if (access == Access::members && !Role(call.workspace->members.value(call.email)).mayWrite())
-    return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, u"Only members can change things here."_s);
+  const Role role(call.workspace->members.value(call.email));
+  const auto refusal = [](const QString& detail) {
+    return problemAnswer(403, u"forbidden"_s, u"Not allowed"_s, detail);
+  };
+  if (access == Access::owners && !role.isOwner()) return refusal(u"Only owners can do this."_s);
+  if (access == Access::managers && !role.isOwner() && !role.isAdmin())
+    return refusal(u"Only owners and admins can do this."_s);
+  if (access == Access::members && !role.mayWrite()) return refusal(u"Only members can change things here."_s);
   return std::nullopt;
 }
 

@@ -14,6 +14,9 @@ enum class Access {
   readers,
   /// Those who may also change things.
   members,
+  /// Those who may also say who is in the workspace, and what it is called: owners and admins.
+  managers,
+  owners,
 };
 
 /// A request on its way to the function that answers it.

@@ -83,22 +83,40 @@ class DemoRoutesTest : public QObject {
 
   void whoMayChangeThings_data() {
     QTest::addColumn<bool>("may");
-    for (const char* role : {"owner", "admin", "member"}) QTest::newRow(role) << true;
-    for (const char* role : {"viewer", "client", "a role of tomorrow"}) QTest::newRow(role) << false;
+    QTest::addColumn<QStringList>("forbidden");
+    // A workspace and who is in it are its managers' matter, and its end is its owners'.
+    const QStringList owners{u"deleteWorkspace"_s};
+    const QStringList managers{u"updateWorkspace nothing"_s,
+                               u"updateWorkspace all"_s,
+                               u"changeRole"_s,
+                               u"removeMember"_s,
+                               u"invite"_s,
+                               u"revokeInvite"_s,
+                               u"createClientWorkspace"_s};
+    QTest::newRow("owner") << true << QStringList();
+    QTest::newRow("admin") << true << owners;
+    QTest::newRow("member") << true << owners + managers;
+    for (const char* role : {"viewer", "client", "a role of tomorrow"}) QTest::newRow(role) << false << QStringList();
   }
   void whoMayChangeThings() {
     QFETCH(bool, may);
-    DemoFixture f;
+    QFETCH(QStringList, forbidden);
+    DemoFixture f(1, {.database = 200});
     f.service.setRole(f.slug, maren, QString::fromLatin1(QTest::currentDataTag()));
     const auto campaigns = f.ask(Requests::listCampaigns(false));
     // They only ask, with a body.
     const QStringList asking{u"previewCampaign"_s, u"previewCampaign unsaved"_s, u"ownLeads"_s,
                              u"ownLeads newest"_s, u"ownLeads of a search"_s,    u"exportTickedLeads"_s};
-    for (const auto& [name, request] : catalogue().asKeyValueRange()) {
+    const auto requests = catalogue();
+    QStringList names = requests.keys();
+    // Nothing would be left for those after it.
+    names.move(names.indexOf(u"deleteWorkspace"_s), names.size() - 1);
+    for (const QString& name : std::as_const(names)) {
+      const DemoRequest request = requests[name];
       if (!isOfWorkspace(request)) continue;
       const HTTPAnswer answer = answerAs(f, request);
       const bool changes = request.method != "GET" && !asking.contains(name);
-      QVERIFY2((answer.status == 403) == (changes && !may), qPrintable(name));
+      QVERIFY2((answer.status == 403) == ((changes && !may) || forbidden.contains(name)), qPrintable(name));
       if (answer.status != 403) continue;
       QCOMPARE(answer.header("Content-Type"), u"application/problem+json"_s);
       const auto problem = decodeJSON<Problem>(answer.body);
