@@ -52,7 +52,7 @@ Rectangle {
                 x: 14
                 y: 13
                 size: 14
-                name: row.approved ? "document-send" : "edit-clear"
+                name: row.approved ? "document-send" : "orv-close"
                 color: row.approved ? Theme.accentText : Theme.text2
             }
 
