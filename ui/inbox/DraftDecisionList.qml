@@ -12,15 +12,26 @@ Rectangle {
     property real mostHeight: 156
     readonly property alias count: list.count
 
-    height: Math.min(mostHeight, list.contentHeight + 2)
+    height: Math.min(mostHeight, lesson.height + list.contentHeight + 2)
     radius: Theme.radiusCard
     color: Theme.surface
     border { width: 1; color: Theme.border }
 
+    // Not the list's header: Qt 6.4 makes none in a file of bound components.
+    DraftLesson {
+        id: lesson
+        x: 1
+        y: 1
+        width: parent.width - 2
+        feedback: root.drafts.feedback
+    }
+
     ListView {
         id: list
-        anchors.fill: parent
-        anchors.margins: 1
+        x: 1
+        y: lesson.y + lesson.height
+        width: lesson.width
+        height: parent.height - y - 1
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         model: root.drafts.decisions.rows
@@ -28,11 +39,6 @@ Rectangle {
         Accessible.name: "Decisions that can be taken back"
 
         T.ScrollBar.vertical: OrvScrollBar {}
-
-        header: DraftLesson {
-            width: list.width
-            feedback: root.drafts.feedback
-        }
 
         delegate: Item {
             id: row

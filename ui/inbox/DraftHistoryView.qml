@@ -38,33 +38,36 @@ FocusScope {
         errorTitle: "Couldn’t load your history"
         onRetryRequested: root.history.refresh()
 
+        // Not the list's header: Qt 6.4 makes none in a file of bound components.
+        Text {
+            id: description
+            x: Theme.pageSide
+            y: 12
+            width: Math.min(720, root.width - 2 * x)
+            wrapMode: Text.Wrap
+            textFormat: Text.PlainText
+            text: root.history.description
+            font: Theme.small
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+
         ListView {
             id: list
-            anchors.fill: parent
+            y: description.y + description.height + 4
+            width: parent.width
+            height: parent.height - y
             activeFocusOnTab: true
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             model: root.history.list.rows
-            topMargin: 12
             bottomMargin: 20
             Accessible.role: Accessible.List
             Accessible.name: root.history.description
             onAtYEndChanged: if (atYEnd && root.history.list.canLoadMore) root.history.list.loadMore()
 
             T.ScrollBar.vertical: OrvScrollBar {}
-
-            header: Text {
-                x: Theme.pageSide
-                width: Math.min(720, list.width - 2 * x)
-                bottomPadding: 8
-                wrapMode: Text.Wrap
-                textFormat: Text.PlainText
-                text: root.history.description
-                font: Theme.small
-                color: Theme.text2
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
-            }
 
             delegate: DraftHistoryRow {
                 width: list.width
