@@ -69,7 +69,9 @@ void Conversation::refresh() {
 }
 
 void Conversation::ensureContact() {
-  if (thread() && thread()->lead) m_lead.ensureLoaded();
+  if (!thread() || !thread()->lead) return;
+  // Asked at every change, and a failure is one: it would be tried again without end.
+  if (!m_lead.isAsked() || m_lead.hasContent()) m_lead.ensureLoaded();
 }
 
 void Conversation::follow(const InboxThread& listed) {
