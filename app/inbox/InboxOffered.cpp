@@ -11,6 +11,8 @@ void addKeysOf(QList<PageAction>& actions, const QList<PageAction>& others) {
     const bool isTaken = std::ranges::find(actions, action.keys, &PageAction::keys) != actions.end();
     if (action.keys.isEmpty() || isTaken) continue;
     action.possible = action.inMenu = false;
+    // Sections name some of their actions alike.
+    action.key = u"key "_s + action.keys;
     action.whyNot.clear();
     actions.append(action);
   }
