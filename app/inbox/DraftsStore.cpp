@@ -167,8 +167,8 @@ void DraftsStore::decideShown(bool approves) {
   if (!m_queue.shown()) return;
   const ReviewDraft item = *m_queue.shown();
   // A key held too long would decide about the next draft, which nobody has read. One that came back is as it was.
-  const QString decided = std::exchange(m_decidedId, item.draft.id);
-  if (decided != item.draft.id && before.isValid() && std::abs(before.msecsTo(now)) < 250) return;
+  if (m_decidedId != item.draft.id && before.isValid() && std::abs(before.msecsTo(now)) < 250) return;
+  m_decidedId = item.draft.id;
   approves ? approve(item) : skip(item);
 }
 
