@@ -27,8 +27,8 @@ struct PagedListOptions {
   std::function<Row(const Item&)> row = {};
   /// Which of the rows are shown; without it, all of them. See arrange().
   std::function<bool(const Row&)> matches = {};
-  /// What a page has no longer waits in the next one until that is read again. A list that is read whole does so anyway;
-  /// another one wants it where new rows push the others down under the person's eyes.
+  /// What a page has no longer waits in the next one until that is read again. A list that is read whole does so
+  /// anyway; another one wants it where new rows push the others down under the person's eyes.
   bool keepsLost = false;
 };
 

@@ -229,8 +229,6 @@ QList<Choice> ScheduleForm::startTimes(const QString& time) const {
 
 QList<Choice> ScheduleForm::endTimes(const QString& time) const { return timeOptions(halfHour, minutesOfDay, time); }
 
-QList<Choice> ScheduleForm::zones(const QString& text) const {
-  return zonesLike(text, m_context.services.clock.now());
-}
+QList<Choice> ScheduleForm::zones(const QString& text) const { return zonesLike(text, m_context.services.clock.now()); }
 
 }  // namespace orv

@@ -222,7 +222,9 @@ Task<void> InboxSetupStore::createTask(QString name, SetupMode mode) {
   const auto made =
       co_await m_actions.send(Requests::createSetupProject({name, mode}), u"Couldn’t create the project."_s, {},
                               [&](const APIError& error) { return submission.fail(error.message()); });
-  if (made && submission.succeed()) open(made->id);
+  // Who has gone to another workspace meanwhile is not to be fetched back.
+  const bool isHere = services().navigator.workspace() == context().workspace().slug;
+  if (made && submission.succeed() && isHere) open(made->id);
 }
 
 Task<void> InboxSetupStore::renameTask(QString id, QString name) {

@@ -52,9 +52,9 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_program},
       m_workspaces(m_sessionApi, m_services),
       m_openPage(m_router),
-      m_departure(m_platform.clock, m_overlays, m_jobs,
-                  {.unsaved = [this] { return m_workspaces.unsavedWork(); },
-                   .flush = [this] { return m_workspaces.flush(); }}),
+      m_departure(
+          m_platform.clock, m_overlays, m_jobs,
+          {.unsaved = [this] { return m_workspaces.unsavedWork(); }, .flush = [this] { return m_workspaces.flush(); }}),
       m_notifier(m_platform.clock, m_platform.preferences, m_router, m_platform.notifications,
                  [this] { return m_account.unread(m_stored->token); }) {
   connect(&m_departure, &Departure::closable, this, &AppModel::closable);

@@ -479,8 +479,8 @@ class ServicesTest : public QObject {
     QCOMPARE(preferences.windowGeometry(), QRect(-20, 10, 1280, 800));
     QCOMPARE(preferences.tableLayout(u"campaigns"_s), QByteArray(R"({"order":["a, b","c=d"]})"));
     QVERIFY2(!contents(path).contains("orv-table-leads"), "a table as it was made leaves nothing behind");
-    for (const char* key : {"orv-sidebar-rail=true", "orv-leads-filters-rail=true", "orv-leads-columns=",
-                            "positiveReplies=off", "accountErrors=on", "orv-notify-since-acme="})
+    for (const char* key : {"orv-sidebar-rail=true", "orv-leads-filters-rail=true",
+                            "orv-leads-columns=", "positiveReplies=off", "accountErrors=on", "orv-notify-since-acme="})
       QVERIFY2(contents(path).contains(key), key);
   }
 

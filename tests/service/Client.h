@@ -37,8 +37,21 @@ class Client {
   Client(Desk& desk, const QUrl& service) : Client(desk, service, desk.preferences) {}
   Client(Desk& desk, const QUrl& service, Preferences& preferences)
       : m_api({service}, ClientIdentity::current(), APIClient::Limits()),
-        m_app({m_api, desk.keychain, desk.clock, preferences, desk.browser, desk.clipboard, desk.filePanel,
-               desk.revealer, desk.memoryPressure, service, Device{}, std::nullopt, {}, nullptr, nullptr,
+        m_app({m_api,
+               desk.keychain,
+               desk.clock,
+               preferences,
+               desk.browser,
+               desk.clipboard,
+               desk.filePanel,
+               desk.revealer,
+               desk.memoryPressure,
+               service,
+               Device{},
+               std::nullopt,
+               {},
+               nullptr,
+               nullptr,
                &desk.notifications}) {
     QObject::connect(&toasts(), &QAbstractItemModel::rowsInserted, &m_app, [this](const QModelIndex&, int row, int) {
       const auto& toast = toasts().toasts().at(row);

@@ -111,5 +111,6 @@ QList<SweepRow> leadListRows();
 QList<SweepRow> leadSearchRows();
 QList<SweepRow> rampupRows();
 QList<SweepRow> settingsRows();
+QList<SweepRow> setupRows();
 
 }  // namespace orv::test

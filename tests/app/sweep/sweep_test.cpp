@@ -20,6 +20,7 @@
 #include "app/leads/LeadsStore.h"
 #include "app/rampup/RampupAccountStore.h"
 #include "app/settings/SettingsStore.h"
+#include "app/setup/SetupProjectStore.h"
 #include "tests/app/sweep/Sweep.h"
 
 using namespace orv;
@@ -31,7 +32,7 @@ namespace {
 QList<SweepRow> allRows() {
   return accountRows() + accountPageRows() + campaignListRows() + campaignPageRows() + campaignLeadRows() +
          figureRows() + inboxRows() + inboxReviewRows() + leadListRows() + leadSearchRows() + rampupRows() +
-         settingsRows();
+         settingsRows() + setupRows();
 }
 
 QString nameOf(const QMetaObject& type) { return QString::fromLatin1(type.className()).section(u':', -1); }
@@ -75,7 +76,10 @@ const QList<const QMetaObject*> stores{
     &AgentForm::staticMetaObject,          &AgentMode::staticMetaObject,           &AgentCampaigns::staticMetaObject,
     &AgentLessons::staticMetaObject,       &ThreadList::staticMetaObject,          &Writing::staticMetaObject,
     &ClientForm::staticMetaObject,         &InviteForm::staticMetaObject,          &InvitesStore::staticMetaObject,
-    &MembersStore::staticMetaObject,       &SettingsStore::staticMetaObject,       &WorkspaceForm::staticMetaObject};
+    &MembersStore::staticMetaObject,       &SettingsStore::staticMetaObject,       &WorkspaceForm::staticMetaObject,
+    &InboxSetupStore::staticMetaObject,    &NewProject::staticMetaObject,          &SecretField::staticMetaObject,
+    &SetupChecks::staticMetaObject,        &SetupDomains::staticMetaObject,        &SetupForm::staticMetaObject,
+    &SetupPhoto::staticMetaObject,         &SetupProjectStore::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -147,6 +151,13 @@ const std::map<QString, QStringList> sendNothing{
     {u"SettingsStore"_s,
      {u"invite"_s, u"createClient"_s, u"copyWorkspaceId"_s, u"openOnWeb"_s, u"positiveReplies"_s, u"accountErrors"_s}},
     {u"WorkspaceForm"_s, {u"set"_s, u"discard"_s, u"zones"_s}},
+    {u"InboxSetupStore"_s, {u"beginCreate"_s, u"open"_s}},
+    {u"NewProject"_s, {u"mode"_s, u"name"_s, u"back"_s}},
+    {u"SecretField"_s, {u"text"_s, u"replace"_s, u"clear"_s, u"keep"_s}},
+    {u"SetupChecks"_s, {u"closeDomain"_s}},
+    {u"SetupDomains"_s, {u"showArchived"_s, u"add"_s, u"remove"_s, u"clearProblem"_s, u"connectRegistrar"_s}},
+    {u"SetupForm"_s, {u"set"_s, u"addTags"_s, u"removeTag"_s, u"discard"_s}},
+    {u"SetupProjectStore"_s, {u"tab"_s, u"openList"_s, u"fold"_s, u"closeChecks"_s, u"authorize"_s}},
 };
 
 /// Asks for another part or range of what a row above reads. Tests of their own follow them.
@@ -179,6 +190,9 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"TrainingFeedback"_s, {u"undo"_s}},
     {u"ThreadList"_s, {u"tab"_s, u"query"_s, u"label"_s, u"mailbox"_s, u"showAll"_s, u"showNewMail"_s}},
     {u"SettingsStore"_s, {u"tab"_s, u"deleteWorkspace"_s}},
+    {u"SetupChecks"_s, {u"check"_s}},
+    {u"SetupPhoto"_s, {u"choose"_s, u"take"_s}},
+    {u"SetupProjectStore"_s, {u"select"_s, u"reloadRun"_s}},
     {u"AnalyticsStore"_s, {u"chooseRange"_s, u"setCustomRange"_s, u"clearFilters"_s}},
 };
 
