@@ -94,7 +94,7 @@ Column {
             placeholder: "Europe/London"
             text: root.hours.timeZone
             error: root.hours.zoneError ?? ""
-            suggestions: root.form.zones(text)
+            suggestions: Array.from(root.form.zones(text))
             onEdited: text => root.set("timeZone", text)
             onChosen: key => root.set("timeZone", key)
         }

@@ -67,7 +67,7 @@ FocusScope {
         y: Math.max(52, styles.y + styles.height + 8)
         width: parent.width
         visible: text !== ""
-        text: root.drafts.failures.join("\n")
+        text: Array.from(root.drafts.failures).join("\n")
     }
 
     Rectangle {

@@ -56,7 +56,7 @@ FocusScope {
                 verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: [root.kind, root.outcome, root.subject, root.when].filter(part => part !== "").join(" · ")
+                text: Array.from([root.kind, root.outcome, root.subject, root.when]).filter(part => part !== "").join(" · ")
                 font: Theme.small
                 color: Theme.text2
             }
@@ -78,7 +78,7 @@ FocusScope {
             spacing: 24
 
             Repeater {
-                model: [{ title: "The AI wrote", text: root.aiText }, { title: "You sent", text: root.sentText }].filter(part => part.text !== "")
+                model: Array.from([{ title: "The AI wrote", text: root.aiText }, { title: "You sent", text: root.sentText }]).filter(part => part.text !== "")
 
                 Column {
                     id: part
@@ -112,7 +112,7 @@ FocusScope {
         }
 
         Repeater {
-            model: [root.why, root.lesson].filter(line => line !== "")
+            model: Array.from([root.why, root.lesson]).filter(line => line !== "")
 
             Text {
                 required property string modelData

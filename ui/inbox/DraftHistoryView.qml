@@ -71,7 +71,7 @@ FocusScope {
 
             delegate: DraftHistoryRow {
                 width: list.width
-                busy: root.history.busyIds.includes(id)
+                busy: Array.from(root.history.busyIds).includes(id)
                 canPutBack: root.history.canPutBack
                 onPutBackRequested: root.history.putBack(id)
             }

@@ -107,7 +107,7 @@ Item {
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
                 text: root.card.campaigns.length === 0 ? "Never enrolled in a campaign."
-                                                       : root.card.campaigns.map(campaign => campaign.name).join(", ")
+                                                       : Array.from(root.card.campaigns).map(campaign => campaign.name).join(", ")
                 font: Theme.small
                 color: Theme.text2
             }

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.App
 import Orvella.Leads
 
 /// The search for leads, or their lists.

@@ -2,6 +2,6 @@
 WebPane {
     heading: "Migration is done in the web app"
     text: "Accounts move to or from another outreach platform there."
-        + (store.migrationPick.length > 0 ? "\nPicked: " + store.migrationPick.join(", ") : "")
+        + (store.migrationPick.length > 0 ? "\nPicked: " + Array.from(store.migrationPick).join(", ") : "")
     path: "/settings/migration"
 }

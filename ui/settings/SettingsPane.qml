@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 import Orvella.App
 import Orvella.Settings
 

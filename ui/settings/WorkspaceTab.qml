@@ -73,7 +73,7 @@ SettingsPane {
             help: "Sending hours and daily figures use it."
             text: fields.values.timeZone ?? ""
             error: fields.errors.timeZone ?? ""
-            suggestions: root.form.zones(text)
+            suggestions: Array.from(root.form.zones(text))
             onEdited: text => root.form.set("timeZone", text)
             onChosen: key => root.form.set("timeZone", key)
         }

@@ -20,7 +20,7 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.description: [current ? "Current page" : "", count > 0 ? count + " unread" : ""].filter(text => text !== "").join(", ")
+    Accessible.description: Array.from([current ? "Current page" : "", count > 0 ? count + " unread" : ""]).filter(text => text !== "").join(", ")
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
