@@ -36,7 +36,7 @@ Wish wishOf(const QCoreApplication& application) {
   parser.addOption({u"scenes"_s, u"Those states whose names begin like this."_s, u"prefix"_s});
   parser.addOption({u"check"_s, u"Keeps no pictures; both themes at one size."_s});
   parser.addOption({u"some"_s,
-                    u"With --check: every page, and one of four other states. ORV_SCENES_SEED says which; another each "
+                    u"With --check: every page, and one of six other states. ORV_SCENES_SEED says which; another each "
                     u"time else."_s});
   parser.addOption({u"share"_s, u"With --check: one of n parts, as \"1/4\"."_s, u"part"_s, u"1/1"_s});
   parser.addPositionalArgument(u"folder"_s, u"Where the pictures go."_s, u"[folder]"_s);
@@ -46,7 +46,7 @@ Wish wishOf(const QCoreApplication& application) {
   const QByteArray asked = qgetenv("ORV_SCENES_SEED");
   const Wish wish{.check = parser.isSet(u"check"_s),
                   .all = parser.isSet(u"all"_s),
-                  .thinned = parser.isSet(u"some"_s) ? 4 : 1,
+                  .thinned = parser.isSet(u"some"_s) ? 6 : 1,
                   .seed = asked.isEmpty() ? QRandomGenerator::global()->generate() : asked.toUInt(),
                   .prefix = parser.value(u"scenes"_s),
                   .share = share.value(0).toInt() - 1,
