@@ -66,6 +66,8 @@ void arriveAtAgent(SweepStage& s) {
   s.answers[u"GET /setter/settings"_s] =
       sample(u"SetterSettings"_s, {{u"followupMax"_s, 2}, {u"defaultMode"_s, u"draft"_s}, {u"version"_s, 3}});
   s.answers[u"GET /setter/campaigns"_s] = R"({"items":[{"campaignId":"c1"}]})";
+  s.answers[u"GET /setter/training"_s] = sample(u"SetterTraining"_s);
+  s.answers[u"GET /setter/lessons"_s] = sample(u"SetterLessons"_s);
   s.show<AgentSettingsStore>();
   agent(s).appear();
   agent(s).ensureLoaded();
@@ -119,7 +121,8 @@ QList<SweepRow> reviewRows() {
            written(draft()),
            {u"id"_s},
            isBusy,
-           shown}};
+           // Where nobody knows whether it waits again the queue is read anew.
+           [](SweepStage& s) { return QVariant(review(s).history()->list()->shownIds()); }}};
 }
 
 SweepRow onAgent(const QString& name, const QString& request, const QByteArray& answer, const QStringList& required,
