@@ -257,7 +257,8 @@ FacetList* LeadFilters::facet(const QString& key) {
     list = std::make_unique<FacetList>(key, m_facetContext);
     // QML takes what a call returns for its own, unless it has a parent.
     list->setParent(this);
-    connect(list.get(), &FacetList::learned, this, &LeadFilters::changed);
+    // Not at once: it is made while somebody evaluates what this would change.
+    connect(list.get(), &FacetList::learned, this, &LeadFilters::changed, Qt::QueuedConnection);
   }
   return list.get();
 }
