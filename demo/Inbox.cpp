@@ -183,7 +183,8 @@ DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, con
   const Talk& talk = incoming.label.isEmpty() ? random.pick(talks()) : talkOf(incoming.label);
   DemoThread thread;
   InboxThread& record = thread.record;
-  record = threadWith(incoming.person.value_or(makePerson(random, 70'000 + number)), talk);
+  const CampaignLead person = incoming.person.value_or(makePerson(random, 70'000 + number));
+  record = threadWith(person, talk);
   record.id = u"th_%1_%2"_s.arg(workspace.slug).arg(number);
   record.number = number;
   putInCampaign(record, workspace, random);
@@ -191,6 +192,8 @@ DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, con
   record.subject = u"Re: "_s + (incoming.subject.isEmpty() ? about : incoming.subject);
   const QDateTime sentAt = now.addSecs(-random.between(3600, 2LL * 86400));
   record.createdAt = formatPlatformDate(sentAt);
+  // Whoever answers is somebody that the workspace wrote to.
+  if (!workspace.leads.placeOf(person.id)) workspace.leads.addOwn(recordOf(person, record.createdAt));
 
   const QString ours = u"Hi {name},\n\ncould we cut the waiting time at {company} by a third?"_s;
   thread.messages.append(messageIn(thread, u"outbound"_s, ours, sentAt));

@@ -95,6 +95,8 @@ Item {
                 spacing: 8
 
                 Text {
+                    // Who wrote it comes first where there is little room.
+                    visible: root.width >= 480
                     height: parent.height
                     verticalAlignment: Text.AlignVCenter
                     textFormat: Text.PlainText
