@@ -1,6 +1,7 @@
 #include "desktop/scenes/Stage.h"
 
 #include <QAccessible>
+#include <QCursor>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -171,6 +172,8 @@ Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
   m_window = m_client->open();
   if (!m_window) return;
   m_window->resize(setting.size);
+  // The pointer rests where nothing answers to it; at the corner, where it would be, is the workspace's button.
+  QCursor::setPos(m_window->mapToGlobal(QPoint(setting.size.width() / 2, 0)));
   m_window->show();
   m_window->requestActivate();
   settle();

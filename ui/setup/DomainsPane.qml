@@ -124,10 +124,17 @@ FocusScope {
         width: root.width - 1
         bottomPadding: 8
 
+        OrvDivider {
+            visible: registrar.visible
+            width: parent.width
+        }
+
         Column {
+            id: registrar
             visible: root.makesInboxes && !root.domains.showArchived
             x: 20
             width: parent.width - 40
+            topPadding: 8
             bottomPadding: 8
 
             Text {
@@ -151,8 +158,10 @@ FocusScope {
             width: parent.width
         }
 
-        Row {
+        // In a narrow pane one below the other.
+        Flow {
             x: 12
+            width: parent.width - 24
             topPadding: 8
             spacing: 4
 
