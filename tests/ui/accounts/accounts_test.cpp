@@ -1,36 +1,15 @@
-#include <QQuickItem>
-#include <QTest>
-
 #include "app/accounts/AccountsStore.h"
-#include "desktop/scenes/Stage.h"
-#include "tests/ui/support/warnings.h"
+#include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
 /// The accounts' page in the window, on the sample workspace.
-class AccountsWindowTest : public QObject {
+class AccountsWindowTest : public ui::WindowTest {
   Q_OBJECT
 
-  std::unique_ptr<QQmlEngine> m_engine;
-  std::unique_ptr<Stage> m_stage;
-
-  void open(int mailboxes = 0) {
-    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{.mailboxes = mailboxes});
-    QVERIFY(m_stage->isReady());
-    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
-    m_stage->app().router()->open(Page::accounts);
-    m_stage->settle();
-  }
-  AccountsStore& accounts() { return *m_stage->app().session()->store<AccountsStore>(); }
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
-  }
-  QString lastMessage() {
-    const auto& toasts = m_stage->app().toasts()->toasts();
-    return toasts.isEmpty() ? QString() : toasts.last().message;
-  }
+  void open(int mailboxes = 0) { beginAt(Page::accounts, {.mailboxes = mailboxes}); }
+  AccountsStore& accounts() { return store<AccountsStore>(); }
   QQuickItem* table() {
     QList<QQuickItem*> open{m_stage->window().contentItem()};
     while (!open.isEmpty()) {
@@ -40,18 +19,8 @@ class AccountsWindowTest : public QObject {
     }
     return nullptr;
   }
-  bool rowHasFocus() {
-    const QQuickItem* focused = m_stage->window().activeFocusItem();
-    return focused && focused->property("key").isValid();
-  }
 
  private Q_SLOTS:
-  void initTestCase() {
-    m_engine = std::make_unique<QQmlEngine>();
-    ClientWindow::prepare(*m_engine);
-  }
-  void init() { ui::failOnWarnings(); }
-  void cleanup() { m_stage.reset(); }
 
   void manyAreTaggedByKeyboard() {
     open();

@@ -1,41 +1,23 @@
-#include <QQuickItem>
-#include <QTest>
-
 #include "app/inbox/InboxStore.h"
-#include "desktop/scenes/Stage.h"
-#include "tests/ui/support/warnings.h"
+#include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
 /// A morning's replies in the real window, by keyboard alone.
-class InboxWindowTest : public QObject {
+class InboxWindowTest : public ui::WindowTest {
   Q_OBJECT
 
-  std::unique_ptr<QQmlEngine> m_engine;
-  std::unique_ptr<Stage> m_stage;
-
-  InboxStore& inbox() { return *m_stage->app().session()->store<InboxStore>(); }
+  InboxStore& inbox() { return store<InboxStore>(); }
   Conversation* open() { return inbox().conversation(); }
   QStringList ids() { return inbox().threads()->list()->shownIds(); }
-  QQuickItem* focused() { return m_stage->window().activeFocusItem(); }
   bool isWriting() {
     return focused() && focused()->inherits("QQuickTextEdit") && !focused()->property("readOnly").toBool();
   }
-  QString lastMessage() {
-    const auto& toasts = m_stage->app().toasts()->toasts();
-    return toasts.isEmpty() ? QString() : toasts.last().message;
-  }
 
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
-  }
   /// By G and I, with the list there.
   void arrive() {
-    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{});
-    QVERIFY(m_stage->isReady());
-    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+    begin();
     QTRY_COMPARE(m_stage->app().phase(), AppModel::Phase::signedIn);
     press(Qt::Key_G);
     press(Qt::Key_I);
@@ -48,12 +30,6 @@ class InboxWindowTest : public QObject {
   }
 
  private Q_SLOTS:  // NOLINT: Qt Test calls them by name
-  void initTestCase() {
-    m_engine = std::make_unique<QQmlEngine>();
-    ClientWindow::prepare(*m_engine);
-  }
-  void init() { ui::failOnWarnings(); }
-  void cleanup() { m_stage.reset(); }
 
   void tenConversations() {
     arrive();

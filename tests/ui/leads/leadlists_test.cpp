@@ -1,39 +1,26 @@
-#include <QQuickItem>
 #include <QTemporaryDir>
-#include <QTest>
-
 #include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
-#include "desktop/scenes/Stage.h"
-#include "tests/ui/support/warnings.h"
+#include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
 /// The lists of leads in the window, by keyboard, on the sample workspace.
-class LeadListsWindowTest : public QObject {
+class LeadListsWindowTest : public ui::WindowTest {
   Q_OBJECT
 
   StageTime m_time;
-  std::unique_ptr<QQmlEngine> m_engine;
-  std::unique_ptr<Stage> m_stage;
   QTemporaryDir m_folder;
 
-  LeadsStore& leads() { return *m_stage->app().session()->store<LeadsStore>(); }
+  LeadsStore& leads() { return store<LeadsStore>(); }
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::keyClick(&m_stage->window(), key, modifiers);
+    WindowTest::press(key, modifiers);
     m_stage->settle();
-  }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
   }
   void pressCalled(const QString& name) {
     m_stage->tabTo(name);
     press(Qt::Key_Space);
-  }
-  QString lastMessage() {
-    const auto& toasts = m_stage->app().toasts()->toasts();
-    return toasts.isEmpty() ? QString() : toasts.last().message;
   }
   std::optional<LeadList> listCalled(const QString& name) {
     for (const LeadList& list : leads().lists()->all())
@@ -47,21 +34,12 @@ class LeadListsWindowTest : public QObject {
   }
 
  private Q_SLOTS:
-  void initTestCase() {
-    m_engine = std::make_unique<QQmlEngine>();
-    ClientWindow::prepare(*m_engine);
-  }
   void init() {
-    ui::failOnWarnings();
-    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{}, &m_time);
-    QVERIFY(m_stage->isReady());
-    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
-    m_stage->app().router()->open(Page::leads);
-    m_stage->settle();
+    WindowTest::init();
+    beginAt(Page::leads, {}, &m_time);
     leads().setTab(u"lists"_s);
     m_stage->settle();
   }
-  void cleanup() { m_stage.reset(); }
 
   void aFileBecomesAListAndTheListACampaign() {
     pressCalled(u"Import CSV"_s);

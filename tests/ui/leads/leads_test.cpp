@@ -1,46 +1,19 @@
-#include <QQuickItem>
-#include <QTest>
-
 #include "app/leads/LeadsStore.h"
-#include "desktop/scenes/Stage.h"
-#include "tests/ui/support/warnings.h"
+#include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
 /// The search for leads in the window, on the sample workspace.
-class LeadsWindowTest : public QObject {
+class LeadsWindowTest : public ui::WindowTest {
   Q_OBJECT
 
-  std::unique_ptr<QQmlEngine> m_engine;
-  std::unique_ptr<Stage> m_stage;
-
-  void open() {
-    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{});
-    QVERIFY(m_stage->isReady());
-    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
-    m_stage->app().router()->open(Page::leads);
-    m_stage->settle();
-  }
-  LeadsStore& leads() { return *m_stage->app().session()->store<LeadsStore>(); }
+  void open() { beginAt(Page::leads); }
+  LeadsStore& leads() { return store<LeadsStore>(); }
   LeadFilters& filters() { return *leads().finder()->filters(); }
   LeadResults& results() { return *leads().finder()->results(); }
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
-  }
-  bool rowHasFocus() {
-    const QQuickItem* focused = m_stage->window().activeFocusItem();
-    return focused && focused->property("key").isValid();
-  }
 
  private Q_SLOTS:
-  void initTestCase() {
-    m_engine = std::make_unique<QQmlEngine>();
-    ClientWindow::prepare(*m_engine);
-  }
-  void init() { ui::failOnWarnings(); }
-  void cleanup() { m_stage.reset(); }
 
   void leadsAreFoundTickedAndLookedAtByKeyboard() {
     open();

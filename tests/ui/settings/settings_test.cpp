@@ -1,48 +1,26 @@
 #include "app/settings/SettingsStore.h"
 
-#include <QQuickItem>
-#include <QTest>
-
-#include "desktop/scenes/Stage.h"
-#include "tests/ui/support/warnings.h"
+#include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
 /// The settings in the window, on the sample workspace, from the keyboard.
-class SettingsWindowTest : public QObject {
+class SettingsWindowTest : public ui::WindowTest {
   Q_OBJECT
-
-  std::unique_ptr<QQmlEngine> m_engine;
-  std::unique_ptr<Stage> m_stage;
 
   SettingsStore& open(SettingsTab tab) {
     m_stage->app().router()->openSettings(tab);
     m_stage->settle();
-    return *m_stage->app().session()->store<SettingsStore>();
-  }
-  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&m_stage->window(), key, modifiers); }
-  void type(const QString& text) {
-    for (const QChar letter : text) QTest::keyClick(&m_stage->window(), letter.toLatin1());
+    return store<SettingsStore>();
   }
   QString slug() { return m_stage->app().session() ? m_stage->app().session()->slug() : QString(); }
-  QString lastMessage() {
-    const auto& toasts = m_stage->app().toasts()->toasts();
-    return toasts.isEmpty() ? QString() : toasts.last().message;
-  }
 
  private Q_SLOTS:
-  void initTestCase() {
-    m_engine = std::make_unique<QQmlEngine>();
-    ClientWindow::prepare(*m_engine);
-  }
   void init() {
-    ui::failOnWarnings();
-    m_stage = std::make_unique<Stage>(*m_engine, StageSetting{});
-    QVERIFY(m_stage->isReady());
-    QVERIFY(QTest::qWaitForWindowActive(&m_stage->window()));
+    WindowTest::init();
+    begin();
   }
-  void cleanup() { m_stage.reset(); }
 
   void aWorkspaceGoesOnlyByItsWordAndLeadsToAnother() {
     SettingsStore& settings = open(SettingsTab::workspace);
