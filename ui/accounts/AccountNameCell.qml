@@ -8,7 +8,7 @@ OrvCell {
     property string address: ""
     property string name: ""
     property string problem: ""
-    property var tags: []
+    property list<string> tags: []
     readonly property real tagRoom: tagRow.visible ? tagRow.width + 8 : 0
 
     label: problem === "" ? address : address + ", " + problem

@@ -16,7 +16,7 @@ OrvTableRow {
 
     required property string account
     required property string name
-    required property var tags
+    required property list<string> tags
     required property string problem
     required property string provider
     required property string statusWord

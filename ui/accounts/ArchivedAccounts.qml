@@ -46,7 +46,7 @@ ArchivePage {
 
             required property string account
             required property string name
-            required property var tags
+            required property list<string> tags
             required property string provider
             required property string removedText
             required property string goneText

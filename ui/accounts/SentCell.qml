@@ -10,7 +10,7 @@ OrvCell {
     property real share: 0
     /// Its row's ground is another one then.
     property bool ticked: false
-    readonly property var parts: text.split(" of ")
+    readonly property list<string> parts: text.split(" of ")
     readonly property bool counted: parts.length === 2
 
     label: text

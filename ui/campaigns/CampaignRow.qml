@@ -16,7 +16,7 @@ OrvTableRow {
     required property OrvColumn actionsColumn
 
     required property string name
-    required property var tags
+    required property list<string> tags
     required property string statusWord
     required property string statusLabel
     required property string facts

@@ -13,7 +13,7 @@ Item {
     required property string caption
     required property string time
     required property string text
-    required property var links
+    required property list<string> links
     required property bool inbound
     required property bool first
     required property bool open

@@ -10,7 +10,7 @@ Column {
     /// The fact that can be copied, and the one that leads to the web.
     property string copied: ""
     property string link: ""
-    property var tagTitles: []
+    property list<string> tagTitles: []
     property var tagSets: []
     /// Says that there is nothing.
     property string emptyText: ""
