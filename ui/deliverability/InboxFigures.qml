@@ -22,7 +22,8 @@ Grid {
             required property int index
             readonly property bool first: index % root.columns === 0
 
-            width: Math.floor(root.width / root.columns)
+            // The second has the longest words, the first has no rule beside it.
+            width: Math.floor(root.width / root.columns) + [-10, 10, 0, 0][index % root.columns]
             height: 42
 
             Accessible.role: Accessible.StaticText
