@@ -1,148 +1,16 @@
-#include <QAbstractItemModelTester>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSignalSpy>
-#include <QTest>
 
-#include "app/inbox/InboxStore.h"
-#include "tests/support/AppFixture.h"
+#include "tests/app/inbox/InboxFixture.h"
 
 using namespace orv;
 using namespace orv::test;
-using namespace Qt::Literals::StringLiterals;
-using namespace std::chrono_literals;
 
-namespace {
-
-const auto list = u"GET /inbox/threads"_s, labels = u"GET /reply-labels"_s, campaigns = u"GET /campaigns"_s;
-QString get(int n) { return u"GET /inbox/threads/t%1"_s.arg(n); }
-QString patch(int n) { return u"PATCH /inbox/threads/t%1"_s.arg(n); }
-QString reply(int n) { return u"POST /inbox/threads/t%1/reply"_s.arg(n); }
-QString id(int n) { return u"t%1"_s.arg(n); }
-
-QJsonObject threadOf(int n, const QJsonObject& more = {}) {
-  QJsonObject object{{u"id"_s, id(n)},
-                     {u"mailboxId"_s, u"m1"_s},
-                     {u"mailboxAddress"_s, u"ellen@a.example"_s},
-                     {u"contactAddress"_s, u"c%1@b.example"_s.arg(n)},
-                     {u"contactName"_s, u"Contact %1"_s.arg(n)},
-                     {u"subject"_s, u"Re: Q%1"_s.arg(n)},
-                     {u"kind"_s, u"reply"_s},
-                     {u"status"_s, u"open"_s},
-                     {u"unread"_s, true},
-                     {u"messageCount"_s, 1},
-                     {u"pendingDrafts"_s, 0},
-                     {u"lastMessageAt"_s, u"2026-11-20T09:00:00Z"_s},
-                     {u"followupsSent"_s, 0},
-                     {u"humanTookOver"_s, false},
-                     {u"createdAt"_s, u"2026-11-19T09:00:00Z"_s}};
-  for (auto member = more.begin(); member != more.end(); ++member) object.insert(member.key(), member.value());
-  return object;
-}
-
-QJsonObject draft(const QString& draftId, int n, const QString& body, const QString& status = u"pending"_s) {
-  QJsonObject object{
-      {u"id"_s, draftId}, {u"threadId"_s, id(n)}, {u"kind"_s, u"reply"_s}, {u"body"_s, body}, {u"status"_s, status}};
-  if (status != "pending"_L1) object.insert(u"approvedAt"_s, u"2026-11-20T10:00:00Z"_s);
-  return object;
-}
-
-QByteArray json(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact); }
-
-QByteArray page(const QJsonArray& items, const QString& next = {}) {
-  QJsonObject page{{u"items"_s, items},
-                   {u"counts"_s, QJsonObject{{u"total"_s, 10}, {u"unread"_s, 5}, {u"drafts"_s, 2}}}};
-  if (!next.isEmpty()) page.insert(u"nextCursor"_s, next);
-  return json(page);
-}
-
-QByteArray detailOf(const QJsonObject& thread, const QJsonArray& drafts = {}, const QJsonArray& more = {}) {
-  QJsonArray messages{QJsonObject{{u"id"_s, u"m-"_s + thread.value(u"id"_s).toString()},
-                                  {u"direction"_s, u"inbound"_s},
-                                  {u"state"_s, u"received"_s},
-                                  {u"body"_s, u"Yes.\n\nEllen wrote:\n> Shall we?"_s},
-                                  {u"kind"_s, u"reply"_s},
-                                  {u"at"_s, u"2026-11-20T09:00:00Z"_s}}};
-  for (const auto& message : more) messages.append(message);
-  return json({{u"thread"_s, thread}, {u"messages"_s, messages}, {u"drafts"_s, drafts}});
-}
-
-class FakeDesk final : public Store, public DraftDesk {
- public:
-  explicit FakeDesk(WorkspaceContext& context) : Store(context) {}
-  void approve(const ReviewDraft& item) override { approved.append(item); }
-  void skip(const ReviewDraft& item) override { skipped.append(item.draft.id); }
-  bool isDeciding(const QString&) const override { return false; }
-  QList<ReviewDraft> approved;
-  QStringList skipped;
-};
-
-}  // namespace
-
-class ConversationsTest : public QObject {
+/// Which conversations there are and what becomes of them.
+class ConversationsTest : public InboxFixture {
   Q_OBJECT
 
-  struct Life {
-    AppFixture f;
-    Writings writings{*f.context};
-    FakeDesk desk{*f.context};
-    std::unique_ptr<InboxStore> store = std::make_unique<InboxStore>(*f.context, writings, &desk, nullptr);
-    QAbstractItemModelTester tester{store->threads()->list()->rows(),
-                                    QAbstractItemModelTester::FailureReportingMode::QtTest};
-  };
-  std::unique_ptr<Life> life;
-  AppFixture* f = nullptr;
-  InboxStore* store = nullptr;
-
-  QStringList shown() const { return store->threads()->list()->shownIds(); }
-  QJsonObject body() const { return QJsonDocument::fromJson(*f->api.last().request.body).object(); }
-  QString toast() const { return f->toasts.count() ? f->toasts.toasts().last().message : QString(); }
-  int asked(const QString& label) const {
-    int count = 0;
-    for (const APICall& call : f->api.sent()) count += call.request.label() == label;
-    return count;
-  }
-  /// Of the last request.
-  QString query() const {
-    QStringList items;
-    for (const QueryItem& item : f->api.last().request.query)
-      items.append(item.name + u'=' + item.value.value_or(QString()));
-    return items.join(u'&');
-  }
-  bool isUnread(int n) const { return store->threads()->rows().isUnread(*store->threads()->find(id(n))); }
-  void look() {
-    store->appear();
-    store->threads()->list()->appear();
-    f->navigator.open(Page::inbox);
-  }
-  void load(const QByteArray& first = page({threadOf(1), threadOf(2), threadOf(3)})) {
-    for (const QString& label : {list, labels, campaigns}) f->api.expect(label);
-    store->ensureLoaded();
-    f->api.answer(labels, R"({"items":[{"key":"warm","name":"Warm","tone":"positive"}]})");
-    f->api.answer(campaigns, R"({"items":[]})");
-    f->api.answer(list, first);
-  }
-  /// With its reading, and that of the next one.
-  void open(int n, const QByteArray& answer, int ahead = 0) {
-    f->api.expect(get(n));
-    store->open(id(n));
-    if (ahead) f->api.expect(get(ahead));
-    f->api.answer(get(n), answer);
-    if (ahead) f->api.answer(get(ahead), detailOf(threadOf(ahead, {{u"unread"_s, false}})));
-  }
-  /// One that needs no marking, with nothing behind it in the list.
-  void openLast(const QJsonArray& drafts = {}) {
-    open(3, detailOf(threadOf(3, {{u"unread"_s, false}, {u"pendingDrafts"_s, drafts.size()}}), drafts));
-  }
-
  private Q_SLOTS:
-  void init() {
-    life = std::make_unique<Life>();
-    f = &life->f;
-    store = life->store.get();
-    look();
-  }
+  void init() { begin(); }
   void cleanup() { life.reset(); }
 
   void filtersAreAskedFor() {
@@ -305,157 +173,6 @@ class ConversationsTest : public QObject {
     QCOMPARE(store->conversation()->label(), QString());
   }
 
-  void aReplyGoesOutOnce() {
-    load();
-    openLast();
-    store->act(u"reply"_s);
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Tuesday at ten."_s);
-    writing.setCc(u"a@x.example, nobody"_s);
-    QVERIFY(!store->act(u"send"_s));
-    QCOMPARE(writing.ccProblem(), u"“nobody” is not an email address"_s);
-    writing.setCc(u"a@x.example, b@y.example"_s);
-    f->api.expect(reply(3));
-    QVERIFY(store->act(u"send"_s));
-    QVERIFY(!store->act(u"send"_s));
-    QCOMPARE(body(), (QJsonObject{{u"body"_s, u"Tuesday at ten."_s},
-                                  {u"cc"_s, QJsonArray{u"a@x.example"_s, u"b@y.example"_s}}}));
-    f->api.answer(reply(3),
-                  json({{u"draft"_s, draft(u"d9"_s, 3, u"Tuesday at ten."_s, u"approved"_s)}, {u"jobId"_s, u"j"_s}}));
-    QCOMPARE(toast(), u"Sending to Contact 3 from ellen@a.example"_s);
-    QCOMPARE(writing.body(), QString());
-    QVERIFY(!store->conversation()->replying());
-    QCOMPARE(store->conversation()->outgoing(), QStringList{u"Sending to Contact 3"_s});
-  }
-
-  void aRefusedReplyKeepsItsText() {
-    load();
-    openLast();
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
-    f->api.answer(reply(3), R"({"title":"Too large"})", 422);
-    QCOMPARE(toast(), u"Couldn’t send."_s);
-    QCOMPARE(writing.body(), u"Mine."_s);
-    QVERIFY(!writing.uncertain());
-    QVERIFY(writing.canSend());
-  }
-
-  void anUnknownEndIsLookedUpFirst_data() {
-    QTest::addColumn<bool>("arrived");
-    QTest::newRow("arrived") << true;
-    QTest::newRow("lost") << false;
-  }
-  void anUnknownEndIsLookedUpFirst() {
-    QFETCH(bool, arrived);
-    load();
-    openLast();
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
-    f->api.expect(list);
-    f->api.fail(reply(3), NoAnswer(TransportFailure::timedOut, true));
-    QVERIFY(writing.uncertain());
-    QCOMPARE(writing.body(), u"Mine."_s);
-    f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
-
-    f->api.expect(get(3));
-    store->send();
-    QVERIFY(!writing.canSend());
-    const QJsonArray drafts = arrived ? QJsonArray{draft(u"d9"_s, 3, u"Mine.\n"_s, u"approved"_s)} : QJsonArray();
-    if (!arrived) f->api.expect(reply(3));
-    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), drafts));
-    QCOMPARE(asked(reply(3)), arrived ? 1 : 2);
-    QCOMPARE(writing.body(), arrived ? QString() : u"Mine."_s);
-    if (arrived) QCOMPARE(toast(), u"Your reply had been sent already."_s);
-    if (!arrived) f->api.answer(reply(3), R"({"title":"No"})", 422);
-    QVERIFY(!writing.uncertain());
-  }
-
-  void besideADraftItAsksFirst() {
-    load();
-    openLast({draft(u"d1"_s, 3, u"Hi"_s)});
-    QVERIFY(store->conversation()->hasDraft());
-    store->conversation()->reply()->setBody(u"Mine."_s);
-    store->send();
-    QCOMPARE(f->overlays.title(), u"Reply anyway?"_s);
-    QCOMPARE(f->overlays.confirmLabel(), u"Send email"_s);
-    f->overlays.answer(f->overlays.token(), false);
-    QCOMPARE(store->conversation()->reply()->body(), u"Mine."_s);
-    store->send();
-    f->api.expect(reply(3));
-    f->overlays.answer(f->overlays.token(), true);
-    QVERIFY(store->conversation()->reply()->sending());
-  }
-
-  void textsAreKeptByThread() {
-    f->journal.open({u"u1"_s, {}});
-    settle();
-    load();
-    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
-    store->act(u"reply"_s);
-    store->conversation()->reply()->setBody(u"To the first"_s);
-    f->api.expect(get(3));
-    store->step(1);
-    store->conversation()->reply()->setBody(u"To the second"_s);
-    store->step(-1);
-    QCOMPARE(store->conversation()->reply()->body(), u"To the first"_s);
-    QVERIFY(store->threads()->rows().isWritten(id(2)));
-    QCOMPARE(life->writings.unsavedWork(),
-             (QStringList{u"Your reply to Contact 1 was not sent."_s, u"Your reply to Contact 2 was not sent."_s}));
-    f->clock.advance(1s);
-
-    // The next run.
-    Writings later(*f->context);
-    Writing* restored = later.reply(id(2), u"Contact 2"_s);
-    settle();
-    QCOMPARE(restored->body(), u"To the second"_s);
-    QVERIFY(!restored->recovery()->notice().isEmpty());
-    restored->discard();
-    QCOMPARE(f->journal.entries().size(), 1);
-  }
-
-  void draftsAreDecidedAtTheDesk() {
-    load();
-    openLast({draft(u"d1"_s, 3, u"Hi"_s)});
-    Conversation& open = *store->conversation();
-    QCOMPARE(open.draftTitle(), u"The AI’s draft, ready for you."_s);
-    QVERIFY(store->act(u"edit"_s));
-    open.edit()->setBody(u"Hello"_s);
-    QVERIFY(store->act(u"approve"_s));
-    QCOMPARE(life->desk.approved.first().thread.id, id(3));
-    QCOMPARE(life->writings.editOf(life->desk.approved.first().draft), std::optional(u"Hello"_s));
-    QVERIFY(store->act(u"skip"_s));
-    QCOMPARE(life->desk.skipped, QStringList{u"d1"_s});
-    // The decision's answer takes the draft away, and the thread is read again.
-    open.detail()->appear();
-    f->api.expect(get(3));
-    Draft decided = *open.draft();
-    decided.status = u"approved"_s;
-    f->context->changes().publish(decided, f->context->changes().stamp(), true);
-    QVERIFY(!open.hasDraft());
-    open.detail()->disappear();
-  }
-
-  void anotherDraftIsAskedFor() {
-    load();
-    openLast({draft(u"d1"_s, 3, u"Hi"_s)});
-    const auto ask = u"POST /inbox/threads/t3/draft"_s;
-    store->conversation()->edit()->setBody(u"Hi there"_s);
-    QVERIFY(store->act(u"generate"_s));
-    QCOMPARE(f->overlays.text(), u"Your edit of this draft is discarded."_s);
-    f->api.expect(ask);
-    f->overlays.answer(f->overlays.token(), true);
-    QVERIFY(store->generating());
-    QVERIFY(!store->act(u"generate"_s));
-    f->api.answer(ask, json(draft(u"d2"_s, 3, u"Dear Contact"_s)));
-    QVERIFY(!store->generating());
-    QCOMPARE(store->conversation()->draftText(), u"Dear Contact"_s);
-    QVERIFY(life->writings.unsavedWork().isEmpty());
-  }
-
   void newMailIsTold() {
     load();
     auto& threads = *store->threads();
@@ -563,6 +280,27 @@ class ConversationsTest : public QObject {
       QVERIFY2(!store->act(key), qPrintable(key));
     store->send();
     store->setLabel(u"warm"_s);
+  }
+
+  void aContactThatCannotBeReadIsAskedForOnce() {
+    const QString lead = u"GET /leads/l1"_s;
+    load();
+    openLast();
+    f->api.expect(get(1));
+    store->open(id(1));
+    f->api.answer(get(1), detailOf(threadOf(1, {{u"unread"_s, false},
+                                                {u"lead"_s, QJsonObject{{u"id"_s, u"l1"_s}, {u"name"_s, u"Ana"_s}}}})));
+    // The pane asks whenever something about the conversation has changed.
+    Conversation* conversation = store->conversation();
+    connect(conversation, &Conversation::changed, this, [conversation] { conversation->ensureContact(); });
+    f->api.expect(lead);
+    conversation->ensureContact();
+    f->api.answer(lead, R"({"title":"Gone"})", 404);
+    QCOMPARE(asked(lead), 1);
+    f->api.expect(lead);
+    f->api.expect(get(1));
+    conversation->refresh();
+    QCOMPARE(asked(lead), 2);
   }
 
   void theContactKeepsItsWidth() {
