@@ -2,8 +2,9 @@
 
 #include <pthread.h>
 
-#include <QThreadPool>
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <limits>
 #include <map>
 #include <mutex>
@@ -13,6 +14,8 @@
 #include "kit/api/Transfer.h"
 
 namespace orv {
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -176,8 +179,9 @@ class APIClient::Network {
   void deliver(const std::shared_ptr<AnswerReceiver>& receiver, ExchangeResult result) {
     const auto* answer = std::get_if<HTTPAnswer>(&result);
     if (!answer || answer->body.size() < decodedBeside) return receiver->receive(std::move(result));
-    const auto held = std::make_shared<ExchangeResult>(std::move(result));
-    m_decoders.start([receiver, held] { receiver->receive(std::move(*held)); });
+    std::erase_if(m_decoding, [](const auto& each) { return each.wait_for(0s) == std::future_status::ready; });
+    m_decoding.push_back(std::async(
+        std::launch::async, [receiver, held = std::move(result)]() mutable { receiver->receive(std::move(held)); }));
   }
 
   /// Milliseconds; without anything under way there is nothing to wake up for.
@@ -210,8 +214,9 @@ class APIClient::Network {
   std::optional<QByteArray> m_proxy;
   std::optional<SteadyClock::time_point> m_heldUntil;
 
-  /// Ends first, with all that it has begun: nothing is delivered when the client is gone.
-  QThreadPool m_decoders;
+  /// A thread each: as many as requests are under way, and those are few. Ends first, and waits for what has begun:
+  /// nothing is delivered when the client is gone.
+  std::vector<std::future<void>> m_decoding;
 };
 
 class APIClient::NetworkExchange final : public Exchange {
