@@ -1,7 +1,5 @@
 #include "app/rampup/RampupAccountStore.h"
 
-#include <QPointer>
-
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
 #include "kit/api/wholeNumber.h"
@@ -28,7 +26,8 @@ RampupAccountStore::RampupAccountStore(QString id, RampupStore& list)
       m_list(list),
       m_detail(*this, [this] { return load(); }, {.failed = u"Couldn’t load this roadmap"_s}),
       m_stats(*this, [this] { return api().send(Requests::warmupStats(m_id, statDays)); }),
-      m_warmup(m_id, *list.accounts(), *this) {
+      m_warmup(m_id, *list.accounts(), *this),
+      m_editor(list.context()) {
   connect(&m_detail, &ResourceBase::valueChanged, this, &RampupAccountStore::arrived);
   connect(&m_detail, &ResourceBase::changed, this, &RampupAccountStore::changed);
   connect(&m_stats, &ResourceBase::changed, this, &RampupAccountStore::changed);
@@ -38,6 +37,7 @@ RampupAccountStore::RampupAccountStore(QString id, RampupStore& list)
   connect(&m_extending, &Form::changed, this, &RampupAccountStore::changed);
   connect(&m_restarting, &Form::changed, this, &RampupAccountStore::changed);
   connect(this, &Store::roleChanged, this, &RampupAccountStore::changed);
+  connect(this, &Store::left, &m_editor, &RoadmapEditor::leave);
   auto& changes = context().changes();
   changes.watch<RampupAccount>(this, [this](const Change<RampupAccount>& change) {
     using Kind = Change<RampupAccount>::Kind;
@@ -182,27 +182,25 @@ void RampupAccountStore::edit() {
   if (!plan() || busy()) return;
   if (!canWrite()) return (void)services().toasts.show({.message = u"Only members can edit roadmaps."_s});
   const std::optional<qint64> version = plan()->version;
-  m_list.editor()->open({.title = u"Edit roadmap"_s,
-                         .about = address() + u" · The change applies from today."_s,
-                         .submitLabel = u"Save roadmap"_s,
-                         .thing = u"roadmap"_s,
-                         .key = u"rampup/"_s + m_id + u"/stages"_s,
-                         .stages = plan()->stages,
-                         .version = version,
-                         .from = isoDay(plan()->startedOn),
-                         .today = services().clock.now().toLocalTime().date(),
-                         .submit = [page = QPointer(this), version](const QList<RoadmapStage>& stages) {
-                           // The editor is the list's, and outlives this page.
-                           if (page) page->m_tasks.start(page->editTask(stages, version));
-                         }});
+  m_editor.open({.title = u"Edit roadmap"_s,
+                 .about = address() + u" · The change applies from today."_s,
+                 .submitLabel = u"Save roadmap"_s,
+                 .thing = u"roadmap"_s,
+                 .key = u"rampup/"_s + m_id + u"/stages"_s,
+                 .stages = plan()->stages,
+                 .version = version,
+                 .from = isoDay(plan()->startedOn),
+                 .today = services().clock.now().toLocalTime().date(),
+                 .submit = [this, version](const QList<RoadmapStage>& stages) {
+                   m_tasks.start(editTask(stages, version));
+                 }});
 }
 
 Task<void> RampupAccountStore::editTask(QList<RoadmapStage> stages, std::optional<qint64> version) {
-  RoadmapEditor& editor = *m_list.editor();
-  auto submission = editor.begin();
+  auto submission = m_editor.begin();
   const auto build = [id = m_id, stages, version] { return Requests::editRoadmap(id, {stages}, version); };
   if (!co_await m_list.accounts()->change(m_id, build, u"Couldn’t save the roadmap."_s, [&](const APIError& error) {
-        return submission.fail(editor.sentenceOf(error));
+        return submission.fail(m_editor.sentenceOf(error));
       }))
     co_return;
   submission.succeed();

@@ -15,6 +15,7 @@ class RampupAccountStore final : public Store {
   Q_PROPERTY(orv::ResourceBase* stats READ stats CONSTANT)
   Q_PROPERTY(orv::WarmupForm* warmup READ warmup CONSTANT)
   Q_PROPERTY(orv::RampupStore* list READ list CONSTANT)
+  Q_PROPERTY(orv::RoadmapEditor* editor READ editor CONSTANT)
   Q_PROPERTY(orv::Form* extending READ extending CONSTANT)
   Q_PROPERTY(orv::Form* restarting READ restarting CONSTANT)
   Q_PROPERTY(QString address READ address NOTIFY changed)
@@ -60,6 +61,7 @@ class RampupAccountStore final : public Store {
   Resource<WarmupStats>* stats() { return &m_stats; }
   WarmupForm* warmup() { return &m_warmup; }
   RampupStore* list() { return &m_list; }
+  RoadmapEditor* editor() { return &m_editor; }
   Form* extending() { return &m_extending; }
   Form* restarting() { return &m_restarting; }
 
@@ -105,6 +107,7 @@ class RampupAccountStore final : public Store {
   void beginRestart();
   Q_INVOKABLE void extend() { m_tasks.start(extendTask()); }
   Q_INVOKABLE void restart() { m_tasks.start(restartTask()); }
+  QStringList unsavedWork() const override { return Store::unsavedWork() + m_editor.unsavedWork(); }
   Task<void> editTask(QList<RoadmapStage> stages, std::optional<qint64> version);
   Task<void> extendTask();
   Task<void> restartTask();
@@ -127,6 +130,8 @@ class RampupAccountStore final : public Store {
   Resource<RampupDetail> m_detail;
   Resource<WarmupStats> m_stats;
   WarmupForm m_warmup;
+  /// Of its own: the list's stands over the list.
+  RoadmapEditor m_editor;
   Form m_extending;
   Form m_restarting;
   QString m_extendDays;

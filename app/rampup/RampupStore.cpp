@@ -43,6 +43,7 @@ RampupStore::RampupStore(WorkspaceContext& context)
   connect(&m_templates, &RoadmapTemplates::changed, this, &RampupStore::changed);
   connect(&m_actions, &RoadmapActions::busyChanged, this, &RampupStore::changed);
   connect(this, &Store::roleChanged, this, &RampupStore::changed);
+  connect(this, &Store::left, &m_editor, &RoadmapEditor::leave);
   context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) { followMailbox(change); });
   m_templates.onAddAccounts = [this](const RoadmapTemplate& into) { m_adding.open(into); };
 }

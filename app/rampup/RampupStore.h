@@ -66,6 +66,7 @@ class RampupStore final : public Store {
 
   void ensureLoaded() override;
   void refresh() override;
+  QStringList unsavedWork() const override { return Store::unsavedWork() + m_editor.unsavedWork(); }
   QList<FoundRecord> found() const override;
   void ensureFound() override { m_list.ensureLoaded(); }
   PagePlace where() const override;

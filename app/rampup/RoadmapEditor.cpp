@@ -184,6 +184,15 @@ void RoadmapEditor::draw() {
   m_series = {line(u"warmup"_s, u"Warm-up"_s, warmup), line(u"campaign"_s, u"Campaign"_s, campaign)};
 }
 
+QStringList RoadmapEditor::unsavedWork() const {
+  if (!shown() || !m_draft.dirty()) return {};
+  return {u"Changes to a "_s + m_opening.thing + u" that are not saved"_s};
+}
+
+void RoadmapEditor::leave() {
+  if (!busy() && unsavedWork().isEmpty()) cancel();
+}
+
 QString RoadmapEditor::sentenceOf(const APIError& error) const {
   if (!isVersionConflict(error)) return error.message();
   return u"This "_s + m_opening.thing + u" changed since you opened it. Close and try again."_s;

@@ -108,6 +108,10 @@ class RoadmapEditor final : public Form {
   int today() const { return m_today; }
   std::optional<qint64> version() const { return m_opening.version; }
   Recovery* recovery() { return &m_recovery; }
+  /// What stands typed in it, also while the page that opened it is not on the screen; empty for nothing.
+  QStringList unsavedWork() const;
+  /// Its page is left: with nothing typed it is not to stand there when the person comes back.
+  void leave();
   const QList<TypedStage>& typedStages() const { return m_typed; }
 
   /// By the row's id and the field's name in it.

@@ -96,9 +96,10 @@ QList<Scene> accountScenes() {
        }},
       {u"rampup-account-editor"_s,
        [](Stage& s) {
-         openAccount(s, isRamping).act(u"edit"_s);
+         auto& account = openAccount(s, isRamping);
+         account.act(u"edit"_s);
          s.settle();
-         RoadmapEditor& editor = *s.app().session()->store<RampupStore>()->editor();
+         RoadmapEditor& editor = *account.editor();
          editor.set(editor.stages()->records().front().id, u"campaignFrom"_s, u"4"_s);
        }},
       {u"rampup-account-extend"_s, [](Stage& s) { openAccount(s, isRamping).act(u"extend"_s); }},

@@ -175,6 +175,6 @@ FocusScope {
     }
 
     RoadmapEditorDialog {
-        editor: root.store.list.editor
+        editor: root.store.editor
     }
 }

@@ -145,7 +145,7 @@ class RampupAccountTest : public QObject {
   void somebodyElseWasFasterWithTheRoadmap() {
     open(someItem(u"m1"_s));
     const QString patch = u"PATCH /rampup/m1"_s;
-    RoadmapEditor& editor = *f->store.editor();
+    RoadmapEditor& editor = *store->editor();
     QVERIFY(store->act(u"edit"_s));
     QCOMPARE(editor.submitLabel(), u"Save roadmap"_s);
     editor.set(editor.stages()->records().front().id, u"days"_s, u"10"_s);
@@ -161,6 +161,24 @@ class RampupAccountTest : public QObject {
     settle();
     if (f->api.isWaiting(f->get)) f->api.answer(f->get, listOf({someItem(u"m1"_s)}));
     if (f->api.isWaiting(get)) f->api.answer(get, detailOf(someItem(u"m1"_s)));
+  }
+
+  void whatIsTypedOfARoadmapStaysWithItsAccount() {
+    open(someItem(u"m1"_s));
+    store->appear();
+    QVERIFY(store->act(u"edit"_s));
+    store->disappear();
+    QVERIFY(!store->editor()->shown());
+    store->appear();
+    QVERIFY(store->act(u"edit"_s));
+    store->editor()->set(store->editor()->stages()->records().front().id, u"days"_s, u"10"_s);
+    // Over the list, or over another account, it would be taken for theirs.
+    QVERIFY(!f->store.editor()->shown());
+    store->disappear();
+    QVERIFY(store->editor()->shown());
+    QCOMPARE(store->unsavedWork(), QStringList{u"Changes to a roadmap that are not saved"_s});
+    store->editor()->cancel();
+    QVERIFY(store->unsavedWork().isEmpty());
   }
 
   void onlyChangedSettingsAreSent() {

@@ -98,12 +98,12 @@ QList<SweepRow> onAccountRows() {
   };
   restart.error = [](SweepStage& s) { return page(s).restarting()->error(); };
   SweepRow roadmap =
-      onAccount(u"RoadmapEditor::submit"_s, u"PATCH /rampup/mb1"_s, [](SweepStage& s) { list(s).editor()->submit(); });
+      onAccount(u"RoadmapEditor::submit"_s, u"PATCH /rampup/mb1"_s, [](SweepStage& s) { page(s).editor()->submit(); });
   roadmap.arrive = [](SweepStage& s) {
     arrive(s);
     page(s).act(u"edit"_s);
   };
-  roadmap.error = [](SweepStage& s) { return list(s).editor()->error(); };
+  roadmap.error = [](SweepStage& s) { return page(s).editor()->error(); };
   SweepRow warmup = onAccount(u"WarmupForm::save"_s, u"PATCH /rampup/mb1/settings"_s,
                               [](SweepStage& s) { page(s).warmup()->save(); });
   warmup.arrive = [](SweepStage& s) {
