@@ -182,18 +182,17 @@ void RampupAccountStore::edit() {
   if (!plan() || busy()) return;
   if (!canWrite()) return (void)services().toasts.show({.message = u"Only members can edit roadmaps."_s});
   const std::optional<qint64> version = plan()->version;
-  m_editor.open({.title = u"Edit roadmap"_s,
-                 .about = address() + u" · The change applies from today."_s,
-                 .submitLabel = u"Save roadmap"_s,
-                 .thing = u"roadmap"_s,
-                 .key = u"rampup/"_s + m_id + u"/stages"_s,
-                 .stages = plan()->stages,
-                 .version = version,
-                 .from = isoDay(plan()->startedOn),
-                 .today = services().clock.now().toLocalTime().date(),
-                 .submit = [this, version](const QList<RoadmapStage>& stages) {
-                   m_tasks.start(editTask(stages, version));
-                 }});
+  m_editor.open(
+      {.title = u"Edit roadmap"_s,
+       .about = address() + u" · The change applies from today."_s,
+       .submitLabel = u"Save roadmap"_s,
+       .thing = u"roadmap"_s,
+       .key = u"rampup/"_s + m_id + u"/stages"_s,
+       .stages = plan()->stages,
+       .version = version,
+       .from = isoDay(plan()->startedOn),
+       .today = services().clock.now().toLocalTime().date(),
+       .submit = [this, version](const QList<RoadmapStage>& stages) { m_tasks.start(editTask(stages, version)); }});
 }
 
 Task<void> RampupAccountStore::editTask(QList<RoadmapStage> stages, std::optional<qint64> version) {
