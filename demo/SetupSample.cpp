@@ -62,6 +62,8 @@ DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList
       row.address = addresses[role];
       row.state = RowState(QString::fromLatin1(given.state));
       if (given.message) row.message = QString::fromUtf8(given.message);
+      // Where it stopped: Google refused the photo.
+      row.step = row.state.isError() ? u"photo"_s : row.state.rawValue;
       if (row.state.isAuthorize())
         record.domains.last().authorizeUrl = u"https://admin.google.com/ac/owl/domainwidedelegation?domain="_s + domain;
       row.updatedAt = formatPlatformDate(began.addSecs(60 * (record.rows.size() + 5)));

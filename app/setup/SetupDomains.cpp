@@ -29,8 +29,7 @@ SetupDomains::SetupDomains(QString id, Actions& actions, Resource<SetupProject>&
 }
 
 QString SetupDomains::countText() const {
-  if (!m_project.value() || m_rows.rowCount() == 0) return {};
-  if (!m_project.value()->mode.isNew()) return Format::counted(m_rows.rowCount(), u"domain"_s, u"domains"_s);
+  if (!m_project.value() || !m_project.value()->mode.isNew() || m_rows.rowCount() == 0) return {};
   return u"Three inboxes a domain, "_s + Format::grouped(qint64(inboxesADomain) * m_rows.rowCount()) + u" in all."_s;
 }
 

@@ -42,7 +42,7 @@ class SetupDomains final : public Store {
   DomainRows* archivedRows() { return &m_archivedRows; }
   /// What of the pasted text is no domain.
   const QString& problem() const { return m_problem; }
-  /// "Three inboxes a domain, 24 in all."
+  /// "Three inboxes a domain, 24 in all."; empty where none are made.
   QString countText() const;
   bool lookingUp() const { return m_busy.contains(lookup); }
   bool showArchived() const { return m_showArchived; }

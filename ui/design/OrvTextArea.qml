@@ -72,7 +72,10 @@ FieldFrame {
             Text {
                 anchors.fill: parent
                 leftPadding: input.leftPadding
+                rightPadding: input.rightPadding
                 topPadding: input.topPadding
+                wrapMode: Text.Wrap
+                elide: Text.ElideRight
                 visible: input.text === "" && input.preeditText === ""
                 textFormat: Text.PlainText
                 text: root.placeholder

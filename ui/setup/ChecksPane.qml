@@ -12,14 +12,6 @@ Column {
     bottomPadding: 20
     spacing: 12
 
-    component Mark: OrvIcon {
-        property string said
-
-        name: said === "yes" ? "checkmark" : said === "no" ? "data-warning" : "chronometer"
-        size: 14
-        color: said === "yes" ? Theme.positive : said === "no" ? Theme.warning : Theme.text2
-    }
-
     Text {
         width: root.width
         wrapMode: Text.Wrap
@@ -74,7 +66,7 @@ Column {
             Accessible.role: Accessible.StaticText
             Accessible.name: modelData.label + ", " + word + ". " + modelData.detail
 
-            Mark {
+            CheckMark {
                 y: 3
                 said: line.modelData.key
             }
@@ -117,69 +109,9 @@ Column {
         width: root.width
     }
 
-    Repeater {
-        model: root.checks.inboxes
-
-        Column {
-            id: inbox
-
-            required property var modelData
-            readonly property var facts: [
-                [modelData.imap, "IMAP on", "IMAP is switched on in Gmail, so the sending tool can read replies."],
-                [modelData.photo, "Profile photo", "The project photo is on the Google profile."],
-                [modelData.connected, "Connected", "The inbox is connected in Accounts."]
-            ]
-
-            width: root.width
-            spacing: 4
-
-            Text {
-                width: inbox.width
-                elide: Text.ElideRight
-                textFormat: Text.PlainText
-                text: inbox.modelData.address
-                font: Theme.bodyStrong
-                color: Theme.text
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
-            }
-
-            Flow {
-                width: inbox.width
-                spacing: 12
-
-                Repeater {
-                    model: inbox.facts
-
-                    Row {
-                        id: fact
-
-                        required property var modelData
-
-                        spacing: 4
-                        Accessible.role: Accessible.StaticText
-                        Accessible.name: modelData[1] + ", " + modelData[0]
-                        Accessible.description: modelData[2]
-
-                        OrvTooltip {
-                            text: fact.modelData[2]
-                        }
-
-                        Mark {
-                            anchors.verticalCenter: parent.verticalCenter
-                            said: fact.modelData[0]
-                        }
-
-                        Text {
-                            textFormat: Text.PlainText
-                            text: fact.modelData[1]
-                            font: Theme.small
-                            color: Theme.text2
-                            Accessible.ignored: true
-                        }
-                    }
-                }
-            }
-        }
+    InboxChecks {
+        visible: inboxes.length > 0
+        width: root.width
+        inboxes: root.checks.inboxes
     }
 }

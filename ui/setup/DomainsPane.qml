@@ -93,9 +93,14 @@ FocusScope {
         text: root.domains.showArchived ? "Nothing archived" : "No domains yet. Paste a column from Sheets, one domain a line."
     }
 
+    OrvDivider {
+        y: list.y - 1
+        width: root.width - 1
+    }
+
     ListView {
         id: list
-        y: head.y + head.height + 8
+        y: head.y + head.height + 12
         width: root.width - 1
         height: foot.y - y
         clip: true

@@ -54,18 +54,33 @@ OrvTableRow {
         Text {
             id: name
             x: 20
-            width: Math.min(implicitWidth, parent.width - x - 56)
+            width: Math.min(implicitWidth, parent.width - x - (root.isDomain ? count.width + 8 : 0))
             height: root.height
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideMiddle
             textFormat: Text.PlainText
-            text: root.isDomain ? root.domain : root.local + root.domain
+            text: root.isDomain ? root.domain : root.local
             font: root.isDomain ? Theme.bodyStrong : Theme.body
             color: Theme.text
             Accessible.ignored: true
         }
 
         Text {
+            visible: !root.isDomain
+            x: name.x + name.width
+            width: parent.width - x
+            height: root.height
+            verticalAlignment: Text.AlignVCenter
+            elide: Text.ElideMiddle
+            textFormat: Text.PlainText
+            text: root.domain
+            font: Theme.body
+            color: Theme.text2
+            Accessible.ignored: true
+        }
+
+        Text {
+            id: count
             x: name.x + name.width + 8
             height: root.height
             verticalAlignment: Text.AlignVCenter

@@ -9,6 +9,7 @@ Item {
 
     required property SetupProjectStore store
     readonly property var parts: store.runParts
+    readonly property var filled: parts.filter(part => part.count > 0)
     readonly property int whole: parts.reduce((sum, part) => sum + part.count, 0)
 
     function ink(tone: string): color {
@@ -88,12 +89,12 @@ Item {
         spacing: 3
 
         Repeater {
-            model: root.parts.filter(part => part.count > 0)
+            model: root.filled
 
             Rectangle {
                 required property choice modelData
 
-                width: Math.max(4, (bar.width - 12) * modelData.count / Math.max(1, root.whole))
+                width: Math.max(4, (bar.width - bar.spacing * (root.filled.length - 1)) * modelData.count / Math.max(1, root.whole))
                 height: 6
                 radius: 3
                 color: root.ink(modelData.key)
