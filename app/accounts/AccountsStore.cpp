@@ -187,6 +187,11 @@ void AccountsStore::arrived() {
     ++m_figures.byStatus[mailbox.status.rawValue];
   });
   m_selection.prune();
+  const qint64 failed = m_figures.byStatus.value(u"failed"_s);
+  if (m_list.head() && !m_list.canLoadMore()) {
+    context().setFailedAccounts(failed);
+    context().setPoorAccounts(m_figures.attention - failed);
+  }
   Q_EMIT figuresChanged();
   Q_EMIT foundChanged();
 }

@@ -44,6 +44,10 @@ void WorkspaceContext::setUnread(qint64 count) {
   Q_EMIT unreadChanged();
 }
 
+void WorkspaceContext::needed(qint64& before, qint64 now) {
+  if (std::exchange(before, now) != now) Q_EMIT attentionChanged();
+}
+
 void WorkspaceContext::close() {
   m_api.close();
   m_work.cancel();

@@ -59,10 +59,17 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   std::optional<qint64> unread() const { return m_unread; }
   void setUnread(qint64 count);
 
+  /// Accounts that need attention: those that failed, and those that send but poorly. Who counts one of them tells it;
+  /// the newest word stands.
+  qint64 attention() const { return m_failedAccounts + m_poorAccounts; }
+  void setFailedAccounts(qint64 count) { needed(m_failedAccounts, count); }
+  void setPoorAccounts(qint64 count) { needed(m_poorAccounts, count); }
+
   void close();
 
  Q_SIGNALS:
   void unreadChanged();
+  void attentionChanged();
   /// The service has newer mail than what was last read.
   void mailCame();
   void workspaceChanged();
@@ -70,6 +77,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   void reachable();
 
  private:
+  void needed(qint64& before, qint64 now);
+
   WorkspaceSummary m_workspace;
   Services& m_services;
   WorkspaceTransport m_api;
@@ -78,6 +87,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   BusySet m_unsaved;
   bool m_isOffline = false;
   std::optional<qint64> m_unread;
+  qint64 m_failedAccounts = 0;
+  qint64 m_poorAccounts = 0;
   TaskScope m_work;
 };
 

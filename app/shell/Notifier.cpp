@@ -8,6 +8,7 @@
 #include "app/base/WorkspaceContext.h"
 #include "app/base/shownName.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/analytics/dashboard.h"
 #include "kit/models/inbox/inboxRequests.h"
@@ -69,6 +70,7 @@ void Notifier::enter(Context context) {
     m_overtaken = true;
     Q_EMIT changed();
   });
+  connect(m_context.get(), &WorkspaceContext::attentionChanged, m_watcher.get(), [this] { Q_EMIT changed(); });
   const QString slug = m_context->workspace().slug;
   m_context->changes().watch<InboxThread>(m_watcher.get(), [this, slug](const Change<InboxThread>& change) {
     const bool isSeen = change.record ? !change.record->unread : change.kind == Change<InboxThread>::Kind::gone;
@@ -102,6 +104,8 @@ QVariantMap Notifier::unread() const {
   return counts;
 }
 
+int Notifier::attention() const { return m_context ? saturated(m_context->attention()) : 0; }
+
 void Notifier::look() {
   if (m_begun && m_context && !m_looking) m_beat.start(beat());
 }
@@ -127,7 +131,7 @@ Task<bool> Notifier::lookOnce(Context context) {
     } else {
       co_await lookForReplies(context, here->latestAt.value_or(QString()));
     }
-    if (m_preferences.accountErrors()) co_await lookForFailures(context);
+    co_await lookForFailures(context);
   } catch (const APIError& error) {
     // The next time, a minute from now.
     qCInfo(lcNotifier, "News could not be read: %s", qPrintable(error.description()));
@@ -185,6 +189,8 @@ Task<void> Notifier::lookForFailures(Context context) {
   const QString slug = context->workspace().slug;
   const Dashboard dashboard = co_await context->api().send(Requests::dashboard());
   if (!dashboard.inbox) co_return;
+  context->setFailedAccounts(dashboard.inbox->failed);
+  if (!m_preferences.accountErrors()) co_return;
   const QStringList known = m_preferences.failedAccounts(slug);
   const qint64 before = m_failed.value(slug, known.size());
   const qint64 failed = dashboard.inbox->failed;

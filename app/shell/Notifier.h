@@ -26,6 +26,8 @@ class Notifier final : public QObject {
   Q_OBJECT
   /// Unread conversations by workspace.
   Q_PROPERTY(QVariantMap unread READ unread NOTIFY changed)
+  /// Accounts of the open workspace that need attention.
+  Q_PROPERTY(int attention READ attention NOTIFY changed)
 
  public:
   static constexpr std::chrono::seconds interval{60};
@@ -48,6 +50,7 @@ class Notifier final : public QObject {
   Q_INVOKABLE void setActive(bool active);
 
   QVariantMap unread() const;
+  int attention() const;
 
  Q_SIGNALS:
   void changed();

@@ -131,6 +131,7 @@ FocusScope {
                 iconName: modelData.iconName
                 keys: "G " + modelData.key
                 count: modelData.page === "inbox" ? root.unread : 0
+                attention: modelData.page === "accounts" ? root.app.notifier.attention : 0
                 current: root.router.page === modelData.page
                 onClicked: root.router.open(modelData.page)
             }

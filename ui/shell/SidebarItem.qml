@@ -12,6 +12,8 @@ T.AbstractButton {
     property bool rail: false
     /// What waits there, shown when there is some.
     property int count: 0
+    /// How much there needs looking at.
+    property int attention: 0
     property real bottomRoom: 0
 
     height: 32 + bottomRoom
@@ -20,7 +22,8 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.description: Array.from([current ? "Current page" : "", count > 0 ? count + " unread" : ""]).filter(text => text !== "").join(", ")
+    Accessible.description: Array.from([current ? "Current page" : "", count > 0 ? count + " unread" : "",
+                                        attention > 0 ? attention + " need attention" : ""]).filter(text => text !== "").join(", ")
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
@@ -50,6 +53,17 @@ T.AbstractButton {
             y: root.rail ? -4 : 8
             count: root.count
             strong: root.rail
+        }
+
+        Rectangle {
+            visible: root.attention > 0
+            x: root.rail ? (parent.width + 16) / 2 - 4 : parent.width - width - 14
+            y: root.rail ? 5 : (32 - height) / 2
+            width: 7
+            height: 7
+            radius: width / 2
+            color: Theme.warning
+            Accessible.ignored: true
         }
 
         Text {

@@ -101,6 +101,7 @@ class AccountsTest : public QObject {
     QCOMPARE(store->summary(),
              u"3 connected · 1 accounts campaigns can use today · 32 of 78 campaign emails of today’s limit"_s);
     QCOMPARE(store->attention(), u"2 need attention"_s);
+    QCOMPARE(f->context->attention(), 2);
     QCOMPARE(labels(store->statusCounts()), (QStringList{u"All 3"_s, u"Active 1"_s, u"Paused 1"_s, u"Failed 1"_s}));
     QCOMPARE(store->countText(), u"3 accounts"_s);
     QCOMPARE(store->archivedCount(), 2);

@@ -263,8 +263,13 @@ class NotifierTest : public QObject {
     f->preferences.toldUntil[u"acme"_s] = u"2026-11-21T11:00:00Z"_s;
     f->preferences.tellsOfReplies = f->preferences.tellsOfAccounts = false;
     begin();
+    f->api.expect(dashboard);
     f->api.answer(counts, unread(5, "2026-11-21T12:00:30Z"));
+    // The mark on the accounts is no message.
+    f->api.answer(dashboard, failed(2));
+    QCOMPARE(notifier->attention(), 2);
     QCOMPARE(f->api.waiting(), 0);
+    QVERIFY(desktop->shown.isEmpty());
     QCOMPARE(f->preferences.notifySince(u"acme"_s), u"2026-11-21T12:00:30Z"_s);
     QCOMPARE(f->context->unread(), 5);
   }
