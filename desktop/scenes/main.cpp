@@ -18,6 +18,8 @@ struct Wish {
   int thinned = 1;
   quint32 seed = 0;
   QString prefix;
+  /// None for those that the rest asks for.
+  QList<QSize> sizes;
   /// Every n-th scene from which on; one program takes them all otherwise.
   int share = 0;
   int shares = 1;
@@ -34,6 +36,7 @@ Wish wishOf(const QCoreApplication& application) {
   parser.addHelpOption();
   parser.addOption({u"all"_s, u"Every state, in both sizes and both themes."_s});
   parser.addOption({u"scenes"_s, u"Those states whose names begin like this."_s, u"prefix"_s});
+  parser.addOption({u"size"_s, u"Of the window, as \"1680x1050\"; may be given several times."_s, u"size"_s});
   parser.addOption({u"check"_s, u"Keeps no pictures; both themes at one size."_s});
   parser.addOption({u"some"_s,
                     u"With --check: every page, and one of six other states. ORV_SCENES_SEED says which; another each "
@@ -44,11 +47,18 @@ Wish wishOf(const QCoreApplication& application) {
 
   const QStringList share = parser.value(u"share"_s).split(u'/');
   const QByteArray asked = qgetenv("ORV_SCENES_SEED");
+  QList<QSize> sizes;
+  for (const QString& size : parser.values(u"size"_s)) {
+    const QStringList sides = size.split(u'x');
+    sizes.append(QSize(sides.value(0).toInt(), sides.value(1).toInt()));
+    if (sizes.last().isEmpty()) parser.showHelp(2);
+  }
   const Wish wish{.check = parser.isSet(u"check"_s),
                   .all = parser.isSet(u"all"_s),
                   .thinned = parser.isSet(u"some"_s) ? 6 : 1,
                   .seed = asked.isEmpty() ? QRandomGenerator::global()->generate() : asked.toUInt(),
                   .prefix = parser.value(u"scenes"_s),
+                  .sizes = sizes,
                   .share = share.value(0).toInt() - 1,
                   .shares = share.value(1).toInt(),
                   .folder = parser.positionalArguments().value(0)};
@@ -74,8 +84,11 @@ int play(const Wish& wish) {
     return 1;
   }
   const QList<Scene> scenes = scenesOf(wish);
-  QList<QSize> sizes{QSize(1280, 800)};
-  if (!wish.check && !wish.isShort()) sizes.append(QSize(1024, 700));
+  QList<QSize> sizes = wish.sizes;
+  if (sizes.isEmpty()) {
+    sizes.append(QSize(1280, 800));
+    if (!wish.check && !wish.isShort()) sizes.append(QSize(1024, 700));
+  }
 
   SceneRunner runner(wish.check ? std::nullopt : std::optional(folder));
   for (const QSize& size : sizes)
