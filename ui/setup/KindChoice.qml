@@ -9,16 +9,26 @@ T.AbstractButton {
     property string title: ""
     property string detail: ""
     property bool picked: false
+    /// Where Tab enters the choices.
+    property bool isEntry: false
 
     signal chosen()
+    signal entered()
+    signal stepped(int by)
 
     implicitHeight: words.height + 24
-    focusPolicy: Qt.StrongFocus
+    focusPolicy: isEntry ? Qt.StrongFocus : Qt.ClickFocus
     text: title
     Accessible.role: Accessible.RadioButton
-    Accessible.name: title + ", " + detail
+    Accessible.name: title
+    Accessible.description: detail
+    Accessible.checkable: true
     Accessible.checked: picked
     Accessible.onPressAction: clicked()
+    Keys.onUpPressed: stepped(-1)
+    Keys.onDownPressed: stepped(1)
+    Keys.onReturnPressed: entered()
+    Keys.onEnterPressed: entered()
     onClicked: chosen()
 
     background: Rectangle {
