@@ -46,6 +46,9 @@ AnalyticsStore::AnalyticsStore(WorkspaceContext& context)
   takeOptions({});
   connect(&m_busy, &BusySet::changed, this, &AnalyticsStore::changed);
   connect(&m_summary, &ResourceBase::valueChanged, this, &AnalyticsStore::arrived);
+  connect(&m_summary, &ResourceBase::changed, this, [this] {
+    if (!m_summary.state().isLoading() && std::exchange(m_exportsNext, false) && m_summary.hasContent()) exportCsv();
+  });
   // The accounts among the figures have states of their own.
   context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
     if (change.acted) m_summary.markStale();
@@ -98,8 +101,9 @@ QList<PageAction> AnalyticsStore::offered(const QString& record) {
   actions.prepend({.key = u"export"_s,
                    .title = u"Export CSV"_s,
                    .icon = u"document-export"_s,
-                   .possible = m_summary.hasContent() && !exporting(),
+                   .possible = !exporting(),
                    .inMenu = false,
+                   .anywhere = true,
                    .run = [this] { exportCsv(); }});
   return actions;
 }
@@ -191,6 +195,10 @@ void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
 
 Task<void> AnalyticsStore::exportTask() {
   const bool campaigns = m_tab == Tab::campaigns;
+  if (m_summary.isAsked() && m_summary.state().isLoading()) {
+    m_exportsNext = true;
+    co_return;
+  }
   if (!m_summary.hasContent() || (campaigns ? m_campaignRows.count() : m_accountRows.count()) == 0) {
     services().toasts.show({.message = u"Nothing to export yet."_s});
     co_return;

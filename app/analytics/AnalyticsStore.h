@@ -177,6 +177,8 @@ class AnalyticsStore final : public Store {
   QList<Choice> m_campaignOptions;
   QList<Choice> m_mailboxOptions;
   QList<Choice> m_tagOptions;
+  /// Somebody wants the file of figures that are still to come.
+  bool m_exportsNext = false;
   /// The range that the figures on the screen are of; the person may have asked for another since.
   DateRange m_shownRange;
 };

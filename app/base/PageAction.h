@@ -36,7 +36,8 @@ struct PageAction {
   QString whyNot{};
   /// In the page's menu; false where a button of the page stands for it.
   bool inMenu = true;
-  /// Makes sense while another page is open; the palette then opens this one first.
+  /// Makes sense while another page is open: the palette then opens this one first. What is done with a record it then
+  /// does without, where it would otherwise open the page that has the record's forms.
   bool anywhere = false;
   std::function<void()> run{};
 };

@@ -1,4 +1,5 @@
 #include "app/base/recordActions.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/CampaignsStore.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,7 +14,7 @@ QList<FoundRecord> CampaignsStore::found() const {
 }
 
 QList<PageAction> CampaignsStore::offered(const QString& record) {
-  if (m_index.find(record)) return offeredLive(*m_index.find(record));
+  if (const CampaignSummary* campaign = m_index.find(record)) return offeredLive(*campaign) + offeredInside(*campaign);
   if (m_archiveIndex.find(record)) return offeredArchived(record);
   if (!record.isEmpty()) return {};
   const QList<PageAction> actions{
@@ -38,6 +39,7 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
                     .icon = u"media-playback-pause"_s,
                     .writes = true,
                     .possible = isFree,
+                    .anywhere = true,
                     .run = [this, id] { pause(id); }});
   if (campaign.status.isPaused())
     actions.append({.key = u"resume"_s,
@@ -45,6 +47,7 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
                     .icon = u"media-playback-start"_s,
                     .writes = true,
                     .possible = isFree,
+                    .anywhere = true,
                     .run = [this, id] { resume(id); }});
   actions.append({{.key = u"duplicate"_s,
                    .title = u"Duplicate"_s,
@@ -52,16 +55,19 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
                    .keys = u"Ctrl+D"_s,
                    .writes = true,
                    .possible = isFree,
+                   .anywhere = true,
                    .run = [this, id] { duplicate(id); }},
                   {.key = u"copy-link"_s,
                    .title = u"Copy link"_s,
                    .icon = u"insert-link"_s,
                    .keys = u"Ctrl+C"_s,
+                   .anywhere = true,
                    .run = [this, id] { copyLink(id); }},
                   {.key = u"analytics"_s,
                    .title = u"Download analytics CSV"_s,
                    .icon = u"download"_s,
                    .possible = isFree,
+                   .anywhere = true,
                    .run = [this, id] { downloadAnalytics(id); }},
                   {.key = u"delete"_s,
                    .title = u"Delete"_s,
@@ -70,7 +76,33 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
                    .writes = true,
                    .danger = true,
                    .possible = isFree,
+                   .anywhere = true,
                    .run = [this, id] { remove(id); }}});
+  return actions;
+}
+
+/// What is some way into its page; the palette leads straight there.
+QList<PageAction> CampaignsStore::offeredInside(const CampaignSummary& campaign) {
+  const QString id = campaign.id, name = shownName(campaign.name);
+  QList<PageAction> actions;
+  const auto add = [&](const QString& key, const QString& title, const QString& link, bool writes) {
+    actions.append({.key = key,
+                    .title = title,
+                    .icon = u"go-next"_s,
+                    .inPalette = title + link + name,
+                    .writes = writes,
+                    .possible = m_actInside != nullptr,
+                    .inMenu = false,
+                    .anywhere = true,
+                    .run = [this, id, key] { m_actInside(id, key); }});
+  };
+  add(u"tab.sequence"_s, u"Sequence"_s, u" of "_s, false);
+  add(u"tab.leads"_s, u"Leads"_s, u" of "_s, false);
+  add(u"tab.stats"_s, u"Stats"_s, u" of "_s, false);
+  add(u"tab.settings"_s, u"Settings"_s, u" of "_s, false);
+  add(u"settings.schedules"_s, u"Settings › Schedules"_s, u" of "_s, false);
+  add(u"add-leads.manual"_s, u"Add a lead by hand"_s, u" to "_s, true);
+  add(u"add-leads.csv"_s, u"Add leads from a CSV file"_s, u" to "_s, true);
   return actions;
 }
 

@@ -20,11 +20,16 @@ Task<QString> saveSequence(Store* opened) {
 }  // namespace
 
 Area campaignsArea() {
-  const AreaStore list{u"campaigns"_s, &CampaignsStore::staticMetaObject, [](WorkspaceStores& stores) -> Store* {
-                         return new CampaignsStore(stores.context(), [&stores](const QString& id) {
-                           return saveSequence(stores.keptItem(Page::campaigns, id));
-                         });
-                       }};
+  const AreaStore list{
+      u"campaigns"_s, &CampaignsStore::staticMetaObject, [](WorkspaceStores& stores) -> Store* {
+        return new CampaignsStore(
+            stores.context(),
+            [&stores](const QString& id) { return saveSequence(stores.keptItem(Page::campaigns, id)); },
+            [&stores](const QString& id, const QString& action) {
+              stores.context().openItem(Page::campaigns, id);
+              if (Store* campaign = stores.keptItem(Page::campaigns, id)) campaign->act(action);
+            });
+      }};
   const AreaPage::Item campaign{.view = u"Orvella/Campaigns/CampaignPage.qml"_s,
                                 .make = [](WorkspaceStores& stores, const QString& id) -> Store* {
                                   return new CampaignStore(id, stores.context());

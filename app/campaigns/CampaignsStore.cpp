@@ -1,5 +1,7 @@
 #include "app/campaigns/CampaignsStore.h"
 
+#include <QPointer>
+
 #include "app/base/SaveFile.h"
 #include "app/base/shownName.h"
 #include "app/figures/AnalyticsCsv.h"
@@ -61,9 +63,10 @@ QString analyticsFileName(const QString& name) {
 
 }  // namespace
 
-CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst)
+CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, ActInside actInside)
     : Store(context),
       m_saveFirst(std::move(saveFirst)),
+      m_actInside(std::move(actInside)),
       m_actions(context, m_busy, [this] { Store::refresh(); }),
       m_archive(context, m_actions, campaignArchiveRequests(), archiveWords()),
       m_list(*this, [this] { return api().send(Requests::listCampaigns(false)); },
@@ -301,7 +304,13 @@ Task<void> CampaignsStore::pauseTask(QString id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || !canWrite()) co_return;
   const QString name = shownName(campaign->name);
-  if (co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) services().toasts.success(name + u" paused"_s);
+  if (!co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) co_return;
+  services().toasts.show({.message = name + u" paused"_s,
+                          .tone = Toasts::Tone::success,
+                          .actionLabel = u"Resume"_s,
+                          .action = [store = QPointer(this), id] {
+                            if (store) store->resume(id);
+                          }});
 }
 
 Task<void> CampaignsStore::resumeTask(QString id) {

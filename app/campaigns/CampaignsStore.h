@@ -44,8 +44,10 @@ class CampaignsStore final : public Store {
  public:
   /// Has the sequence of a campaign saved that somebody is writing elsewhere; gives why that failed, or nothing.
   using SaveFirst = std::function<Task<QString>(QString id)>;
+  /// Opens the campaign and does there what the action is for.
+  using ActInside = std::function<void(const QString& id, const QString& action)>;
 
-  explicit CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst = {});
+  explicit CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst = {}, ActInside actInside = {});
 
   Resource<CampaignList>* list() { return &m_list; }
   Resource<CampaignList>* archived() { return &m_archived; }
@@ -133,6 +135,7 @@ class CampaignsStore final : public Store {
 
  private:
   QList<PageAction> offeredLive(const CampaignSummary& campaign);
+  QList<PageAction> offeredInside(const CampaignSummary& campaign);
   QList<PageAction> offeredArchived(const QString& id);
   Task<bool> savedFirst(QString id);
   const CampaignSummary* find(const QString& id) const;
@@ -144,6 +147,7 @@ class CampaignsStore final : public Store {
   void showArchivedRows(bool newQuestion);
 
   SaveFirst m_saveFirst;
+  ActInside m_actInside;
   BusySet m_busy;
   Actions m_actions;
   Archive<Campaign> m_archive;

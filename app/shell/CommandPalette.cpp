@@ -7,24 +7,29 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-/// 0 for no match; higher is better. Every word of the query must be found somewhere.
+/// 0 when the title has nothing of the word; higher is better.
+int pointsIn(const QString& title, const QString& word) {
+  if (title.startsWith(word)) return 8;
+  if (title.contains(u' ' + word)) return 6;
+  return title.contains(word) ? 4 : 0;
+}
+
+/// 0 for no match. Every word of the query must be found somewhere.
 int score(const Command& command, const QStringList& words) {
   const QString title = command.title.toLower(), subtitle = command.subtitle.toLower();
   int total = 0;
   for (const QString& word : words) {
-    if (title.startsWith(word))
-      total += 8;
-    else if (title.contains(u' ' + word))
-      total += 6;
-    else if (title.contains(word))
-      total += 4;
-    else if (subtitle.contains(word))
-      total += 1;
-    else
-      return 0;
+    const int points = pointsIn(title, word);
+    if (points == 0 && !subtitle.contains(word)) return 0;
+    total += std::max(points, 1);
   }
   return total;
 }
+
+bool isRecord(const Command& command) { return command.id.startsWith("record."_L1); }
+
+/// Of so many records that some of the words name, what can be done is looked through.
+constexpr qsizetype subjectsAtMost = 8;
 
 }  // namespace
 
@@ -42,6 +47,7 @@ void CommandPalette::setQuery(const QString& query) {
 void CommandPalette::prepare() {
   m_commands = m_source();
   m_query.clear();
+  m_subject.clear();
   show();
   Q_EMIT queryChanged();
 }
@@ -49,7 +55,7 @@ void CommandPalette::prepare() {
 void CommandPalette::renew() {
   m_commands = m_source();
   // Who looks at what they chose last is not disturbed, nor is who has a row in mind while it stays where it is.
-  if (m_query.isEmpty()) return;
+  if (m_query.isEmpty() || !m_subject.isEmpty()) return;
   QList<Command> now = matches();
   if (std::ranges::equal(now, m_shown, {}, &Command::id, &Command::id))
     m_shown = std::move(now);
@@ -62,6 +68,27 @@ bool CommandPalette::choose(int row) {
   const Command command = m_shown[row];
   remember(command.id);
   command.run();
+  return true;
+}
+
+bool CommandPalette::ask(int row) {
+  if (row < 0 || row >= m_shown.size() || !m_shown[row].more) return false;
+  QList<Command> about = m_shown[row].more();
+  if (about.isEmpty()) return false;
+  m_about = std::move(about);
+  m_subject = m_shown[row].title;
+  m_queryBefore = std::exchange(m_query, QString());
+  show();
+  Q_EMIT queryChanged();
+  return true;
+}
+
+bool CommandPalette::back() {
+  if (m_subject.isEmpty()) return false;
+  m_subject.clear();
+  m_query = m_queryBefore;
+  show();
+  Q_EMIT queryChanged();
   return true;
 }
 
@@ -81,22 +108,56 @@ QList<Command> CommandPalette::suggestions() const {
   // A workspace may have thousands of records; nobody reads through them to find the pages behind.
   QList<Command> shown;
   for (const Command& command : m_commands)
-    if (!command.id.startsWith("record."_L1)) shown.append(command);
+    if (!isRecord(command)) shown.append(command);
   return shown;
+}
+
+/// What some of the words say can be done, with what the others name.
+QList<Command> CommandPalette::deeds(const QStringList& words) const {
+  struct Subject {
+    const Command* command;
+    int points;
+    QStringList verbs;
+  };
+  QList<Subject> subjects;
+  for (const Command& command : m_commands) {
+    if (!command.more || !isRecord(command)) continue;
+    Subject subject{&command, 0, {}};
+    const QString title = command.title.toLower();
+    for (const QString& word : words) {
+      const int points = pointsIn(title, word);
+      subject.points += points;
+      if (points == 0) subject.verbs.append(word);
+    }
+    if (subject.points > 0 && !subject.verbs.isEmpty()) subjects.append(subject);
+  }
+  std::ranges::stable_sort(subjects, std::ranges::greater(), &Subject::points);
+  QList<Command> found;
+  for (const Subject& subject : subjects.mid(0, subjectsAtMost)) {
+    for (Command& deed : subject.command->more()) {
+      if (score(deed, subject.verbs) == 0) continue;
+      deed.title = deed.whole;
+      deed.subtitle = subject.command->group;
+      deed.keys.clear();
+      found.append(std::move(deed));
+    }
+  }
+  return found;
 }
 
 QList<Command> CommandPalette::matches() const {
   const QStringList words = m_query.toLower().split(u' ', Qt::SkipEmptyParts);
-  if (words.isEmpty()) return recents().isEmpty() ? suggestions() : recents();
+  const bool isAbout = !m_subject.isEmpty();
+  if (words.isEmpty()) return isAbout ? m_about : recents().isEmpty() ? suggestions() : recents();
   // Groups keep their order, the best match leads within each.
   QStringList groups;
   QList<std::pair<int, Command>> found;
-  for (const Command& command : m_commands) {
-    const int points = score(command, words);
-    if (points == 0) continue;
+  for (const Command& command : isAbout ? m_about : m_commands) {
     if (!groups.contains(command.group)) groups.append(command.group);
-    found.append({points, command});
+    if (const int points = score(command, words); points > 0) found.append({points, command});
   }
+  if (!isAbout)
+    for (const Command& deed : deeds(words)) found.append({0, deed});
   std::ranges::stable_sort(found, [&groups](const auto& a, const auto& b) {
     const auto left = groups.indexOf(a.second.group), right = groups.indexOf(b.second.group);
     return left != right ? left < right : a.first > b.first;
@@ -107,6 +168,8 @@ QList<Command> CommandPalette::matches() const {
 }
 
 void CommandPalette::remember(const QString& id) {
+  // What is done with a record is not a command of its own.
+  if (id.isEmpty()) return;
   QStringList recent = m_preferences.recentCommands();
   recent.removeAll(id);
   recent.prepend(id);
@@ -138,14 +201,16 @@ QVariant CommandPalette::data(const QModelIndex& index, int role) const {
       return command.icon;
     case KeysRole:
       return command.keys;
+    case HasMoreRole:
+      return bool(command.more);
     default:
       return {};
   }
 }
 
 QHash<int, QByteArray> CommandPalette::roleNames() const {
-  return {{IdRole, "commandId"},      {GroupRole, "group"},   {TitleRole, "title"},
-          {SubtitleRole, "subtitle"}, {IconRole, "iconName"}, {KeysRole, "chord"}};
+  return {{IdRole, "commandId"},  {GroupRole, "group"}, {TitleRole, "title"},    {SubtitleRole, "subtitle"},
+          {IconRole, "iconName"}, {KeysRole, "chord"},  {HasMoreRole, "hasMore"}};
 }
 
 }  // namespace orv

@@ -20,6 +20,32 @@ Command commandOf(const QString& page, const PageAction& action, const QString& 
           {}};
 }
 
+/// Does it where it belongs, which is opened first.
+std::function<void()> actingOn(AppModel& app, Page page, Store* store, const QString& key, const QString& record = {}) {
+  return [&app, page, there = QPointer(store), key, record] {
+    if (app.openPage()->store() != there) app.router()->open(page);
+    if (there && app.openPage()->store() == there) there->act(key, record);
+  };
+}
+
+/// What can be done with the page or, by its id, with one of its records; these need not be open for it.
+QList<Command> deedsOf(AppModel& app, Page page, Store* store, const QString& record, const QString& name) {
+  QList<Command> deeds;
+  if (!store) return deeds;
+  for (const PageAction& action : store->actions(record)) {
+    if (!action.possible) continue;
+    Command deed{{}, actionsGroup, action.title, {}, action.icon, action.keys, {}};
+    deed.run = actingOn(app, page, store, action.key, record);
+    if (!record.isEmpty() && action.anywhere)
+      deed.run = [there = QPointer(store), key = action.key, record] {
+        if (there) there->act(key, record);
+      };
+    deed.whole = action.inPalette.isEmpty() ? action.title + u' ' + name : action.inPalette;
+    deeds.append(deed);
+  }
+  return deeds;
+}
+
 QVariantMap line(const QString& group, const QString& title, const QString& keys) {
   return {{u"group"_s, group}, {u"title"_s, title}, {u"keys"_s, keys.split(u' ')}};
 }
@@ -29,6 +55,7 @@ QVariantMap line(const QString& group, const QString& title, const QString& keys
 Commands::Commands(AppModel& app, QObject* parent) : QObject(parent), m_app(app) {}
 
 void Commands::addPages(QList<Command>& commands) const {
+  WorkspaceSession* session = m_app.session();
   for (const auto& info : Pages::all()) {
     commands.append({u"page."_s + Pages::name(info.page),
                      u"Pages"_s,
@@ -37,6 +64,10 @@ void Commands::addPages(QList<Command>& commands) const {
                      info.icon,
                      u"G "_s + info.key.toUpper(),
                      [&app = m_app, page = info.page] { app.router()->open(page); }});
+    if (Store* store = session ? session->store(Pages::name(info.page)) : nullptr)
+      commands.last().more = [&app = m_app, &info, there = QPointer(store)] {
+        return deedsOf(app, info.page, there, {}, info.title);
+      };
   }
 }
 
@@ -65,10 +96,7 @@ void Commands::addOtherPages(QList<Command>& commands) const {
       Command command = commandOf(Pages::name(info.page), action, info.title);
       // Its keys are those of its page.
       command.keys.clear();
-      command.run = [&app = m_app, page = info.page, there = QPointer(store), key = action.key] {
-        app.router()->open(page);
-        if (there && app.openPage()->store() == there) there->act(key);
-      };
+      command.run = actingOn(m_app, info.page, store, action.key);
       commands.append(command);
     }
   }
@@ -103,16 +131,20 @@ void Commands::addRecords(QList<Command>& commands) const {
   WorkspaceSession* session = m_app.session();
   if (!session) return;
   for (const auto& info : Pages::all()) {
-    const Store* store = session->store(Pages::name(info.page));
+    Store* store = session->store(Pages::name(info.page));
     if (!store) continue;
     for (const FoundRecord& record : store->found()) {
+      const QString name = shownName(record.name);
       commands.append({u"record."_s + Pages::name(info.page) + u'.' + record.id,
                        info.title,
-                       shownName(record.name),
+                       name,
                        shownName(record.detail),
                        info.icon,
                        {},
-                       [&app = m_app, page = info.page, id = record.id] { app.router()->openItem(page, id); }});
+                       [&app = m_app, page = info.page, id = record.id] { app.router()->openItem(page, id); },
+                       [&app = m_app, page = info.page, there = QPointer(store), id = record.id, name] {
+                         return deedsOf(app, page, there, id, name);
+                       }});
     }
   }
 }

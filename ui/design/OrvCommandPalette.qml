@@ -17,8 +17,19 @@ T.Popup {
     readonly property FocusReturn focusReturn: FocusReturn {}
     readonly property ModalLevel modalLevel: ModalLevel { held: root.visible && root.modal }
 
+    /// What it shows the actions of; empty while it shows everything.
+    property string subject: ""
+
     signal queryEdited(string text)
     signal chosen(int row)
+    /// What can be done with the row's is wanted; and everything again.
+    signal moreRequested(int row)
+    signal backRequested()
+
+    onSubjectChanged: {
+        input.text = model.query ?? "";
+        list.currentIndex = 0;
+    }
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
@@ -42,6 +53,17 @@ T.Popup {
     }
     onAboutToHide: focusReturn.giveBack()
 
+    // What is typed into keeps the focus; the first result is told with how many there are.
+    readonly property string resultSaid: {
+        const entry = list.currentItem as PaletteEntry;
+        const place = entry ? (list.currentIndex === 0 ? resultText : list.currentIndex + 1 + " of " + list.count) : "";
+        return entry ? entry.Accessible.name + ", " + place : resultText;
+    }
+    onResultSaidChanged: {
+        if (opened)
+            Announcer.say(resultSaid, "palette");
+    }
+
     function run(index: int) {
         if (index < 0 || index >= list.count)
             return;
@@ -56,7 +78,24 @@ T.Popup {
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
     }
 
+    /// The keys between a result and what can be done with it belong to the text while it has a use for them.
+    function handleStep(event): bool {
+        const edits = event.modifiers !== Qt.NoModifier || input.selectedText !== "";
+        if (event.key === Qt.Key_Right && !edits && input.cursorPosition === input.length && list.currentItem?.hasMore) {
+            moreRequested(list.currentIndex);
+            return true;
+        }
+        const leaves = event.key === Qt.Key_Escape || !edits && input.cursorPosition === 0
+            && (event.key === Qt.Key_Left || event.key === Qt.Key_Backspace);
+        if (subject === "" || !leaves)
+            return false;
+        backRequested();
+        return true;
+    }
+
     function handleKey(event): bool {
+        if (handleStep(event))
+            return true;
         switch (event.key) {
         case Qt.Key_Down: step(list.currentIndex + 1, true); return true;
         case Qt.Key_Up: step(list.currentIndex - 1, true); return true;
@@ -106,9 +145,9 @@ T.Popup {
             color: Theme.text
             selectionColor: Theme.accent
             selectedTextColor: Theme.inkOnAccent
-            placeholderText: root.placeholder
+            placeholderText: root.subject === "" ? root.placeholder : "What to do with " + root.subject
             Accessible.role: Accessible.EditableText
-            Accessible.name: root.placeholder
+            Accessible.name: placeholderText
             Accessible.description: list.count > 0 ? root.resultText + ", " + list.currentItem?.title : root.resultText
             onTextEdited: root.queryEdited(text)
             Keys.onPressed: event => event.accepted = root.handleKey(event)
@@ -211,6 +250,8 @@ T.Popup {
             id: foot
             anchors.bottom: parent.bottom
             width: parent.width
+            hasMore: list.currentItem?.hasMore ?? false
+            canGoBack: root.subject !== ""
             text: root.resultText
         }
     }

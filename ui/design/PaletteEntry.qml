@@ -8,6 +8,8 @@ Item {
     required property var model
     required property int index
     readonly property string title: model.title
+    /// There is something that can be done with it.
+    readonly property bool hasMore: model.hasMore ?? false
     property bool current: false
     readonly property list<string> keys: (model.chord ?? "").split(" ").filter(key => key !== "")
 

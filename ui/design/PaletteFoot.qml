@@ -5,6 +5,8 @@ Item {
     id: root
 
     property string text: ""
+    property bool hasMore: false
+    property bool canGoBack: false
 
     height: 35
 
@@ -35,7 +37,11 @@ Item {
         OrvKeyCap { text: "↓" }
         FootText { text: "Move"; rightPadding: 12 }
         OrvKeyCap { text: "↵" }
-        FootText { text: "Open" }
+        FootText { text: "Open"; rightPadding: 12 }
+        OrvKeyCap { visible: root.hasMore; text: "→" }
+        FootText { visible: root.hasMore; text: "Actions"; rightPadding: 12 }
+        OrvKeyCap { visible: root.canGoBack; text: "←" }
+        FootText { visible: root.canGoBack; text: "Back" }
     }
 
     FootText {

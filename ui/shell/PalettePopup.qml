@@ -14,9 +14,12 @@ OnDemand {
 
     sourceComponent: OrvCommandPalette {
         model: root.palette
+        subject: root.palette.subject
         onAboutToShow: root.palette.prepare()
         onQueryEdited: text => root.palette.query = text
         onChosen: index => root.palette.choose(index)
+        onMoreRequested: index => root.palette.ask(index)
+        onBackRequested: root.palette.back()
         onClosed: root.router.paletteOpen = false
     }
 }
