@@ -4,6 +4,7 @@
 #include <QJsonObject>
 #include <QNetworkReply>
 #include <QSettings>
+#include <QTimer>
 #include <QVersionNumber>
 
 #include "kit/async/OneShot.h"
@@ -14,7 +15,6 @@ namespace orv {
 namespace {
 
 constexpr qint64 longestFile = 64 * 1024;
-constexpr int patience = 20'000;
 
 }  // namespace
 
@@ -26,15 +26,23 @@ std::unique_ptr<FeedReader> FeedReader::configured() {
 
 Task<std::optional<ReleaseFeed::Newest>> FeedReader::newest() {
   QNetworkRequest request(m_address);
-  request.setTransferTimeout(patience);
+  // Only the address that was configured is believed.
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+  // Packed, a short file could become a long one.
+  request.setRawHeader("Accept-Encoding", "identity");
   const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
   OneShot<bool> done;
   QObject::connect(reply.get(), &QNetworkReply::finished, reply.get(), [done]() mutable { done.give(true); });
-  QObject::connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(), [raw = reply.get()](qint64 received) {
-    if (received > longestFile) raw->abort();
+  QObject::connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [raw = reply.get()] {
+    if (raw->bytesAvailable() > longestFile) raw->abort();
   });
+  // Of the whole: the toolkit's own limit begins anew with every byte.
+  QTimer::singleShot(m_patience, reply.get(), &QNetworkReply::abort);
   co_await done.wait();
-  if (reply->error() != QNetworkReply::NoError) co_return std::nullopt;
+  const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+  if (reply->error() != QNetworkReply::NoError || status != 200 || reply->bytesAvailable() > longestFile)
+    co_return std::nullopt;
   co_return newestIn(reply->readAll());
 }
 

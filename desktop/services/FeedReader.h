@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QNetworkAccessManager>
+#include <chrono>
 
 #include "app/base/desktop/ReleaseFeed.h"
 
@@ -13,13 +14,16 @@ class FeedReader final : public ReleaseFeed {
   /// Null unless an https address is configured, in the environment or in the settings file.
   static std::unique_ptr<FeedReader> configured();
 
-  explicit FeedReader(QUrl address) : m_address(std::move(address)) {}
+  /// Gives up when the whole file is not here after `patience`.
+  explicit FeedReader(QUrl address, std::chrono::milliseconds patience = std::chrono::seconds(20))
+      : m_address(std::move(address)), m_patience(patience) {}
   Task<std::optional<Newest>> newest() override;
 
   static std::optional<Newest> newestIn(const QByteArray& file);
 
  private:
   QUrl m_address;
+  std::chrono::milliseconds m_patience;
   QNetworkAccessManager m_network;
 };
 
