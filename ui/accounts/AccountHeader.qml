@@ -41,7 +41,7 @@ Item {
         text: root.store.address
         font: Theme.pageTitle
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: root.loaded ? text + ", " + badge.text : text
     }
 
     ConnectionBadge {
@@ -105,7 +105,7 @@ Item {
 
     ActionMenu {
         id: menu
-        title: "More"
+        title: "Actions for " + root.store.address
         store: root.store
     }
 }

@@ -11,7 +11,7 @@ OrvCell {
     property list<string> tags: []
     readonly property real tagRoom: tagRow.visible ? tagRow.width + 8 : 0
 
-    label: problem === "" ? address : address + ", " + problem
+    label: [address, problem === "" ? name : problem, ...(tags ?? [])].filter(said => said !== "").join(", ")
     naturalWidth: Math.max(addressText.implicitWidth, detailText.implicitWidth + tagRoom)
 
     OrvAddress {

@@ -9,14 +9,16 @@ MenuLoader {
     id: root
 
     required property Store store
-    property string title: "Actions"
+    property string title: about === "" ? "Actions" : "Actions for " + about
     // What the menu is about is held by id: rows move while it is open.
     property string record: ""
+    property string about: ""
     property var entries: []
 
     /// Of the page, under a button.
     function openUnder(button: Item) {
         record = "";
+        about = "";
         entries = [...store.menu()];
         openAt(button, true);
     }
@@ -24,6 +26,7 @@ MenuLoader {
     /// Of a record, in its row.
     function openFor(key: string, row: Item, x: real, y: real) {
         record = key;
+        about = (row as OrvTableRow)?.label ?? "";
         entries = [...store.menu(key)];
         if (entries.some(entry => entry.possible))
             openIn(row, x, y);

@@ -27,6 +27,7 @@ Item {
         color: Theme.text
         Accessible.role: Accessible.Heading
         Accessible.name: text
+        Accessible.description: root.attention === "" ? root.summary : root.summary === "" ? root.attention : root.summary + ", " + root.attention
     }
 
     Text {

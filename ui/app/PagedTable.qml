@@ -24,6 +24,25 @@ OrvTable {
     onTickAllToggled: selection.toggleAll()
     onTicksCleared: selection.clear()
 
+    onMoreFailedChanged: {
+        if (moreFailed)
+            Announcer.say("Couldn’t load more", "rows");
+    }
+
+    onLoadingMoreChanged: arrived.restart()
+
+    // Page follows page; how many rows there are is told when no more come, to those who are there.
+    Timer {
+        id: arrived
+        interval: 800
+        onTriggered: {
+            if (!root.activeFocus || root.loadingMore || root.moreFailed)
+                return;
+            const all = root.recordCount > root.rows.count ? " of " + root.recordCount.toLocaleString(Qt.locale(), "f", 0) : "";
+            Announcer.say(root.rows.count.toLocaleString(Qt.locale(), "f", 0) + all + " rows", "rows");
+        }
+    }
+
     // The bar of what can be done with ticked rows goes with the last tick, and takes the focus along where it had it.
     function keepFocus() {
         const holder = Window.activeFocusItem;

@@ -37,6 +37,7 @@ OrvTableRow {
         column: root.nameColumn
         title: root.name
         detail: root.facts
+        tagsSaid: (root.unsaved ? ["Not saved"] : []).concat([...(root.tags ?? [])]).join(", ")
 
         OrvBadge {
             visible: root.unsaved

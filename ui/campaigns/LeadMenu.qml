@@ -11,15 +11,17 @@ MenuLoader {
     // What the menu is about is held by id: rows move while it is open.
     property string lead: ""
     property string status: ""
+    property string about: ""
 
     function openFor(key: string, row: var, x: real, y: real) {
         lead = key;
         status = row.statusWord;
+        about = row.label;
         openIn(row, x, y);
     }
 
     sourceComponent: OrvMenu {
-        title: "Actions"
+        title: "Actions for " + root.about
 
         OrvMenuItem {
             text: "Open"

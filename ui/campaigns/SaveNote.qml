@@ -12,6 +12,11 @@ Row {
 
     spacing: 6
 
+    onWordChanged: {
+        if (word === "saved" || failed)
+            Announcer.say(Accessible.name, "saved");
+    }
+
     Accessible.role: Accessible.StaticText
     Accessible.name: autosave.label + (autosave.message !== "" ? ". " + autosave.message : "")
 

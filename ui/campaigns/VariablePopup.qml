@@ -35,12 +35,21 @@ T.Popup {
     focus: false
     closePolicy: T.Popup.NoAutoClose
     onMatchesChanged: list.currentIndex = 0
+    onOpened: tellCurrent()
+
+    // The caret stays in the text.
+    function tellCurrent() {
+        const variable = matches[list.currentIndex];
+        if (opened && variable)
+            Announcer.say(variable.name + ", " + (list.currentIndex + 1) + " of " + matches.length, "suggestion");
+    }
 
     background: OrvFloat {}
 
     contentItem: ListView {
         id: list
 
+        onCurrentIndexChanged: root.tellCurrent()
         clip: true
         model: root.matches
         boundsBehavior: Flickable.StopAtBounds

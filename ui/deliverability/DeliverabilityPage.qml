@@ -40,6 +40,7 @@ ListDetail {
         color: Theme.text
         Accessible.role: Accessible.Heading
         Accessible.name: text
+        Accessible.description: root.store.summary
     }
 
     Text {

@@ -18,6 +18,11 @@ Item {
 
     Accessible.role: Accessible.Grouping
     Accessible.name: text === "" ? title : title + ", " + text
+    readonly property string said: visible && title !== "" ? Accessible.name : ""
+    onSaidChanged: {
+        if (said !== "")
+            Announcer.say(said, "state");
+    }
 
     Column {
         id: column

@@ -26,6 +26,8 @@ FocusScope {
     Accessible.role: Accessible.ToolBar
     Accessible.name: countText
 
+    onCountTextChanged: Announcer.say(count > 0 ? countText : "Nothing selected", "selection")
+
     Keys.onEscapePressed: cleared()
     Keys.onLeftPressed: step(false)
     Keys.onRightPressed: step(true)

@@ -22,6 +22,13 @@ Item {
         running: root.visible && !root.shown
         onTriggered: root.shown = true
     }
+
+    // Nobody waits to hear of what is there in a moment.
+    Timer {
+        interval: 1500
+        running: root.visible
+        onTriggered: Announcer.say(root.Accessible.name, "state")
+    }
     onVisibleChanged: {
         if (!visible)
             shown = false;

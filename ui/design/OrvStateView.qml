@@ -62,6 +62,10 @@ Item {
         color: Theme.warningSubtle
         Accessible.role: Accessible.AlertMessage
         Accessible.name: "You’re offline. Showing saved data."
+        onVisibleChanged: {
+            if (visible)
+                Announcer.say(Accessible.name, "state");
+        }
 
         OrvIcon {
             x: 24

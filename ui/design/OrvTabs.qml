@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
-/// Tabs over one page. Left and Right move between them.
+/// Tabs over one page; what is ticked has something unsaved. Left and Right move between them.
 FocusScope {
     id: root
 
@@ -47,7 +47,7 @@ FocusScope {
                 // The strip's focus is on the current one, so that it is heard.
                 focus: current
                 Accessible.role: Accessible.PageTab
-                Accessible.name: modelData.count >= 0 ? text + ", " + pill.text : text
+                Accessible.name: (modelData.count >= 0 ? text + ", " + pill.text : text) + (modelData.ticked ? ", unsaved" : "")
                 Accessible.focusable: true
                 Accessible.selected: current
                 onClicked: root.chosen(modelData.key)
@@ -69,6 +69,10 @@ FocusScope {
                         visible: tab.modelData.count >= 0
                         anchors.verticalCenter: parent.verticalCenter
                         value: visible ? tab.modelData.count : 0
+                    }
+                    UnsavedMark {
+                        visible: tab.modelData.ticked
+                        anchors.verticalCenter: parent.verticalCenter
                     }
                 }
                 FocusRing {

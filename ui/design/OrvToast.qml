@@ -23,7 +23,6 @@ Rectangle {
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: detail === "" ? message : message + " " + detail
-    // Errors interrupt what a screen reader says; the rest waits its turn.
     Accessible.description: isError ? "Error" : ""
 
     HoverHandler { id: hover }

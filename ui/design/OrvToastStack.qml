@@ -93,6 +93,10 @@ FocusScope {
                     detail: entry.model.detail ?? ""
                     tone: entry.model.tone
                     actionLabel: entry.model.actionLabel ?? ""
+                    // An action's name tells that the message can still be answered (F6).
+                    readonly property string said: (isError ? "Error: " : "") + Accessible.name
+                        + (actionLabel === "" ? "" : " " + actionLabel)
+                    onSaidChanged: Announcer.say(said, "message " + entry.model.toastId)
                     onActionRequested: root.actionRequested(entry.model.toastId)
                     onCloseRequested: root.closeRequested(entry.model.toastId)
                 }

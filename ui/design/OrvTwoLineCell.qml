@@ -8,8 +8,10 @@ OrvCell {
     property string detail: ""
     property color detailColor: Theme.text2
     default property alias tags: tagRow.data
+    /// What those say.
+    property string tagsSaid: ""
 
-    label: title
+    label: title + (detail === "" ? "" : ", " + detail) + (tagsSaid === "" ? "" : ", " + tagsSaid)
     naturalWidth: Math.max(titleText.implicitWidth + (tagRow.visible ? tagRow.width + 8 : 0), detailText.implicitWidth)
 
     OrvAddress {

@@ -32,6 +32,12 @@ T.Popup {
         onOptionsChanged: root.current = -1
     }
 
+    // The focus stays in the field, so the list cannot be heard by itself.
+    onCurrentChanged: {
+        if (visible && current >= 0)
+            Announcer.say(options[current].label + ", " + (current + 1) + " of " + choices.count, "suggestion");
+    }
+
     y: parent ? parent.height + 4 : 0
     width: parent ? parent.width : 0
     readonly property int rows: 10

@@ -28,7 +28,7 @@ Item {
         font: Theme.paneTitle
         color: Theme.text
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: root.conversation.labelTitle === "" ? text : text + ", " + root.conversation.labelTitle
     }
 
     Text {
@@ -100,7 +100,7 @@ Item {
 
     ActionMenu {
         id: menu
-        title: "More"
+        title: "Actions for " + root.conversation.subject
         store: root.store
     }
 

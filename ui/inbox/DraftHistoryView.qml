@@ -16,6 +16,7 @@ FocusScope {
         x: Theme.pageSide
         width: root.width - 2 * x
         focus: true
+        label: "What was decided"
         options: root.history.tabs
         current: root.history.tab
         onChosen: key => root.history.tab = key

@@ -121,6 +121,10 @@ FocusScope {
         kind: "ghost"
         iconName: "mail-message"
         text: "New replies. Show them"
+        onVisibleChanged: {
+            if (visible)
+                Announcer.say(text, "mail");
+        }
         onClicked: {
             rows.goToTop();
             root.threads.showNewMail();

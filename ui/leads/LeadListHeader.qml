@@ -42,6 +42,7 @@ Item {
         color: Theme.text
         Accessible.role: Accessible.Heading
         Accessible.name: text
+        Accessible.description: root.store.countText
     }
 
     Text {

@@ -11,6 +11,7 @@ OrvTwoLineCell {
 
     title: name
     detail: description
+    tagsSaid: number
 
     Text {
         visible: root.number !== ""

@@ -56,7 +56,7 @@ Item {
         font: Theme.pageTitle
         color: Theme.text
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: root.loaded ? text + ", " + root.store.modeText + ", " + root.store.runText : text
     }
 
     Row {
@@ -130,7 +130,7 @@ Item {
 
     ActionMenu {
         id: menu
-        title: "More"
+        title: "Actions for " + root.store.name
         store: root.store
     }
 }

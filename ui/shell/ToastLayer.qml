@@ -18,6 +18,8 @@ Item {
         stack.toggleFocus();
     }
 
+    OrvVoice {}
+
     OrvToastStack {
         id: stack
         // Above the foot line of a list.

@@ -80,4 +80,57 @@ TestCase {
         keyClick(Qt.Key_Left);
         compare(reader.nameOf(root.Window.window.activeFocusItem), "Alpha, 3,000");
     }
+
+    OrvVoice {
+        id: voice
+    }
+
+    Component { id: suggest; OrvSuggestField { label: "Tag"; suggestions: root.choices } }
+    Component { id: bar; OrvSelectionBar {} }
+    Component {
+        id: messages
+        OrvToastStack {
+            model: ListModel {
+                ListElement { toastId: 1; message: "Couldn’t save"; detail: "Try later."; tone: "error"; actionLabel: "Try again" }
+            }
+        }
+    }
+
+    function test_whatHasNoFocusIsTold_data() {
+        return [
+            {
+                tag: "the suggestion that the arrows come to", make: suggest,
+                act: item => {
+                    item.forceActiveFocus(Qt.TabFocusReason);
+                    keyClick(Qt.Key_Down);
+                    keyClick(Qt.Key_Down);
+                }, told: ["Beta, 2 of 2"]
+            },
+            {
+                tag: "what is ticked, as it comes to rest", make: bar,
+                act: item => {
+                    for (let count = 1; count <= 3; ++count)
+                        item.count = count;
+                }, told: ["3 selected"]
+            },
+            {
+                tag: "that nothing is ticked any more", make: bar,
+                act: item => {
+                    item.count = 3;
+                    tryVerify(() => reader.announced().length === 1);
+                    item.count = 0;
+                }, told: ["3 selected", "Nothing selected"]
+            },
+            {tag: "a message", make: messages, told: ["Error: Couldn’t save Try later. Try again"]}
+        ];
+    }
+    function test_whatHasNoFocusIsTold(data) {
+        reader.listen();
+        const item = createTemporaryObject(data.make, root);
+        data.act?.(item);
+        tryVerify(() => Announcer.waiting.length === 0 && reader.announced().length > 0);
+        const told = reader.announced();
+        reader.heard();
+        compare(told, data.told);
+    }
 }

@@ -49,6 +49,7 @@ class Reader : public QObject {
   /// What fields tell by themselves from now on.
   Q_INVOKABLE static void listen() {
     said().clear();
+    announcements().clear();
     QAccessible::setActive(true);
     QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
       if (const auto* update = dynamic_cast<QAccessibleTextUpdateEvent*>(event))
@@ -56,8 +57,11 @@ class Reader : public QObject {
       if (const auto* insert = dynamic_cast<QAccessibleTextInsertEvent*>(event)) said() += insert->textInserted();
       if (const auto* removal = dynamic_cast<QAccessibleTextRemoveEvent*>(event)) said() += removal->textRemoved();
       if (const auto* value = dynamic_cast<QAccessibleValueChangeEvent*>(event)) said() += value->value().toString();
+      if (event->type() == QAccessible::ObjectShow) announce(event->accessibleInterface());
     });
   }
+  /// What was told since, wherever the focus was.
+  Q_INVOKABLE static QStringList announced() { return announcements(); }
   Q_INVOKABLE static QString heard() {
     QAccessible::installUpdateHandler(nullptr);
     QAccessible::setActive(false);
@@ -82,6 +86,13 @@ class Reader : public QObject {
   static QString& said() {
     static QString texts;
     return texts;
+  }
+  static QStringList& announcements() {
+    static QStringList texts;
+    return texts;
+  }
+  static void announce(QAccessibleInterface* shown) {
+    if (shown && shown->role() == QAccessible::Notification) announcements() += shown->text(QAccessible::Name);
   }
   static void walk(QAccessibleInterface* spoken, QStringList& names) {
     if (!spoken) return;
