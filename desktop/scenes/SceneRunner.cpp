@@ -1,5 +1,7 @@
 #include "desktop/scenes/SceneRunner.h"
 
+#include "desktop/scenes/Contrast.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
@@ -54,6 +56,8 @@ void SceneRunner::picture(Stage& stage, const Scene& scene, bool dark) {
   if ((image.pixelColor(2, image.height() / 2).lightness() < 128) != dark)
     return fault(dark ? u"The dark theme is light."_s : u"The light theme is dark."_s);
   ++m_pictures;
+  for (const QString& faint : Contrast(stage.window(), image).faults())
+    fault((dark ? u"dark: "_s : u"light: "_s) + faint);
   if (!m_folder) return;
   const QString path = m_folder->filePath(u"%1-%2x%3-%4.png"_s.arg(
       scene.name, QString::number(image.width()), QString::number(image.height()), dark ? u"dark"_s : u"light"_s));

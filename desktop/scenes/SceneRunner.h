@@ -7,7 +7,8 @@
 
 namespace orv {
 
-/// Plays scenes, and counts as faults what the pictures do not show: warnings, waits in vain, pages that do not load.
+/// Plays scenes, and counts as faults what nobody sees in the pictures: warnings, waits in vain, pages that do not
+/// load, texts that are too faint.
 class SceneRunner {
  public:
   /// Keeps the pictures where a folder is given.

@@ -1,12 +1,13 @@
 #include <QTest>
 
+#include "desktop/scenes/Contrast.h"
 #include "tests/ui/support/warnings.h"
 #include "ui/catalogue/CataloguePages.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
 
-/// Every control in every state loads and draws without one QML warning, light and dark.
+/// Every control in every state loads and draws without one QML warning, light and dark, and can be read.
 class CatalogueTest : public QObject {
   Q_OBJECT
 
@@ -26,6 +27,7 @@ class CatalogueTest : public QObject {
     QFETCH(bool, dark);
     ui::failOnWarnings();
     QImage picture;
+    QStringList faint;
     {
       QQmlEngine engine;
       catalogue::prepare(engine);
@@ -36,10 +38,12 @@ class CatalogueTest : public QObject {
         // What shows by a timer, after the first frame.
         (void)QTest::qWaitFor([] { return false; }, 30);
         picture = window->grabWindow();
+        faint = Contrast(*window, picture).faults();
       }
     }
     QVERIFY2(!picture.isNull(), "the page does not load");
     QVERIFY2(picture.pixelColor(2, 2).lightness() > 128 != dark, "the theme is the one asked for");
+    QCOMPARE(faint, QStringList());
   }
 };
 

@@ -3,16 +3,29 @@
 #include <QtQuickTest/quicktest.h>
 #include <QQmlContext>
 
+#include "desktop/scenes/Contrast.h"
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/warnings.h"
 #include "ui/design/TableMemory.h"
 
 Q_IMPORT_QML_PLUGIN(Orvella_DesignPlugin)
 
+/// Sees what is drawn as it stands at the moment.
+class Eye : public QObject {
+  Q_OBJECT
+
+ public:
+  Q_INVOKABLE static QStringList faint(QQuickItem* item) { return orv::Contrast(*item->window()).faultsIn(*item); }
+  Q_INVOKABLE static double contrast(const QColor& one, const QColor& other) {
+    return orv::Contrast::ratio(one.rgb(), other.rgb());
+  }
+};
+
 class Setup : public QObject {
   Q_OBJECT
 
   orv::ui::Reader m_reader;
+  Eye m_eye;
   QHash<QString, QByteArray> m_kept;
   orv::TableMemory m_memory{[this](const QString& table) { return m_kept.value(table); },
                             [this](const QString& table, const QByteArray& value) { m_kept.insert(table, value); }};
@@ -22,6 +35,7 @@ class Setup : public QObject {
     // Qt 6.4 does not look there by itself.
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->rootContext()->setContextProperty(QStringLiteral("reader"), &m_reader);
+    engine->rootContext()->setContextProperty(QStringLiteral("eye"), &m_eye);
     engine->rootContext()->setContextProperty(QStringLiteral("memory"), &m_memory);
     orv::ui::failOnWarnings(*engine);
   }

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <QHash>
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <algorithm>
+#include <cmath>
+
+namespace orv {
+
+/// Looks for what cannot be read: compares each text and icon of a window with the ground that a picture of the window
+/// shows under it. What is faded because it is off or busy is exempt.
+class Contrast {
+ public:
+  explicit Contrast(QQuickWindow& window)
+      : m_window(window), m_picture(window.grabWindow().convertToFormat(QImage::Format_RGB32)) {}
+  Contrast(QQuickWindow& window, const QImage& picture)
+      : m_window(window), m_picture(picture.convertToFormat(QImage::Format_RGB32)) {}
+
+  /// In what a modal popup leaves undimmed.
+  QStringList faults() {
+    QList<QQuickItem*> roots{m_window.contentItem()};
+    for (QQuickItem* child : m_window.contentItem()->childItems())
+      if (child->inherits("QQuickOverlay") && child->isVisible()) roots = undimmed(*child).value_or(roots);
+    QStringList found;
+    for (QQuickItem* root : roots) look(*root, 1, everything(), found);
+    return found;
+  }
+  QStringList faultsIn(QQuickItem& item) {
+    QStringList found;
+    look(item, 1, everything(), found);
+    return found;
+  }
+
+  /// From 1 to 21.
+  static double ratio(QRgb one, QRgb other) {
+    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    return (lighter + 0.05) / (darker + 0.05);
+  }
+
+ private:
+  QRectF everything() const { return {QPointF(), QSizeF(m_window.size())}; }
+
+  static double luminance(QRgb colour) {
+    const auto linear = [](int channel) {
+      const double share = channel / 255.0;
+      return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
+  }
+  static int distance(QRgb one, QRgb other) {
+    return std::abs(qRed(one) - qRed(other)) + std::abs(qGreen(one) - qGreen(other)) +
+           std::abs(qBlue(one) - qBlue(other));
+  }
+  static QRgb over(QRgb ground, const QColor& ink, double opacity) {
+    const double share = ink.alphaF() * opacity;
+    const auto mixed = [share](int below, int above) { return int(std::lround(below + (above - below) * share)); };
+    return qRgb(mixed(qRed(ground), ink.red()), mixed(qGreen(ground), ink.green()), mixed(qBlue(ground), ink.blue()));
+  }
+
+  /// What lies over the topmost scrim; nothing where there is none.
+  static std::optional<QList<QQuickItem*>> undimmed(const QQuickItem& overlay) {
+    QList<QQuickItem*> drawn = overlay.childItems();
+    std::stable_sort(drawn.begin(), drawn.end(),
+                     [](const auto* one, const auto* other) { return one->z() < other->z(); });
+    const auto scrim = std::find_if(drawn.crbegin(), drawn.crend(), [&overlay](const QQuickItem* item) {
+      const int alpha = item->property("color").value<QColor>().alpha();
+      return item->isVisible() && item->inherits("QQuickRectangle") && item->size() == overlay.size() && alpha > 0 &&
+             alpha < 255;
+    });
+    if (scrim == drawn.crend()) return {};
+    return QList<QQuickItem*>(scrim.base(), drawn.cend());
+  }
+
+  void look(QQuickItem& item, double opacity, QRectF seen, QStringList& found) {
+    opacity *= item.opacity();
+    if (!item.isVisible() || (opacity < 1 && (!item.isEnabled() || item.property("busy").toBool()))) return;
+    const QRectF place = item.mapRectToScene(item.boundingRect());
+    if (item.clip()) seen &= place;
+    const QString text = item.property("text").toString();
+    const bool isText =
+        item.inherits("QQuickText") || item.inherits("QQuickTextInput") || item.inherits("QQuickTextEdit");
+    if (isText && !text.isEmpty()) judge(item, text, opacity, seen & place, found);
+    if (item.inherits("orv::OrvIcon")) judge(item, item.property("name").toString(), opacity, seen & place, found);
+    for (QQuickItem* child : item.childItems()) look(*child, opacity, seen, found);
+  }
+
+  static double wanted(const QQuickItem& item) {
+    const QFont font = item.property("font").value<QFont>();
+    const bool isLarge = font.pixelSize() >= 24 || (font.pixelSize() >= 19 && font.bold());
+    return item.inherits("orv::OrvIcon") || isLarge ? 3 : 4.5;
+  }
+
+  void judge(const QQuickItem& item, const QString& what, double opacity, const QRectF& place, QStringList& found) {
+    const double scale = m_picture.width() / double(m_window.width());
+    const QRect pixels = QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
+    if (pixels.width() < 4 || pixels.height() < 4) return;
+    const QRgb ground = groundIn(pixels);
+    const QRgb ink = over(ground, item.property("color").value<QColor>(), opacity);
+    const double reached = ratio(ink, ground);
+    if (reached >= wanted(item) || !isDrawn(pixels, ground, ink)) return;
+    found.append(QStringLiteral("“%1” has a contrast of %2:1 (%3 on %4)")
+                     .arg(what.left(40), QString::number(reached, 'f', 2), QColor(ink).name(), QColor(ground).name()));
+  }
+
+  /// The colour that most of it has.
+  QRgb groundIn(const QRect& pixels) const {
+    QHash<QRgb, int> counts;
+    QRgb most = m_picture.pixel(pixels.topLeft());
+    for (int y = pixels.top(); y <= pixels.bottom(); y += 2)
+      for (int x = pixels.left(); x <= pixels.right(); x += 2)
+        if (const QRgb colour = m_picture.pixel(x, y); ++counts[colour] > counts.value(most)) most = colour;
+    return most;
+  }
+
+  /// Something else may lie over it.
+  bool isDrawn(const QRect& pixels, QRgb ground, QRgb ink) const {
+    const int reach = distance(ground, ink) * 2 / 5;
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y)
+      for (int x = pixels.left(); x <= pixels.right(); ++x)
+        if (distance(m_picture.pixel(x, y), ink) <= reach) return true;
+    return false;
+  }
+
+  QQuickWindow& m_window;
+  QImage m_picture;
+};
+
+}  // namespace orv
