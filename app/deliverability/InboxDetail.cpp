@@ -1,5 +1,6 @@
 #include "app/deliverability/InboxDetail.h"
 
+#include "app/base/shownName.h"
 #include "app/deliverability/WatcherWords.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
@@ -99,6 +100,7 @@ void InboxDetail::arrived() {
   Q_EMIT learned(m_known);
 }
 
+QString InboxDetail::address() const { return shownName(m_known.address); }
 QString InboxDetail::stage() const { return WatcherWords::stageLabel(m_known.stage.value_or(QString())); }
 QString InboxDetail::stageTone() const { return WatcherWords::stageTone(m_known.stage.value_or(QString())); }
 

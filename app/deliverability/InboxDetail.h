@@ -48,7 +48,7 @@ class InboxDetail final : public Store {
 
   /// Empty when none is shown.
   const QString& id() const { return m_known.id; }
-  const QString& address() const { return m_known.address; }
+  QString address() const;
   Resource<DeliverabilityInboxDetail>* detail() { return &m_detail; }
   QString stage() const;
   QString stageTone() const;

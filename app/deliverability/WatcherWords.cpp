@@ -3,6 +3,7 @@
 #include <QHash>
 #include <algorithm>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -49,7 +50,7 @@ QString groups(const DeliverabilityReport& report) {
 QString stageLabel(const QString& stage) {
   const auto known = stages().constFind(stage);
   if (known != stages().cend()) return known->label;
-  return stage.isEmpty() ? u"–"_s : stage.first(1).toUpper() + stage.sliced(1);
+  return stage.isEmpty() ? u"–"_s : shownName(stage.first(1).toUpper() + stage.sliced(1));
 }
 
 QString stageTone(const QString& stage) { return stages().value(stage).tone; }

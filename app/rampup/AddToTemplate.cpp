@@ -1,5 +1,6 @@
 #include "app/rampup/AddToTemplate.h"
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -80,7 +81,8 @@ Task<void> AddToTemplate::submitTask() {
   if (result->failed.isEmpty())
     message += u". Each starts on day 1 today."_s;
   else
-    message += u", "_s + Format::grouped(result->failed.size()) + u" skipped: "_s + result->failed.first().message;
+    message +=
+        u", "_s + Format::grouped(result->failed.size()) + u" skipped: "_s + shownName(result->failed.first().message);
   services().toasts.show(
       {.message = message, .tone = result->failed.isEmpty() ? Toasts::Tone::success : Toasts::Tone::standard});
 }

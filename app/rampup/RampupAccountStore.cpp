@@ -1,5 +1,6 @@
 #include "app/rampup/RampupAccountStore.h"
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
 #include "kit/api/wholeNumber.h"
@@ -85,12 +86,12 @@ void RampupAccountStore::arrived() {
 const RampupItem* RampupAccountStore::item() const { return m_item ? &*m_item : nullptr; }
 const RoadmapPlan* RampupAccountStore::plan() const { return m_item && m_item->plan ? &*m_item->plan : nullptr; }
 
-QString RampupAccountStore::address() const { return item() ? item()->address : QString(); }
+QString RampupAccountStore::address() const { return item() ? shownName(item()->address) : QString(); }
 
 QString RampupAccountStore::person() const {
   if (!item()) return {};
   const QString brand = brandName(brandOf(item()->provider));
-  return item()->displayName.isEmpty() ? brand : item()->displayName + u" · "_s + brand;
+  return item()->displayName.isEmpty() ? brand : shownName(item()->displayName) + u" · "_s + brand;
 }
 
 QString RampupAccountStore::phase() const {

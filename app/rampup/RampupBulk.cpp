@@ -1,6 +1,7 @@
 #include "app/rampup/RampupBulk.h"
 
 #include "app/base/EachOf.h"
+#include "app/base/shownName.h"
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/models/rampup/rampupDetail.h"
@@ -105,7 +106,8 @@ void RampupBulk::tell(const RampupBulkBody& body, const RampupBulkResult& result
   QString message = RampupWords::countedRoadmaps(result.ok) + u' ' + verbOf(body);
   Toasts::Tone tone = Toasts::Tone::success;
   if (!result.failed.isEmpty()) {
-    message += u", "_s + Format::grouped(result.failed.size()) + u" skipped: "_s + result.failed.first().message;
+    message +=
+        u", "_s + Format::grouped(result.failed.size()) + u" skipped: "_s + shownName(result.failed.first().message);
     tone = result.ok > 0 ? Toasts::Tone::standard : Toasts::Tone::error;
   }
   services().toasts.show({.message = message, .tone = tone});
@@ -158,7 +160,7 @@ void RampupBulk::switchWarmup(bool on) {
   if (!canWrite() || (m_switching && m_switching->running())) return;
   QList<Named> accounts;
   for (const QString& id : m_selection.ids())
-    if (const RampupRow* row = m_accounts.find(id)) accounts.append({id, row->record().item.address});
+    if (const RampupRow* row = m_accounts.find(id)) accounts.append({id, shownName(row->record().item.address)});
   if (accounts.isEmpty()) return;
   const QString name =
       (on ? u"Resuming warm-up on "_s : u"Pausing warm-up on "_s) + RampupWords::countedMailboxes(accounts.size());

@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 
@@ -90,7 +91,7 @@ QVariant RampupRowsModel::extraData(const RampupRow& row, int, int role) const {
       return item.address;
     case FactsRole: {
       const QString brand = item.isPool() ? u"Warm-up pool"_s : brandName(brandOf(item.provider));
-      return item.displayName.isEmpty() ? brand : item.displayName + u" · "_s + brand;
+      return item.displayName.isEmpty() ? brand : shownName(item.displayName) + u" · "_s + brand;
     }
     case PhaseLabelRole:
       return RampupWords::label(phase);

@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -58,13 +59,13 @@ QString tone(Phase phase) {
 QString kindLabel(const QString& key) {
   if (key == RoadmapStage::warmupOnly) return u"Warm-up only"_s;
   if (key == RoadmapStage::slowRamp) return u"Slow ramp"_s;
-  return key == RoadmapStage::full ? u"Full schedule"_s : key;
+  return key == RoadmapStage::full ? u"Full schedule"_s : shownName(key);
 }
 
 QString templateName(const QString& name) {
   static const QRegularExpression length(u"\\s*·\\s*[0-9]+\\s*days?$"_s,
                                          QRegularExpression::UseUnicodePropertiesOption);
-  return QString(name).remove(length);
+  return shownName(QString(name).remove(length));
 }
 
 QString countedRoadmaps(qint64 count) { return Format::counted(count, u"roadmap"_s, u"roadmaps"_s); }
@@ -75,6 +76,10 @@ QString day(const QString& date) {
   return known.isValid() ? Format::shortDate(known) : QString();
 }
 
+QString stageDay(const QString& name, qint64 day, qint64 days) {
+  return shownName(name) + u", day "_s + QString::number(day) + u" of "_s + QString::number(days);
+}
+
 Standing standing(const RampupItem& item) {
   if (item.isPool()) return {u"Only warms up the others"_s};
   if (!item.plan) return {u"Not on a roadmap"_s};
@@ -83,7 +88,7 @@ Standing standing(const RampupItem& item) {
   if (plan.isDone()) return {u"Finished · full volume"_s};
   if (plan.isProtected()) return {u"Day "_s + QString::number(plan.dayIndex), u"Paused by auto-protect"_s};
   if (plan.isPaused()) return {dayOf(plan) + u" · Paused"_s};
-  return {plan.stage ? dayOf(plan) + u" · "_s + plan.stage->name : dayOf(plan)};
+  return {plan.stage ? dayOf(plan) + u" · "_s + shownName(plan.stage->name) : dayOf(plan)};
 }
 
 QString stateLine(const RampupItem& item) {

@@ -20,7 +20,7 @@ QString tone(Phase phase);
 
 /// The kind of a stage, by its key; one that this build does not know is shown as it stands.
 QString kindLabel(const QString& key);
-/// Without the length that a name may end in, for where that stands beside it.
+/// As shownName() has it, without the length that a name may end in, for where that stands beside it.
 QString templateName(const QString& name);
 /// "3 roadmaps".
 QString countedRoadmaps(qint64 count);
@@ -28,6 +28,9 @@ QString countedRoadmaps(qint64 count);
 QString countedMailboxes(qint64 count);
 /// "8 Dec" of a date as the service writes it; empty for none.
 QString day(const QString& date);
+
+/// "Slow ramp, day 3 of 21".
+QString stageDay(const QString& name, qint64 day, qint64 days);
 
 /// Where the roadmap stands, for the table: "Day 24 of 42 · Slow ramp".
 struct Standing {

@@ -1,5 +1,6 @@
 #include "app/rampup/RoadmapActions.h"
 
+#include "app/base/shownName.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/rampup/rampupRequests.h"
@@ -50,7 +51,7 @@ Task<void> RoadmapActions::warmupTask(QString id, QString address, bool on) {
     patch.enabled = on;
     return Requests::updateWarmup(id, patch);
   };
-  if (co_await change(id, build, u"Couldn’t update "_s + address))
+  if (co_await change(id, build, u"Couldn’t update "_s + shownName(address)))
     services().toasts.success(on ? u"Warm-up resumed on 1 mailbox"_s : u"Warm-up paused on 1 mailbox"_s);
 }
 

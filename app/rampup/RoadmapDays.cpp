@@ -2,6 +2,8 @@
 
 #include <QtNumeric>
 
+#include "app/base/shownName.h"
+#include "app/rampup/RampupWords.h"
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -33,7 +35,7 @@ QVariantList stagesOf(const RoadmapPlan& plan) {
     const bool isCurrent = !plan.isDone() && plan.stage && plan.stage->key == stage.key;
     const QString facts = isCurrent ? u"Day %1 of %2"_s.arg(plan.stage->day).arg(plan.stage->days)
                                     : Format::counted(stage.days, u"day"_s, u"days"_s);
-    stages.append(QVariantMap{{u"name"_s, stage.name},
+    stages.append(QVariantMap{{u"name"_s, shownName(stage.name)},
                               {u"facts"_s, facts},
                               {u"days"_s, stage.days},
                               {u"done"_s, done},
@@ -50,9 +52,8 @@ RoadmapDays::RoadmapDays(const RampupDetail& detail) {
   for (const RoadmapDay& day : detail.days) {
     if (day.isToday()) today = int(days.size());
     days.append(day.day);
-    notes.append(day.stageName.isEmpty()
-                     ? QString()
-                     : u"%1, day %2 of %3"_s.arg(day.stageName).arg(day.stageDay).arg(day.stageDays));
+    notes.append(day.stageName.isEmpty() ? QString()
+                                         : RampupWords::stageDay(day.stageName, day.stageDay, day.stageDays));
     warmupSent.append(orNothing(day.warmupSent));
     warmupPlanned.append(double(day.warmup));
     campaignSent.append(orNothing(day.campaignSent));

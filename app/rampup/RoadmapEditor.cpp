@@ -168,7 +168,7 @@ void RoadmapEditor::draw() {
     }
     for (qint64 day = 1; day <= stage.days && m_days.size() < RoadmapRules::mostDays; ++day) {
       m_days.append(Format::calendarDay(m_opening.from.addDays(m_days.size())));
-      m_dayNotes.append(u"%1, day %2 of %3"_s.arg(stage.name).arg(day).arg(stage.days));
+      m_dayNotes.append(RampupWords::stageDay(stage.name, day, stage.days));
       warmup.append(std::round(volumeOn(stage.warmup, day, stage.days)));
       campaign.append(std::round(volumeOn(stage.campaign, day, stage.days)));
     }

@@ -1,6 +1,7 @@
 #include "app/rampup/RoadmapTemplates.h"
 
 #include "app/base/recordActions.h"
+#include "app/base/shownName.h"
 #include "app/rampup/RampupRows.h"
 #include "app/rampup/RampupWords.h"
 #include "app/rampup/RoadmapActions.h"
@@ -32,7 +33,7 @@ TemplateRow rowOf(const RoadmapTemplate& known) {
   QStringList stages;
   for (const RoadmapStage& stage : known.stages) {
     bars.append(QVariantMap{{u"days"_s, stage.days}, {u"done"_s, 0}});
-    stages.append(stage.name + u", "_s + Format::counted(stage.days, u"day"_s, u"days"_s));
+    stages.append(shownName(stage.name) + u", "_s + Format::counted(stage.days, u"day"_s, u"days"_s));
   }
   QStringList facts;
   if (known.isDefault) facts.append(u"New accounts start on it"_s);

@@ -190,6 +190,28 @@ class RampupTest : public QObject {
     QCOMPARE(bulk().selection()->ids(), QStringList{u"m2"_s});
   }
 
+  void namesOfStrangersStayInTheirPlace() {
+    const QString turned = u"\u202egnp.exe"_s;
+    QCOMPARE(RampupWords::stageDay(u"To 100 %2"_s, 3, 21), u"To 100 %2, day 3 of 21"_s);
+    RampupItem item = someItem(u"m1"_s);
+    item.address = item.displayName = turned;
+    item.plan->stage->name = item.plan->templateName = turned;
+    f->load({item});
+    const QString shown = u"\u2068\ufffdgnp.exe\u2069"_s;
+    QCOMPARE(f->text(u"m1"_s, "facts"), shown + u" · Google Workspace"_s);
+    QVERIFY(f->text(u"m1"_s, "standingText").endsWith(shown));
+    RampupAccountStore account(u"m1"_s, f->store);
+    QCOMPARE(account.address(), shown);
+    QVERIFY(account.person().startsWith(shown) && account.facts().startsWith(shown));
+    bulk().selection()->toggleAll();
+    f->api.expect(f->bulk);
+    bulk().pause();
+    f->api.expect(f->get);
+    f->api.answer(f->bulk, done(0, R"({"mailboxId":"m1","message":"a\nDelete all"})"));
+    QCOMPARE(f->lastToast(), u"0 roadmaps paused, 1 skipped: a Delete all"_s);
+    f->api.answer(f->get, listOf({item}));
+  }
+
   void theEditorOfManyTellsWhatDiffers() {
     RoadmapPlan other = somePlan();
     other.stages.first().days = 10;
