@@ -70,7 +70,22 @@ qsizetype starsFrom(QStringView text, qsizetype place) {
 /// One star is italic, two are bold, three are both.
 bool hasEmphasis(qsizetype stars, qsizetype marker) { return marker == 2 ? stars >= 2 : stars % 2 == 1; }
 
+/// The line before `place` has a pair open there.
+bool isOpen(QStringView text, qsizetype place, qsizetype marker) {
+  bool open = false;
+  for (qsizetype at = text.first(place).lastIndexOf(u'\n') + 1; at < place;) {
+    const qsizetype stars = std::min(starsFrom(text, at), place - at);
+    if (hasEmphasis(stars, marker)) open = !open;
+    at += std::max(stars, qsizetype(1));
+  }
+  return open;
+}
+
 TextEdit emphasized(QStringView text, Span selection, qsizetype marker) {
+  // Who has written what is to stand out goes on behind it.
+  const qsizetype end = selection.end;
+  const bool ends = selection.length() == 0 && starsBefore(text, end) == 0 && hasEmphasis(starsFrom(text, end), marker);
+  if (ends && isOpen(text, end, marker)) return replaced(selection, {}, {marker, marker});
   if (const Span bare = withoutOuterSpace(text, selection); bare.length() > 0) selection = bare;
   const QString chosen = textOf(text, selection);
   const qsizetype inside = std::min(starsFrom(chosen, 0), starsBefore(chosen, chosen.size()));

@@ -15,7 +15,7 @@ FocusScope {
     property list<emailVariable> variables
     property font font: Theme.reading
     property real side: 0
-    /// Return in a field of one line.
+    /// Where Return in a field of one line leads, and Tab.
     signal finished()
     signal edited(string text)
 
@@ -165,6 +165,9 @@ FocusScope {
                 }
                 const plain = !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier));
                 if (root.singleLine && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)) {
+                    event.accepted = true;
+                    root.finished();
+                } else if (root.singleLine && event.key === Qt.Key_Tab && plain) {
                     event.accepted = true;
                     root.finished();
                 } else if (event.key === Qt.Key_Tab && plain) {

@@ -43,12 +43,25 @@ Column {
     }
 
     Row {
+        id: days
+
+        /// The day that Tab comes to; Left and Right lead on to the others.
+        property int at: 0
+
+        function step(by: int) {
+            at = (at + by + toggles.count) % toggles.count;
+            toggles.itemAt(at).forceActiveFocus(Qt.TabFocusReason);
+        }
+
         spacing: 6
 
         Accessible.role: Accessible.Grouping
         Accessible.name: "Days"
+        Keys.onLeftPressed: step(-1)
+        Keys.onRightPressed: step(1)
 
         Repeater {
+            id: toggles
             model: 7
 
             DayToggle {
@@ -56,7 +69,9 @@ Column {
 
                 text: dayName.slice(0, 3)
                 dayName: root.dayNames[index]
+                activeFocusOnTab: index === days.at
                 checked: root.hours.days.includes(index + 1)
+                onActiveFocusChanged: if (activeFocus) days.at = index
                 onClicked: root.form.toggleDay(root.number, index + 1)
             }
         }

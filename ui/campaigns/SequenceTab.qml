@@ -13,9 +13,43 @@ FocusScope {
     readonly property bool wide: width >= 1000
     readonly property real previewWidth: width >= 1500 ? 400 : 316
 
-    Component.onCompleted: editor.preview.wantVariables()
-    // Nobody who goes elsewhere has to wait to be sure.
-    Component.onDestruction: editor.autosave.save(true)
+    function write() {
+        writing.startWriting();
+    }
+
+    /// To the email above or below, and on in its text.
+    function step(by: int) {
+        const writes = writing.activeFocus;
+        editor.selectPlace(editor.place + by);
+        if (writes)
+            write();
+    }
+
+    Component.onCompleted: {
+        editor.preview.wantVariables();
+        editor.writingAsked.connect(write);
+    }
+    Component.onDestruction: {
+        editor.writingAsked.disconnect(write);
+        // Nobody who goes elsewhere has to wait to be sure.
+        editor.autosave.save(true);
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Return", "Ctrl+Enter"]
+        enabled: root.canWrite
+        onActivated: root.editor.writeNew()
+    }
+
+    Shortcut {
+        sequence: "Alt+Up"
+        onActivated: root.step(-1)
+    }
+
+    Shortcut {
+        sequence: "Alt+Down"
+        onActivated: root.step(1)
+    }
 
     Timeline {
         id: timeline

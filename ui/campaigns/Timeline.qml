@@ -140,6 +140,7 @@ FocusScope {
             width: parent.width
             iconName: "list-add"
             text: "Add email"
+            keys: "Ctrl Enter"
             onClicked: root.insert(root.editor.stepCount)
         }
     }

@@ -133,6 +133,10 @@ class TextVariablesTest : public QObject {
     QTest::newRow("bold, taken back") << bold << u"a **‹bc›** d"_s << u"a ‹bc› d"_s;
     QTest::newRow("bold, taken back with its stars") << bold << u"a ‹**bc**› d"_s << u"a ‹bc› d"_s;
     QTest::newRow("bold, nothing yet") << bold << u"a ‸"_s << u"a **‸**"_s;
+    QTest::newRow("bold, written") << bold << u"a **bc‸** d"_s << u"a **bc**‸ d"_s;
+    QTest::newRow("bold, written after another") << bold << u"**a** **bc‸**"_s << u"**a** **bc**‸"_s;
+    QTest::newRow("bold, before another") << bold << u"a ‸**bc**"_s << u"a **‸****bc**"_s;
+    QTest::newRow("italic, written in bold") << italic << u"**a *b‸* c**"_s << u"**a *b*‸ c**"_s;
     QTest::newRow("bold, of emoji") << bold << u"👍🏽‹é😀›"_s << u"👍🏽**‹é😀›**"_s;
     QTest::newRow("italic") << italic << u"‹a›"_s << u"*‹a›*"_s;
     QTest::newRow("italic, of bold") << italic << u"**‹a›**"_s << u"***‹a›***"_s;
