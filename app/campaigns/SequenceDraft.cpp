@@ -168,10 +168,14 @@ void SequenceDraft::giveWaitBack(qsizetype place) {
 }
 
 void SequenceDraft::setWaitDays(const QUuid& step, qint64 days) {
+  setDelay(step, std::clamp(days, qint64(1), mostWaitDays) * minutesPerDay);
+}
+
+void SequenceDraft::setDelay(const QUuid& step, qint64 minutes) {
   DraftStep* found = find(step);
   if (!found) return;
   m_waitsBeforeFirst.remove(step);
-  set(found->delayMinutes, std::clamp(days, qint64(1), mostWaitDays) * minutesPerDay);
+  set(found->delayMinutes, minutes);
 }
 
 void SequenceDraft::setSameThread(const QUuid& step, bool sameThread) {

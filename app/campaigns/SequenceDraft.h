@@ -34,6 +34,8 @@ class SequenceDraft {
   bool removeStep(const QUuid& step);
   bool restoreStep(const QUuid& step);
   void setWaitDays(const QUuid& step, qint64 days);
+  /// A wait that the step had before, which need not be whole days.
+  void setDelay(const QUuid& step, qint64 minutes);
   /// A reply has no subject of its own: those written so far wait aside for the way back.
   void setSameThread(const QUuid& step, bool sameThread);
   /// Which variant the editor shows is no change of the sequence.

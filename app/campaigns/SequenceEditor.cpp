@@ -10,6 +10,20 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+/// Changes the draft and brings everything that shows it up to date.
+template <class Change>
+auto SequenceEditor::edit(Change&& change) {
+  if constexpr (std::is_void_v<decltype(change(std::declval<SequenceDraft&>()))>) {
+    m_autosave.edit(std::forward<Change>(change));
+    follow();
+  } else {
+    auto result = m_autosave.edit(std::forward<Change>(change));
+    follow();
+    return result;
+  }
+}
+
 SequenceEditor::SequenceEditor(CampaignContext& context)
     : Store(context.workspace, &context.whole),
       m_context(context),
@@ -30,6 +44,7 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
                         });
                       }}),
       m_preview(context, m_autosave.draft()),
+      m_days(context, m_autosave.draft(), m_preview, [this](const auto& change) { edit(change); }),
       m_testEmail(context, m_autosave, [this] { return emailShown(); }),
       m_spintax(context, [this] { Q_EMIT spinningChanged(); }) {
   connect(&context.campaign, &ResourceBase::valueChanged, this, &SequenceEditor::takeLoaded);
@@ -39,19 +54,6 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
   connect(&m_autosave, &SequenceAutosave::changed, this, &SequenceEditor::tellFailure);
   connect(m_preview.answer(), &ResourceBase::valueChanged, this, &SequenceEditor::collectVariables);
   collectVariables();
-}
-
-/// Changes the draft and brings everything that shows it up to date.
-template <class Change>
-auto SequenceEditor::edit(Change&& change) {
-  if constexpr (std::is_void_v<decltype(change(std::declval<SequenceDraft&>()))>) {
-    m_autosave.edit(std::forward<Change>(change));
-    follow();
-  } else {
-    auto result = m_autosave.edit(std::forward<Change>(change));
-    follow();
-    return result;
-  }
 }
 
 void SequenceEditor::takeLoaded() {
@@ -174,6 +176,7 @@ void SequenceEditor::follow() {
   m_rows.update(
       stepRows(draft(), campaign ? campaign->steps.value_or(QList<CampaignStep>()) : QList<CampaignStep>(), m_step));
   m_preview.draftChanged();
+  m_days.follow(m_step);
   Shown shown = shownNow();
   if (shown == m_shown) return;
   const bool isOtherText = shown.variant != m_shown.variant || shown.repliesInThread != m_shown.repliesInThread;
@@ -198,6 +201,11 @@ void SequenceEditor::insertStep(int place) {
   // Shown from the first moment on: what changes with it is told once.
   m_autosave.edit([this, place](SequenceDraft& draft) { m_step = draft.insertStep(place); });
   follow();
+}
+
+void SequenceEditor::writeNew() {
+  insertStep(stepCount());
+  Q_EMIT writingAsked();
 }
 
 void SequenceEditor::removeStep(const QString& step) {
@@ -320,6 +328,7 @@ void SequenceEditor::close() {
   m_testEmail.close();
   m_autosave.close();
   m_preview.close();
+  m_days.close();
   Store::close();
   m_spintax.stop();
 }

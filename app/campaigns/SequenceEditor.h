@@ -6,6 +6,7 @@
 #include "app/campaigns/CampaignContext.h"
 #include "app/campaigns/EmailVariable.h"
 #include "app/campaigns/SequenceAutosave.h"
+#include "app/campaigns/SequenceDays.h"
 #include "app/campaigns/SequencePreview.h"
 #include "app/campaigns/SequenceRows.h"
 #include "app/campaigns/Spintax.h"
@@ -22,6 +23,7 @@ class SequenceEditor final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::SequenceAutosave* autosave READ autosave CONSTANT)
   Q_PROPERTY(orv::SequencePreview* preview READ preview CONSTANT)
+  Q_PROPERTY(orv::SequenceDays* days READ days CONSTANT)
   Q_PROPERTY(orv::TestEmailForm* testEmail READ testEmail CONSTANT)
   Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::ListModel* steps READ steps CONSTANT)
@@ -47,6 +49,7 @@ class SequenceEditor final : public Store {
 
   SequenceAutosave* autosave() { return &m_autosave; }
   SequencePreview* preview() { return &m_preview; }
+  SequenceDays* days() { return &m_days; }
   TestEmailForm* testEmail() { return &m_testEmail; }
   /// Of what an earlier run or session did not save.
   Recovery* recovery() { return &m_recovery; }
@@ -79,6 +82,8 @@ class SequenceEditor final : public Store {
   /// By place; one outside the sequence changes nothing.
   Q_INVOKABLE void selectPlace(int place);
   Q_INVOKABLE void insertStep(int place);
+  /// An email after the others, and the keyboard in it.
+  Q_INVOKABLE void writeNew();
   Q_INVOKABLE void removeStep(const QString& step);
   Q_INVOKABLE void setWaitDays(int days);
   Q_INVOKABLE void setSameThread(bool sameThread);
@@ -109,6 +114,8 @@ class SequenceEditor final : public Store {
   void spinningChanged();
   /// The fields must show subject() and body() anew.
   void textShown();
+  /// The person wants to write in the email shown.
+  void writingAsked();
   /// The field takes the text over as one edit that can be undone.
   void textSpun(const QString& field, const QString& text);
 
@@ -149,6 +156,7 @@ class SequenceEditor final : public Store {
   std::optional<BusySet::Mark> m_unsaved;
   Recovery m_recovery;
   SequencePreview m_preview;
+  SequenceDays m_days;
   TestEmailForm m_testEmail;
   SequenceRows m_rows;
   QUuid m_step;

@@ -58,6 +58,8 @@ class SequencePreview final : public Store {
   void setLead(const QString& id);
   /// How a text speaks of the lead: their name, or address; empty for the sample one.
   QString leadName() const;
+  /// What is known of the lead; nothing for the sample one, or before the leads are read.
+  const CampaignLead* leadRecord() const { return listed(lead()); }
   /// What a request names the lead by; none while nobody chose.
   std::optional<QString> leadId() const;
 
@@ -90,8 +92,11 @@ class SequencePreview final : public Store {
   Task<PreviewResponse> load();
   void ask();
   void askLater(std::chrono::milliseconds delay);
-  const PreviewResponse::Step* step() const;
+  /// Of the email at `place`; null where the answer has none.
+  const PreviewResponse::Step* stepAt(qsizetype place) const;
+  const PreviewResponse::Step* step() const { return stepAt(m_place); }
   const PreviewResponse::Variant* variant() const;
+  QString threadSubject() const;
   const CampaignLead* listed(const QString& id) const;
 
   CampaignContext& m_context;

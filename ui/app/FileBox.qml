@@ -26,23 +26,10 @@ Item {
         color: root.over ? Theme.selected : root.empty ? "transparent" : Theme.bg
     }
 
-    Canvas {
-        id: dashes
-
-        readonly property color ink: root.over ? Theme.accentText : Theme.borderField
-
+    DashedFrame {
         anchors.fill: parent
         visible: root.empty || root.over
-        onInkChanged: requestPaint()
-        onPaint: {
-            const pen = getContext("2d");
-            pen.clearRect(0, 0, width, height);
-            pen.strokeStyle = ink;
-            pen.setLineDash([4, 4]);
-            pen.beginPath();
-            pen.roundedRect(0.5, 0.5, width - 1, height - 1, Theme.radiusControl, Theme.radiusControl);
-            pen.stroke();
-        }
+        ink: root.over ? Theme.accentText : Theme.borderField
     }
 
     DropArea {

@@ -51,10 +51,22 @@ FocusScope {
         onActivated: root.step(1)
     }
 
+    DaysStrip {
+        id: days
+        width: root.width
+        height: visible ? implicitHeight : 0
+        visible: root.editor.stepCount > 0
+        headWidth: root.wide ? timeline.width : 160
+        editor: root.editor
+        canWrite: root.canWrite
+        onWriteRequested: writing.startWriting()
+    }
+
     Timeline {
         id: timeline
+        y: days.height
         width: 264
-        height: parent.height
+        height: parent.height - y
         editor: root.editor
         canWrite: root.canWrite
         onWriteRequested: writing.startWriting()
@@ -64,7 +76,7 @@ FocusScope {
         id: unsaved
         visible: text !== ""
         x: timeline.width + 16
-        y: 12
+        y: days.height + 12
         width: writing.width - 32
         tone: "negative"
         text: root.editor.autosave.failure
@@ -73,7 +85,7 @@ FocusScope {
     RestoredNotice {
         id: restored
         x: unsaved.x
-        y: unsaved.visible ? unsaved.y + unsaved.height + 8 : 12
+        y: unsaved.visible ? unsaved.y + unsaved.height + 8 : unsaved.y
         width: unsaved.width
         recovery: root.editor.recovery
     }
@@ -81,7 +93,7 @@ FocusScope {
     StepEditor {
         id: writing
         x: timeline.width
-        y: restored.visible ? restored.y + restored.height : unsaved.visible ? unsaved.y + unsaved.height : 0
+        y: restored.visible ? restored.y + restored.height : unsaved.visible ? unsaved.y + unsaved.height : days.height
         width: root.width - x - (root.wide ? root.previewWidth : 0)
         height: parent.height - y
         focus: true
@@ -107,8 +119,9 @@ FocusScope {
 
     Loader {
         x: root.width - width
+        y: days.height
         width: root.previewWidth
-        height: parent.height
+        height: parent.height - y
         active: root.wide
         sourceComponent: PreviewPane {
             editor: root.editor

@@ -33,6 +33,19 @@ Item {
         spacing: 8
 
         Text {
+            visible: text !== "" && root.width > 560
+            height: parent.height
+            rightPadding: 8
+            verticalAlignment: Text.AlignVCenter
+            textFormat: Text.PlainText
+            text: root.editor.days.movedText
+            font: Theme.body
+            color: Theme.text2
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
+
+        Text {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
             textFormat: Text.PlainText

@@ -99,9 +99,11 @@ FocusScope {
             }
 
             StepCard {
+                readonly property string date: root.editor.days.dates[entry.index] ?? ""
+
                 width: parent.width
                 title: entry.model.title
-                when: entry.model.when
+                when: entry.index > 0 && date !== "" ? entry.model.when + " · " + date : entry.model.when
                 subject: entry.model.subject
                 subjectIsNote: entry.model.subjectIsNote
                 letters: entry.model.letters

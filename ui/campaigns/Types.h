@@ -95,6 +95,13 @@ struct SequenceAutosaveType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct SequenceDaysType {
+  Q_GADGET
+  QML_FOREIGN(orv::SequenceDays)
+  QML_NAMED_ELEMENT(SequenceDays)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct SequenceEditorType {
   Q_GADGET
   QML_FOREIGN(orv::SequenceEditor)

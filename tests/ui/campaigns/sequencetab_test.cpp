@@ -155,7 +155,7 @@ class SequenceTabTest : public QObject {
   void theTimelineSaysWhatBeginsIt() {
     QQuickItem* start = withText(u"Starts when a lead is added to the campaign"_s);
     QVERIFY(start);
-    QVERIFY(QRectF(0, 0, 264, 56).contains(start->mapToScene({0, 0})));
+    QVERIFY(QRectF(0, 77, 264, 56).contains(start->mapToScene({0, 0})));
   }
 
   void theWaitIsNamedAndClamped() {
