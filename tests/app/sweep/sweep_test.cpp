@@ -79,7 +79,7 @@ const QList<const QMetaObject*> stores{
     &MembersStore::staticMetaObject,       &SettingsStore::staticMetaObject,       &WorkspaceForm::staticMetaObject,
     &InboxSetupStore::staticMetaObject,    &NewProject::staticMetaObject,          &SecretField::staticMetaObject,
     &SetupChecks::staticMetaObject,        &SetupDomains::staticMetaObject,        &SetupForm::staticMetaObject,
-    &SetupPhoto::staticMetaObject,         &SetupProjectStore::staticMetaObject};
+    &SetupPhoto::staticMetaObject,         &SetupProjectStore::staticMetaObject,   &SequenceDays::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -110,6 +110,7 @@ const std::map<QString, QStringList> sendNothing{
      {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,
       u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
       u"setBody"_s, u"unspun"_s}},
+    {u"SequenceDays"_s, {u"addToWait"_s, u"moveTo"_s, u"watched"_s}},
     {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s, u"to"_s}},
     {u"CampaignStatsStore"_s, {u"toggleSeries"_s, u"dayView"_s}},
     {u"RangeForm"_s, {u"submit"_s, u"from"_s, u"to"_s}},
