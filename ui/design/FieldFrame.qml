@@ -13,6 +13,8 @@ FocusScope {
     property bool wrong: error !== ""
     /// What is typed into has the caret.
     property bool caret: false
+    /// It can be copied, and is not the person's to change.
+    property bool readOnly: false
     property real frameHeight: Theme.controlHeight
     /// What the field's description says: its error or else its help.
     readonly property string note: error !== "" ? error : help
@@ -36,10 +38,10 @@ FocusScope {
         width: parent.width
         height: root.frameHeight
         radius: Theme.radiusControl
-        color: Theme.surface
+        color: root.readOnly ? Theme.hover : Theme.surface
         opacity: root.enabled ? 1 : 0.6
         border.width: 1
-        border.color: root.wrong ? Theme.negative : root.caret ? Theme.focus : Theme.borderField
+        border.color: root.wrong ? Theme.negative : root.caret ? Theme.focus : root.readOnly ? Theme.border : Theme.borderField
 
         Rectangle {
             visible: root.caret

@@ -12,7 +12,6 @@ FieldFrame {
     /// Hidden text with "Show" and "Hide".
     property bool secret: false
     property bool large: false
-    property bool readOnly: false
     property string accessibleName: label !== "" ? label : placeholder
     property alias text: input.text
     property alias validator: input.validator
@@ -66,6 +65,7 @@ FieldFrame {
         Accessible.description: root.note
         Accessible.name: root.accessibleName
         Accessible.passwordEdit: root.secret
+        Accessible.readOnly: root.readOnly
 
         onTextEdited: root.edited(text)
         onAccepted: root.accepted()

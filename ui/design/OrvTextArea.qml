@@ -7,7 +7,6 @@ FieldFrame {
     id: root
 
     property string placeholder: ""
-    property bool readOnly: false
     property real leastHeight: 84
     property real mostHeight: 220
     property alias text: input.text
@@ -53,6 +52,7 @@ FieldFrame {
             Accessible.name: root.label
             Accessible.description: root.note
             Accessible.multiLine: true
+            Accessible.readOnly: root.readOnly
 
             // A tab leads on, as in every other field.
             Keys.priority: Keys.BeforeItem

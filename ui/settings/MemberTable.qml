@@ -32,9 +32,9 @@ FocusScope {
         busyKeys: root.store.busy
         columns: [
             OrvColumn { id: nameCells; key: "name"; title: "Name"; fill: true; minimumWidth: 140 },
-            OrvColumn { id: emailCells; key: "email"; title: "Email"; preferredWidth: 236; yields: 1 },
+            OrvColumn { id: emailCells; key: "email"; title: "Email"; preferredWidth: 208; yields: 1 },
             OrvColumn { id: roleCells; key: "role"; title: "Role"; preferredWidth: 108 },
-            OrvColumn { id: signInCells; key: "lastSignIn"; title: "Last sign-in"; preferredWidth: 116 },
+            OrvColumn { id: signInCells; key: "lastSignIn"; title: "Last sign-in"; preferredWidth: 100 },
             OrvColumn { id: actionsCells; key: "actions"; title: "Actions"; titleHidden: true; preferredWidth: 36; resizable: false }
         ]
         delegate: MemberRow {

@@ -41,7 +41,7 @@ SettingsPane {
         y: 8
         width: root.tableWidth
         height: Math.min(members.hasContent ? 34 + 46 * root.store.members.rows.count : 280,
-                         parent.height - y - root.invitesHeight - 44 - 24)
+                         parent.height - y - root.invitesHeight - heading.height - 24)
         focus: true
 
         ResourceView {
@@ -68,11 +68,11 @@ SettingsPane {
         x: root.side
         y: frame.y + frame.height
         width: root.tableWidth
-        height: 44
+        height: 60
 
         Text {
             id: headingText
-            y: 12
+            y: 28
             textFormat: Text.PlainText
             text: "Pending invites"
             font: Theme.paneTitle
