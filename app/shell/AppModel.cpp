@@ -140,7 +140,18 @@ void AppModel::adopt(StoredSession session) {
   openInitialWorkspace();
 }
 
+/// Nothing may be asked for hours while somebody writes, and what they write then would have nowhere to go. In pieces,
+/// for no timer counts while the machine sleeps.
+Task<void> AppModel::endInTime(QString token) {
+  while (m_stored && m_stored->token == token) {
+    const std::chrono::milliseconds left(m_platform.clock.now().msecsTo(m_stored->expiresAt));
+    if (left <= 0ms) co_return endSession(token);
+    co_await m_platform.clock.sleep(std::min<std::chrono::milliseconds>(left, 1h));
+  }
+}
+
 void AppModel::openInitialWorkspace() {
+  m_expiry.start(endInTime(m_stored->token));
   m_journal.open({m_stored->user.id, m_platform.baseURL.toString(QUrl::RemovePath | QUrl::FullyEncoded)});
   const auto& list = m_stored->workspaces;
   const auto last = std::ranges::find_if(

@@ -125,6 +125,7 @@ class AppModel final : public QObject {
   void doubt(const StoredSession& session);
   void settleDoubt(const QDateTime& serviceTime);
   void endSession(const QString& token);
+  Task<void> endInTime(QString token);
   /// What was typed stays for the same person, unless they go by choice.
   enum class Leaving { byChoice, sessionEnded, clockSaysOver };
   void leave(Leaving why);
@@ -159,6 +160,7 @@ class AppModel final : public QObject {
 
   TaskSlot m_boot;
   TaskSlot m_bootPatience;
+  TaskSlot m_expiry;
   TaskScope m_farewells;
 };
 

@@ -90,9 +90,12 @@ class SessionEndTest : public QObject {
     f->api.answer(me, R"({"user":{"id":"u1","email":"ada@b.c","name":"Ada"},"workspaces":[{"id":"w1","slug":"a",)"
                       R"("name":"A","role":"owner"}]})");
     QCOMPARE(app->phase(), AppModel::Phase::signedIn);
-    f->clock.advance(std::chrono::hours(24 * 10));
+    // Noticed by itself, at the instant.
+    f->clock.advance(std::chrono::hours(24 * 3 + 12) - 1ms);
+    settle();
+    QCOMPARE(app->phase(), AppModel::Phase::signedIn);
     f->api.expect(methods);
-    app->refreshAccount();
+    f->clock.advance(1ms);
     settle();
     QCOMPARE(app->phase(), AppModel::Phase::signedOut);
     QVERIFY(isKept());
