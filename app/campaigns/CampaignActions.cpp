@@ -48,7 +48,7 @@ QList<PageAction> CampaignStore::offered(const QString& record) {
        {.key = u"refresh"_s, .title = u"Refresh"_s, .icon = u"view-refresh"_s, .keys = u"F5"_s, .run = [this] {
           refreshShown();
         }}});
-  if (m_campaign.value()) actions += offeredInTabs();
+  actions += offeredInTabs();
   actions.append({.key = u"delete"_s,
                   .title = u"Delete"_s,
                   .icon = u"edit-delete"_s,
@@ -73,16 +73,13 @@ QList<PageAction> CampaignStore::offeredInTabs() {
     setTab(enumName(Tab::leads));
     m_leads.adding()->show(way);
   };
-  actions.append({{.key = u"schedules"_s,
-                   .title = u"Settings › Schedules"_s,
-                   .icon = u"view-calendar-timeline"_s,
-                   .inMenu = false,
-                   .run =
-                       [this] {
-                         setTab(enumName(Tab::settings));
-                         setSchedulesAsked(true);
-                       }},
-                  {.key = u"add-leads.csv"_s,
+  for (const Choice& section : m_settings.sections())
+    actions.append({.key = u"settings."_s + section.key,
+                    .title = u"Settings › "_s + section.label,
+                    .icon = u"configure"_s,
+                    .inMenu = false,
+                    .run = [this, key = section.key] { showSection(key); }});
+  actions.append({{.key = u"add-leads.csv"_s,
                    .title = u"Add leads from a CSV file"_s,
                    .icon = u"list-add"_s,
                    .writes = true,
@@ -94,10 +91,22 @@ QList<PageAction> CampaignStore::offeredInTabs() {
                    .writes = true,
                    .inMenu = false,
                    .run = [add] { add(u"manual"_s); }},
+                  {.key = u"add-email"_s,
+                   .title = u"Add email"_s,
+                   .icon = u"list-add"_s,
+                   .writes = true,
+                   .possible = m_campaign.value() != nullptr,
+                   .inMenu = false,
+                   .run =
+                       [this] {
+                         setTab(enumName(Tab::sequence));
+                         m_sequence.writeNew();
+                       }},
                   {.key = u"test-email"_s,
                    .title = u"Send a test"_s,
                    .icon = u"mail-send"_s,
                    .writes = true,
+                   .possible = m_campaign.value() != nullptr,
                    .inMenu = false,
                    .run = [this] {
                      setTab(enumName(Tab::sequence));

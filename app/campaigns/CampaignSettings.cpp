@@ -10,6 +10,27 @@ namespace {
 
 const auto busyKey = u"settings"_s;
 
+struct Section {
+  QString key;
+  QString label;
+  /// Names of the draft's.
+  QStringList fields;
+};
+
+const QList<Section>& allSections() {
+  static const QList<Section> sections{
+      {u"campaign"_s, u"Campaign"_s, {u"name"_s, u"tags"_s}},
+      {u"senders"_s, u"Senders"_s, {u"senders"_s, u"senderTags"_s}},
+      {u"sending"_s,
+       u"Sending"_s,
+       {u"prioritizeNew"_s, u"stopOnReply"_s, u"stopOnAutoReply"_s, u"stopCompanyOnReply"_s, u"unsubscribeHeader"_s}},
+      {u"limits"_s, u"Limits"_s, {u"dailyCap"_s, u"gap"_s, u"dailyLimit"_s, u"maxNewPerDay"_s}},
+      {u"copies"_s, u"Copies"_s, {u"cc"_s, u"bcc"_s}},
+      {u"dates"_s, u"Dates"_s, {u"startDate"_s, u"endDate"_s}},
+      {u"schedules"_s, u"Schedules"_s, {}}};
+  return sections;
+}
+
 }  // namespace
 
 CampaignSettings::CampaignSettings(CampaignContext& context)
@@ -25,6 +46,7 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
   connect(&m_busy, &BusySet::changed, this, &CampaignSettings::changed);
   connect(&m_tagList, &ResourceBase::changed, this, &CampaignSettings::changed);
   connect(&m_draft, &FieldDraft::changed, this, &CampaignSettings::changed);
+  connect(&m_schedule, &ScheduleForm::changed, this, &CampaignSettings::changed);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_recovery, &Recovery::changed, &m_senders, &SenderPicker::show);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/settings"_s);
@@ -47,6 +69,22 @@ QString CampaignSettings::notice() const {
   const Campaign* campaign = m_context.campaign.value();
   const bool runs = campaign && campaign->status.isRunning();
   return runs ? u"This campaign is running. Changes apply to the next sends."_s : QString();
+}
+
+QList<Choice> CampaignSettings::sections() const {
+  QList<Choice> sections;
+  for (const Section& section : allSections()) {
+    const bool isTyped =
+        std::ranges::any_of(section.fields, [this](const auto& field) { return m_draft.isDirty(field); });
+    const bool isUnsaved = isTyped || (section.fields.isEmpty() && m_schedule.unsaved());
+    sections.append({.key = section.key, .label = section.label, .ticked = isUnsaved});
+  }
+  return sections;
+}
+
+void CampaignSettings::ask(const QString& section) {
+  m_asked = section;
+  Q_EMIT sectionAsked();
 }
 
 QList<Label> CampaignSettings::tagItems() const {
@@ -124,6 +162,11 @@ Task<void> CampaignSettings::saveTask() {
       [this](const APIError& error) { return m_draft.failed(error); });
   if (!saved) co_return;
   m_context.services.toasts.success(u"Settings saved"_s);
+}
+
+Task<void> CampaignSettings::saveAllTask() {
+  co_await saveTask();
+  if (m_schedule.dirty()) co_await m_schedule.saveTask();
 }
 
 }  // namespace orv

@@ -19,6 +19,7 @@ class CampaignSettings final : public Store {
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
   Q_PROPERTY(QString notice READ notice NOTIFY changed)
   Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> sections READ sections NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tags READ tags NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tagSuggestions READ tagSuggestions NOTIFY changed)
   Q_PROPERTY(orv::ResourceBase* knownTags READ knownTags CONSTANT)
@@ -38,6 +39,14 @@ class CampaignSettings final : public Store {
   QString notice() const;
   /// What somebody else made of fields that were changed here as well.
   QString conflict() const { return rivalNote(m_draft.rivals()); }
+  /// The form's, in their order; ticked are those with something unsaved.
+  QList<Choice> sections() const;
+  /// Something typed here is not saved, the schedule's hours included.
+  bool unsaved() const { return dirty() || m_schedule.dirty(); }
+  /// Has whoever shows the form lead to the section.
+  void ask(const QString& section);
+  /// The section asked for, which is then no longer asked for; empty for none.
+  Q_INVOKABLE QString takeAsked() { return std::exchange(m_asked, {}); }
   QList<Choice> tags() const;
   QList<Choice> tagSuggestions() const;
   Resource<TagList>* knownTags() { return &m_tagList; }
@@ -56,10 +65,14 @@ class CampaignSettings final : public Store {
   Q_INVOKABLE void removeTag(const QString& key);
   Q_INVOKABLE void discard() { m_draft.discard(); }
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
+  /// And the schedule, one after the other.
+  Q_INVOKABLE void saveAll() { m_tasks.start(saveAllTask()); }
   Task<void> saveTask();
+  Task<void> saveAllTask();
 
  Q_SIGNALS:
   void changed();
+  void sectionAsked();
 
  private:
   void follow();
@@ -74,6 +87,7 @@ class CampaignSettings final : public Store {
   Resource<TagList> m_tagList;
   SenderPicker m_senders;
   ScheduleForm m_schedule;
+  QString m_asked;
 };
 
 }  // namespace orv

@@ -65,6 +65,9 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
   connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
+  connect(&m_settings, &CampaignSettings::changed, this, &CampaignStore::followUnsaved);
+  connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::followLaunchPath);
+  connect(m_sequence.autosave(), &SequenceAutosave::typed, this, &CampaignStore::followLaunchPath);
   context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };
 }
@@ -124,8 +127,31 @@ void CampaignStore::setTab(const QString& name) {
   Q_EMIT moved();
 }
 
-void CampaignStore::setSchedulesAsked(bool asked) {
-  if (std::exchange(m_schedulesAsked, asked) != asked) Q_EMIT changed();
+void CampaignStore::showSection(const QString& section) {
+  setTab(enumName(Tab::settings));
+  m_settings.ask(section);
+}
+
+void CampaignStore::followUnsaved() {
+  if (std::exchange(m_unsavedSettings, m_settings.unsaved()) != m_settings.unsaved()) Q_EMIT changed();
+}
+
+void CampaignStore::followLaunchPath() {
+  const Campaign* campaign = m_campaign.value();
+  QList<Choice> path;
+  if (campaign && mainAction() == "launch"_L1) path = orv::launchPath(*campaign, m_sequence.draft().steps());
+  if (std::exchange(m_launchPath, path) != path) Q_EMIT launchPathChanged();
+}
+
+bool CampaignStore::readyToLaunch() const {
+  return !m_launchPath.isEmpty() && std::ranges::all_of(m_launchPath, &Choice::ticked);
+}
+
+void CampaignStore::openLaunchStep(const QString& key) {
+  if (enumNamed<Tab>(key))
+    setTab(key);
+  else
+    showSection(key);
 }
 
 QList<Choice> CampaignStore::tabs() const {
@@ -136,6 +162,7 @@ QList<Choice> CampaignStore::tabs() const {
   const qint64 leads = campaign && campaign->stats ? campaign->stats->leads.total : -1;
   QList<Choice> tabs{tab(Tab::sequence, u"Sequence"_s), tab(Tab::leads, u"Leads"_s, leads),
                      tab(Tab::settings, u"Settings"_s)};
+  tabs.last().ticked = m_unsavedSettings;
   // A subsequence has none of its own.
   const auto subsequences = m_subsequences.count();
   if (parentId().isEmpty()) tabs.append(tab(Tab::subsequences, u"Subsequences"_s, subsequences.value_or(-1)));

@@ -14,6 +14,7 @@
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/CampaignStatsStore.h"
+#include "app/campaigns/LaunchPath.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/campaigns/Subsequences.h"
 #include "kit/api/APITransport.h"
@@ -42,7 +43,8 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
   Q_PROPERTY(QString tab READ tabName WRITE setTab NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tabs READ tabs NOTIFY changed)
-  Q_PROPERTY(bool schedulesAsked READ schedulesAsked WRITE setSchedulesAsked NOTIFY changed)
+  Q_PROPERTY(QList<orv::Choice> launchPath READ launchPath NOTIFY launchPathChanged)
+  Q_PROPERTY(bool readyToLaunch READ readyToLaunch NOTIFY launchPathChanged)
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
 
  public:
@@ -73,12 +75,17 @@ class CampaignStore final : public Store {
   QString tabName() const { return enumName(m_tab); }
   /// By its name; another name changes nothing.
   void setTab(const QString& name);
-  /// Key, label and, once known, count of each tab.
+  /// Key, label and, once known, count of each tab; ticked where something waits for its button.
   QList<Choice> tabs() const;
+  /// Opens the settings at one of their sections.
+  void showSection(const QString& section);
 
-  /// The settings are to show the hours, which stand at their end, until they have.
-  bool schedulesAsked() const { return m_schedulesAsked; }
-  void setSchedulesAsked(bool asked);
+  /// What a campaign needs before it is launched; empty for any other.
+  const QList<Choice>& launchPath() const { return m_launchPath; }
+  /// Everything of that is there.
+  bool readyToLaunch() const;
+  /// Leads to where one of it is done.
+  Q_INVOKABLE void openLaunchStep(const QString& key);
 
   /// An action on the campaign is under way; another one is not begun meanwhile.
   bool busy() const { return m_busy.contains(m_id); }
@@ -118,6 +125,7 @@ class CampaignStore final : public Store {
  Q_SIGNALS:
   void changed();
   void busyChanged();
+  void launchPathChanged();
 
  protected:
   QList<PageAction> offered(const QString& record) override;
@@ -127,6 +135,8 @@ class CampaignStore final : public Store {
   Task<bool> checkBeforeLaunch();
   Task<bool> saveSequence(QString failure);
   void take(const Change<Campaign>& change);
+  void followLaunchPath();
+  void followUnsaved();
 
   QString m_id;
   BusySet m_busy;
@@ -143,7 +153,8 @@ class CampaignStore final : public Store {
   /// As it was when the form was filled.
   Campaign m_renamed;
   Tab m_tab = Tab::sequence;
-  bool m_schedulesAsked = false;
+  QList<Choice> m_launchPath;
+  bool m_unsavedSettings = false;
 };
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #include "app/campaigns/LeadAdding.h"
 
 #include "app/base/EmailAddress.h"
+#include "app/base/shownName.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
@@ -113,6 +114,7 @@ void LeadAdding::startAnew() {
   m_columns.show({});
   m_ownLimit.clear();
   m_allowOthers = false;
+  m_hasAdded = false;
   m_dedupe = u"campaign"_s;
 }
 
@@ -140,10 +142,7 @@ void LeadAdding::submit() {
   m_form.run(
       context(), jobName(), u"Stopped. Leads that were taken by then are in the campaign."_s,
       [batch = batch()](Job& job) { return addLeads(&job, batch); },
-      [this](Job& job, bool isShown) {
-        ended(job, isShown);
-        return false;
-      });
+      [this](Job& job, bool isShown) { return ended(job, isShown); });
 }
 
 LeadBatch LeadAdding::batch() const {
@@ -170,10 +169,20 @@ QString LeadAdding::jobName() const {
   return u"Adding "_s + whom + (campaign ? u" to "_s + campaign->name : QString());
 }
 
-void LeadAdding::ended(Job& job, bool isShown) {
-  if (job.failed()) return;
+/// People are added by hand one after another: the form stays for the next, unless there is something to read.
+bool LeadAdding::ended(Job& job, bool isShown) {
+  if (job.failed()) return false;
+  const QString who = shownName(m_draft.typed().email.trimmed());
   m_draft.discard();
-  if (isShown) services().jobs.show(&job);
+  if (!isShown) return false;
+  if (m_way != "manual"_L1 || !job.lines().isEmpty()) {
+    services().jobs.show(&job);
+    return false;
+  }
+  services().toasts.show({.message = job.title(), .tone = Toasts::Tone::success, .detail = who});
+  m_hasAdded = true;
+  Q_EMIT cleared();
+  return true;
 }
 
 void LeadAdding::dismiss() {

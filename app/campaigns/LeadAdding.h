@@ -34,6 +34,7 @@ class LeadAdding final : public Store {
   Q_PROPERTY(QString way READ way NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString submitLabel READ submitLabel NOTIFY changed)
+  Q_PROPERTY(bool hasAdded READ hasAdded NOTIFY changed)
   Q_PROPERTY(bool canSubmit READ canSubmit NOTIFY changed)
   Q_PROPERTY(QString dedupe READ dedupe WRITE setDedupe NOTIFY changed)
   Q_PROPERTY(orv::FieldDraft* draft READ draft CONSTANT)
@@ -61,6 +62,8 @@ class LeadAdding final : public Store {
   QString title() const;
   QString submitLabel() const;
   bool canSubmit() const;
+  /// Somebody was added since the dialog was opened, which is there for the next.
+  bool hasAdded() const { return m_hasAdded; }
 
   /// Whom to leave out: who is in this "campaign", or anywhere in the "workspace".
   const QString& dedupe() const { return m_dedupe; }
@@ -109,12 +112,14 @@ class LeadAdding final : public Store {
  Q_SIGNALS:
   void changed();
   void listsChanged();
+  /// The fields are empty for the next lead.
+  void cleared();
 
  private:
   void looked();
   LeadBatch batch() const;
   QString jobName() const;
-  void ended(Job& job, bool isShown);
+  bool ended(Job& job, bool isShown);
   void startAnew();
   void formChanged();
   std::optional<qint64> ownCount() const;
@@ -132,6 +137,7 @@ class LeadAdding final : public Store {
   CsvColumns m_columns;
   QString m_ownLimit;
   bool m_allowOthers = false;
+  bool m_hasAdded = false;
 };
 
 }  // namespace orv

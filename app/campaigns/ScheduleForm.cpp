@@ -1,13 +1,12 @@
 #include "app/campaigns/ScheduleForm.h"
 
 #include <QJsonDocument>
-#include <QRegularExpression>
-#include <QTime>
 
 #include "app/base/TimeZones.h"
 #include "app/base/shownName.h"
 #include "app/base/zonesLike.h"
 #include "app/campaigns/SettingsDraft.h"
+#include "app/campaigns/scheduleText.h"
 #include "kit/api/JSONCoding.h"
 #include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -18,32 +17,13 @@ namespace orv {
 namespace {
 
 constexpr int lastDay = 7;
-constexpr int minutesOfDay = 24 * 60, halfHour = 30;
+constexpr int halfHour = 30;
 const auto windowsField = u"windows"_s;
-
-/// Seconds since midnight of a time of day, which may be the midnight that ends it. Nothing for any other text.
-std::optional<int> secondsOf(const QString& time) {
-  static const QRegularExpression form(
-      QRegularExpression::anchoredPattern(u"([0-9]{1,2}):([0-9]{2})(?::([0-9]{2})(?:\\.[0-9]+)?)?"_s));
-  const auto match = form.match(time.trimmed());
-  if (!match.hasMatch()) return std::nullopt;
-  const int hours = match.captured(1).toInt(), minutes = match.captured(2).toInt(), seconds = match.captured(3).toInt();
-  const int whole = (hours * 60 + minutes) * 60 + seconds;
-  if (minutes > 59 || seconds > 59 || whole > minutesOfDay * 60) return std::nullopt;
-  return whole;
-}
-
-QString timeText(int minutes) { return u"%1:%2"_s.arg(minutes / 60, 2, 10, '0'_L1).arg(minutes % 60, 2, 10, '0'_L1); }
-
-QString shown(const QString& time) {
-  const auto seconds = secondsOf(time);
-  return seconds ? timeText(*seconds / 60) : time;
-}
 
 QList<Choice> timeOptions(int first, int last, const QString& time) {
   QStringList texts;
-  for (int minutes = first; minutes <= last; minutes += halfHour) texts.append(timeText(minutes));
-  if (!texts.contains(shown(time))) texts.append(shown(time));
+  for (int minutes = first; minutes <= last; minutes += halfHour) texts.append(clockText(minutes));
+  if (!texts.contains(shownTime(time))) texts.append(shownTime(time));
   texts.sort();
   QList<Choice> options;
   for (const QString& text : texts) options.append({.key = text, .label = text});
@@ -53,18 +33,15 @@ QList<Choice> timeOptions(int first, int last, const QString& time) {
 QVariantMap problemsIn(const ScheduleWindow& window) {
   QVariantMap problems;
   if (window.days.isEmpty()) problems.insert(u"daysError"_s, u"Pick at least one day."_s);
-  const auto start = secondsOf(window.start), end = secondsOf(window.end);
+  const auto start = secondsOfDay(window.start), end = secondsOfDay(window.end);
   if (!start || !end || *end <= *start) problems.insert(u"timesError"_s, u"The end must come after the start."_s);
   if (!isTimeZone(window.timeZone.trimmed())) problems.insert(u"zoneError"_s, u"Not a known time zone"_s);
   return problems;
 }
 
 QString inWords(const ScheduleWindow& window) {
-  static const QStringList names{u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s, u"Sun"_s};
-  QStringList days;
-  for (const qint64 day : window.days) days.append(names.value(qsizetype(day) - 1));
-  return u"%1 (%2, %3 to %4, %5)"_s.arg(shownName(window.name), days.join(u' '), shown(window.start), shown(window.end),
-                                        shownName(window.timeZone));
+  return u"%1 (%2, %3 to %4, %5)"_s.arg(shownName(window.name), shownDays(window.days), shownTime(window.start),
+                                        shownTime(window.end), shownName(window.timeZone));
 }
 
 }  // namespace
@@ -109,8 +86,8 @@ QVariantList ScheduleForm::windows() const {
     QVariantMap map = m_errors.value(i);
     map.insert(u"name"_s, window.name);
     map.insert(u"days"_s, QVariant::fromValue(window.days));
-    map.insert(u"start"_s, shown(window.start));
-    map.insert(u"end"_s, shown(window.end));
+    map.insert(u"start"_s, shownTime(window.start));
+    map.insert(u"end"_s, shownTime(window.end));
     map.insert(u"timeZone"_s, window.timeZone);
     list.append(map);
   }
@@ -154,7 +131,7 @@ void ScheduleForm::setText(int window, const QString& field, const QString& text
                     : field == "end"_L1   ? edited.end
                                           : edited.timeZone;
   // What the service writes otherwise ("09:00:00") stays so until another time is chosen.
-  if ((isTime ? shown(target) : target) == text) return;
+  if ((isTime ? shownTime(target) : target) == text) return;
   target = text;
   if (field != "name"_L1) drop(window, isTime ? u"timesError"_s : u"zoneError"_s);
   edit(windows);

@@ -34,6 +34,7 @@ class ScheduleForm final : public Store {
   Q_PROPERTY(QVariantList windows READ windows NOTIFY changed)
   Q_PROPERTY(int count READ count NOTIFY changed)
   Q_PROPERTY(bool dirty READ dirty NOTIFY changed)
+  Q_PROPERTY(bool unsaved READ unsaved NOTIFY changed)
   Q_PROPERTY(bool saving READ saving NOTIFY changed)
   Q_PROPERTY(bool canSave READ canSave NOTIFY changed)
   Q_PROPERTY(QString note READ note NOTIFY changed)
@@ -51,8 +52,10 @@ class ScheduleForm final : public Store {
   QVariantList windows() const;
   int count() const { return int(typed().size()); }
   bool dirty() const { return m_draft.dirty(); }
+  /// The service does not have the hours shown, be it that they are only a suggestion.
+  bool unsaved() const { return dirty() || m_isNew; }
   bool saving() const;
-  bool canSave() const { return (dirty() || m_isNew) && m_busy.ids().isEmpty(); }
+  bool canSave() const { return unsaved() && m_busy.ids().isEmpty(); }
   /// What somebody else made of the hours while they were edited here.
   QString note() const;
   ScheduleDraft* draft() { return &m_draft; }

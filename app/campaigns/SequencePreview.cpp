@@ -163,10 +163,10 @@ QString SequencePreview::to() const {
   return answer && answer->lead ? answer->lead->email : QString();
 }
 
-const PreviewResponse::Step* SequencePreview::step() const {
+const PreviewResponse::Step* SequencePreview::stepAt(qsizetype place) const {
   const PreviewResponse* answer = response();
   if (!answer) return nullptr;
-  const auto found = std::ranges::find(answer->steps, m_place + 1, &PreviewResponse::Step::position);
+  const auto found = std::ranges::find(answer->steps, place + 1, &PreviewResponse::Step::position);
   return found == answer->steps.end() ? nullptr : &*found;
 }
 
@@ -181,9 +181,21 @@ const PreviewResponse::Variant* SequencePreview::variant() const {
 QString SequencePreview::subject() const {
   const auto* shown = variant();
   if (!shown) return {};
-  if (m_draft.steps().size() > m_place && m_draft.repliesInThread(m_place) && shown->subject.isEmpty())
-    return u"Re: same thread"_s;
-  return shown->subject.isEmpty() ? u"(no subject)"_s : shown->subject;
+  const bool isReply = m_draft.steps().size() > m_place && m_draft.repliesInThread(m_place);
+  const QString subject = isReply && shown->subject.isEmpty() ? threadSubject() : shown->subject;
+  return subject.isEmpty() ? u"(no subject)"_s : subject;
+}
+
+/// As a mail program shows a reply: by the subject of the email that began the thread, in the variant that this lead
+/// got of it.
+QString SequencePreview::threadSubject() const {
+  qsizetype opening = m_place;
+  while (m_draft.repliesInThread(opening)) --opening;
+  const auto* first = stepAt(opening);
+  if (!first || first->variants.isEmpty()) return {};
+  const auto picked = std::ranges::find(first->variants, true, &PreviewResponse::Variant::picked);
+  const QString subject = (picked == first->variants.end() ? first->variants.first() : *picked).subject;
+  return subject.isEmpty() || subject.startsWith("Re:"_L1, Qt::CaseInsensitive) ? subject : u"Re: "_s + subject;
 }
 
 QString SequencePreview::body() const { return variant() ? variant()->body : QString(); }

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
 
@@ -6,16 +7,26 @@ Item {
     id: root
 
     property bool shown: false
+    /// What its own two buttons save and discard is changed; false where others stand beside them for what is.
+    property bool changed: true
     property string saveText: "Save"
     property bool saving: false
     property bool canSave: false
     property bool hasErrors: false
+    /// Of the form; the bar leads to those that are ticked, which have something unsaved.
+    property alias sections: choices.options
+    default property alias others: extra.data
 
     signal saveRequested()
     signal discardRequested()
+    signal sectionRequested(string key)
 
     visible: shown
     height: shown ? 56 : 0
+
+    ChoiceList {
+        id: choices
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -26,42 +37,79 @@ Item {
         width: parent.width
     }
 
-    Row {
+    Item {
         x: Theme.pageSide
         width: Math.min(640, parent.width - 2 * x)
         height: parent.height
-        layoutDirection: Qt.RightToLeft
-        spacing: 8
 
-        OrvButton {
-            id: save
-            anchors.verticalCenter: parent.verticalCenter
-            kind: "primary"
-            text: root.saveText
-            busy: root.saving
-            enabled: root.canSave || root.saving
-            onClicked: root.saveRequested()
-        }
+        Row {
+            id: where
 
-        OrvButton {
-            id: discard
-            anchors.verticalCenter: parent.verticalCenter
-            text: "Discard"
-            enabled: !root.saving
-            onClicked: root.discardRequested()
-        }
+            readonly property var unsaved: [...choices.options].filter(section => section.ticked)
+            readonly property int most: extra.width > 0 ? 2 : 4
 
-        Text {
-            width: parent.width - save.width - discard.width - 16
+            width: buttons.x - 12
             height: parent.height
-            verticalAlignment: Text.AlignVCenter
-            textFormat: Text.PlainText
-            text: root.saving ? "Saving…" : root.hasErrors ? "Some fields need another look" : "Unsaved changes"
-            font: Theme.body
-            color: root.hasErrors ? Theme.negative : Theme.text2
-            elide: Text.ElideRight
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
+            spacing: 6
+            clip: true
+
+            Text {
+                height: parent.height
+                verticalAlignment: Text.AlignVCenter
+                textFormat: Text.PlainText
+                text: root.saving ? "Saving…" : root.hasErrors ? "Some fields need another look"
+                    : where.unsaved.length > 0 ? "Unsaved changes in" : "Unsaved changes"
+                font: Theme.body
+                color: root.hasErrors ? Theme.negative : Theme.text2
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+
+            Repeater {
+                model: root.saving || root.hasErrors ? [] : where.unsaved.slice(0, where.most)
+
+                OrvLink {
+                    required property choice modelData
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: modelData.label
+                    onClicked: root.sectionRequested(modelData.key)
+                }
+            }
+
+            OrvLink {
+                visible: !root.saving && !root.hasErrors && where.unsaved.length > where.most
+                anchors.verticalCenter: parent.verticalCenter
+                text: "and " + (where.unsaved.length - where.most) + " more"
+                onClicked: root.sectionRequested(where.unsaved[where.most].key)
+            }
+        }
+
+        Row {
+            id: buttons
+            anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+            spacing: 8
+
+            Row {
+                id: extra
+                spacing: 8
+            }
+
+            OrvButton {
+                visible: root.changed
+                text: "Discard"
+                enabled: !root.saving
+                onClicked: root.discardRequested()
+            }
+
+            OrvButton {
+                visible: root.changed
+                kind: "primary"
+                text: root.saveText
+                busy: root.saving
+                enabled: root.canSave || root.saving
+                onClicked: root.saveRequested()
+            }
         }
     }
 }

@@ -5,6 +5,8 @@ import Orvella.Design
 Column {
     id: root
 
+    /// By which a list of sections leads to it.
+    property string key: ""
     property string title: ""
     property string help: ""
 

@@ -16,7 +16,7 @@ OnDemand {
         dialogWidth: root.adding.way === "csv" ? 640 : 480
         confirmText: root.adding.submitLabel
         confirmEnabled: root.adding.canSubmit
-        cancelText: root.adding.form.busy ? "Hide" : "Cancel"
+        cancelText: root.adding.form.busy ? "Hide" : root.adding.hasAdded ? "Done" : "Cancel"
         error: root.adding.form.error
         initialFocus: root.adding.way === "manual" ? byHand : null
         onConfirmed: root.adding.submit()

@@ -56,7 +56,7 @@ Item {
         font: Theme.pageTitle
         color: Theme.text
         Accessible.role: Accessible.Heading
-        Accessible.name: text
+        Accessible.name: root.loaded ? text + ", " + badge.text : ""
     }
 
     CampaignBadge {
@@ -85,7 +85,8 @@ Item {
 
         OrvButton {
             visible: root.action !== "" && root.store.canWrite
-            kind: root.action === "launch" ? "primary" : "secondary"
+            // Not the thing to do before there is something to launch.
+            kind: root.store.readyToLaunch ? "primary" : "secondary"
             text: root.action === "pause" ? "Pause" : root.action === "resume" ? "Resume" : "Launch"
             iconName: root.action === "pause" ? "media-playback-pause" : "media-playback-start"
             busy: root.store.busy
@@ -103,7 +104,7 @@ Item {
 
     ActionMenu {
         id: menu
-        title: "More"
+        title: "Actions for " + root.store.name
         store: root.store
     }
 

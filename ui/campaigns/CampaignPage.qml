@@ -45,8 +45,15 @@ FocusScope {
         width: root.width
     }
 
-    ResourceView {
+    LaunchPath {
+        id: path
         y: line.y + line.height
+        width: root.width
+        store: root.store
+    }
+
+    ResourceView {
+        y: path.y + path.height
         width: root.width
         height: root.height - y
         resource: root.store.campaign

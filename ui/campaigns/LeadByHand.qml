@@ -19,6 +19,15 @@ FocusScope {
         onEdited: text => root.adding.draft.set(key, text)
     }
 
+    Connections {
+        target: root.adding
+
+        function onCleared() {
+            // Once the fields, which are off while a lead is added, can have the keyboard again.
+            Qt.callLater(email.forceActiveFocus, Qt.OtherFocusReason); // qmllint disable type
+        }
+    }
+
     Column {
         id: form
         width: root.width
@@ -30,6 +39,7 @@ FocusScope {
         }
 
         Field {
+            id: email
             width: parent.width
             focus: true
             key: "email"

@@ -4,14 +4,13 @@ import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
-/// The weekly hours in which a campaign sends, with a save of their own.
+/// The weekly hours in which a campaign sends, saved apart from the settings.
 SettingsSection {
     id: root
 
     required property ScheduleForm form
 
-    signal saveRequested()
-
+    key: "schedules"
     title: "Schedules"
 
     Repeater {
@@ -43,25 +42,19 @@ SettingsSection {
         spacing: 8
 
         OrvButton {
-            text: "Save schedule"
-            busy: root.form.saving
-            enabled: root.form.canSave || root.form.saving
-            onClicked: root.saveRequested()
+            kind: "ghost"
+            text: "Add schedule"
+            iconName: "list-add"
+            onClicked: root.form.add()
         }
 
         OrvButton {
             visible: root.form.dirty
             kind: "ghost"
             text: "Discard"
+            hint: "Puts back the schedules as they were saved"
             enabled: !root.form.saving
             onClicked: root.form.discard()
-        }
-
-        OrvButton {
-            kind: "ghost"
-            text: "Add schedule"
-            iconName: "list-add"
-            onClicked: root.form.add()
         }
     }
 }

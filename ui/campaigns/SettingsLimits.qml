@@ -11,6 +11,7 @@ SettingsSection {
     readonly property var values: form.draft.values
     readonly property var errors: form.draft.problems
 
+    key: "limits"
     title: "Limits"
 
     Grid {

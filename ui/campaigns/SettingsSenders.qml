@@ -12,6 +12,7 @@ SettingsSection {
     readonly property bool failed: picker.mailboxes.state === Resource.Error || picker.mailboxes.state === Resource.Offline
         || picker.mailboxes.moreFailed
 
+    key: "senders"
     title: "Senders"
     help: "Sends spread evenly across the ticked inboxes. An inbox with one of the tags below joins on its own, now and when it is added later."
 

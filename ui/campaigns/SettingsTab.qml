@@ -4,7 +4,7 @@ import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
 
-/// A campaign's settings and its schedule. What was changed waits in the store, with a bar that saves or discards it.
+/// A campaign's settings and its schedule. What was changed waits in the store, with one bar that saves either.
 FocusScope {
     id: root
 
@@ -12,40 +12,45 @@ FocusScope {
     readonly property CampaignSettings form: store.settings
     readonly property var values: form.draft.values
     readonly property var errors: form.draft.problems
+    readonly property ScheduleForm schedule: form.schedule
 
     function save() {
         form.save();
         fields.showWrong(null);
     }
 
+    function saveSchedule() {
+        schedule.save();
+        fields.showWrong(hours);
+    }
+
     /// After whoever asked has given the keyboard back.
-    function showSchedules() {
-        if (!store.schedulesAsked)
-            return;
-        store.schedulesAsked = false;
-        schedule.nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason);
+    function showAsked() {
+        const section = form.takeAsked();
+        if (section !== "")
+            fields.lead(section);
     }
 
     Component.onCompleted: {
         form.ensureLoaded();
-        Qt.callLater(showSchedules); // qmllint disable type
+        Qt.callLater(showAsked); // qmllint disable type
     }
 
     Connections {
-        target: root.store
+        target: root.form
 
-        function onChanged() {
-            if (root.store.schedulesAsked)
-                Qt.callLater(root.showSchedules); // qmllint disable type
+        function onSectionAsked() {
+            Qt.callLater(root.showAsked); // qmllint disable type
         }
     }
 
-    OrvForm {
+    SectionedForm {
         id: fields
-        width: root.width
-        height: root.height - bar.height
+        anchors.fill: parent
         focus: true
+        sections: root.form.sections
         editable: root.store.canWrite
+        footRoom: bar.height
 
         OrvNotice {
             width: parent.width
@@ -66,6 +71,7 @@ FocusScope {
 
         SettingsSection {
             width: parent.width
+            key: "campaign"
             title: "Campaign"
 
             OrvField {
@@ -104,6 +110,7 @@ FocusScope {
 
         SettingsSection {
             width: parent.width
+            key: "sending"
             title: "Sending"
 
             SettingsCheck {
@@ -153,6 +160,7 @@ FocusScope {
 
         SettingsSection {
             width: parent.width
+            key: "copies"
             title: "Copies"
 
             OrvField {
@@ -178,6 +186,7 @@ FocusScope {
 
         SettingsSection {
             width: parent.width
+            key: "dates"
             title: "Dates"
             help: "It sends between these dates, only inside the schedules below, spread evenly across each one."
 
@@ -209,32 +218,45 @@ FocusScope {
         }
 
         ScheduleSection {
-            id: schedule
+            id: hours
             width: parent.width
-            form: root.form.schedule
-            onSaveRequested: {
-                root.form.schedule.save();
-                fields.showWrong(schedule);
-            }
+            form: root.schedule
         }
     }
 
     SaveBar {
         id: bar
+        x: fields.listWidth
         y: root.height - height
-        width: root.width
-        shown: root.form.dirty || root.form.saving
+        width: root.width - x
+        shown: changed || (saveHours.visible && root.store.canWrite)
+        changed: root.form.dirty || root.form.saving
         saveText: "Save settings"
         saving: root.form.saving
         canSave: root.form.canSave
         hasErrors: Object.keys(root.errors).length > 0
+        sections: root.form.sections
         onSaveRequested: root.save()
         onDiscardRequested: root.form.discard()
+        onSectionRequested: key => fields.lead(key)
+
+        OrvButton {
+            id: saveHours
+            visible: root.schedule.unsaved || root.schedule.saving
+            kind: bar.changed ? "secondary" : "primary"
+            text: "Save schedule"
+            busy: root.schedule.saving
+            enabled: root.schedule.canSave || root.schedule.saving
+            onClicked: root.saveSchedule()
+        }
     }
 
     Shortcut {
         sequence: StandardKey.Save
-        enabled: root.form.canSave
-        onActivated: root.save()
+        enabled: root.form.canSave || (root.schedule.dirty && root.schedule.canSave)
+        onActivated: {
+            root.form.saveAll();
+            fields.showWrong(null);
+        }
     }
 }

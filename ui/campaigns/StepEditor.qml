@@ -98,7 +98,7 @@ FocusScope {
         EmailField {
             id: subject
             x: subjectLabel.x + subjectLabel.width + 14
-            width: thread.x - x - 12
+            width: (thread.visible ? thread.x : root.width - 4) - x - 12
             anchors.verticalCenter: parent.verticalCenter
             singleLine: true
             font: Theme.body
@@ -111,15 +111,26 @@ FocusScope {
             onActiveFocusChanged: if (activeFocus) root.written = subject
         }
 
-        OrvButton {
+        OrvSegments {
             id: thread
+
+            readonly property string help: root.editor.sameThread ? "Replies in the same thread. Click for a new thread."
+                                                                  : "Starts a new thread. Click for the same thread."
+
+            // There is nothing before the first email that it could reply to.
+            visible: root.editor.place > 0
             anchors { right: parent.right; rightMargin: 16; verticalCenter: parent.verticalCenter }
             enabled: root.canWrite
-            text: root.editor.sameThread ? "Same thread" : "New thread"
-            iconName: root.editor.sameThread ? "mail-reply-sender" : "mail-message"
-            hint: root.editor.sameThread ? "Replies in the same thread. Click for a new thread."
-                                         : "Starts a new thread. Click for the same thread."
-            onClicked: root.editor.setSameThread(!root.editor.sameThread)
+            opacity: enabled ? 1 : 0.6
+            label: "Thread"
+            Accessible.description: help
+            options: [{ key: "same", label: "Same thread" }, { key: "new", label: "New thread" }]
+            current: root.editor.sameThread ? "same" : "new"
+            onChosen: key => root.editor.setSameThread(key === "same")
+
+            OrvTooltip {
+                text: thread.help
+            }
         }
     }
 

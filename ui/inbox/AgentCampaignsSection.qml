@@ -10,6 +10,7 @@ SettingsSection {
 
     signal retryRequested()
 
+    key: "campaigns"
     title: "Campaigns"
     help: "The AI replies and follows up only on campaigns in Active. Click a campaign to move it."
 

@@ -12,15 +12,10 @@ Column {
     readonly property var errors: form.draft.problems
     readonly property real half: (width - 24) / 2
 
-    function sectionOf(key: string): Item {
-        return key === "rep" ? rep : key === "knowledge" ? knowledge : key === "instructions" ? instructions
-             : key === "booking" ? booking : followups;
-    }
-
     spacing: 28
 
     SettingsSection {
-        id: rep
+        key: "rep"
         width: parent.width
         title: "The rep"
         help: "The rep the AI writes as, and its sign-off."
@@ -69,7 +64,7 @@ Column {
     }
 
     SettingsSection {
-        id: knowledge
+        key: "knowledge"
         width: parent.width
         title: "Knowledge base"
         help: "The only company facts the AI may state as true. Prices, results and services it cannot find here are never claimed."
@@ -91,7 +86,7 @@ Column {
     }
 
     SettingsSection {
-        id: instructions
+        key: "instructions"
         width: parent.width
         title: "Instructions and training"
         help: "Instructions are behaviour and tone rules. Training is examples of good and bad wording; it is never company fact."
@@ -116,7 +111,7 @@ Column {
     }
 
     SettingsSection {
-        id: booking
+        key: "booking"
         width: parent.width
         title: "Booking link"
         help: "The link the AI adds when a prospect asks for a time."
@@ -136,7 +131,7 @@ Column {
     }
 
     SettingsSection {
-        id: followups
+        key: "followups"
         width: parent.width
         title: "Follow-ups"
         help: "Nudges after your last email when the prospect goes quiet."

@@ -10,6 +10,7 @@ SettingsSection {
 
     required property AgentMode mode
 
+    key: "mode"
     title: "Default mode"
 
     Column {

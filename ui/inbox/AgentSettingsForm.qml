@@ -15,53 +15,12 @@ FocusScope {
         fields.showWrong(null);
     }
 
-    Rectangle {
-        width: list.width
-        height: root.height
-        color: Theme.surface
-
-        Rectangle {
-            x: parent.width - 1
-            width: 1
-            height: parent.height
-            color: Theme.border
-        }
-    }
-
-    AgentSectionList {
-        id: list
-        width: root.width >= 760 ? 200 : 0
-        visible: width > 0
-        height: root.height
-        sections: root.agent.sections
-        current: fields.sectionInView
-        onChosen: key => fields.reveal(fields.sectionOf(key))
-    }
-
-    OrvForm {
+    SectionedForm {
         id: fields
-
-        /// Of what the person was led to, or else what has been scrolled to the top.
-        readonly property string sectionInView: {
-            let inView = "";
-            for (const entry of root.agent.sections) {
-                const section = sectionOf(entry.key);
-                for (let at = followed; at; at = at.parent)
-                    if (at === section) return entry.key;
-                const top = section.y + (section.parent === settings ? settings.y : 0);
-                if (inView === "" || top <= contentY + 56) inView = entry.key;
-            }
-            return inView;
-        }
-
-        function sectionOf(key: string): Item {
-            return key === "mode" ? mode : key === "campaigns" ? campaigns : settings.sectionOf(key);
-        }
-
-        x: list.width
-        width: root.width - x
-        height: root.height - bar.height
+        anchors.fill: parent
         focus: true
+        sections: root.agent.sections
+        footRoom: bar.height
 
         OrvNotice {
             width: parent.width
@@ -88,7 +47,6 @@ FocusScope {
         }
 
         AgentModeSection {
-            id: mode
             width: parent.width
             mode: root.agent.mode
         }
@@ -98,7 +56,6 @@ FocusScope {
         }
 
         AgentCampaignsSection {
-            id: campaigns
             width: parent.width
             campaigns: root.agent.campaigns
             onRetryRequested: root.agent.refresh()
@@ -109,7 +66,6 @@ FocusScope {
         }
 
         AgentFields {
-            id: settings
             width: parent.width
             enabled: root.agent.canWrite
             form: root.form
@@ -118,7 +74,7 @@ FocusScope {
 
     SaveBar {
         id: bar
-        x: list.width
+        x: fields.listWidth
         y: root.height - height
         width: root.width - x
         shown: root.form.dirty || root.form.saving
@@ -126,6 +82,8 @@ FocusScope {
         saving: root.form.saving
         canSave: root.form.canSave
         hasErrors: Object.keys(root.form.draft.problems).length > 0
+        sections: root.agent.sections
+        onSectionRequested: key => fields.lead(key)
         onSaveRequested: root.save()
         onDiscardRequested: root.form.discard()
     }

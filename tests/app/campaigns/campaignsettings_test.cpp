@@ -443,7 +443,7 @@ class CampaignSettingsTest : public QObject {
     schedule->setText(0, u"end"_s, u"18:00"_s);
     load(campaign(8).replace("17:00", "20:00"));
     QCOMPARE(window(0).value(u"end"_s).toString(), u"18:00"_s);
-    QVERIFY2(schedule->note().contains(u"Week (Mon Tue, 09:00 to 20:00, Europe/Berlin)"_s),
+    QVERIFY2(schedule->note().contains(u"Week (Mon, Tue, 09:00 to 20:00, Europe/Berlin)"_s),
              qPrintable(schedule->note()));
     f->api.expect(patched);
     schedule->save();

@@ -1,20 +1,32 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 
-/// Leads to the form's sections; a dot marks those with something unsaved.
+/// Leads to a form's sections; what is ticked has something unsaved. One stop in the tab order, the arrows lead on.
 FocusScope {
     id: root
 
-    property list<choice> sections
+    property alias sections: choices.options
     /// The key of the one that is in view.
-    property string current: ""
+    property alias current: choices.current
 
     signal chosen(string key)
 
+    function step(by: int) {
+        const key = choices.next(by);
+        if (key !== "")
+            chosen(key);
+    }
+
+    ChoiceList {
+        id: choices
+    }
+
+    activeFocusOnTab: true
     Accessible.role: Accessible.PageTabList
     Accessible.name: "Sections"
+    Keys.onUpPressed: step(-1)
+    Keys.onDownPressed: step(1)
 
     Column {
         x: 14
@@ -22,9 +34,9 @@ FocusScope {
         width: parent.width - 28
 
         Repeater {
-            model: root.sections
+            model: choices
 
-            T.AbstractButton {
+            Pressable {
                 id: entry
 
                 required property choice modelData
@@ -33,25 +45,26 @@ FocusScope {
                 width: parent.width
                 height: 30
                 text: modelData.label
-                focusPolicy: Qt.StrongFocus
-                activeFocusOnTab: true
+                // The list's focus is on the current one, so that it is heard.
+                focus: current
                 Accessible.role: Accessible.PageTab
                 Accessible.name: text + (modelData.ticked ? ", unsaved" : "")
+                Accessible.focusable: true
                 Accessible.selected: current
-                Accessible.onPressAction: clicked()
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
                 onClicked: root.chosen(modelData.key)
 
-                background: Rectangle {
+                Rectangle {
+                    anchors.fill: parent
                     radius: Theme.radiusControl
                     color: entry.current || entry.down ? Theme.pressed : entry.hovered ? Theme.hover : "transparent"
-                    FocusRing { visible: entry.visualFocus }
+
+                    FocusRing { visible: entry.current && root.activeFocus && InputMode.keyboard; inset: true }
                 }
 
-                contentItem: Text {
-                    leftPadding: 10
-                    rightPadding: entry.modelData.ticked ? 24 : 4
+                Text {
+                    x: 10
+                    width: parent.width - x - (mark.visible ? 24 : 4)
+                    height: parent.height
                     verticalAlignment: Text.AlignVCenter
                     elide: Text.ElideRight
                     textFormat: Text.PlainText
@@ -61,14 +74,11 @@ FocusScope {
                     Accessible.ignored: true
                 }
 
-                Rectangle {
+                UnsavedMark {
+                    id: mark
                     visible: entry.modelData.ticked
                     x: parent.width - 16
                     anchors.verticalCenter: parent.verticalCenter
-                    width: 7
-                    height: 7
-                    radius: 3.5
-                    color: Theme.accentText
                 }
             }
         }
