@@ -257,6 +257,51 @@ class CampaignTest : public QObject {
     QCOMPARE(f->toasts.toasts().last().message, u"Acme Q3 restored"_s);
   }
 
+  void aDraftShowsItsPath() {
+    const auto path = [this] {
+      QStringList steps;
+      for (const Choice& step : store->launchPath())
+        steps.append((step.ticked ? u"+ "_s : u"- "_s) + step.label + u' ' +
+                     (step.count < 0 ? step.detail : QString::number(step.count)));
+      return steps.join(u"; "_s);
+    };
+    load(campaign("draft"));
+    QCOMPARE(path(), u"- Emails 0; - Leads 0; - Senders 0; - Schedule not set"_s);
+    QVERIFY(!store->readyToLaunch());
+
+    // An email without a text is none that could go out; what is being written counts at once.
+    store->sequence()->insertStep(0);
+    QVERIFY2(path().startsWith("- Emails 1;"), qPrintable(path()));
+    store->sequence()->setBody(u"Hello"_s);
+    QVERIFY2(path().startsWith("+ Emails 1;"), qPrintable(path()));
+
+    store->openLaunchStep(u"senders"_s);
+    QCOMPARE(store->tab(), CampaignStore::Tab::settings);
+    QCOMPARE(store->settings()->takeAsked(), u"senders"_s);
+    store->openLaunchStep(u"leads"_s);
+    QCOMPARE(store->tab(), CampaignStore::Tab::leads);
+
+    const QByteArray sender =
+        R"({"mailboxId":"m","address":"a@b.c","displayName":"A","status":"active","ready":true,"capToday":1,"sentToday":0,"viaTag":false})";
+    const QByteArray whole =
+        R"(,"senders":[)" + sender +
+        R"(],"stats":{"leads":{"total":3,"queued":3,"active":0,"paused":0,"completed":0,)"
+        R"("replied":0,"bounced":0,"unsubscribed":0,"stopped":0},"sent":0,"delivered":0,"bounced":0,"replied":0,)"
+        R"("positive":0,"scheduled":0,"failed":0},"schedule":{"schedules":[{"name":"Main","days":[1,2,3,5],)"
+        R"("start":"09:00:00","end":"24:00","timeZone":"UTC"}]})";
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, campaign("draft", whole));
+    QCOMPARE(path(), u"+ Emails 1; + Leads 3; + Senders 1; + Schedule Mon–Wed, Fri 09:00–24:00"_s);
+    QVERIFY(store->readyToLaunch());
+
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, campaign("running", R"(,"launchedAt":"2026-11-01T08:00:00Z")"));
+    QVERIFY2(path().isEmpty() && !store->readyToLaunch(), qPrintable(path()));
+    store->close();
+  }
+
   void theLinkAndTheTabs() {
     load(campaign("draft", R"(,"parent":{"id":"p1","name":"Parent"})"));
     store->copyLink();

@@ -154,6 +154,44 @@ class CampaignSettingsTest : public QObject {
     QVERIFY(!form->dirty());
   }
 
+  void itSaysWhereSomethingIsUnsaved() {
+    const auto unsaved = [this] {
+      QStringList titles;
+      for (const Choice& section : form->sections())
+        if (section.ticked) titles.append(section.label);
+      for (const Choice& tab : store->tabs())
+        if (tab.ticked) titles.append(u"tab "_s + tab.label);
+      return titles;
+    };
+    load(campaign(7));
+    QCOMPARE(unsaved(), QStringList());
+    form->draft()->set(u"bcc"_s, u"b@a.example"_s);
+    form->draft()->set(u"gap"_s, u"9"_s);
+    schedule->toggleDay(0, 5);
+    QCOMPARE(unsaved(), (QStringList{u"Limits"_s, u"Copies"_s, u"Schedules"_s, u"tab Settings"_s}));
+    form->discard();
+    QCOMPARE(unsaved(), (QStringList{u"Schedules"_s, u"tab Settings"_s}));
+
+    // Both at once are two requests, the second on what the first left.
+    form->draft()->set(u"gap"_s, u"9"_s);
+    f->api.expect(patched);
+    form->saveAll();
+    QVERIFY(!sent().contains("schedule"_L1));
+    f->api.expect(patched);
+    f->api.answer(patched, campaign(8, R"(,"gapSeconds":540)"));
+    QCOMPARE(lastToast(), u"Settings saved"_s);
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
+    QCOMPARE(sent().keys(), QStringList{u"schedule"_s});
+    f->api.answer(patched, QByteArray(campaign(9, R"(,"gapSeconds":540)")).replace("[1,2]", "[1,2,5]"));
+    QCOMPARE(lastToast(), u"Schedule saved"_s);
+    QCOMPARE(unsaved(), QStringList());
+
+    // Hours that are only offered are to be saved, but nobody's work.
+    load(R"({"id":"c1","name":"Acme","status":"draft","version":10})");
+    QCOMPARE(unsaved(), QStringList{u"Schedules"_s});
+    QVERIFY(schedule->canSave() && !form->unsaved());
+  }
+
   void aRoundedGapIsWrittenOnlyWhenTyped() {
     load(campaign(7));
     form->draft()->set(u"gap"_s, u"3"_s);

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -93,10 +94,23 @@ class LeadAddingTest : public QObject {
                                   {u"email"_s, u"new@x.example"_s},
                                   {u"data"_s, QJsonObject{{u"firstName"_s, u"Ana"_s}}},
                                   {u"dedupe"_s, u"campaign"_s}}));
+    QSignalSpy cleared(adding, &LeadAdding::cleared);
     f->api.answer(add, addResult(1));
-    QCOMPARE(f->jobs.shown()->title(), u"1 lead added"_s);
-    QVERIFY(!adding->form()->shown());
+    QCOMPARE(toast(), u"1 lead added"_s);
     QCOMPARE(life->added, 1);
+    QVERIFY2(!f->jobs.shown() && adding->form()->shown() && !adding->form()->busy(), "for the next lead");
+    QCOMPARE(cleared.count(), 1);
+    QCOMPARE(adding->draft()->typed().email, QString());
+
+    // Who was left out is named where it can be read in peace.
+    type("email", u"new@x.example"_s);
+    f->api.expect(add);
+    adding->submit();
+    f->api.answer(add, addResult(0, R"({"alreadyInCampaign":1,"inOtherCampaign":0,"inList":0,"suppressed":0,)"
+                                    R"("invalid":0,"duplicateInFile":0})"));
+    QCOMPARE(f->jobs.shown()->lines(), QStringList{u"1 was in this campaign already"_s});
+    QVERIFY(!adding->form()->shown());
+    QCOMPARE(cleared.count(), 1);
   }
 
   void eachKindLeftOutIsTold() {

@@ -90,6 +90,40 @@ class SequencePreviewTest final : public SequencePage {
     store->close();
   }
 
+  void aReplyHasTheSubjectOfItsThread_data() {
+    QTest::addColumn<QByteArray>("sequence");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::addColumn<QString>("shown");
+    const QByteArray alone = QByteArray(twoSteps).replace("\"sameThread\":true", "\"sameThread\":false");
+    QTest::newRow("of what this lead got") << twoSteps << u"Picked"_s << u""_s << u"Re: Picked"_s;
+    QTest::newRow("a reply already") << twoSteps << u"RE: Picked"_s << u""_s << u"RE: Picked"_s;
+    QTest::newRow("no subject anywhere") << twoSteps << u""_s << u""_s << u"(no subject)"_s;
+    QTest::newRow("a thread of its own") << alone << u"Picked"_s << u"Own"_s << u"Own"_s;
+    QTest::newRow("and no subject") << alone << u"Picked"_s << u""_s << u"(no subject)"_s;
+  }
+  void aReplyHasTheSubjectOfItsThread() {
+    QFETCH(QByteArray, sequence);
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    load(campaign(sequence));
+    auto* pane = editor->preview();
+    f->api.expect(leads);
+    pane->setWatched(true);
+    f->api.expect(preview);
+    f->clock.advance(SequencePreview::firstWait);
+    const auto part = [](int position, const QString& subject) {
+      return R"({"position":%1,"variants":[{"position":%1,"label":"A","subject":"%2","body":"","picked":false,"warnings":[]},
+                {"position":%1,"label":"B","subject":"%3","body":"","picked":true,"warnings":[]}]})"_L1.toString()
+          .arg(QString::number(position), position == 1 ? u"Not this one"_s : subject, subject);
+    };
+    f->api.answer(preview, (u"{\"steps\":["_s + part(1, first) + u',' + part(2, second) + u"]}"_s).toUtf8());
+    f->api.answer(leads, R"({"items":[]})");
+    editor->selectPlace(1);
+    QTEST(pane->subject(), "shown");
+    store->close();
+  }
+
   void theLeadsToPreviewForAreKnownOrToldOf() {
     load(campaign(twoSteps));
     auto* pane = editor->preview();
