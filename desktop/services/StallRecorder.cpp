@@ -32,20 +32,21 @@ void sample(int) {
 }  // namespace
 
 StallRecorder::StallRecorder(QAbstractEventDispatcher& dispatcher, std::chrono::milliseconds longest)
-    : m_longest(longest), m_main(pthread_self()) {
+    : m_longest(longest),
+      m_main(pthread_self()),
+      m_turns(
+          dispatcher,
+          [this] {
+            ++m_turn;
+            m_turn.notify_one();
+          },
+          [this] { ++m_turn; }) {
   // The first one loads the library that walks the stack, which a handler must not do.
   backtrace(stack.data(), 1);
   struct sigaction action {};
   action.sa_handler = sample;
   action.sa_flags = SA_RESTART;
   sigaction(sampleSignal(), &action, nullptr);
-  connect(&dispatcher, &QAbstractEventDispatcher::awake, this, [this] {
-    m_turn.fetch_or(1);
-    m_turn.notify_one();
-  });
-  connect(&dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] {
-    if (m_turn & 1) ++m_turn;
-  });
   m_watch = std::jthread([this](const std::stop_token& stop) { watch(stop); });
 }
 

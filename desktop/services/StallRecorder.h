@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QAbstractEventDispatcher>
 #include <atomic>
 #include <chrono>
 #include <thread>
+
+#include "desktop/services/LoopTurns.h"
 
 namespace orv {
 
@@ -11,12 +12,14 @@ namespace orv {
 /// that does not answer is nothing that somebody can look into afterwards.
 ///
 /// While nothing happens it costs nothing: its own thread sleeps until the event loop wakes. One per process.
-class StallRecorder : public QObject {
+class StallRecorder {
  public:
   /// Of the main thread, which it is made in.
   explicit StallRecorder(QAbstractEventDispatcher& dispatcher,
                          std::chrono::milliseconds longest = std::chrono::milliseconds(250));
-  ~StallRecorder() override;
+  StallRecorder(const StallRecorder&) = delete;
+  StallRecorder& operator=(const StallRecorder&) = delete;
+  ~StallRecorder();
 
   int recorded() const { return m_recorded; }
 
@@ -29,6 +32,7 @@ class StallRecorder : public QObject {
   std::atomic<quint32> m_turn = 0;
   std::atomic<int> m_recorded = 0;
   pthread_t m_main;
+  LoopTurns m_turns;
   std::jthread m_watch;
 };
 

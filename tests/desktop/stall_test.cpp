@@ -1,5 +1,6 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QTest>
 #include <QTimer>
 
@@ -43,6 +44,21 @@ class StallTest : public QObject {
     qInstallMessageHandler(handler);
     QVERIFY(logged.size() > 3);
     QVERIFY(logged.first().startsWith(QLatin1String("The window was held for more than 20 ms")));
+  }
+
+  /// As the program's own loop does, and unlike what waits in a test: it sleeps until there is something to do.
+  void aLoopThatSleptIsSeenHeld() {
+    StallRecorder recorder(*QAbstractEventDispatcher::instance(), 20ms);
+    QEventLoop loop;
+    // The first makes the loop wait for the second.
+    QTimer::singleShot(1, this, [] {});
+    QTimer::singleShot(5, this, [&] {
+      const int before = recorder.recorded();
+      holdTheWindow(2s, [&] { return recorder.recorded() > before; });
+      loop.quit();
+    });
+    loop.exec();
+    QCOMPARE(recorder.recorded(), 1);
   }
 };
 

@@ -1,0 +1,140 @@
+#include "tests/soak/Comparison.h"
+
+#include <QMetaProperty>
+
+#include "app/base/Draft.h"
+#include "app/base/PagedListBase.h"
+#include "app/base/Pages.h"
+#include "app/base/RowSelection.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv::soak {
+namespace {
+
+/// Closes what is open and forgets what was typed.
+constexpr const char* endings[] = {"cancel",      "dismiss",     "discard",      "closeInbox",
+                                   "closeDomain", "closeChecks", "clearProblem", "keep"};
+
+bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
+
+QMap<QString, QObject*> byPath(const QList<Part>& parts) {
+  QMap<QString, QObject*> objects;
+  for (const Part& part : parts) objects.insert(part.path, part.object);
+  return objects;
+}
+
+void sortAs(QObject& object, const QObject& other, const char* method, const char* key, const char* descending) {
+  const QVariant wanted = valueOf(other, key), down = valueOf(other, descending);
+  if (wanted.isValid() && (valueOf(object, key) != wanted || valueOf(object, descending) != down))
+    QMetaObject::invokeMethod(&object, method, Q_ARG(QString, wanted.toString()), Q_ARG(bool, down.toBool()));
+}
+
+}  // namespace
+
+QStringList Comparison::run() {
+  m_lines.clear();
+  for (const QVariant& one : m_shown.app().workspaces()) {
+    const QString slug = one.toMap().value(u"slug"_s).toString();
+    if (!m_shown.app().sessionOrder().contains(slug)) continue;
+    m_shown.app().openWorkspace(slug);
+    m_held.app().openWorkspace(slug);
+    comparePages(slug);
+  }
+  return m_lines;
+}
+
+void Comparison::comparePages(const QString& workspace) {
+  for (const auto& info : Pages::all()) {
+    const Page page = info.page;
+    if (page == Page::settings) {
+      for (const auto& tab : Pages::allTabs())
+        compare(workspace + u" settings "_s + Pages::name(tab.tab),
+                [tab = tab.tab](Router& router) { router.openSettings(tab); });
+      continue;
+    }
+    compare(workspace + u' ' + Pages::name(page), [page](Router& router) { router.open(page); });
+    for (const QString& id : m_shown.app().session()->itemOrder(page))
+      compare(workspace + u' ' + Pages::name(page) + u' ' + id,
+              [page, id](Router& router) { router.openItem(page, id); });
+  }
+}
+
+void Comparison::compare(const QString& name, const std::function<void(Router&)>& go) {
+  for (SoakClient* client : {&m_shown, &m_held}) {
+    go(*client->app().router());
+    client->look();
+  }
+  if (!m_shown.app().openPage()->store() || !m_held.app().openPage()->store()) {
+    m_lines.append(name + u": no such page"_s);
+    return;
+  }
+  putAway();
+  m_rest();
+  align();
+  if (m_refreshing) m_shown.app().openPage()->store()->refresh();
+  m_rest();
+  readAsFar();
+  const Reading shown = readingOf(*m_shown.app().openPage()->store());
+  const Reading held = readingOf(*m_held.app().openPage()->store());
+  for (const QString& line : differences(shown, held)) m_lines.append(name + u": "_s + line);
+  ++m_pages;
+  m_fields += held.size();
+}
+
+void Comparison::putAway() {
+  for (const Part& part : m_shown.page()) {
+    for (const char* ending : endings)
+      if (has(*part.object, QByteArray(ending) + "()")) QMetaObject::invokeMethod(part.object, ending);
+    if (auto* selection = qobject_cast<RowSelection*>(part.object)) selection->clear();
+  }
+}
+
+void Comparison::align() {
+  const auto held = byPath(m_held.page());
+  for (const Part& part : m_shown.page()) {
+    QObject* const other = held.value(part.path);
+    if (!other) continue;
+    const QMetaObject* type = part.object->metaObject();
+    for (int i = QObject::staticMetaObject.propertyCount(); i < type->propertyCount(); ++i) {
+      const QMetaProperty property = type->property(i);
+      if (!property.isWritable() || qstrcmp(property.name(), "watched") == 0) continue;
+      const QVariant value = property.read(other);
+      if (property.read(part.object) != value) property.write(part.object, value);
+    }
+    sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
+    sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
+  }
+  // What one of them has asked for, the other asks for as well.
+  const auto shown = byPath(m_shown.page());
+  const auto ask = [](const QMap<QString, QObject*>& first, const QMap<QString, QObject*>& second) {
+    for (auto one = first.begin(); one != first.end(); ++one) {
+      auto* const resource = qobject_cast<ResourceBase*>(one.value());
+      auto* const other = qobject_cast<ResourceBase*>(second.value(one.key()));
+      if (resource && other && other->isAsked()) resource->ensureLoaded();
+    }
+  };
+  ask(shown, held);
+  ask(held, shown);
+}
+
+void Comparison::readAsFar() {
+  constexpr int pagesAtMost = 20;
+  for (int page = 0; page < pagesAtMost; ++page) {
+    bool reads = false;
+    const auto held = byPath(m_held.page());
+    for (const Part& part : m_shown.page()) {
+      auto* const list = qobject_cast<PagedListBase*>(part.object);
+      auto* const other = qobject_cast<PagedListBase*>(held.value(part.path));
+      if (!list || !other || list->readCount() == other->readCount()) continue;
+      PagedListBase* const shorter = list->readCount() < other->readCount() ? list : other;
+      if (!shorter->canLoadMore()) continue;
+      shorter->loadMore();
+      reads = true;
+    }
+    if (!reads) return;
+    m_rest();
+  }
+}
+
+}  // namespace orv::soak

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "tests/soak/SoakClient.h"
+
+namespace orv::soak {
+
+/// Goes through every page of the client with a second one beside it, which has just been started and so shows what the
+/// service holds: each field of each page must be the same in both.
+///
+/// What the client is compared by is what it shows after the person has put their own things away: filters, ticks,
+/// dialogs, texts that are not saved. Those are theirs, and the service knows nothing of them.
+class Comparison {
+ public:
+  /// `rest` runs the event loop until nothing is under way.
+  Comparison(SoakClient& shown, SoakClient& held, std::function<void()> rest)
+      : m_shown(shown), m_held(held), m_rest(std::move(rest)) {}
+
+  /// The person presses "Refresh" on each page before it is compared.
+  void setRefreshing(bool refreshing) { m_refreshing = refreshing; }
+  /// A line for each difference, beginning with the page's name.
+  QStringList run();
+
+  int pages() const { return m_pages; }
+  qsizetype fields() const { return m_fields; }
+
+ private:
+  void comparePages(const QString& workspace);
+  void compare(const QString& name, const std::function<void(Router&)>& go);
+  void putAway();
+  /// The same filters, the same sorting, as many rows.
+  void align();
+  void readAsFar();
+
+  SoakClient& m_shown;
+  SoakClient& m_held;
+  std::function<void()> m_rest;
+  bool m_refreshing = false;
+  QStringList m_lines;
+  int m_pages = 0;
+  qsizetype m_fields = 0;
+};
+
+}  // namespace orv::soak

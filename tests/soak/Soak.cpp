@@ -1,0 +1,284 @@
+#include "tests/soak/Soak.h"
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
+#include <cstdio>
+
+#include "tests/soak/Comparison.h"
+#include "tests/soak/Ring.h"
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#include <sanitizer/allocator_interface.h>
+#define ORVELLA_SANITIZED
+#endif
+#endif
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace orv::soak {
+namespace {
+
+constexpr int quarters = 4;
+constexpr int calmPresses = 150;
+/// Longer than anything waits that a person is shown: a decision that can be taken back, a poll.
+constexpr auto allWaits = 75s;
+/// Of a page that was opened.
+constexpr auto loadWaits = 1s;
+constexpr int linesPrinted = 60;
+constexpr auto longestTurn = 100ms;
+constexpr double mostGrowth = 0.05;
+
+#ifdef ORVELLA_SANITIZED
+constexpr bool isSanitized = true;
+qint64 heapInUse() { return qint64(__sanitizer_get_current_allocated_bytes()); }
+#else
+constexpr bool isSanitized = false;
+qint64 heapInUse() { return qint64(mallinfo2().uordblks); }
+#endif
+
+qint64 resident() {
+  QFile file(u"/proc/self/statm"_s);
+  if (!file.open(QIODevice::ReadOnly)) return 0;
+  return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+}  // namespace
+
+Soak::Soak(const SoakPlan& plan)
+    : m_plan(plan), m_random(plan.seed), m_service(plan.seed), m_turns(*QAbstractEventDispatcher::instance()) {
+  m_client = std::make_unique<SoakClient>(m_clock, m_service.url(), m_folder.path());
+  m_client->transport().onRequest = [this](const QString& request) {
+    ++m_requests;
+    ring().add(u"      "_s + request);
+  };
+  m_hand = std::make_unique<Hand>(*m_client, m_random.next(), makeFiles());
+}
+
+QStringList Soak::makeFiles() {
+  const QMap<QString, QByteArray> contents{
+      {u"people.csv"_s, "email,first name,company\nnora@lund.example,Nora,Lund\nper@lund.example,Per,Lund\n"},
+      {u"broken.csv"_s, "email;\"name\nnobody"},
+      {u"empty.csv"_s, ""}};
+  QStringList paths;
+  for (auto file = contents.begin(); file != contents.end(); ++file) {
+    paths.append(m_folder.filePath(file.key()));
+    QFile written(paths.last());
+    if (!written.open(QIODevice::WriteOnly) || written.write(file.value()) < 0) qFatal("No file can be written");
+  }
+  paths.append(m_folder.filePath(u"gone.csv"_s));
+  return paths;
+}
+
+bool Soak::run() {
+  pump(50ms);
+  for (int quarter = 1; quarter <= quarters; ++quarter) {
+    restless(m_plan.real / quarters, m_plan.simulated / quarters);
+    mend();
+    comeBack();
+    rest(allWaits);
+    compare(u"quarter %1, after “Refresh”"_s.arg(quarter), true);
+    if (quarter == 1) proveComparison();
+    calm(calmPresses);
+    comeBack();
+    rest(allWaits);
+    compare(u"quarter %1, by itself"_s.arg(quarter), false);
+    measure();
+  }
+  judge();
+  return m_failures.isEmpty();
+}
+
+void Soak::restless(std::chrono::milliseconds real, std::chrono::milliseconds simulated) {
+  m_service.setFaults(m_plan.faults);
+  QElapsedTimer timer;
+  timer.start();
+  auto left = simulated;
+  while (!timer.hasExpired(real.count())) {
+    step();
+    if (m_random.chance(0.02)) trouble();
+    // As much of the hour as of the minute is over, in steps of their own lengths.
+    const auto due = simulated * timer.elapsed() / real.count() - (simulated - left);
+    const std::chrono::milliseconds passing(m_random.below(std::max<qint64>(1, 2 * due.count())));
+    left -= passing;
+    pass(passing, true);
+  }
+  pass(std::max(0ms, left), true);
+}
+
+/// Without faults, and with a service that does nothing by itself.
+void Soak::calm(int presses) {
+  for (int i = 0; i < presses; ++i) {
+    step();
+    pass(std::chrono::milliseconds(m_random.below(2000)), false);
+    if (m_random.chance(0.5)) rest(loadWaits);
+  }
+}
+
+void Soak::step() {
+  QMetaObject::invokeMethod(
+      m_client.get(),
+      [this] {
+        const QString what = m_hand->press();
+        if (what.isEmpty()) return;
+        ++m_pressed;
+        ring().add(u"%1 s  %2"_s.arg(double(m_passed.count()) / 1000, 0, 'f', 1).arg(what));
+        m_turns.setDoing(what);
+        m_client->look();
+      },
+      Qt::QueuedConnection);
+  pump(beat);
+}
+
+void Soak::trouble() {
+  ++m_troubles;
+  QString what;
+  switch (m_random.below(6)) {
+    case 0:
+      m_isDown ? m_service.restart() : m_service.kill();
+      m_isDown = !m_isDown;
+      if (!m_isDown) Q_EMIT m_client->network().cameUp();
+      what = m_isDown ? u"the service is gone"_s : u"the service is back"_s;
+      break;
+    case 1:
+      m_isHeld = !m_isHeld;
+      m_service.hold(m_isHeld ? m_random.pick(QStringList{u"/campaigns"_s, u"/mailboxes"_s, u"/inbox"_s}) : QString());
+      what = m_isHeld ? u"some requests are not answered"_s : u"they are again"_s;
+      break;
+    case 2:
+      if (m_random.chance(0.3)) m_service.failNext(demo::Faults::Kind::unauthorized);
+      what = u"the session ends, maybe"_s;
+      break;
+    case 3:
+    case 4:
+      m_service.bringReply();
+      what = u"somebody replies"_s;
+      break;
+    default:
+      m_service.setFaults(m_random.chance(0.3) ? 0.5 : m_plan.faults);
+      what = u"more faults, or fewer"_s;
+  }
+  ring().add(u"   -- "_s + what);
+}
+
+void Soak::mend() {
+  if (m_isDown) m_service.restart();
+  m_isDown = m_isHeld = false;
+  m_service.setFaults(0);
+  m_service.hold({});
+  // Late answers are on their way.
+  pass(10s, true);
+  Q_EMIT m_client->network().cameUp();
+}
+
+void Soak::pass(std::chrono::milliseconds time, bool serviceToo) {
+  m_passed += time;
+  if (serviceToo) m_service.pass(time);
+  constexpr std::chrono::milliseconds longest = 500ms;
+  while (time > 0ms) {
+    const auto part = std::min(time, longest);
+    time -= part;
+    QMetaObject::invokeMethod(
+        m_client.get(), [this, part] { m_clock.advance(part); }, Qt::QueuedConnection);
+    pump(0ms);
+  }
+}
+
+void Soak::pump(std::chrono::milliseconds time) {
+  QEventLoop loop;
+  QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
+  m_turns.end();
+}
+
+void Soak::rest(std::chrono::milliseconds quiet) {
+  const QDeadlineTimer limit(30s);
+  const auto isIdle = [this] { return m_client->transport().isIdle() && (!m_other || m_other->transport().isIdle()); };
+  for (auto left = quiet; left > 0ms;) {
+    pump(1ms);
+    if (limit.hasExpired()) return fail(u"requests never end"_s);
+    if (!isIdle()) continue;
+    pass(250ms, false);
+    left -= 250ms;
+  }
+  while (!isIdle() && !limit.hasExpired()) pump(1ms);
+}
+
+void Soak::comeBack() {
+  m_client->app().overlays()->dismissAll();
+  for (int attempt = 0; attempt < 20 && !m_client->isSignedIn(); ++attempt) {
+    m_client->signInFurther();
+    rest(loadWaits);
+  }
+  if (!m_client->isSignedIn()) fail(u"the person does not get in any more: "_s + m_client->app().signIn()->error());
+}
+
+void Soak::compare(const QString& when, bool refreshing) {
+  if (!m_client->isSignedIn()) return;
+  m_turns.setDoing(u"compared"_s);
+  m_other = std::make_unique<SoakClient>(m_clock, m_service.url(), m_folder.path());
+  for (int attempt = 0; attempt < 5 && !m_other->isSignedIn(); ++attempt) {
+    m_other->signInFurther();
+    rest(loadWaits);
+  }
+  Comparison comparison(*m_client, *m_other, [this] { rest(loadWaits); });
+  comparison.setRefreshing(refreshing);
+  const QStringList lines = comparison.run();
+  for (const QString& line : lines) fail(when + u": "_s + line);
+  m_compared += comparison.pages();
+  m_fields += comparison.fields();
+  m_other.reset();
+}
+
+void Soak::measure() {
+  AppModel& app = m_client->app();
+  app.router()->open(Page::dashboard);
+  app.jobs()->clearEnded();
+  app.toasts()->clear();
+  m_client->forget();
+  Q_EMIT m_client->memoryPressure().pressure();
+  rest(allWaits);
+  malloc_trim(0);
+  m_heap.append(heapInUse());
+  m_resident.append(resident());
+}
+
+void Soak::proveComparison() {}
+
+void Soak::judge() {
+  const auto grown = [](const QList<qint64>& sizes) { return double(sizes.last()) / double(sizes.first()) - 1; };
+  const auto told = [](const QList<qint64>& sizes) {
+    QStringList texts;
+    for (const qint64 size : sizes) texts.append(QString::number(double(size) / 1e6, 'f', 1));
+    return texts.join(u", "_s);
+  };
+  if (grown(m_heap) > mostGrowth) fail(u"memory in use grew by %1 %"_s.arg(100 * grown(m_heap), 0, 'f', 1));
+  if (!isSanitized && grown(m_resident) > mostGrowth)
+    fail(u"the resident set grew by %1 %"_s.arg(100 * grown(m_resident), 0, 'f', 1));
+  const double longest = double(m_turns.longest().count()) / 1000;
+  if (!isSanitized && m_turns.longest() > longestTurn)
+    fail(u"the event loop stood for %1 ms: %2"_s.arg(longest).arg(m_turns.during()));
+  std::printf("%d steps, %d troubles, %d requests in %.1f minutes of simulated time\n", m_pressed, m_troubles,
+              m_requests, double(m_passed.count()) / 60'000);
+  std::printf("%d pages compared, %lld fields\n", m_compared, (long long)m_fields);
+  std::printf("Memory in use after each quarter: %s MB; resident: %s MB%s\n", qPrintable(told(m_heap)),
+              qPrintable(told(m_resident)), isSanitized ? " (not judged: the sanitizer keeps what was freed)" : "");
+  std::printf("Longest turn of the event loop: %.1f ms%s, %s\n", longest, isSanitized ? " (not judged)" : "",
+              qPrintable(m_turns.during()));
+}
+
+void Soak::fail(const QString& what) {
+  if (m_failures.isEmpty()) ring().print();
+  m_failures.append(what);
+  if (m_failures.size() <= linesPrinted) std::fprintf(stderr, "FAULT: %s\n", qPrintable(what));
+}
+
+}  // namespace orv::soak
