@@ -31,7 +31,7 @@ OnDemand {
 
         function pick(index: int) {
             const item = kind((index + kindItems.count) % kindItems.count);
-            item.chosen();
+            item.clicked();
             item.forceActiveFocus(Qt.TabFocusReason);
         }
 
@@ -57,14 +57,14 @@ OnDemand {
                     required property int index
 
                     width: kinds.width
-                    title: modelData.label
+                    text: modelData.label
                     detail: modelData.detail
                     picked: root.form.mode === modelData.key
                     isEntry: index === Math.max(0, dialog.pickedKind)
-                    onChosen: root.form.mode = modelData.key
+                    onClicked: root.form.mode = modelData.key
                     onStepped: by => dialog.pick(index + by)
                     onEntered: {
-                        chosen();
+                        clicked();
                         root.form.goOn();
                     }
                 }
