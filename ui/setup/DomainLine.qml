@@ -24,6 +24,8 @@ Rectangle {
     color: hover.hovered ? Theme.hover : "transparent"
     Accessible.role: Accessible.ListItem
     Accessible.name: detail === "" ? domain : domain + ", " + detail
+    Accessible.focusable: true
+    Accessible.focused: current
 
     HoverHandler {
         id: hover

@@ -14,6 +14,12 @@ Item {
     /// What the service gives back of it, in place of dots.
     property string shownText: ""
 
+    // What was pressed goes with it.
+    function keep() {
+        secret.keep();
+        replaceLink.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     implicitHeight: secret.open ? field.height + (undo.visible ? undo.height : 0) : kept.height
 
     OrvField {
@@ -33,7 +39,7 @@ Item {
         visible: root.secret.open && root.secret.stored
         y: field.height
         text: "Keep the stored one"
-        onClicked: root.secret.keep()
+        onClicked: root.keep()
     }
 
     FieldFrame {
@@ -76,6 +82,7 @@ Item {
             }
 
             OrvLink {
+                id: replaceLink
                 visible: !root.secret.clearing
                 text: "Replace"
                 Accessible.name: "Replace " + root.label
@@ -89,14 +96,18 @@ Item {
                 visible: !root.secret.clearing
                 text: "Remove"
                 Accessible.name: "Remove " + root.label
-                onClicked: root.secret.clear()
+                onClicked: {
+                    root.secret.clear();
+                    keepLink.forceActiveFocus(Qt.OtherFocusReason);
+                }
             }
 
             OrvLink {
+                id: keepLink
                 visible: root.secret.clearing
                 text: "Keep"
                 Accessible.name: "Keep " + root.label
-                onClicked: root.secret.keep()
+                onClicked: root.keep()
             }
         }
     }
