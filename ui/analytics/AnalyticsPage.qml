@@ -28,7 +28,7 @@ FocusScope {
         }
     }
 
-    FilterLine {
+    OrvFilterLine {
         id: filters
         y: header.height
         width: root.width
@@ -93,9 +93,9 @@ FocusScope {
                 onSeriesToggled: key => root.store.toggleSeries(key)
             }
 
-            OrvTabs {
+            pinned: OrvTabs {
                 id: tabs
-                width: parent.width
+                width: parent?.width ?? 0
                 label: "Figures by"
                 options: [
                     { key: "campaigns", label: "Campaigns", count: root.store.campaignRows.count },

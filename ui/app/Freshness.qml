@@ -7,6 +7,8 @@ Text {
 
     /// An invalid date, or none, while nothing was loaded.
     property var loadedAt: undefined
+    /// There is no connection: how old it is counts then, not how long ago it came.
+    property bool offline: false
     property real now: Date.now()
     readonly property real seconds: loadedAt ? (now - loadedAt.getTime()) / 1000 : NaN
 
@@ -16,6 +18,9 @@ Text {
     color: Theme.text3
     textFormat: Text.PlainText
     text: {
+        const today = new Date(now).toDateString() === loadedAt?.toDateString();
+        if (offline)
+            return "Data from " + Qt.formatDateTime(loadedAt, today ? "HH:mm" : "d MMM, HH:mm");
         const minutes = Math.floor(seconds / 60);
         if (minutes < 1)
             return "Updated just now";

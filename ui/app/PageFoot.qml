@@ -63,5 +63,6 @@ Item {
         anchors { right: parent.right; rightMargin: Theme.pageSide }
         height: parent.height
         loadedAt: root.resource !== null ? root.resource.loadedAt : undefined
+        offline: root.resource !== null && root.resource.state === Resource.Offline
     }
 }

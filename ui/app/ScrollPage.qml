@@ -8,6 +8,8 @@ FocusScope {
     id: root
 
     default property alias content: column.data
+    /// Stays over the table's head, tabs say.
+    property alias pinned: pin.data
     /// Stands below the content from one edge to the other: the table, and what takes its place when it has no rows.
     property alias below: host.data
     /// The table in `below`, with scrolledByPage set; null while it has nothing to scroll.
@@ -17,7 +19,8 @@ FocusScope {
     property real maximumWidth: Infinity
     readonly property real viewHeight: scroll.height
 
-    readonly property real tableTop: column.y + column.height + 16
+    readonly property real pinTop: column.y + column.height + 16
+    readonly property real tableTop: pinTop + pin.height
     readonly property real headHeight: 32
     readonly property real full: table === null ? belowHeight
         : headHeight + table.rows.count * table.rowHeight + (table.loadingMore || table.moreFailed ? 44 : 0)
@@ -34,7 +37,7 @@ FocusScope {
 
     /// How far the table is scrolled where the page is.
     function wanted(): real {
-        return Math.max(0, Math.min(scroll.contentY - tableTop, full - host.height));
+        return Math.max(0, Math.min(scroll.contentY - pinTop, full - host.height));
     }
 
     function scrollTo(y: real) {
@@ -51,7 +54,7 @@ FocusScope {
     /// The table knows which row is current, but not how much of the table the window shows.
     function showRow() {
         if (table !== null && table.activeFocus && table.currentRow >= 0)
-            showRange(tableTop + headHeight + table.currentRow * table.rowHeight, table.rowHeight, headHeight);
+            showRange(tableTop + headHeight + table.currentRow * table.rowHeight, table.rowHeight, headHeight + pin.height);
     }
 
     function showFocus() {
@@ -61,6 +64,8 @@ FocusScope {
         for (let parent = item; parent; parent = parent.parent) {
             if (parent === column)
                 return showRange(column.y + item.mapToItem(column, 0, 0).y - 12, item.height + 24, 0);
+            if (parent === pin)
+                return showRange(pinTop, pin.height + headHeight, 0);
             if (parent === host)
                 return showRow();
         }
@@ -95,10 +100,18 @@ FocusScope {
         }
 
         Item {
+            id: pin
+            x: column.x
+            y: host.y - height
+            width: column.width
+            height: childrenRect.height
+        }
+
+        Item {
             id: host
-            y: Math.max(root.tableTop, Math.min(scroll.contentY, root.tableTop + root.full - height))
+            y: Math.max(root.tableTop, Math.min(scroll.contentY + pin.height, root.tableTop + root.full - height))
             width: scroll.width
-            height: Math.min(root.full, Math.max(scroll.height, 240))
+            height: Math.min(root.full, Math.max(scroll.height - pin.height, 240))
 
             onHeightChanged: root.follow()
         }
@@ -111,7 +124,7 @@ FocusScope {
         function onContentYChanged() {
             const seen = root.table.contentY - root.table.originY;
             if (Math.abs(seen - root.wanted()) >= 1)
-                root.scrollTo(root.tableTop + seen);
+                root.scrollTo(root.pinTop + seen);
         }
         function onCurrentRowChanged() {
             root.showRow();

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.Design
 import Orvella.App
 
 /// A page that is a table: what it is, what of it shows, the table in each of its states, and how much that is.
@@ -25,7 +26,7 @@ FocusScope {
         height: visible ? implicitHeight : 0
     }
 
-    FilterLine {
+    OrvFilterLine {
         id: filters
         y: header.height
         width: root.width

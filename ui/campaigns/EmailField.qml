@@ -107,13 +107,30 @@ FocusScope {
                 contentY = cursor.y + cursor.height + room - height;
         }
 
+        EmailChips {
+            x: flick.contentX
+            y: flick.contentY
+            width: flick.width
+            height: flick.height
+            text: content
+            // A field of one line has its text in the middle.
+            origin: Qt.point(root.side - flick.contentX, (root.singleLine ? input.cursorRectangle.y : input.topPadding) - flick.contentY)
+            radius: Theme.radiusTag
+        }
+
+        TextLines {
+            document: input.textDocument
+            height: root.singleLine ? 0 : Theme.readingLine
+        }
+
         TextEdit {
             id: input
 
             width: flick.contentWidth
             height: flick.contentHeight
             leftPadding: root.side
-            rightPadding: root.side
+            // Longer lines are hard to read.
+            rightPadding: root.singleLine ? root.side : Math.max(root.side, width - root.side - Theme.readingWidth)
             topPadding: root.singleLine ? 0 : 14
             bottomPadding: root.singleLine ? 0 : 14
             focus: true
@@ -189,6 +206,8 @@ FocusScope {
                 textFormat: Text.PlainText
                 text: root.placeholder
                 font: root.font
+                lineHeightMode: Text.FixedHeight
+                lineHeight: root.singleLine ? 20 : Theme.readingLine
                 color: Theme.text3
                 elide: Text.ElideRight
                 Accessible.ignored: true

@@ -32,7 +32,7 @@ FormatCommand commandOf(const QString& name) {
 QTextCharFormat inked(const QColor& ink, const QColor& ground) {
   QTextCharFormat format;
   format.setForeground(ink);
-  format.setBackground(ground);
+  format.setProperty(EmailText::groundProperty, ground);
   return format;
 }
 
@@ -162,6 +162,7 @@ void EmailText::highlight() {
     block.layout()->setFormats(ranges);
     m_document->markContentsDirty(block.position(), block.length());
   }
+  Q_EMIT marked();
 }
 
 }  // namespace orv

@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QPointer>
 #include <QQuickTextDocument>
+#include <QTextFormat>
 
 #include "app/campaigns/TextVariables.h"
 
@@ -12,7 +13,7 @@ class QTextDocument;
 
 namespace orv {
 
-/// What a text control needs to be the field of an email: its text to the last byte, colours behind variables and spin
+/// What a text control needs to be the field of an email: its text to the last byte, colours for variables and spin
 /// groups while somebody types, and changes that one undo takes back.
 ///
 /// The control's own `text` turns some spaces into others, so nobody reads that. Its document knows one kind of line
@@ -29,6 +30,9 @@ class EmailText : public QObject {
   Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY isEmptyChanged)
 
  public:
+  /// Of a layout's format: the colour of the ground, which EmailChips draws.
+  static constexpr int groundProperty = QTextFormat::UserProperty;
+
   using QObject::QObject;
 
   QQuickTextDocument* document() const { return m_quickDocument; }
@@ -56,6 +60,8 @@ class EmailText : public QObject {
   void documentChanged();
   void coloursChanged();
   void isEmptyChanged();
+  /// Something else is set off, or in other colours.
+  void marked();
   /// By the person, or by a change that they asked for.
   void edited(const QString& text);
 

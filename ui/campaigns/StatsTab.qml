@@ -89,23 +89,29 @@ FocusScope {
                 onSeriesToggled: key => root.store.toggleSeries(key)
             }
 
-            OrvTabs {
-                width: parent.width
-                label: "Sections of the statistics"
-                options: root.store.sections
-                current: root.store.section
-                onChosen: key => root.store.section = key
-            }
+            pinned: Column {
+                width: parent?.width ?? 0
+                bottomPadding: 8
+                spacing: 8
 
-            Text {
-                width: parent.width
-                textFormat: Text.PlainText
-                text: root.store.sectionText
-                font: Theme.small
-                color: Theme.text2
-                elide: Text.ElideRight
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+                OrvTabs {
+                    width: parent.width
+                    label: "Sections of the statistics"
+                    options: root.store.sections
+                    current: root.store.section
+                    onChosen: key => root.store.section = key
+                }
+
+                Text {
+                    width: parent.width
+                    textFormat: Text.PlainText
+                    text: root.store.sectionText
+                    font: Theme.small
+                    color: Theme.text2
+                    elide: Text.ElideRight
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
             }
 
             below: StatsSection {

@@ -1,5 +1,4 @@
 import QtQuick
-import Orvella.Design
 
 /// The line between a page's header and its table: what is shown to the left, how it is searched to the right.
 Item {

@@ -73,6 +73,8 @@ QtObject {
     readonly property font paletteInput: Qt.font({family: family, pixelSize: 15})
     readonly property font emptyTitle: Qt.font({family: family, pixelSize: 14, weight: Font.DemiBold})
     readonly property font reading: Qt.font({family: family, pixelSize: 14})
+    readonly property int readingLine: 22
+    readonly property int readingWidth: 720
     readonly property font readingStrong: Qt.font({family: family, pixelSize: 14, weight: Font.Medium})
     readonly property font codeDigit: Qt.font({family: family, pixelSize: 20, weight: Font.DemiBold})
     readonly property font body: Qt.font({family: family, pixelSize: 13})

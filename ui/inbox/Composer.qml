@@ -130,13 +130,18 @@ FocusScope {
 
         T.ScrollBar.vertical: OrvScrollBar {}
 
+        TextLines {
+            document: input.textDocument
+            height: Theme.readingLine
+        }
+
         TextEdit {
             id: input
             width: scroll.width
             height: Math.max(scroll.height, contentHeight + topPadding + bottomPadding)
             topPadding: 2
             bottomPadding: 10
-            rightPadding: 8
+            rightPadding: Math.max(8, width - Theme.readingWidth)
             focus: true
             activeFocusOnTab: true
             textFormat: TextEdit.PlainText
@@ -179,6 +184,8 @@ FocusScope {
                 textFormat: Text.PlainText
                 text: root.placeholder
                 font: input.font
+                lineHeightMode: Text.FixedHeight
+                lineHeight: Theme.readingLine
                 color: Theme.text3
                 Accessible.ignored: true
             }

@@ -19,7 +19,7 @@ Item {
     required property bool open
 
     readonly property real textX: 56
-    readonly property real textWidth: Math.min(640, width - textX - 60)
+    readonly property real textWidth: Math.min(Theme.readingWidth, width - textX - 60)
 
     signal foldRequested(string id)
     signal linkChosen(string url)
@@ -125,6 +125,11 @@ Item {
         Item {
             height: piece.height + 2
 
+            TextLines {
+                document: piece.textDocument
+                height: Theme.readingLine
+            }
+
             // It can be selected and copied; it can hold nothing but text.
             TextEdit {
                 id: piece
@@ -135,7 +140,7 @@ Item {
                 textFormat: TextEdit.PlainText
                 wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
                 text: root.text
-                font: Theme.body
+                font: Theme.reading
                 color: root.part === "quote" ? Theme.text2 : Theme.text
                 selectionColor: Theme.accent
                 selectedTextColor: Theme.inkOnAccent

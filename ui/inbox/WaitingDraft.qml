@@ -133,16 +133,21 @@ Rectangle {
 
             T.ScrollBar.vertical: OrvScrollBar {}
 
+            TextLines {
+                document: words.textDocument
+                height: Theme.readingLine
+            }
+
             TextEdit {
                 id: words
                 y: 12
-                width: scroll.width - 8
+                width: Math.min(Theme.readingWidth, scroll.width - 8)
                 readOnly: true
                 selectByMouse: true
                 textFormat: TextEdit.PlainText
                 wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
                 text: root.conversation.draftText
-                font: Theme.body
+                font: Theme.reading
                 color: Theme.text
                 selectionColor: Theme.accent
                 selectedTextColor: Theme.inkOnAccent
