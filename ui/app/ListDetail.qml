@@ -83,6 +83,12 @@ FocusScope {
         }
     }
 
+    Binding {
+        target: root.table
+        property: "openKey"
+        value: root.shownKey
+    }
+
     // A key that is held passes many rows; where it comes to rest is what is looked at.
     Timer {
         id: rest

@@ -114,7 +114,9 @@ T.Popup {
 
             Flickable {
                 id: scroll
-                width: parent.width
+                // To the dialog's edges, so that the bar stands beside the content.
+                x: -root.leftPadding
+                width: parent.width + root.leftPadding + root.rightPadding
                 height: parent.height - 24 - buttons.height
                 contentHeight: column.implicitHeight
                 interactive: contentHeight > height
@@ -125,7 +127,8 @@ T.Popup {
 
                 Column {
                     id: column
-                    width: scroll.width
+                    x: root.leftPadding
+                    width: root.availableWidth
                     spacing: 10
 
                     DialogText {

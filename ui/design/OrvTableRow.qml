@@ -19,6 +19,8 @@ Rectangle {
         table.rows.marks;
         return table.rows.isTicked(key);
     }
+    /// It stands out on the `selected` ground.
+    readonly property bool marked: ticked || (key !== "" && key === table.openKey)
     readonly property bool busy: {
         table.rows.marks;
         return table.rows.isBusy(key);
@@ -31,7 +33,7 @@ Rectangle {
 
     width: Math.max(table.width, table.placed.contentWidth)
     height: table.rowHeight
-    color: ticked ? Theme.selected : hovered ? Theme.hover : Theme.surface
+    color: marked ? Theme.selected : hovered ? Theme.hover : Theme.surface
 
     Accessible.role: Accessible.Row
     Accessible.name: "row " + (index + 1).toLocaleString(Qt.locale(), "f", 0) + " of "
@@ -85,7 +87,7 @@ Rectangle {
     }
 
     Rectangle {
-        visible: root.ticked
+        visible: root.marked
         x: root.table.scrollX
         width: 2
         height: root.height

@@ -20,6 +20,8 @@ FocusScope {
     property bool choosable: true
     property alias tickedKeys: tableRows.tickedKeys
     property alias busyKeys: tableRows.busyKeys
+    /// The record whose detail shows beside the table; empty for none.
+    property string openKey: ""
     /// The column the rows are sorted by; empty is the service's order.
     property string sortKey: ""
     property bool sortDescending: true
@@ -46,6 +48,9 @@ FocusScope {
     readonly property real tickWidth: tickable ? 28 : 0
 
     readonly property bool ringShown: InputMode.keyboard
+
+    /// Where it was when somebody left it, { key, y, focused }; it goes back there as soon as the row is there.
+    property var wanted: ({})
 
     // Written by the table's parts.
     property int hoveredRow: -1

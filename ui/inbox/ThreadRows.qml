@@ -19,7 +19,7 @@ TableCore {
     canLoadMore: list.canLoadMore
     loadingMore: list.loadingMore
     moreFailed: list.moreFailed
-    tickedKeys: store.openId === "" ? [] : [store.openId]
+    openKey: store.openId
     busyKeys: store.busyIds
     columns: [
         OrvColumn { id: threadCells; key: "said"; title: "Conversation"; fill: true }

@@ -57,7 +57,7 @@ Item {
 
     OrvSelect {
         id: target
-        x: parent.width - width - 12
+        x: parent.width - width
         anchors.verticalCenter: parent.verticalCenter
         width: 220
         hint: root.name + ", import as"

@@ -9,6 +9,8 @@ Column {
 
     required property CsvImportForm importing
     readonly property int rowHeight: 40
+    /// To the dialog's edges; the bar stands in it.
+    readonly property int bleed: 24
     readonly property int rowsAtMost: Window.height >= 760 ? 8 : 5
 
     Item {
@@ -53,18 +55,20 @@ Column {
     }
 
     Rectangle {
-        width: parent.width
+        x: -root.bleed
+        width: root.width + 2 * root.bleed
         height: 32
         color: Theme.bg
 
-        HeadText { text: "Column" }
-        HeadText { x: 168; text: "Sample" }
-        HeadText { x: parent.width - 220 - 12; text: "Import as" }
+        HeadText { x: root.bleed; text: "Column" }
+        HeadText { x: root.bleed + 168; text: "Sample" }
+        HeadText { x: parent.width - 220 - root.bleed; text: "Import as" }
     }
 
     ListView {
         id: list
-        width: parent.width
+        x: -root.bleed
+        width: root.width + 2 * root.bleed
         height: Math.min(count, root.rowsAtMost) * root.rowHeight
         model: root.importing.columns
         boundsBehavior: Flickable.StopAtBounds
@@ -77,7 +81,8 @@ Column {
         T.ScrollBar.vertical: OrvScrollBar {}
 
         delegate: ImportColumnRow {
-            width: list.width
+            x: root.bleed
+            width: root.width
             height: root.rowHeight
             targets: root.importing.targets
             onChosen: (row, target) => root.importing.setTarget(row, target)

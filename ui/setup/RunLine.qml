@@ -32,7 +32,7 @@ OrvTableRow {
 
     label: isDomain ? domain + ", " + countText + (folded ? ", folded" : "")
                     : local + domain + ", " + stateText + (reason !== "" ? ", " + reason : "")
-    color: ticked ? Theme.selected : isDomain ? Theme.bg : hovered ? Theme.hover : Theme.surface
+    color: marked ? Theme.selected : isDomain ? Theme.bg : hovered ? Theme.hover : Theme.surface
 
     OrvCell {
         column: root.nameColumn
@@ -122,7 +122,7 @@ OrvTableRow {
                     color: behind ? (root.isDone ? Theme.positive : Theme.accentText)
                          : index === root.steps && root.isFailed ? Theme.negative
                          : index === root.steps && root.isUnderWay ? Qt.alpha(Theme.accentText, 0.5)
-                         : root.ticked ? Theme.surface : Theme.pressed
+                         : root.marked ? Theme.surface : Theme.pressed
                 }
             }
         }

@@ -50,7 +50,6 @@ FocusScope {
                 rowHeight: 34
                 model: root.store.runRows
                 keyRole: "id"
-                tickedKeys: root.store.selectedRow === "" ? [] : [root.store.selectedRow]
                 columns: [
                     OrvColumn { id: nameCells; key: "domain"; title: "Inbox"; fill: true; minimumWidth: 220 },
                     OrvColumn { id: roleCells; key: "role"; title: "Role"; preferredWidth: 80; yields: 2 },
