@@ -1,4 +1,7 @@
+#include <QSignalSpy>
 #include <QTemporaryDir>
+#include <functional>
+
 #include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
 #include "tests/ui/support/WindowTest.h"
@@ -88,6 +91,35 @@ class LeadListsWindowTest : public ui::WindowTest {
     m_stage->settle();
     press(Qt::Key_Return);
     QCOMPARE(m_stage->app().router()->page(), Page::campaigns);
+  }
+
+  void aFileOfManyColumnsCostsWhatIsSeenOfIt() {
+    QByteArray header = "email", row = "a@x.example";
+    for (int i = 1; i < 60'000; ++i) {
+      header += ',' + QByteArray::number(i % 10);
+      row += ',';
+    }
+    pressCalled(u"Import CSV"_s);
+    CsvImportForm& form = *leads().leadActions()->importing();
+    form.setFile(file(u"wide.csv"_s, header + '\n' + row + '\n'));
+    m_stage->until([&form] { return !form.looking(); }, u"the file"_s);
+    m_stage->settle();
+    QCOMPARE(form.columns()->count(), 60'000);
+    qsizetype shown = 0;
+    std::function<void(QQuickItem*)> count = [&](QQuickItem* item) {
+      shown += item->property("samples").isValid();
+      for (QQuickItem* child : item->childItems()) count(child);
+    };
+    count(m_stage->window().contentItem());
+    QVERIFY2(shown > 3 && shown < 30, qPrintable(QString::number(shown)));
+    // The field leaves the column that had it: two rows are told of, and no more.
+    QSignalSpy told(form.columns(), &QAbstractItemModel::dataChanged);
+    form.setTarget(59'999, u"email"_s);
+    QCOMPARE(told.size(), 2);
+    QCOMPARE(form.columns()->mapping().first(), u"extra"_s);
+    form.setTarget(59'999, u"email"_s);
+    QCOMPARE(told.size(), 2);
+    pressCalled(u"Cancel"_s);
   }
 
   void aListIsMadeRenamedDeletedAndTakenBack() {
