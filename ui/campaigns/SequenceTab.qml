@@ -11,6 +11,8 @@ FocusScope {
     property bool canWrite: true
 
     readonly property bool wide: width >= 1000
+    /// The window has no room for the emails beside the one that is written; they are a drawer.
+    readonly property bool narrow: Window.width > 0 && Window.width < 1024
     readonly property real previewWidth: width >= 1500 ? 400 : 316
 
     function write() {
@@ -62,14 +64,60 @@ FocusScope {
         onWriteRequested: writing.startWriting()
     }
 
-    Timeline {
+    Loader {
         id: timeline
         y: days.height
-        width: 264
+        width: root.narrow ? 48 : 264
         height: parent.height - y
-        editor: root.editor
-        canWrite: root.canWrite
-        onWriteRequested: writing.startWriting()
+        sourceComponent: root.narrow ? folded : emails
+    }
+
+    Component {
+        id: emails
+
+        Timeline {
+            editor: root.editor
+            canWrite: root.canWrite
+            onWriteRequested: {
+                emailsDrawer.shown = false;
+                writing.startWriting();
+            }
+        }
+    }
+
+    Component {
+        id: folded
+
+        Rectangle {
+            color: Theme.bg
+
+            OrvButton {
+                x: 9
+                y: 12
+                kind: "ghost"
+                iconOnly: true
+                iconName: "sidebar-expand-left"
+                text: "Emails"
+                onClicked: emailsDrawer.shown = true
+            }
+        }
+    }
+
+    OnDemand {
+        id: emailsDrawer
+
+        onShownChanged: follow()
+
+        sourceComponent: OrvDrawer {
+            title: "Emails"
+            onClosed: emailsDrawer.shown = false
+
+            Loader {
+                anchors.fill: parent
+                focus: true
+                sourceComponent: emails
+            }
+        }
     }
 
     OrvNotice {
@@ -114,7 +162,10 @@ FocusScope {
         title: "No emails yet"
         text: "A sequence is one email or more. The first goes out when a lead is added, the others when they don’t reply."
         actionText: root.canWrite ? "Write the first email" : ""
-        onActionRequested: timeline.insert(0)
+        onActionRequested: {
+            root.editor.insertStep(0);
+            writing.startWriting();
+        }
     }
 
     Loader {

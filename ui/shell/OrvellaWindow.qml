@@ -17,8 +17,9 @@ Window {
 
     readonly property string phase: app.phase
 
-    minimumWidth: 1024
-    minimumHeight: 700
+    // On a screen that is smaller, drawn large say, the window is still all on it.
+    minimumWidth: Math.min(1024, Screen.width > 0 ? Screen.width : 1024)
+    minimumHeight: Math.min(700, Screen.height > 0 ? Screen.height : 700)
     color: Theme.surface
     title: shell.view !== null ? shell.view.title : "Orvella"
 
@@ -116,9 +117,10 @@ Window {
 
     /// Sidebar, page, messages, and around again.
     function nextPane() {
-        if (toasts.hasFocus || root.app.toasts.count === 0 && shell.view !== null && shell.view.pageHasFocus)
+        const inPage = shell.view !== null && shell.view.pageHasFocus();
+        if (toasts.hasFocus || root.app.toasts.count === 0 && inPage)
             shell.view ? shell.view.focusSidebar() : toasts.toggleFocus();
-        else if (shell.view !== null && !shell.view.pageHasFocus)
+        else if (shell.view !== null && !inPage)
             shell.view.focusPage();
         else
             toasts.toggleFocus();
