@@ -61,6 +61,11 @@ void LeadColumns::setDatabase(const QString& database) {
   if (std::exchange(m_database, database) != database) Q_EMIT changed();
 }
 
+void LeadColumns::readAgain() {
+  const auto kept = m_preferences.leadColumns();
+  if (std::exchange(m_chosen, kept) != kept) Q_EMIT changed();
+}
+
 QStringList LeadColumns::shown() const {
   const auto chosen = m_chosen.constFind(m_database);
   QStringList shown;
@@ -86,6 +91,7 @@ QList<Choice> LeadColumns::choices() const {
 QString LeadColumns::industryTitle() const { return LeadWords::industryTitle(m_database); }
 
 void LeadColumns::toggle(const QString& key) {
+  readAgain();
   QStringList keys = shown();
   if (!keys.removeOne(key)) keys.append(key);
   // Kept in the order of the table.
@@ -98,6 +104,7 @@ void LeadColumns::toggle(const QString& key) {
 }
 
 void LeadColumns::reset() {
+  readAgain();
   if (m_chosen.remove(m_database) == 0) return;
   m_preferences.setLeadColumns(m_chosen);
   Q_EMIT changed();

@@ -22,6 +22,8 @@ class LeadColumns final : public QObject {
 
   const QString& database() const { return m_database; }
   void setDatabase(const QString& database);
+  /// Somebody may have chosen elsewhere: on the page of a list, or in another workspace.
+  void readAgain();
   /// Keys, in their order.
   QStringList shown() const;
   /// Those that the database has, beside the name, and whether each shows.

@@ -60,6 +60,7 @@ void LeadListStore::exportCsv() {
 }
 
 void LeadListStore::ensureLoaded() {
+  m_columns.readAgain();
   m_actions.ensureLoaded();
   m_lists.list()->ensureLoaded();
   if (m_results.list()->isAsked())

@@ -34,6 +34,7 @@ QList<Choice> LeadsStore::tabs() const {
 }
 
 void LeadsStore::ensureLoaded() {
+  m_finder.columns()->readAgain();
   m_actions.ensureLoaded();
   m_lists.ensureLoaded();
   m_finder.ensureLoaded();

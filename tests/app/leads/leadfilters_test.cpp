@@ -168,10 +168,15 @@ class LeadFiltersTest : public QObject {
 
   void columnsAreChosenForEachDatabase() {
     LeadColumns& columns = *f->finder.columns();
+    LeadColumns ofAList(f->preferences);
     const QStringList before = columns.shown();
     columns.toggle(u"phone"_s);
     columns.toggle(u"location"_s);
     QVERIFY(columns.shown().contains(u"phone"_s) && !columns.shown().contains(u"location"_s));
+    ofAList.toggle(u"tier"_s);
+    QVERIFY2(ofAList.shown().contains(u"phone"_s), "one place takes away what was chosen in the other");
+    columns.readAgain();
+    QVERIFY(columns.shown().contains(u"tier"_s));
     f->expectSearch();
     filters().chooseDatabase(u"instagram"_s);
     QVERIFY(columns.shown().contains(u"followers"_s) && columns.shown().contains(u"location"_s));
