@@ -85,14 +85,14 @@ std::unique_ptr<APITransport::Exchange> StagedTransport::exchange(APICall call,
       if (call.request.path.endsWith("/rampup"_L1) || call.request.path.endsWith("/campaigns"_L1) ||
           call.request.path.endsWith("/mailboxes"_L1) || call.request.path.endsWith("/lead-lists"_L1) ||
           call.request.path.endsWith("/lead-imports"_L1) || call.request.path.endsWith("/members"_L1) ||
-          call.request.path.endsWith("/invites"_L1) || call.request.path.endsWith("/inbox/drafts"_L1) ||
-          call.request.path.endsWith("/inbox/threads"_L1)) {
+          call.request.path.endsWith("/invites"_L1) || call.request.path.endsWith("/inbox-setup/templates"_L1) ||
+          call.request.path.endsWith("/inbox/drafts"_L1) || call.request.path.endsWith("/inbox/threads"_L1)) {
         receiver->receive(HTTPAnswer{200, {}, R"({"items":[],"archivedCount":0})"});
         break;
       }
       [[fallthrough]];
     case Mode::passing:
-      return std::make_unique<Counted>(*this, m_demo.exchange(std::move(call), std::move(receiver)));
+      return std::make_unique<Counted>(*this, m_api.exchange(std::move(call), std::move(receiver)));
   }
   return std::make_unique<Counted>(*this, nullptr);
 }
@@ -147,7 +147,7 @@ class Stage::Desktop final : public Browser,
 Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
     : m_time(time),
       m_service(time ? time->clock() : m_systemClock, 1, {setting.campaigns, setting.mailboxes, 0}),
-      m_transport(m_service),
+      m_transport(setting.service ? *setting.service : m_demo),
       m_keychain(u"com.orvella.render"_s),
       m_desktop(new Desktop) {
   m_transport.mode = setting.mode;
@@ -164,7 +164,10 @@ Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
                     QUrl(u"https://app.orvella.example"_s),
                     ClientWindow::thisDevice(),
                     {}};
-  if (setting.signedIn) platform.demoSession = StoredSession::from(m_service.signInDirectly(), clock.now());
+  if (setting.session)
+    platform.demoSession = setting.session;
+  else if (setting.signedIn)
+    platform.demoSession = StoredSession::from(m_service.signInDirectly(), clock.now());
   m_client = std::make_unique<ClientWindow>(engine, platform);
   app().appearance()->setSystemDark(setting.dark);
   app().appearance()->setReducedMotion(setting.reducedMotion);
