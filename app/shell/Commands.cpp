@@ -116,9 +116,12 @@ void Commands::addGeneral(QList<Command>& commands) const {
       {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
          app.router()->setCollapsed(!app.router()->collapsed());
        }});
-  commands.append({u"shortcuts"_s, actions, u"Shortcuts"_s, {}, u"code-context"_s, u"Ctrl+/"_s, [&app] {
+  commands.append({u"shortcuts"_s, actions, u"Shortcuts"_s, {}, u"code-context"_s, u"?"_s, [&app] {
                      app.router()->setShortcutsOpen(true);
                    }});
+  if (const Toasts::Toast* toast = undoable())
+    commands.append({u"undo"_s, actions, u"Undo"_s, toast->message, u"edit-undo"_s, u"Ctrl+Z"_s,
+                     [&app, id = toast->id] { app.toasts()->act(id); }});
   commands.append({u"changelog"_s, actions, u"What’s new"_s, app.program()->version(), u"help-about"_s, {}, [&app] {
                      app.program()->showChangelog();
                    }});
@@ -200,19 +203,61 @@ QList<Command> Commands::all() const {
   return commands;
 }
 
+const Toasts::Toast* Commands::undoable() const {
+  const QList<Toasts::Toast>& toasts = m_app.toasts()->toasts();
+  for (auto toast = toasts.crbegin(); toast != toasts.crend(); ++toast)
+    if (toast->actionLabel == "Undo"_L1) return &*toast;
+  return nullptr;
+}
+
+bool Commands::undo() {
+  const Toasts::Toast* toast = undoable();
+  if (toast) m_app.toasts()->act(toast->id);
+  return toast;
+}
+
 QVariantList Commands::sheet() const {
-  QVariantList lines{line(u"Anywhere"_s, u"Search or go to…"_s, u"Ctrl+K"_s),
-                     line(u"Anywhere"_s, u"Back to the last place"_s, u"Alt+Left"_s),
-                     line(u"Anywhere"_s, u"Forward again"_s, u"Alt+Right"_s),
-                     line(u"Anywhere"_s, u"Next pane, messages"_s, u"F6"_s)};
-  for (const Command& command : all())
-    if (!command.keys.isEmpty()) lines.append(line(command.group, command.title, command.keys));
-  const QString table = u"Table"_s;
-  for (const auto& [title, keys] :
-       {std::pair{u"Open"_s, u"Enter"_s}, std::pair{u"Row menu"_s, u"Shift+F10"_s}, std::pair{u"Rename"_s, u"F2"_s},
-        std::pair{u"Duplicate"_s, u"Ctrl+D"_s}, std::pair{u"Delete"_s, u"Del"_s}, std::pair{u"Copy"_s, u"Ctrl+C"_s},
-        std::pair{u"Search this page"_s, u"/"_s}})
-    lines.append(line(table, title, keys));
+  QVariantList lines;
+  // What is at hand comes first.
+  for (const PageAction& action : m_app.openPage()->actions())
+    if (!action.keys.isEmpty()) lines.append(line(m_app.router()->title(), action.title, action.keys));
+  const auto add = [&lines](const QString& group, std::initializer_list<std::pair<QString, QString>> keys) {
+    for (const auto& [title, pressed] : keys) lines.append(line(group, title, pressed));
+  };
+  add(u"Writing"_s, {{u"Bold, and on behind it"_s, u"Ctrl+B"_s},
+                     {u"Italic, and on behind it"_s, u"Ctrl+I"_s},
+                     {u"Variable"_s, u"{{"_s},
+                     {u"Add email"_s, u"Ctrl+Enter"_s},
+                     {u"Previous email"_s, u"Alt+Up"_s},
+                     {u"Next email"_s, u"Alt+Down"_s},
+                     {u"Save"_s, u"Ctrl+S"_s},
+                     {u"Undo"_s, u"Ctrl+Z"_s}});
+  add(u"Selecting"_s, {{u"Tick the row"_s, u"Space"_s},
+                       {u"Tick on upwards"_s, u"Shift+Up"_s},
+                       {u"Tick on downwards"_s, u"Shift+Down"_s},
+                       {u"Tick everything"_s, u"Ctrl+A"_s},
+                       {u"Untick everything"_s, u"Esc"_s},
+                       {u"Copy"_s, u"Ctrl+C"_s}});
+  add(u"Table"_s, {{u"Open"_s, u"Enter"_s},
+                   {u"Row menu"_s, u"Shift+F10"_s},
+                   {u"Rename"_s, u"F2"_s},
+                   {u"Duplicate"_s, u"Ctrl+D"_s},
+                   {u"Delete"_s, u"Del"_s},
+                   {u"Search this page"_s, u"/"_s}});
+  add(u"Anywhere"_s, {{u"Search or go to…"_s, u"Ctrl+K"_s},
+                      {u"What can be done with a result"_s, u"Ctrl+K →"_s},
+                      {u"Back to the last place"_s, u"Alt+Left"_s},
+                      {u"Forward again"_s, u"Alt+Right"_s},
+                      {u"Up to the list"_s, u"Esc"_s},
+                      {u"Next pane, messages"_s, u"F6"_s},
+                      {u"Undo, outside a text"_s, u"Ctrl+Z"_s}});
+  QList<Command> commands;
+  addGeneral(commands);
+  addPages(commands);
+  for (const Command& command : commands) {
+    const QString group = command.group == actionsGroup ? u"Anywhere"_s : command.group;
+    if (!command.keys.isEmpty() && command.id != "undo"_L1) lines.append(line(group, command.title, command.keys));
+  }
   return lines;
 }
 

@@ -17,6 +17,8 @@ class Commands final : public QObject {
   /// The shortcut sheet's lines: group, title and keys of every command that has keys, and of what controls do by
   /// themselves.
   Q_INVOKABLE QVariantList sheet() const;
+  /// Presses the newest message's "Undo"; false when none has one.
+  Q_INVOKABLE bool undo();
   /// Has loaded what is found by name; changed() follows.
   void load();
 
@@ -28,6 +30,7 @@ class Commands final : public QObject {
   void addPages(QList<Command>& commands) const;
   void addOpenPage(QList<Command>& commands) const;
   void addOtherPages(QList<Command>& commands) const;
+  const Toasts::Toast* undoable() const;
   void addGeneral(QList<Command>& commands) const;
   void addRecords(QList<Command>& commands) const;
   void addWorkspaces(QList<Command>& commands) const;

@@ -16,6 +16,7 @@ class OpenPage final : public QObject {
   Q_PROPERTY(orv::Store* store READ store NOTIFY changed)
   Q_PROPERTY(bool needsRoom READ needsRoom NOTIFY changed)
   Q_PROPERTY(QStringList keys READ keys NOTIFY changed)
+  Q_PROPERTY(bool isRecord READ isRecord NOTIFY changed)
 
  public:
   explicit OpenPage(Router& router, QObject* parent = nullptr);
@@ -26,6 +27,8 @@ class OpenPage final : public QObject {
   /// Its QML file; empty when its feature is off or no area has the page.
   QString view() const { return m_store ? m_shown.view : QString(); }
   Store* store() const { return m_store; }
+  /// It is the page of one record.
+  bool isRecord() const { return m_store && !m_shown.item.isEmpty(); }
   /// The sidebar folds to leave it room.
   bool needsRoom() const { return m_needsRoom; }
   /// Keys of its own actions.

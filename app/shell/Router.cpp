@@ -9,14 +9,29 @@ Router::Router(Preferences& preferences, Clock& clock, QObject* parent)
     : QObject(parent), m_preferences(preferences), m_clock(clock), m_collapsed(preferences.sidebarRail()) {}
 
 void Router::open(Page page) {
+  const bool isUp = page == m_page && !openedItem(page).isEmpty();
+  Q_EMIT leaving();
   if (!show(page)) return;
   m_items.clear();
   remember({.tab = page == Page::settings ? settingsTabName() : QString()});
+  if (isUp) viewAsBefore();
   Q_EMIT pageAsked(page);
   Q_EMIT changed();
+  if (isUp) Q_EMIT returned();
+}
+
+/// Of the same page, without a record, the last time that it was shown.
+void Router::viewAsBefore() {
+  Place& place = m_places[m_at];
+  for (qsizetype at = m_at - 1; at >= 0; --at) {
+    if (m_places[at].page != place.page || !m_places[at].item.isEmpty()) continue;
+    place.view = m_places[at].view;
+    return;
+  }
 }
 
 void Router::openItem(Page page, const QString& id) {
+  Q_EMIT leaving();
   if (!show(page)) return;
   m_items[page] = id;
   remember({});
@@ -31,6 +46,7 @@ void Router::showing(Page page, const QString& id) {
 }
 
 void Router::open(Page page, const PagePlace& place) {
+  Q_EMIT leaving();
   if (!show(page)) return;
   m_items.clear();
   followTab(place);
@@ -85,6 +101,7 @@ void Router::followTab(const PagePlace& place) {
 
 void Router::goTo(qsizetype place) {
   if (place < 0 || place >= m_places.size()) return;
+  Q_EMIT leaving();
   const Place to = m_places[place];
   // A feature that was switched off meanwhile is said to be off; the way through it stays open.
   m_at = place;
@@ -95,6 +112,7 @@ void Router::goTo(qsizetype place) {
   followTab(to.within);
   Q_EMIT changed();
   Q_EMIT walked(to.within);
+  Q_EMIT returned();
 }
 
 void Router::setPaletteOpen(bool open) {

@@ -88,6 +88,12 @@ class Router final : public QObject, public Navigator {
   bool canGoForward() const { return m_at + 1 < m_places.size(); }
   Q_INVOKABLE void goBack() { goTo(m_at - 1); }
   Q_INVOKABLE void goForward() { goTo(m_at + 1); }
+  /// From a record's page to the list that it is one of.
+  Q_INVOKABLE void goUp() { open(m_page); }
+  /// What the page looks like where the person is: which row is current, how far lists are scrolled. Nobody reads it
+  /// but the page when they come back.
+  Q_INVOKABLE void keepView(const QVariantMap& view) { m_places[m_at].view = view; }
+  Q_INVOKABLE QVariantMap keptView() const { return m_places[m_at].view; }
   /// The person went elsewhere within the open page: to another tab, or on with a search. What is typed in one go is
   /// one place.
   void moveTo(const PagePlace& place);
@@ -114,6 +120,10 @@ class Router final : public QObject, public Navigator {
   void pageAsked(orv::Pages::Page page);
   /// Back or forward: the page shows what it showed then.
   void walked(const orv::PagePlace& place);
+  /// Another place is about to be shown: the last moment to keep the view of this one.
+  void leaving();
+  /// A place is shown again that keeps a view.
+  void returned();
 
  private:
   /// Where the person was: a page, what was open in it, and where in that.
@@ -121,7 +131,10 @@ class Router final : public QObject, public Navigator {
     Page page;
     QString item;
     PagePlace within;
-    bool operator==(const Place&) const = default;
+    QVariantMap view = {};
+    bool operator==(const Place& other) const {
+      return page == other.page && item == other.item && within == other.within;
+    }
   };
 
   static constexpr qsizetype placesAtMost = 20;
@@ -129,6 +142,7 @@ class Router final : public QObject, public Navigator {
   static constexpr std::chrono::milliseconds typingRest{1500};
   /// What lay ahead is given up, as everywhere.
   void remember(const PagePlace& within);
+  void viewAsBefore();
   void goTo(qsizetype place);
   /// Which tab the settings show, where it is they that are open.
   void followTab(const PagePlace& place);

@@ -34,6 +34,9 @@ Item {
 
     OrvAddress {
         id: title
+
+        readonly property bool isPageHeading: true
+
         x: mark.x + mark.width + 8
         y: 12
         width: Math.min(implicitWidth, actions.x - x - badge.width - 34 - Math.min(check.implicitWidth, 150))
@@ -42,6 +45,11 @@ Item {
         font: Theme.pageTitle
         Accessible.role: Accessible.Heading
         Accessible.name: root.loaded ? text + ", " + badge.text : text
+        Accessible.focusable: true
+
+        FocusRing {
+            visible: title.activeFocus && InputMode.keyboard
+        }
     }
 
     ConnectionBadge {

@@ -9,11 +9,13 @@ Item {
     property string summary: ""
     /// What of it somebody should look after, behind the summary.
     property string attention: ""
+    /// Of what is under it: the actions end where that ends.
+    property real contentWidth: Infinity
     default property alias actions: actionRow.data
 
     implicitHeight: 66
 
-    Text {
+    OrvHeading {
         id: titleText
         x: Theme.pageSide
         y: 16
@@ -21,12 +23,7 @@ Item {
         height: 24
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        textFormat: Text.PlainText
         text: root.title
-        font: Theme.pageTitle
-        color: Theme.text
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
         Accessible.description: root.attention === "" ? root.summary : root.summary === "" ? root.attention : root.summary + ", " + root.attention
     }
 
@@ -64,7 +61,7 @@ Item {
 
     Row {
         id: actionRow
-        x: root.width - width - Theme.pageSide
+        x: Math.min(root.width - Theme.pageSide, Theme.pageSide + root.contentWidth) - width
         y: 16
         height: Theme.controlHeight
         spacing: 8

@@ -43,7 +43,7 @@ Item {
         }
     }
 
-    Text {
+    OrvHeading {
         id: title
         x: trail.x + trail.width + 8
         y: 12
@@ -51,11 +51,7 @@ Item {
         height: Theme.controlHeight
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        textFormat: Text.PlainText
         text: root.loaded ? root.store.name : ""
-        font: Theme.pageTitle
-        color: Theme.text
-        Accessible.role: Accessible.Heading
         Accessible.name: root.loaded ? text + ", " + badge.text : ""
     }
 

@@ -28,18 +28,13 @@ ListDetail {
         inboxTable.focusRows();
     }
 
-    Text {
+    OrvHeading {
         id: title
         x: Theme.pageSide
         y: 16
         height: 24
         verticalAlignment: Text.AlignVCenter
-        textFormat: Text.PlainText
         text: "Deliverability"
-        font: Theme.pageTitle
-        color: Theme.text
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
         Accessible.description: root.store.summary
     }
 

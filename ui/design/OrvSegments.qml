@@ -10,6 +10,8 @@ FocusScope {
     property alias current: choices.current
     property string label: ""
 
+    readonly property bool isStrip: true
+
     signal chosen(string key)
 
     readonly property alias currentIndex: choices.currentIndex

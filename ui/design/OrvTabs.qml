@@ -11,6 +11,8 @@ FocusScope {
     /// What the tabs are of: "Campaign sections".
     property string label: ""
 
+    readonly property bool isStrip: true
+
     signal chosen(string key)
 
     function step(by: int) {

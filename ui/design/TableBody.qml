@@ -121,9 +121,26 @@ ListView {
             scrollTo(top + table.rowHeight - height + table.footRoom);
     }
 
+    function goBack() {
+        const place = table.wanted;
+        const row = table.rows.rowOf(place.key ?? "");
+        if (row < 0)
+            return;
+        table.wanted = {};
+        table.rows.setCurrentRow(row);
+        forceLayout();
+        // The page around it goes back by itself.
+        if (!table.scrolledByPage)
+            scrollTo(place.y);
+        // Who has gone on meanwhile is not fetched back.
+        if (place.focused && (Window.activeFocusItem?.isPageHeading ?? false))
+            forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     function moveTo(row: int) {
         if (row < 0 || count === 0)
             return;
+        table.wanted = {};
         row = Math.min(row, count - 1);
         reveal(row);
         table.rows.setCurrentRow(row);
@@ -232,6 +249,14 @@ ListView {
     }
 
     Connections {
+        target: root.table
+
+        function onWantedChanged() {
+            root.goBack();
+        }
+    }
+
+    Connections {
         target: root.table.rows
         function onAboutToChange() {
             root.holdPosition();
@@ -243,6 +268,7 @@ ListView {
             root.restorePosition();
             root.focusCurrent();
             root.reuseItems = true;
+            root.goBack();
         }
     }
 

@@ -29,19 +29,14 @@ Item {
         color: Theme.text3
     }
 
-    Text {
+    OrvHeading {
         id: title
         x: mark.x + mark.width + 8
         width: Math.min(implicitWidth, actions.x - x - 16)
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        textFormat: Text.PlainText
         text: root.store.name
-        font: Theme.pageTitle
-        color: Theme.text
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
         Accessible.description: root.store.countText
     }
 

@@ -11,17 +11,12 @@ Item {
 
     implicitHeight: 58
 
-    Text {
+    OrvHeading {
         id: title
         x: Theme.pageSide
         height: parent.height
         verticalAlignment: Text.AlignVCenter
-        textFormat: Text.PlainText
         text: "Leads"
-        font: Theme.pageTitle
-        color: Theme.text
-        Accessible.role: Accessible.Heading
-        Accessible.name: text
     }
 
     OrvSegments {

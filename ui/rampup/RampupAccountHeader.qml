@@ -36,6 +36,9 @@ Item {
 
     OrvAddress {
         id: title
+
+        readonly property bool isPageHeading: true
+
         x: trail.x + trail.width + 8
         y: 12
         width: Math.min(implicitWidth, actions.x - x - badge.width - 24)
@@ -44,6 +47,11 @@ Item {
         font: Theme.pageTitle
         Accessible.role: Accessible.Heading
         Accessible.name: root.loaded ? text + ", " + badge.text : text
+        Accessible.focusable: true
+
+        FocusRing {
+            visible: title.activeFocus && InputMode.keyboard
+        }
     }
 
     OrvBadge {

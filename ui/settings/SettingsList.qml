@@ -41,15 +41,10 @@ FocusScope {
             y: 16
             width: root.width - 20
 
-            Text {
+            OrvHeading {
                 x: 10
                 height: 32
-                textFormat: Text.PlainText
                 text: "Settings"
-                font: Theme.pageTitle
-                color: Theme.text
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
 
             Repeater {
@@ -79,28 +74,28 @@ FocusScope {
                         Accessible.name: text
                     }
 
-                    T.AbstractButton {
+                    Pressable {
                         id: button
                         width: entry.width
                         height: 28
                         text: entry.modelData.title
-                        focusPolicy: Qt.NoFocus
                         Accessible.role: Accessible.PageTab
-                        Accessible.name: text
+                        Accessible.selectable: true
                         Accessible.selected: entry.current
-                        Accessible.onPressAction: clicked()
                         onClicked: {
                             root.forceActiveFocus(Qt.MouseFocusReason);
                             root.store.tab = entry.modelData.tab;
                         }
 
-                        background: Rectangle {
+                        Rectangle {
+                            anchors.fill: parent
                             radius: Theme.radiusControl
                             color: entry.current || button.down ? Theme.pressed : button.hovered ? Theme.hover : "transparent"
                             FocusRing { visible: entry.current && root.activeFocus && InputMode.keyboard; inset: true }
                         }
 
-                        contentItem: Text {
+                        Text {
+                            anchors.fill: parent
                             leftPadding: 10
                             verticalAlignment: Text.AlignVCenter
                             elide: Text.ElideRight

@@ -10,6 +10,8 @@ FocusScope {
 
     readonly property Router router: app.router
     readonly property string title: router.title
+    /// Who has lost the keyboard in the page finds it again there.
+    readonly property Item focusHeir: keeper.heading
 
     function show() {
         const page = app.openPage;
@@ -21,7 +23,57 @@ FocusScope {
             host.sourceComponent = router.offFeature !== "" ? switchedOff : notBuilt;
     }
 
+    function hasFocus(): bool {
+        return activeFocus && !keeper.isNowhere();
+    }
+
+    /// By a key that leads to the page, wherever in it the person was.
+    function enterAgain() {
+        keeper.focusPage(root);
+    }
+
+    /// Into what the page is about, from its heading.
+    function goIn(event: var): bool {
+        const moves = [Qt.Key_Up, Qt.Key_Down, Qt.Key_Left, Qt.Key_Right, Qt.Key_Home, Qt.Key_End, Qt.Key_PageUp, Qt.Key_PageDown];
+        return moves.includes(event.key) && keeper.goIn(event.key, event.modifiers);
+    }
+
+    /// From the page of a record to its list; a text that is being written keeps its Escape.
+    function goUp(event: var): bool {
+        const writes = Window.activeFocusItem?.cursorPosition !== undefined;
+        if (event.key !== Qt.Key_Escape || writes || !app.openPage.isRecord)
+            return false;
+        router.goUp();
+        return true;
+    }
+
+    Keys.onPressed: event => {
+        // Before anything: what is done may take the page away.
+        event.accepted = true;
+        if (!goIn(event) && !goUp(event))
+            event.accepted = false;
+    }
+
     Component.onCompleted: show()
+
+    FocusKeeper {
+        id: keeper
+    }
+
+    PageView {
+        id: view
+    }
+
+    Connections {
+        target: root.router
+
+        function onLeaving() {
+            root.router.keepView(view.viewOf(host.item));
+        }
+        function onReturned() {
+            view.goBackTo(host.item, root.router.keptView());
+        }
+    }
 
     Connections {
         target: root.app.openPage
@@ -36,7 +88,10 @@ FocusScope {
         width: root.width
         height: root.height
         focus: true
-        onLoaded: enter.restart()
+        onLoaded: {
+            enter.restart();
+            keeper.enter(host.item);
+        }
     }
 
     NumberAnimation {

@@ -9,6 +9,7 @@ Item {
 
     required property Router router
     required property OpenPage page
+    required property Commands commands
 
     Shortcut {
         sequence: "Ctrl+K"
@@ -21,8 +22,14 @@ Item {
     }
 
     Shortcut {
-        sequences: ["Ctrl+/", "Ctrl+Shift+/"]
+        sequences: ["?", "Ctrl+/", "Ctrl+Shift+/"]
         onActivated: root.router.shortcutsOpen = true
+    }
+
+    // A text that is being written has its own.
+    Shortcut {
+        sequences: [StandardKey.Undo]
+        onActivated: root.commands.undo()
     }
 
     Shortcut {

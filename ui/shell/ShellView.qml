@@ -12,7 +12,6 @@ FocusScope {
     readonly property Router router: app.router
     readonly property bool railForced: width < 1180 || (width < 1440 && app.openPage.needsRoom)
     readonly property string title: page.title + " – " + (app.session !== null ? app.session.name : "") + " – Orvella"
-    readonly property bool pageHasFocus: page.activeFocus
 
     focus: true
 
@@ -20,8 +19,12 @@ FocusScope {
         sidebar.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    function pageHasFocus(): bool {
+        return page.hasFocus();
+    }
+
     function focusPage() {
-        page.forceActiveFocus(Qt.TabFocusReason);
+        page.enterAgain();
     }
 
     Sidebar {
@@ -70,5 +73,6 @@ FocusScope {
     ShellShortcuts {
         router: root.router
         page: root.app.openPage
+        commands: root.commands
     }
 }
