@@ -102,6 +102,11 @@ QList<PageAction> CampaignStore::offeredInTabs() {
                          setTab(enumName(Tab::sequence));
                          m_sequence.writeNew();
                        }},
+                  {.key = u"proof"_s,
+                   .title = u"Proof wall"_s,
+                   .icon = u"view-visible"_s,
+                   .inPalette = u"Proof wall of "_s + shownName(name()),
+                   .run = [this] { setTab(enumName(Tab::proof)); }},
                   {.key = u"test-email"_s,
                    .title = u"Send a test"_s,
                    .icon = u"mail-send"_s,

@@ -61,6 +61,13 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
       m_leads(m_context),
       m_settings(m_context),
       m_subsequences(m_context),
+      m_proof(m_context, *m_sequence.autosave(),
+              {.openLead =
+                   [this](const CampaignLead& lead) {
+                     setTab(enumName(Tab::leads));
+                     m_leads.panel()->show(lead);
+                   },
+               .openText = [this](const auto& lead, const auto& letter) { openText(lead, letter); }}),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}, context) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
@@ -132,6 +139,15 @@ void CampaignStore::showSection(const QString& section) {
   m_settings.ask(section);
 }
 
+/// The first email for that lead, and the variant that it gets.
+void CampaignStore::openText(const QString& lead, const QString& letter) {
+  setTab(enumName(Tab::sequence));
+  m_sequence.selectPlace(0);
+  for (const Choice& variant : m_sequence.variants())
+    if (variant.label == letter) m_sequence.showVariant(variant.key);
+  m_sequence.preview()->setLead(lead);
+}
+
 void CampaignStore::followUnsaved() {
   if (std::exchange(m_unsavedSettings, m_settings.unsaved()) != m_settings.unsaved()) Q_EMIT changed();
 }
@@ -176,6 +192,7 @@ void CampaignStore::refreshShown() {
   if (m_tab == Tab::settings) m_settings.refresh();
   if (m_tab == Tab::subsequences) m_subsequences.refresh();
   if (m_tab == Tab::stats) m_stats.refresh();
+  if (m_tab == Tab::proof) m_proof.refresh();
 }
 
 QStringList CampaignStore::unsavedWork() const {

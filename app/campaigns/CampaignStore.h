@@ -15,6 +15,7 @@
 #include "app/campaigns/CampaignSettings.h"
 #include "app/campaigns/CampaignStatsStore.h"
 #include "app/campaigns/LaunchPath.h"
+#include "app/campaigns/ProofWall.h"
 #include "app/campaigns/SequenceEditor.h"
 #include "app/campaigns/Subsequences.h"
 #include "kit/api/APITransport.h"
@@ -38,6 +39,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(orv::CampaignLeads* leads READ leads CONSTANT)
   Q_PROPERTY(orv::NameForm* renameForm READ renameForm CONSTANT)
   Q_PROPERTY(orv::SequenceEditor* sequence READ sequence CONSTANT)
+  Q_PROPERTY(orv::ProofWall* proof READ proof CONSTANT)
   Q_PROPERTY(orv::CampaignStatsStore* stats READ stats CONSTANT)
   Q_PROPERTY(orv::CampaignSettings* settings READ settings CONSTANT)
   Q_PROPERTY(orv::Subsequences* subsequences READ subsequences CONSTANT)
@@ -48,7 +50,7 @@ class CampaignStore final : public Store {
   Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
 
  public:
-  enum class Tab { sequence, leads, settings, subsequences, stats };
+  enum class Tab { sequence, leads, settings, subsequences, stats, proof };
   Q_ENUM(Tab)
 
   CampaignStore(QString id, WorkspaceContext& context);
@@ -67,6 +69,7 @@ class CampaignStore final : public Store {
   CampaignLeads* leads() { return &m_leads; }
   NameForm* renameForm() { return &m_rename; }
   SequenceEditor* sequence() { return &m_sequence; }
+  ProofWall* proof() { return &m_proof; }
   CampaignStatsStore* stats() { return &m_stats; }
   CampaignSettings* settings() { return &m_settings; }
   Subsequences* subsequences() { return &m_subsequences; }
@@ -137,6 +140,7 @@ class CampaignStore final : public Store {
   void take(const Change<Campaign>& change);
   void followLaunchPath();
   void followUnsaved();
+  void openText(const QString& lead, const QString& letter);
 
   QString m_id;
   BusySet m_busy;
@@ -149,6 +153,7 @@ class CampaignStore final : public Store {
   CampaignLeads m_leads;
   CampaignSettings m_settings;
   Subsequences m_subsequences;
+  ProofWall m_proof;
   NameForm m_rename;
   /// As it was when the form was filled.
   Campaign m_renamed;

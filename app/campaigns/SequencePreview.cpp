@@ -1,6 +1,7 @@
 #include "app/campaigns/SequencePreview.h"
 
 #include "app/base/shownName.h"
+#include "app/campaigns/EmailFindings.h"
 #include "app/campaigns/LeadRows.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
@@ -214,9 +215,20 @@ QStringList SequencePreview::warnings() const {
   if (!shown) return {};
   QStringList lines;
   for (const auto& one : shown->variants)
-    for (const QString& warning : one.warnings)
-      lines.append(shown->variants.size() > 1 ? one.label + u": "_s + warning : warning);
+    for (const QString& line : linesOf(one))
+      lines.append(shown->variants.size() > 1 ? one.label + u": "_s + line : line);
   return lines;
+}
+
+/// What was found in a variant as rendered; the draft may have moved on, and no longer know it.
+QStringList SequencePreview::linesOf(const PreviewResponse::Variant& rendered) const {
+  const auto& steps = m_draft.steps();
+  if (m_place >= steps.size()) return rendered.warnings;
+  const auto written = std::ranges::find(steps[m_place].variants, rendered.label, &DraftVariant::label);
+  if (written == steps[m_place].variants.end()) return rendered.warnings;
+  const Campaign* campaign = m_context.campaign.value();
+  const bool replies = steps[m_place].sameThread && (m_place > 0 || (campaign && campaign->parent));
+  return findingsIn(rendered, {written->subject, written->body}, response()->variables, !replies).lines;
 }
 
 QString SequencePreview::message() const {

@@ -96,6 +96,7 @@ class SequencePreview final : public Store {
   const PreviewResponse::Step* stepAt(qsizetype place) const;
   const PreviewResponse::Step* step() const { return stepAt(m_place); }
   const PreviewResponse::Variant* variant() const;
+  QStringList linesOf(const PreviewResponse::Variant& rendered) const;
   QString threadSubject() const;
   const CampaignLead* listed(const QString& id) const;
 

@@ -74,6 +74,13 @@ struct LeadPanelType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct ProofWallType {
+  Q_GADGET
+  QML_FOREIGN(orv::ProofWall)
+  QML_NAMED_ELEMENT(ProofWall)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct ScheduleFormType {
   Q_GADGET
   QML_FOREIGN(orv::ScheduleForm)
