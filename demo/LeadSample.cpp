@@ -1,6 +1,7 @@
 #include "demo/LeadSample.h"
 
 #include "demo/Enrolment.h"
+#include "demo/Pitches.h"
 #include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -10,7 +11,7 @@ namespace {
 
 const auto maren = u"Maren Kolbe"_s, tomas = u"Tomas Lind"_s;
 
-struct Row {
+struct ListRow {
   QString name, description, by;
   qint64 leads;
   int daysAgo;
@@ -22,7 +23,7 @@ QString daysBefore(const QDate& today, int days) {
   return formatPlatformDate(QDateTime(today.addDays(-days), QTime(9, 40), Qt::UTC));
 }
 
-DemoLeadList listOf(const Row& row, DemoWorkspace& workspace, const QDate& today) {
+DemoLeadList listOf(const ListRow& row, DemoWorkspace& workspace, const QDate& today) {
   DemoLeadList list;
   list.record.number = ++workspace.lastListNumber;
   list.record.id = u"li_"_s + QString::number(workspace.lastListNumber);
@@ -51,7 +52,7 @@ DemoLeadList fair(DemoWorkspace& workspace, DemoRandom& random, const QDate& tod
       listOf({u"Trade fair, Hanover"_s, u"Badges scanned at the stand"_s, tomas, 40, 20, 0}, workspace, today);
   list.record.id = u"li_fair"_s;
   for (qint64 number = 1; number <= 40; ++number) {
-    const CampaignLead person = makePerson(random, number);
+    const CampaignLead person = makePerson(random, number, pitchOf({}));
     list.add(workspace.leads.addOwn(recordOf(person, *list.record.createdAt)));
   }
   workspace.blocklist.append(workspace.leads.own().last().email);
@@ -113,7 +114,7 @@ void addSearches(WorkspaceLeads& leads, const QDate& today) {
 }  // namespace
 
 void addLeads(DemoWorkspace& workspace, DemoRandom& random, const QDate& today) {
-  const QList<Row> rows{
+  const QList<ListRow> rows{
       {u"Never write again"_s, u"Asked to be left alone on the phone"_s, maren, 74, 110, 0},
       {u"Boutique hotels"_s, u"Owners, under 40 rooms"_s, maren, 212, 102, 0},
       {u"Solar installers"_s, {}, tomas, 180, 95, 0},
@@ -124,7 +125,7 @@ void addLeads(DemoWorkspace& workspace, DemoRandom& random, const QDate& today) 
       {u"Property managers, Iberia"_s, {}, maren, 190, 12, 0},
       {u"Insurance owners, DACH"_s, u"Owners and managing directors"_s, maren, 310, 1, 0},
   };
-  for (const Row& row : rows) {
+  for (const ListRow& row : rows) {
     DemoLeadList list = listOf(row, workspace, today);
     addFromBase(list, workspace.leads, row.leads);
     workspace.lists.prepend(list);

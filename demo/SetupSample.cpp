@@ -5,7 +5,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::demo {
 namespace {
 
-struct Row {
+struct RunRow {
   const char* state;
   const char* message = nullptr;
 };
@@ -35,7 +35,7 @@ DemoSetupProject project(qint64 number, const QString& name, const SetupMode& mo
 }
 
 /// A run that stands as given, three inboxes a domain.
-DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList<Row>& states, const QDate& day) {
+DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList<RunRow>& states, const QDate& day) {
   DemoSetupRun made;
   SetupRun& record = made.record;
   const QDateTime began = day.startOfDay(Qt::UTC).addSecs(8 * 3600);
@@ -54,7 +54,7 @@ DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList
     record.domains.append({domain, of.record.admin + u'@' + domain, {}});
     const QStringList addresses = setupAddresses(record.settings, domain);
     for (qsizetype role = 0; role < roles.size(); ++role) {
-      const Row& given = states[record.rows.size() % states.size()];
+      const RunRow& given = states[record.rows.size() % states.size()];
       SetupRow row;
       row.id = record.id + u'-' + QString::number(record.rows.size() + 1);
       row.domain = domain;

@@ -1,5 +1,6 @@
 #include "app/accounts/AccountActivity.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
@@ -42,7 +43,7 @@ bool warmsUp(const Mailbox& account, const Sums& sums) {
 
 QList<Figure> figuresOf(const Mailbox& account, const QList<Day>& days) {
   const Sums sums = sumsOf(days);
-  const QString inbox = sums.placed > 0 ? Format::rate(sums.inbox, sums.placed) : u"–"_s;
+  const QString inbox = sums.placed > 0 ? Format::rate(sums.inbox, sums.placed) : noValue;
   return {{u"Phase"_s, warmsUp(account, sums) ? u"Warm-up"_s : u"Live"_s,
            Format::counted(days.size(), u"day"_s, u"days"_s)},
           {u"Warm-up"_s, Format::grouped(sums.sent), Format::counted(sums.replies, u"reply"_s, u"replies"_s)},

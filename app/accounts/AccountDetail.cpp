@@ -1,5 +1,6 @@
 #include "app/accounts/AccountDetail.h"
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -11,7 +12,7 @@ namespace orv {
 namespace {
 
 Choice fact(const QString& label, const QString& value) {
-  return {.key = label, .label = label, .detail = value.isEmpty() ? u"–"_s : value};
+  return {.key = label, .label = label, .detail = value.isEmpty() ? noValue : value};
 }
 
 QString ofText(qint64 part, std::optional<qint64> whole) {

@@ -1,5 +1,6 @@
 #include "app/accounts/AccountRows.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/rampup/rampupPhase.h"
@@ -11,9 +12,6 @@ namespace orv {
 ORV_DEFINE_ROW(AccountRow)
 
 namespace {
-
-constexpr int archiveDays = 30;
-const auto nothing = u"–"_s;
 
 QString searchedText(const Mailbox& mailbox) {
   // A line each, so that no text matches across two of them.
@@ -31,7 +29,7 @@ QString problemOf(const Mailbox& mailbox) {
 
 QString sentText(const Mailbox& mailbox) {
   const auto limit = mailbox.limitToday();
-  if (!limit || mailbox.status.isVerifying()) return nothing;
+  if (!limit || mailbox.status.isVerifying()) return noValue;
   return Format::grouped(mailbox.sentToday()) + u" of "_s + Format::grouped(*limit);
 }
 
@@ -47,12 +45,7 @@ QString healthWord(const Mailbox& mailbox) {
 
 QString inboxText(const Mailbox& mailbox) {
   const auto percent = mailbox.warmup.inboxPct7d;
-  return percent ? QString::number(qRound64(*percent)) + u'%' : nothing;
-}
-
-QString day(const std::optional<QString>& instant, int daysLater = 0) {
-  const auto date = parsePlatformDate(instant);
-  return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
+  return percent ? QString::number(qRound64(*percent)) + u'%' : noValue;
 }
 
 /// What a column sorts by; nothing sorts last.
@@ -122,8 +115,8 @@ const AccountRowsModel::Cells& AccountRowsModel::cells() {
       {"warmupLabel", [](auto&, auto& row) -> QVariant { return phaseLabel(rampupPhase(row.record())); }},
       {"healthWord", [](auto&, auto& row) -> QVariant { return healthWord(row.record()); }},
       {"healthText", [](auto&, auto& row) -> QVariant { return inboxText(row.record()); }},
-      {"removedText", [](auto&, auto& row) -> QVariant { return day(row.record().archivedAt); }},
-      {"goneText", [](auto&, auto& row) -> QVariant { return day(row.record().archivedAt, archiveDays); }},
+      {"removedText", [](auto&, auto& row) -> QVariant { return shortDay(row.record().archivedAt); }},
+      {"goneText", [](auto&, auto& row) -> QVariant { return shortDay(row.record().archivedAt, archiveDays); }},
   };
   return cells;
 }

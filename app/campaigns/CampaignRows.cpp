@@ -2,6 +2,7 @@
 
 #include <QCollator>
 
+#include "app/base/cellText.h"
 #include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
@@ -11,19 +12,11 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr int archiveDays = 30;
-const auto nothing = u"–"_s;
-
 double share(qint64 part, qint64 whole) { return whole > 0 ? double(part) / double(whole) : 0; }
 
-QString day(const std::optional<QString>& instant, int daysLater = 0) {
-  const auto date = parsePlatformDate(instant);
-  return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
-}
-
 QString facts(const CampaignSummary& campaign) {
-  const QString when = parsePlatformDate(campaign.launchedAt) ? u"Launched "_s + day(campaign.launchedAt)
-                                                              : u"Created "_s + day(campaign.createdAt);
+  const QString when = parsePlatformDate(campaign.launchedAt) ? u"Launched "_s + shortDay(campaign.launchedAt)
+                                                              : u"Created "_s + shortDay(campaign.createdAt);
   return QStringList{Format::counted(campaign.steps, u"step"_s, u"steps"_s),
                      Format::counted(campaign.senders, u"inbox"_s, u"inboxes"_s), when}
       .join(u" · "_s);
@@ -36,7 +29,7 @@ QString progressText(const CampaignSummary& campaign) {
 }
 
 QString figure(const CampaignSummary& campaign, qint64 value) {
-  return campaign.sent == 0 ? nothing : Format::grouped(value);
+  return campaign.sent == 0 ? noValue : Format::grouped(value);
 }
 
 QString rate(const CampaignSummary& campaign, qint64 value) {
@@ -150,8 +143,8 @@ const CampaignRowsModel::Cells& CampaignRowsModel::cells() {
       {"bouncedRate", [](auto&, auto& campaign) -> QVariant { return rate(campaign, campaign.bounced); }},
       {"bouncesHigh",
        [](auto&, auto& campaign) -> QVariant { return bouncesAreHigh(campaign.bounced, campaign.sent); }},
-      {"deletedText", [](auto&, auto& campaign) -> QVariant { return day(campaign.archivedAt); }},
-      {"goneText", [](auto&, auto& campaign) -> QVariant { return day(campaign.archivedAt, archiveDays); }},
+      {"deletedText", [](auto&, auto& campaign) -> QVariant { return shortDay(campaign.archivedAt); }},
+      {"goneText", [](auto&, auto& campaign) -> QVariant { return shortDay(campaign.archivedAt, archiveDays); }},
   };
   return cells;
 }

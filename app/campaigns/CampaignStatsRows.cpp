@@ -1,5 +1,6 @@
 #include "app/campaigns/CampaignStatsRows.h"
 
+#include "app/base/cellText.h"
 #include "app/campaigns/LeadRows.h"
 #include "app/figures/FigureRows.h"
 #include "kit/api/Format.h"
@@ -13,7 +14,7 @@ ORV_DEFINE_ROW(EventLine)
 
 namespace {
 
-const auto nothing = u"–"_s, noSubject = u"(no subject)"_s;
+const auto noSubject = u"(no subject)"_s;
 
 QString subjectOr(const std::optional<QString>& subject) {
   const QString text = subject.value_or(QString()).trimmed();
@@ -27,7 +28,7 @@ QString subjectOf(const CampaignStep& step, qsizetype place, const CampaignVaria
 }
 
 EmailFigures withStats(EmailFigures row, const std::optional<Stats4>& stats) {
-  const auto count = [&stats](qint64 Stats4::*field) { return stats ? Format::grouped(*stats.*field) : nothing; };
+  const auto count = [&stats](qint64 Stats4::*field) { return stats ? Format::grouped(*stats.*field) : noValue; };
   const auto rate = [&stats](qint64 Stats4::*field) {
     return stats ? Format::rate(*stats.*field, stats->sent) : QString();
   };

@@ -34,7 +34,7 @@ ConfirmRequest removeForGoodQuestion(const CampaignSummary& campaign) {
           .destructive = true};
 }
 
-Archive<Campaign>::Words archiveWords() {
+Archive<Campaign>::Words wordsOfList() {
   const auto cannotRemove = [](const QString& name) { return u"Couldn’t delete "_s + name; };
   return {.removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
           .removedForGood = [](const QString& name) { return name + u" deleted for good"_s; },
@@ -68,7 +68,7 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, A
       m_saveFirst(std::move(saveFirst)),
       m_actInside(std::move(actInside)),
       m_actions(context, m_busy, [this] { Store::refresh(); }),
-      m_archive(context, m_actions, campaignArchiveRequests(), archiveWords()),
+      m_archive(context, m_actions, campaignArchiveRequests(), wordsOfList()),
       m_list(*this, [this] { return api().send(Requests::listCampaigns(false)); },
              {.failed = u"Couldn’t load campaigns"_s}),
       m_archived(*this, [this] { return api().send(Requests::listCampaigns(true)); },

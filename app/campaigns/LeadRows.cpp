@@ -1,5 +1,6 @@
 #include "app/campaigns/LeadRows.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -8,15 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr int archiveDays = 30;
-const auto nothing = u"–"_s;
-
 QString text(const std::optional<QString>& field) { return field.value_or(QString()); }
-
-QString day(const std::optional<QString>& instant, int daysLater = 0) {
-  const auto date = parsePlatformDate(instant);
-  return date ? Format::shortDate(date->toLocalTime().date().addDays(daysLater)) : nothing;
-}
 
 /// What comes next for the lead or, when nothing does, what was last.
 QString when(const CampaignLead& lead) {
@@ -28,7 +21,7 @@ QString when(const CampaignLead& lead) {
 QString secondLine(const CampaignLead& lead) { return leadName(lead) == lead.email ? text(lead.source) : lead.email; }
 
 QString step(const CampaignLead& lead) {
-  return lead.currentStep ? u"Step "_s + QString::number(*lead.currentStep) : nothing;
+  return lead.currentStep ? u"Step "_s + QString::number(*lead.currentStep) : noValue;
 }
 
 QString whenDetail(const CampaignLead& lead) {
@@ -50,7 +43,7 @@ QString leadName(const CampaignLead& lead) {
 
 QString leadMoment(const std::optional<QString>& instant) {
   const auto date = parsePlatformDate(instant);
-  return date ? Format::moment(date->toLocalTime()) : nothing;
+  return date ? Format::moment(date->toLocalTime()) : noValue;
 }
 
 // A line each, so that no text matches across two of them.
@@ -65,16 +58,16 @@ const LeadRowsModel::Cells& LeadRowsModel::cells() {
       {"name", [](auto&, auto& row) -> QVariant { return leadName(row.record()); }},
       {"email", [](auto&, auto& row) -> QVariant { return row.record().email; }},
       {"detail", [](auto&, auto& row) -> QVariant { return secondLine(row.record()); }},
-      {"company", [](auto&, auto& row) -> QVariant { return row.record().company.value_or(nothing); }},
+      {"company", [](auto&, auto& row) -> QVariant { return row.record().company.value_or(noValue); }},
       {"jobTitle", [](auto&, auto& row) -> QVariant { return text(row.record().title); }},
       {"statusWord", [](auto&, auto& row) -> QVariant { return row.record().status.rawValue; }},
       {"statusLabel", [](auto&, auto& row) -> QVariant { return row.record().status.label(); }},
       {"stepText", [](auto&, auto& row) -> QVariant { return step(row.record()); }},
       {"whenText", [](auto&, auto& row) -> QVariant { return when(row.record()); }},
       {"whenDetail", [](auto&, auto& row) -> QVariant { return whenDetail(row.record()); }},
-      {"sender", [](auto&, auto& row) -> QVariant { return row.record().senderAddress.value_or(nothing); }},
-      {"removedText", [](auto&, auto& row) -> QVariant { return day(row.record().removedAt); }},
-      {"goneText", [](auto&, auto& row) -> QVariant { return day(row.record().removedAt, archiveDays); }},
+      {"sender", [](auto&, auto& row) -> QVariant { return row.record().senderAddress.value_or(noValue); }},
+      {"removedText", [](auto&, auto& row) -> QVariant { return shortDay(row.record().removedAt); }},
+      {"goneText", [](auto&, auto& row) -> QVariant { return shortDay(row.record().removedAt, archiveDays); }},
   };
   return cells;
 }

@@ -1,5 +1,6 @@
 #include "app/campaigns/Subsequences.h"
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaign.h"
@@ -16,7 +17,7 @@ namespace {
 /// Who asks not to be written to is written to no more.
 const auto neverATrigger = u"unsubscribe"_s;
 
-QString countText(const std::optional<qint64>& count) { return count ? Format::grouped(*count) : u"–"_s; }
+QString countText(const std::optional<qint64>& count) { return count ? Format::grouped(*count) : noValue; }
 
 }  // namespace
 

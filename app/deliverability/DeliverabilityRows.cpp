@@ -1,5 +1,6 @@
 #include "app/deliverability/DeliverabilityRows.h"
 
+#include "app/base/cellText.h"
 #include "app/deliverability/WatcherWords.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -12,7 +13,7 @@ ORV_DEFINE_ROW(DeliverabilityRow)
 
 namespace {
 
-QString orDash(const QString& text) { return text.isEmpty() ? u"–"_s : text; }
+QString orDash(const QString& text) { return text.isEmpty() ? noValue : text; }
 
 DeliverabilityRow rowOf(const DeliverabilityInbox& inbox) {
   const QString stage = inbox.stage.value_or(QString());

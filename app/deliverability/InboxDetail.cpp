@@ -1,5 +1,6 @@
 #include "app/deliverability/InboxDetail.h"
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "app/deliverability/WatcherWords.h"
 #include "kit/api/Format.h"
@@ -14,13 +15,11 @@ ORV_DEFINE_ROW(DecisionRow)
 
 namespace {
 
-const auto nothing = u"–"_s;
-
-QString dash(const QString& text) { return text.isEmpty() ? nothing : text; }
+QString dash(const QString& text) { return text.isEmpty() ? noValue : text; }
 
 /// With the sign that is as wide as its plus.
 QString apart(const std::optional<double>& z) {
-  if (!z) return nothing;
+  if (!z) return noValue;
   const QString text = Format::fixed(std::abs(*z), 1);
   return (*z < 0 ? u"−"_s : QString()) + text;
 }

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <algorithm>
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
@@ -50,7 +51,7 @@ QString groups(const DeliverabilityReport& report) {
 QString stageLabel(const QString& stage) {
   const auto known = stages().constFind(stage);
   if (known != stages().cend()) return known->label;
-  return stage.isEmpty() ? u"–"_s : shownName(stage.first(1).toUpper() + stage.sliced(1));
+  return stage.isEmpty() ? noValue : shownName(stage.first(1).toUpper() + stage.sliced(1));
 }
 
 QString stageTone(const QString& stage) { return stages().value(stage).tone; }
@@ -76,7 +77,7 @@ QString summary(const DeliverabilityReport& report) {
            Format::grouped(checked) + u" have real checks behind them."_s;
   else
     text = groups(report) + u" None have warm-up checks in the last 7 days, so I have no placement numbers yet."_s;
-  if (!report.automatic) text += u" Watching only. I log what I would do and change nothing on your inboxes."_s;
+  if (!report.automatic) text += u" Watching only. I log what I would do and change noValue on your inboxes."_s;
   return text;
 }
 

@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaignStatus.h"
 
@@ -13,9 +14,7 @@ namespace {
 using CampaignRow = AnalyticsSummary::CampaignRow;
 using AccountRow = AnalyticsSummary::AccountRow;
 
-const auto nothing = u"–"_s;
-
-QString text(const std::optional<qint64>& count) { return count ? Format::grouped(*count) : nothing; }
+QString text(const std::optional<qint64>& count) { return count ? Format::grouped(*count) : noValue; }
 
 template <class Row>
 QString rate(const Row& row, const std::optional<qint64>& count) {
@@ -39,14 +38,14 @@ const CampaignFigureRows::Cells campaignCells{
     {"opportunitiesText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.opportunities); }},
     {"valueText",
      [](auto&, auto& row) -> QVariant {
-       return row.opportunityValue ? Format::money(*row.opportunityValue) : nothing;
+       return row.opportunityValue ? Format::money(*row.opportunityValue) : noValue;
      }},
 };
 
 const AccountFigureRows::Cells accountCells{
-    {"healthLabel", [](auto&, auto& row) -> QVariant { return row.health ? accountWord(*row.health) : nothing; }},
+    {"healthLabel", [](auto&, auto& row) -> QVariant { return row.health ? accountWord(*row.health) : noValue; }},
     {"inboxText",
-     [](auto&, auto& row) -> QVariant { return row.inboxPct7d ? QString::number(*row.inboxPct7d) + u'%' : nothing; }},
+     [](auto&, auto& row) -> QVariant { return row.inboxPct7d ? QString::number(*row.inboxPct7d) + u'%' : noValue; }},
 };
 
 using Number = std::optional<double>;

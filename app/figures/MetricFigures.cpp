@@ -1,5 +1,6 @@
 #include "app/figures/MetricFigures.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -8,7 +9,7 @@ namespace orv {
 namespace {
 
 Figure trackedFigure(const QString& title, const std::optional<qint64>& count, qint64 sent) {
-  if (!count) return {.title = title, .value = u"–"_s, .detail = u"Tracking off"_s};
+  if (!count) return {.title = title, .value = noValue, .detail = u"Tracking off"_s};
   return {.title = title, .value = Format::grouped(*count), .detail = Format::rate(*count, sent)};
 }
 

@@ -27,10 +27,10 @@ OwnLeadsBody ownLeadsOf(const LeadTarget& target) {
 }
 
 /// On every way out, being stopped included: some may have come into the campaign.
-struct News {
+struct LeadsNews {
   WorkspaceContext& workspace;
   const CampaignAdded& added;
-  ~News() {
+  ~LeadsNews() {
     if (!added.campaignId.isEmpty()) leadsCameTo(workspace, added.campaignId);
   }
 };
@@ -60,7 +60,7 @@ Task<void> add(Job* job, LeadTarget target, bool skipOthers, std::shared_ptr<Cam
 }  // namespace
 
 Task<JobOutcome> addToCampaign(Job* job, LeadTarget target, bool skipOthers, std::shared_ptr<CampaignAdded> added) {
-  const News news{job->context(), *added};
+  const LeadsNews news{job->context(), *added};
   try {
     if (added->campaignId.isEmpty()) co_await make(job, added);
     co_await add(job, target, skipOthers, added);

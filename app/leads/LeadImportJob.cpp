@@ -13,10 +13,10 @@ namespace orv {
 namespace {
 
 /// On every way out, being stopped included: the service may have begun with it.
-struct News {
+struct ImportNews {
   Changes& changes;
   bool mayHaveBegun = true;
-  ~News() {
+  ~ImportNews() {
     if (!mayHaveBegun) return;
     changes.stale<LeadImport>();
     changes.stale<LeadList>();
@@ -26,7 +26,7 @@ struct News {
 }  // namespace
 
 Task<JobOutcome> importLeads(Job* job, LeadImportBatch batch) {
-  News news{job->context().changes()};
+  ImportNews news{job->context().changes()};
   const QString fileName = QFileInfo(batch.file.path).fileName();
   QString reason;
   try {

@@ -1,5 +1,6 @@
 #include "app/leads/LeadListRows.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
 
@@ -11,13 +12,6 @@ namespace orv {
 ORV_DEFINE_ROW(LeadListRow)
 
 namespace {
-
-constexpr int archiveDays = 30;
-const auto nothing = u"–"_s;
-
-QString day(const std::optional<QDateTime>& instant, int later = 0) {
-  return instant ? Format::shortDate(instant->toLocalTime().date().addDays(later)) : nothing;
-}
 
 /// The words of a column where it sorts by words; the column of the list has their names.
 QString wordsOf(const LeadListRow& row, bool isMaker) {
@@ -43,7 +37,7 @@ bool LeadListRowsModel::isJustNow(const LeadListRow& row) const {
 
 QString LeadListRowsModel::when(const LeadListRow& row) const {
   const auto& at = row.prepared().updated;
-  if (!at || !m_clock) return nothing;
+  if (!at || !m_clock) return noValue;
   if (isJustNow(row)) return u"Now"_s;
   const QDateTime local = at->toLocalTime();
   const qint64 daysAgo = local.date().daysTo(m_clock->now().toLocalTime().date());
@@ -60,11 +54,11 @@ const LeadListRowsModel::Cells& LeadListRowsModel::cells() {
        }},
       {"description", [](auto&, auto& row) -> QVariant { return row.record().description.value_or(QString()); }},
       {"leadsText", [](auto&, auto& row) -> QVariant { return Format::grouped(row.record().leadCount); }},
-      {"makerText", [](auto&, auto& row) -> QVariant { return row.record().createdBy.value_or(nothing); }},
+      {"makerText", [](auto&, auto& row) -> QVariant { return row.record().createdBy.value_or(noValue); }},
       {"updatedText", [](auto& model, auto& row) -> QVariant { return model.when(row); }},
       {"isRecent", [](auto& model, auto& row) -> QVariant { return model.isJustNow(row); }},
-      {"deletedText", [](auto&, auto& row) -> QVariant { return day(row.prepared().archived); }},
-      {"goneText", [](auto&, auto& row) -> QVariant { return day(row.prepared().archived, archiveDays); }},
+      {"deletedText", [](auto&, auto& row) -> QVariant { return shortDay(row.prepared().archived); }},
+      {"goneText", [](auto&, auto& row) -> QVariant { return shortDay(row.prepared().archived, archiveDays); }},
   };
   return cells;
 }

@@ -1,15 +1,12 @@
 #include "app/leads/SavedSearches.h"
 
-#include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
+#include "app/base/cellText.h"
 #include "kit/models/leads/leadRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
-
-constexpr int archiveDays = 30;
 
 Archive<SavedSearch, Empty>::Words archiveWords() {
   // The sentence of another page: it is the service's own, word for word.
@@ -68,9 +65,9 @@ QList<Choice> SavedSearches::archivedChoices() const {
   QList<Choice> choices;
   if (!m_archived.value()) return choices;
   for (const SavedSearch& saved : m_archived.value()->items) {
-    const auto at = parsePlatformDate(saved.archivedAt);
-    const QString day = at ? Format::shortDate(at->toLocalTime().date().addDays(archiveDays)) : u"–"_s;
-    choices.append({.key = saved.id, .label = shownName(saved.name), .detail = u"Goes for good on "_s + day});
+    choices.append({.key = saved.id,
+                    .label = shownName(saved.name),
+                    .detail = u"Goes for good on "_s + shortDay(saved.archivedAt, archiveDays)});
   }
   return choices;
 }

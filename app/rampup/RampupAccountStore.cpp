@@ -1,5 +1,6 @@
 #include "app/rampup/RampupAccountStore.h"
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
@@ -12,8 +13,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
-
-const auto nothing = u"–"_s;
 
 QString ofPlanned(const std::optional<qint64>& planned) {
   return planned ? u"of "_s + Format::grouped(*planned) : QString();
@@ -156,7 +155,7 @@ QVariantList RampupAccountStore::healthParts() const {
 QList<Choice> RampupAccountStore::statLines() const {
   const auto* totals = m_stats.value() ? &m_stats.value()->totals : nullptr;
   const auto line = [totals](const QString& label, qint64 WarmupStats::Totals::*count) {
-    return Choice{.key = label, .label = label, .detail = totals ? Format::grouped(totals->*count) : nothing};
+    return Choice{.key = label, .label = label, .detail = totals ? Format::grouped(totals->*count) : noValue};
   };
   return {line(u"Sent"_s, &WarmupStats::Totals::sent), line(u"Received"_s, &WarmupStats::Totals::received),
           line(u"Replies"_s, &WarmupStats::Totals::replies), line(u"Saved from spam"_s, &WarmupStats::Totals::saved)};

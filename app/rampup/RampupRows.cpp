@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
@@ -14,7 +15,6 @@ ORV_DEFINE_ROW(RampupRow)
 
 namespace {
 
-const auto nothing = u"–"_s;
 /// Under it, too little of the warm-up mail arrives.
 constexpr double goodInboxRate = 90;
 
@@ -110,15 +110,15 @@ QVariant RampupRowsModel::extraData(const RampupRow& row, int, int role) const {
     case TemplateRole:
       return item.plan ? RampupWords::templateName(item.plan->templateName) : QString();
     case WarmupRole:
-      return warms(item) ? Format::grouped(item.sent.warmup) : nothing;
+      return warms(item) ? Format::grouped(item.sent.warmup) : noValue;
     case WarmupPlanRole:
       return warms(item) ? planned(item.sent.warmupPlanned) : QString();
     case CampaignRole:
-      return sends(item) ? Format::grouped(item.sent.campaign) : nothing;
+      return sends(item) ? Format::grouped(item.sent.campaign) : noValue;
     case CampaignPlanRole:
       return sends(item) && item.plan ? planned(item.plan->campaignCapToday) : QString();
     case InboxRole:
-      return item.inboxPct7d ? Format::fixed(*item.inboxPct7d, 1) + u'%' : nothing;
+      return item.inboxPct7d ? Format::fixed(*item.inboxPct7d, 1) + u'%' : noValue;
     case InboxToneRole:
       if (!item.inboxPct7d) return u"unknown"_s;
       return *item.inboxPct7d < goodInboxRate || item.health.low ? u"warning"_s : u"healthy"_s;

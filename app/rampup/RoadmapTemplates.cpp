@@ -1,12 +1,12 @@
 #include "app/rampup/RoadmapTemplates.h"
 
+#include "app/base/cellText.h"
 #include "app/base/recordActions.h"
 #include "app/base/shownName.h"
 #include "app/rampup/RampupRows.h"
 #include "app/rampup/RampupWords.h"
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/rampup/rampupRequests.h"
@@ -19,14 +19,8 @@ ORV_DEFINE_ROW(TemplateRow)
 
 namespace {
 
-constexpr int archiveDays = 30;
 /// A name must stay under it.
 constexpr qsizetype nameUnder = 80;
-
-QString dayOf(const std::optional<QString>& instant, int later = 0) {
-  const auto at = parsePlatformDate(instant);
-  return at ? Format::shortDate(at->toLocalTime().date().addDays(later)) : u"–"_s;
-}
 
 TemplateRow rowOf(const RoadmapTemplate& known) {
   QVariantList bars;
@@ -44,9 +38,9 @@ TemplateRow rowOf(const RoadmapTemplate& known) {
           .lengthText = Format::counted(known.length, u"day"_s, u"days"_s),
           .stages = bars,
           .stagesText = stages.join(u" · "_s),
-          .updatedText = dayOf(known.updatedAt),
-          .archivedText = dayOf(known.archivedAt),
-          .goneText = dayOf(known.archivedAt, archiveDays),
+          .updatedText = shortDay(known.updatedAt),
+          .archivedText = shortDay(known.archivedAt),
+          .goneText = shortDay(known.archivedAt, archiveDays),
           .isDefault = known.isDefault};
 }
 

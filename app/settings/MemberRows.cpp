@@ -1,9 +1,8 @@
 #include "app/settings/MemberRows.h"
 
+#include "app/base/cellText.h"
 #include "app/base/momentText.h"
 #include "app/settings/settingsRoles.h"
-#include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -26,9 +25,7 @@ std::vector<MemberRow> rowsOf(const QList<Member>& members, const QString& you, 
 std::vector<InviteRow> rowsOf(const QList<Invite>& invites) {
   std::vector<InviteRow> rows;
   for (const Invite& invite : invites) {
-    const auto expires = parsePlatformDate(invite.expiresAt);
-    rows.push_back({invite.id, invite.email, roleLabel(invite.role),
-                    expires ? Format::shortDate(expires->toLocalTime().date()) : u"–"_s});
+    rows.push_back({invite.id, invite.email, roleLabel(invite.role), shortDay(invite.expiresAt)});
   }
   return rows;
 }

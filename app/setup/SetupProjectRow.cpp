@@ -1,7 +1,7 @@
 #include "app/setup/SetupProjectRow.h"
 
+#include "app/base/cellText.h"
 #include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -9,16 +9,7 @@ namespace orv {
 
 ORV_DEFINE_ROW(SetupProjectRow)
 
-namespace {
-
-constexpr int archiveDays = 30;
-
-QString dayOf(const std::optional<QString>& instant, int later = 0) {
-  const auto at = parsePlatformDate(instant);
-  return at ? Format::shortDate(at->toLocalTime().date().addDays(later)) : u"–"_s;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 SetupProjectRow setupRowOf(const SetupProject& project) {
   SetupProjectRow row;
@@ -35,9 +26,9 @@ SetupProjectRow setupRowOf(const SetupProject& project) {
                        Format::grouped(project.lastRun->total) + u" connected"_s;
     row.progress = double(project.lastRun->connected) / double(project.lastRun->total);
   }
-  row.updatedText = dayOf(project.updatedAt);
-  row.archivedText = dayOf(project.archivedAt);
-  row.goneText = dayOf(project.archivedAt, archiveDays);
+  row.updatedText = shortDay(project.updatedAt);
+  row.archivedText = shortDay(project.archivedAt);
+  row.goneText = shortDay(project.archivedAt, archiveDays);
   return row;
 }
 
