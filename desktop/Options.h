@@ -13,7 +13,8 @@ struct Options {
   int demoCampaigns = 0;
   /// Nothing is read from or left in the keyring.
   bool fresh = false;
-  /// Ends after the first frame with content, having said on standard output how much memory is in use: for measuring.
+  /// Ends after the first frame with content or with the sign-in, having said on standard output which it was and how
+  /// much memory is in use: for measuring and for trying a package.
   bool untilContent = false;
   /// Links and whatever else stands after the options.
   QStringList arguments;

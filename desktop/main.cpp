@@ -14,6 +14,7 @@
 #include "desktop/ActivationToken.h"
 #include "desktop/ClientWindow.h"
 #include "desktop/MemoryKeychain.h"
+#include "desktop/MissingParts.h"
 #include "desktop/Options.h"
 #include "desktop/ProcessEnd.h"
 #include "desktop/WindowPlace.h"
@@ -77,8 +78,9 @@ double residentMegabytes() {
 
 void endAtContent(QQuickWindow& window, AppModel& app) {
   QObject::connect(&window, &QQuickWindow::frameSwapped, &app, [&app] {
-    if (!app.session() || app.session()->store<DashboardStore>()->today().isEmpty()) return;
-    QTextStream(stdout) << "content, " << residentMegabytes() << " MB" << Qt::endl;
+    const bool isSignIn = app.phase() == AppModel::Phase::signedOut;
+    if (!isSignIn && (!app.session() || app.session()->store<DashboardStore>()->today().isEmpty())) return;
+    QTextStream(stdout) << (isSignIn ? "sign-in, " : "content, ") << residentMegabytes() << " MB" << Qt::endl;
     QCoreApplication::quit();
   });
 }
@@ -201,6 +203,7 @@ int run(QGuiApplication& application, const Options& options, LogFile& log) {
 
   if (options.untilContent) endAtContent(*window, app);
   place.show();
+  tellWhatIsMissing(QDBusConnection::sessionBus(), log, preferences, *app.toasts());
   const int code = application.exec();
   instance.release();
   letFinish(app);

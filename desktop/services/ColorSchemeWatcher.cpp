@@ -4,10 +4,14 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QLoggingCategory>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+Q_LOGGING_CATEGORY(lcColorScheme, "orvella.style")
+
 namespace {
 const auto portalName = u"org.freedesktop.portal.Desktop"_s;
 const auto portalPath = u"/org/freedesktop/portal/desktop"_s;
@@ -32,6 +36,8 @@ void ColorSchemeWatcher::readAll() {
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
     watcher->deleteLater();
     const QDBusMessage reply = watcher->reply();
+    if (watcher->isError())
+      qCInfo(lcColorScheme, "The desktop does not tell its style: %s", qPrintable(watcher->error().message()));
     if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != "a{sa{sv}}"_L1) return;
     const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(reply.arguments().constFirst());
     const QVariantMap values = groups.value(group);

@@ -3,10 +3,14 @@
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QLoggingCategory>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+Q_LOGGING_CATEGORY(lcNotifications, "orvella.notifications")
+
 namespace {
 
 const auto service = u"org.freedesktop.Notifications"_s;
@@ -56,8 +60,11 @@ void DesktopNotifications::askCapabilities() {
     m_asking = false;
     const QDBusPendingReply<QStringList> reply = *watcher;
     const auto waiting = std::exchange(m_waiting, {});
-    // Nobody there to show anything. Somebody may come, and is asked then.
-    if (reply.isError()) return;
+    // Somebody may come, and is asked then.
+    if (reply.isError()) {
+      qCInfo(lcNotifications, "Nobody here shows notifications: %s", qPrintable(reply.error().message()));
+      return;
+    }
     m_can = reply.value();
     for (const Notice& notice : waiting) send(notice);
   });

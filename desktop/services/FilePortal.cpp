@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QUrl>
 #include <QWindow>
@@ -56,6 +57,9 @@ Q_DECLARE_METATYPE(orv::PortalFilter)
 Q_DECLARE_METATYPE(orv::PortalFilter::Pattern)
 
 namespace orv {
+
+Q_LOGGING_CATEGORY(lcFilePortal, "orvella.files")
+
 namespace {
 
 const auto portalName = u"org.freedesktop.portal.Desktop"_s;
@@ -146,7 +150,10 @@ OneShot<FilePortal::Outcome> FilePortal::ask(const QString& method, const QStrin
   auto* const watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message, answerMilliseconds), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
     watcher->deleteLater();
-    if (watcher->isError()) m_outcome.give({});
+    if (!watcher->isError()) return;
+    qCInfo(lcFilePortal, "The desktop has no file panel, so the window asks: %s",
+           qPrintable(watcher->error().message()));
+    m_outcome.give({});
   });
   return m_outcome;
 }

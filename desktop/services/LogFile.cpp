@@ -15,6 +15,7 @@ namespace {
 
 std::atomic<LogFile*> current = nullptr;
 constexpr qsizetype longestMessage = 4096;
+constexpr qsizetype unwrittenLines = 500;
 
 const char* levelName(QtMsgType type) {
   switch (type) {
@@ -94,7 +95,12 @@ void LogFile::handle(QtMsgType type, const QMessageLogContext& context, const QS
 void LogFile::write(const QByteArray& line) {
   if (m_file.isOpen() && m_file.size() + line.size() > m_limits.bytes) rotate();
   // A full disk is no reason to stop working. (A closed file would warn, and the warning come here again.)
-  if (m_file.isOpen() && m_file.write(line) >= 0) m_file.flush();
+  if (m_file.isOpen()) {
+    if (m_file.write(line) >= 0) m_file.flush();
+    return;
+  }
+  m_unwritten.append(QString::fromUtf8(line).trimmed());
+  if (m_unwritten.size() > unwrittenLines) m_unwritten.removeFirst();
 }
 
 void LogFile::open() {
@@ -109,6 +115,8 @@ QStringList LogFile::lines(int atMost) const {
   for (const QString& path : {olderPath(1), m_file.fileName()})
     if (QFile file(path); file.open(QIODevice::ReadOnly))
       lines += QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+  const QMutexLocker lock(&m_mutex);
+  lines += m_unwritten;
   return lines.mid(std::max<qsizetype>(0, lines.size() - atMost));
 }
 

@@ -10,7 +10,8 @@ namespace orv {
 /// While it lives, everything logged goes to a file of the person's own (and to stderr as before), without secrets.
 ///
 /// Nothing should log a secret in the first place; that one which slips through stays readable for nobody is this
-/// sink's part. One per process.
+/// sink's part. One per process. Where the file cannot be written the newest lines are kept in memory, for the log
+/// page.
 class LogFile final : public ActivityLog {
  public:
   struct Limits {
@@ -32,6 +33,8 @@ class LogFile final : public ActivityLog {
 
   QStringList lines(int atMost) const override;
   QString path() const { return m_file.fileName(); }
+  /// The folder takes files.
+  bool isKept() const { return m_file.isOpen(); }
 
  private:
   static QString lineOf(const QString& message);
@@ -43,8 +46,9 @@ class LogFile final : public ActivityLog {
 
   QString m_folder;
   Limits m_limits;
-  QMutex m_mutex;
+  mutable QMutex m_mutex;
   QFile m_file;
+  QStringList m_unwritten;
   QtMessageHandler m_previous = nullptr;
 };
 

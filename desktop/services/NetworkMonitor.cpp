@@ -2,17 +2,23 @@
 
 #include <linux/rtnetlink.h>
 #include <unistd.h>
+#include <QLoggingCategory>
 
 #include "kit/api/NetworkChanges.h"
 
 namespace orv {
+
+Q_LOGGING_CATEGORY(lcNetwork, "orvella.network")
 
 NetworkMonitor::NetworkMonitor(Clock& clock, QObject* parent)
     : NetworkMonitor(clock, NetworkChanges::listen(), parent) {}
 
 NetworkMonitor::NetworkMonitor(Clock& clock, int socket, QObject* parent)
     : NetworkWatch(parent), m_clock(clock), m_socket(socket) {
-  if (m_socket < 0) return;
+  if (m_socket < 0) {
+    qCInfo(lcNetwork, "The system does not tell when the network comes back, so pages are read again by hand");
+    return;
+  }
   m_notifier = std::make_unique<QSocketNotifier>(m_socket, QSocketNotifier::Read);
   connect(m_notifier.get(), &QSocketNotifier::activated, this, &NetworkMonitor::read);
 }

@@ -13,6 +13,10 @@ class SettingsPreferences final : public Preferences {
   SettingsPreferences() = default;
   explicit SettingsPreferences(const QString& path) : m_settings(path, QSettings::IniFormat) {}
 
+  QString path() const { return m_settings.fileName(); }
+  /// What is set outlives the process.
+  bool isKept() const { return m_settings.isWritable(); }
+
   bool sidebarRail() const override;
   void setSidebarRail(bool rail) override;
   QStringList recentCommands() const override;

@@ -106,7 +106,9 @@ SingleInstance::Start SingleInstance::claimSocket(const QStringList& links) {
   if (handOverBySocket(path, links)) return Start::second;
   // Nobody listens: what is there was left by a process that died, or belongs to one that hangs.
   QLocalServer::removeServer(path);
-  if (!m_server.listen(path)) qCWarning(lcInstance, "No single instance: %s", qPrintable(m_server.errorString()));
+  if (!m_server.listen(path))
+    qCWarning(lcInstance, "Another start will open another window, and sign-in links have to be pasted: %s",
+              qPrintable(m_server.errorString()));
   return Start::first;
 }
 

@@ -76,6 +76,17 @@ class LogTest : public QObject {
     { LogFile again(folder, {2000, 2}); }
     QVERIFY(contents(path).contains("line 99 "));
   }
+
+  void whatCannotBeWrittenIsStillShown() {
+    QFile inTheWay(m_folder.filePath(u"file"_s));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    LogFile log(inTheWay.fileName() + u"/log"_s);
+    QVERIFY(!log.isKept());
+    for (int i = 0; i < 600; ++i) qInfo("line %d", i);
+    const QStringList lines = log.lines(1000);
+    QCOMPARE(lines.size(), 500);
+    QVERIFY(lines.last().endsWith("line 599"_L1));
+  }
 };
 
 QTEST_GUILESS_MAIN(LogTest)
