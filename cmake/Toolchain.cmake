@@ -49,6 +49,17 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
   add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 
+# Files of a folder include the same headers one by one; joined, a build from nothing takes half the time. Off, a change
+# in one file compiles only that file, and the compile commands name every file, as clang-tidy wants them.
+option(ORVELLA_JOIN "Compile the files of a folder together" ON)
+
+# orvella_join(TARGET FILES): its files compiled so many at a time.
+function(orvella_join target files)
+  if(ORVELLA_JOIN)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${files})
+  endif()
+endfunction()
+
 set(ORVELLA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 if(ORVELLA_SANITIZE)
   add_compile_options(-fsanitize=${ORVELLA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
