@@ -1,5 +1,6 @@
 #include "app/leads/LeadCard.h"
 
+#include <QStringTokenizer>
 #include <QUrl>
 
 #include "app/base/shownName.h"
@@ -16,7 +17,7 @@ namespace {
 class Facts {
  public:
   Facts& add(const QString& label, const std::optional<QString>& text) {
-    if (text && !text->isEmpty()) m_facts.append({.key = label, .label = label, .detail = *text});
+    if (text && !text->isEmpty()) m_facts.append({.key = label, .label = label, .detail = shownName(*text)});
     return *this;
   }
   Facts& add(const QString& label, const std::optional<qint64>& number) {
@@ -33,10 +34,19 @@ class Facts {
   QList<Choice> m_facts;
 };
 
+/// A file that somebody imported may hold thousands of words for one lead.
+constexpr qsizetype mostWords = 40;
+
 QStringList parted(const std::optional<QString>& text) {
   QStringList parts;
-  for (const QString& part : text.value_or(QString()).split(u','))
-    if (!part.trimmed().isEmpty()) parts.append(part.trimmed());
+  qsizetype more = 0;
+  const QString all = text.value_or(QString());
+  for (const QStringView part : qTokenize(all, u',')) {
+    const QStringView word = part.trimmed();
+    if (word.isEmpty()) continue;
+    parts.size() < mostWords ? parts.append(shownName(word.toString())) : void(++more);
+  }
+  if (more > 0) parts.append(u"and "_s + Format::grouped(more) + u" more"_s);
   return parts;
 }
 
@@ -144,16 +154,21 @@ void LeadCard::take(const QList<UnlockResult::Item>& leads) {
   }
 }
 
-QString LeadCard::name() const { return isOf() ? LeadWords::name(detail() ? *detail() : m_lead) : QString(); }
+const Lead& LeadCard::lead() const {
+  const LeadRecord* all = detail();
+  return all ? *all : m_lead;
+}
+
+QString LeadCard::name() const { return isOf() ? shownName(LeadWords::name(lead())) : QString(); }
 
 QString LeadCard::about() const {
   QStringList parts;
   for (const auto& part : {m_lead.title, m_lead.company})
-    if (part && !part->isEmpty()) parts.append(*part);
+    if (part && !part->isEmpty()) parts.append(shownName(*part));
   return parts.join(u" · "_s);
 }
 
-bool LeadCard::locked() const { return LeadWords::isLocked(detail() ? *detail() : m_lead); }
+bool LeadCard::locked() const { return LeadWords::isLocked(lead()); }
 
 QString LeadCard::problem() const {
   if (!isOf() || detail() || m_detail.refreshing()) return {};
@@ -165,7 +180,7 @@ QString LeadCard::problem() const {
 }
 
 QList<Choice> LeadCard::person() const {
-  const Lead& lead = detail() ? *detail() : m_lead;
+  const Lead& lead = this->lead();
   Facts facts;
   facts.add(u"First name"_s, lead.firstName).add(u"Last name"_s, lead.lastName).add(u"Title"_s, lead.title);
   if (locked())
@@ -180,7 +195,7 @@ QList<Choice> LeadCard::person() const {
 }
 
 QList<Choice> LeadCard::company() const {
-  const Lead& lead = detail() ? *detail() : m_lead;
+  const Lead& lead = this->lead();
   auto revenue = lead.annualRevenue;
   if (revenue && !revenue->isEmpty()) *revenue += u" per year"_s;
   return Facts()
@@ -194,14 +209,14 @@ QList<Choice> LeadCard::company() const {
       .all();
 }
 
-QStringList LeadCard::keywords() const { return parted(detail() ? detail()->keywords : m_lead.keywords); }
+QStringList LeadCard::keywords() const { return parted(lead().keywords); }
 
-QStringList LeadCard::technologies() const { return parted(detail() ? detail()->technologies : m_lead.technologies); }
+QStringList LeadCard::technologies() const { return parted(lead().technologies); }
 
 QList<Choice> LeadCard::lists() const {
   QList<Choice> lists;
   if (detail())
-    for (const auto& list : detail()->lists) lists.append({.key = list.id, .label = list.name});
+    for (const auto& list : detail()->lists) lists.append({.key = list.id, .label = shownName(list.name)});
   return lists;
 }
 
@@ -213,12 +228,12 @@ QVariantList LeadCard::campaigns() const {
                             {u"name"_s, shownName(history.name)},
                             {u"detail"_s, campaignDetail(history)},
                             {u"status"_s, history.status},
-                            {u"statusLabel"_s, statusLabel(history.status)}});
+                            {u"statusLabel"_s, shownName(statusLabel(history.status))}});
   return rows;
 }
 
 QList<Choice> LeadCard::record() const {
-  const Lead& lead = detail() ? *detail() : m_lead;
+  const Lead& lead = this->lead();
   Facts facts;
   if (const LeadRecord* all = detail())
     facts.add(u"Lead source"_s, all->leadSource)
@@ -231,7 +246,7 @@ QList<Choice> LeadCard::record() const {
 }
 
 void LeadCard::copyEmail(const QString& id) {
-  const Lead* lead = id == m_lead.id ? &m_lead : m_find(id);
+  const Lead* lead = id == m_lead.id ? &this->lead() : m_find(id);
   if (!lead || LeadWords::isLocked(*lead)) return;
   if (services().clipboard.setText(lead->email))
     services().toasts.success(u"Copied"_s);
@@ -245,7 +260,7 @@ void LeadCard::openCampaign(const QString& id) { context().openItem(Page::campai
 void LeadCard::openList(const QString& id) { context().openItem(Page::leads, id); }
 
 void LeadCard::openWebsite() {
-  const QString address = (detail() ? detail()->website : m_lead.website).value_or(QString());
+  const QString address = lead().website.value_or(QString());
   const QUrl url = QUrl::fromUserInput(address);
   // A stranger wrote it: nothing but pages of the web is opened.
   if (url.isValid() && (url.scheme() == "https"_L1 || url.scheme() == "http"_L1)) services().browser.open(url);

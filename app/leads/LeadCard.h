@@ -87,6 +87,8 @@ class LeadCard final : public Store {
   void show(const QString& id, bool isPeek);
   bool isOf() const { return !m_lead.id.isEmpty(); }
   const LeadRecord* detail() const;
+  /// As far as it is known.
+  const Lead& lead() const;
   void follow(const Change<Lead>& change);
 
   Find m_find;

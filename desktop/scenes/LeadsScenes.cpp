@@ -115,6 +115,13 @@ QList<Scene> cardAndSavedScenes() {
   return {
       {u"leads-card"_s, [](Stage& s) { openCard(s, true); }},
       {u"leads-card-known"_s, [](Stage& s) { openCard(s, false); }},
+      {u"leads-peek"_s,
+       [](Stage& s) {
+         LeadResults& results = *openFiltered(s).finder()->results();
+         results.card()->peek(results.list()->shownIds().value(1));
+         s.until([&results] { return results.card()->peeking(); }, u"the card"_s);
+         s.settle();
+       }},
       {u"leads-card-failed"_s,
        [](Stage& s) {
          LeadResults& results = *openFiltered(s).finder()->results();

@@ -289,6 +289,27 @@ class LeadFinderTest : public QObject {
     QCOMPARE(f->lastToast(), u"Copied"_s);
   }
 
+  void aCardSaysWhatStrangersWroteInItsPlace() {
+    f->open(SearchFixture::page({f->lead("l1")}, 1));
+    LeadCard& card = *f->results.card();
+    QStringList words;
+    for (int i = 0; i < 5000; ++i) words.append(u"word%1"_s.arg(i));
+    f->api.expect(u"GET /leads/l1"_s);
+    card.open(u"l1"_s);
+    card.copyEmail(u"l1"_s);
+    QVERIFY(f->clipboard.text.isEmpty());
+    QByteArray unlocked = SearchFixture::lead(
+        "l1", R"(,"title":"a\nDelete all","lists":[],"campaigns":[],"keywords":")" + words.join(u',').toUtf8() + '"');
+    unlocked.replace(R"("email":"","locked":true)", R"("email":"ana@a.example","locked":false)");
+    f->api.answer(u"GET /leads/l1"_s, unlocked);
+    QCOMPARE(card.person().first().detail, u"a Delete all"_s);
+    QCOMPARE(card.keywords().size(), 41);
+    QCOMPARE(card.keywords().last(), u"and 4,960 more"_s);
+    // Somebody unlocked it meanwhile.
+    card.copyEmail(u"l1"_s);
+    QCOMPARE(f->clipboard.text, u"ana@a.example"_s);
+  }
+
   void thePointerPeeksAndTheKeyboardReadsAhead() {
     f->open(SearchFixture::page({f->lead("l1"), f->lead("l2")}));
     LeadCard& card = *f->results.card();
