@@ -18,6 +18,8 @@ struct Wish {
   int thinned = 1;
   quint32 seed = 0;
   QString prefix;
+  /// By their whole names.
+  QStringList names;
   /// None for those that the rest asks for.
   QList<QSize> sizes;
   /// Every n-th scene from which on; one program takes them all otherwise.
@@ -26,7 +28,7 @@ struct Wish {
   QString folder;
 
   /// Each page once.
-  bool isShort() const { return !check && !all && prefix.isEmpty(); }
+  bool isShort() const { return !check && !all && prefix.isEmpty() && names.isEmpty(); }
 };
 
 Wish wishOf(const QCoreApplication& application) {
@@ -36,6 +38,7 @@ Wish wishOf(const QCoreApplication& application) {
   parser.addHelpOption();
   parser.addOption({u"all"_s, u"Every state, in both sizes and both themes."_s});
   parser.addOption({u"scenes"_s, u"Those states whose names begin like this."_s, u"prefix"_s});
+  parser.addOption({u"scene"_s, u"The state of that name; may be given several times."_s, u"name"_s});
   parser.addOption({u"size"_s, u"Of the window, as \"1680x1050\"; may be given several times."_s, u"size"_s});
   parser.addOption({u"check"_s, u"Keeps no pictures; both themes at one size."_s});
   parser.addOption({u"some"_s,
@@ -58,6 +61,7 @@ Wish wishOf(const QCoreApplication& application) {
                   .thinned = parser.isSet(u"some"_s) ? 6 : 1,
                   .seed = asked.isEmpty() ? QRandomGenerator::global()->generate() : asked.toUInt(),
                   .prefix = parser.value(u"scenes"_s),
+                  .names = parser.values(u"scene"_s),
                   .sizes = sizes,
                   .share = share.value(0).toInt() - 1,
                   .shares = share.value(1).toInt(),
@@ -71,6 +75,7 @@ QList<Scene> scenesOf(const Wish& wish) {
   quint32 states = wish.seed;
   for (int number = 0; const Scene& scene : allScenes()) {
     if (!scene.name.startsWith(wish.prefix) || (wish.isShort() && !scene.isPage)) continue;
+    if (!wish.names.isEmpty() && !wish.names.contains(scene.name)) continue;
     if (!scene.isPage && states++ % quint32(wish.thinned) != 0) continue;
     if (number++ % wish.shares == wish.share) wanted.append(scene);
   }
