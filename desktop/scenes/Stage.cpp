@@ -105,11 +105,15 @@ class Stage::Desktop final : public Browser,
                              public Preferences {
  public:
   MemoryPressure memoryPressure;
+  QString saveFolder;
 
   bool open(const QUrl&) override { return true; }
   bool setText(const QString&) override { return true; }
   void reveal(const QString&) override {}
-  Task<std::optional<ChosenFile>> saveFile(QString, QString, QString) override { co_return std::nullopt; }
+  Task<std::optional<ChosenFile>> saveFile(QString name, QString, QString) override {
+    if (saveFolder.isEmpty()) co_return std::nullopt;
+    co_return ChosenFile{saveFolder + u'/' + name, true};
+  }
   Task<std::optional<QString>> openFile(QString, QString) override { co_return std::nullopt; }
 
   bool sidebarRail() const override { return false; }
@@ -151,6 +155,7 @@ Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
       m_keychain(u"com.orvella.render"_s),
       m_desktop(new Desktop) {
   m_transport.mode = setting.mode;
+  m_desktop->saveFolder = setting.saveFolder;
   Clock& clock = time ? time->clock() : m_systemClock;
   Platform platform{m_transport,
                     m_keychain,

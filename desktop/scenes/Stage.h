@@ -12,12 +12,12 @@
 
 namespace orv {
 
-/// The sample's transport with trouble on demand.
+/// A transport with trouble on demand.
 class StagedTransport final : public APITransport {
  public:
   enum class Mode { passing, holding, failing, offline, empty };
 
-  explicit StagedTransport(demo::DemoService& service) : m_demo(service) {}
+  explicit StagedTransport(APITransport& api) : m_api(api) {}
   Mode mode = Mode::passing;
   std::unique_ptr<Exchange> exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) override;
 
@@ -29,7 +29,7 @@ class StagedTransport final : public APITransport {
  private:
   class Counted;
 
-  demo::DemoTransport m_demo;
+  APITransport& m_api;
   int m_underWay = 0;
   int m_begun = 0;
 };
@@ -45,6 +45,11 @@ struct StageSetting {
   /// At least so many in the sample.
   int campaigns = 0;
   int mailboxes = 0;
+  /// Another service in place of the sample, with a session of it.
+  APITransport* service = nullptr;
+  std::optional<StoredSession> session = {};
+  /// Where files go that are saved; without it whoever is asked for a place cancels.
+  QString saveFolder = {};
 };
 
 /// What was to happen on a stage and did not.
@@ -91,6 +96,7 @@ class Stage {
   StageTime* m_time;
   SystemClock m_systemClock;
   demo::DemoService m_service;
+  demo::DemoTransport m_demo{m_service};
   StagedTransport m_transport;
   MemoryKeychain m_keychain;
   std::unique_ptr<Desktop> m_desktop;

@@ -25,7 +25,7 @@ T.AbstractButton {
         radius: Theme.radiusCard
         color: root.down ? Theme.pressed : root.hovered ? Theme.hover : Theme.surface
         border { width: 1; color: Theme.border }
-        FocusRing { visible: root.visualFocus; innerRadius: Theme.radiusCard }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; innerRadius: Theme.radiusCard }
     }
 
     contentItem: Item {

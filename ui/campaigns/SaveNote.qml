@@ -50,7 +50,7 @@ Row {
 
         OrvTooltip {
             text: root.autosave.message
-            asked: again.visualFocus
+            asked: again.activeFocus && InputMode.keyboard
         }
     }
 

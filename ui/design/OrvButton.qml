@@ -134,7 +134,7 @@ T.Button {
         border.width: root.kind === "secondary" && !root.iconOnly ? 1 : 0
         border.color: Theme.borderField
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
-        FocusRing { visible: root.visualFocus }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard }
     }
 
     OrvTooltip {

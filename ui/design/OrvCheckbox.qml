@@ -34,7 +34,7 @@ T.CheckBox {
         color: root.checkState !== Qt.Unchecked ? Theme.accent : Theme.surface
         border.width: root.checkState !== Qt.Unchecked ? 0 : 1.5
         border.color: Theme.borderControl
-        FocusRing { visible: root.visualFocus; innerRadius: Theme.radiusTag }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; innerRadius: Theme.radiusTag }
         OrvIcon {
             visible: root.checkState === Qt.Checked
             anchors.centerIn: parent

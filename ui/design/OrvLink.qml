@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// A word that acts, without a button's weight.
 T.AbstractButton {
@@ -32,6 +33,6 @@ T.AbstractButton {
         color: !root.enabled ? Theme.text3 : root.quiet ? Theme.text2 : Theme.accentText
     }
     background: Item {
-        FocusRing { visible: root.visualFocus; innerRadius: 2 }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; innerRadius: 2 }
     }
 }

@@ -92,6 +92,6 @@ T.MenuItem {
     background: Rectangle {
         radius: Theme.radiusControl
         color: root.down ? Theme.pressed : root.highlighted || root.activeFocus || root.hovered ? Theme.hover : "transparent"
-        border { width: root.visualFocus && InputMode.keyboard ? 2 : 0; color: Theme.focus }
+        border { width: root.activeFocus && InputMode.keyboard ? 2 : 0; color: Theme.focus }
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Templates as T
+import Orvella.Design
 
 /// Acts at once, so never inside a form with a save button.
 T.Switch {
@@ -33,7 +34,7 @@ T.Switch {
         radius: 9
         color: root.checked ? Theme.accent : Theme.borderControl
         Behavior on color { ColorAnimation { duration: Theme.hoverDuration } }
-        FocusRing { visible: root.visualFocus; innerRadius: 9 }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; innerRadius: 9 }
         Rectangle {
             x: root.checked ? 16 : 2
             y: 2

@@ -47,7 +47,7 @@ T.AbstractButton {
         opacity: root.down ? 0.2 : root.hovered ? 0.12 : 0
 
         Rectangle {
-            visible: root.visualFocus
+            visible: root.activeFocus && InputMode.keyboard
             parent: root
             anchors.fill: parent
             radius: Theme.radiusControl

@@ -34,7 +34,7 @@ T.AbstractButton {
         radius: Theme.radiusControl
         color: root.down ? Theme.pressed : root.hovered ? Theme.hover : Theme.raised
         border { width: 1; color: Theme.borderField }
-        FocusRing { visible: root.visualFocus }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard }
     }
 
     contentItem: Item {

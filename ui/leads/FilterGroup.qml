@@ -39,7 +39,7 @@ Column {
             color: head.hovered ? Theme.hover : "transparent"
 
             FocusRing {
-                visible: head.visualFocus
+                visible: head.activeFocus && InputMode.keyboard
                 inset: true
             }
         }

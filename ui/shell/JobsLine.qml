@@ -28,7 +28,7 @@ T.AbstractButton {
     background: Rectangle {
         radius: Theme.radiusControl
         color: root.down ? Theme.pressed : root.hovered ? Theme.hover : "transparent"
-        FocusRing { visible: root.visualFocus; inset: true }
+        FocusRing { visible: root.activeFocus && InputMode.keyboard; inset: true }
     }
 
     contentItem: Item {

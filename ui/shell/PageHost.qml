@@ -38,6 +38,16 @@ FocusScope {
         return moves.includes(event.key) && keeper.goIn(event.key, event.modifiers);
     }
 
+    /// On from what Tab does not stop at: the toolkit would begin with the window's first control.
+    function stepOn(event: var): bool {
+        const forward = event.key === Qt.Key_Tab;
+        const item = Window.activeFocusItem;
+        if (!forward && event.key !== Qt.Key_Backtab || event.modifiers & Qt.ControlModifier || !item || item.activeFocusOnTab)
+            return false;
+        item.nextItemInFocusChain(forward).forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+        return true;
+    }
+
     /// From the page of a record to its list; a text that is being written keeps its Escape.
     function goUp(event: var): bool {
         const writes = Window.activeFocusItem?.cursorPosition !== undefined;
@@ -50,7 +60,7 @@ FocusScope {
     Keys.onPressed: event => {
         // Before anything: what is done may take the page away.
         event.accepted = true;
-        if (!goIn(event) && !goUp(event))
+        if (!stepOn(event) && !goIn(event) && !goUp(event))
             event.accepted = false;
     }
 

@@ -42,7 +42,7 @@ Item {
         background: Rectangle {
             radius: Theme.radiusControl
             color: person.down ? Theme.pressed : person.hovered ? Theme.hover : "transparent"
-            FocusRing { visible: person.visualFocus; inset: true }
+            FocusRing { visible: person.activeFocus && InputMode.keyboard; inset: true }
         }
 
         contentItem: Item {

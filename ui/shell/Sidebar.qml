@@ -75,7 +75,7 @@ FocusScope {
             radius: Theme.radiusControl
             color: search.down ? Theme.pressed : search.hovered ? Theme.hover : Theme.surface
             border { width: 1; color: Theme.border }
-            FocusRing { visible: search.visualFocus; inset: true }
+            FocusRing { visible: search.activeFocus && InputMode.keyboard; inset: true }
         }
 
         contentItem: Item {

@@ -34,7 +34,7 @@ T.AbstractButton {
             height: 32
             radius: Theme.radiusControl
             color: root.current || root.down ? Theme.pressed : root.hovered ? Theme.hover : "transparent"
-            FocusRing { visible: root.visualFocus; inset: true }
+            FocusRing { visible: root.activeFocus && InputMode.keyboard; inset: true }
         }
     }
 
