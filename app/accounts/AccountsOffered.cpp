@@ -34,6 +34,7 @@ QList<PageAction> AccountsStore::offeredLive(const Mailbox& mailbox) {
                     .icon = u"media-playback-pause"_s,
                     .writes = true,
                     .possible = isFree,
+                    .anywhere = true,
                     .run = [this, id, address] { m_actions.pause(id, address); }});
   if (mailbox.status.isPaused())
     actions.append({.key = u"resume"_s,
@@ -41,16 +42,19 @@ QList<PageAction> AccountsStore::offeredLive(const Mailbox& mailbox) {
                     .icon = u"media-playback-start"_s,
                     .writes = true,
                     .possible = isFree,
+                    .anywhere = true,
                     .run = [this, id, address] { m_actions.resume(id, address); }});
   actions.append({{.key = u"test"_s,
                    .title = u"Test connection"_s,
                    .icon = u"network-connect"_s,
                    .writes = true,
                    .possible = isFree,
+                   .anywhere = true,
                    .run = [this, id, address] { m_actions.test(id, address); }},
                   {.key = u"copy-address"_s,
                    .title = u"Copy email address"_s,
                    .icon = u"edit-copy"_s,
+                   .anywhere = true,
                    .run = [this, address] { copyAddress(address); }},
                   {.key = u"delete"_s,
                    .title = u"Remove"_s,
@@ -58,6 +62,7 @@ QList<PageAction> AccountsStore::offeredLive(const Mailbox& mailbox) {
                    .writes = true,
                    .danger = true,
                    .possible = isFree,
+                   .anywhere = true,
                    .run = [this, id, address] { m_actions.remove(id, address); }}});
   return actions;
 }

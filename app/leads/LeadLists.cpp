@@ -126,14 +126,17 @@ QList<PageAction> LeadLists::offeredOnPage() {
 }
 
 QList<PageAction> LeadLists::offeredLive(const LeadList& list) {
-  QList<PageAction> actions{
-      {.key = u"open"_s, .title = u"Open list"_s, .icon = u"system-users"_s, .run = [this, id = list.id] { open(id); }},
-      {.key = u"campaign"_s,
-       .title = u"Add to campaign"_s,
-       .icon = u"mail-send"_s,
-       .writes = true,
-       .possible = list.leadCount > 0,
-       .run = [this, list] { m_actions.addToCampaign(wholeList(list)); }}};
+  QList<PageAction> actions{{.key = u"open"_s,
+                             .title = u"Open list"_s,
+                             .icon = u"system-users"_s,
+                             .anywhere = true,
+                             .run = [this, id = list.id] { open(id); }},
+                            {.key = u"campaign"_s,
+                             .title = u"Add to campaign"_s,
+                             .icon = u"mail-send"_s,
+                             .writes = true,
+                             .possible = list.leadCount > 0,
+                             .run = [this, list] { m_actions.addToCampaign(wholeList(list)); }}};
   return actions + m_actions.lists()->offeredFor(list);
 }
 

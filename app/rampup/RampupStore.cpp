@@ -186,10 +186,11 @@ QList<PageAction> RampupStore::offered(const QString& record) {
   const bool isPaused = item->plan && item->plan->isPaused(), goesOn = item->plan && !isPaused && !item->plan->isDone();
   const bool isWarm = item->settings.enabled;
   const QString address = item->address;
-  QList<PageAction> actions{
-      {.key = u"open"_s, .title = u"Open roadmap"_s, .icon = u"view-calendar-timeline"_s, .run = [this, record] {
-         open(record);
-       }}};
+  QList<PageAction> actions{{.key = u"open"_s,
+                             .title = u"Open roadmap"_s,
+                             .icon = u"view-calendar-timeline"_s,
+                             .anywhere = true,
+                             .run = [this, record] { open(record); }}};
   if (goesOn)
     actions.append({.key = u"pause"_s,
                     .title = u"Pause roadmap"_s,
@@ -215,6 +216,7 @@ QList<PageAction> RampupStore::offered(const QString& record) {
                   .title = u"Open account"_s,
                   .icon = u"mail-message"_s,
                   .possible = !item->isPool(),
+                  .anywhere = true,
                   .run = [this, record] { context().openItem(Page::accounts, record); }});
   return actions;
 }

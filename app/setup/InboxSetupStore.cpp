@@ -289,7 +289,9 @@ QList<PageAction> InboxSetupStore::offered(const QString& record) {
   const bool isFree = !busyIds().contains(record);
   const QString name = project->name;
   QList<PageAction> actions{
-      {.key = u"open"_s, .title = u"Open project"_s, .icon = u"tools-wizard"_s, .run = [=, this] { open(record); }}};
+      {.key = u"open"_s, .title = u"Open project"_s, .icon = u"tools-wizard"_s, .anywhere = true, .run = [=, this] {
+         open(record);
+       }}};
   if (project->archivedAt) {
     actions.append(archivedActions(isFree, [=, this] { restore(record); }, {}).first());
     return actions;
