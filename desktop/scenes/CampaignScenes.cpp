@@ -122,6 +122,7 @@ QList<Scene> sequenceScenes() {
       {u"campaign-sequence-typing"_s,
        [](Stage& s) {
          openSequence(s, u"draft"_s).insertStep(1);
+         s.press(Qt::Key_Down);
          s.press(Qt::Key_Tab);
          s.press(Qt::Key_Return);
          s.type(u"Hello {{c"_s);
@@ -130,6 +131,7 @@ QList<Scene> sequenceScenes() {
        [](Stage& s) {
          auto& editor = openSequence(s, u"draft"_s);
          while (editor.stepCount() < 12) editor.insertStep(editor.stepCount());
+         s.press(Qt::Key_Down);
          s.press(Qt::Key_Tab);
        }},
       {u"campaign-sequence-empty"_s,
@@ -142,6 +144,7 @@ QList<Scene> sequenceScenes() {
          auto& editor = openSequence(s, u"running"_s);
          editor.selectPlace(1);
          s.transport().mode = Mode::failing;
+         s.press(Qt::Key_Down);
          s.press(Qt::Key_Tab);
          s.press(Qt::Key_Return);
          s.type(u"Written while the service was down. "_s);
