@@ -29,6 +29,7 @@ class RecordModel : public ListModel {
   void replace(std::vector<Record> records) {
     const int before = rowCount(), after = int(records.size());
     const int kept = std::min(before, after);
+    forgetPlaces();
     if (after > before) insert(before, records, size_t(kept), size_t(after));
     if (kept > 0) {
       records.resize(size_t(kept));
@@ -95,8 +96,10 @@ class RecordModel : public ListModel {
 
   /// -1 when no row has the id.
   int rowOf(const QString& id) const {
-    if (m_places.isEmpty())
+    if (m_places.isEmpty()) {
+      m_places.reserve(rowCount());
       for (int row = rowCount() - 1; row >= 0; --row) m_places.insert(m_records[size_t(row)].id, row);
+    }
     return m_places.value(id, -1);
   }
 
@@ -151,10 +154,20 @@ class RecordModel : public ListModel {
     for (const QModelIndex& index : held) ids.append(m_records[size_t(index.row())].id);
     forgetPlaces();
     std::ranges::move(records, m_records.begin());
+    const QHash<QString, int> rows = rowsOf(ids);
     QModelIndexList moved;
-    for (const QString& id : ids) moved.append(index(rowOf(id)));
+    for (const QString& id : ids) moved.append(index(rows.value(id, -1)));
     changePersistentIndexList(held, moved);
     Q_EMIT layoutChanged({}, VerticalSortHint);
+  }
+
+  /// Where few of them are now. The index of all rows, made for them, would cost a keystroke in a filter its frame.
+  QHash<QString, int> rowsOf(const QStringList& ids) const {
+    const QSet<QString> wanted(ids.begin(), ids.end());
+    QHash<QString, int> rows;
+    for (int row = 0; row < rowCount() && rows.size() < wanted.size(); ++row)
+      if (const QString& id = m_records[size_t(row)].id; wanted.contains(id)) rows.insert(id, row);
+    return rows;
   }
 
   static constexpr int placedAtMost = 200;
