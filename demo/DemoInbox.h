@@ -8,11 +8,15 @@
 
 namespace orv::demo {
 
+struct Talk;
+
 struct DemoThread {
   /// Without what follows from its messages and drafts: that is worked out when it is shown (see Inbox.h).
   InboxThread record;
   /// Oldest first.
   QList<InboxMessage> messages;
+  /// What was asked, as long as nobody has found another meaning in it; null where nobody knows.
+  const Talk* talk = nullptr;
 
   const QString& id() const { return record.id; }
 };

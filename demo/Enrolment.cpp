@@ -3,6 +3,7 @@
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
 
+#include "demo/Pitches.h"
 #include "demo/Words.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/campaign.h"
@@ -13,6 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv::demo {
 namespace {
+
+constexpr qint64 answersWithinSeconds = 4 * 86'400, nextAtMost = 3 * 1440;
 
 /// Calls `use` with each status word and its count; the counts are named as the statuses are.
 template <class Counts, class Use>
@@ -40,8 +43,16 @@ QDateTime lastSend(const Campaign& record, const QDateTime& now) {
   return last;
 }
 
+/// Without blanks and accents.
+QString inAddress(const QString& name) {
+  QString text = name.toLower().normalized(QString::NormalizationForm_D);
+  text.removeIf([](QChar c) { return c.unicode() > 127 || c.isSpace(); });
+  return text;
+}
+
 /// Gives the lead the past that its status stands for.
-void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTime& now, DemoRandom& random) {
+void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const SendingHours& hours, const QDateTime& now,
+                 DemoRandom& random) {
   const Campaign& record = campaign.record;
   lead.enrolledAt = record.createdAt;
   lead.source = u"csv"_s;
@@ -54,24 +65,24 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
   const qint64 step = status == "completed"_L1 ? steps : random.between(1, steps);
   lead.currentStep = step;
   const QDateTime end = lastSend(record, now);
-  const qint64 seconds = std::max<qint64>(1, launched->secsTo(end));
-  // The steps wait as they are meant to: last sends that fell anywhere behind the first would crowd towards the end.
+  // The emails wait as they are meant to; where the campaign has not run for so long, they came closer together.
+  const qint64 from = hours.until(*launched), worked = std::max<qint64>(1, hours.until(end) - from);
   qint64 waits = 0;
-  for (qint64 before = 1; before < step; ++before) waits += campaign.steps()[before].delayMinutes * 60;
-  waits = std::min(waits, seconds - 1);
-  const QDateTime first = launched->addSecs(random.below(seconds - waits));
-  const QDateTime due = first.addSecs(waits);
-  const qint64 late = std::clamp<qint64>(due.secsTo(end), 0, 4 * 3600);
-  const QDateTime last = step == 1 ? first : due.addSecs(random.below(late + 1));
+  for (qint64 before = 1; before < step; ++before) waits += hours.within(campaign.steps()[before].delayMinutes);
+  waits = std::min(waits, worked - 1);
+  const qint64 begun = from + random.below(worked - waits);
+  const QDateTime first = std::max(hours.at(begun), *launched), last = std::max(hours.at(begun + waits), first);
   lead.firstSentAt = formatPlatformDate(first);
   lead.lastSentAt = formatPlatformDate(last);
   if (status == "replied"_L1) {
-    lead.repliedAt = formatPlatformDate(last.addSecs(random.below(last.secsTo(now) + 1)));
+    // Most answer within days or not at all.
+    lead.repliedAt =
+        formatPlatformDate(last.addSecs(random.below(std::min(last.secsTo(now), answersWithinSeconds) + 1)));
     lead.interest = random.chance(0.3) ? u"interested"_s : u"not_interested"_s;
     lead.inboxThreadId = random.id(u"th"_s);
   }
   if (status == "active"_L1 && step < steps)
-    lead.nextSendAt = formatPlatformDate(now.addSecs(random.between(600, 3LL * 86400)));
+    lead.nextSendAt = formatPlatformDate(hours.at(hours.until(now) + random.between(600, hours.within(nextAtMost))));
 }
 
 }  // namespace
@@ -79,11 +90,13 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const QDateTi
 void enrol(DemoCampaign& campaign, const QDateTime& now) {
   if (std::exchange(campaign.enrolled, true)) return;
   DemoRandom random(campaign.seed);
+  const Pitch& pitch = pitchOf(campaign.record.name);
+  const SendingHours hours = hoursOf(campaign);
   qint64 number = 0;
   for (const QString& status : shuffledStatuses(campaign.stats().leads, random)) {
-    CampaignLead lead = makePerson(random, ++number);
+    CampaignLead lead = makePerson(random, ++number, pitch);
     lead.status = LeadStatus(status);
-    giveHistory(lead, campaign, now, random);
+    giveHistory(lead, campaign, hours, now, random);
     campaign.leads.append(lead);
   }
   recount(campaign);
@@ -126,21 +139,25 @@ QString openStatus(const DemoCampaign& campaign) {
 
 bool isBooked(const CampaignLead& lead) { return lead.nextSendAt && lead.status.isActive() && !lead.removedAt; }
 
-CampaignLead makePerson(DemoRandom& random, qint64 number) {
+SendingHours hoursOf(const DemoCampaign& campaign) {
+  return {campaign.record.schedule, parsePlatformDate(campaign.record.createdAt)};
+}
+
+CampaignLead makePerson(DemoRandom& random, qint64 number, const Pitch& pitch) {
   CampaignLead lead;
   lead.id = random.id(u"l"_s);
   lead.firstName = random.pick(words::firstNames());
   lead.lastName = random.pick(words::lastNames());
-  const QString industry = random.pick(words::industries()), region = random.pick(words::regions());
-  lead.company = industry + u' ' + region;
-  const QString domain = industry.toLower().remove(u' ') + u'-' + region.toLower() + u".example"_s;
-  lead.email = lead.firstName->toLower() + u'.' + lead.lastName->toLower() + QString::number(number) + u'@' + domain;
+  const QString name = random.pick(words::companies()), trade = random.pick(pitch.trades);
+  lead.company = name + u' ' + trade;
+  const QString domain = inAddress(name + trade) + u".example"_s;
+  lead.email = inAddress(*lead.firstName) + u'.' + inAddress(*lead.lastName) + QString::number(number) + u'@' + domain;
   lead.website = u"https://"_s + domain;
   lead.title = random.pick(words::titles());
   lead.verification = random.chance(0.95) ? u"valid"_s : u"risky"_s;
   lead.esp = random.chance(0.5) ? u"google"_s : u"microsoft"_s;
   // Not everybody has the custom field: that is what a preview warns of.
-  if (random.chance(0.8)) lead.data = {{u"region"_s, JSONValue::string(region)}};
+  if (random.chance(0.8)) lead.data = {{u"city"_s, JSONValue::string(random.pick(words::cities()))}};
   return lead;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "demo/DemoState.h"
+#include "demo/SendingHours.h"
 
 namespace orv::demo {
+
+struct Pitch;
 
 /// A campaign's leads and its figures, kept the same by these functions and by nothing else.
 
@@ -19,8 +22,12 @@ QString openStatus(const DemoCampaign& campaign);
 /// Whether an email to the lead has its time.
 bool isBooked(const CampaignLead& lead);
 
-/// A person that is enrolled nowhere yet; `number` keeps the address apart from all others of the same generator.
-CampaignLead makePerson(DemoRandom& random, qint64 number);
+/// When the campaign sends, for instants of its whole life.
+SendingHours hoursOf(const DemoCampaign& campaign);
+
+/// A person that is enrolled nowhere yet, somebody that the pitch is meant for; `number` keeps the address apart from
+/// all others of the same generator.
+CampaignLead makePerson(DemoRandom& random, qint64 number, const Pitch& pitch);
 
 CampaignLead* findLead(DemoCampaign& campaign, const QString& id);
 /// Of all its leads, those in the archive included.

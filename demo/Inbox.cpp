@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "demo/Enrolment.h"
-#include "demo/InboxTexts.h"
+#include "demo/Pitches.h"
+#include "demo/Rendering.h"
 #include "kit/models/inbox/inboxWords.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -39,23 +40,58 @@ InboxThread threadWith(const CampaignLead& person, const Talk& talk) {
   return record;
 }
 
-/// It answers an email of one of the campaigns that have been launched; where there are none, just a mailbox.
-void putInCampaign(InboxThread& record, const DemoWorkspace& workspace, DemoRandom& random) {
-  QList<const DemoCampaign*> sending;
-  for (const DemoCampaign& campaign : workspace.campaigns)
-    if (!campaign.archivedAt && campaign.record.launchedAt && !campaign.senders().isEmpty()) sending.append(&campaign);
-  if (!sending.isEmpty()) {
-    const DemoCampaign& campaign = *random.pick(sending);
-    const CampaignSender& sender = random.pick(campaign.senders());
-    record.campaignId = campaign.record.id;
-    record.campaignStep = random.between(1, std::max<qint64>(1, campaign.steps().size()));
-    record.mailboxId = sender.mailboxId;
-    record.mailboxAddress = sender.address;
-  } else if (!workspace.mailboxes.isEmpty()) {
-    const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
-    record.mailboxId = mailbox.id();
-    record.mailboxAddress = mailbox.record.address;
+/// One that has been launched and is called so, else any such; null where there is none.
+const DemoCampaign* pickCampaign(const DemoWorkspace& workspace, const QString& name, DemoRandom& random) {
+  QList<const DemoCampaign*> sending, called;
+  for (const DemoCampaign& campaign : workspace.campaigns) {
+    if (campaign.archivedAt || !campaign.record.launchedAt || campaign.senders().isEmpty()) continue;
+    sending.append(&campaign);
+    if (!name.isEmpty() && campaign.record.name.contains(name)) called.append(&campaign);
   }
+  if (!called.isEmpty()) return called.first();
+  return sending.isEmpty() ? nullptr : random.pick(sending);
+}
+
+const Talk& pickTalk(const Pitch& pitch, const Incoming& incoming, DemoRandom& random) {
+  QList<const Talk*> possible;
+  for (const QList<Talk>* list : {&pitch.questions, &talks()})
+    for (const Talk& talk : *list)
+      if (incoming.label.isEmpty() || talk.label == incoming.label) possible.append(&talk);
+  if (possible.isEmpty()) return pitch.questions.first();
+  return incoming.label.isEmpty() ? *random.pick(possible) : *possible[incoming.question % possible.size()];
+}
+
+/// What the thread asks: what it was begun with, unless somebody has found another meaning in it.
+const Talk& talkIn(const DemoThread& thread) {
+  const QString label = thread.record.label ? thread.record.label->rawValue : QString();
+  if (thread.talk && thread.talk->label == label) return *thread.talk;
+  const auto found = std::ranges::find(talks(), label, &Talk::label);
+  return found == talks().end() ? pitchOf({}).questions.first() : *found;
+}
+
+/// The emails that are answered now, the last of them so many seconds of sending before.
+void addEmails(DemoThread& thread, const DemoCampaign& campaign, const CampaignLead& person, const QDateTime& now,
+               qint64 sent) {
+  const auto& steps = campaign.steps();
+  const qint64 last = *thread.record.campaignStep;
+  qint64 opening = last, minutes = 0;
+  while (opening > 1 && steps[opening - 1].sameThread) minutes += steps[--opening].delayMinutes;
+  const SendingHours hours = hoursOf(campaign);
+  const qint64 lastSent = hours.until(now) - sent;
+  for (qint64 position = opening; position <= last; ++position) {
+    const QDateTime at = hours.at(lastSent - hours.within(minutes));
+    if (position < last) minutes -= steps[position].delayMinutes;
+    InboxMessage message = messageIn(thread, u"outbound"_s, bodyOf(campaign, person, position), at);
+    message.subject = headOf(campaign, person, position).subject;
+    // Whoever has emptied the sequence meanwhile finds a thread without it.
+    if (!message.body.isEmpty()) thread.messages.append(message);
+  }
+}
+
+QString quotationOf(const InboxMessage& message) {
+  const QDateTime at = parsePlatformDate(message.at).value_or(QDateTime());
+  return u"\n\nOn %1, %2 wrote:\n> %3"_s.arg(at.toString(u"d MMM yyyy"_s), message.fromAddress.value_or(QString()),
+                                             QString(message.body).replace(u"\n"_s, u"\n> "_s));
 }
 
 InboxMessage sentMessage(const DemoThread& thread, const DemoDraft& draft, const QString& at) {
@@ -180,27 +216,41 @@ DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, con
   DemoInbox& inbox = workspace.inbox;
   const qint64 number = ++inbox.lastNumber;
   DemoRandom random = DemoRandom::of(workspace.slug, quint64(number));
-  const Talk& talk = incoming.label.isEmpty() ? random.pick(talks()) : talkOf(incoming.label);
+  const DemoCampaign* const campaign = pickCampaign(workspace, incoming.campaign, random);
+  const Pitch& pitch = pitchOf(campaign ? campaign->record.name : QString());
+  const Talk& talk = pickTalk(pitch, incoming, random);
+  CampaignLead person = incoming.person.value_or(makePerson(random, 70'000 + number, pitch));
   DemoThread thread;
+  thread.talk = &talk;
   InboxThread& record = thread.record;
-  const CampaignLead person = incoming.person.value_or(makePerson(random, 70'000 + number));
   record = threadWith(person, talk);
   record.id = u"th_%1_%2"_s.arg(workspace.slug).arg(number);
   record.number = number;
-  putInCampaign(record, workspace, random);
-  const QString about = record.lead->company.value_or(QString()) + u" and the waiting list"_s;
-  record.subject = u"Re: "_s + (incoming.subject.isEmpty() ? about : incoming.subject);
-  const QDateTime sentAt = now.addSecs(-random.between(3600, 2LL * 86400));
-  record.createdAt = formatPlatformDate(sentAt);
+  if (campaign) {
+    const CampaignSender& sender = random.pick(campaign->senders());
+    record.campaignId = campaign->record.id;
+    record.campaignStep = random.between(1, std::max<qint64>(1, campaign->steps().size()));
+    record.mailboxId = sender.mailboxId;
+    record.mailboxAddress = sender.address;
+    person.senderAddress = sender.address;
+    addEmails(thread, *campaign, person, now, random.between(600, 10 * 3600));
+  } else if (!workspace.mailboxes.isEmpty()) {
+    const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
+    record.mailboxId = mailbox.id();
+    record.mailboxAddress = mailbox.record.address;
+  }
+  if (thread.messages.isEmpty()) {
+    record.subject = filledIn(u"Our offer for {company}"_s, thread);
+    const QDateTime sentAt = now.addSecs(-random.between(3600, 2LL * 86400));
+    thread.messages.append(messageIn(thread, u"outbound"_s, u"Hi {name},\n\nmay I send you our offer?"_s, sentAt));
+  }
+  record.createdAt = thread.messages.first().at;
+  record.subject = asReply(thread.messages.last().subject.value_or(QString()));
   // Whoever answers is somebody that the workspace wrote to.
   if (!workspace.leads.placeOf(person.id)) workspace.leads.addOwn(recordOf(person, record.createdAt));
 
-  const QString ours = u"Hi {name},\n\ncould we cut the waiting time at {company} by a third?"_s;
-  thread.messages.append(messageIn(thread, u"outbound"_s, ours, sentAt));
-  const QString quoted = u"\n\nOn %1, %2 wrote:\n> %3"_s.arg(sentAt.toString(u"d MMM yyyy"_s), record.mailboxAddress,
-                                                             filledIn(ours, thread).replace(u"\n"_s, u"\n> "_s));
-  const QString said = incoming.said.isEmpty() ? talk.said : incoming.said;
-  thread.messages.append(messageIn(thread, u"inbound"_s, said + (isPrimary(thread) ? quoted : QString()), now));
+  const QString quoted = isPrimary(thread) ? quotationOf(thread.messages.last()) : QString();
+  thread.messages.append(messageIn(thread, u"inbound"_s, talk.said + quoted, now));
   inbox.threads.append(thread);
   DemoThread& added = inbox.threads.last();
   if (!talk.answer.isEmpty() && modeIn(workspace, added) != orv::words::modeOff && inbox.settings.hasOpenAiKey)
@@ -213,12 +263,8 @@ DemoDraft& writeDraft(DemoWorkspace& workspace, const DemoThread& thread, const 
   inbox.drafts.removeIf([&](const DemoDraft& draft) {
     return draft.record.threadId == thread.id() && draft.record.isWaiting() && draft.record.source == u"agent"_s;
   });
-  const Talk& talk = talkOf(thread.record.label ? thread.record.label->rawValue : QString());
-  // Every other question of the kind is answered in the second way, which a check holds back.
-  const auto others = std::ranges::find_if(
-      talks(), [&](const Talk& other) { return other.label == talk.label && !other.gate.isEmpty(); });
+  const Talk& talk = talkIn(thread);
   const qint64 number = ++inbox.lastNumber;
-  const Talk& used = others != talks().end() && number % 4 == 0 ? *others : talk;
   DemoDraft draft;
   Draft& record = draft.record;
   record.id = u"dr_%1_%2"_s.arg(workspace.slug).arg(number);
@@ -226,18 +272,18 @@ DemoDraft& writeDraft(DemoWorkspace& workspace, const DemoThread& thread, const 
   record.kind = orv::words::kindReply;
   record.toAddress = thread.record.contactAddress;
   record.subject = thread.record.subject;
-  record.body = filledIn(used.answer.isEmpty() ? u"Hi {name},\n\nthank you for your answer."_s : used.answer, thread) +
+  record.body = filledIn(talk.answer.isEmpty() ? u"Hi {name},\n\nthank you for your answer."_s : talk.answer, thread) +
                 u"\n\nBest,\n"_s + inbox.settings.signature.name.value_or(inbox.settings.repName);
   record.source = u"agent"_s;
   record.status = orv::words::draftPending;
   record.createdAt = record.updatedAt = formatPlatformDate(now);
   record.lessonsUsed =
       std::min<qint64>(3, std::ranges::count(inbox.lessons, QString(orv::words::lessonActive), &SetterLesson::status));
-  if (!used.reason.isEmpty()) record.strategy = DraftStrategy{DraftStrategy::Classification{used.reason}};
-  if (!used.gate.isEmpty()) {
+  if (!talk.reason.isEmpty()) record.strategy = DraftStrategy{DraftStrategy::Classification{talk.reason}};
+  if (!talk.gate.isEmpty()) {
     record.status = orv::words::draftHeld;
-    record.holdReason = used.gate;
-    record.gate = DraftGate{QList{DraftGate::Failure{used.gateCode, used.gate}}};
+    record.holdReason = talk.gate;
+    record.gate = DraftGate{QList{DraftGate::Failure{talk.gateCode, talk.gate}}};
   } else if (modeIn(workspace, thread) == orv::words::modeAuto) {
     approve(draft, now, autoWait);
   }

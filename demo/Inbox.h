@@ -41,7 +41,10 @@ struct Incoming {
   /// What the answer means.
   QString label{};
   std::optional<CampaignLead> person{};
-  QString subject{}, said{};
+  /// A word of the campaign's name.
+  QString campaign{};
+  /// Among what means the same: 0 for the first.
+  qsizetype question = 0;
 };
 /// Somebody new answers a campaign.
 DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now);

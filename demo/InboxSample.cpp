@@ -8,64 +8,29 @@ namespace orv::demo {
 namespace {
 
 struct MorningRow {
-  QString first, last, title, company, subject, label, said;
+  QString first, last, title, company, campaign, label;
+  qsizetype question;
   bool unread;
 };
 
 /// The last one first.
 const QList<MorningRow>& morning() {
   static const QList<MorningRow> rows{
-      {u"Ingrid"_s,
-       u"Solheim"_s,
-       u"Practice manager"_s,
-       u"Fjordvik Clinics"_s,
-       u"Fewer no-shows in March"_s,
-       u"meeting_booked"_s,
-       {},
+      {u"Ingrid"_s, u"Solheim"_s, u"Practice manager"_s, u"Fjordvik Clinics"_s, u"Clinic"_s, u"meeting_booked"_s, 0,
        true},
-      {u"Tomas"_s, u"Brandl"_s, u"Partner"_s, u"Brandl & Kern Versicherungsmakler"_s, u"Renewal letters"_s,
-       u"interested"_s,
-       u"Interesting timing, we are reviewing this quarter. What does it cost for 14 brokers, and "
-       "does it work with letters in French for our Swiss clients?"_s,
-       true},
-      {u"Jonas"_s,
-       u"Verbeke"_s,
-       u"Fleet manager"_s,
-       u"Halden Transport"_s,
-       u"Workshop slots next week"_s,
-       u"interested"_s,
-       {},
-       false},
-      {u"Amaia"_s,
-       u"Etxeberria"_s,
-       u"Director"_s,
-       u"Costa Norte Homes"_s,
-       u"Tenant requests"_s,
-       u"not_now"_s,
-       {},
-       false},
-      {u"Declan"_s,
-       u"Roe"_s,
-       u"Payroll lead"_s,
-       u"Ardmore Payroll"_s,
-       u"Payroll switch"_s,
-       u"wrong_person"_s,
-       {},
-       false},
-      {u"Katrin"_s, u"Weiss"_s, u"Owner"_s, u"Weiss Assekuranz"_s, u"Renewal letters"_s, u"out_of_office"_s, {}, false},
-      {u"Oliver"_s,
-       u"Finch"_s,
-       u"Operations"_s,
-       u"Larkhill Storage"_s,
-       u"Dock scheduling"_s,
-       u"unsubscribe"_s,
-       {},
-       true},
+      {u"Tomas"_s, u"Brandl"_s, u"Partner"_s, u"Brandl & Kern Versicherungsmakler"_s, u"Insurance"_s, u"interested"_s,
+       1, true},
+      {u"Jonas"_s, u"Verbeke"_s, u"Fleet manager"_s, u"Halden Transport"_s, u"Fleet"_s, u"interested"_s, 0, false},
+      {u"Amaia"_s, u"Etxeberria"_s, u"Director"_s, u"Costa Norte Homes"_s, u"Property"_s, u"not_now"_s, 0, false},
+      {u"Declan"_s, u"Roe"_s, u"Payroll lead"_s, u"Ardmore Payroll"_s, u"Payroll"_s, u"wrong_person"_s, 0, false},
+      {u"Katrin"_s, u"Weiss"_s, u"Owner"_s, u"Weiss Assekuranz"_s, u"Insurance"_s, u"out_of_office"_s, 0, false},
+      {u"Oliver"_s, u"Finch"_s, u"Operations"_s, u"Larkhill Storage"_s, u"Warehouse"_s, u"unsubscribe"_s, 0, true},
   };
   return rows;
 }
 
 void addMorning(DemoWorkspace& workspace, const QDateTime& newest) {
+  static const QStringList cities{u"Bergen"_s, u"Zürich"_s, u"Ghent"_s, u"Bilbao"_s, u"Cork"_s, u"Graz"_s, u"Leeds"_s};
   qint64 minutes = 0;
   for (const MorningRow& row : morning()) {
     CampaignLead person;
@@ -75,8 +40,9 @@ void addMorning(DemoWorkspace& workspace, const QDateTime& newest) {
     person.title = row.title;
     person.company = row.company;
     person.email = row.first.toLower() + u'@' + row.company.section(u' ', 0, 0).toLower() + u".example"_s;
-    receiveReply(workspace, {row.label, person, row.subject, row.said}, newest.addSecs(-60 * (minutes += 24)))
-        .record.unread = row.unread;
+    person.data = {{u"city"_s, JSONValue::string(cities[&row - morning().data()])}};
+    const Incoming reply{.label = row.label, .person = person, .campaign = row.campaign, .question = row.question};
+    receiveReply(workspace, reply, newest.addSecs(-60 * (minutes += 24))).record.unread = row.unread;
   }
 }
 
@@ -134,9 +100,10 @@ void addStrangers(DemoWorkspace& workspace, const QDateTime& newest) {
 
 /// What was decided about drafts so far, and went out.
 void addHistory(DemoWorkspace& workspace, qint64 count, DemoRandom& random, const QDateTime& newest) {
+  static const QStringList answered{u"interested"_s, u"not_now"_s, u"call_back"_s, u"wrong_person"_s};
   for (qint64 at = 0; at < count; ++at) {
     const QDateTime came = newest.addDays(-3).addSecs(-at * 21'600);
-    DemoThread& thread = receiveReply(workspace, {.label = u"not_now"_s}, came);
+    DemoThread& thread = receiveReply(workspace, {.label = answered[at % answered.size()], .question = at % 3}, came);
     thread.record.unread = false;
     const QString id = thread.id();
     DemoDraft& draft = writeDraft(workspace, thread, came);
@@ -147,7 +114,8 @@ void addHistory(DemoWorkspace& workspace, qint64 count, DemoRandom& random, cons
       if (kind) draft.record.reviewText = u"They asked for something else."_s;
     } else {
       const bool edited = kind < 4;
-      if (edited) draft.record.aiBody = std::exchange(draft.record.body, u"Hi,\n\nJune it is. I’ll write then."_s);
+      // Shorter: what it asks at its end is left out.
+      if (edited) draft.record.aiBody = std::exchange(draft.record.body, draft.record.body.section(u"\n\n"_s, 0, 1));
       draft.record.edited = edited;
       draft.record.reviewOutcome = edited ? orv::words::draftEdited : orv::words::draftAsWritten;
       if (kind > 8) draft.record.reviewStyle = orv::words::styleCasual;
@@ -184,7 +152,13 @@ void addInbox(DemoWorkspace& workspace, qint64 threads, DemoRandom random, const
   SetterSettings& settings = inbox.settings;
   settings.repName = u"Ellen"_s;
   settings.signature = {u"Ellen Marsh"_s, u"Partnerships"_s, workspace.name, u"+49 30 555 01"_s, {}, {}};
-  settings.knowledgeBase = u"We cut waiting lists. The first month is free."_s;
+  settings.knowledgeBase =
+      u"We write on behalf of our clients.\n\nFleet care: reserved workshop slots, vans collected from the depot "
+      u"between "
+      "06:00 and 07:30.\nClinics: reminders by text, free slots offered to the waiting list, first month "
+      "free.\nBrokers: "
+      "renewal letters from their own policies, French and German.\nPayroll: two runs side by side before a "
+      "switch."_s;
   settings.instructions = u"Short sentences. One question at the end."_s;
   settings.tone = orv::words::toneFriendly;
   settings.defaultMode = orv::words::modeDraft;

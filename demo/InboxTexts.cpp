@@ -10,23 +10,6 @@ namespace orv::demo {
 
 const QList<Talk>& talks() {
   static const QList<Talk> all{
-      {u"interested"_s, u"reply"_s,
-       u"Could work. We run 38 vans and two are always off the road. Who handles collection if the driver is already "
-       "out? And can we book the same slot every second Tuesday?"_s,
-       u"Hi {name},\n\nOur driver picks up from your depot between 06:00 and 07:30, so nobody has to be there. And "
-       u"yes, "
-       "a fixed slot every second Tuesday is fine.\n\nShall I put the first two in as a booking?"_s,
-       u"Asks how it works and offers a rhythm. The agent answers both and proposes the next step."_s},
-      {u"interested"_s, u"reply"_s,
-       u"Interesting timing, we are reviewing this quarter. What does it cost for 14 people, and does it work in French?"_s,
-       u"Hi {name},\n\nFor 14 people it is 490 euro a month, with no minimum term. French works today.\n\nIf it helps "
-       "your review, I can prepare two of your own cases as a sample. Would Tuesday at 14:00 suit you?"_s,
-       u"Asks for price and a feature. The agent gives the price, answers the language question and offers one time."_s,
-       u"price"_s, u"Names a price that is not in the knowledge base."_s},
-      {u"interested"_s, u"reply"_s, u"Sounds useful for {company}. Send me two lines on how it works?"_s,
-       u"Hi {name},\n\nYou send us the list once a week, we come back with what changed, and your team only looks at "
-       "those. Most see the difference in the second week.\n\nWorth ten minutes on Thursday?"_s,
-       u"Asks for more. The agent explains in three sentences and offers one time."_s},
       {u"meeting_booked"_s, u"reply"_s,
        u"Thursday at 10 works for me. Could you send the invitation to my assistant as well?"_s,
        u"Hi {name},\n\nThursday at 10 it is. The invitation goes to you both.\n\nSee you then."_s,
@@ -34,13 +17,20 @@ const QList<Talk>& talks() {
       {u"not_now"_s, u"reply"_s, u"Not before summer, please write again in June."_s,
        u"Hi {name},\n\nOf course. I’ll write again in the first week of June.\n\nUntil then, all the best to {company}."_s,
        u"Asks for a later time. The agent agrees and stops until then."_s},
+      {u"not_now"_s, u"reply"_s,
+       u"We are in the middle of a move and I can’t look at anything new. Try me again in the new year."_s,
+       u"Hi {name},\n\nThank you for telling me. I’ll write again in the second week of January.\n\nI hope the move "
+       u"goes "
+       "well."_s,
+       u"Has no time just now. The agent names when it will write, and wishes well."_s},
       {u"not_interested"_s, u"reply"_s, u"Thanks, but we do this ourselves and are happy with it."_s, {}, {}},
       {u"wrong_person"_s, u"reply"_s, u"I left that team in August, Siobhan Hale is the person you want."_s,
        u"Hi {name},\n\nThank you for telling me. I’ll write to Siobhan Hale instead and leave you in peace."_s,
        u"Names somebody else. The agent thanks and moves on."_s},
       {u"out_of_office"_s,
        u"auto_reply"_s,
-       u"I am out of the office until Monday. In urgent cases please turn to reception@{company}."_s,
+       u"Thank you for your message. I am out of the office until Monday and read email only now and then. In urgent "
+       "cases please call our reception."_s,
        {},
        {}},
       {u"unsubscribe"_s, u"reply"_s, u"Please take me off your list."_s, {}, {}},
@@ -54,11 +44,6 @@ const QList<Talk>& talks() {
       {{}, u"bounce"_s, u"Delivery has failed: the mailbox of this address is full."_s, {}, {}},
   };
   return all;
-}
-
-const Talk& talkOf(const QString& label) {
-  const auto found = std::ranges::find(talks(), label, &Talk::label);
-  return found == talks().end() ? talks().first() : *found;
 }
 
 QString inStyle(const QString& answer, const QString& style) {

@@ -18,9 +18,8 @@ struct Talk {
   QString gateCode{};
   QString gate{};
 };
+/// Whatever the campaign was about; what interests somebody is the pitch's.
 const QList<Talk>& talks();
-/// One that means the label; the first where there is none.
-const Talk& talkOf(const QString& label);
 
 /// The answer in another style.
 QString inStyle(const QString& answer, const QString& style);

@@ -78,26 +78,42 @@ Rendering render(const QString& text, const QMap<QString, QString>& values, Demo
 
 DemoRandom randomFor(const CampaignLead& lead, qint64 position) { return DemoRandom::of(lead.id, quint64(position)); }
 
+namespace {
+
+/// The one that the lead got; null when the sequence has no such email.
+const CampaignVariant* variantOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position) {
+  const auto& steps = campaign.steps();
+  if (position < 1 || position > steps.size() || steps[position - 1].variants.isEmpty()) return nullptr;
+  const auto& variants = steps[position - 1].variants;
+  // A lead got one even where all have been switched off since.
+  return &variants[std::max<qsizetype>(0, pickVariant(variants, randomFor(lead, position)))];
+}
+
+QMap<QString, QString> valuesFor(const DemoCampaign& campaign, const CampaignLead& lead) {
+  const auto& senders = campaign.senders();
+  const auto sender = std::ranges::find(senders, lead.senderAddress.value_or(QString()), &CampaignSender::address);
+  return valuesOf(lead, sender == senders.end() ? std::nullopt : std::optional(*sender));
+}
+
+}  // namespace
+
 EmailHead headOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position) {
   const auto& steps = campaign.steps();
   if (position < 1 || position > steps.size()) return {};
-  const auto variantOf = [&](qint64 at) -> const CampaignVariant* {
-    const auto& variants = steps[at - 1].variants;
-    // A lead got one even where all have been switched off since.
-    return variants.isEmpty() ? nullptr : &variants[std::max<qsizetype>(0, pickVariant(variants, randomFor(lead, at)))];
-  };
   qint64 opening = position;
   while (opening > 1 && steps[opening - 1].sameThread) --opening;
-  const CampaignVariant *variant = variantOf(position), *first = variantOf(opening);
+  const CampaignVariant *variant = variantOf(campaign, lead, position), *first = variantOf(campaign, lead, opening);
   EmailHead head;
   if (variant) head.variant = variant->label;
   if (!first) return head;
-  const auto& senders = campaign.senders();
-  const auto sender = std::ranges::find(senders, lead.senderAddress.value_or(QString()), &CampaignSender::address);
-  const auto values = valuesOf(lead, sender == senders.end() ? std::nullopt : std::optional(*sender));
-  const QString subject = render(first->subject, values, randomFor(lead, opening)).text;
+  const QString subject = render(first->subject, valuesFor(campaign, lead), randomFor(lead, opening)).text;
   head.subject = opening < position ? asReply(subject) : subject;
   return head;
+}
+
+QString bodyOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position) {
+  const CampaignVariant* variant = variantOf(campaign, lead, position);
+  return variant ? render(variant->body, valuesFor(campaign, lead), randomFor(lead, position)).text : QString();
 }
 
 QString asReply(const QString& subject) {

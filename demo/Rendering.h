@@ -46,6 +46,8 @@ struct EmailHead {
   std::optional<QString> subject;
 };
 EmailHead headOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position);
+/// The text of that email; empty when the sequence has no such email any more.
+QString bodyOf(const DemoCampaign& campaign, const CampaignLead& lead, qint64 position);
 
 QString asReply(const QString& subject);
 

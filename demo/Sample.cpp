@@ -6,6 +6,7 @@
 #include "demo/LeadSample.h"
 #include "demo/MailboxSample.h"
 #include "demo/Mailboxes.h"
+#include "demo/Pitches.h"
 #include "demo/Roadmaps.h"
 #include "demo/SetupRuns.h"
 #include "demo/Words.h"
@@ -34,9 +35,9 @@ struct Row {
 
 const QList<Row>& northgateRows() {
   static const QList<Row> rows{
-      {u"Fleet maintenance, Benelux"_s, {u"fleet"_s, u"q4"_s}, "running", 4, 12, 1284, 3000, 4212, 118, 41, 31, 18},
+      {u"Fleet maintenance, Benelux"_s, {u"fleet"_s, u"q4"_s}, "running", 4, 12, 1284, 3000, 4212, 118, 41, 31, 27},
       {u"Clinic schedulers, Nordics"_s, {u"health"_s}, "running", 3, 8, 611, 1450, 1530, 52, 19, 9, 15},
-      {u"Property managers, Iberia"_s, {u"property"_s}, "running", 4, 10, 196, 2200, 904, 26, 11, 6, 11},
+      {u"Property managers, Iberia"_s, {u"property"_s}, "running", 4, 10, 196, 2200, 904, 26, 11, 6, 19},
       {u"Insurance brokers, DACH"_s, {u"finance"_s, u"q4"_s}, "running", 5, 16, 2406, 2600, 8931, 231, 64, 142, 31},
       {u"Warehouse operators, UK"_s, {u"logistics"_s}, "paused", 4, 6, 402, 900, 1120, 21, 5, 38, 24},
       {u"Food wholesalers, follow-up"_s, {u"retail"_s}, "paused", 2, 4, 310, 640, 587, 17, 6, 4, 38},
@@ -64,28 +65,6 @@ QString instant(const QDate& today, int daysAgo, int hour = 9) {
   return formatPlatformDate(QDateTime(today.addDays(-daysAgo), QTime(hour, 0), Qt::UTC));
 }
 
-QList<CampaignStep> makeSteps(qint64 count, DemoRandom& random) {
-  QList<CampaignStep> steps;
-  for (qint64 position = 1; position <= count; ++position) {
-    CampaignStep step;
-    step.id = random.id(u"st"_s);
-    step.position = position;
-    step.delayMinutes = position == 1 ? 0 : 2880;
-    step.sameThread = position > 1;
-    CampaignVariant variant;
-    variant.id = random.id(u"va"_s);
-    variant.label = u"A"_s;
-    variant.subject = position == 1 ? u"{{company}} and the waiting list"_s : QString();
-    variant.body = position == 1 ? u"{Hi|Hello} {{firstName}},\n\ncould we cut your waiting time by a third?"_s
-                                 : u"{{firstName}}, is this still on your list?"_s;
-    variant.weight = 1;
-    variant.enabled = true;
-    step.variants.append(variant);
-    steps.append(step);
-  }
-  return steps;
-}
-
 LeadCounts countsOf(const Row& row) {
   LeadCounts counts;
   counts.total = row.leads;
@@ -106,7 +85,12 @@ void shareAmong(QList<CampaignStep>& steps, const CampaignStats& stats) {
     const qint64 until = before + count + 1 - step.position;
     const auto part = [&](qint64 total) { return total * until / whole - total * before / whole; };
     step.stats = Stats4{part(stats.sent), part(stats.replied), part(stats.positive), part(stats.bounced)};
-    if (step.variants.size() == 1) step.variants.first().stats = step.stats;
+    const qint64 variants = step.variants.size();
+    for (qint64 at = 0; at < variants; ++at) {
+      const auto half = [&](qint64 all) { return all * (at + 1) / variants - all * at / variants; };
+      step.variants[at].stats = Stats4{half(step.stats->sent), half(step.stats->replied), half(step.stats->positive),
+                                       half(step.stats->bounced)};
+    }
     before = until;
   }
 }
@@ -139,7 +123,7 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   record.gapSeconds = 600;
   record.schedule =
       CampaignSchedule{{}, {}, {{u"Working hours"_s, {1, 2, 3, 4, 5}, u"09:00"_s, u"17:00"_s, workspace.timeZone}}};
-  record.steps = makeSteps(row.steps, random);
+  record.steps = stepsFor(pitchOf(row.name), row.steps, random);
   record.senders = nextSenders(workspace, row.senders, today);
   const bool launched = QByteArrayView(row.status) != "draft";
   record.createdAt = instant(today, row.daysAgo + (launched ? 3 : 0));

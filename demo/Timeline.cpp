@@ -21,15 +21,30 @@ struct Event {
   const FeedItem* noted = nullptr;
 };
 
-/// The emails that a lead was sent, evenly between the first and the last, and what came back, oldest first.
-void appendCorrespondence(QList<Event>& events, const CampaignLead& lead) {
+/// How far from the first email to the one of each position the waits between them are, as parts of `whole`.
+qint64 waited(const DemoCampaign& campaign, qint64 position, qint64 count, qint64 whole) {
+  const auto& steps = campaign.steps();
+  qint64 before = 0, all = 0;
+  for (qint64 step = 2; step <= count; ++step) {
+    const qint64 wait = step <= steps.size() ? std::max<qint64>(1, steps[step - 1].delayMinutes) : 1;
+    all += wait;
+    if (step <= position) before += wait;
+  }
+  return all > 0 ? whole * before / all : 0;
+}
+
+/// The emails that a lead was sent, between the first and the last as their waits are, and what came back, oldest
+/// first.
+void appendCorrespondence(QList<Event>& events, const DemoCampaign& campaign, const SendingHours& hours,
+                          const CampaignLead& lead) {
   const auto first = parsePlatformDate(lead.firstSentAt.value_or(QString()));
   const auto last = parsePlatformDate(lead.lastSentAt.value_or(QString()));
   if (!first || !last) return;
   const qint64 count = lead.currentStep.value_or(0);
+  const qint64 begun = hours.until(*first), worked = hours.until(*last) - begun;
   for (qint64 step = 1; step < count; ++step) {
-    const QDateTime at = first->addMSecs(first->msecsTo(*last) * (step - 1) / (count - 1));
-    events.append({Event::Kind::sent, formatPlatformDate(at), &lead, step});
+    const QDateTime at = hours.at(begun + waited(campaign, step, count, worked));
+    events.append({Event::Kind::sent, formatPlatformDate(std::clamp(at, *first, *last)), &lead, step});
   }
   if (count > 0) events.append({Event::Kind::sent, *lead.lastSentAt, &lead, count});
   if (lead.repliedAt) events.append({Event::Kind::replied, *lead.repliedAt, &lead, count});
@@ -44,7 +59,8 @@ void sortNewestFirst(QList<Event>& events) {
 
 QList<Event> everything(const DemoCampaign& campaign) {
   QList<Event> events;
-  for (const CampaignLead& lead : campaign.leads) appendCorrespondence(events, lead);
+  const SendingHours hours = hoursOf(campaign);
+  for (const CampaignLead& lead : campaign.leads) appendCorrespondence(events, campaign, hours, lead);
   for (const FeedItem& item : campaign.events) events.append({Event::Kind::noted, item.at, nullptr, 0, &item});
   sortNewestFirst(events);
   return events;
@@ -129,7 +145,7 @@ void note(DemoCampaign& campaign, const QString& kind, const QDateTime& now, con
 
 QList<LeadActivity> activityOf(const DemoCampaign& campaign, const CampaignLead& lead) {
   QList<Event> events;
-  appendCorrespondence(events, lead);
+  appendCorrespondence(events, campaign, hoursOf(campaign), lead);
   for (const FeedItem& item : campaign.events)
     if (item.lead && item.lead->id == lead.id) events.append({Event::Kind::noted, item.at, nullptr, 0, &item});
   sortNewestFirst(events);
@@ -156,9 +172,10 @@ std::optional<FeedPage> feedOf(const DemoCampaign& campaign, qint64 limit, const
 MessagePage messagesOf(const DemoCampaign& campaign, qint64 limit) {
   QList<const CampaignLead*> booked;
   QList<Event> sent;
+  const SendingHours hours = hoursOf(campaign);
   for (const CampaignLead& lead : campaign.leads) {
     if (isBooked(lead)) booked.append(&lead);
-    appendCorrespondence(sent, lead);
+    appendCorrespondence(sent, campaign, hours, lead);
   }
   sent.removeIf([](const Event& event) { return event.kind != Event::Kind::sent; });
   sortNewestFirst(sent);

@@ -7,6 +7,9 @@ namespace orv::demo::words {
 
 const QStringList& industries();
 const QStringList& regions();
+const QStringList& cities();
+/// What companies are called before their trade.
+const QStringList& companies();
 const QStringList& firstNames();
 const QStringList& lastNames();
 const QStringList& titles();
