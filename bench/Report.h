@@ -52,7 +52,10 @@ bool editor(Scale scale);
 bool leads(Scale scale);
 bool leadSearch(Scale scale);
 bool lists(Scale scale);
+bool runs(Scale scale);
+bool settings(Scale scale);
 bool start(Scale scale);
+bool tour(Scale scale);
 bool window(Scale scale);
 
 }  // namespace orv::bench

@@ -32,8 +32,9 @@ void sortAs(QObject& object, const QObject& other, const char* method, const cha
 
 }  // namespace
 
-QStringList Comparison::run() {
-  m_lines.clear();
+QStringList Comparison::run(bool refreshing, std::optional<Page> only) {
+  m_refreshing = refreshing;
+  m_only = only;
   for (const QVariant& one : m_shown.app().workspaces()) {
     const QString slug = one.toMap().value(u"slug"_s).toString();
     if (!m_shown.app().sessionOrder().contains(slug)) continue;
@@ -47,6 +48,7 @@ QStringList Comparison::run() {
 void Comparison::comparePages(const QString& workspace) {
   for (const auto& info : Pages::all()) {
     const Page page = info.page;
+    if (m_only && page != *m_only) continue;
     if (page == Page::settings) {
       for (const auto& tab : Pages::allTabs())
         compare(workspace + u" settings "_s + Pages::name(tab.tab),

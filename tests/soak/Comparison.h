@@ -15,10 +15,9 @@ class Comparison {
   Comparison(SoakClient& shown, SoakClient& held, std::function<void()> rest)
       : m_shown(shown), m_held(held), m_rest(std::move(rest)) {}
 
-  /// The person presses "Refresh" on each page before it is compared.
-  void setRefreshing(bool refreshing) { m_refreshing = refreshing; }
-  /// A line for each difference, beginning with the page's name.
-  QStringList run();
+  /// A line for each difference, beginning with the page's name; of all pages or one. Where they are `refreshing`, the
+  /// person presses "Refresh" on each before it is compared.
+  QStringList run(bool refreshing, std::optional<Page> only = {});
 
   int pages() const { return m_pages; }
   qsizetype fields() const { return m_fields; }
@@ -35,6 +34,7 @@ class Comparison {
   SoakClient& m_held;
   std::function<void()> m_rest;
   bool m_refreshing = false;
+  std::optional<Page> m_only;
   QStringList m_lines;
   int m_pages = 0;
   qsizetype m_fields = 0;

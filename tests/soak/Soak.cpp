@@ -11,8 +11,12 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/campaigns/CampaignsStore.h"
+#include "kit/models/campaigns/campaign.h"
+#include "kit/models/campaigns/campaignRequests.h"
 #include "tests/soak/Comparison.h"
 #include "tests/soak/Ring.h"
+#include "tests/support/await.h"
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -223,6 +227,10 @@ void Soak::comeBack() {
 
 void Soak::compare(const QString& when, bool refreshing) {
   if (!m_client->isSignedIn()) return;
+  for (const QString& line : differencesNow(refreshing, {})) fail(when + u": "_s + line);
+}
+
+QStringList Soak::differencesNow(bool refreshing, std::optional<Page> only) {
   m_turns.setDoing(u"compared"_s);
   m_other = std::make_unique<SoakClient>(m_clock, m_service.url(), m_folder.path());
   for (int attempt = 0; attempt < 5 && !m_other->isSignedIn(); ++attempt) {
@@ -230,12 +238,11 @@ void Soak::compare(const QString& when, bool refreshing) {
     rest(loadWaits);
   }
   Comparison comparison(*m_client, *m_other, [this] { rest(loadWaits); });
-  comparison.setRefreshing(refreshing);
-  const QStringList lines = comparison.run();
-  for (const QString& line : lines) fail(when + u": "_s + line);
+  const QStringList lines = comparison.run(refreshing, only);
   m_compared += comparison.pages();
   m_fields += comparison.fields();
   m_other.reset();
+  return lines;
 }
 
 void Soak::measure() {
@@ -251,7 +258,16 @@ void Soak::measure() {
   m_resident.append(resident());
 }
 
-void Soak::proveComparison() {}
+void Soak::proveComparison() {
+  const auto* campaigns = m_client->app().session()->store<CampaignsStore>()->list()->value();
+  if (!campaigns || campaigns->items.isEmpty()) return fail(u"no campaign is left to try the comparison with"_s);
+  const CampaignSummary campaign = campaigns->items.first();
+  test::await(m_client->transport().send(Requests::updateCampaign(campaign.id, {.name = u"Behind their back"_s}, {}),
+                                         m_client->app().current()->slug, m_client->app().stored()->token));
+  const bool isFound = !differencesNow(false, Page::campaigns).isEmpty();
+  if (!isFound) fail(u"a change behind the client's back is not found"_s);
+  if (!differencesNow(true, Page::campaigns).isEmpty()) fail(u"“Refresh” does not bring it"_s);
+}
 
 void Soak::judge() {
   const auto grown = [](const QList<qint64>& sizes) { return double(sizes.last()) / double(sizes.first()) - 1; };

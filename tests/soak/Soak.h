@@ -2,10 +2,10 @@
 
 #include <QTemporaryDir>
 
+#include "desktop/services/Turns.h"
 #include "kit/async/ManualClock.h"
 #include "tests/soak/Hand.h"
 #include "tests/soak/SoakService.h"
-#include "tests/soak/Turns.h"
 
 namespace orv::soak {
 
@@ -44,6 +44,7 @@ class Soak {
   void rest(std::chrono::milliseconds quiet);
   void comeBack();
   void compare(const QString& when, bool refreshing);
+  QStringList differencesNow(bool refreshing, std::optional<Page> only);
   /// A change behind the client's back must be found, or nothing else that is not found says anything.
   void proveComparison();
   void measure();

@@ -1,0 +1,31 @@
+#include "bench/Frame.h"
+#include "bench/Report.h"
+#include "desktop/scenes/Stage.h"
+
+namespace orv::bench {
+
+bool settings(Scale scale) {
+  std::printf("From one tab of the settings to the next, in the window\n");
+  QQmlEngine engine;
+  ClientWindow::prepare(engine);
+  Stage stage(engine, {});
+  if (!stage.isReady()) return false;
+  Router& router = *stage.app().router();
+  Times first, again;
+  for (int round = 0; round < (scale.quick ? 1 : 20); ++round) {
+    for (const auto& info : Pages::allTabs()) {
+      (round == 0 ? first : again).ms.push_back(milliseconds([&] {
+        router.openSettings(info.tab);
+        frame(stage.window());
+      }));
+      stage.settle();
+    }
+  }
+  line("a tab that was not open yet until its frame, median", first.median(), "ms", "under 50");
+  line("the same, slowest", first.at(1), "ms", "under 50");
+  line("a tab that was, median", again.median(), "ms", "under 50");
+  line("the same, slowest", again.at(1), "ms", "under 50");
+  return true;
+}
+
+}  // namespace orv::bench
