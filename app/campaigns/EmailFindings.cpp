@@ -13,7 +13,7 @@ namespace orv {
 namespace {
 
 using Place = EmailFindings::Place;
-const auto signature = u"accountSignature"_s;
+const auto signatureVariable = u"accountSignature"_s;
 constexpr qsizetype longestExcerpt = 40;
 /// Stand for variables while a text is taken apart; nobody writes them.
 constexpr char16_t firstMark = u'\ue000', lastMark = u'\uf8ff';
@@ -197,14 +197,14 @@ class Search {
     });
     missing.removeDuplicates();
     for (const QString& name : missing) {
-      if (m_values.isKnown(name) && name != signature) m_found.inLead = true;
+      if (m_values.isKnown(name) && name != signatureVariable) m_found.inLead = true;
       const bool isTold =
           std::ranges::any_of(m_rendered.warnings, [&](const QString& line) { return line.contains(name); });
       if (isTold) continue;
       const QString shown = shownName(name);
-      say(!m_values.isKnown(name) ? u"No variable is called “%1”."_s.arg(shown)
-          : name == signature     ? u"The inbox has no signature."_s
-                                  : u"The lead has no %1."_s.arg(shown));
+      say(!m_values.isKnown(name)     ? u"No variable is called “%1”."_s.arg(shown)
+          : name == signatureVariable ? u"The inbox has no signature."_s
+                                      : u"The lead has no %1."_s.arg(shown));
     }
     return found.value_or(QList<Gap>());
   }

@@ -11,6 +11,7 @@ Item {
 
     readonly property bool loaded: store.campaign.hasContent
     readonly property string action: store.mainAction
+    readonly property bool proofShown: store.tab === "proof"
 
     implicitHeight: 54
 
@@ -80,7 +81,23 @@ Item {
         }
 
         OrvButton {
-            visible: root.action !== "" && root.store.canWrite
+            visible: root.proofShown
+            kind: "ghost"
+            iconName: "arrow-left"
+            text: "Back to the sequence"
+            onClicked: root.store.tab = "sequence"
+        }
+
+        OrvButton {
+            visible: root.action === "launch" && !root.proofShown
+            iconName: "view-visible"
+            text: "Proof wall"
+            hint: "The first email, rendered for twelve of the leads"
+            onClicked: root.store.tab = "proof"
+        }
+
+        OrvButton {
+            visible: root.action !== "" && root.store.canWrite && !root.proofShown
             // Not the thing to do before there is something to launch.
             kind: root.store.readyToLaunch ? "primary" : "secondary"
             text: root.action === "pause" ? "Pause" : root.action === "resume" ? "Resume" : "Launch"

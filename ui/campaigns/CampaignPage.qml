@@ -15,8 +15,16 @@ FocusScope {
         leads: leads,
         settings: settings,
         subsequences: subsequences,
-        stats: stats
+        stats: stats,
+        proof: proof
     })
+    /// Takes the place of the tabs.
+    readonly property bool proofShown: store.tab === "proof"
+
+    onProofShownChanged: {
+        if (!proofShown)
+            tabs.forceActiveFocus(Qt.OtherFocusReason);
+    }
 
     Component.onCompleted: store.ensureLoaded()
 
@@ -32,7 +40,7 @@ FocusScope {
         y: header.height
         width: root.width - 2 * x
         focus: true
-        visible: root.store.campaign.state !== Resource.Error
+        visible: root.store.campaign.state !== Resource.Error && !root.proofShown
         label: "Campaign sections"
         options: root.store.tabs
         current: root.store.tab
@@ -41,7 +49,7 @@ FocusScope {
 
     OrvDivider {
         id: line
-        y: tabs.y + tabs.height
+        y: tabs.y + (root.proofShown ? 0 : tabs.height)
         width: root.width
     }
 
@@ -49,6 +57,8 @@ FocusScope {
         id: path
         y: line.y + line.height
         width: root.width
+        height: visible ? implicitHeight : 0
+        visible: shown && !root.proofShown
         store: root.store
     }
 
@@ -107,6 +117,14 @@ FocusScope {
 
         StatsTab {
             store: root.store.stats
+        }
+    }
+
+    Component {
+        id: proof
+
+        ProofPage {
+            store: root.store
         }
     }
 

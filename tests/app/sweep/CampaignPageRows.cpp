@@ -125,6 +125,12 @@ void arriveWithoutPreview(SweepStage& s) {
   page(s).sequence()->preview()->setWatched(true);
   s.f.clock.advance(SequencePreview::wait);
 }
+void arriveAtUnrendered(SweepStage& s) {
+  s.answers[u"POST /campaigns/c1/preview"_s] = "{}";
+  arriveAtSequence(s);
+  page(s).proof()->setWatched(true);
+  s.finish();
+}
 void arriveAtTestEmail(SweepStage& s) {
   arriveAtSequence(s);
   page(s).sequence()->testEmail()->show();
@@ -228,6 +234,16 @@ QList<SweepRow> campaignPageRows() {
        {},
        [](SweepStage& s) { return page(s).sequence()->subject(); },
        [](SweepStage& s) { return page(s).sequence()->preview()->message(); },
+       true},
+      {u"ProofWall::retry"_s,
+       arriveAtUnrendered,
+       [](SweepStage& s) { page(s).proof()->retry(); },
+       u"POST /campaigns/c1/preview"_s,
+       sample(u"PreviewResponse"_s),
+       {u"steps"_s},
+       {},
+       [](SweepStage& s) { return page(s).sequence()->subject(); },
+       [](SweepStage& s) { return page(s).proof()->message(); },
        true},
       {u"SequenceEditor::spin"_s,
        arriveAtSequence,

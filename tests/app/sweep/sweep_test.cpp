@@ -79,7 +79,8 @@ const QList<const QMetaObject*> stores{
     &MembersStore::staticMetaObject,       &SettingsStore::staticMetaObject,       &WorkspaceForm::staticMetaObject,
     &InboxSetupStore::staticMetaObject,    &NewProject::staticMetaObject,          &SecretField::staticMetaObject,
     &SetupChecks::staticMetaObject,        &SetupDomains::staticMetaObject,        &SetupForm::staticMetaObject,
-    &SetupPhoto::staticMetaObject,         &SetupProjectStore::staticMetaObject,   &SequenceDays::staticMetaObject};
+    &SetupPhoto::staticMetaObject,         &SetupProjectStore::staticMetaObject,   &SequenceDays::staticMetaObject,
+    &ProofWall::staticMetaObject};
 
 /// Changes what is shown or typed, and asks nothing of the service.
 const std::map<QString, QStringList> sendNothing{
@@ -111,6 +112,7 @@ const std::map<QString, QStringList> sendNothing{
       u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
       u"setBody"_s, u"unspun"_s}},
     {u"SequenceDays"_s, {u"addToWait"_s, u"moveTo"_s, u"watched"_s}},
+    {u"ProofWall"_s, {u"current"_s, u"open"_s, u"openLead"_s, u"openText"_s}},
     {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s, u"to"_s}},
     {u"CampaignStatsStore"_s, {u"toggleSeries"_s, u"dayView"_s}},
     {u"RangeForm"_s, {u"submit"_s, u"from"_s, u"to"_s}},
@@ -168,6 +170,7 @@ const std::map<QString, QStringList> testedElsewhere{
     {u"CampaignLeads"_s, {u"showAll"_s, u"leadStatus"_s, u"leadQuery"_s, u"leadsArchived"_s}},
     {u"Subsequences"_s, {u"beginCreate"_s}},
     {u"SequencePreview"_s, {u"wantVariables"_s, u"watched"_s}},
+    {u"ProofWall"_s, {u"watched"_s, u"showOthers"_s}},
     {u"LeadAdding"_s, {u"show"_s}},
     {u"RampupBulk"_s, {u"switchWarmup"_s}},
     {u"RampupDetails"_s, {u"look"_s}},
