@@ -53,10 +53,11 @@ QQuickItem* FocusTrail::heir() const {
     if (auto* named = around->property("focusHeir").value<QQuickItem*>(); isUsable(named)) return named;
     if (around->inherits("QQuickItemView") && around->activeFocusOnTab() && around->property("count").toInt() > 0)
       return around;
-    // What a loader has made instead is something else, and no neighbour.
+    // What a loader has made instead is something else, and no neighbour; a list knows its rows itself.
     const bool isLoader = around->inherits("QQuickLoader");
+    const bool isOfRows = around->parentItem() && around->parentItem()->inherits("QQuickItemView");
     isSwapped = isSwapped || isLoader;
-    if (!isLoader)
+    if (!isLoader && !isOfRows)
       if (QQuickItem* found = beside(step, isSwapped)) return found;
     if (isPopup(around)) return nullptr;
   }
