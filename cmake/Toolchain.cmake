@@ -25,7 +25,9 @@ if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_library(orvella_flags INTERFACE)
-target_compile_options(orvella_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+target_compile_options(orvella_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Werror
+  # In files that are joined, a local name hides that of another file.
+  $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>>:-Wshadow>)
 target_compile_definitions(orvella_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
@@ -50,7 +52,8 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release")
 endif()
 
 # Files of a folder include the same headers one by one; joined, a build from nothing takes half the time. Off, a change
-# in one file compiles only that file, and the compile commands name every file, as clang-tidy wants them.
+# in one file compiles only that file, the compile commands name every file, as clang-tidy wants them, and the compiler
+# tells of names that hide others.
 option(ORVELLA_JOIN "Compile the files of a folder together" ON)
 
 # orvella_join(TARGET FILES): its files compiled so many at a time.
