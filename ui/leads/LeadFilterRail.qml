@@ -14,6 +14,10 @@ FocusScope {
     readonly property bool folded: squeezed || filters.folded
     /// Somebody unfolded it to type keywords.
     property bool searchWanted: false
+    property bool made: false
+
+    onFoldedChanged: made = made || !folded
+    Component.onCompleted: made = !folded
 
     width: folded ? 44 : 244
 
@@ -34,7 +38,16 @@ FocusScope {
 
     Loader {
         anchors { fill: parent; rightMargin: 1 }
-        sourceComponent: root.folded ? fold : open
+        active: root.folded
+        sourceComponent: fold
+    }
+
+    // Hundreds of values take a while to make: once made, they stay.
+    Loader {
+        anchors { fill: parent; rightMargin: 1 }
+        visible: !root.folded
+        active: root.made
+        sourceComponent: open
     }
 
     Component {
@@ -86,6 +99,15 @@ FocusScope {
         id: open
 
         FocusScope {
+            function takeKeywords() {
+                if (visible && root.searchWanted)
+                    groups.takeKeywords();
+                root.searchWanted = false;
+            }
+
+            onVisibleChanged: takeKeywords()
+            Component.onCompleted: takeKeywords()
+
             Text {
                 x: 16
                 height: 44
@@ -141,12 +163,6 @@ FocusScope {
                     id: groups
                     width: body.width
                     finder: root.finder
-
-                    Component.onCompleted: {
-                        if (root.searchWanted)
-                            takeKeywords();
-                        root.searchWanted = false;
-                    }
                 }
             }
         }
