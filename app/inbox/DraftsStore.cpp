@@ -58,13 +58,19 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
 
 DraftsStore::~DraftsStore() = default;
 
+void DraftsStore::setWords(Words words) {
+  m_words = std::move(words);
+  for (const auto& there : {m_conversation.get(), m_next.get()})
+    if (there) Q_EMIT there->changed();
+}
+
 std::unique_ptr<Conversation> DraftsStore::open(const ReviewDraft& item) {
   auto conversation = std::make_unique<Conversation>(
       context(), item.thread.id,
       Conversation::Surroundings{.writings = m_writings,
                                  .listed = [thread = item.thread](const QString&) { return std::optional(thread); },
-                                 .label = [](const ThreadLabel& label) { return replyLabel(label, {}); },
-                                 .campaign = [](const QString&) { return QString(); }});
+                                 .label = [this](const ThreadLabel& label) { return m_words.label(label); },
+                                 .campaign = [this](const QString& id) { return m_words.campaign(id); }});
   conversation->ensureLoaded();
   return conversation;
 }

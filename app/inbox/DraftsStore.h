@@ -43,6 +43,13 @@ class DraftsStore final : public Store, public DraftDesk {
   DraftsStore(WorkspaceContext& context, Writings& writings);
   ~DraftsStore() override;
 
+  /// How labels read and campaigns are called in this workspace: whoever knows says so, here and when it knows more.
+  struct Words {
+    std::function<ReplyLabel(const ThreadLabel& label)> label;
+    std::function<QString(const QString& id)> campaign;
+  };
+  void setWords(Words words);
+
   DraftQueue* queue() { return &m_queue; }
   DraftDecisions* decisions() { return &m_decisions; }
   DraftReason* reason() { return &m_reason; }
@@ -109,6 +116,8 @@ class DraftsStore final : public Store, public DraftDesk {
   std::unique_ptr<Conversation> open(const ReviewDraft& item);
 
   Writings& m_writings;
+  Words m_words{.label = [](const ThreadLabel& label) { return replyLabel(label, {}); },
+                .campaign = [](const QString&) { return QString(); }};
   DraftDecisions m_decisions;
   DraftQueue m_queue;
   DraftStyles m_styles;

@@ -32,15 +32,26 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
     if (there) there->setReplying(false);
     if (threadId == m_openId) Q_EMIT replySent();
   });
-  connect(&m_campaigns, &ResourceBase::valueChanged, this, [this] {
-    if (conversation()) Q_EMIT conversation()->changed();
-  });
+  connect(&m_campaigns, &ResourceBase::valueChanged, this, &InboxStore::tellWords);
+  connect(&m_threads, &ThreadList::labelsChanged, this, &InboxStore::tellWords);
   if (auto* review = qobject_cast<DraftsStore*>(drafts))
     connect(review->decisions(), &DraftDecisions::changed, this, &InboxStore::busyChanged);
   connect(&writings, &Writings::changed, this, [this](const QString& threadId) {
     const Writing* reply = m_writings.findReply(threadId);
     m_threads.rows().setWritten(threadId, reply && reply->dirty());
   });
+}
+
+/// Labels and campaigns have other names than those that are shown.
+void InboxStore::tellWords() {
+  if (conversation()) Q_EMIT conversation()->changed();
+  auto* review = qobject_cast<DraftsStore*>(m_drafts);
+  if (!review) return;
+  const QPointer inbox(this);
+  review->setWords(
+      {.label =
+           [inbox](const ThreadLabel& label) { return inbox ? inbox->m_threads.read(label) : replyLabel(label, {}); },
+       .campaign = [inbox](const QString& id) { return inbox ? inbox->campaignName(id) : QString(); }});
 }
 
 QString InboxStore::sectionName() const { return enumName(m_section); }

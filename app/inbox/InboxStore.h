@@ -117,6 +117,7 @@ class InboxStore final : public Store {
   void arrived();
   void conversationRead(const QString& id);
   void readAhead();
+  void tellWords();
   /// Another one is open.
   void letGo(Conversation& left);
 

@@ -51,6 +51,7 @@ ThreadList::ThreadList(WorkspaceContext& context, Store* whole)
   connect(&m_list, &ResourceBase::changed, this, &ThreadList::countsChanged);
   connect(&m_labels, &ResourceBase::valueChanged, this, [this] {
     rows().setLabels(m_labels.value()->items);
+    Q_EMIT labelsChanged();
     Q_EMIT countsChanged();
   });
   connect(&context, &WorkspaceContext::mailCame, this, [this] {

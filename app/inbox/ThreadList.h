@@ -86,6 +86,8 @@ class ThreadList final : public Store {
  Q_SIGNALS:
   void changed();
   void countsChanged();
+  /// The workspace's own labels have been read.
+  void labelsChanged();
   /// The list has been read.
   void arrived();
 

@@ -31,21 +31,29 @@ void TrainingFeedback::follow(const QString& draftId, bool asWritten) {
   m_teach = Teach{draftId, asWritten};
   m_taught.reset();
   m_ended = false;
-  m_follow.start(followTask(draftId));
+  std::erase_if(m_following, [](const auto& each) { return each.second.isIdle(); });
+  m_following[draftId].start(followTask(draftId));
   Q_EMIT changed();
 }
 
 Task<void> TrainingFeedback::followTask(QString draftId) {
-  const bool done = co_await poll(services().clock, pace, [this, draftId] { return askTask(draftId); });
-  m_ended = !done;
+  std::optional<DraftTraining> answer;
+  const bool ended =
+      co_await poll(services().clock, pace, [this, draftId, &answer] { return askTask(draftId, &answer); });
+  if (isShown(draftId)) {
+    m_taught = answer;
+    m_ended = !ended;
+    // Refused: there is nothing to say of it.
+    if (ended && !answer) m_teach.reset();
+  }
   // Counts and rules are others by now, whatever was heard of it.
   context().changes().stale<SetterTraining>();
-  if (learned()) context().changes().stale<SetterLesson>();
+  if (answer && answer->lesson) context().changes().stale<SetterLesson>();
   Q_EMIT changed();
-  if (m_taught) Q_EMIT taught(DraftTraining(*m_taught));
+  if (answer) Q_EMIT taught(DraftTraining(*answer));
 }
 
-Task<bool> TrainingFeedback::askTask(QString draftId) {
+Task<bool> TrainingFeedback::askTask(QString draftId, std::optional<DraftTraining>* taught) {
   std::optional<APIError> failed;
   const auto answer =
       co_await m_actions.send(Requests::draftTraining(draftId), {}, {}, [&failed](const APIError& error) {
@@ -55,15 +63,15 @@ Task<bool> TrainingFeedback::askTask(QString draftId) {
   // One that was not answered is asked again; one that the service refuses has nothing to say.
   if (!answer) co_return failed && failed->is(APIError::Kind::problem);
   if (!answer->done) co_return false;
-  m_taught = *answer;
+  *taught = *answer;
   if (isNewLesson(*answer)) m_lessons.insert(draftId, answer->lesson->id);
   co_return true;
 }
 
 void TrainingFeedback::takeBack(const QString& draftId, bool withItsRule) {
   const QString lesson = m_lessons.take(draftId);
-  if (m_teach && m_teach->id == draftId) {
-    m_follow.cancel();
+  if (const auto followed = m_following.find(draftId); followed != m_following.end()) followed->second.cancel();
+  if (isShown(draftId)) {
     m_teach.reset();
     m_taught.reset();
     Q_EMIT changed();
@@ -72,7 +80,7 @@ void TrainingFeedback::takeBack(const QString& draftId, bool withItsRule) {
 }
 
 void TrainingFeedback::close() {
-  m_follow.cancel();
+  for (auto& [id, follow] : m_following) follow.cancel();
   Store::close();
 }
 

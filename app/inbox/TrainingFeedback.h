@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "app/base/Actions.h"
 #include "app/base/Poll.h"
 #include "app/base/Store.h"
@@ -7,7 +9,7 @@
 
 namespace orv {
 
-/// What the agent makes of the last decision: asked until it has made it.
+/// What the agent makes of decisions: asked of each until it has made it, shown of the last.
 class TrainingFeedback final : public Store {
   Q_OBJECT
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
@@ -52,7 +54,8 @@ class TrainingFeedback final : public Store {
   };
 
   Task<void> followTask(QString draftId);
-  Task<bool> askTask(QString draftId);
+  Task<bool> askTask(QString draftId, std::optional<DraftTraining>* taught);
+  bool isShown(const QString& draftId) const { return m_teach && m_teach->id == draftId; }
   Task<void> switchOffTask(QString lessonId);
 
   std::optional<Teach> m_teach;
@@ -63,7 +66,8 @@ class TrainingFeedback final : public Store {
   QHash<QString, QString> m_lessons;
   BusySet m_busy;
   Actions m_actions;
-  TaskSlot m_follow;
+  /// By the draft.
+  std::map<QString, TaskSlot> m_following;
 };
 
 }  // namespace orv

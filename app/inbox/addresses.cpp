@@ -1,5 +1,7 @@
 #include "app/inbox/addresses.h"
 
+#include <QSet>
+
 #include "app/base/EmailAddress.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,11 +52,12 @@ bool isTrick(char32_t letter) {
 
 AddressList splitAddresses(const QString& text) {
   AddressList list;
-  QStringList seen;
+  QSet<QString> seen;
   for (const QString& part : parts(text)) {
     const QString address = bare(part);
-    if (address.isEmpty() || seen.contains(address, Qt::CaseInsensitive)) continue;
-    seen.append(address);
+    const QString folded = address.toCaseFolded();
+    if (address.isEmpty() || seen.contains(folded)) continue;
+    seen.insert(folded);
     if (isEmailAddress(address) && shownAddress(address) == address)
       list.addresses.append(address);
     else if (list.wrong.isEmpty())

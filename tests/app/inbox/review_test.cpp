@@ -289,6 +289,29 @@ class ReviewTest : public QObject {
     QVERIFY(!f.store->feedback()->shown());
   }
 
+  void eachDecisionIsFollowed() {
+    Review f;
+    f.service.trainingAfter = 4;
+    f.service.training =
+        QJsonDocument::fromJson(R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})")
+            .object();
+    f.decide(u"skip"_s);
+    f.clock.advance(1s);
+    f.decide(u"approve"_s);
+    const QString list = u"GET /inbox/drafts"_s;
+    const int before = f.service.count(list);
+    for (int wait = 0; wait < 6; ++wait) {
+      f.clock.advance(2s);
+      f.service.run();
+    }
+    // Both were asked of to their end, and what either taught has rewritten the drafts that wait.
+    QCOMPARE(f.service.count(list), before + 2);
+    // The rule that the first one taught goes with it, although another was decided since.
+    f.decisions().undo(u"d1"_s);
+    f.service.run();
+    QCOMPARE(f.service.lastBody(u"PATCH /setter/lessons/l1"_s), (QJsonObject{{u"status"_s, u"off"_s}}));
+  }
+
   void trainingIsGivenUpAfterAMinute() {
     Review f;
     f.service.trainingAfter = 1000;
