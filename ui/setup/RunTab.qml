@@ -52,10 +52,10 @@ FocusScope {
                 keyRole: "id"
                 columns: [
                     OrvColumn { id: nameCells; key: "domain"; title: "Inbox"; fill: true; minimumWidth: 220 },
-                    OrvColumn { id: roleCells; key: "role"; title: "Role"; preferredWidth: 80; yields: 2 },
-                    OrvColumn { id: stepCells; key: "steps"; title: "Steps"; preferredWidth: 144; yields: 1 },
+                    OrvColumn { id: roleCells; key: "role"; title: "Role"; preferredWidth: 76; yields: 2 },
+                    OrvColumn { id: stepCells; key: "steps"; title: "Steps"; preferredWidth: 140; yields: 1 },
                     OrvColumn { id: stateCells; key: "state"; title: "State"; preferredWidth: 136; fixed: true },
-                    OrvColumn { id: updatedCells; key: "updated"; title: "Updated"; preferredWidth: 56; alignment: Text.AlignRight; yields: 3 }
+                    OrvColumn { id: updatedCells; key: "updated"; title: "Updated"; preferredWidth: 52; alignment: Text.AlignRight; yields: 3 }
                 ]
                 delegate: RunLine {
                     nameColumn: nameCells
