@@ -158,6 +158,66 @@ QList<Scene> sequenceScenes() {
   };
 }
 
+/// The wall of the draft that has leads.
+CampaignStore& openProof(Stage& stage, const std::function<void(CampaignStore&)>& before = {}) {
+  const auto& items = stage.openCampaigns().list()->value()->items;
+  const auto hasLeads = [](const CampaignSummary& item) {
+    return item.status.rawValue == "draft"_L1 && item.leads > 0;
+  };
+  stage.app().router()->openCampaign(std::ranges::find_if(items, hasLeads)->id);
+  stage.settle();
+  auto& campaign = *stage.app().session()->item<CampaignStore>(Page::campaigns, stage.app().router()->campaign());
+  if (before) before(campaign);
+  campaign.setTab(u"proof"_s);
+  return campaign;
+}
+
+QList<Scene> proofScenes() {
+  using Mode = StagedTransport::Mode;
+  return {
+      page(u"campaign-proof"_s, [](Stage& s) { openProof(s); }),
+      {u"campaign-proof-wrong"_s,
+       [](Stage& s) {
+         auto& campaign = openProof(s, [](CampaignStore& store) {
+           store.sequence()->setSubject(u"Return loads for {{company}}"_s);
+           store.sequence()->setBody(
+               u"{Hi|Hello} {{firstName}},\n\naround {{city}} a third of return trips run empty {most of them.\n\n"
+               "Worth a look at this week’s list for {{company}}?"_s);
+         });
+         s.settle();
+         campaign.proof()->setCurrent(campaign.proof()->emails()->records()[4].id);
+       }},
+      {u"campaign-proof-stopped"_s,
+       [](Stage& s) {
+         auto& campaign = openProof(s);
+         s.until([&] { return !campaign.proof()->verdict().isEmpty(); }, u"the first email"_s);
+         s.transport().mode = Mode::offline;
+       }},
+      {u"campaign-proof-without-leads"_s, [](Stage& s) { openTab(s, u"draft"_s, u"proof"_s); }},
+      {u"campaign-proof-failed"_s, [](Stage& s) { openFailing(s, u"proof"_s); }},
+  };
+}
+
+QList<Scene> daysScenes() {
+  return {
+      {u"campaign-days-moved"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"running"_s);
+         editor.selectPlace(2);
+         editor.days()->addToWait(2, 3);
+       }},
+      {u"campaign-days-later"_s,
+       [](Stage& s) {
+         auto& editor = openSequence(s, u"draft"_s);
+         editor.days()->addToWait(1, 4);
+         while (editor.stepCount() < 6) editor.insertStep(editor.stepCount());
+         editor.selectPlace(1);
+         s.tabTo(u"Email 1"_s);
+         s.press(Qt::Key_Right);
+       }},
+  };
+}
+
 QList<Scene> leadScenes() {
   return {
       page(u"leads"_s, [](Stage& s) { openLeads(s); }),
@@ -324,8 +384,8 @@ QList<Scene> offlineScenes() {
 }  // namespace
 
 QList<Scene> campaignScenes() {
-  return headerScenes() + sequenceScenes() + leadScenes() + settingsTabScenes() + subsequenceScenes() + statsScenes() +
-         offlineScenes();
+  return headerScenes() + sequenceScenes() + daysScenes() + proofScenes() + leadScenes() + settingsTabScenes() +
+         subsequenceScenes() + statsScenes() + offlineScenes();
 }
 
 }  // namespace orv
