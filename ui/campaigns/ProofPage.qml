@@ -117,6 +117,13 @@ FocusScope {
         }
     }
 
+    OrvSkeleton {
+        visible: cells.count === 0 && root.wall.nothing === "" && root.wall.message === ""
+        width: grid.width
+        height: root.height
+        topInset: 0
+    }
+
     OrvEmpty {
         width: grid.width
         height: root.height

@@ -19,7 +19,9 @@ const auto put = u"PUT /campaigns/c1/steps"_s;
 const auto preview = u"POST /campaigns/c1/preview"_s;
 const auto spintax = u"POST /campaigns/spintax"_s;
 
-const QByteArray campaign = R"({"id":"c1","name":"Acme","status":"draft","version":7,"senders":[],"steps":[
+const QByteArray campaign = R"({"id":"c1","name":"Acme","status":"draft","version":7,"senders":[],
+  "schedule":{"schedules":[{"name":"Any time","days":[1,2,3,4,5,6,7],"start":"00:00","end":"24:00","timeZone":"Etc/UTC"}]},
+  "steps":[
   {"id":"s1","position":1,"delayMinutes":0,"sameThread":false,
    "variants":[{"id":"v1","label":"A","subject":"One","body":"Hi","weight":1,"enabled":true}]},
   {"id":"s2","position":2,"delayMinutes":2880,"sameThread":true,
@@ -173,6 +175,45 @@ class SequenceTabTest : public QObject {
     QTest::keyClick(view.get(), Qt::Key_6);
     QTest::keyClick(view.get(), Qt::Key_1);
     QCOMPARE(editor->draft().steps()[1].delayMinutes, 60 * minutesPerDay);
+  }
+
+  /// The email's block in the strip of days.
+  QQuickItem* block(int place) {
+    return items([place](QQuickItem* item) {
+             return item->property("tabStop").isValid() && item->property("place").toInt() == place;
+           })
+        .value(0);
+  }
+  QPoint middleOf(QQuickItem* item) { return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint(); }
+
+  void theStripMovesAWaitByKeyAndByPointer() {
+    QVERIFY(block(0) && block(1));
+    const double column = (block(1)->x() - block(0)->x()) / 2;
+    // From within the text, for the email that is written.
+    editor->selectPlace(1);
+    field(u"Email text"_s)->forceActiveFocus();
+    QTest::keyClick(view.get(), Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    QCOMPARE(editor->waitDays(), 3);
+    QCOMPARE(block(1)->x() - block(0)->x(), 3 * column);
+
+    const QPoint from = middleOf(block(1)), to = from + QPoint(int(2 * column) + 5, 0);
+    QTest::mousePress(view.get(), Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 8; ++step) QTest::mouseMove(view.get(), from + (to - from) * step / 8);
+    QCOMPARE(editor->waitDays(), 3);
+    QCOMPARE(block(1)->x() - block(0)->x(), 5 * column);
+    QTest::mouseRelease(view.get(), Qt::LeftButton, {}, to);
+    QCOMPARE(editor->waitDays(), 5);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QCOMPARE(editor->waitDays(), 2);
+
+    // A press alone shows the email, and the arrows go on from there.
+    QTest::mouseClick(view.get(), Qt::LeftButton, {}, middleOf(block(0)));
+    QCOMPARE(editor->place(), 0);
+    QTest::keyClick(view.get(), Qt::Key_Right);
+    QCOMPARE(editor->place(), 1);
+    QCOMPARE(view->activeFocusItem(), block(1));
+    QTest::keyClick(view.get(), Qt::Key_Return);
+    QCOMPARE(view->activeFocusItem(), field(u"Email text"_s));
   }
 
   void aFailedSaveCanBeReadUntilOneSucceeds() {
