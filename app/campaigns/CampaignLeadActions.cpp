@@ -1,4 +1,5 @@
 #include "app/base/Undo.h"
+#include "app/base/recordActions.h"
 #include "app/base/shownName.h"
 #include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/LeadBatch.h"
@@ -6,6 +7,7 @@
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/leadChanges.h"
+#include "kit/models/campaigns/leadStatus.h"
 #include "kit/models/leads/leadIds.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,6 +52,45 @@ const CampaignLead* CampaignLeads::find(const QString& id) const {
 QString CampaignLeads::named(const QStringList& ids) const {
   const CampaignLead* lead = ids.size() == 1 ? find(ids.first()) : nullptr;
   return lead ? shownName(leadName(*lead)) : countedLeads(ids.size());
+}
+
+QList<PageAction> CampaignLeads::offered(const QString& record) {
+  // What the tab itself offers, the campaign's page does.
+  const CampaignLead* lead = find(record);
+  if (!lead) return {};
+  const QString id = lead->id;
+  QList<PageAction> actions{{.key = u"open"_s,
+                             .title = u"Open"_s,
+                             .icon = u"system-users"_s,
+                             .keys = u"Enter"_s,
+                             .run = [this, id] { open(id); }},
+                            {.key = u"copy-address"_s,
+                             .title = u"Copy address"_s,
+                             .icon = u"edit-copy"_s,
+                             .keys = u"Ctrl+C"_s,
+                             .run = [this, id] { copyAddress(id); }}};
+  if (m_isArchive)
+    return actions + archivedActions(
+                         !bulkBusy(), [this, id] { restore({id}); }, [this, id] { removeForGood(id); });
+  return actions + offeredOf(*lead);
+}
+
+/// What can be done with one that is in the campaign.
+QList<PageAction> CampaignLeads::offeredOf(const CampaignLead& lead) {
+  const QString id = lead.id;
+  QList<PageAction> actions;
+  const auto add = [&](const QString& key, const QString& title, const QString& icon, std::function<void()> run) {
+    actions.append(
+        {.key = key, .title = title, .icon = icon, .writes = true, .possible = !bulkBusy(), .run = std::move(run)});
+  };
+  if (lead.status.isActive() || lead.status.isQueued())
+    add(u"pause"_s, u"Pause"_s, u"media-playback-pause"_s, [this, id] { pause({id}); });
+  if (lead.status.rawValue == "paused"_L1) add(u"resume"_s, u"Resume"_s, u"media-playback-start"_s, [this, id] { resume({id}); });
+  add(u"move"_s, u"Move to another campaign"_s, u"go-next"_s, [this, id] { beginMove({id}); });
+  add(u"remove"_s, u"Remove"_s, u"edit-delete"_s, [this, id] { remove({id}); });
+  actions.last().keys = u"Del"_s;
+  actions.last().danger = true;
+  return actions;
 }
 
 void CampaignLeads::open(const QString& id) {

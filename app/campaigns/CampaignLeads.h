@@ -89,6 +89,9 @@ class CampaignLeads final : public Store {
 
   void close() override;
 
+ protected:
+  QList<PageAction> offered(const QString& record) override;
+
  Q_SIGNALS:
   void changed();
   /// What is counted over all leads, apart from `changed` so that a keystroke counts nothing.
@@ -106,6 +109,7 @@ class CampaignLeads final : public Store {
   void takeOut(const QStringList& ids);
   void readAgain();
   void changedElsewhere();
+  QList<PageAction> offeredOf(const CampaignLead& lead);
   const CampaignLead* find(const QString& id) const;
   QString named(const QStringList& ids) const;
 

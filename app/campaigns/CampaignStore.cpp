@@ -73,7 +73,8 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
   connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
   connect(&m_settings, &CampaignSettings::changed, this, &CampaignStore::followUnsaved);
-  connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::followLaunchPath);
+  connect(&m_campaign, &ResourceBase::valueChanged, this, &CampaignStore::followLaunchPath);
+  connect(&m_sequence, &SequenceEditor::changed, this, &CampaignStore::followLaunchPath);
   connect(m_sequence.autosave(), &SequenceAutosave::typed, this, &CampaignStore::followLaunchPath);
   context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };

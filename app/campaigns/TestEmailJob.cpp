@@ -38,27 +38,31 @@ void takeOver(TestEmail& test, TestEmail now) {
   test = std::move(now);
 }
 
-Task<JobOutcome> follow(Job* job, TestEmail test) {
-  Clock& clock = job->context().services().clock;
-  const QDateTime start = clock.now();
-  for (;;) {
-    if (auto outcome = outcomeOf(test)) co_return *std::move(outcome);
-    if (start.secsTo(clock.now()) >= TestEmailCourse::limit.count())
-      co_return JobOutcome{
-          .kind = JobOutcome::Kind::open,
-          .title = u"Not sent yet"_s,
-          .text = u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(shownName(*test.to))};
-    co_await clock.sleep(TestEmailCourse::interval);
-    try {
-      takeOver(test, co_await job->context().api().send(Requests::testEmailState(test.id)));
-    } catch (const APIError& error) {
-      if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) co_return JobOutcome{};
-      // One lost reading is no reason to stop; the next one comes.
-      if (error.context().httpStatus >= 400 && error.context().httpStatus < 500)
-        co_return JobOutcome{
-            .kind = JobOutcome::Kind::open, .title = u"Couldn’t follow the test"_s, .text = error.message()};
-    }
+/// Whether it has come to an end, which is then in `outcome`.
+Task<bool> askOnce(Job* job, TestEmail* test, std::optional<JobOutcome>* outcome) {
+  try {
+    takeOver(*test, co_await job->context().api().send(Requests::testEmailState(test->id)));
+    *outcome = outcomeOf(*test);
+  } catch (const APIError& error) {
+    if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) outcome->emplace();
+    // One lost reading is no reason to stop; the next one comes.
+    else if (error.context().httpStatus >= 400 && error.context().httpStatus < 500)
+      outcome->emplace(
+          JobOutcome{.kind = JobOutcome::Kind::open, .title = u"Couldn’t follow the test"_s, .text = error.message()});
   }
+  co_return outcome->has_value();
+}
+
+Task<JobOutcome> follow(Job* job, TestEmail test) {
+  auto outcome = outcomeOf(test);
+  if (!outcome)
+    co_await poll(job->context().services().clock, TestEmailCourse::pace,
+                  [job, &test, &outcome] { return askOnce(job, &test, &outcome); });
+  if (outcome) co_return *std::move(outcome);
+  co_return JobOutcome{
+      .kind = JobOutcome::Kind::open,
+      .title = u"Not sent yet"_s,
+      .text = u"The test is still waiting for the inbox. It may arrive at %1 later."_s.arg(shownName(*test.to))};
 }
 
 }  // namespace

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/base/Jobs.h"
+#include "app/base/Poll.h"
 #include "kit/models/campaigns/testEmail.h"
 
 namespace orv {
 
 /// How far a test email has come, for whoever shows its job.
 struct TestEmailCourse {
-  static constexpr std::chrono::seconds interval{2};
-  static constexpr std::chrono::seconds limit{60};
+  static constexpr PollPace pace{.interval = std::chrono::seconds(2), .most = 30};
 
   /// The service has it, and is asked what becomes of it.
   bool isFollowed = false;

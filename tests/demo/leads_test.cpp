@@ -1,4 +1,5 @@
 #include <QTest>
+#include <QTimeZone>
 
 #include "kit/api/PlatformDate.h"
 #include "kit/models/campaigns/addLeads.h"
@@ -144,17 +145,49 @@ class DemoLeadsTest : public QObject {
     QCOMPARE(sent->at, messages.first().sentAt);
   }
 
+  void emailsGoOutInTheHoursAndSpreadOverThem() {
+    const QTimeZone zone("Europe/Berlin");
+    const QDateTime now = f->clock.now();
+    QHash<QDate, int> byDay;
+    const auto verify = [&](const std::optional<QString>& at) {
+      const QDateTime local = parsePlatformDate(at)->toTimeZone(zone);
+      const bool isOpen = local.date().dayOfWeek() < 6 && local.time() >= QTime(9, 0) && local.time() <= QTime(17, 0);
+      QVERIFY2(isOpen, qPrintable(local.toString(Qt::ISODate)));
+      if (local <= now) ++byDay[local.date()];
+    };
+    std::optional<QString> cursor;
+    qint64 sent = 0;
+    do {
+      const auto page = f->ask(Requests::campaignActivity(id, 500, cursor));
+      for (const FeedItem& item : page.items) {
+        if (item.kind != "sent"_L1) continue;
+        verify(item.at);
+        ++sent;
+      }
+      cursor = page.nextCursor;
+    } while (cursor);
+    for (const SentMessage& message : f->ask(Requests::campaignMessages(id)).items)
+      if (message.state == "scheduled"_L1) verify(message.scheduledAt);
+    const int most = *std::ranges::max_element(byDay);
+    QVERIFY2(most < sent / 6, qPrintable(u"%1 of %2 on one day"_s.arg(most).arg(sent)));
+  }
+
   void subjectsReadAsTheirLeadsDo() {
     const auto steps = *f->ask(Requests::getCampaign(id)).steps;
-    QVERIFY(steps.size() > 1 && steps[1].sameThread);
+    QVERIFY(steps.size() > 1 && steps[1].sameThread && !steps.last().sameThread);
     const auto feed = f->ask(Requests::campaignActivity(id, 500, {})).items;
     QSet<QString> kinds;
     for (const FeedItem& item : feed) {
       const auto lead = f->ask(Requests::leadDetail(id, item.lead->id)).lead;
-      const QString opening = *lead.company + u" and the waiting list"_s;
-      const bool again =
-          item.kind == "replied"_L1 || item.step > 1 || (item.kind == "bounced"_L1 && lead.currentStep > 1);
-      QCOMPARE(item.subject, again ? u"Re: "_s + opening : opening);
+      const qint64 position = item.step.value_or(*lead.currentStep);
+      qint64 opening = position;
+      while (steps[opening - 1].sameThread) --opening;
+      QStringList subjects;
+      for (const CampaignVariant& variant : steps[opening - 1].variants)
+        subjects.append(QString(variant.subject).replace(u"{{company}}"_s, *lead.company));
+      const bool isReply = item.kind == "replied"_L1 || opening < position;
+      QCOMPARE(item.subject->startsWith("Re: "_L1), isReply);
+      QVERIFY2(subjects.contains(item.subject->mid(isReply ? 4 : 0)), qPrintable(*item.subject));
       kinds.insert(item.kind);
       if (kinds.size() == 3) break;
     }

@@ -73,6 +73,7 @@ Item {
 
                     anchors.verticalCenter: parent.verticalCenter
                     text: modelData.label
+                    Accessible.name: "Go to " + text
                     onClicked: root.sectionRequested(modelData.key)
                 }
             }

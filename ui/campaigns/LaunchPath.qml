@@ -50,11 +50,27 @@ Item {
                     Accessible.ignored: true
                 }
 
-                OrvIcon {
+                Item {
                     anchors.verticalCenter: parent.verticalCenter
-                    name: step.modelData.ticked ? "checkmark" : "orv-ring"
-                    size: 14
-                    color: step.modelData.ticked ? Theme.positive : Theme.text3
+                    width: 14
+                    height: 14
+
+                    OrvIcon {
+                        visible: step.modelData.ticked
+                        name: "checkmark"
+                        size: 14
+                        color: Theme.positive
+                    }
+
+                    Rectangle {
+                        visible: !step.modelData.ticked
+                        anchors.centerIn: parent
+                        width: 10
+                        height: 10
+                        radius: 5
+                        color: "transparent"
+                        border { width: 1; color: Theme.borderControl }
+                    }
                 }
 
                 OrvLink {

@@ -19,12 +19,16 @@ FocusScope {
         onEdited: text => root.adding.draft.set(key, text)
     }
 
+    function beginNext() {
+        email.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     Connections {
         target: root.adding
 
         function onCleared() {
             // Once the fields, which are off while a lead is added, can have the keyboard again.
-            Qt.callLater(email.forceActiveFocus, Qt.OtherFocusReason); // qmllint disable type
+            Qt.callLater(root.beginNext); // qmllint disable type
         }
     }
 

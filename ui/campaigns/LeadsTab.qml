@@ -168,10 +168,9 @@ ListDetail {
         }
     }
 
-    LeadMenu {
+    ActionMenu {
         id: menu
         store: root.store
-        canWrite: root.campaign.canWrite
     }
 
     AddLeadsDialog {

@@ -108,49 +108,9 @@ FocusScope {
             picker: root.form.senders
         }
 
-        SettingsSection {
+        SettingsSending {
             width: parent.width
-            key: "sending"
-            title: "Sending"
-
-            SettingsCheck {
-                width: parent.width
-                form: root.form
-                field: "prioritizeNew"
-                text: "Prioritize new leads"
-                help: "First emails take the day’s sends before follow-ups."
-            }
-
-            SettingsCheck {
-                width: parent.width
-                form: root.form
-                field: "stopOnReply"
-                text: "Stop the sequence when a lead replies"
-                help: "Bounces and unsubscribe replies always stop it."
-            }
-
-            SettingsCheck {
-                width: parent.width
-                form: root.form
-                field: "stopOnAutoReply"
-                text: "Stop on auto reply"
-                help: "An out-of-office reply stops the lead too."
-            }
-
-            SettingsCheck {
-                width: parent.width
-                form: root.form
-                field: "stopCompanyOnReply"
-                text: "Stop for the whole company"
-                help: "A reply stops every lead at the same company domain."
-            }
-
-            SettingsCheck {
-                width: parent.width
-                form: root.form
-                field: "unsubscribeHeader"
-                text: "Insert unsubscribe header"
-            }
+            form: root.form
         }
 
         SettingsLimits {
@@ -226,10 +186,13 @@ FocusScope {
 
     SaveBar {
         id: bar
+
+        readonly property bool hoursWait: root.schedule.unsaved || root.schedule.saving
+
         x: fields.listWidth
         y: root.height - height
         width: root.width - x
-        shown: changed || (saveHours.visible && root.store.canWrite)
+        shown: changed || (hoursWait && root.store.canWrite)
         changed: root.form.dirty || root.form.saving
         saveText: "Save settings"
         saving: root.form.saving
@@ -241,8 +204,7 @@ FocusScope {
         onSectionRequested: key => fields.lead(key)
 
         OrvButton {
-            id: saveHours
-            visible: root.schedule.unsaved || root.schedule.saving
+            visible: bar.hoursWait
             kind: bar.changed ? "secondary" : "primary"
             text: "Save schedule"
             busy: root.schedule.saving

@@ -41,7 +41,7 @@ class TestEmailTest final : public SequencePage {
     QCOMPARE(sent()[u"stepPosition"_s].toInt(), 1);
     f->api.answer(testEmail, R"({"id":"t1","state":"queued","from":"me@x.com","to":"you@x.com"})", 202);
     f->api.expect(followed);
-    f->clock.advance(TestEmailCourse::interval);
+    f->clock.advance(TestEmailCourse::pace.interval);
     f->api.answer(followed, R"({"id":"t1","state":"sent"})");
     QCOMPARE(toasts().last(), u"Sent from me@x.com to you@x.com"_s);
 
@@ -97,10 +97,10 @@ class TestEmailTest final : public SequencePage {
     f->api.answer(testEmail, R"({"id":"t1","state":"queued","from":"me@x.com","to":"you@x.com"})", 202);
     QCOMPARE(form->stageName(), u"following"_s);
     f->api.expect(followed);
-    f->clock.advance(TestEmailCourse::interval);
+    f->clock.advance(TestEmailCourse::pace.interval);
     f->api.fail(followed, TransportFailure::timedOut);
     f->api.expect(followed);
-    f->clock.advance(TestEmailCourse::interval);
+    f->clock.advance(TestEmailCourse::pace.interval);
     f->api.answer(followed, end);
     QTEST(form->headline(), "headline");
     QTEST(form->detail(), "detail");
@@ -117,7 +117,7 @@ class TestEmailTest final : public SequencePage {
     int asked = 0;
     while (form->stageName() == "following"_L1 && asked < 100) {
       f->api.expect(followed);
-      f->clock.advance(TestEmailCourse::interval);
+      f->clock.advance(TestEmailCourse::pace.interval);
       f->api.answer(followed, R"({"id":"t1","state":"sending"})");
       ++asked;
     }
@@ -154,7 +154,7 @@ class TestEmailTest final : public SequencePage {
       f->api.answer(testEmail, R"({"id":"t1","state":"queued"})", 202);
     }
     f->api.expect(followed);
-    f->clock.advance(TestEmailCourse::interval);
+    f->clock.advance(TestEmailCourse::pace.interval);
     f->api.answer(followed, R"({"id":"t1","state":"failed"})");
     QCOMPARE(toasts(), QStringList{u"Not sent"_s});
     QCOMPARE(f->jobs.running(), 0);
@@ -173,7 +173,7 @@ class TestEmailTest final : public SequencePage {
     QCOMPARE(form->stageName(), u"following"_s);
     QCOMPARE(form->warnings(), QStringList{u"No footer"_s});
     f->api.expect(followed);
-    f->clock.advance(TestEmailCourse::interval);
+    f->clock.advance(TestEmailCourse::pace.interval);
     f->api.answer(followed, R"({"id":"t1","state":"sent","from":"me@x.com"})");
     QCOMPARE(form->headline(), u"Sent from me@x.com to you@x.com"_s);
     QVERIFY2(toasts().isEmpty(), "the dialog has told of it");
