@@ -18,6 +18,7 @@ FocusScope {
         width: root.width
         title: "Dashboard"
         summary: root.store.dayText
+        contentWidth: 1240
 
         OrvSelect {
             width: 168
@@ -54,7 +55,7 @@ FocusScope {
                 x: Theme.pageSide
                 y: 10
                 // Wider, a day's figures would lie too far apart to be read as one.
-                width: Math.min(1240, scroll.width - 2 * x)
+                width: Math.min(header.contentWidth, scroll.width - 2 * x)
                 spacing: 20
 
                 FigureCards {
@@ -77,7 +78,7 @@ FocusScope {
                 OrvChart {
                     focus: true
                     width: parent.width
-                    height: Math.max(implicitHeight, scroll.height - y - 80)
+                    height: Math.max(implicitHeight, Math.min(320, scroll.height - y - 80))
                     title: "Daily sending"
                     detail: "Sent, unique opens, replies and clicks"
                     days: root.store.days

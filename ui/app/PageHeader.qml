@@ -29,19 +29,34 @@ Item {
 
     Text {
         id: summaryText
+
+        readonly property real room: titleText.width - (attentionText.visible ? attentionText.implicitWidth : 0)
+        /// Without its first parts where there is no room for them: how many there are, the foot says as well.
+        readonly property string fitting: {
+            const parts = root.summary.split(" · ");
+            while (parts.length > 1 && metrics.advanceWidth(parts.join(" · ")) > room)
+                parts.shift();
+            return parts.join(" · ");
+        }
+
         x: Theme.pageSide
         y: 40
-        width: Math.min(implicitWidth, titleText.width - (attentionText.visible ? attentionText.implicitWidth : 0))
+        width: Math.min(implicitWidth, room)
         height: 20
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
         textFormat: Text.PlainText
-        text: root.summary
+        text: fitting
         font: Theme.body
         color: Theme.text2
         Accessible.role: Accessible.StaticText
-        Accessible.name: text
+        Accessible.name: root.summary
         Accessible.ignored: text === ""
+    }
+
+    FontMetrics {
+        id: metrics
+        font: Theme.body
     }
 
     Text {

@@ -1,4 +1,5 @@
 #include "app/accounts/AccountsStore.h"
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -63,6 +64,33 @@ class AccountsWindowTest : public ui::WindowTest {
     m_stage->press(u"Undo"_s);
     QTRY_COMPARE(lastMessage(), u"Account restored"_s);
     QTRY_COMPARE(accounts().list()->rows()->count(), 3);
+  }
+
+  void whatIsSeenIsHeard() {
+    open();
+    QTRY_VERIFY(table());
+    ui::Reader::listen();
+    table()->forceActiveFocus();
+    press(Qt::Key_Home);
+    QTRY_VERIFY(rowHasFocus());
+    press(Qt::Key_Space);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    QTRY_COMPARE(ui::Reader::announced(), QStringList{u"2 selected"_s});
+
+    const auto& list = *accounts().list();
+    const QStringList shown = list.shownIds();
+    const auto tagged = std::ranges::find_if(
+        shown, [&list](const QString& id) { return !list.find(id)->record().tags.value_or(QStringList()).isEmpty(); });
+    const Mailbox& account = list.find(*tagged)->record();
+    const QStringList cells = ui::Reader::heardIn(table()).filter(u"Account, "_s + account.address);
+    QCOMPARE(cells.size(), 1);
+    QVERIFY2(cells[0].endsWith(u", "_s + account.displayName + u", "_s + account.tags->join(u", "_s)),
+             qPrintable(cells[0]));
+
+    press(Qt::Key_Menu);
+    const QString name = list.find(shown.at(1))->record().address;
+    QTRY_VERIFY(!ui::Reader::heardIn(table()).filter(u"Actions for "_s + name + u", "_s).isEmpty());
+    ui::Reader::heard();
   }
 
   void aLongListIsReadWholeAndKeepsItsPlace() {
