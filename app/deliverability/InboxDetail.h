@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/base/RecordModel.h"
 #include "app/base/Resource.h"
 #include "app/base/RowFields.h"
+#include "app/base/WrittenRows.h"
 #include "app/figures/Figure.h"
 #include "kit/models/deliverability/deliverabilityReport.h"
 
@@ -22,9 +22,9 @@ struct DecisionRow {
 BOOST_DESCRIBE_STRUCT(DecisionRow, (), (id, title, why, when, mark, executed))
 ORV_DECLARE_ROW(DecisionRow)
 
-class DecisionRows final : public RecordModel<DecisionRow> {
+class DecisionRows final : public WrittenRows<DecisionRow> {
  public:
-  using RecordModel::RecordModel;
+  explicit DecisionRows(QObject* parent = nullptr) : WrittenRows({"why"}, parent) {}
 };
 
 /// One inbox as the watcher sees it: its figures, where its mail landed lately, and what was decided.

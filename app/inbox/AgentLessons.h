@@ -2,9 +2,9 @@
 
 #include "app/base/Actions.h"
 #include "app/base/NameForm.h"
-#include "app/base/RecordModel.h"
 #include "app/base/Resource.h"
 #include "app/base/RowFields.h"
+#include "app/base/WrittenRows.h"
 #include "kit/models/inbox/setterTraining.h"
 
 namespace orv {
@@ -22,9 +22,9 @@ struct AgentLessonRow {
 BOOST_DESCRIBE_STRUCT(AgentLessonRow, (), (id, text, origin, active, busy))
 ORV_DECLARE_ROW(AgentLessonRow)
 
-class AgentLessonRows final : public RecordModel<AgentLessonRow> {
+class AgentLessonRows final : public WrittenRows<AgentLessonRow> {
  public:
-  using RecordModel::RecordModel;
+  explicit AgentLessonRows(QObject* parent = nullptr) : WrittenRows({"text"}, parent) {}
 };
 
 /// What the agent has learned, and what a member tells it.

@@ -3,6 +3,7 @@
 #include "app/base/momentText.h"
 #include "app/base/shownName.h"
 #include "app/inbox/DraftTexts.h"
+#include "kit/api/plainText.h"
 #include "kit/models/inbox/draftRequests.h"
 #include "kit/models/inbox/inboxWords.h"
 
@@ -10,6 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
+
+/// A whole row is drawn at once; more than that no email of the agent has.
+constexpr qsizetype longestText = 20'000;
 
 QString outcomeText(const Draft& draft) {
   const QString outcome = draft.reviewOutcome.value_or(QString());
@@ -71,14 +75,14 @@ bool DraftHistory::canPutBack() const { return canWrite() && m_tab == words::dra
 
 DraftHistoryRow DraftHistory::row(const ReviewDraft& item) const {
   const Draft& draft = item.draft;
-  const QString ai = draft.aiBody.value_or(draft.body);
+  const QString ai = cutTo(draft.aiBody.value_or(draft.body), longestText), body = cutTo(draft.body, longestText);
   return {.id = draft.id,
           .contact = shownName(contactName(item.thread)),
           .kind = draftKindText(draft),
           .when = momentText(draft.reviewedAt ? draft.reviewedAt : draft.updatedAt, services().clock.now()),
           .subject = draft.subject.value_or(QString()),
           .aiText = ai,
-          .sentText = draft.edited.value_or(false) && ai != draft.body ? draft.body : QString(),
+          .sentText = draft.edited.value_or(false) && ai != body ? body : QString(),
           .outcome = outcomeText(draft),
           .why = draft.reviewText && !draft.reviewText->isEmpty() ? u"Why: "_s + *draft.reviewText : QString(),
           .lesson = learnedText(draft),

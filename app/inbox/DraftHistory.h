@@ -3,6 +3,7 @@
 #include "app/base/Choice.h"
 #include "app/base/PagedList.h"
 #include "app/base/RowFields.h"
+#include "app/base/WrittenRows.h"
 #include "app/inbox/DraftDecisions.h"
 
 namespace orv {
@@ -27,9 +28,9 @@ struct DraftHistoryRow {
 BOOST_DESCRIBE_STRUCT(DraftHistoryRow, (), (id, contact, kind, when, subject, aiText, sentText, outcome, why, lesson))
 ORV_DECLARE_ROW(DraftHistoryRow)
 
-class DraftHistoryRows final : public RecordModel<DraftHistoryRow> {
+class DraftHistoryRows final : public WrittenRows<DraftHistoryRow> {
  public:
-  using RecordModel::RecordModel;
+  explicit DraftHistoryRows(QObject* parent = nullptr) : WrittenRows({"aiText", "sentText", "why", "lesson"}, parent) {}
 };
 
 /// What was decided, in three lists; what was skipped can be put back.

@@ -257,7 +257,7 @@ void InboxStore::startReply() {
 
 void InboxStore::send() {
   const InboxThread* thread = conversation() ? conversation()->thread() : nullptr;
-  if (thread && canWrite()) m_actions.send(*thread, conversation()->hasDraft());
+  if (thread && canWrite()) m_actions.send(*thread, conversation()->detail()->value(), conversation()->hasDraft());
 }
 
 void InboxStore::decide(bool approves) {

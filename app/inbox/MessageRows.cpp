@@ -114,11 +114,4 @@ void MessageRowsModel::fold(const QString& foldId) {
   arrange();
 }
 
-QVariant MessageRowsModel::data(const QModelIndex& index, int role) const {
-  // A message is longer than a name, and has lines; it stands by itself, where it can turn nothing around.
-  static const int textRole = firstRole + int(fieldNames<MessageRow>().indexOf("text"));
-  if (role == textRole && checkIndex(index, CheckIndexOption::IndexIsValid)) return records()[size_t(index.row())].text;
-  return RecordModel::data(index, role);
-}
-
 }  // namespace orv

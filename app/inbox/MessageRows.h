@@ -2,8 +2,8 @@
 
 #include <QSet>
 
-#include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
+#include "app/base/WrittenRows.h"
 #include "app/inbox/messageText.h"
 #include "kit/models/inbox/threadDetail.h"
 
@@ -37,15 +37,13 @@ BOOST_DESCRIBE_STRUCT(MessageRow, (),
 ORV_DECLARE_ROW(MessageRow)
 
 /// The messages of one conversation, oldest first, in rows that are each drawn within a frame.
-class MessageRowsModel final : public RecordModel<MessageRow> {
+class MessageRowsModel final : public WrittenRows<MessageRow> {
  public:
-  using RecordModel::RecordModel;
+  explicit MessageRowsModel(QObject* parent = nullptr) : WrittenRows({"text"}, parent) {}
 
   void show(const ThreadDetail& detail, const QDateTime& now);
   /// Opens or closes what a message quotes.
   void fold(const QString& foldId);
-
-  QVariant data(const QModelIndex& index, int role) const override;
 
  private:
   void arrange();

@@ -25,11 +25,15 @@ ThreadPatch unreadPatch(bool unread) {
   return patch;
 }
 
-/// A message or a draft that says just this has left, or is about to.
-bool hasSent(const ThreadDetail& detail, const QString& body) {
-  const auto says = [&body](const QString& text) { return text.trimmed() == body.trimmed(); };
-  return std::ranges::any_of(detail.messages, [&](const auto& one) { return !one.isInbound() && says(one.body); }) ||
-         std::ranges::any_of(detail.drafts, [&](const Draft& one) { return one.approvedAt && says(one.body); });
+/// What has left a thread, or is about to; a message that was a draft counts as that.
+template <class Holds>
+QSet<QString> outgoing(const ThreadDetail& detail, Holds says) {
+  QSet<QString> ids;
+  for (const InboxMessage& one : detail.messages)
+    if (!one.isInbound() && says(one.body)) ids.insert(one.draftId.value_or(one.id));
+  for (const Draft& one : detail.drafts)
+    if (one.approvedAt && says(one.body)) ids.insert(one.id);
+  return ids;
 }
 
 ReplyBody replyOf(const WrittenFields& fields) {
@@ -193,7 +197,17 @@ Task<std::optional<bool>> ThreadActions::hasArrived(InboxThread thread, QPointer
   const auto detail = co_await m_actions.send(Requests::getThread(thread.id), u"Couldn’t load this conversation."_s);
   if (!detail || !writing) co_return std::nullopt;
   Q_EMIT readAgain(*detail);
-  co_return hasSent(*detail, writing->body());
+  const QString body = writing->body().trimmed();
+  const auto says = [&body](const QString& text) { return text.trimmed() == body; };
+  // Whoever says the same a second time has not said it yet.
+  co_return !(outgoing(*detail, says) - m_leftBefore.value(thread.id)).isEmpty();
+}
+
+void ThreadActions::send(const InboxThread& thread, const ThreadDetail* shown, bool asksFirst) {
+  const Writing* writing = m_writings.findReply(thread.id);
+  if (!writing || !writing->uncertain())
+    m_leftBefore[thread.id] = shown ? outgoing(*shown, [](const QString&) { return true; }) : QSet<QString>();
+  m_tasks.start(sendTask(thread, asksFirst));
 }
 
 Task<void> ThreadActions::sendTask(InboxThread thread, bool asksFirst) {

@@ -31,8 +31,9 @@ class ThreadActions final : public Store {
   void setLabel(const InboxThread& thread, const QString& key) { m_tasks.start(setLabelTask(thread, key)); }
   /// Has the agent write a draft, or another one than `waiting`.
   void generate(const InboxThread& thread, const Draft* waiting);
-  /// Sends what the person wrote. `asksFirst`: a draft waits there that this is not.
-  void send(const InboxThread& thread, bool asksFirst) { m_tasks.start(sendTask(thread, asksFirst)); }
+  /// Sends what the person wrote. `shown` is the thread as far as it has been read, null where it has not; `asksFirst`:
+  /// a draft waits there that this is not.
+  void send(const InboxThread& thread, const ThreadDetail* shown, bool asksFirst);
 
   Task<void> archiveTask(InboxThread thread);
   Task<void> moveToInboxTask(InboxThread thread);
@@ -60,6 +61,8 @@ class ThreadActions final : public Store {
   Writings& m_writings;
   BusySet m_busy;
   Actions m_actions;
+  /// By the thread: what had left it before a reply was sent whose end is unknown.
+  QHash<QString, QSet<QString>> m_leftBefore;
 };
 
 }  // namespace orv

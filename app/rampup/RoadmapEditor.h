@@ -7,8 +7,8 @@
 #include "app/base/Choice.h"
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
-#include "app/base/RecordModel.h"
 #include "app/base/Recovery.h"
+#include "app/base/WrittenRows.h"
 #include "app/rampup/RoadmapRules.h"
 
 namespace orv {
@@ -30,9 +30,10 @@ struct StageRow {
 BOOST_DESCRIBE_STRUCT(StageRow, (), (id, key, name, days, warmupFrom, warmupTo, campaignFrom, campaignTo, wrong))
 ORV_DECLARE_ROW(StageRow)
 
-class StageRows final : public RecordModel<StageRow> {
+class StageRows final : public WrittenRows<StageRow> {
  public:
-  using RecordModel::RecordModel;
+  explicit StageRows(QObject* parent = nullptr)
+      : WrittenRows({"name", "days", "warmupFrom", "warmupTo", "campaignFrom", "campaignTo"}, parent) {}
 };
 
 /// What the editor changes, for the journal: a map for each stage.

@@ -1,5 +1,7 @@
 #include <QTest>
 
+#include "app/inbox/AgentLessons.h"
+#include "app/inbox/DraftHistory.h"
 #include "app/inbox/ThreadRows.h"
 #include "app/inbox/addresses.h"
 #include "app/inbox/messageText.h"
@@ -44,6 +46,28 @@ class MessageTextTest : public QObject {
   void quotationsFold() {
     QFETCH(QString, body);
     QTEST(shown(foldQuotes(body)), "folded");
+  }
+
+  void whatIsReadInFullStandsAsItCame() {
+    const QString text = u"Hi Ellen,\n\n"_s + u"more of it, "_s.repeated(60);
+    DraftHistoryRows history;
+    DraftHistoryRow decided;
+    decided.id = u"d1"_s;
+    decided.contact = u"Ellen\nMarsh"_s;
+    decided.aiText = decided.sentText = text;
+    history.append({decided});
+    const auto told = [](const QAbstractItemModel& rows, const char* role) {
+      return rows.index(0, 0).data(rows.roleNames().key(role)).toString();
+    };
+    QCOMPARE(told(history, "aiText"), text);
+    QCOMPARE(told(history, "sentText"), text);
+    QCOMPARE(told(history, "contact"), u"Ellen Marsh"_s);
+    AgentLessonRows lessons;
+    AgentLessonRow lesson;
+    lesson.id = u"l1"_s;
+    lesson.text = text;
+    lessons.append({lesson});
+    QCOMPARE(told(lessons, "text"), text);
   }
 
   void aMegabyteIsReadAtOnce() {

@@ -49,14 +49,25 @@ class RepliesTest : public InboxFixture {
   }
 
   void anUnknownEndIsLookedUpFirst_data() {
+    QTest::addColumn<QStringList>("before");
+    QTest::addColumn<QStringList>("after");
     QTest::addColumn<bool>("arrived");
-    QTest::newRow("arrived") << true;
-    QTest::newRow("lost") << false;
+    QTest::newRow("arrived") << QStringList() << QStringList{u"d9"_s} << true;
+    QTest::newRow("lost") << QStringList() << QStringList() << false;
+    QTest::newRow("lost, but the same was said before") << QStringList{u"d0"_s} << QStringList{u"d0"_s} << false;
+    QTest::newRow("arrived, and was said before") << QStringList{u"d0"_s} << QStringList{u"d0"_s, u"d9"_s} << true;
   }
   void anUnknownEndIsLookedUpFirst() {
+    QFETCH(QStringList, before);
+    QFETCH(QStringList, after);
     QFETCH(bool, arrived);
+    const auto sent = [](const QStringList& ids) {
+      QJsonArray drafts;
+      for (const QString& each : ids) drafts.append(draft(each, 3, u"Mine.\n"_s, u"approved"_s));
+      return drafts;
+    };
     load();
-    openLast();
+    open(3, detailOf(threadOf(3, {{u"unread"_s, false}}), sent(before)));
     Writing& writing = *store->conversation()->reply();
     writing.setBody(u"Mine."_s);
     f->api.expect(reply(3));
@@ -70,9 +81,8 @@ class RepliesTest : public InboxFixture {
     f->api.expect(get(3));
     store->send();
     QVERIFY(!writing.canSend());
-    const QJsonArray drafts = arrived ? QJsonArray{draft(u"d9"_s, 3, u"Mine.\n"_s, u"approved"_s)} : QJsonArray();
     if (!arrived) f->api.expect(reply(3));
-    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), drafts));
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), sent(after)));
     QCOMPARE(asked(reply(3)), arrived ? 1 : 2);
     QCOMPARE(writing.body(), arrived ? QString() : u"Mine."_s);
     if (arrived) QCOMPARE(toast(), u"Your reply had been sent already."_s);

@@ -144,6 +144,16 @@ class RoadmapEditorTest : public QObject {
     QVERIFY(editor.days().isEmpty());
   }
 
+  void aFieldGivesBackWhatItWasGiven() {
+    RampupFixture f;
+    QList<RoadmapStage> stages = someStages();
+    stages.first().name = u"\u05e9\u05dc\u05d1"_s;
+    RoadmapEditor& editor = *f.store.editor();
+    editor.open({.stages = stages, .from = QDate(2026, 10, 28)});
+    const auto& rows = *editor.stages();
+    QCOMPARE(rows.index(0).data(rows.roleNames().key("name")).toString(), stages.first().name);
+  }
+
   void whatWasTypedComesBackAfterACrash() {
     RampupFixture f;
     f.journal.open({u"u1"_s, u"https://service.example"_s});
