@@ -120,6 +120,25 @@ QList<SweepRow> onAccountRows() {
           extend, restart, roadmap, warmup};
 }
 
+/// With one in the archive.
+SweepRow inArchive(const QString& name, const QString& action, const QString& request, QByteArray answer) {
+  return {name,
+          [](SweepStage& s) {
+            arrive(s);
+            const QJsonObject kept = objectOf(
+                sample(u"RoadmapTemplate"_s, {{u"id"_s, u"t9"_s}, {u"archivedAt"_s, u"2026-11-20T08:00:00Z"_s}}));
+            s.answers[templates] = written({{u"items"_s, QJsonArray{kept}}, {u"archivedCount"_s, 1}});
+            list(s).setShowTemplates(true);
+            list(s).templates()->setShowArchived(true);
+          },
+          [action](SweepStage& s) { list(s).templates()->act(action, u"t9"_s); },
+          request,
+          answer.replace(R"("t1")", R"("t9")"),
+          answer.isEmpty() ? QStringList() : QStringList{u"id"_s, u"stages"_s},
+          [](SweepStage& s) { return !list(s).templates()->busyIds().isEmpty(); },
+          [](SweepStage& s) { return QVariant(list(s).templates()->archivedRows()->rowCount()); }};
+}
+
 QList<SweepRow> templateRows() {
   const auto names = [](SweepStage& s) { return QVariant(list(s).templates()->rows()->rowCount()); };
   const auto busy = [](SweepStage& s) { return !list(s).templates()->busyIds().isEmpty(); };
@@ -147,7 +166,40 @@ QList<SweepRow> templateRows() {
                           names,
                           [](SweepStage& s) { return failureOf(*list(s).templates()->archived()); },
                           true};
-  return {archive, archived};
+  SweepRow rename{u"RoadmapTemplates, rename"_s,
+                  [](SweepStage& s) {
+                    arrive(s);
+                    list(s).templates()->act(u"rename"_s, u"t1"_s);
+                    list(s).templates()->rename()->setText(u"Calm start"_s);
+                  },
+                  [](SweepStage& s) { list(s).templates()->rename()->submit(); },
+                  u"PUT /rampup/templates/t1"_s,
+                  {},
+                  {u"id"_s, u"stages"_s},
+                  [](SweepStage& s) { return list(s).templates()->rename()->busy(); },
+                  [](SweepStage& s) { return QVariant(list(s).templates()->rows()->records().front().name); },
+                  [](SweepStage& s) { return list(s).templates()->rename()->error(); }};
+  QJsonObject renamed = objectOf(live());
+  renamed.insert(u"name"_s, u"Calm start"_s);
+  rename.answer = written(renamed);
+  return {archive, archived, rename,
+          inArchive(u"RoadmapTemplates, restore"_s, u"restore"_s, u"POST /rampup/templates/t9/restore"_s, live()),
+          inArchive(u"RoadmapTemplates, delete for good"_s, u"delete"_s, u"DELETE /rampup/templates/t9"_s, {})};
+}
+
+SweepRow ofMany() {
+  return {u"RoadmapEditor::submit, of many"_s,
+          [](SweepStage& s) {
+            arrive(s);
+            list(s).bulk()->edit();
+          },
+          [](SweepStage& s) { list(s).editor()->submit(); },
+          u"POST /rampup/bulk"_s,
+          sample(u"RampupBulkResult"_s, {{u"failed"_s, QJsonArray()}}),
+          {u"ok"_s, u"failed"_s},
+          [](SweepStage& s) { return list(s).editor()->busy(); },
+          shown,
+          [](SweepStage& s) { return list(s).editor()->error(); }};
 }
 
 QList<SweepRow> deliverabilityRows() {
@@ -177,7 +229,7 @@ QList<SweepRow> deliverabilityRows() {
 QList<SweepRow> rampupRows() {
   return QList{bulk(u"RampupBulk::pause"_s, &RampupBulk::pause), bulk(u"RampupBulk::resume"_s, &RampupBulk::resume),
                bulk(u"RampupBulk::extend"_s, &RampupBulk::extend)} +
-         onAccountRows() + templateRows() + deliverabilityRows();
+         onAccountRows() + templateRows() + QList{ofMany()} + deliverabilityRows();
 }
 
 }  // namespace orv::test
