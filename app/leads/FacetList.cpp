@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/leads/leadRequests.h"
 #include "kit/models/leads/leadVerification.h"
@@ -117,7 +118,7 @@ QList<Choice> FacetList::rows() const {
     listed.append(item.value);
     if (at++ >= shownAtFirst && !m_isExpanded && !isTicked) continue;
     rows.append({.key = item.value,
-                 .label = item.label,
+                 .label = shownName(item.label),
                  .detail = item.n > 0 ? Format::compactCount(item.n) : QString(),
                  .ticked = isTicked});
   }
@@ -160,10 +161,10 @@ QString FacetList::labelOf(const QString& value) const {
     const auto item = std::ranges::find(items, value, &FacetPage::Item::value);
     return item == items.end() ? nullptr : &*item;
   };
-  if (const auto* item = find(m_items)) return item->label;
+  if (const auto* item = find(m_items)) return shownName(item->label);
   const auto known = m_context.known.value(knownAs(m_context.search.database()));
   const auto* item = find(known);
-  return item ? item->label : value;
+  return shownName(item ? item->label : value);
 }
 
 }  // namespace orv

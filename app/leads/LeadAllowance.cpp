@@ -42,6 +42,7 @@ double LeadAllowance::share() const {
 }
 
 Task<void> LeadAllowance::unlockOneTask(QString id) {
+  if (!canWrite()) co_return;
   const auto mark = m_busy.mark(id);
   if (!mark) co_return;
   co_await unlock({.leadIds = QList<QString>{id}}, u"Couldn’t unlock the lead."_s);

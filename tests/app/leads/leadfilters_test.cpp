@@ -161,7 +161,7 @@ class LeadFiltersTest : public QObject {
     filters().setSearch({.values = {{u"source"_s, u"linkedin"_s}, {u"band"_s, u"3"_s}}});
     QCOMPARE(f->chips(), QStringList{u"Size|3"_s});
     QSignalSpy told(&filters(), &LeadFilters::changed);
-    f->api.answer(f->facets, R"({"items":[{"value":"3","label":"11 to 50","n":9}]})");
+    f->api.answer(f->facets, R"({"items":[{"value":"3","label":"11\nto 50","n":9}]})");
     QCOMPARE(f->chips(), QStringList{u"Size|11 to 50"_s});
     QCOMPARE(told.size(), 1);
   }
