@@ -114,6 +114,31 @@ class DemoInboxTest : public QObject {
     QVERIFY(own.size() > ThreadLabel::known().size());
   }
 
+  void whatIsWrittenFits() {
+    QHash<QString, QString> answers;
+    for (const ReviewDraft& waiting : drafts()) {
+      const ThreadDetail thread = get(waiting.draft.threadId);
+      const QString subject = thread.thread.subject;
+      // What strangers send has subjects of its own.
+      if (!thread.thread.campaignId || !thread.messages.first().subject || subject.contains(u'<')) continue;
+      const InboxMessage& asked = thread.messages.last();
+      const InboxMessage& ours = thread.messages[thread.messages.size() - 2];
+      if (thread.messages.size() > 6 || subject.contains("endless"_L1)) continue;
+      QCOMPARE(subject, ours.subject->startsWith("Re: "_L1) ? *ours.subject : u"Re: "_s + *ours.subject);
+      QVERIFY2(!ours.body.contains(u'{') && !asked.body.contains("{name}"_L1), qPrintable(ours.body));
+      QVERIFY2(ours.body.count(u'\n') > 4, "an email of several lines");
+      // The same question has the same answer, another one another.
+      const QString question = asked.body.section(u"\n\n"_s, 0, 0);
+      const QString answer = waiting.draft.body.section(u"\n\n"_s, 1, 1);
+      if (answers.contains(question)) QCOMPARE(answers[question], answer);
+      answers.insert(question, answer);
+    }
+    QVERIFY(answers.size() > 3);
+    QStringList different = answers.values();
+    different.removeDuplicates();
+    QCOMPARE(different.size(), answers.size());
+  }
+
   void strangersAreInTheSample() {
     qsizetype longest = 0, most = 0;
     bool html = false, silent = false;

@@ -271,9 +271,9 @@ class CampaignTest : public QObject {
 
     // An email without a text is none that could go out; what is being written counts at once.
     store->sequence()->insertStep(0);
-    QVERIFY2(path().startsWith("- Emails 1;"), qPrintable(path()));
+    QVERIFY2(path().startsWith("- Emails 1;"_L1), qPrintable(path()));
     store->sequence()->setBody(u"Hello"_s);
-    QVERIFY2(path().startsWith("+ Emails 1;"), qPrintable(path()));
+    QVERIFY2(path().startsWith("+ Emails 1;"_L1), qPrintable(path()));
 
     store->openLaunchStep(u"senders"_s);
     QCOMPARE(store->tab(), CampaignStore::Tab::settings);
