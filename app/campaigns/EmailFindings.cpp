@@ -237,10 +237,17 @@ class Search {
     // From the end on, so that the places before stay where they are.
     for (qsizetype i = gaps.size(); i-- > 0;) {
       const QString note = shownName(gaps[i].name) + u" is empty"_s;
-      m_found.body.insert(gaps[i].at, note);
+      QString& body = m_found.body;
+      const auto isBlank = [&body](qsizetype at) { return at < 0 || at >= body.size() || body[at].isSpace(); };
+      qsizetype at = gaps[i].at;
+      // Between the two blanks that what is missing has left, if both are there.
+      if (at >= 2 && isBlank(at - 1) && isBlank(at - 2)) --at;
+      const QString before = isBlank(at - 1) ? QString() : u" "_s;
+      const QString after = isBlank(at) || body[at].isPunct() ? QString() : u" "_s;
+      body.insert(at, before + note + after);
       for (Place& place : m_found.wrong)
-        if (place.start >= gaps[i].at) place.start += note.size();
-      m_found.wrong.append({gaps[i].at, note.size()});
+        if (place.start >= at) place.start += before.size() + note.size() + after.size();
+      m_found.wrong.append({at + before.size(), note.size()});
     }
     std::ranges::sort(m_found.wrong, {}, &Place::start);
   }

@@ -97,8 +97,8 @@ void ProofWall::setWatched(bool watched) {
     // Leads come, go and are mended in another tab.
     m_leads.appear();
     m_failure.clear();
-    follow();
     m_leads.load();
+    follow();
   } else {
     m_leads.disappear();
     m_run.cancel();

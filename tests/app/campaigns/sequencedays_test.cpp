@@ -82,7 +82,7 @@ class SequenceDaysTest final : public SequencePage {
         << u"2026-11-20T10:00:00"_s << QList<qint64>{-day, 0, -5} << office << QStringList(3, u"2026-11-20T10:00"_s);
     QTest::newRow("a wait that no calendar holds")
         << u"2026-11-20T10:00:00"_s << QList<qint64>{0, std::numeric_limits<qint64>::max()} << office
-        << QStringList{u"2026-11-20T10:00"_s, u"2036-11-28T10:00"_s};
+        << QStringList{u"2026-11-20T10:00"_s, u"2036-11-27T10:00"_s};
     QTest::newRow("no day at all") << u"2026-11-20T10:00:00"_s << QList<qint64>{0, day}
                                    << QList{hours({}, u"09:00"_s, u"17:00"_s)} << QStringList{u"never"_s, u"never"_s};
     QTest::newRow("no hours, or none that can be understood")
