@@ -3,6 +3,7 @@
 #include "app/base/cellText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
+#include "kit/api/plainText.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
@@ -10,6 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
+
+/// Of what a mail server says.
+constexpr qsizetype longestError = 1000;
 
 Choice fact(const QString& label, const QString& value) {
   return {.key = label, .label = label, .detail = value.isEmpty() ? noValue : value};
@@ -23,15 +27,15 @@ QString roadmapText(const Mailbox& account) {
   if (account.isPool()) return u"Warms up the others"_s;
   if (!account.rampup || !account.rampup->stageName) return {};
   const auto& rampup = *account.rampup;
-  if (!rampup.stageDay || !rampup.stageDays) return *rampup.stageName;
-  return *rampup.stageName + u", day "_s + QString::number(*rampup.stageDay) + u" of "_s +
-         QString::number(*rampup.stageDays);
+  const QString stage = shownName(*rampup.stageName);
+  if (!rampup.stageDay || !rampup.stageDays) return stage;
+  return stage + u", day "_s + QString::number(*rampup.stageDay) + u" of "_s + QString::number(*rampup.stageDays);
 }
 
 QString readyText(const Mailbox& account) {
   if (!account.sendReady) return {};
   if (account.sendReady->ready) return u"Ready to send"_s;
-  return account.sendReady->reason.value_or(u"Not ready yet"_s);
+  return shownName(account.sendReady->reason.value_or(u"Not ready yet"_s));
 }
 
 QString capitalised(QString text) {
@@ -100,7 +104,7 @@ QString AccountDetail::connectionLabel() const {
 
 QString AccountDetail::connectionError() const {
   if (connectionState() != "failed"_L1 || !m_account.value()->connection) return {};
-  return m_account.value()->connection->lastError.value_or(QString());
+  return cutTo(m_account.value()->connection->lastError.value_or(QString()), longestError);
 }
 
 QString AccountDetail::lastCheck() const {

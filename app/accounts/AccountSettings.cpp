@@ -1,6 +1,7 @@
 #include "app/accounts/AccountSettings.h"
 
 #include "app/accounts/AccountTexts.h"
+#include "app/base/shownName.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -62,7 +63,8 @@ QString AccountSettings::conflict() const {
   for (const auto& [field, value] : m_draft.rivals().asKeyValueRange()) {
     const QString text = value.metaType() == QMetaType::fromType<QStringList>() ? value.toStringList().join(u", "_s)
                                                                                 : value.toString().trimmed();
-    changes.append(labels().value(field, field) + (text.isEmpty() ? u" is empty"_s : u" is “"_s + text + u'”'));
+    changes.append(labels().value(field, field) +
+                   (text.isEmpty() ? u" is empty"_s : u" is “"_s + shownName(text) + u'”'));
   }
   return rivalsTold(changes);
 }
@@ -158,7 +160,7 @@ Task<void> AccountSettings::saveTask() {
   const auto checked = co_await askTracking();
   QString hint;
   if (checked && !checked->check.ok)
-    hint = u"Point "_s + *patch.trackingDomain.value() + u" at "_s + checked->check.expected +
+    hint = u"Point "_s + *patch.trackingDomain.value() + u" at "_s + shownName(checked->check.expected) +
            u" with a CNAME, then check again."_s;
   services().toasts.show({.message = u"Settings saved"_s, .tone = Toasts::Tone::success, .detail = hint});
 }
@@ -192,8 +194,10 @@ Task<void> AccountSettings::checkTrackingTask() {
   const QString host = *m_account.value()->trackingDomain;
   const auto checked = co_await askTracking();
   if (!checked) co_return;
-  if (checked->check.ok) co_return services().toasts.success(u"The tracking domain "_s + host + u" is verified"_s);
-  services().toasts.show({.message = u"No CNAME "_s + host + u" to "_s + checked->check.expected + u" yet."_s});
+  if (checked->check.ok)
+    co_return services().toasts.success(u"The tracking domain "_s + shownName(host) + u" is verified"_s);
+  services().toasts.show(
+      {.message = u"No CNAME "_s + shownName(host) + u" to "_s + shownName(checked->check.expected) + u" yet."_s});
 }
 
 }  // namespace orv

@@ -2,6 +2,7 @@
 
 #include <QUrl>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
@@ -71,7 +72,7 @@ QString GoogleConnect::scope() const { return m_status.value() ? m_status.value(
 
 QString GoogleConnect::directoryText() const {
   if (!m_directory) return {};
-  return Format::grouped(pickable()) + u" new on "_s + m_directory->domain + u", "_s +
+  return Format::grouped(pickable()) + u" new on "_s + shownName(m_directory->domain) + u", "_s +
          Format::grouped(m_directory->existing.size()) + u" already connected"_s;
 }
 
@@ -167,11 +168,13 @@ bool GoogleConnect::take(const GoogleDirectory& directory) {
   } else if (directory.code == u"personal_gmail"_s) {
     set(u"That is a personal Gmail address. Google Workspace only."_s);
   } else if (directory.code) {
-    set(u"Google answered with "_s + directory.message.value_or(*directory.code));
+    set(u"Google answered with "_s + shownName(directory.message.value_or(*directory.code)));
   } else {
     m_directory = directory;
+    m_existing.clear();
+    for (const QString& address : directory.existing) m_existing.insert(address.toCaseFolded());
     for (const QString& address : directory.addresses)
-      if (!directory.existing.contains(address, Qt::CaseInsensitive)) m_picked.insert(address);
+      if (!isExisting(address)) m_picked.insert(address);
     showInboxes();
   }
   return true;
@@ -251,7 +254,7 @@ Task<void> GoogleConnect::connectTask() {
 void GoogleConnect::showInboxes() {
   std::vector<GoogleInboxRow> rows;
   for (const QString& address : std::as_const(m_directory->addresses)) {
-    const bool existing = m_directory->existing.contains(address, Qt::CaseInsensitive);
+    const bool existing = isExisting(address);
     rows.push_back({address,
                     address,
                     existing,

@@ -116,6 +116,7 @@ class GoogleConnect final : public Store {
   bool take(const GoogleDirectory& directory);
   Task<void> connectTask();
   Task<void> showCopied(QString what);
+  bool isExisting(const QString& address) const { return m_existing.contains(address.toCaseFolded()); }
   void showInboxes();
   void showOutcome();
   void set(const QString& problem);
@@ -132,6 +133,8 @@ class GoogleConnect final : public Store {
   QString m_problem;
   QString m_copied;
   std::optional<GoogleDirectory> m_directory;
+  /// Connected already, in folded case.
+  QSet<QString> m_existing;
   QSet<QString> m_picked;
   std::optional<GoogleConnectOutcome> m_outcome;
   GoogleInboxRows m_rows;

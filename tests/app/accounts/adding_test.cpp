@@ -262,6 +262,8 @@ class AddingTest : public QObject {
                              << u"That is a personal Gmail address. Google Workspace only."_s;
     QTest::newRow("other") << coded("suspended", "The domain is suspended.")
                            << u"Google answered with The domain is suspended."_s;
+    QTest::newRow("in two lines") << coded("suspended", R"(The domain\nis suspended.)")
+                                  << u"Google answered with The domain is suspended."_s;
   }
   void googleSaysWhatStandsInTheWay() {
     QFETCH(QByteArray, answer);
