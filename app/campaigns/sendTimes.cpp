@@ -31,9 +31,9 @@ struct Hours {
   QDateTime moment(QDate day, int seconds) const {
     // The midnight that ends a day is the start of the next, whatever the clocks do there.
     if (seconds == minutesOfDay * 60) return day.addDays(1).startOfDay(zone);
-    const QDateTime moment(day, QTime(0, 0).addSecs(seconds), zone);
+    const QDateTime there(day, QTime(0, 0).addSecs(seconds), zone);
     // An hour that the clocks leave out has no moment of its own.
-    return seconds > 0 && moment.isValid() ? moment : day.startOfDay(zone).addSecs(seconds);
+    return seconds > 0 && there.isValid() ? there : day.startOfDay(zone).addSecs(seconds);
   }
 };
 
