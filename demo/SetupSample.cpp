@@ -49,16 +49,16 @@ DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList
   record.settings.lastName = of.record.lastName;
   record.settings.tags = of.record.tags;
   record.control = RunControl(control);
-  const QStringList roles{u"admin"_s, u"user2"_s, u"user3"_s};
+  const QStringList inboxes{u"admin"_s, u"user2"_s, u"user3"_s};
   for (const QString& domain : of.record.domains) {
     record.domains.append({domain, of.record.admin + u'@' + domain, {}});
     const QStringList addresses = setupAddresses(record.settings, domain);
-    for (qsizetype role = 0; role < roles.size(); ++role) {
+    for (qsizetype role = 0; role < inboxes.size(); ++role) {
       const RunRow& given = states[record.rows.size() % states.size()];
       SetupRow row;
       row.id = record.id + u'-' + QString::number(record.rows.size() + 1);
       row.domain = domain;
-      row.role = InboxRole(roles[role]);
+      row.role = InboxRole(inboxes[role]);
       row.address = addresses[role];
       row.state = RowState(QString::fromLatin1(given.state));
       if (given.message) row.message = QString::fromUtf8(given.message);
@@ -73,7 +73,7 @@ DemoSetupRun run(const DemoSetupProject& of, const QString& control, const QList
   return made;
 }
 
-constexpr const char* refused = "Google refused the profile photo: the file is not a JPEG or PNG.";
+constexpr const char* photoRefused = "Google refused the profile photo: the file is not a JPEG or PNG.";
 
 }  // namespace
 
@@ -103,10 +103,10 @@ void addSetup(DemoWorkspace& workspace, const QDate& today) {
   projects[3].record.archivedAt = formatPlatformDate(today.addDays(-4).startOfDay(Qt::UTC));
   workspace.setupRuns = {
       run(projects[0], u"paused"_s,
-          {{"connected"}, {"connected"}, {"connected"}, {"settings"},  {"connecting"},     {"gmail"},
-           {"authorize"}, {"waiting"},   {"waiting"},   {"connected"}, {"error", refused}, {"connected"},
-           {"connected"}, {"connected"}, {"connected"}, {"exists"},    {"connected"},      {"connected"},
-           {"creating"},  {"waiting"},   {"waiting"},   {"connected"}, {"connected"},      {"connected"}},
+          {{"connected"}, {"connected"}, {"connected"}, {"settings"},  {"connecting"},          {"gmail"},
+           {"authorize"}, {"waiting"},   {"waiting"},   {"connected"}, {"error", photoRefused}, {"connected"},
+           {"connected"}, {"connected"}, {"connected"}, {"exists"},    {"connected"},           {"connected"},
+           {"creating"},  {"waiting"},   {"waiting"},   {"connected"}, {"connected"},           {"connected"}},
           today.addDays(-1)),
       run(projects[1], u"run"_s,
           {{"connected"},
@@ -119,7 +119,7 @@ void addSetup(DemoWorkspace& workspace, const QDate& today) {
            {"connected"},
            {"connected"},
            {"connected"},
-           {"error", refused},
+           {"error", photoRefused},
            {"connected"}},
           today.addDays(-3)),
   };
