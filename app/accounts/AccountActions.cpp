@@ -114,7 +114,7 @@ void AccountActions::tell(const Mailbox& mailbox, const QString& address) {
   const auto reason = mailbox.connection ? mailbox.connection->lastError : std::nullopt;
   services().toasts.show({.message = address + u": the connection check failed"_s,
                           .tone = Toasts::Tone::error,
-                          .detail = reason.value_or(QString())});
+                          .detail = shownName(reason.value_or(QString()))});
 }
 
 }  // namespace orv

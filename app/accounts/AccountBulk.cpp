@@ -6,6 +6,7 @@
 #include "app/accounts/AccountTexts.h"
 #include "app/accounts/RestoringJob.h"
 #include "app/base/RowSelection.h"
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
@@ -215,7 +216,7 @@ void AccountBulk::tell(const MailboxBulkBody& body, const MailboxBulkResult& res
   ended.done.removeIf([&failed](const QString& id) { return failed.contains(id); });
   QString said = doneText(body, result);
   if (!result.failed.isEmpty())
-    said += u' ' + Format::grouped(result.failed.size()) + u" failed: "_s + result.failed.first().message;
+    said += u' ' + Format::grouped(result.failed.size()) + u" failed: "_s + shownName(result.failed.first().message);
   Toasts::Message toast{.message = said, .tone = result.failed.isEmpty() ? Toasts::Tone::success : Toasts::Tone::error};
   if (body.action == "delete"_L1 && !ended.done.isEmpty()) {
     toast.actionLabel = u"Undo"_s;

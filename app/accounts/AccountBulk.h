@@ -43,6 +43,8 @@ class AccountBulk final : public Store {
   using KnownTags = std::function<QList<Choice>()>;
 
   AccountBulk(Store& whole, const RowSelection& selection, KnownTags knownTags, Tell ended);
+  /// What is under way says here that it has ended, while there is a here.
+  ~AccountBulk() override { m_tasks.cancel(); }
 
   /// The action under way; empty for none.
   const QString& running() const { return m_running; }

@@ -224,7 +224,7 @@ class AccountsTest : public QObject {
     QTest::addColumn<QString>("said");
     QTest::addColumn<QString>("cannot");
     const QByteArray both = R"({"ok":2,"failed":[]})", one = R"({"ok":1,"failed":[]})";
-    const QByteArray mixed = R"({"ok":1,"failed":[{"id":"m2","message":"No."},{"id":"m3","message":"Other."}]})";
+    const QByteArray mixed = R"({"ok":1,"failed":[{"id":"m2","message":"No\nmore."},{"id":"m3","message":"Other."}]})";
     const QJsonObject none;
     QTest::newRow("pause") << u"pause"_s << u""_s << none << both << u"2 accounts paused"_s
                            << u"Couldn’t pause 2 accounts"_s;
@@ -237,7 +237,7 @@ class AccountsTest : public QObject {
     QTest::newRow("wait") << u"set_sending_gap"_s << u"0"_s << QJsonObject{{u"sendingGapMinutes"_s, 0}} << both
                           << u"2 accounts updated"_s << u""_s;
     QTest::newRow("tag, with failures") << u"add_tags"_s << u"q4"_s << QJsonObject{{u"tags"_s, QJsonArray{u"q4"_s}}}
-                                        << mixed << u"1 account tagged 2 failed: No."_s << u""_s;
+                                        << mixed << u"1 account tagged 2 failed: No more."_s << u""_s;
     QTest::newRow("untag") << u"remove_tags"_s << u"q4"_s << QJsonObject{{u"tags"_s, QJsonArray{u"q4"_s}}} << both
                            << u"2 accounts untagged"_s << u""_s;
     QTest::newRow("bison") << u"add_to_bison"_s << u"q4"_s << QJsonObject{{u"tags"_s, QJsonArray{u"q4"_s}}} << both
@@ -254,7 +254,7 @@ class AccountsTest : public QObject {
     QTest::newRow("remove") << u"delete"_s << u""_s << none << both << u"Removed 2 accounts. They’re in Archived."_s
                             << u"Couldn’t remove 2 accounts"_s;
     QTest::newRow("remove one, with failures")
-        << u"delete"_s << u""_s << none << mixed << u"Removed 1 account. It’s in Archived. 2 failed: No."_s
+        << u"delete"_s << u""_s << none << mixed << u"Removed 1 account. It’s in Archived. 2 failed: No more."_s
         << u"Couldn’t remove 2 accounts"_s;
   }
   void actionsOnMany() {
