@@ -12,9 +12,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::soak {
 namespace {
 
-/// Closes what is open and forgets what was typed.
-constexpr const char* endings[] = {"cancel",      "dismiss",     "discard",      "closeInbox",
-                                   "closeDomain", "closeChecks", "clearProblem", "keep"};
+/// Closes what is open, forgets what was typed, shows what waits to be shown.
+constexpr const char* endings[] = {"cancel",      "dismiss",      "discard", "closeInbox",   "closeDomain",
+                                   "closeChecks", "clearProblem", "keep",    "clearFilters", "showNewMail"};
 
 bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
 
@@ -28,6 +28,25 @@ void sortAs(QObject& object, const QObject& other, const char* method, const cha
   const QVariant wanted = valueOf(other, key), down = valueOf(other, descending);
   if (wanted.isValid() && (valueOf(object, key) != wanted || valueOf(object, descending) != down))
     QMetaObject::invokeMethod(&object, method, Q_ARG(QString, wanted.toString()), Q_ARG(bool, down.toBool()));
+}
+
+/// The same as the other by calling `method` with what it has chosen.
+void chooseAs(QObject& object, const QObject& other, const char* method, const char* property) {
+  const QVariant wanted = valueOf(other, property);
+  if (wanted.isValid() && has(object, QByteArray(method) + "(QString)") && valueOf(object, property) != wanted)
+    QMetaObject::invokeMethod(&object, method, Q_ARG(QString, wanted.toString()));
+}
+
+/// The lines of a chart that are switched off.
+void seriesAs(QObject& object, const QObject& other) {
+  const char* const method = has(object, "toggleSeries(QString)") ? "toggleSeries" : "toggle";
+  if (!has(object, QByteArray(method) + "(QString)")) return;
+  const QVariantList series = valueOf(object, "series").toList(), wanted = valueOf(other, "series").toList();
+  for (qsizetype i = 0; i < std::min(series.size(), wanted.size()); ++i) {
+    const QVariantMap one = series[i].toMap();
+    if (one.value(u"shown"_s) != wanted[i].toMap().value(u"shown"_s))
+      QMetaObject::invokeMethod(&object, method, Q_ARG(QString, one.value(u"key"_s).toString()));
+  }
 }
 
 }  // namespace
@@ -104,6 +123,9 @@ void Comparison::align() {
       const QVariant value = property.read(other);
       if (property.read(part.object) != value) property.write(part.object, value);
     }
+    chooseAs(*part.object, *other, "chooseRange", "range");
+    chooseAs(*part.object, *other, "chooseDatabase", "database");
+    seriesAs(*part.object, *other);
     sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
     sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
   }

@@ -108,7 +108,7 @@ QList<Part> partsOf(QObject& root) {
 Reading readingOf(QObject& root) {
   Reading reading;
   for (const Part& part : partsOf(root)) {
-    if (part.path.endsWith("recovery"_L1)) continue;
+    if (part.isHidden || part.path.endsWith("recovery"_L1)) continue;
     const QString prefix = part.path.isEmpty() ? QString() : part.path + u'.';
     for (const QMetaProperty& property : propertiesOf(*part.object))
       if (!isObject(property) && !ownToEachClient.contains(property.name()))

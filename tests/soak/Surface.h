@@ -21,7 +21,7 @@ struct Part {
 
 QList<Part> partsOf(QObject& root);
 
-/// What stands on a page: each property of its parts, each role of each row, rows by their ids.
+/// What stands on a page: each property of its parts, each role of each row, rows by their ids. Closed dialogs do not.
 using Reading = QMap<QString, QString>;
 
 Reading readingOf(QObject& root);
