@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
+#include <QProcess>
 #include <QQuickStyle>
 #include <QTextStream>
 #include <QTimer>
@@ -68,6 +69,22 @@ void follow(const ColorSchemeWatcher& desktop, Appearance& appearance) {
   appearance.setReducedMotion(desktop.reducedMotion());
 }
 
+/// The toolkit reads its factor once, as the application is made. Gives back what the desktop had set, for who starts
+/// from here is to read it again.
+QByteArray useChosenSize() {
+  QByteArray before = qgetenv("QT_SCALE_FACTOR");
+  const int percent = SettingsPreferences().size();
+  bool isNumber = false;
+  const double desktop = before.toDouble(&isNumber);
+  if (percent != 100) qputenv("QT_SCALE_FACTOR", QByteArray::number((isNumber ? desktop : 1) * percent / 100));
+  return before;
+}
+
+void startAgain(const QByteArray& scale) {
+  scale.isEmpty() ? qunsetenv("QT_SCALE_FACTOR") : qputenv("QT_SCALE_FACTOR", scale);
+  QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
+}
+
 double residentMegabytes() {
   QFile status(u"/proc/self/status"_s);
   if (!status.open(QIODevice::ReadOnly)) return 0;
@@ -109,7 +126,7 @@ bool takeLinks(SignInModel& signIn, const QStringList& links) {
   return isExpected;
 }
 
-int run(QGuiApplication& application, const Options& options, LogFile& log) {
+int run(QGuiApplication& application, const Options& options, LogFile& log, const QByteArray& scale) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
   // The sample neither takes links nor minds a second window.
@@ -173,6 +190,10 @@ int run(QGuiApplication& application, const Options& options, LogFile& log) {
   follow(desktop, *app.appearance());
   QObject::connect(&desktop, &ColorSchemeWatcher::changed, &app, [&] { follow(desktop, *app.appearance()); });
 
+  app.appearance()->setSize(preferences.size());
+  QObject::connect(app.appearance(), &Appearance::sizeChosen, &app,
+                   [&preferences](int percent) { preferences.setSize(percent); });
+
   const ProcessEnd processEnd(application, app);
 
   app.start();
@@ -207,6 +228,7 @@ int run(QGuiApplication& application, const Options& options, LogFile& log) {
   const int code = application.exec();
   instance.release();
   letFinish(app);
+  if (app.startsAgain()) startAgain(scale);
   return code;
 }
 
@@ -223,9 +245,10 @@ int main(int argc, char** argv) {
   }
 
   QQuickStyle::setStyle(u"Basic"_s);
-  QGuiApplication application(argc, argv);
   QGuiApplication::setOrganizationName(u"Orvella"_s);
   QGuiApplication::setApplicationName(u"Orvella"_s);
+  const QByteArray scale = useChosenSize();
+  QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationDisplayName(u"Orvella"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
   QGuiApplication::setDesktopFileName(applicationId);
@@ -233,5 +256,5 @@ int main(int argc, char** argv) {
   LogFile log(LogFile::defaultFolder());
   const StallRecorder stalls(*QAbstractEventDispatcher::instance());
   useSoftwareWithoutGraphics();
-  return run(application, options, log);
+  return run(application, options, log, scale);
 }

@@ -58,6 +58,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
       m_notifier(m_platform.clock, m_platform.preferences, m_router, m_platform.notifications,
                  [this] { return m_account.unread(m_stored->token); }) {
   connect(&m_departure, &Departure::closable, this, &AppModel::closable);
+  connect(&m_appearance, &Appearance::sizeChosen, this, &AppModel::tellSize);
   m_account.onRead = [this](const MeResponse& account) { applyAccount(account); };
   m_account.onEnded = [this](const QString& token) { endSession(token); };
   m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
@@ -169,6 +170,17 @@ void AppModel::open(const WorkspaceSummary& workspace) {
   m_stored->currentSlug = workspace.slug;
   m_keeper.keep(*m_stored);
   Q_EMIT changed();
+}
+
+void AppModel::tellSize(int percent) {
+  // The toolkit takes it up as it starts; of several steps only the last counts.
+  m_toasts.dismiss(m_sizeTold);
+  m_sizeTold = m_toasts.show({.message = u"Everything is shown at %1 % from the next start on"_s.arg(percent),
+                              .actionLabel = u"Start again"_s,
+                              .action = [this] {
+                                m_startsAgain = true;
+                                Q_EMIT closable();
+                              }});
 }
 
 void AppModel::openWorkspace(const QString& slug) {

@@ -98,6 +98,8 @@ class AppModel final : public QObject {
   void rereadAccount();
   /// The person deleted it: another one opens, or the sign-in says that there is none.
   void workspaceDeleted(const QString& slug);
+  /// Once it has ended, the person wants it to begin again.
+  bool startsAgain() const { return m_startsAgain; }
   /// A sign-out or a save is under way that the person would miss if the program ended now.
   bool isFinishing() const { return !m_keeper.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
 
@@ -125,6 +127,7 @@ class AppModel final : public QObject {
   void doubt(const StoredSession& session);
   void settleDoubt(const QDateTime& serviceTime);
   void endSession(const QString& token);
+  void tellSize(int percent);
   Task<void> endInTime(QString token);
   /// What was typed stays for the same person, unless they go by choice.
   enum class Leaving { byChoice, sessionEnded, clockSaysOver };
@@ -148,6 +151,8 @@ class AppModel final : public QObject {
   Services m_services;
 
   Phase m_phase = Phase::booting;
+  QUuid m_sizeTold;
+  bool m_startsAgain = false;
   std::optional<StoredSession> m_stored;
   /// When the session ended that the keychain still holds.
   std::optional<QDateTime> m_doubted;

@@ -116,6 +116,12 @@ void Commands::addGeneral(QList<Command>& commands) const {
       {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
          app.router()->setCollapsed(!app.router()->collapsed());
        }});
+  for (const auto& [by, title, keys] : {std::tuple{1, u"Show everything larger"_s, u"Ctrl++"_s},
+                                        std::tuple{-1, u"Show everything smaller"_s, u"Ctrl+-"_s},
+                                        std::tuple{0, u"Show everything at its own size"_s, u"Ctrl+0"_s}}) {
+    commands.append({u"size.%1"_s.arg(by), actions, title, u"Appearance"_s, u"configure"_s, keys,
+                     [&app, by] { app.appearance()->stepSize(by); }});
+  }
   commands.append({u"shortcuts"_s, actions, u"Shortcuts"_s, {}, u"code-context"_s, u"?"_s, [&app] {
                      app.router()->setShortcutsOpen(true);
                    }});
@@ -230,6 +236,8 @@ QVariantList Commands::sheet() const {
                      {u"Add email"_s, u"Ctrl+Enter"_s},
                      {u"Previous email"_s, u"Alt+Up"_s},
                      {u"Next email"_s, u"Alt+Down"_s},
+                     {u"Wait a day less"_s, u"Alt+Shift+Left"_s},
+                     {u"Wait a day more"_s, u"Alt+Shift+Right"_s},
                      {u"Save"_s, u"Ctrl+S"_s},
                      {u"Undo"_s, u"Ctrl+Z"_s}});
   add(u"Selecting"_s, {{u"Tick the row"_s, u"Space"_s},

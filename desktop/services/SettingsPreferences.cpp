@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -22,6 +23,7 @@ const auto notifySinceKey = u"orv-notify-since-"_s;
 const auto failedAccountsKey = u"orv-failed-accounts-"_s;
 const auto geometryKey = u"orv-window-geometry"_s;
 const auto maximizedKey = u"orv-window-maximized"_s;
+const auto sizeKey = u"orv-size"_s;
 const auto tablesKey = u"orv-table-"_s;
 }  // namespace
 
@@ -33,6 +35,9 @@ void SettingsPreferences::setRecentCommands(const QStringList& ids) { m_settings
 
 QString SettingsPreferences::theme() const { return m_settings.value(appearance, u"system"_s).toString(); }
 void SettingsPreferences::setTheme(const QString& theme) { m_settings.setValue(appearance, theme); }
+
+int SettingsPreferences::size() const { return std::clamp(m_settings.value(sizeKey, 100).toInt(), 50, 300); }
+void SettingsPreferences::setSize(int percent) { m_settings.setValue(sizeKey, percent); }
 
 bool SettingsPreferences::leadFiltersFolded() const { return m_settings.value(leadFilters).toBool(); }
 void SettingsPreferences::setLeadFiltersFolded(bool folded) { m_settings.setValue(leadFilters, folded); }

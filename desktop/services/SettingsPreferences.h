@@ -46,6 +46,9 @@ class SettingsPreferences final : public Preferences {
   bool windowMaximized() const override;
   void setWindowMaximized(bool maximized) override;
 
+  /// Of everything, in percent.
+  int size() const;
+  void setSize(int percent);
   /// What the person made of a table, as the table itself wrote it; empty for one that is as it was made.
   QByteArray tableLayout(const QString& table) const;
   void setTableLayout(const QString& table, const QByteArray& layout);

@@ -111,6 +111,21 @@ Window {
     }
 
     Shortcut {
+        sequences: [StandardKey.ZoomIn, "Ctrl+="]
+        onActivated: root.app.appearance.stepSize(1)
+    }
+
+    Shortcut {
+        sequences: [StandardKey.ZoomOut]
+        onActivated: root.app.appearance.stepSize(-1)
+    }
+
+    Shortcut {
+        sequence: "Ctrl+0"
+        onActivated: root.app.appearance.stepSize(0)
+    }
+
+    Shortcut {
         sequences: [StandardKey.Quit]
         onActivated: root.close()
     }
