@@ -35,7 +35,7 @@ class Contrast {
 
   /// From 1 to 21.
   static double ratio(QRgb one, QRgb other) {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
   }
 
