@@ -85,7 +85,7 @@ TablePage {
         columns: [
             OrvColumn { id: nameCells; key: "name"; title: "Campaign"; fill: true; sortable: true; minimumWidth: 200 },
             OrvColumn { id: statusCells; key: "status"; title: "Status"; preferredWidth: 92; sortable: true },
-            OrvColumn { id: progressCells; key: "progress"; title: "Progress"; preferredWidth: 148; sortable: true },
+            OrvColumn { id: progressCells; key: "progress"; title: "Progress"; preferredWidth: root.width >= 1280 ? 248 : 148; sortable: true },
             OrvColumn { id: sentCells; key: "sent"; title: "Sent"; preferredWidth: 60; alignment: Text.AlignRight; sortable: true },
             OrvColumn { id: repliedCells; key: "replied"; title: "Replied"; preferredWidth: 80; alignment: Text.AlignRight; sortable: true },
             OrvColumn { id: positiveCells; key: "positive"; title: "Positive"; preferredWidth: 64; alignment: Text.AlignRight; sortable: true },

@@ -9,7 +9,12 @@ FocusScope {
     required property AppModel app
 
     readonly property Router router: app.router
-    readonly property string title: router.title
+    readonly property var heading: keeper.heading
+    /// What is open, and on which page.
+    readonly property string title: {
+        const name = heading?.text ?? "";
+        return name === "" || name === router.title ? router.title : name + " – " + router.title;
+    }
     /// Who has lost the keyboard in the page finds it again there.
     readonly property Item focusHeir: keeper.heading
 

@@ -91,6 +91,11 @@ class AccountsWindowTest : public ui::WindowTest {
     const QString name = list.find(shown.at(1))->record().address;
     QTRY_VERIFY(!ui::Reader::heardIn(table()).filter(u"Actions for "_s + name + u", "_s).isEmpty());
     ui::Reader::heard();
+
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(rowHasFocus());
+    press(Qt::Key_Return);
+    QTRY_COMPARE(m_stage->window().title(), name + u" – Accounts – Northgate Growth – Orvella"_s);
   }
 
   void aLongListIsReadWholeAndKeepsItsPlace() {
