@@ -63,6 +63,12 @@ Item {
                 color: root.hasErrors ? Theme.negative : Theme.text2
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
+
+                readonly property string said: root.shown ? text : ""
+                onSaidChanged: {
+                    if (said !== "")
+                        Announcer.say(said, "saved");
+                }
             }
 
             Repeater {

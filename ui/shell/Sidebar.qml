@@ -14,6 +14,8 @@ FocusScope {
 
     readonly property Router router: app.router
     readonly property var pages: router.pages
+    /// None while a page that is switched off stands in the window.
+    readonly property string currentPage: router.offFeature === "" ? router.page : ""
     readonly property real itemWidth: width - 17
     readonly property int unread: app.notifier.unread[app.session !== null ? app.session.slug : ""] ?? 0
 
@@ -132,7 +134,7 @@ FocusScope {
                 keys: "G " + modelData.key
                 count: modelData.page === "inbox" ? root.unread : 0
                 attention: modelData.page === "accounts" ? root.app.notifier.attention : 0
-                current: root.router.page === modelData.page
+                current: root.currentPage === modelData.page
                 onClicked: root.router.open(modelData.page)
             }
         }
@@ -148,7 +150,7 @@ FocusScope {
         text: info.title
         iconName: info.iconName
         keys: "G " + info.key
-        current: root.router.page === info.page
+        current: root.currentPage === info.page
         onClicked: root.router.open(info.page)
     }
 
