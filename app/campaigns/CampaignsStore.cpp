@@ -2,15 +2,10 @@
 
 #include <QPointer>
 
-#include "app/base/SaveFile.h"
 #include "app/base/shownName.h"
-#include "app/figures/AnalyticsCsv.h"
-#include "app/figures/DateRange.h"
-#include "app/figures/MetricFigures.h"
+#include "app/campaigns/analyticsDownload.h"
 #include "kit/api/Format.h"
-#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
-#include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/campaignStatus.h"
 
@@ -45,20 +40,6 @@ Archive<Campaign>::Words wordsOfList() {
               },
           .cannotRemove = cannotRemove,
           .cannotRestore = [](const QString& name) { return u"Couldn’t restore "_s + name; }};
-}
-
-/// The campaign's name as a file's: words in lower case joined by "-". Whatever is neither letter nor digit parts
-/// words, so that no name can leave the chosen folder.
-QString analyticsFileName(const QString& name) {
-  QString slug;
-  for (const QChar c : name.toLower()) {
-    if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate())
-      slug += c;
-    else if (!slug.isEmpty() && !slug.endsWith(u'-'))
-      slug += u'-';
-  }
-  if (slug.endsWith(u'-')) slug.chop(1);
-  return (slug.isEmpty() ? u"campaign"_s : slug) + u"-analytics.csv"_s;
 }
 
 }  // namespace
@@ -360,24 +341,8 @@ Task<void> CampaignsStore::removeForGoodTask(QString id) {
 Task<void> CampaignsStore::downloadAnalyticsTask(QString id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign) co_return;
-  const auto mark = m_busy.mark(id);
-  if (!mark) co_return;
-  const QString fileName = analyticsFileName(campaign->name);
-  const QDate today = localToday(services().clock);
-  const auto created = parsePlatformDate(campaign->createdAt);
-  const QDate from = created ? created->toLocalTime().date() : today;
-  const QString failure = u"Couldn’t download the analytics."_s;
-  const auto summary = co_await m_actions.send(
-      Requests::analyticsSummary(Format::calendarDay(from), Format::calendarDay(today), id), failure);
-  if (!summary) co_return;
-  auto rows = asTracked(*summary).campaigns;
-  rows.removeIf([&id](const auto& row) { return row.id != id; });
-  if (rows.isEmpty()) {
-    services().toasts.show({.message = u"Nothing to export yet."_s});
-    co_return;
-  }
-  co_await saveCsv(
-      context(), fileName, [rows] { return campaignsCsv(rows); }, failure);
+  const CampaignSummary shown = *campaign;
+  if (const auto mark = m_busy.mark(id)) co_await downloadAnalyticsOf(shown, &context(), &m_actions);
 }
 
 void CampaignsStore::copyLink(const QString& id) { copyCampaignLink(services(), id); }
