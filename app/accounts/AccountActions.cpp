@@ -1,5 +1,7 @@
 #include "app/accounts/AccountActions.h"
 
+#include <QPointer>
+
 #include "app/base/shownName.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
@@ -40,9 +42,14 @@ AccountActions::AccountActions(WorkspaceContext& context)
 }
 
 Task<void> AccountActions::pauseTask(QString id, QString address) {
-  address = shownName(address);
-  if (co_await m_actions.perform(id, Requests::pauseMailbox(id), u"Couldn’t pause "_s + address))
-    services().toasts.success(address + u" paused"_s);
+  const QString shown = shownName(address);
+  if (!co_await m_actions.perform(id, Requests::pauseMailbox(id), u"Couldn’t pause "_s + shown)) co_return;
+  services().toasts.show({.message = shown + u" paused"_s,
+                          .tone = Toasts::Tone::success,
+                          .actionLabel = u"Resume"_s,
+                          .action = [actions = QPointer(this), id, address] {
+                            if (actions) actions->resume(id, address);
+                          }});
 }
 
 Task<void> AccountActions::resumeTask(QString id, QString address) {

@@ -280,8 +280,13 @@ Task<void> CampaignStore::launchTask() {
 Task<void> CampaignStore::pauseTask() {
   const auto mark = m_busy.mark(m_id);
   if (!mark || !canWrite() || !co_await services().overlays.confirm(pauseQuestion)) co_return;
-  if (co_await m_actions.change(m_id, Requests::pauseCampaign(m_id), u"Couldn’t pause the campaign."_s))
-    services().toasts.success(u"Campaign paused. Booked sends were cancelled."_s);
+  if (!co_await m_actions.change(m_id, Requests::pauseCampaign(m_id), u"Couldn’t pause the campaign."_s)) co_return;
+  services().toasts.show({.message = u"Campaign paused. Booked sends were cancelled."_s,
+                          .tone = Toasts::Tone::success,
+                          .actionLabel = u"Resume"_s,
+                          .action = [store = QPointer(this)] {
+                            if (store) store->launch();
+                          }});
 }
 
 Task<void> CampaignStore::duplicateTask() {
