@@ -9,7 +9,8 @@ FocusScope {
 
     required property var model
     required property int index
-    required property DaysStrip strip
+    required property DaysColumns columns
+    required property SequenceDays days
     property bool tabStop: false
 
     readonly property bool current: model.current
@@ -21,9 +22,9 @@ FocusScope {
     signal stepRequested(int by)
     signal writeRequested()
 
-    x: strip.columnX(column) + 4
+    x: columns.columnX(column) + 4
     y: 30 + (crowded ? model.ofDay * Math.floor(36 / model.onDay) : 0)
-    width: strip.widthOf(column) - 8
+    width: columns.widthOf(column) - 8
     height: crowded ? Math.max(9, Math.floor(36 / model.onDay) - 1) : 36
     z: current || drag.active ? 1 : 0
     activeFocusOnTab: tabStop
@@ -94,9 +95,9 @@ FocusScope {
 
     DashedFrame {
         visible: root.model.dueColumn >= 0 && !drag.active
-        x: root.strip.columnX(root.model.dueColumn) + 4 - root.x
+        x: root.columns.columnX(root.model.dueColumn) + 4 - root.x
         y: 30 - root.y
-        width: root.strip.widthOf(root.model.dueColumn) - 8
+        width: root.columns.widthOf(root.model.dueColumn) - 8
         height: 36
         ink: Theme.accentText
 
@@ -136,14 +137,14 @@ FocusScope {
                 from = root.model.column;
                 column = from;
             } else if (column !== from) {
-                root.strip.days.moveTo(root.model.place, column);
+                root.days.moveTo(root.model.place, column);
             }
         }
         // The email moves under the pointer, so what counts is where it is in the window.
         onCentroidChanged: {
             if (!active)
                 return;
-            const by = Math.round((centroid.scenePosition.x - centroid.scenePressPosition.x) / root.strip.columnWidth);
+            const by = Math.round((centroid.scenePosition.x - centroid.scenePressPosition.x) / root.columns.columnWidth);
             column = Math.max(0, Math.min(13, from + by));
         }
     }

@@ -15,14 +15,11 @@ FocusScope {
     signal writeRequested()
 
     readonly property SequenceDays days: editor.days
-    readonly property int columnWidth: Math.floor((width - headWidth) / 14)
 
-    function columnX(column: int): real {
-        return headWidth + column * columnWidth;
-    }
-
-    function widthOf(column: int): real {
-        return column === 13 ? width - columnX(13) : columnWidth;
+    DaysColumns {
+        id: grid
+        width: root.width
+        headWidth: root.headWidth
     }
 
     /// Which email Tab comes to: the one that is shown, if it has a day here.
@@ -105,8 +102,8 @@ FocusScope {
             required property var model
             required property int index
 
-            x: root.columnX(index)
-            width: root.widthOf(index)
+            x: grid.columnX(index)
+            width: grid.widthOf(index)
             height: root.height - 1
 
             Loader {
@@ -143,7 +140,8 @@ FocusScope {
         model: root.days.emails
 
         DaysEmail {
-            strip: root
+            columns: grid
+            days: root.days
             tabStop: root.stop() === index
             onChosen: root.go(index)
             onStepRequested: by => root.go(index + by)
@@ -156,9 +154,9 @@ FocusScope {
 
     Text {
         visible: text !== ""
-        x: root.columnX(13) + 2
+        x: grid.columnX(13) + 2
         y: 60
-        width: root.widthOf(13) - 4
+        width: grid.widthOf(13) - 4
         height: 16
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
