@@ -27,6 +27,17 @@ CampaignStore& openTab(Stage& stage, const QString& status, const QString& tab) 
   return campaign;
 }
 
+/// The draft that has leads: nothing keeps it from being launched.
+CampaignStore& openReadyDraft(Stage& stage) {
+  const auto& items = stage.openCampaigns().list()->value()->items;
+  const auto hasLeads = [](const CampaignSummary& item) {
+    return item.status.rawValue == "draft"_L1 && item.leads > 0;
+  };
+  stage.app().router()->openCampaign(std::ranges::find_if(items, hasLeads)->id);
+  stage.settle();
+  return *stage.app().session()->item<CampaignStore>(Page::campaigns, stage.app().router()->campaign());
+}
+
 SequenceEditor& openSequence(Stage& stage, const QString& status) {
   return *openTab(stage, status, u"sequence"_s).sequence();
 }
@@ -83,6 +94,12 @@ QList<Scene> headerScenes() {
          openCampaign(s, u"draft"_s);
          s.settle();
          s.press(u"Launch"_s);
+       }},
+      {u"campaign-path"_s, [](Stage& s) { openTab(s, u"draft"_s, u"sequence"_s); }},
+      {u"campaign-path-done"_s,
+       [](Stage& s) {
+         openReadyDraft(s);
+         s.tabTo(u"Emails 4"_s);
        }},
       {u"campaign-rename"_s,
        [](Stage& s) {
@@ -160,13 +177,7 @@ QList<Scene> sequenceScenes() {
 
 /// The wall of the draft that has leads.
 CampaignStore& openProof(Stage& stage, const std::function<void(CampaignStore&)>& before = {}) {
-  const auto& items = stage.openCampaigns().list()->value()->items;
-  const auto hasLeads = [](const CampaignSummary& item) {
-    return item.status.rawValue == "draft"_L1 && item.leads > 0;
-  };
-  stage.app().router()->openCampaign(std::ranges::find_if(items, hasLeads)->id);
-  stage.settle();
-  auto& campaign = *stage.app().session()->item<CampaignStore>(Page::campaigns, stage.app().router()->campaign());
+  auto& campaign = openReadyDraft(stage);
   if (before) before(campaign);
   campaign.setTab(u"proof"_s);
   return campaign;
@@ -247,6 +258,16 @@ QList<Scene> leadScenes() {
        }},
       {u"leads-empty"_s, [](Stage& s) { openLeads(s).setLeadsArchived(true); }},
       {u"leads-add-by-hand"_s, [](Stage& s) { openLeads(s).adding()->show(u"manual"_s); }},
+      {u"leads-added-by-hand"_s,
+       [](Stage& s) {
+         auto& adding = *openLeads(s).adding();
+         adding.show(u"manual"_s);
+         s.settle();
+         s.type(u"jo@lead.example"_s);
+         s.press(Qt::Key_Return);
+         s.settle();
+         s.type(u"next@"_s);
+       }},
       {u"leads-add-list"_s, [](Stage& s) { openLeads(s).adding()->show(u"list"_s); }},
       {u"leads-add-own"_s, [](Stage& s) { openLeads(s).adding()->show(u"leads"_s); }},
       {u"leads-add-file"_s,
@@ -303,6 +324,16 @@ QList<Scene> settingsTabScenes() {
        [](Stage& s) {
          openTab(s, u"draft"_s, u"settings"_s).settings()->draft()->set(u"gap"_s, u"1441"_s);
          s.tabTo(u"Max new leads a day"_s);
+       }},
+      {u"campaign-settings-both"_s,
+       [](Stage& s) {
+         auto& form = *openTab(s, u"paused"_s, u"settings"_s).settings();
+         form.draft()->set(u"gap"_s, u"25"_s);
+         form.draft()->set(u"stopOnAutoReply"_s, true);
+         form.draft()->set(u"bcc"_s, u"crm@northgate.example"_s);
+         form.schedule()->toggleDay(0, 6);
+         s.settle();
+         s.press(u"Go to Limits"_s);
        }},
       {u"campaign-settings-schedule"_s,
        [](Stage& s) {
