@@ -50,9 +50,11 @@ void FocusKeeper::settle() {
   // come upon its neighbour.
   const QQuickItem* last = m_last.item();
   if (last && last->window() && last->isVisible() && !last->isEnabled()) return;
+  // A popup that is open keeps it, be there something for it or not.
+  const bool isInPopup = FocusTrail::isInPopup(window()->activeFocusItem());
+  if (isInPopup && !m_last.isInPopup()) return;
   QQuickItem* heir = m_last.heir();
-  // A popup that is open keeps it.
-  if (!heir && !FocusTrail::isInPopup(window()->activeFocusItem())) heir = m_lastInPage.heir();
+  if (!heir && !isInPopup) heir = m_lastInPage.heir();
   if (heir) heir->forceActiveFocus(Qt::OtherFocusReason);
 }
 

@@ -1,5 +1,7 @@
 #include "ui/design/FocusTrail.h"
 
+#include <algorithm>
+
 namespace orv {
 namespace {
 
@@ -34,6 +36,10 @@ bool FocusTrail::isInPopup(const QQuickItem* item) {
   for (; item; item = item->parentItem())
     if (isPopup(item)) return true;
   return false;
+}
+
+bool FocusTrail::isInPopup() const {
+  return std::ranges::any_of(m_steps, [](const Step& step) { return step.item && isPopup(step.item); });
 }
 
 void FocusTrail::remember(QQuickItem* item) {

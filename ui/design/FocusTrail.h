@@ -13,6 +13,8 @@ class FocusTrail {
   QQuickItem* item() const { return m_steps.isEmpty() ? nullptr : m_steps.first().item.data(); }
   /// What takes the keyboard now: the item itself while it can. Null when nothing in the same page or popup can.
   QQuickItem* heir() const;
+  /// It led into a popup that is still there.
+  bool isInPopup() const;
 
   /// Somebody can see it and do something with it.
   static bool isUsable(const QQuickItem* item);
