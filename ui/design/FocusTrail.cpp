@@ -39,14 +39,14 @@ bool FocusTrail::isInPopup(const QQuickItem* item) {
 }
 
 bool FocusTrail::isInPopup() const {
-  return std::ranges::any_of(m_steps, [](const Step& step) { return step.item && isPopup(step.item); });
+  return std::ranges::any_of(m_steps, [](const Step& step) { return step.isPopup && isUsable(step.item); });
 }
 
 void FocusTrail::remember(QQuickItem* item) {
   m_steps.clear();
   for (; item; item = item->parentItem()) {
     const QQuickItem* parent = item->parentItem();
-    m_steps.append({item, parent ? parent->childItems().indexOf(item) : 0});
+    m_steps.append({item, parent ? parent->childItems().indexOf(item) : 0, isPopup(item)});
   }
 }
 
@@ -55,17 +55,19 @@ QQuickItem* FocusTrail::heir() const {
   bool isSwapped = false;
   for (qsizetype step = 1; step < m_steps.size(); ++step) {
     QQuickItem* around = m_steps[step].item;
-    if (!isUsable(around)) continue;
-    if (auto* named = around->property("focusHeir").value<QQuickItem*>(); isUsable(named)) return named;
-    if (around->inherits("QQuickItemView") && around->activeFocusOnTab() && around->property("count").toInt() > 0)
-      return around;
-    // What a loader has made instead is something else, and no neighbour; a list knows its rows itself.
-    const bool isLoader = around->inherits("QQuickLoader");
-    const bool isOfRows = around->parentItem() && around->parentItem()->inherits("QQuickItemView");
-    isSwapped = isSwapped || isLoader;
-    if (!isLoader && !isOfRows)
-      if (QQuickItem* found = beside(step, isSwapped)) return found;
-    if (isPopup(around)) return nullptr;
+    if (isUsable(around)) {
+      if (auto* named = around->property("focusHeir").value<QQuickItem*>(); isUsable(named)) return named;
+      if (around->inherits("QQuickItemView") && around->activeFocusOnTab() && around->property("count").toInt() > 0)
+        return around;
+      // What a loader has made instead is something else, and no neighbour; a list knows its rows itself.
+      const bool isLoader = around->inherits("QQuickLoader");
+      const bool isOfRows = around->parentItem() && around->parentItem()->inherits("QQuickItemView");
+      isSwapped = isSwapped || isLoader;
+      if (!isLoader && !isOfRows)
+        if (QQuickItem* found = beside(step, isSwapped)) return found;
+    }
+    // What is beyond a popup is not beside what was in it.
+    if (m_steps[step].isPopup) return nullptr;
   }
   return nullptr;
 }

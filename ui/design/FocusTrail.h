@@ -28,6 +28,7 @@ class FocusTrail {
   struct Step {
     QPointer<QQuickItem> item;
     qsizetype place = 0;
+    bool isPopup = false;
   };
 
   QQuickItem* beside(qsizetype step, bool isSwapped) const;
