@@ -103,7 +103,7 @@ class SetupWindowTest : public ui::WindowTest {
     QCOMPARE(project().tabName(), u"run"_s);
     pressCalled(u"Resume"_s);
     QCOMPARE(state(), u"Running"_s);
-    m_stage->tabTo(u"row "_s);
+    m_stage->tabTo(u"row 1 of 32"_s);
     press(Qt::Key_End);
     for (int up = 0; up < 4; ++up) press(Qt::Key_Up);
     press(Qt::Key_Return);
