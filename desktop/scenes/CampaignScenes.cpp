@@ -177,7 +177,7 @@ QList<Scene> sequenceScenes() {
 
 /// The wall of the draft that has leads.
 CampaignStore& openProof(Stage& stage, const std::function<void(CampaignStore&)>& before = {}) {
-  auto& campaign = openReadyDraft(stage);
+  CampaignStore& campaign = openReadyDraft(stage);
   if (before) before(campaign);
   campaign.setTab(u"proof"_s);
   return campaign;
