@@ -18,10 +18,12 @@ Item {
 
     Accessible.role: Accessible.Grouping
     Accessible.name: text === "" ? title : title + ", " + text
-    readonly property string said: visible && title !== "" ? Accessible.name : ""
-    onSaidChanged: {
-        if (said !== "")
-            Announcer.say(said, "state");
+
+    // Between two states it may be there for a moment that nobody sees.
+    Timer {
+        interval: 400
+        running: root.visible && root.title !== ""
+        onTriggered: Announcer.say(root.Accessible.name, "state")
     }
 
     Column {
