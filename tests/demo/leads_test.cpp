@@ -146,6 +146,7 @@ class DemoLeadsTest : public QObject {
   }
 
   void emailsGoOutInTheHoursAndSpreadOverThem() {
+    id = f->idOf(u"paused"_s);
     const QTimeZone zone("Europe/Berlin");
     const QDateTime now = f->clock.now();
     QHash<QDate, int> byDay;
