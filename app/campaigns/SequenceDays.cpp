@@ -29,7 +29,7 @@ QString fullDay(QDate day, QDate today) { return day == today ? u"Today"_s : QLo
 /// "Brussels" of "Europe/Brussels".
 QString placeOf(const QTimeZone& zone) { return QString::fromUtf8(zone.id()).section(u'/', -1).replace(u'_', u' '); }
 
-bool gotAll(const LeadStatus& status) {
+bool getsNoMore(const LeadStatus& status) {
   static const QStringList ends{u"completed"_s, u"replied"_s, u"bounced"_s, u"unsubscribed"_s, u"stopped"_s};
   return ends.contains(status.rawValue);
 }
@@ -69,6 +69,13 @@ void SequenceDays::follow(const QUuid& current) {
   reckon();
 }
 
+/// The preview's, while there is something that they have not got yet.
+const CampaignLead* SequenceDays::leadUnderWay() const {
+  const CampaignLead* lead = m_preview.leadRecord();
+  const bool hasMore = lead && !getsNoMore(lead->status) && lead->currentStep.value_or(0) < m_draft.steps().size();
+  return hasMore ? lead : nullptr;
+}
+
 SequenceDays::Reckoned SequenceDays::question() const {
   Reckoned asked;
   const Campaign* campaign = m_context.campaign.value();
@@ -80,12 +87,8 @@ SequenceDays::Reckoned SequenceDays::question() const {
   plan.now = m_context.services.clock.now();
   plan.now = plan.now.addSecs(-plan.now.time().second()).addMSecs(-plan.now.time().msec());
   plan.from = plan.now;
-  const CampaignLead* lead = m_preview.leadRecord();
-  if (lead && gotAll(lead->status)) {
-    asked.first = steps.size();
-    return asked;
-  }
-  if (lead) asked.first = std::clamp<qsizetype>(lead->currentStep.value_or(0), 0, steps.size());
+  const CampaignLead* lead = leadUnderWay();
+  if (lead) asked.first = std::max<qsizetype>(lead->currentStep.value_or(0), 0);
   for (qsizetype place = asked.first; place < steps.size(); ++place) plan.waits.append(steps[place].delayMinutes);
   if (plan.waits.isEmpty() || !lead) return asked;
   // What the service has booked was booked for the wait that it has.
@@ -171,16 +174,14 @@ void SequenceDays::show() {
 
 QString SequenceDays::whose() const {
   if (!m_today.isValid()) return {};
-  const QString name = shownName(m_preview.leadName());
+  // For one who gets nothing more the waits can be looked at all the same.
+  const QString name = leadUnderWay() ? shownName(m_preview.leadName()) : QString();
   return u"%1, %2 time"_s.arg(name.isEmpty() ? u"A lead added now"_s : name, placeOf(m_zone));
 }
 
-/// Why a lead gets nothing more, or nothing at all; empty when emails go out.
+/// Why nothing goes out at all; empty when emails do.
 QString SequenceDays::endedText() const {
-  const CampaignLead* lead = m_preview.leadRecord();
-  if (lead && gotAll(lead->status)) return u"No more emails: "_s + lead->status.label();
-  if (m_draft.steps().isEmpty()) return u"No emails yet"_s;
-  if (m_times.isEmpty()) return u"All emails have gone out"_s;
+  if (m_times.isEmpty()) return u"No emails yet"_s;
   if (m_times.first().at.isValid()) return {};
   const CampaignSchedule& schedule = m_reckoned.plan.schedule;
   const auto last = schedule.endDate ? parseCalendarDay(*schedule.endDate) : std::nullopt;
@@ -195,7 +196,10 @@ QString SequenceDays::note() const {
   const auto never = std::ranges::count_if(m_times, [](const SendTime& time) { return !time.at.isValid(); });
   if (never > 0)
     return u"The end date comes before the last %1"_s.arg(never == 1 ? u"email"_s : QString::number(never));
-  return u"An estimate from waits and schedule"_s;
+  const CampaignLead* lead = m_preview.leadRecord();
+  if (!lead || leadUnderWay()) return u"An estimate from waits and schedule"_s;
+  const QString why = getsNoMore(lead->status) ? lead->status.label() : u"got all emails"_s;
+  return u"An estimate. %1: %2"_s.arg(shownName(m_preview.leadName()), why);
 }
 
 QString SequenceDays::laterText() const { return m_later.isEmpty() ? QString() : u"+%1 later"_s.arg(m_later.size()); }

@@ -86,7 +86,7 @@ class SequenceDays final : public Store {
   void setWatched(bool watched);
   StripDays* days() { return &m_days; }
   StripEmails* emails() { return &m_emails; }
-  /// "Jonas Verbeke, Brussels time".
+  /// "Jonas Verbeke, Brussels time"; a lead added now where the preview's gets nothing more.
   QString whose() const;
   /// That it is an estimate, or the one thing that keeps dates from being told.
   QString note() const;
@@ -121,6 +121,7 @@ class SequenceDays final : public Store {
 
   void tick();
   void reckon();
+  const CampaignLead* leadUnderWay() const;
   Reckoned question() const;
   void showDays();
   void show();

@@ -8,7 +8,7 @@ namespace {
 
 /// Of the font's size.
 constexpr double lineHeight = 17.0 / 12, paragraphGap = 5.0 / 12;
-constexpr double side = 3;
+constexpr double side = 2;
 constexpr double radius = 4;
 
 }  // namespace

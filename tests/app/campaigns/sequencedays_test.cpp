@@ -225,8 +225,9 @@ class SequenceDaysTest final : public SequencePage {
 
     f->api.expect(preview);
     editor->preview()->setLead(u"l2"_s);
-    QCOMPARE(days->emails()->count(), 0);
-    QCOMPARE(days->note(), u"No more emails: Replied"_s);
+    QCOMPARE(days->note(), u"An estimate. li@x.com: Replied"_s);
+    QCOMPARE(days->whose(), u"A lead added now, Berlin time"_s);
+    QCOMPARE(shown(0).column, 0);
   }
 
   void whatKeepsEmailsInIsSaid_data() {
