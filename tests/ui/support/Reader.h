@@ -49,7 +49,6 @@ class Reader : public QObject {
   /// What fields tell by themselves from now on.
   Q_INVOKABLE static void listen() {
     said().clear();
-    announcements().clear();
     QAccessible::setActive(true);
     QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
       if (const auto* update = dynamic_cast<QAccessibleTextUpdateEvent*>(event))
@@ -57,11 +56,10 @@ class Reader : public QObject {
       if (const auto* insert = dynamic_cast<QAccessibleTextInsertEvent*>(event)) said() += insert->textInserted();
       if (const auto* removal = dynamic_cast<QAccessibleTextRemoveEvent*>(event)) said() += removal->textRemoved();
       if (const auto* value = dynamic_cast<QAccessibleValueChangeEvent*>(event)) said() += value->value().toString();
-      if (event->type() == QAccessible::ObjectShow) announce(event->accessibleInterface());
     });
   }
-  /// What was told since, wherever the focus was.
-  Q_INVOKABLE static QStringList announced() { return announcements(); }
+  /// What the window tells at the moment, wherever the focus is.
+  static QString noticeIn(QQuickItem* item) { return notice(QAccessible::queryAccessibleInterface(item->window())); }
   Q_INVOKABLE static QString heard() {
     QAccessible::installUpdateHandler(nullptr);
     QAccessible::setActive(false);
@@ -87,12 +85,12 @@ class Reader : public QObject {
     static QString texts;
     return texts;
   }
-  static QStringList& announcements() {
-    static QStringList texts;
-    return texts;
-  }
-  static void announce(QAccessibleInterface* shown) {
-    if (shown && shown->role() == QAccessible::Notification) announcements() += shown->text(QAccessible::Name);
+  static QString notice(QAccessibleInterface* spoken) {
+    if (!spoken || spoken->state().invisible) return {};
+    if (spoken->role() == QAccessible::Notification) return spoken->text(QAccessible::Name);
+    for (int i = 0; i < spoken->childCount(); ++i)
+      if (const QString found = notice(spoken->child(i)); !found.isEmpty()) return found;
+    return {};
   }
   static void walk(QAccessibleInterface* spoken, QStringList& names) {
     if (!spoken) return;
