@@ -14,7 +14,8 @@ Pressable {
     signal stepped(int by)
 
     implicitHeight: words.height + 24
-    activeFocusOnTab: isEntry
+    // Whoever stands on it is not put off it by another that was picked.
+    activeFocusOnTab: isEntry || activeFocus
     Accessible.role: Accessible.RadioButton
     Accessible.description: detail
     Accessible.checkable: true

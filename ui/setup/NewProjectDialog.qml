@@ -31,8 +31,8 @@ OnDemand {
 
         function pick(index: int) {
             const item = kind((index + kindItems.count) % kindItems.count);
-            item.clicked();
             item.forceActiveFocus(Qt.TabFocusReason);
+            item.clicked();
         }
 
         RestoredNotice {
