@@ -5,7 +5,6 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QOpenGLContext>
-#include <QProcess>
 #include <QQuickStyle>
 #include <QTextStream>
 #include <QTimer>
@@ -82,7 +81,7 @@ QByteArray useChosenSize() {
 
 void startAgain(const QByteArray& scale) {
   scale.isEmpty() ? qunsetenv("QT_SCALE_FACTOR") : qputenv("QT_SCALE_FACTOR", scale);
-  QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
+  startProgram(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
 }
 
 double residentMegabytes() {
