@@ -131,7 +131,8 @@ void Commands::addGeneral(QList<Command>& commands) const {
   commands.append({u"changelog"_s, actions, u"What’s new"_s, app.program()->version(), u"help-about"_s, {}, [&app] {
                      app.program()->showChangelog();
                    }});
-  commands.append({u"log"_s, actions, u"Log"_s, {}, u"text-x-generic"_s, {}, [&app] { app.program()->showLog(); }});
+  commands.append(
+      {u"log"_s, actions, u"Log"_s, {}, u"format-list-unordered"_s, {}, [&app] { app.program()->showLog(); }});
   commands.append(
       {u"sign-out"_s, actions, u"Sign out"_s, app.userEmail(), u"system-users"_s, {}, [&app] { app.signOut(); }});
 }
