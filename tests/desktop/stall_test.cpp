@@ -52,13 +52,15 @@ class StallTest : public QObject {
     QEventLoop loop;
     // The first makes the loop wait for the second.
     QTimer::singleShot(1, this, [] {});
+    bool isSeen = false;
     QTimer::singleShot(5, this, [&] {
       const int before = recorder.recorded();
-      holdTheWindow(2s, [&] { return recorder.recorded() > before; });
+      holdTheWindow(10s, [&] { return recorder.recorded() > before; });
+      isSeen = recorder.recorded() > before;
       loop.quit();
     });
     loop.exec();
-    QCOMPARE(recorder.recorded(), 1);
+    QVERIFY(isSeen);
   }
 };
 

@@ -13,8 +13,9 @@ namespace orv::soak {
 namespace {
 
 /// Closes what is open, forgets what was typed, shows what waits to be shown.
-constexpr const char* endings[] = {"cancel",      "dismiss",      "discard", "closeInbox",   "closeDomain",
-                                   "closeChecks", "clearProblem", "keep",    "clearFilters", "showNewMail"};
+constexpr const char* endings[] = {"cancel",       "dismiss",     "discard",      "closeInbox",
+                                   "closeDomain",  "closeChecks", "clearProblem", "keep",
+                                   "clearFilters", "reset",       "showNewMail"};
 
 bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
 
@@ -91,6 +92,10 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
     return;
   }
   putAway();
+  // Every tab, as far as what stands in it loads by itself.
+  for (SoakClient* client : {&m_shown, &m_held})
+    for (const Part& part : client->page())
+      if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->ensureLoaded();
   m_rest();
   align();
   if (m_refreshing) m_shown.app().openPage()->store()->refresh();

@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
   if (options.isSet(u"serve"_s)) return serve(plan.seed);
   plan.real = std::chrono::seconds(options.value(u"seconds"_s).toInt());
   plan.simulated = std::chrono::minutes(options.value(u"simulated"_s).toInt());
+  plan.compares = !options.isSet(u"no-comparison"_s);
   plan.faults = options.value(u"faults"_s).toDouble();
 
   const QString again =
