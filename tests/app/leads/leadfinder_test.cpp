@@ -298,8 +298,9 @@ class LeadFinderTest : public QObject {
     card.open(u"l1"_s);
     card.copyEmail(u"l1"_s);
     QVERIFY(f->clipboard.text.isEmpty());
-    QByteArray unlocked =
-        SearchFixture::lead("l1", R"(,"title":"a\nDelete all","lists":[],"campaigns":[],"keywords":"WORDS")");
+    QByteArray unlocked = SearchFixture::lead(
+        "l1",
+        R"(,"title":"a\nDelete all","updatedAt":"2026-05-01T08:00:00Z","lists":[],"campaigns":[],"keywords":"WORDS")");
     unlocked.replace("WORDS", words.join(u',').toUtf8());
     unlocked.replace(R"("email":"","locked":true)", R"("email":"ana@a.example","locked":false)");
     f->api.answer(u"GET /leads/l1"_s, unlocked);
