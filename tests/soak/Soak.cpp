@@ -204,7 +204,7 @@ void Soak::pump(std::chrono::milliseconds time) {
 }
 
 void Soak::rest(std::chrono::milliseconds quiet) {
-  const QDeadlineTimer limit(30s);
+  const QDeadlineTimer limit(5min);
   const auto isIdle = [this] { return m_client->transport().isIdle() && (!m_other || m_other->transport().isIdle()); };
   for (auto left = quiet; left > 0ms;) {
     pump(1ms);

@@ -16,7 +16,7 @@ namespace orv::soak {
 namespace {
 
 /// Milliseconds that the process may take for what it is told.
-constexpr int patience = 30'000;
+constexpr int patience = 300'000;
 
 /// What stands behind the process's standard input.
 class ServiceSide {
