@@ -223,7 +223,7 @@ QList<Scene> daysScenes() {
          editor.days()->addToWait(1, 4);
          while (editor.stepCount() < 6) editor.insertStep(editor.stepCount());
          editor.selectPlace(1);
-         s.tabTo(u"Email 1"_s);
+         s.tabTo(u"Email 2"_s);
          s.press(Qt::Key_Right);
        }},
   };

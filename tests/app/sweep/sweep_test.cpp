@@ -110,7 +110,7 @@ const std::map<QString, QStringList> sendNothing{
     {u"SequenceEditor"_s,
      {u"select"_s, u"selectPlace"_s, u"insertStep"_s, u"removeStep"_s, u"setWaitDays"_s, u"setSameThread"_s,
       u"showVariant"_s, u"addVariant"_s, u"removeVariant"_s, u"setWeight"_s, u"setEnabled"_s, u"setSubject"_s,
-      u"setBody"_s, u"unspun"_s}},
+      u"setBody"_s, u"unspun"_s, u"writeNew"_s}},
     {u"SequenceDays"_s, {u"addToWait"_s, u"moveTo"_s, u"watched"_s}},
     {u"ProofWall"_s, {u"current"_s, u"open"_s, u"openLead"_s, u"openText"_s}},
     {u"TestEmailForm"_s, {u"show"_s, u"cancel"_s, u"to"_s}},
