@@ -48,7 +48,7 @@ class CampaignPageTest : public ui::WindowTest {
     QTRY_VERIFY(!form.unsaved());
     QCOMPARE(lastMessage(), u"Schedule saved"_s);
     m_stage->settle();
-    QVERIFY_EXCEPTION_THROWN(m_stage->press(u"Save settings"_s), StageTrouble);
+    QVERIFY_THROWS_EXCEPTION(StageTrouble, m_stage->press(u"Save settings"_s));
   }
 
   void sectionsAreLedToFromAnywhere() {
@@ -83,7 +83,7 @@ class CampaignPageTest : public ui::WindowTest {
 
   void aThreadIsChosenByItsSide() {
     SequenceEditor& editor = *open(u"running"_s, u"sequence"_s).sequence();
-    QVERIFY_EXCEPTION_THROWN(m_stage->press(u"New thread"_s), StageTrouble);
+    QVERIFY_THROWS_EXCEPTION(StageTrouble, m_stage->press(u"New thread"_s));
     editor.selectPlace(1);
     m_stage->settle();
     QVERIFY(editor.sameThread());
