@@ -11,14 +11,31 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv::bench {
 namespace {
 
-/// The longest that the event loop did not come round while this lives.
+/// Knows how long the sample service took over its answers, which a real one gives elsewhere, where they are decoded
+/// too.
+class Metered final : public APITransport {
+ public:
+  explicit Metered(APITransport& api) : m_api(api) {}
+  std::unique_ptr<Exchange> exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) override {
+    std::unique_ptr<Exchange> begun;
+    spent += milliseconds([&] { begun = m_api.exchange(std::move(call), std::move(receiver)); });
+    return begun;
+  }
+  double spent = 0;
+
+ private:
+  APITransport& m_api;
+};
+
+/// The longest that the event loop did not come round while this lives, but for the service's share.
 class Held final : public QObject {
  public:
-  Held() {
+  explicit Held(const Metered& service) : m_before(service.spent) {
     m_timer.start();
     m_tick.setInterval(0);
-    connect(&m_tick, &QTimer::timeout, this, [this] {
-      longest = std::max(longest, double(m_timer.nsecsElapsed()) / 1e6);
+    connect(&m_tick, &QTimer::timeout, this, [this, &service] {
+      const double served = service.spent - std::exchange(m_before, service.spent);
+      longest = std::max(longest, double(m_timer.nsecsElapsed()) / 1e6 - served);
       m_timer.restart();
     });
     m_tick.start();
@@ -26,6 +43,7 @@ class Held final : public QObject {
   double longest = 0;
 
  private:
+  double m_before;
   QTimer m_tick;
   QElapsedTimer m_timer;
 };
@@ -69,8 +87,8 @@ void change(Stage& stage, AccountsStore& store, int rounds) {
   line("one changed record taken over, figures told, median", one.median(), "ms");
 }
 
-void readAgain(Stage& stage, AccountsStore& store) {
-  Held held;
+void readAgain(Stage& stage, AccountsStore& store, const Metered& service) {
+  Held held(service);
   QElapsedTimer timer;
   timer.start();
   double first = 0;
@@ -83,7 +101,7 @@ void readAgain(Stage& stage, AccountsStore& store) {
   stage.until([&] { return !store.list()->refreshing() && !store.list()->loadingMore(); }, u"the whole list"_s);
   line("read again whole, the sample service in the same thread", double(timer.nsecsElapsed()) / 1e6, "ms");
   line("its first page until it is drawn", first, "ms", "under 100");
-  line("longest that the main thread was held, service included", held.longest, "ms");
+  line("longest that the main thread was held, the service apart", held.longest, "ms", "under 16");
 }
 
 }  // namespace
@@ -93,7 +111,11 @@ bool accounts(Scale scale) {
   std::printf("%d email accounts on their page\n", count);
   QQmlEngine engine;
   ClientWindow::prepare(engine);
-  Stage stage(engine, {.mailboxes = count});
+  SystemClock clock;
+  demo::DemoService sample(clock, 1, {.mailboxes = count});
+  demo::DemoTransport door(sample);
+  Metered service(door);
+  Stage stage(engine, {.service = &service, .session = StoredSession::from(sample.signInDirectly(), clock.now())});
   if (!stage.isReady()) return false;
   stage.app().router()->open(Page::accounts);
   stage.settle();
@@ -103,7 +125,7 @@ bool accounts(Scale scale) {
   const int rounds = scale.quick ? 1 : 20;
   look(stage, *store, rounds);
   change(stage, *store, rounds);
-  readAgain(stage, *store);
+  readAgain(stage, *store, service);
   return true;
 }
 

@@ -39,9 +39,9 @@ SequenceEditor::SequenceEditor(CampaignContext& context)
                   .restore = [this](const Recovery::Kept& kept) { return restore(kept); },
                   .discard =
                       [this] {
-                        showing([this] {
-                          m_autosave.discard(m_context.campaign.value()->steps.value_or(QList<CampaignStep>()));
-                        });
+                        const Campaign* campaign = m_context.campaign.value();
+                        if (!campaign) return;
+                        showing([&] { m_autosave.discard(campaign->steps.value_or(QList<CampaignStep>())); });
                       }}),
       m_preview(context, m_autosave.draft()),
       m_days(context, m_autosave.draft(), m_preview, [this](const auto& change) { edit(change); }),

@@ -96,7 +96,8 @@ class Contrast {
     const double scale = m_picture.width() / double(m_window.width());
     const QRect pixels = QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
     if (pixels.width() < 4 || pixels.height() < 4) return;
-    const QRgb ground = groundIn(pixels);
+    // An icon may fill its square.
+    const QRgb ground = item.inherits("orv::OrvIcon") ? groundAround(pixels) : groundIn(pixels);
     const QRgb ink = over(ground, item.property("color").value<QColor>(), opacity);
     const double reached = ratio(ink, ground);
     if (reached >= wanted(item) || !isDrawn(pixels, ground, ink)) return;
@@ -105,12 +106,18 @@ class Contrast {
   }
 
   /// The colour that most of it has.
-  QRgb groundIn(const QRect& pixels) const {
+  QRgb groundIn(const QRect& pixels) const { return mostOf(pixels, {}); }
+  /// The colour that most of its edge has.
+  QRgb groundAround(const QRect& pixels) const {
+    return mostOf(pixels.adjusted(-1, -1, 1, 1) & m_picture.rect(), pixels);
+  }
+  QRgb mostOf(const QRect& pixels, const QRect& leftOut) const {
     QHash<QRgb, int> counts;
     QRgb most = m_picture.pixel(pixels.topLeft());
-    for (int y = pixels.top(); y <= pixels.bottom(); y += 2)
-      for (int x = pixels.left(); x <= pixels.right(); x += 2)
-        if (const QRgb colour = m_picture.pixel(x, y); ++counts[colour] > counts.value(most)) most = colour;
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y)
+      for (int x = pixels.left(); x <= pixels.right(); ++x)
+        if (!leftOut.contains(x, y))
+          if (const QRgb colour = m_picture.pixel(x, y); ++counts[colour] > counts.value(most)) most = colour;
     return most;
   }
 

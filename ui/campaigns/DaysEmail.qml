@@ -27,7 +27,7 @@ FocusScope {
     width: columns.widthOf(column) - 8
     height: crowded ? Math.max(9, Math.floor(36 / model.onDay) - 1) : 36
     z: current || drag.active ? 1 : 0
-    activeFocusOnTab: tabStop
+    activeFocusOnTab: tabStop || activeFocus
 
     Accessible.role: Accessible.ListItem
     Accessible.name: model.words

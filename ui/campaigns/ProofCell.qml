@@ -15,7 +15,7 @@ Pressable {
 
     signal opened()
 
-    activeFocusOnTab: tabStop
+    activeFocusOnTab: tabStop || activeFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: model.words
     Accessible.description: [...model.findings, model.subject, ...model.body].join(" ")

@@ -17,9 +17,11 @@ class ProofWallWindowTest : public ui::WindowTest {
     const auto draft = std::ranges::find_if(items, [](const CampaignSummary& item) {
       return item.status.rawValue == "draft"_L1 && item.leads > ProofWall::most;
     });
-    m_stage->app().router()->openCampaign(draft->id);
+    // The list may be read again meanwhile.
+    const QString id = draft->id;
+    m_stage->app().router()->openCampaign(id);
     m_stage->settle();
-    m_campaign = m_stage->app().session()->item<CampaignStore>(Page::campaigns, draft->id);
+    m_campaign = m_stage->app().session()->item<CampaignStore>(Page::campaigns, id);
   }
   ProofWall& wall() { return *m_campaign->proof(); }
   qsizetype place() { return wall().emails()->rowOf(wall().current()); }

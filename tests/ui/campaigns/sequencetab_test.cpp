@@ -81,7 +81,7 @@ class SequenceTabTest : public QObject {
     view = std::make_unique<QQuickView>();
     view->engine()->addImportPath(u"qrc:/qt/qml"_s);
     view->setResizeMode(QQuickView::SizeRootObjectToView);
-    view->resize(900, 600);
+    view->resize(1100, 700);
     view->setInitialProperties({{u"editor"_s, QVariant::fromValue(editor)}});
     view->setSource(QUrl(u"qrc:/qt/qml/Orvella/Campaigns/SequenceTab.qml"_s));
     QVERIFY(view->rootObject());
