@@ -166,7 +166,8 @@ class RecordModel : public ListModel {
     const QSet<QString> wanted(ids.begin(), ids.end());
     QHash<QString, int> rows;
     for (int row = 0; row < rowCount() && rows.size() < wanted.size(); ++row)
-      if (const QString& id = m_records[size_t(row)].id; wanted.contains(id)) rows.insert(id, row);
+      if (const QString& id = m_records[size_t(row)].id; wanted.contains(id) && !rows.contains(id))
+        rows.insert(id, row);
     return rows;
   }
 

@@ -77,7 +77,7 @@ QString summary(const DeliverabilityReport& report) {
            Format::grouped(checked) + u" have real checks behind them."_s;
   else
     text = groups(report) + u" None have warm-up checks in the last 7 days, so I have no placement numbers yet."_s;
-  if (!report.automatic) text += u" Watching only. I log what I would do and change noValue on your inboxes."_s;
+  if (!report.automatic) text += u" Watching only. I log what I would do and change nothing on your inboxes."_s;
   return text;
 }
 

@@ -94,6 +94,8 @@ class Contrast {
 
   void judge(const QQuickItem& item, const QString& what, double opacity, const QRectF& place, QStringList& found) {
     const double scale = m_picture.width() / double(m_window.width());
+    // Drawn by something else, as a code's digits are.
+    if (item.property("color").value<QColor>().alpha() == 0) return;
     const QRect pixels = QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
     if (pixels.width() < 4 || pixels.height() < 4) return;
     // An icon may fill its square.

@@ -77,7 +77,8 @@ Item {
                 OrvLink {
                     required property choice modelData
 
-                    anchors.verticalCenter: parent.verticalCenter
+                    // One that goes has lost its row by then.
+                    anchors.verticalCenter: parent?.verticalCenter
                     text: modelData.label
                     Accessible.name: "Go to " + text
                     onClicked: root.sectionRequested(modelData.key)

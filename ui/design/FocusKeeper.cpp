@@ -45,7 +45,7 @@ void FocusKeeper::follow() {
 
 void FocusKeeper::settle() {
   m_settling = false;
-  if (!isNowhere()) return;
+  if (!window() || !isNowhere()) return;
   // A control that is off while what it does is under way gets it back by itself; who presses Enter twice must not
   // come upon its neighbour.
   const QQuickItem* last = m_last.item();
@@ -65,7 +65,8 @@ void FocusKeeper::enter(QQuickItem* page) {
     m_inside.append(scope);
   Q_EMIT entered();
   QQuickItem* begin = heading();
-  if (begin && !FocusTrail::isInPopup(window()->activeFocusItem())) begin->forceActiveFocus(Qt::OtherFocusReason);
+  if (begin && window() && !FocusTrail::isInPopup(window()->activeFocusItem()))
+    begin->forceActiveFocus(Qt::OtherFocusReason);
 }
 
 /// What the page itself would have focused.

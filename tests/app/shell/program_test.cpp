@@ -48,7 +48,7 @@ class ProgramTest : public QObject {
     platform.releases = &feed;
     StoredSession session;
     session.token = u"orv_sess_canary"_s;
-    session.expiresAt = f->clock.now().addDays(2);
+    session.expiresAt = f->clock.now().addDays(30);
     session.user = {u"u1"_s, u"ada@b.c"_s, u"Ada"_s, {}, {}};
     session.workspaces = {{u"w1"_s, u"a"_s, u"A"_s, {u"owner"_s}, {}, {}}};
     platform.demoSession = session;

@@ -109,6 +109,7 @@ class AccountsWindowTest : public ui::WindowTest {
     accounts().refresh();
     m_stage->settle();
     QCOMPARE(table()->property("contentY").toDouble(), place);
+    table()->forceActiveFocus();
     press(Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(accounts().selection()->count(), accounts().list()->readCount());
   }

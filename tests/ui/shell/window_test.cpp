@@ -216,7 +216,7 @@ class WindowTest : public QObject {
 
     press(Qt::Key_B, Qt::ControlModifier);
     QVERIFY(router->collapsed());
-    press(Qt::Key_Question, Qt::ShiftModifier);
+    press(Qt::Key_Question);
     QVERIFY(router->shortcutsOpen());
     QTest::qWait(0);
     press(Qt::Key_Escape);
