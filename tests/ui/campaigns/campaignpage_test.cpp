@@ -12,9 +12,11 @@ class CampaignPageTest : public ui::WindowTest {
     begin();
     const auto& items = m_stage->openCampaigns().list()->value()->items;
     const auto found = std::ranges::find(items, status, [](const auto& item) { return item.status.rawValue; });
-    m_stage->app().router()->openCampaign(found->id);
+    // The list may be read again meanwhile.
+    const QString id = found->id;
+    m_stage->app().router()->openCampaign(id);
     m_stage->settle();
-    auto& campaign = *m_stage->app().session()->item<CampaignStore>(Page::campaigns, found->id);
+    auto& campaign = *m_stage->app().session()->item<CampaignStore>(Page::campaigns, id);
     campaign.setTab(tab);
     m_stage->settle();
     return campaign;
