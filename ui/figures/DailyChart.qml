@@ -6,7 +6,7 @@ FocusScope {
     id: root
 
     /// As OrvChart takes them. To the linter of Qt 6.4 a QStringList is no list of strings.
-    property list<string> days: []
+    property var days: []
     property var series: []
     property string title: "Daily sending"
     property string caption: "Sent, unique opens, replies and clicks"
@@ -14,7 +14,7 @@ FocusScope {
     /// "line" or "bar".
     property string kind: "line"
     /// What more there is to say of each day; in the table under its title.
-    property list<string> dayNotes: []
+    property var dayNotes: []
     property string noteTitle: ""
     /// "chart" or "table".
     property string view: "chart"
