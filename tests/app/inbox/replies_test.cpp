@@ -7,6 +7,17 @@ using namespace orv::test;
 class RepliesTest : public InboxFixture {
   Q_OBJECT
 
+  /// A reply that is under way.
+  Writing& sendMine() {
+    load();
+    openLast();
+    Writing& writing = *store->conversation()->reply();
+    writing.setBody(u"Mine."_s);
+    f->api.expect(reply(3));
+    store->send();
+    return writing;
+  }
+
  private Q_SLOTS:
   void init() { begin(); }
   void cleanup() { life.reset(); }
@@ -35,12 +46,7 @@ class RepliesTest : public InboxFixture {
   }
 
   void aRefusedReplyKeepsItsText() {
-    load();
-    openLast();
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
+    Writing& writing = sendMine();
     f->api.answer(reply(3), R"({"title":"Too large"})", 422);
     QCOMPARE(toast(), u"Couldn’t send."_s);
     QCOMPARE(writing.body(), u"Mine."_s);
@@ -55,12 +61,7 @@ class RepliesTest : public InboxFixture {
   }
   void anUnknownEndIsLookedUpFirst() {
     QFETCH(bool, arrived);
-    load();
-    openLast();
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
+    Writing& writing = sendMine();
     f->api.expect(list);
     f->api.fail(reply(3), NoAnswer(TransportFailure::timedOut, true));
     QVERIFY(writing.uncertain());
