@@ -8,6 +8,7 @@
 #include <limits>
 #include <map>
 #include <mutex>
+#include <system_error>
 #include <thread>
 
 #include "kit/api/NetworkChanges.h"
@@ -180,8 +181,15 @@ class APIClient::Network {
     const auto* answer = std::get_if<HTTPAnswer>(&result);
     if (!answer || answer->body.size() < decodedBeside) return receiver->receive(std::move(result));
     std::erase_if(m_decoding, [](const auto& each) { return each.wait_for(0s) == std::future_status::ready; });
-    m_decoding.push_back(std::async(
-        std::launch::async, [receiver, held = std::move(result)]() mutable { receiver->receive(std::move(held)); }));
+    const auto decode = [receiver, held = std::make_shared<ExchangeResult>(std::move(result))] {
+      receiver->receive(std::move(*held));
+    };
+    try {
+      m_decoding.push_back(std::async(std::launch::async, decode));
+    } catch (const std::system_error&) {
+      // No thread is to be had: rather late for the others than lost.
+      decode();
+    }
   }
 
   /// Milliseconds; without anything under way there is nothing to wake up for.

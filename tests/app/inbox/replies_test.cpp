@@ -7,6 +7,15 @@ using namespace orv::test;
 class RepliesTest : public InboxFixture {
   Q_OBJECT
 
+  /// A reply to what is open, under way.
+  Writing& writeMine() {
+    Writing& writing = *store->conversation()->reply();
+    writing.setBody(u"Mine."_s);
+    f->api.expect(reply(3));
+    store->send();
+    return writing;
+  }
+
  private Q_SLOTS:
   void init() { begin(); }
   void cleanup() { life.reset(); }
@@ -37,10 +46,7 @@ class RepliesTest : public InboxFixture {
   void aRefusedReplyKeepsItsText() {
     load();
     openLast();
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
+    Writing& writing = writeMine();
     f->api.answer(reply(3), R"({"title":"Too large"})", 422);
     QCOMPARE(toast(), u"Couldn’t send."_s);
     QCOMPARE(writing.body(), u"Mine."_s);
@@ -68,10 +74,7 @@ class RepliesTest : public InboxFixture {
     };
     load();
     open(3, detailOf(threadOf(3, {{u"unread"_s, false}}), sent(before)));
-    Writing& writing = *store->conversation()->reply();
-    writing.setBody(u"Mine."_s);
-    f->api.expect(reply(3));
-    store->send();
+    Writing& writing = writeMine();
     f->api.expect(list);
     f->api.fail(reply(3), NoAnswer(TransportFailure::timedOut, true));
     QVERIFY(writing.uncertain());
