@@ -89,7 +89,8 @@ class RampupJourneyTest : public QObject {
     QVERIFY(page.act(u"pause"_s));
     QTRY_VERIFY(page.paused());
     QVERIFY(rampup().find(id)->plan->isPaused() && elsewhere(id).plan->isPaused());
-    QTRY_VERIFY(page.act(u"resume"_s));
+    QTRY_VERIFY(!page.busy());
+    QVERIFY(page.act(u"resume"_s));
     QTRY_VERIFY(!page.paused() && !elsewhere(id).plan->isPaused());
   }
 

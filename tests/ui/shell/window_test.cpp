@@ -270,7 +270,7 @@ class WindowTest : public QObject {
 
     // From the heading to the tabs and the emails, a new one after the first, and into its text.
     press(Qt::Key_Down);
-    press(Qt::Key_Tab);
+    m_stage->tabTo(u"Emails"_s);
     press(Qt::Key_Insert);
     QCOMPARE(editor.title(), u"Email 2"_s);
     QCOMPARE(editor.stepCount(), before + 1);
