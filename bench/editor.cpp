@@ -84,10 +84,9 @@ bool editor(Scale scale) {
 
   open(stage, id);
   stage.settle();
-  stage.press(Qt::Key_Tab);
-  stage.press(Qt::Key_Return);
-  stage.press(Qt::Key_Return);
   SequenceEditor& shown = *open(stage, id).sequence();
+  Q_EMIT shown.writingAsked();
+  stage.settle();
   const QString before = shown.body();
   Times keystroke;
   for (int i = 0; i < (scale.quick ? 2 : 200); ++i) {

@@ -207,6 +207,7 @@ Task<void> ProofWall::renderOne(Question asked) {
 
 void ProofWall::retry() {
   m_failure.clear();
+  m_kept.removeIf([](const auto& kept) { return !kept.value().refusal.isEmpty(); });
   if (m_watched && !m_leads.value()) m_leads.load();
   follow();
 }

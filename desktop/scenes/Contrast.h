@@ -73,9 +73,34 @@ class Contrast {
     return QList<QQuickItem*>(scrim.base(), drawn.cend());
   }
 
+  static bool isBusy(const QQuickItem& item) {
+    return item.property("busy").toBool() || (item.parentItem() && item.parentItem()->property("busy").toBool());
+  }
+
+  /// Something opaque that is drawn later lies over all of it.
+  static bool isCovered(const QQuickItem& item, const QRectF& place) {
+    for (const QQuickItem* at = &item; const QQuickItem* parent = at->parentItem(); at = parent) {
+      const auto all = parent->childItems();
+      const auto own = all.indexOf(at);
+      for (qsizetype i = 0; i < all.size(); ++i)
+        if (all[i]->z() > at->z() || (all[i]->z() == at->z() && i > own))
+          if (covers(*all[i], place)) return true;
+    }
+    return false;
+  }
+  static bool covers(const QQuickItem& item, const QRectF& place) {
+    if (!item.isVisible() || item.opacity() < 1) return false;
+    if (item.inherits("QQuickRectangle") && item.property("color").value<QColor>().alpha() == 255 &&
+        item.mapRectToScene(item.boundingRect()).contains(place))
+      return true;
+    const auto children = item.childItems();
+    return std::any_of(children.begin(), children.end(),
+                       [&place](const QQuickItem* child) { return covers(*child, place); });
+  }
+
   void look(QQuickItem& item, double opacity, QRectF seen, QStringList& found) {
     opacity *= item.opacity();
-    if (!item.isVisible() || (opacity < 1 && (!item.isEnabled() || item.property("busy").toBool()))) return;
+    if (!item.isVisible() || (opacity < 1 && (!item.isEnabled() || isBusy(item)))) return;
     const QRectF place = item.mapRectToScene(item.boundingRect());
     if (item.clip()) seen &= place;
     const QString text = item.property("text").toString();
@@ -100,9 +125,10 @@ class Contrast {
     if (pixels.width() < 4 || pixels.height() < 4) return;
     // An icon may fill its square.
     const QRgb ground = item.inherits("orv::OrvIcon") ? groundAround(pixels) : groundIn(pixels);
-    const QRgb ink = over(ground, item.property("color").value<QColor>(), opacity);
+    const bool isSelected = !item.property("selectedText").toString().isEmpty();
+    const QRgb ink = over(ground, item.property(isSelected ? "selectedTextColor" : "color").value<QColor>(), opacity);
     const double reached = ratio(ink, ground);
-    if (reached >= wanted(item) || !isDrawn(pixels, ground, ink)) return;
+    if (reached >= wanted(item) || !isDrawn(pixels, ground, ink) || isCovered(item, place)) return;
     found.append(QStringLiteral("“%1” has a contrast of %2:1 (%3 on %4)")
                      .arg(what.left(40), QString::number(reached, 'f', 2), QColor(ink).name(), QColor(ground).name()));
   }

@@ -220,9 +220,13 @@ void Stage::tabTo(const QString& name) {
     auto* focused = QAccessible::queryAccessibleInterface(m_window->activeFocusItem());
     return focused && isCalled(focused, name);
   };
-  for (int stops = 0; !isThere(); ++stops) {
-    if (stops == stopsAtMost) throw StageTrouble(u"Tab never comes to “%1”."_s.arg(name));
+  QStringList passed;
+  while (!isThere()) {
+    if (passed.size() == stopsAtMost)
+      throw StageTrouble(u"Tab never comes to “%1”, but to %2."_s.arg(name, passed.join(u", "_s)));
     press(Qt::Key_Tab);
+    auto* focused = QAccessible::queryAccessibleInterface(m_window->activeFocusItem());
+    passed.append(focused ? focused->text(QAccessible::Name) : u"nothing"_s);
   }
 }
 

@@ -243,7 +243,12 @@ QList<SweepRow> campaignPageRows() {
        {u"steps"_s},
        {},
        [](SweepStage& s) { return page(s).sequence()->subject(); },
-       [](SweepStage& s) { return page(s).proof()->message(); },
+       // A lead that is refused says so in its own place, and the others are rendered all the same.
+       [](SweepStage& s) {
+         QString told = page(s).proof()->message();
+         for (const ProofEmail& email : page(s).proof()->emails()->records()) told += email.findings.join(u' ');
+         return told;
+       },
        true},
       {u"SequenceEditor::spin"_s,
        arriveAtSequence,

@@ -158,8 +158,8 @@ class SequenceTabTest : public QObject {
     // Narrower, the emails are a drawer; so wide, the preview asks for its leads.
     f->api.expect(u"GET /campaigns/c1/leads"_s);
     view->resize(1100, 700);
-    QQuickItem* start = withText(u"Starts when a lead is added to the campaign"_s);
-    QVERIFY(start);
+    QQuickItem* start = nullptr;
+    QTRY_VERIFY(start = withText(u"Starts when a lead is added to the campaign"_s));
     QVERIFY(QRectF(0, 77, 264, 56).contains(start->mapToScene({0, 0})));
   }
 

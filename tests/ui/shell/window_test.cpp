@@ -270,7 +270,7 @@ class WindowTest : public QObject {
 
     // From the heading to the tabs and the emails, a new one after the first, and into its text.
     press(Qt::Key_Down);
-    m_stage->tabTo(u"Emails"_s);
+    for (int stops = 0; stops < 20 && !focused()->inherits("QQuickListView"); ++stops) press(Qt::Key_Tab);
     press(Qt::Key_Insert);
     QCOMPARE(editor.title(), u"Email 2"_s);
     QCOMPARE(editor.stepCount(), before + 1);
