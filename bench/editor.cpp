@@ -87,6 +87,8 @@ bool editor(Scale scale) {
   SequenceEditor& shown = *open(stage, id).sequence();
   Q_EMIT shown.writingAsked();
   stage.settle();
+  // From the subject on to the text.
+  stage.press(Qt::Key_Return);
   const QString before = shown.body();
   Times keystroke;
   for (int i = 0; i < (scale.quick ? 2 : 200); ++i) {

@@ -82,7 +82,7 @@ ProofWall::ProofWall(CampaignContext& context, const SequenceAutosave& autosave,
   connect(&context.campaign, &ResourceBase::valueChanged, this, &ProofWall::follow);
   connect(&autosave, &SequenceAutosave::typed, this, &ProofWall::follow);
   connect(&context.workspace, &WorkspaceContext::reachable, this, [this] {
-    if (m_isOffline && !m_failure.isEmpty()) retry();
+    if (m_isOffline && !m_failure.isEmpty()) goOn();
   });
 }
 
@@ -206,8 +206,12 @@ Task<void> ProofWall::renderOne(Question asked) {
 }
 
 void ProofWall::retry() {
-  m_failure.clear();
   m_kept.removeIf([](const auto& kept) { return !kept.value().refusal.isEmpty(); });
+  goOn();
+}
+
+void ProofWall::goOn() {
+  m_failure.clear();
   if (m_watched && !m_leads.value()) m_leads.load();
   follow();
 }

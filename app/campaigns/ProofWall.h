@@ -96,7 +96,7 @@ class ProofWall final : public Store {
 
   /// The next dozen, after the last one the first.
   Q_INVOKABLE void showOthers();
-  /// Goes on after a failure.
+  /// Goes on after a failure, and asks again for the leads that were refused.
   Q_INVOKABLE void retry();
   Q_INVOKABLE void openLead(const QString& lead);
   Q_INVOKABLE void openText(const QString& lead);
@@ -132,6 +132,7 @@ class ProofWall final : public Store {
   Task<void> renderOne(Question asked);
   void chooseLeads();
   void follow();
+  void goOn();
   void run();
   void show();
   ProofEmail email(const QString& lead) const;

@@ -37,6 +37,8 @@ FocusScope {
         model: root.editor.steps
         activeFocusOnTab: root.editor.stepCount > 0
         keyNavigationEnabled: false
+        // A current entry would take the focus, and a screen reader knows nothing of it.
+        currentIndex: -1
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
         clip: true
@@ -51,6 +53,7 @@ FocusScope {
 
         Accessible.role: Accessible.List
         Accessible.name: "Emails"
+        Accessible.description: root.editor.title
         Keys.onUpPressed: root.editor.selectPlace(root.editor.place - 1)
         Keys.onDownPressed: root.editor.selectPlace(root.editor.place + 1)
         Keys.onReturnPressed: root.writeRequested()
