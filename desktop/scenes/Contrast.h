@@ -141,11 +141,23 @@ class Contrast {
   }
   QRgb mostOf(const QRect& pixels, const QRect& leftOut) const {
     QHash<QRgb, int> counts;
-    QRgb most = m_picture.pixel(pixels.topLeft());
-    for (int y = pixels.top(); y <= pixels.bottom(); ++y)
-      for (int x = pixels.left(); x <= pixels.right(); ++x)
-        if (!leftOut.contains(x, y))
-          if (const QRgb colour = m_picture.pixel(x, y); ++counts[colour] > counts.value(most)) most = colour;
+    QRgb most = m_picture.pixel(pixels.topLeft()), last = most;
+    int run = 0;
+    // By runs of one colour: nearly all of a text's ground is one.
+    const auto count = [&] {
+      if (run > 0 && (counts[last] += run) > counts.value(most)) most = last;
+      run = 0;
+    };
+    for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+      const auto* line = reinterpret_cast<const QRgb*>(m_picture.constScanLine(y));
+      for (int x = pixels.left(); x <= pixels.right(); ++x) {
+        if (leftOut.contains(x, y)) continue;
+        if (line[x] != last) count();
+        last = line[x];
+        ++run;
+      }
+    }
+    count();
     return most;
   }
 

@@ -59,6 +59,7 @@ void ChartPlot::setSeriesColors(const QList<QColor>& colors) {
 
 void ChartPlot::takeData() {
   layOut();
+  m_legend = makeLegend();
   Q_EMIT dataChanged();
 }
 
@@ -98,7 +99,7 @@ void ChartPlot::setFollowed(int day) {
   Q_EMIT currentChanged();
 }
 
-QVariantList ChartPlot::legend() const {
+QVariantList ChartPlot::makeLegend() const {
   const ChartLook look{.series = m_seriesColors,
                        .failed = m_failedColor,
                        .grid = {},

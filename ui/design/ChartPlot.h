@@ -76,7 +76,7 @@ class ChartPlot : public ImageItem {
   void setSeriesColors(const QList<QColor>& colors);
 
   int seriesCount() const { return int(m_data.series().size()); }
-  QVariantList legend() const;
+  const QVariantList& legend() const { return m_legend; }
   bool isBlank() const { return m_data.isEmpty(); }
   QString summary() const { return m_data.summary(); }
   QString widestValue() const;
@@ -114,11 +114,14 @@ class ChartPlot : public ImageItem {
   void geometryChange(const QRectF& now, const QRectF& before) override;
 
  private:
+  QVariantList makeLegend() const;
   void takeData();
   void layOut();
   void findCurrent();
 
   ChartData m_data;
+  /// Made once for what is shown: the page reads the whole of it for each thing that it reads of an entry.
+  QVariantList m_legend;
   ChartScale m_scale;
   ChartScale::Kind m_kind = ChartScale::Kind::line;
   QStringList m_days;
