@@ -2,6 +2,7 @@
 
 #include "app/base/PagedListBase.h"
 #include "app/base/PagedRows.h"
+#include "app/base/RowFields.h"
 
 namespace orv {
 
@@ -225,12 +226,23 @@ class PagedList final : public PagedListBase {
       return m_options.row(item);
   }
 
-  /// Not every page has to say how many there are: what one says stands until another says it.
   void takeHead(size_t page, Page answer) {
-    if constexpr (requires { answer.counts.has_value(); })
-      if (page > 0 && m_head && !answer.counts) return;
     answer.items.clear();
+    if constexpr (boost::describe::has_describe_members<Page>::value)
+      if (page > 0 && m_head) keepSaid(answer);
     m_head = std::move(answer);
+  }
+
+  /// Not every page says how many there are: the first one that does is believed, until the beginning is read again.
+  void keepSaid(Page& answer) const {
+    auto cursor = std::move(answer.nextCursor);
+    boost::mp11::mp_for_each<RowMembers<Page>>([&](auto member) {
+      auto& said = answer.*member.pointer;
+      const auto& known = (*m_head).*member.pointer;
+      if constexpr (requires { known.has_value(); })
+        if (known) said = known;
+    });
+    answer.nextCursor = std::move(cursor);
   }
 
   std::vector<Row> matching(std::vector<Row> rows) const {

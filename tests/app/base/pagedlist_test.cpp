@@ -33,7 +33,9 @@ struct ThingPage {
   QList<Thing> items;
   std::optional<QString> nextCursor;
   std::optional<QMap<QString, qint64>> counts;
+  std::optional<qint64> archivedCount;
 };
+BOOST_DESCRIBE_STRUCT(ThingPage, (), (items, nextCursor, counts, archivedCount))
 
 using ThingRows = RecordModel<ThingRow>;
 using ThingList = PagedList<ThingPage, ThingRows>;
@@ -192,6 +194,26 @@ class PagedListTest : public QObject {
     QCOMPARE(list->stateName(), State::Loading);
     pages->give(page({}));
     QCOMPARE(list->stateName(), State::Empty);
+  }
+
+  void whatPagesSayOfTheWholeIsOfTheFirstThatSaysIt() {
+    make({.whole = true});
+    const auto saying = [](ThingPage page, std::optional<qint64> all, std::optional<qint64> archived) {
+      if (all) page.counts = QMap<QString, qint64>{{u"all"_s, *all}};
+      page.archivedCount = archived;
+      return page;
+    };
+    list->load();
+    pages->give(saying(page({1}, u"a"_s), 9, {}));
+    pages->give(saying(page({2}, u"b"_s), 4, 5));
+    pages->give(saying(page({3}), {}, 6));
+    QCOMPARE(list->head()->counts->value(u"all"_s), 9);
+    QCOMPARE(list->head()->archivedCount, 5);
+    QVERIFY(!list->head()->nextCursor);
+    list->load();
+    pages->give(saying(page({1}, u"a"_s), 8, 7));
+    QCOMPARE(list->head()->counts->value(u"all"_s), 8);
+    QCOMPARE(list->head()->archivedCount, 7);
   }
 
   void readingAgainCostsWhatTheScreenNeeds() {
