@@ -84,7 +84,7 @@ endif()
 
 set(ORVELLA_TEST_ENVIRONMENT
   "QT_QPA_PLATFORM=offscreen" "QT_QUICK_BACKEND=software" "LC_ALL=C.UTF-8"
-  "ASAN_OPTIONS=detect_stack_use_after_return=1"
+  "ASAN_OPTIONS=detect_stack_use_after_return=1:malloc_context_size=12:quarantine_size_mb=64"
   "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/leaks.supp:print_suppressions=0"
   "UBSAN_OPTIONS=print_stacktrace=1"
   "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/scripts/races.supp")

@@ -14,7 +14,7 @@ DeliverabilityStore& openDeliverability(Stage& stage) {
   return *stage.app().session()->store<DeliverabilityStore>();
 }
 
-void openInbox(Stage& stage, const QString& tab) {
+void openMailbox(Stage& stage, const QString& tab) {
   auto& store = openDeliverability(stage);
   store.setStage(tab);
   if (store.rows()->rowCount() > 0) store.open(store.rows()->records().front().id);
@@ -24,13 +24,13 @@ void openInbox(Stage& stage, const QString& tab) {
 
 QList<Scene> deliverabilityScenes() {
   return {
-      page(u"deliverability"_s, [](Stage& s) { openInbox(s, u"repair"_s); }),
+      page(u"deliverability"_s, [](Stage& s) { openMailbox(s, u"repair"_s); }),
       {u"deliverability-list"_s, [](Stage& s) { openDeliverability(s).sort(u"rate"_s, false); }},
       {u"deliverability-watching-only"_s,
        [](Stage& s) {
          s.app().openWorkspace(u"caldera"_s);
          s.settle();
-         openInbox(s, {});
+         openMailbox(s, {});
        }},
       {u"deliverability-not-scanned"_s,
        [](Stage& s) {
@@ -59,7 +59,7 @@ QList<Scene> deliverabilityScenes() {
        [](Stage& s) {
          openDeliverability(s);
          s.transport().mode = Mode::failing;
-         openInbox(s, {});
+         openMailbox(s, {});
        }},
       {u"deliverability-offline-saved"_s,
        [](Stage& s) {

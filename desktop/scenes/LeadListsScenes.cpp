@@ -30,7 +30,7 @@ LeadListStore& openList(Stage& stage) {
   return *stage.app().session()->item<LeadListStore>(Page::leads, id);
 }
 
-LeadListStore& openTicked(Stage& stage) {
+LeadListStore& openTickedList(Stage& stage) {
   LeadListStore& list = openList(stage);
   const QStringList ids = list.results()->list()->shownIds();
   for (const qsizetype row : {1, 2, 4}) list.results()->selection()->toggle(ids.value(row));
@@ -102,8 +102,8 @@ QList<Scene> leadListsScenes() {
          leads.leadActions()->lists()->exporting()->setHowMany(u"100001"_s);
        }},
       page(u"lead-list"_s, [](Stage& s) { openList(s); }),
-      {u"lead-list-ticked"_s, [](Stage& s) { openTicked(s); }},
-      {u"lead-list-removed"_s, [](Stage& s) { openTicked(s).removeTicked(); }},
+      {u"lead-list-ticked"_s, [](Stage& s) { openTickedList(s); }},
+      {u"lead-list-removed"_s, [](Stage& s) { openTickedList(s).removeTicked(); }},
       {u"lead-list-gone"_s,
        [](Stage& s) {
          openLists(s);
@@ -126,10 +126,10 @@ QList<Scene> leadListsScenes() {
            many += "p" + QByteArray::number(i) + "@fleet.example.org,Ann,,,,,,,,,valid\n";
          chooseFile(s, many).submit();
        }},
-      {u"add-to-list"_s, [](Stage& s) { openTicked(s).results()->addToList(); }},
+      {u"add-to-list"_s, [](Stage& s) { openTickedList(s).results()->addToList(); }},
       {u"add-to-list-new"_s,
        [](Stage& s) {
-         auto& list = openTicked(s);
+         auto& list = openTickedList(s);
          list.results()->addToList();
          s.settle();
          auto& form = *list.leadActions()->listAdding();
@@ -138,7 +138,7 @@ QList<Scene> leadListsScenes() {
        }},
       {u"add-to-list-done"_s,
        [](Stage& s) {
-         auto& list = openTicked(s);
+         auto& list = openTickedList(s);
          list.results()->addToList();
          s.settle();
          auto& form = *list.leadActions()->listAdding();
@@ -146,17 +146,17 @@ QList<Scene> leadListsScenes() {
          form.list()->setNewName(u"Second round"_s);
          form.submit();
        }},
-      {u"add-to-campaign"_s, [](Stage& s) { openTicked(s).results()->addToCampaign(); }},
+      {u"add-to-campaign"_s, [](Stage& s) { openTickedList(s).results()->addToCampaign(); }},
       {u"add-to-campaign-new"_s,
        [](Stage& s) {
-         auto& list = openTicked(s);
+         auto& list = openTickedList(s);
          list.results()->addToCampaign();
          s.settle();
          list.leadActions()->campaignAdding()->setCurrent(u"__new__"_s);
        }},
       {u"add-to-campaign-done"_s,
        [](Stage& s) {
-         auto& list = openTicked(s);
+         auto& list = openTickedList(s);
          list.results()->addToCampaign();
          s.settle();
          auto& form = *list.leadActions()->campaignAdding();
@@ -164,7 +164,7 @@ QList<Scene> leadListsScenes() {
          form.setNewName(u"Owners, US"_s);
          form.submit();
        }},
-      {u"lead-list-unlock"_s, [](Stage& s) { openTicked(s).results()->unlock(); }},
+      {u"lead-list-unlock"_s, [](Stage& s) { openTickedList(s).results()->unlock(); }},
   };
 }
 

@@ -14,7 +14,7 @@ RampupStore& openRampup(Stage& stage) {
   return *stage.app().session()->store<RampupStore>();
 }
 
-RampupStore& openTicked(Stage& stage) {
+RampupStore& openTickedPlans(Stage& stage) {
   RampupStore& rampup = openRampup(stage);
   const auto& rows = rampup.list()->rows()->records();
   for (const size_t row : {2, 3, 4, 10}) rampup.bulk()->selection()->toggle(rows[row].id);
@@ -49,12 +49,12 @@ bool isRamping(const RampupItem& item) {
 
 QList<Scene> listScenes() {
   return {
-      page(u"rampup"_s, [](Stage& s) { openTicked(s); }),
+      page(u"rampup"_s, [](Stage& s) { openTickedPlans(s); }),
       {u"rampup-phase"_s, [](Stage& s) { openRampup(s).setFilter(u"rampup"_s); }},
       {u"rampup-sorted"_s, [](Stage& s) { openRampup(s).sort(u"inbox"_s, false); }},
-      {u"rampup-bulk-editor"_s, [](Stage& s) { openTicked(s).bulk()->edit(); }},
-      {u"rampup-bulk-skips"_s, [](Stage& s) { openTicked(s).bulk()->pause(); }},
-      {u"rampup-warmup-off"_s, [](Stage& s) { openTicked(s).bulk()->switchWarmup(false); }},
+      {u"rampup-bulk-editor"_s, [](Stage& s) { openTickedPlans(s).bulk()->edit(); }},
+      {u"rampup-bulk-skips"_s, [](Stage& s) { openTickedPlans(s).bulk()->pause(); }},
+      {u"rampup-warmup-off"_s, [](Stage& s) { openTickedPlans(s).bulk()->switchWarmup(false); }},
       {u"rampup-empty"_s, [](Stage& s) { openRampup(s); }, Mode::empty},
       {u"rampup-loading"_s,
        [](Stage& s) {

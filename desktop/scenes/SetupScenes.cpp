@@ -24,7 +24,7 @@ SetupProjectStore& openProject(Stage& stage, const QString& id, const QString& t
   return project;
 }
 
-QList<Scene> listScenes() {
+QList<Scene> setupListScenes() {
   return {
       page(u"setup"_s, [](Stage& s) { openSetup(s); }),
       {u"setup-new-kind"_s, [](Stage& s) { openSetup(s).beginCreate(); }},
@@ -45,7 +45,7 @@ QList<Scene> listScenes() {
   };
 }
 
-QList<Scene> projectScenes() {
+QList<Scene> setupProjectScenes() {
   return {
       page(u"setup-project"_s, [](Stage& s) { openProject(s, u"sp1"_s).domains()->lookUp(); }),
       {u"setup-project-edited"_s,
@@ -84,6 +84,6 @@ QList<Scene> runScenes() {
 
 }  // namespace
 
-QList<Scene> setupScenes() { return listScenes() + projectScenes() + runScenes(); }
+QList<Scene> setupScenes() { return setupListScenes() + setupProjectScenes() + runScenes(); }
 
 }  // namespace orv
