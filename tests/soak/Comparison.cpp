@@ -98,7 +98,10 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
       if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->ensureLoaded();
   m_rest();
   align();
-  if (m_refreshing) m_shown.app().openPage()->store()->refresh();
+  // Of a page in sections each has its own "Refresh".
+  if (m_refreshing)
+    for (const Part& part : m_shown.page())
+      if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->refresh();
   m_rest();
   readAsFar();
   const Reading shown = readingOf(*m_shown.app().openPage()->store());
@@ -128,19 +131,21 @@ void Comparison::align() {
       const QVariant value = property.read(other);
       if (property.read(part.object) != value) property.write(part.object, value);
     }
+    // The one as the other: nothing puts away a conversation that is open.
+    chooseAs(*other, *part.object, "open", "openId");
     chooseAs(*part.object, *other, "chooseRange", "range");
     chooseAs(*part.object, *other, "chooseDatabase", "database");
     seriesAs(*part.object, *other);
     sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
     sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
   }
-  // What one of them has asked for, the other asks for as well.
+  // What one of them has asked for both ask for, and what failed again: so does whoever opens it.
   const auto shown = byPath(m_shown.page());
   const auto ask = [](const QMap<QString, QObject*>& first, const QMap<QString, QObject*>& second) {
     for (auto one = first.begin(); one != first.end(); ++one) {
       auto* const resource = qobject_cast<ResourceBase*>(one.value());
       auto* const other = qobject_cast<ResourceBase*>(second.value(one.key()));
-      if (resource && other && other->isAsked()) resource->ensureLoaded();
+      if (resource && other && (resource->isAsked() || other->isAsked())) resource->ensureLoaded();
     }
   };
   ask(shown, held);

@@ -49,6 +49,7 @@ class Soak {
   QStringList differencesNow(bool refreshing, std::optional<Page> only);
   /// A change behind the client's back must be found, or nothing else that is not found says anything.
   void proveComparison();
+  bool openTheirs();
   void measure();
   void judge();
   void fail(const QString& what);

@@ -6,6 +6,7 @@
 #include <QSequentialIterable>
 #include <QSet>
 #include <QVariant>
+#include <algorithm>
 
 #include "app/base/Choice.h"
 
@@ -120,13 +121,21 @@ Reading readingOf(QObject& root) {
 
 QStringList differences(const Reading& shown, const Reading& held) {
   QStringList lines;
-  const auto cut = [](const QString& text) { return text.size() > 300 ? text.first(300) + u'…' : text; };
+  const auto cut = [](const QString& text, qsizetype from = 0) {
+    constexpr qsizetype before = 40, most = 300;
+    const qsizetype at = std::max<qsizetype>(0, from - before);
+    return (at > 0 ? u"…"_s : QString()) + text.mid(at, most) + (text.size() > at + most ? u"…"_s : QString());
+  };
   for (auto field = shown.begin(); field != shown.end(); ++field) {
     const auto other = held.find(field.key());
-    if (other == held.end())
+    if (other == held.end()) {
       lines.append(field.key() + u": shown “"_s + cut(field.value()) + u"”, held not at all"_s);
-    else if (other.value() != field.value())
-      lines.append(field.key() + u": shown “"_s + cut(field.value()) + u"”, held “"_s + cut(other.value()) + u'”');
+    } else if (other.value() != field.value()) {
+      // From where they part.
+      const auto parted = std::ranges::mismatch(field.value(), other.value()).in1 - field.value().begin();
+      lines.append(field.key() + u": shown “"_s + cut(field.value(), parted) + u"”, held “"_s +
+                   cut(other.value(), parted) + u'”');
+    }
   }
   for (auto field = held.begin(); field != held.end(); ++field)
     if (!shown.contains(field.key())) lines.append(field.key() + u": not shown, held “"_s + cut(field.value()) + u'”');

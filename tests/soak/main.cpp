@@ -22,6 +22,7 @@ void describe(QCommandLineParser& options) {
        {u"simulated"_s, u"Minutes that pass for the client meanwhile."_s, u"n"_s, u"60"_s},
        {u"faults"_s, u"Share of requests that go wrong."_s, u"rate"_s, u"0.04"_s},
        {u"seed"_s, u"Draws what is pressed and what fails; another one each time when left out."_s, u"seed"_s},
+       {u"no-comparison"_s, u"Compares no page: the run ends well when nothing breaks, hangs or grows."_s},
        {u"serve"_s, u"Is the service of such a run."_s}});
 }
 
