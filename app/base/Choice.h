@@ -4,15 +4,18 @@
 #include <QObject>
 #include <QString>
 
+#include "app/base/shownName.h"
+
 namespace orv {
 
-/// One of several things that a person chooses from, as controls show it.
+/// One of several things that a person chooses from. Controls read label and detail as names that somebody else gave;
+/// code has them as they are.
 struct Choice {
   Q_GADGET
   Q_PROPERTY(QString key MEMBER key)
-  Q_PROPERTY(QString label MEMBER label)
+  Q_PROPERTY(QString label READ shownLabel)
   /// A second line, where a choice needs words.
-  Q_PROPERTY(QString detail MEMBER detail)
+  Q_PROPERTY(QString detail READ shownDetail)
   /// How many there are of it; negative where nobody counts.
   Q_PROPERTY(int count MEMBER count)
   Q_PROPERTY(bool ticked MEMBER ticked)
@@ -24,6 +27,8 @@ struct Choice {
   int count = -1;
   bool ticked = false;
 
+  QString shownLabel() const { return shownName(label); }
+  QString shownDetail() const { return shownName(detail); }
   bool operator==(const Choice&) const = default;
 };
 

@@ -9,6 +9,7 @@
 
 #include "app/base/ListModel.h"
 #include "app/base/WorkspaceContext.h"
+#include "app/base/shownName.h"
 
 namespace orv {
 
@@ -46,7 +47,8 @@ class Job final : public QObject {
 
   /// "Adding leads from people.csv to Fair".
   const QString& name() const { return m_name; }
-  QString workspace() const { return m_context->workspace().name; }
+  /// Its name, as it is shown.
+  QString workspace() const { return shownName(m_context->workspace().name); }
   QString slug() const { return m_context->workspace().slug; }
   WorkspaceContext& context() const { return *m_context; }
 

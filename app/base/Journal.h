@@ -40,7 +40,8 @@ class Journal final : public QObject {
     QString origin;
     bool operator==(const Person&) const = default;
   };
-  /// Names a text: the workspace, and what it is there ("campaigns/c1/sequence").
+  /// Names a text: the workspace, and what it is there, from page and record on ("campaigns/c1/sequence"), which is
+  /// where somebody is led who looks for it. Instead of a record "tab:company", or "new" for what the page makes.
   struct Key {
     QString workspace;
     QString name;

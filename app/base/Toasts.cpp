@@ -14,7 +14,7 @@ Toasts::Toasts(Clock& clock, QObject* parent) : QAbstractListModel(parent), m_cl
 QUuid Toasts::show(Message message) {
   for (qsizetype row = m_toasts.size() - 1; row >= 0; --row) {
     if (m_toasts[row].message != message.message) continue;
-    if (message.accumulates && m_toasts[row].accumulates) {
+    if (message.accumulates && m_toasts[row].accumulates && m_toasts[row].action) {
       message.action = [before = m_toasts[row].action, now = message.action] {
         before();
         now();
@@ -28,6 +28,7 @@ QUuid Toasts::show(Message message) {
   m_toasts.append(toast);
   endInsertRows();
   startTimer(toast);
+  if (toast.actsOn) connect(toast.actsOn, &QObject::destroyed, this, [this, id = toast.id] { withdrawAction(id); });
   while (m_toasts.size() > visibleAtMost) removeAt(0);
   Q_EMIT countChanged();
   return toast.id;
@@ -46,6 +47,14 @@ void Toasts::dismiss(const QUuid& id) {
     removeAt(row);
     Q_EMIT countChanged();
   }
+}
+
+void Toasts::withdrawAction(const QUuid& id) {
+  const auto row = rowOf(id);
+  if (row < 0) return;
+  m_toasts[row].action = {};
+  m_toasts[row].actionLabel.clear();
+  Q_EMIT dataChanged(index(int(row)), index(int(row)), {ActionLabelRole});
 }
 
 void Toasts::act(const QUuid& id) {

@@ -26,13 +26,15 @@ class Toasts final : public QAbstractListModel {
     Tone tone = Tone::standard;
     /// Empty for a toast without an action.
     QString actionLabel = {};
-    /// Runs on the main thread. Must not keep alive, nor trust to be alive, what it acts on.
+    /// Runs on the main thread. Must not keep a store alive, nor trust one to be alive.
     std::function<void()> action = {};
     /// A second, quieter line.
     QString detail = {};
     /// The action of a toast with the same message, which this one takes the place of, is not lost: this one's does
     /// both.
     bool accumulates = false;
+    /// Without it the action would do nothing: it is no longer offered once this has gone.
+    QObject* actsOn = nullptr;
   };
   struct Toast : Message {
     QUuid id;
@@ -67,6 +69,7 @@ class Toasts final : public QAbstractListModel {
   static std::chrono::milliseconds duration(const Toast& toast);
   Task<void> expire(QUuid id, std::chrono::milliseconds after);
   void startTimer(const Toast& toast);
+  void withdrawAction(const QUuid& id);
   void removeAt(qsizetype row);
   qsizetype rowOf(const QUuid& id) const;
 
