@@ -231,7 +231,7 @@ QList<Scene> daysScenes() {
 
 QList<Scene> leadScenes() {
   return {
-      page(u"leads"_s, [](Stage& s) { openLeads(s); }),
+      page(u"campaign-leads"_s, [](Stage& s) { openLeads(s); }),
       {u"leads-ticked"_s,
        [](Stage& s) {
          auto& leads = openLeads(s);

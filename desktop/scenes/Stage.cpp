@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QQuickItem>
 #include <QTimer>
 
@@ -182,6 +183,10 @@ Stage::Stage(QQmlEngine& engine, const StageSetting& setting, StageTime* time)
   m_window->resize(setting.size);
   // The pointer rests where nothing answers to it; at the corner, where it would be, is the workspace's button.
   QCursor::setPos(m_window->mapToGlobal(QPoint(setting.size.width() / 2, 0)));
+  // Nobody has touched a key yet, whatever the stage before was left with.
+  QObject nobody;
+  QMouseEvent touch(QEvent::MouseButtonPress, {}, {}, Qt::LeftButton, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&nobody, &touch);
   m_window->show();
   m_window->requestActivate();
   settle();

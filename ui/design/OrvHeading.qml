@@ -14,7 +14,15 @@ Text {
     Accessible.name: text
     Accessible.focusable: true
 
-    FocusRing {
-        visible: root.activeFocus && InputMode.keyboard
+    // Around the words: the item is as wide as the header leaves it, and in some as high.
+    Item {
+        y: root.verticalAlignment === Text.AlignVCenter ? (root.height - height) / 2 : root.topPadding
+        x: root.leftPadding
+        width: Math.min(root.contentWidth, root.width - root.leftPadding)
+        height: root.contentHeight
+
+        FocusRing {
+            visible: root.activeFocus && InputMode.keyboard
+        }
     }
 }
