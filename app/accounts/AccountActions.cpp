@@ -32,6 +32,18 @@ ConfirmRequest forGoodQuestion(const QString& address) {
           .destructive = true};
 }
 
+/// As the store does it, or a message after the store is gone.
+Task<void> resumeIn(std::shared_ptr<WorkspaceContext> context, QString id, QString shown) {
+  BusySet busy;
+  Actions actions(*context, busy, [&context] { context->changes().stale<Mailbox>(); });
+  if (co_await actions.change(id, Requests::resumeMailbox(id), u"Couldn’t resume "_s + shown))
+    context->services().toasts.success(shown + u" resumed"_s);
+}
+
+std::function<void()> laterResume(WorkspaceContext& context, const QString& id, const QString& shown) {
+  return undo(context, [id, shown](auto there) { return resumeIn(std::move(there), id, shown); });
+}
+
 }  // namespace
 
 AccountActions::AccountActions(WorkspaceContext& context)
@@ -47,15 +59,14 @@ Task<void> AccountActions::pauseTask(QString id, QString address) {
   services().toasts.show({.message = shown + u" paused"_s,
                           .tone = Toasts::Tone::success,
                           .actionLabel = u"Resume"_s,
-                          .action = [actions = QPointer(this), id, address] {
-                            if (actions) actions->resume(id, address);
+                          .action = [actions = QPointer(this), id, address, gone = laterResume(context(), id, shown)] {
+                            actions ? actions->resume(id, address) : gone();
                           }});
 }
 
 Task<void> AccountActions::resumeTask(QString id, QString address) {
-  address = shownName(address);
-  if (co_await m_actions.perform(id, Requests::resumeMailbox(id), u"Couldn’t resume "_s + address))
-    services().toasts.success(address + u" resumed"_s);
+  const auto mark = m_busy.mark(id);
+  if (mark) co_await resumeIn(context().shared_from_this(), id, shownName(address));
 }
 
 Task<void> AccountActions::testTask(QString id, QString address) {

@@ -16,6 +16,9 @@ struct ActionTarget {
   QString record;
 };
 
+/// Told to whose change waited for its turn behind a removal.
+inline QString deletedMeanwhile() { return QStringLiteral("It was deleted meanwhile."); }
+
 /// How every store acts on a record: mark it busy, wait for its turn, send once, tell everybody of the answer or the
 /// person of a failure under the action's own sentence.
 class Actions {
@@ -60,7 +63,7 @@ class Actions {
     if (!turn) {
       m_context.services().toasts.show({.message = failure.isEmpty() ? QStringLiteral("Nothing was changed") : failure,
                                         .tone = Toasts::Tone::error,
-                                        .detail = QStringLiteral("It was deleted meanwhile.")});
+                                        .detail = deletedMeanwhile()});
       co_return std::nullopt;
     }
     co_return co_await send(build(), std::move(failure), std::move(first), std::move(tell));

@@ -77,7 +77,8 @@ void Job::tellEnd() {
                                          [job = QPointer(this), &jobs = m_jobs] {
                                            if (job) jobs.show(job);
                                          },
-                                     .detail = isDone ? QString() : m_outcome.text});
+                                     .detail = isDone ? QString() : m_outcome.text,
+                                     .actsOn = this});
 }
 
 Jobs::~Jobs() { qDeleteAll(m_jobs); }

@@ -42,6 +42,29 @@ Task<void> takeBack(std::shared_ptr<WorkspaceContext> workspace, QString campaig
   workspace->services().toasts.success(restoredText(*result, ids, name));
 }
 
+/// Leads whose turn has come. Those that were removed while theirs was waited for, which has been told, are not among
+/// them.
+struct TheirTurn {
+  QStringList ids;
+  std::vector<RecordTurns::Turn> turns;
+
+  void recordsGone() {
+    for (RecordTurns::Turn& turn : turns) turn.recordGone();
+  }
+};
+
+/// In the order in which everybody takes them who takes several: one at a time does, see CampaignLeads::m_bulk.
+Task<TheirTurn> theirTurn(RecordTurns* turns, QStringList ids) {
+  TheirTurn reached;
+  for (const QString& id : std::as_const(ids)) {
+    auto turn = co_await turns->next(id);
+    if (!turn) continue;
+    reached.ids.append(id);
+    reached.turns.push_back(std::move(turn));
+  }
+  co_return reached;
+}
+
 }  // namespace
 
 const CampaignLead* CampaignLeads::find(const QString& id) const {
@@ -118,7 +141,10 @@ Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done
   const auto mark = m_bulk.mark(bulk);
   if (!mark) co_return;
   const QString name = named(ids);
-  const auto result = co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{action, ids}), failure);
+  const auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  if (turn.ids.isEmpty()) co_return;
+  const auto result =
+      co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{action, turn.ids}), failure);
   if (!result) co_return;
   const QString rest = result->skipped == 0
                            ? QString()
@@ -140,9 +166,12 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
   if (!mark) co_return;
   const QString name = named(ids), failure = u"Couldn’t remove "_s + name;
   QString said = u"Removed "_s + name + u". It’s in Archived."_s;
+  auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  ids = turn.ids;
+  if (ids.isEmpty()) co_return;
   if (ids.size() == 1) {
-    if (!co_await m_actions.perform(ids.first(), Requests::removeLead(m_context.id, ids.first(), false), failure))
-      co_return;
+    const auto busy = m_busy.mark(ids.first());
+    if (!busy || !co_await m_actions.send(Requests::removeLead(m_context.id, ids.first(), false), failure)) co_return;
   } else {
     const auto result =
         co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{u"remove"_s, ids}), failure);
@@ -150,6 +179,7 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
     said = u"Removed "_s + countedLeads(result->changed) +
            (result->changed == 1 ? u". It’s in Archived."_s : u". They’re in Archived."_s);
   }
+  turn.recordsGone();
   takeOut(ids);
   m_context.services.toasts.show({.message = said,
                                   .actionLabel = u"Undo"_s,
@@ -166,6 +196,9 @@ Task<void> CampaignLeads::restoreTask(QStringList ids) {
   const auto mark = m_bulk.mark(bulk);
   if (!mark) co_return;
   const QString name = named(ids);
+  const auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  ids = turn.ids;
+  if (ids.isEmpty()) co_return;
   const auto result =
       co_await m_actions.send(Requests::restoreLeads(m_context.id, LeadIdsBody{ids}), u"Couldn’t restore "_s + name);
   if (!result) co_return;
@@ -179,9 +212,13 @@ Task<void> CampaignLeads::removeForGoodTask(QString id) {
   if (!lead || m_busy.contains(id)) co_return;
   const QString name = shownName(leadName(*lead));
   if (!co_await m_context.services.overlays.confirm(removeForGoodQuestion(name))) co_return;
-  const auto removed =
-      co_await m_actions.perform(id, Requests::removeLead(m_context.id, id, true), u"Couldn’t delete "_s + name);
-  if (!removed) co_return;
+  const auto mark = m_busy.mark(id);
+  if (!mark) co_return;
+  auto turn = co_await theirTurn(&m_context.workspace.turns(), {id});
+  if (turn.ids.isEmpty() ||
+      !co_await m_actions.send(Requests::removeLead(m_context.id, id, true), u"Couldn’t delete "_s + name))
+    co_return;
+  turn.recordsGone();
   takeOut({id});
   m_context.services.toasts.success(name + u" deleted for good"_s);
   changedElsewhere();

@@ -73,7 +73,7 @@ int CampaignLeads::totalCount() const {
   qint64 total = 0;
   for (const auto& [word, count] : page->counts->asKeyValueRange())
     if (m_status.isEmpty() || word == m_status) total += count;
-  return int(std::max<qint64>(total, shown));
+  return saturated(std::max<qint64>(total, shown));
 }
 
 QList<Choice> CampaignLeads::statusCounts() const {

@@ -5,6 +5,16 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+Task<void> resume(std::shared_ptr<WorkspaceContext> context, QString id, QString told) {
+  BusySet busy;
+  Actions actions(*context, busy, [&context, &id] { context->changes().stale<Campaign>(id); });
+  // Nothing outside the workspace was shown, so nothing of it is confirmed.
+  if (co_await actions.change(id, Requests::launchCampaign(id, {false}), {})) context->services().toasts.success(told);
+}
+
+}  // namespace
 
 void follow(CampaignSummary& row, const Campaign& campaign) {
   row.name = campaign.name;
@@ -20,6 +30,10 @@ void follow(CampaignSummary& row, const Campaign& campaign) {
 Archive<Campaign>::Requests campaignArchiveRequests() {
   return {.remove = [](const QString& id, bool forGood) { return Requests::deleteCampaign(id, forGood); },
           .restore = [](const QString& id) { return Requests::restoreCampaign(id); }};
+}
+
+std::function<void()> laterResume(WorkspaceContext& context, const QString& id, const QString& told) {
+  return undo(context, [id, told](auto there) { return resume(std::move(there), id, told); });
 }
 
 QString renameKey(const QString& id) { return u"campaigns/%1/rename"_s.arg(id); }

@@ -38,12 +38,14 @@ Archive<Campaign>::Words archiveWords() {
 /// Says what keeps the campaign from being launched, and offers the tab where the first of it is mended.
 ConfirmRequest blockedQuestion(const Campaign& campaign, const QList<QcCheck>& blocking) {
   QStringList lines;
-  for (const QcCheck& check : blocking) lines.append(shownName(check.label) + u": "_s + check.detail);
+  for (const QcCheck& check : blocking) lines.append(shownName(check.label) + u": "_s + shownName(check.detail));
   return {.title = shownName(campaign.name) + u" can’t launch yet"_s,
           .text = lines.join(u'\n'),
           .confirm = u"Show me"_s,
           .cancel = u"Close"_s};
 }
+
+const auto campaignResumed = u"Campaign resumed. Sends are being booked."_s;
 
 }  // namespace
 
@@ -266,14 +268,17 @@ Task<void> CampaignStore::launchTask() {
   if (!m_campaign.value() || !canWrite()) co_return;
   const auto mark = m_busy.mark(m_id);
   if (!mark) co_return;
-  if (!co_await saveSequence(u"Couldn’t launch the campaign."_s)) co_return;
+  const auto failure = u"Couldn’t launch the campaign."_s;
+  if (!co_await saveSequence(failure)) co_return;
   const bool resumes = isResume(*m_campaign.value());
   // What keeps a campaign from being launched is the service's to say of one that has been running.
   if (!resumes && !co_await checkBeforeLaunch()) co_return;
   const Campaign campaign = *m_campaign.value();
   if (!co_await services().overlays.confirm(launchQuestion(campaign))) co_return;
+  // Check and question take their time, and the text can be written on meanwhile.
+  if (!co_await saveSequence(failure)) co_return;
   if (!co_await m_actions.change(m_id, Requests::launchCampaign(m_id, {namesExternal(campaign)}), {})) co_return;
-  services().toasts.success(resumes ? u"Campaign resumed. Sends are being booked."_s
+  services().toasts.success(resumes ? campaignResumed
                                     : u"Campaign launched. The first email goes out in about 2 minutes."_s);
 }
 
@@ -284,8 +289,8 @@ Task<void> CampaignStore::pauseTask() {
   services().toasts.show({.message = u"Campaign paused. Booked sends were cancelled."_s,
                           .tone = Toasts::Tone::success,
                           .actionLabel = u"Resume"_s,
-                          .action = [store = QPointer(this)] {
-                            if (store) store->launch();
+                          .action = [store = QPointer(this), resume = laterResume(context(), m_id, campaignResumed)] {
+                            store ? store->launch() : resume();
                           }});
 }
 

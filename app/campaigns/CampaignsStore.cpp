@@ -29,6 +29,8 @@ ConfirmRequest removeForGoodQuestion(const CampaignSummary& campaign) {
           .destructive = true};
 }
 
+QString resumedText(const QString& name) { return name + u" resumed"_s; }
+
 Archive<Campaign>::Words wordsOfList() {
   const auto cannotRemove = [](const QString& name) { return u"Couldn’t delete "_s + name; };
   return {.removed = [](const QString& name) { return u"Deleted “"_s + name + u"”. It’s in Archived."_s; },
@@ -286,12 +288,13 @@ Task<void> CampaignsStore::pauseTask(QString id) {
   if (!campaign || !canWrite()) co_return;
   const QString name = shownName(campaign->name);
   if (!co_await m_actions.perform(id, Requests::pauseCampaign(id), {})) co_return;
-  services().toasts.show({.message = name + u" paused"_s,
-                          .tone = Toasts::Tone::success,
-                          .actionLabel = u"Resume"_s,
-                          .action = [store = QPointer(this), id] {
-                            if (store) store->resume(id);
-                          }});
+  services().toasts.show(
+      {.message = name + u" paused"_s,
+       .tone = Toasts::Tone::success,
+       .actionLabel = u"Resume"_s,
+       .action = [store = QPointer(this), id, resume = laterResume(context(), id, resumedText(name))] {
+         store ? store->resume(id) : resume();
+       }});
 }
 
 Task<void> CampaignsStore::resumeTask(QString id) {
@@ -302,7 +305,7 @@ Task<void> CampaignsStore::resumeTask(QString id) {
   if (!mark || !co_await savedFirst(id)) co_return;
   // Nothing outside the workspace was shown here, so nothing of it is confirmed.
   if (co_await m_actions.change(id, Requests::launchCampaign(id, {false}), {}))
-    services().toasts.success(name + u" resumed"_s);
+    services().toasts.success(resumedText(name));
 }
 
 Task<void> CampaignsStore::duplicateTask(QString id) {

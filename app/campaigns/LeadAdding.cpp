@@ -158,15 +158,15 @@ LeadBatch LeadAdding::batch() const {
 
 QString LeadAdding::jobName() const {
   QString whom = u"your leads"_s;
-  if (m_way == "manual"_L1) whom = m_draft.typed().email.trimmed();
-  if (m_way == "csv"_L1) whom = u"leads from "_s + fileName();
+  if (m_way == "manual"_L1) whom = shownName(m_draft.typed().email.trimmed());
+  if (m_way == "csv"_L1) whom = u"leads from "_s + shownName(fileName());
   if (m_way == "list"_L1) {
     whom = u"leads from a list"_s;
     for (const LeadList& list : m_lists.value() ? m_lists.value()->items : QList<LeadList>())
-      if (list.id == m_listId) whom = u"leads from "_s + list.name;
+      if (list.id == m_listId) whom = u"leads from "_s + shownName(list.name);
   }
   const Campaign* campaign = m_context.campaign.value();
-  return u"Adding "_s + whom + (campaign ? u" to "_s + campaign->name : QString());
+  return u"Adding "_s + whom + (campaign ? u" to "_s + shownName(campaign->name) : QString());
 }
 
 /// People are added by hand one after another: the form stays for the next, unless there is something to read.

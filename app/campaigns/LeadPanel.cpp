@@ -65,7 +65,7 @@ QString activityText(const LeadActivity& item) {
   QStringList parts;
   if (item.step) parts.append(u"Step "_s + QString::number(*item.step) + item.variant.value_or(QString()));
   for (const auto* part : {&item.subject, &item.detail, &item.account})
-    if (*part && !(*part)->isEmpty()) parts.append(**part);
+    if (*part && !(*part)->isEmpty()) parts.append(shownName(**part));
   return parts.join(u" · "_s);
 }
 
@@ -95,7 +95,13 @@ LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const Campaign
   });
 }
 
-QString LeadPanel::name() const { return leadName(m_lead); }
+QString LeadPanel::name() const { return shownName(leadName(m_lead)); }
+
+QString LeadPanel::conflict() const {
+  QStringList fields;
+  for (const QString& field : m_draft.rivals().keys()) fields.append(shownName(field));
+  return rivalsTold(fields);
+}
 
 bool LeadPanel::detailed() const { return m_detail.value() && m_detail.value()->lead.id == m_lead.id; }
 
@@ -110,7 +116,7 @@ QString LeadPanel::next() const {
 QVariantList LeadPanel::facts() const {
   QVariantList facts;
   const auto add = [&facts](const QString& label, const std::optional<QString>& value) {
-    if (value && !value->isEmpty()) facts.append(QVariantMap{{u"label"_s, label}, {u"value"_s, *value}});
+    if (value && !value->isEmpty()) facts.append(QVariantMap{{u"label"_s, label}, {u"value"_s, shownName(*value)}});
   };
   const auto moment = [](const std::optional<QString>& at) { return at ? std::optional(leadMoment(at)) : at; };
   add(u"Email"_s, m_lead.email);
@@ -136,7 +142,7 @@ QVariantList LeadPanel::activity() const {
   if (!detailed()) return lines;
   for (const LeadActivity& item : m_detail.value()->activity)
     lines.append(QVariantMap{
-        {u"title"_s, worded(item.kind)}, {u"text"_s, activityText(item)}, {u"when"_s, leadMoment(item.at)}});
+        {u"title"_s, shownName(worded(item.kind))}, {u"text"_s, activityText(item)}, {u"when"_s, leadMoment(item.at)}});
   return lines;
 }
 
@@ -175,11 +181,20 @@ Task<void> LeadPanel::saveTask() {
   if (saving() || !dirty()) co_return;
   const QString id = m_lead.id, name = this->name(), key = m_draft.key();
   const QJsonObject typed = m_draft.journal();
-  m_sent = m_draft.sending();
-  LeadPatchBody body{wholeData(m_lead, m_sent)};
+  CampaignLead lead = m_lead;
+  const QVariantMap sent = m_sent = m_draft.sending();
   auto submission = m_form.begin();
+  const QString title = u"Couldn’t save the fields of "_s + name;
+  const auto turn = co_await m_context.workspace.turns().next(id);
+  if (!turn) {
+    if (!submission.fail(deletedMeanwhile()))
+      m_context.services.toasts.show({.message = title, .tone = Toasts::Tone::error, .detail = deletedMeanwhile()});
+    co_return keep(key, typed);
+  }
+  if (m_lead.id == id) lead = m_lead;
   std::optional<APIError> failure;
   try {
+    const LeadPatchBody body{wholeData(lead, sent)};
     const CampaignLead saved = co_await m_context.api.send(Requests::editLeadData(m_context.id, id, body));
     if (submission.isShown()) {
       m_draft.taken(textsOf(saved), {});
@@ -188,14 +203,14 @@ Task<void> LeadPanel::saveTask() {
       });
       take(saved);
     } else {
-      m_context.services.toasts.success(u"Saved the fields of "_s + shownName(name));
+      m_context.services.toasts.success(u"Saved the fields of "_s + name);
     }
     m_changedLead(saved);
   } catch (const APIError& error) {
     failure = error;
   }
   if (!failure) co_return;
-  submission.fail(m_context.services.toasts, u"Couldn’t save the fields of "_s + shownName(name), *failure);
+  submission.fail(m_context.services.toasts, title, *failure);
   if (!submission.isShown()) keep(key, typed);
   // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
   if (submission.isShown() && mayHaveActed(*failure)) refresh();

@@ -64,7 +64,7 @@ class LeadPanel final : public Store {
   bool saving() const { return m_form.busy(); }
   QString error() const { return m_form.error(); }
   /// Which of the fields that were typed in somebody else has changed as well.
-  QString conflict() const { return rivalsTold(m_draft.rivals().keys()); }
+  QString conflict() const;
   FieldDraft* draft() { return &m_draft; }
   Recovery* recovery() { return &m_recovery; }
 

@@ -238,9 +238,11 @@ void SequenceDays::offerUndo(const QUuid& step, qint64 before) {
   const QUuid message = toasts.show(
       {.message = u"Email %1 waits %2"_s.arg(place + 1).arg(days == 1 ? u"1 day"_s : u"%1 days"_s.arg(days)),
        .actionLabel = u"Undo"_s,
-       .action = [self = QPointer(this), step, before] {
-         if (self) self->m_edit([&](SequenceDraft& draft) { draft.setDelay(step, before); });
-       }});
+       .action =
+           [self = QPointer(this), step, before] {
+             if (self) self->m_edit([&](SequenceDraft& draft) { draft.setDelay(step, before); });
+           },
+       .actsOn = this});
   m_offer = {message, step, before};
 }
 

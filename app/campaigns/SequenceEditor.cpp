@@ -222,7 +222,8 @@ void SequenceEditor::removeStep(const QString& step) {
                                         editor->m_step = key;
                                         editor->follow();
                                       },
-                                  .accumulates = true});
+                                  .accumulates = true,
+                                  .actsOn = this});
 }
 
 void SequenceEditor::setWaitDays(int days) {
@@ -261,7 +262,8 @@ void SequenceEditor::removeVariant(const QString& variant) {
                                         editor->edit([&key](SequenceDraft& draft) { draft.restoreVariant(key); });
                                         editor->showVariant(key.toString());
                                       },
-                                  .accumulates = true});
+                                  .accumulates = true,
+                                  .actsOn = this});
 }
 
 void SequenceEditor::setWeight(int weight) {

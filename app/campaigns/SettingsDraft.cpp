@@ -5,6 +5,7 @@
 
 #include "app/base/EmailAddress.h"
 #include "app/base/TimeZones.h"
+#include "app/base/shownName.h"
 #include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignOptions.h"
@@ -118,7 +119,7 @@ QString rivalText(const QString& field, const QVariant& value) {
   if (field == "senders"_L1) return label + u" are others"_s;
   const QString text = value.metaType() == QMetaType::fromType<QStringList>() ? value.toStringList().join(u", "_s)
                                                                               : value.toString().trimmed();
-  return text.isEmpty() ? label + u" is empty"_s : label + u" is “"_s + text + u'”';
+  return text.isEmpty() ? label + u" is empty"_s : label + u" is “"_s + shownName(text) + u'”';
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ QString Subsequences::labelsNote() const {
 
 QString Subsequences::explanation() const {
   const Campaign* campaign = m_context.campaign.value();
-  return u"It starts with "_s + (campaign ? campaign->name : QString()) +
+  return u"It starts with "_s + (campaign ? shownName(campaign->name) : QString()) +
          u"’s inboxes, schedule and options, and one step that replies in the lead’s conversation."_s;
 }
 

@@ -5,6 +5,7 @@
 #include "app/base/momentText.h"
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
+#include "kit/api/wholeNumber.h"
 #include "kit/models/setup/setupRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -151,7 +152,7 @@ QString SetupProjectStore::runFacts() const {
 QList<Choice> SetupProjectStore::runParts() const {
   QList<Choice> parts;
   const auto add = [&parts](const QString& tone, const QString& label, qint64 count, bool always) {
-    if (count > 0 || always) parts.append({.key = tone, .label = label, .count = int(count)});
+    if (count > 0 || always) parts.append({.key = tone, .label = label, .count = saturated(count)});
   };
   add(u"positive"_s, u"Connected"_s, m_counts.connected, true);
   add(u"accent"_s, u"Working"_s, m_counts.working, true);
