@@ -11,6 +11,11 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+struct Lead;
+struct LeadList;
+struct UnlockUsage;
+
 namespace {
 
 QString dayTextOf(const AnalyticsOverview& overview) {
@@ -55,8 +60,16 @@ DashboardStore::DashboardStore(WorkspaceContext& context)
       m_range(localToday(services().clock)),
       m_overview(*this, [this] { return loadOverview(); }, {.failed = u"Couldn’t load the dashboard"_s}) {
   connect(&m_overview, &ResourceBase::valueChanged, this, &DashboardStore::arrived);
-  // How many accounts are active and ready is another matter after each change of one.
-  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+  // How many accounts are active, how many leads and lists there are is another matter after each change of one.
+  follow<Mailbox>();
+  follow<Lead>();
+  follow<LeadList>();
+  follow<UnlockUsage>();
+}
+
+template <class Record>
+void DashboardStore::follow() {
+  context().changes().watch<Record>(this, [this](const Change<Record>& change) {
     if (change.acted) m_overview.markStale();
   });
 }

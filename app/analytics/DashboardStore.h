@@ -59,6 +59,8 @@ class DashboardStore final : public Store {
  private:
   Task<AnalyticsOverview> loadOverview();
   void arrived();
+  template <class Record>
+  void follow();
 
   RangeChoice m_range;
   Resource<AnalyticsOverview> m_overview;

@@ -114,8 +114,8 @@ QList<Choice> FacetList::rows() const {
   qsizetype at = 0;
   QStringList listed;
   for (const FacetPage::Item& item : items) {
-    const bool isTicked = ticked.contains(item.value);
-    listed.append(item.value);
+    const bool isTicked = holds(item.value);
+    listed.append(isTicked && !single() ? LeadSearch::piecesOf(item.value) : QStringList{item.value});
     if (at++ >= shownAtFirst && !m_isExpanded && !isTicked) continue;
     rows.append({.key = item.value,
                  .label = shownName(item.label),
@@ -129,12 +129,15 @@ QList<Choice> FacetList::rows() const {
   return rows;
 }
 
+bool FacetList::holds(const QString& value) const {
+  return single() ? m_context.search.value(m_key) == value : m_context.search.holds(m_key, value);
+}
+
 int FacetList::hiddenCount() const {
   const auto items = shownItems();
   if (m_isExpanded) return 0;
-  const QStringList ticked = m_context.search.pieces(m_key);
   int hidden = 0;
-  for (qsizetype at = shownAtFirst; at < items.size(); ++at) hidden += !ticked.contains(items[at].value);
+  for (qsizetype at = shownAtFirst; at < items.size(); ++at) hidden += !holds(items[at].value);
   return hidden;
 }
 

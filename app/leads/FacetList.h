@@ -91,6 +91,7 @@ class FacetList final : public Store {
   };
 
   Question question() const;
+  bool holds(const QString& value) const;
   bool isAnswered() const { return m_answered && *m_answered == question(); }
   QString knownAs(const QString& database) const { return m_field.key + u'/' + database; }
   void load();

@@ -39,9 +39,7 @@ Task<void> LeadActions::unlockTask(LeadTarget target) {
     services().toasts.show({.message = u"Tick leads, or select how many, to unlock them"_s});
     co_return;
   }
-  const ConfirmRequest question{.title = titleFor(target) + u'?',
-                                .text = (m_allowance.usedText() + u' ' + m_allowance.note()).trimmed(),
-                                .confirm = u"Unlock"_s};
+  const ConfirmRequest question{.title = titleFor(target) + u'?', .text = m_allowance.cost(), .confirm = u"Unlock"_s};
   if (!co_await services().overlays.confirm(question)) co_return;
   const auto result = co_await m_allowance.unlock(bodyFor(target), u"Couldn’t unlock the leads."_s);
   if (!result) co_return;

@@ -6,16 +6,22 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+const auto eachUsesOne = u"Each lead you don’t have yet uses one unlock."_s;
+
+}  // namespace
 
 LeadAllowance::LeadAllowance(WorkspaceContext& context, Store& whole)
     : Store(context, &whole),
       m_usage(*this, [this] { return api().send(Requests::unlockUsage()); }),
       m_actions(context, m_busy, [this] {
         m_usage.load();
+        this->context().changes().stale<UnlockUsage>();
         Q_EMIT inDoubt();
       }) {
   connect(&m_usage, &ResourceBase::changed, this, &LeadAllowance::changed);
-  connect(&m_busy, &BusySet::changed, this, &LeadAllowance::busyChanged);
+  connect(&m_busy, &BusySet::changed, this, &LeadAllowance::tellBusySoon);
 }
 
 QString LeadAllowance::leftText() const {
@@ -31,8 +37,7 @@ QString LeadAllowance::usedText() const {
 
 QString LeadAllowance::note() const {
   if (!known()) return {};
-  const QString text =
-      u"Each lead you don’t have yet uses one unlock. "_s + Format::grouped(usage()->left) + u" left this month."_s;
+  const QString text = eachUsesOne + u' ' + Format::grouped(usage()->left) + u" left this month."_s;
   const QDate resets = QDate::fromString(usage()->resetsAt, u"yyyy-MM-dd"_s);
   return resets.isValid() ? text + u" More on "_s + QLocale::c().toString(resets, u"d MMM"_s) : text;
 }
@@ -41,16 +46,43 @@ double LeadAllowance::share() const {
   return known() && usage()->limit > 0 ? std::clamp(double(usage()->used) / double(usage()->limit), 0.0, 1.0) : 0;
 }
 
+QString LeadAllowance::cost() const {
+  if (known()) return usedText() + u' ' + note();
+  return eachUsesOne + u" How many are left isn’t known."_s;
+}
+
+/// Thousands may be marked at once.
+void LeadAllowance::tellBusySoon() {
+  if (std::exchange(m_tellsSoon, true)) return;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        m_tellsSoon = false;
+        Q_EMIT busyChanged();
+      },
+      Qt::QueuedConnection);
+}
+
 Task<void> LeadAllowance::unlockOneTask(QString id) {
-  if (!canWrite()) co_return;
-  const auto mark = m_busy.mark(id);
-  if (!mark) co_return;
-  co_await unlock({.leadIds = QList<QString>{id}}, u"Couldn’t unlock the lead."_s);
+  if (canWrite()) co_await unlock({.leadIds = QList<QString>{id}}, u"Couldn’t unlock the lead."_s);
 }
 
 Task<std::optional<UnlockResult>> LeadAllowance::unlock(UnlockBody body, QString failure, Actions::Tell tell) {
-  auto result = co_await m_actions.send<UnlockResult>(
-      Requests::unlockLeads(body), std::move(failure), {}, [this, tell = std::move(tell)](const APIError& error) {
+  std::vector<BusySet::Mark> marks;
+  if (body.leadIds) {
+    // What is being unlocked already is not asked for again.
+    body.leadIds->removeIf([&](const QString& id) {
+      auto mark = m_busy.mark(id);
+      const bool isFree = bool(mark);
+      if (isFree) marks.push_back(std::move(mark));
+      return !isFree;
+    });
+    if (body.leadIds->isEmpty()) co_return std::nullopt;
+  }
+  // One after another: what is left is what the last answer says.
+  auto result = co_await m_actions.change<UnlockResult>(
+      u"leads/unlock"_s, [body] { return Requests::unlockLeads(body); }, std::move(failure), {},
+      [this, tell = std::move(tell)](const APIError& error) {
         return (tell && tell(error)) || (mayHaveActed(error) && tellDoubt(error));
       });
   if (!result) co_return result;
@@ -58,6 +90,8 @@ Task<std::optional<UnlockResult>> LeadAllowance::unlock(UnlockBody body, QString
     m_usage.update([&result](UnlockUsage& usage) { usage = result->usage; });
   else
     m_usage.load();
+  // Not the leads themselves: read again, those that were unlocked would leave the pool of new ones at once.
+  context().changes().stale<UnlockUsage>();
   Q_EMIT unlocked(result->items);
   co_return result;
 }

@@ -31,6 +31,8 @@ class LeadAllowance final : public Store {
   QString note() const;
   /// Of the allowance, what is used, from 0 to 1.
   double share() const;
+  /// What unlocking many costs, as far as that is known.
+  QString cost() const;
 
   /// Leads that are being unlocked.
   QStringList busyIds() const { return m_busy.ids().values(); }
@@ -52,10 +54,12 @@ class LeadAllowance final : public Store {
  private:
   Task<void> unlockOneTask(QString id);
   bool tellDoubt(const APIError& error);
+  void tellBusySoon();
 
   Resource<UnlockUsage> m_usage;
   BusySet m_busy;
   Actions m_actions;
+  bool m_tellsSoon = false;
 };
 
 }  // namespace orv

@@ -68,7 +68,11 @@ LeadCard::LeadCard(WorkspaceContext& context, Store& whole, Find find)
       m_ahead(context, [this](const QString& id) { return readTask(id); }),
       m_detail(*this, [this] { return loadTask(); }, {.loadsByItself = false}) {
   connect(&m_detail, &ResourceBase::changed, this, &LeadCard::changed);
-  context.changes().watch<Lead>(this, [this](const Change<Lead>& change) { follow(change); });
+  Changes& changes = context.changes();
+  changes.watch<Lead>(this, [this](const Change<Lead>& change) { follow(change); });
+  // Which lists and campaigns a lead is in nobody tells lead by lead.
+  changes.watch<LeadList>(this, [this](const Change<LeadList>& change) { placesChanged(change.acted); });
+  changes.watch<Campaign>(this, [this](const Change<Campaign>& change) { placesChanged(change.acted); });
 }
 
 Task<LeadRecord> LeadCard::readTask(QString id) {
@@ -137,6 +141,12 @@ void LeadCard::follow(const Change<Lead>& change) {
   if (change.kind == Change<Lead>::Kind::is && !change.acted) return;
   m_ahead.forget(change.id);
   if (isOf() && (change.id.isEmpty() || change.id == m_lead.id)) m_detail.load();
+}
+
+void LeadCard::placesChanged(bool acted) {
+  if (!acted) return;
+  m_ahead.forget();
+  if (isOf()) m_detail.load();
 }
 
 void LeadCard::take(const QList<UnlockResult::Item>& leads) {

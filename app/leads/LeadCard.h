@@ -10,6 +10,9 @@
 
 namespace orv {
 
+struct Campaign;
+struct LeadList;
+
 /// The card of one lead: at once what its row knows, then everything. It stays once it is opened, and comes and goes
 /// with a pointer that rests on a row; a row that the keyboard rests on is read ahead.
 class LeadCard final : public Store {
@@ -90,6 +93,7 @@ class LeadCard final : public Store {
   /// As far as it is known.
   const Lead& lead() const;
   void follow(const Change<Lead>& change);
+  void placesChanged(bool acted);
 
   Find m_find;
   ReadAhead<LeadRecord> m_ahead;

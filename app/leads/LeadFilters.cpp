@@ -11,7 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-const auto minKey = u"followersMin"_s, maxKey = u"followersMax"_s, placeKey = u"qin"_s;
+const auto minKey = u"followersMin"_s, maxKey = u"followersMax"_s, keywordsKey = u"q"_s, placeKey = u"qin"_s;
+const auto anywhere = u"any"_s;
 constexpr int followersAtMost = 2'000'000'000;
 
 QString chipKey(const LeadSearch::Part& part) { return part.key + u'=' + part.value; }
@@ -117,9 +118,9 @@ Choice LeadFilters::chip(const LeadSearch::Part& part) {
   // A key that this build does not know is told by itself: nothing narrows a search unseen.
   if (!field) chip.label = part.key;
   if (part.key == "industry"_L1) chip.label = LeadWords::industryTitle(database());
-  if (part.key == "q"_L1 && m_search.has(placeKey))
+  if (part.key == keywordsKey && m_search.has(placeKey))
     for (const Choice& place : keywordPlaces())
-      if (place.key == m_search.value(placeKey) && place.key != "any"_L1)
+      if (place.key == m_search.value(placeKey) && place.key != anywhere)
         chip.label += u" in "_s + place.label.toLower();
   if (field && field->kind == LeadField::Kind::flag) {
     chip.label.clear();
@@ -154,7 +155,7 @@ void LeadFilters::removeChip(const QString& chip) {
   } else {
     const qsizetype at = chip.indexOf(u'=');
     search.remove(LeadSearch::Part{chip.left(at), chip.mid(at + 1)});
-    if (!search.has(u"q"_s)) search.values.remove(placeKey);
+    if (!search.has(keywordsKey)) search.values.remove(placeKey);
   }
   edit(search);
 }
@@ -175,7 +176,7 @@ QStringList LeadFilters::exclusions() const {
 }
 
 QList<Choice> LeadFilters::keywordPlaces() {
-  return {{.key = u"any"_s, .label = u"Anywhere"_s},
+  return {{.key = anywhere, .label = u"Anywhere"_s},
           {.key = u"title"_s, .label = u"Title"_s},
           {.key = u"company"_s, .label = u"Company"_s},
           {.key = u"keywords"_s, .label = u"Company keywords"_s}};
@@ -190,12 +191,13 @@ void LeadFilters::setFolded(bool folded) {
 void LeadFilters::type(const QString& key, const QString& text) {
   LeadSearch search = m_search;
   search.set(key, text.trimmed().isEmpty() ? QString() : text);
+  if (key == keywordsKey && !search.has(keywordsKey)) search.values.remove(placeKey);
   edit(search, true);
 }
 
 void LeadFilters::choose(const QString& key, const QString& value) {
   LeadSearch search = m_search;
-  search.set(key, value);
+  search.set(key, key == placeKey && value == anywhere ? QString() : value);
   edit(search);
 }
 
@@ -203,7 +205,7 @@ void LeadFilters::toggle(const QString& key, const QString& value) {
   LeadSearch search = m_search;
   if (!LeadSearch::takesSeveral(key))
     search.set(key, search.value(key) == value ? QString() : value);
-  else if (search.pieces(key).contains(value))
+  else if (search.holds(key, value))
     search.remove(key, value);
   else
     search.add(key, value);

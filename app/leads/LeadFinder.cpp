@@ -2,6 +2,7 @@
 
 #include <QUrlQuery>
 
+#include "app/base/CampaignAdding.h"
 #include "app/leads/LeadLists.h"
 #include "app/leads/LeadWords.h"
 #include "kit/api/Format.h"
@@ -14,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-const auto poolKey = u"only"_s;
+const auto poolKey = u"only"_s, inList = u"list"_s, inCampaign = u"campaign"_s;
 
 /// A search as the way back keeps it.
 QString written(const LeadSearch& search) {
@@ -58,12 +59,28 @@ LeadFinder::LeadFinder(WorkspaceContext& context, Store& whole, LeadActions& act
   connect(&m_campaigns, &ResourceBase::valueChanged, &m_filters, &LeadFilters::recordsChanged);
   connect(lists.list(), &ResourceBase::valueChanged, &m_filters, &LeadFilters::recordsChanged);
   // Who unlocks a lead has it from then on.
-  connect(actions.allowance(), &LeadAllowance::unlocked, this, [this] {
-    if (m_pools.isAsked()) m_pools.load();
+  connect(actions.allowance(), &LeadAllowance::unlocked, this, &LeadFinder::countPools);
+  Changes& changes = context.changes();
+  changes.watch<Lead>(this, [this](const Change<Lead>& change) {
+    if (change.kind == Change<Lead>::Kind::stale && change.acted) countPools();
   });
-  context.changes().watch<Lead>(this, [this](const Change<Lead>& change) {
-    if (change.kind == Change<Lead>::Kind::stale && change.acted && m_pools.isAsked()) m_pools.load();
+  changes.watch<ListedLeads>(this, [this](const Change<ListedLeads>& change) { leadsCame(inList, change.id); });
+  changes.watch<AddedLeads>(this, [this](const Change<AddedLeads>& change) { leadsCame(inCampaign, change.id); });
+  changes.watch<Campaign>(this, [this](const Change<Campaign>& change) {
+    if (change.acted) m_campaigns.markStale();
   });
+}
+
+void LeadFinder::countPools() {
+  if (m_pools.isAsked()) m_pools.load();
+}
+
+/// Leads have come to a list or a campaign, or left it; with no id, nobody knows which. A search within it finds others
+/// now. Any other keeps its rows: what has just been added would vanish from under the person's eyes.
+void LeadFinder::leadsCame(const QString& key, const QString& id) {
+  const LeadSearch& search = m_results.search();
+  if (search.has(key) && (id.isEmpty() || search.value(key) == id)) m_results.list()->markStale();
+  countPools();
 }
 
 void LeadFinder::searchEdited(bool typed) {
@@ -93,11 +110,9 @@ void LeadFinder::ask() {
 
 std::optional<QList<FacetPage::Item>> LeadFinder::records(const QString& key) {
   QList<FacetPage::Item> items;
-  if (key == "campaign"_L1) {
-    if (!m_campaigns.value()) {
-      m_campaigns.ensureLoaded();
-      return std::nullopt;
-    }
+  if (key == inCampaign) {
+    if (!m_campaigns.refreshing()) m_campaigns.ensureLoaded();
+    if (!m_campaigns.value()) return std::nullopt;
     for (const CampaignSummary& campaign : m_campaigns.value()->items)
       items.append({.value = campaign.id, .label = campaign.name, .n = campaign.leads});
     return items;
@@ -135,12 +150,14 @@ void LeadFinder::ensureLoaded() {
   m_saved.ensureLoaded();
   m_results.ensureLoaded();
   if (!m_pools.isAsked()) m_pools.load();
+  if (m_campaigns.isAsked()) m_campaigns.ensureLoaded();
 }
 
 void LeadFinder::refresh() {
   m_results.refresh();
   m_pools.load();
   m_totals.load();
+  if (m_campaigns.isAsked()) m_campaigns.load();
   m_saved.refresh();
 }
 

@@ -62,6 +62,8 @@ class LeadFinder final : public Store {
  private:
   void searchEdited(bool typed);
   void ask();
+  void countPools();
+  void leadsCame(const QString& key, const QString& id);
   Task<void> askLater();
   std::optional<QList<FacetPage::Item>> records(const QString& key);
 

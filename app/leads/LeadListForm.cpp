@@ -20,14 +20,14 @@ QString LeadListForm::submitLabel() const { return m_edited ? u"Save"_s : u"Crea
 
 void LeadListForm::showNew() {
   m_edited.reset();
-  m_draft.setKey(u"new-lead-list"_s);
+  m_draft.setKey(u"leads/tab:lists/new"_s);
   m_draft.fill(LeadListFields{});
   Form::show();
 }
 
 void LeadListForm::showList(const LeadList& list) {
   m_edited = list;
-  m_draft.setKey(u"lead-lists/"_s + list.id + u"/name"_s);
+  m_draft.setKey(u"leads/"_s + list.id + u"/name"_s);
   m_draft.fill(LeadListFields{list.name, list.description.value_or(QString())});
   Form::show();
 }

@@ -124,7 +124,7 @@ QList<PageAction> LeadResults::offered(const QString& record) {
                     .title = u"Unlock"_s,
                     .icon = u"object-unlocked"_s,
                     .writes = true,
-                    .possible = !m_actions.allowance()->busyIds().contains(id),
+                    .possible = !m_actions.unlocking() && !m_actions.allowance()->busyIds().contains(id),
                     .run = [this, id] { m_actions.allowance()->unlockOne(id); }});
   else
     actions.append({.key = u"copy"_s,

@@ -46,10 +46,12 @@ OrvTableRow {
 
         OrvTextCell {
             required property OrvColumn modelData
+            readonly property bool isHidden: root.locked && modelData.key === "phone"
 
             column: modelData
-            text: root.model[modelData.key + "Text"] ?? ""
+            text: isHidden ? "••••••••" : root.model[modelData.key + "Text"] ?? ""
             color: modelData.key === "company" ? Theme.text : Theme.text2
+            Accessible.name: modelData.title + ", " + (isHidden ? "locked" : text)
         }
     }
 

@@ -56,7 +56,7 @@ PagedTable {
         emailColumn: emailCells
         verifiedColumn: verifiedCells
         textColumns: root.textColumns
-        canUnlock: root.canWrite
+        canUnlock: root.canWrite && !root.results.actions.unlocking
         unlockHint: root.results.actions.allowance.note
         onUnlockRequested: key => root.results.actions.allowance.unlockOne(key)
     }

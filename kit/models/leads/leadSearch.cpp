@@ -55,16 +55,22 @@ bool LeadSearch::takesSeveral(const QString& key) {
   return several.contains(key);
 }
 
-QStringList LeadSearch::pieces(const QString& key) const {
+QStringList LeadSearch::piecesOf(QStringView text) {
   QStringList pieces;
-  for (const QStringView piece : QStringTokenizer(value(key), u',')) {
+  for (const QStringView piece : QStringTokenizer(text, u',')) {
     if (const QStringView trimmed = piece.trimmed(); !trimmed.isEmpty()) pieces.append(trimmed.toString());
   }
   return pieces;
 }
 
+bool LeadSearch::holds(const QString& key, const QString& piece) const {
+  const QStringList standing = pieces(key), wanted = piecesOf(piece);
+  return !wanted.isEmpty() && std::ranges::all_of(wanted, [&](const QString& one) { return standing.contains(one); });
+}
+
 bool LeadSearch::hasFilters() const {
-  return std::ranges::any_of(keys(), [this](const QString& key) { return key != sourceKey && has(key); });
+  return std::ranges::any_of(keys(),
+                             [this](const QString& key) { return key != sourceKey && key != "qin"_L1 && has(key); });
 }
 
 QList<LeadSearch::Part> LeadSearch::parts() const {
@@ -89,14 +95,14 @@ void LeadSearch::set(const QString& key, const QString& value) {
 void LeadSearch::add(const QString& key, const QString& piece) {
   QStringList standing = pieces(key);
   // What is typed may hold commas itself.
-  for (const QString& added : LeadSearch{{{key, piece}}, {}}.pieces(key))
+  for (const QString& added : piecesOf(piece))
     if (!standing.contains(added)) standing.append(added);
   set(key, standing.join(u','));
 }
 
 void LeadSearch::remove(const QString& key, const QString& piece) {
   QStringList standing = pieces(key);
-  standing.removeAll(piece);
+  for (const QString& removed : piecesOf(piece)) standing.removeAll(removed);
   set(key, standing.join(u','));
 }
 

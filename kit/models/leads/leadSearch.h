@@ -32,9 +32,12 @@ struct LeadSearch {
 
   QString value(const QString& key) const { return values.value(key); }
   bool has(const QString& key) const { return !value(key).isEmpty(); }
-  /// What stands between a value's commas, without the blanks around it.
-  QStringList pieces(const QString& key) const;
-  /// Whether any filter is set; the database is none.
+  /// What stands between a text's commas, without the blanks around it.
+  static QStringList piecesOf(QStringView text);
+  QStringList pieces(const QString& key) const { return piecesOf(value(key)); }
+  /// The value is set. One with commas of its own is, when all of its pieces are.
+  bool holds(const QString& key, const QString& piece) const;
+  /// Whether any filter is set; the database is none, nor is where keywords are looked for.
   bool hasFilters() const;
   /// In the order of the keys, one for each value of a filter that takes several.
   QList<Part> parts() const;

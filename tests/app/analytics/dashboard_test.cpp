@@ -1,4 +1,7 @@
 #include "app/analytics/DashboardStore.h"
+#include "kit/models/leads/lead.h"
+#include "kit/models/leads/leadList.h"
+#include "kit/models/leads/unlocks.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "tests/app/analytics/AnalyticsPage.h"
 
@@ -43,9 +46,19 @@ class DashboardTest final : public AnalyticsPage {
     leave();
   }
 
-  void whatIsDoneWithAccountsIsReadAnew() {
+  void whatIsDoneElsewhereIsReadAnew_data() {
+    using Tell = void (*)(Changes&);
+    QTest::addColumn<Tell>("tell");
+    QTest::newRow("an account") << Tell([](Changes& changes) { changes.stale<Mailbox>(u"m1"_s); });
+    QTest::newRow("leads") << Tell([](Changes& changes) { changes.stale<Lead>(); });
+    QTest::newRow("a list") << Tell([](Changes& changes) { changes.gone<LeadList>(u"li1"_s, changes.stamp()); });
+    QTest::newRow("an unlocking") << Tell([](Changes& changes) { changes.stale<UnlockUsage>(); });
+  }
+  void whatIsDoneElsewhereIsReadAnew() {
+    using Tell = void (*)(Changes&);
+    QFETCH(Tell, tell);
     loadDashboard(todayOf(R"("mailboxes":2,"active":2,"ready":1,"lists":1)"));
-    f->context->changes().stale<Mailbox>(u"m1"_s);
+    tell(f->context->changes());
     settle();
     QVERIFY(dashboard->overview()->needsLoad());
     f->api.expect(overviewCall);

@@ -211,6 +211,9 @@ class AddingLeadsTest : public QObject {
   }
 
   void unlockingIsSaidAskedAndSentOnce() {
+    f->actions.unlock(two);
+    QCOMPARE(f->overlays.text(), u"Each lead you don’t have yet uses one unlock. How many are left isn’t known."_s);
+    f->overlays.answer(f->overlays.token(), false);
     f->api.expect(usage);
     f->actions.ensureLoaded();
     f->api.answer(usage, allowance(88));
@@ -226,6 +229,8 @@ class AddingLeadsTest : public QObject {
     f->confirm();
     QVERIFY(!f->overlays.asking() && f->actions.unlocking());
     QCOMPARE(f->sentBody(), (QJsonObject{{u"leadIds"_s, QJsonArray{u"l1"_s, u"l2"_s}}}));
+    QVERIFY(f->actions.allowance()->busyIds().contains(u"l2"_s));
+    f->actions.allowance()->unlockOne(u"l2"_s);
     f->api.answer(unlock,
                   R"({"items":[{"id":"l1","email":"a@x.example"}],"unlocked":1,"usage":)" + allowance(89) + "}");
     QCOMPARE(f->lastToast(), u"Unlocked 1 lead"_s);

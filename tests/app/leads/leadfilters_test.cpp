@@ -92,6 +92,36 @@ class LeadFiltersTest : public QObject {
     QCOMPARE(filters().database(), LeadSearch{.values = values}.database());
   }
 
+  void whereKeywordsAreLookedForGoesWithThem() {
+    f->expectSearch();
+    filters().choose(u"qin"_s, u"title"_s);
+    QVERIFY2(!filters().any(), "no filter, no chip, and every lead would be its target");
+    f->api.expect(f->leads);
+    f->api.expect(f->pools);
+    filters().type(u"q"_s, u"fleet"_s);
+    f->clock.advance(300ms);
+    QVERIFY(f->query(f->leads).contains(u"qin=title"_s));
+    filters().type(u"q"_s, u" "_s);
+    QVERIFY(filters().search().values.isEmpty());
+    f->expectSearch();
+    filters().choose(u"qin"_s, u"title"_s);
+    f->expectSearch();
+    filters().choose(u"qin"_s, u"any"_s);
+    QVERIFY(filters().search().values.isEmpty());
+  }
+
+  void aValueWithCommasIsTickedWhole() {
+    f->api.expect(f->facets);
+    facet(u"industry"_s).show();
+    f->api.answer(f->facets, SearchFixture::facetPage({"Food", "Oil, gas"}));
+    f->expectSearch();
+    filters().toggle(u"industry"_s, u"Oil, gas"_s);
+    QCOMPARE(rows(u"industry"_s), (QStringList{u"Food"_s, u"*Oil, gas"_s}));
+    f->expectSearch();
+    filters().toggle(u"industry"_s, u"Oil, gas"_s);
+    QVERIFY(!filters().any());
+  }
+
   void valuesAreReadForTheDatabaseAndKept() {
     QCOMPARE(f->asked(f->facets), 0);
     f->api.expect(f->facets);

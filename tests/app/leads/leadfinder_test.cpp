@@ -1,6 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QJsonArray>
 
+#include "app/base/CampaignAdding.h"
 #include "tests/app/leads/SearchFixture.h"
 
 using namespace orv;
@@ -232,6 +233,69 @@ class LeadFinderTest : public QObject {
     QCOMPARE(f->lastToast(), u"The unlock may have gone through."_s);
     QCOMPARE(f->asked(f->unlock), 2);
     QVERIFY(f->api.isWaiting(f->usage) && f->api.isWaiting(f->leads));
+  }
+
+  void unlocksGoOneAfterAnother() {
+    f->open(SearchFixture::page({f->lead("l1"), f->lead("l2")}));
+    const auto answered = [](const QByteArray& id, int left) {
+      return R"({"items":[{"id":")" + id +
+             R"(","email":"a@x.example"}],"unlocked":1,"usage":{"locked":true,"used":1,"limit":9,"left":)" +
+             QByteArray::number(left) + R"(,"resetsAt":"2026-12-01"}})";
+    };
+    LeadAllowance& allowance = *f->actions.allowance();
+    f->api.expect(f->unlock);
+    allowance.unlockOne(u"l1"_s);
+    allowance.unlockOne(u"l2"_s);
+    QCOMPARE(f->asked(f->unlock), 1);
+    QCOMPARE(allowance.busyIds().size(), 2);
+    f->api.expect(f->usage);
+    f->api.expect(f->pools);
+    f->api.expect(f->unlock);
+    f->api.answer(f->unlock, answered("l1", 8));
+    f->api.answer(f->usage, R"({"locked":true,"used":1,"limit":9,"left":8,"resetsAt":"2026-12-01"})");
+    f->api.expect(f->pools);
+    f->api.answer(f->unlock, answered("l2", 7));
+    QCOMPARE(allowance.leftText(), u"7 unlocks left"_s);
+  }
+
+  void whatCameToAListOrACampaignIsFoundInIt() {
+    f->open(SearchFixture::page({f->lead("l1")}));
+    f->expectSearch();
+    f->api.expect(u"GET /campaigns"_s);
+    f->filters.toggle(u"campaign"_s, u"c1"_s);
+    f->api.answer(f->leads, SearchFixture::page({f->lead("l1")}));
+    f->api.answer(u"GET /campaigns"_s, R"({"items":[]})");
+    // Leads of another one are not found here; how many there are in each pool is another matter.
+    f->api.expect(f->pools);
+    leadsCameTo(*f->context, u"c2"_s);
+    QVERIFY(!f->results.list()->refreshing());
+    f->expectSearch();
+    leadsCameTo(*f->context, u"c1"_s);
+    f->api.answer(f->leads, SearchFixture::page({f->lead("l1"), f->lead("l2")}));
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s}));
+    // The campaigns to choose from are not those of an hour ago.
+    f->api.expect(u"GET /campaigns"_s);
+    f->finder.ensureLoaded();
+    QVERIFY(f->api.isWaiting(u"GET /campaigns"_s));
+  }
+
+  void aCardKnowsItsListsAfterEveryAction() {
+    const QString detail = u"GET /leads/l1"_s;
+    const auto listed = [](const QByteArray& lists) { return record("l1").replace(R"("lists":[])", lists); };
+    f->open(SearchFixture::page({f->lead("l1")}));
+    LeadCard& card = *f->results.card();
+    f->api.expect(detail);
+    card.open(u"l1"_s);
+    f->api.answer(detail, listed(R"("lists":[])"));
+    f->api.expect(detail);
+    f->context->changes().stale<LeadList>(u"li1"_s);
+    f->api.answer(detail, listed(R"("lists":[{"id":"li1","name":"Fair"}])"));
+    QCOMPARE(card.lists().size(), 1);
+    card.dismiss();
+    f->context->changes().stale<Campaign>(u"c1"_s);
+    f->api.expect(detail);
+    card.open(u"l1"_s);
+    QVERIFY2(f->api.isWaiting(detail), "what was known of it before is forgotten");
   }
 
   void aCardShowsWhatTheRowKnowsAndThenEverything() {
