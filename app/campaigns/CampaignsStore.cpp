@@ -227,7 +227,7 @@ void CampaignsStore::goTo(const PagePlace& place) {
 void CampaignsStore::open(const QString& id) { context().openItem(Page::campaigns, id); }
 
 void CampaignsStore::beginCreate() {
-  if (canWrite()) m_newCampaign.show({}, u"new-campaign"_s);
+  if (canWrite()) m_newCampaign.show({}, u"campaigns/new"_s);
 }
 
 void CampaignsStore::beginRename(const QString& id) {

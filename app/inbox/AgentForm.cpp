@@ -12,7 +12,7 @@ AgentForm::AgentForm(WorkspaceContext& context, Store* whole, Resource<SetterSet
       m_settings(settings),
       m_actions(context, m_busy, [this] { m_settings.load(); }),
       m_recovery(context, Recovery::of(m_draft)) {
-  m_draft.setKey(u"inbox/agent"_s);
+  m_draft.setKey(u"inbox/tab:agent/settings"_s);
   connect(&settings, &ResourceBase::valueChanged, this, &AgentForm::follow);
   connect(&m_busy, &BusySet::changed, this, &AgentForm::changed);
   connect(&m_draft, &FieldDraft::changed, this, &AgentForm::changed);

@@ -52,14 +52,14 @@ void AgentLessons::arrange() {
 }
 
 void AgentLessons::beginAdd() {
-  if (canWrite()) m_add.show({}, u"inbox/agent/lessons/new"_s);
+  if (canWrite()) m_add.show({}, u"inbox/tab:agent/lessons/new"_s);
 }
 
 void AgentLessons::beginChange(const QString& lessonId) {
   const SetterLesson* lesson = find(lessonId);
   if (!canWrite() || !lesson) return;
   m_change.onSubmit = [this, lessonId](const QString& text) { m_tasks.start(changeTask(lessonId, text)); };
-  m_change.show(lesson->text, u"inbox/agent/lessons/"_s + lessonId);
+  m_change.show(lesson->text, u"inbox/tab:agent/lessons/"_s + lessonId);
 }
 
 Task<void> AgentLessons::addTask(QString text) {

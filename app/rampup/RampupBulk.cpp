@@ -138,7 +138,7 @@ void RampupBulk::edit() {
                  .about = u"Every one gets these stages from today."_s,
                  .submitLabel = u"Save for "_s + count + (accounts.size() == 1 ? u" account"_s : u" accounts"_s),
                  .thing = u"roadmap"_s,
-                 .key = u"rampup/bulk"_s,
+                 .key = u"rampup/tab:/bulk"_s,
                  .stages = withPlan == accounts.end() ? QList<RoadmapStage>() : (*withPlan)->plan->stages,
                  .from = services().clock.now().toLocalTime().date(),
                  .differs = differencesOf(accounts),

@@ -174,14 +174,14 @@ QList<RoadmapStage> RoadmapTemplates::googleStages() const {
 }
 
 void RoadmapTemplates::beginCreate() {
-  if (canWrite()) m_new.show({}, u"new-template"_s);
+  if (canWrite()) m_new.show({}, u"rampup/tab:templates/new"_s);
 }
 
 void RoadmapTemplates::beginRename(const QString& id) {
   const RoadmapTemplate* known = find(id);
   if (!known || !canWrite() || m_busy.contains(id)) return;
   m_renamed = *known;
-  m_rename.show(known->name, u"templates/"_s + id + u"/name"_s, known->version);
+  m_rename.show(known->name, u"rampup/tab:templates/"_s + id + u"/name"_s, known->version);
 }
 
 Task<void> RoadmapTemplates::createTask(QString name) {
@@ -230,7 +230,7 @@ void RoadmapTemplates::edit(const QString& id) {
                  .about = RampupWords::templateName(known->name) + u" · Accounts on it update from today."_s,
                  .submitLabel = u"Save schedule"_s,
                  .thing = u"template"_s,
-                 .key = u"templates/"_s + id + u"/stages"_s,
+                 .key = u"rampup/tab:templates/"_s + id + u"/stages"_s,
                  .stages = known->stages,
                  .version = known->version,
                  .from = services().clock.now().toLocalTime().date(),

@@ -7,7 +7,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 ClientForm::ClientForm(WorkspaceContext& context) : m_recovery(context, Recovery::of(m_draft)) {
-  m_draft.setKey(u"settings/clients/new"_s);
+  m_draft.setKey(u"settings/tab:clients/new"_s);
   m_recovery.keep(*this, m_draft);
   connect(&m_draft, &FieldDraft::changed, this, &Form::changed);
 }

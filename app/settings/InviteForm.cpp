@@ -8,7 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 InviteForm::InviteForm(WorkspaceContext& context) : m_recovery(context, Recovery::of(m_draft)) {
-  m_draft.setKey(u"settings/members/invite"_s);
+  m_draft.setKey(u"settings/tab:members/new"_s);
   m_recovery.keep(*this, m_draft);
   connect(&m_draft, &FieldDraft::changed, this, &Form::changed);
 }

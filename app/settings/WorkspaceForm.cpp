@@ -60,7 +60,7 @@ WorkspaceForm::WorkspaceForm(Tab tab, Store& whole, Resource<WorkspaceDetail>& w
       m_workspace(workspace),
       m_actions(whole.context(), m_busy, [this] { m_workspace.load(); }),
       m_recovery(whole.context(), Recovery::of(m_draft)) {
-  m_draft.setKey(u"settings/"_s + (tab == Tab::workspace ? u"workspace"_s : u"company"_s));
+  m_draft.setKey(u"settings/tab:"_s + (tab == Tab::workspace ? u"workspace"_s : u"company"_s));
   connect(&workspace, &ResourceBase::valueChanged, this, &WorkspaceForm::follow);
   connect(&m_busy, &BusySet::changed, this, &WorkspaceForm::changed);
   connect(&m_draft, &FieldDraft::changed, this, &WorkspaceForm::changed);

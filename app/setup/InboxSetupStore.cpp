@@ -206,7 +206,7 @@ void InboxSetupStore::beginCreate() {
 void InboxSetupStore::beginRename(const SetupProject& project) {
   if (!canWrite() || m_busy.contains(project.id)) return;
   m_renamed = project;
-  m_rename.show(project.name, u"setup/"_s + project.id + u"/name"_s, project.version);
+  m_rename.show(project.name, u"inboxSetup/"_s + project.id + u"/name"_s, project.version);
 }
 
 void InboxSetupStore::run(const QString& id) {

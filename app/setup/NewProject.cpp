@@ -12,7 +12,7 @@ NewProject::NewProject(WorkspaceContext& context) : m_recovery(context, Recovery
 }
 
 void NewProject::begin() {
-  m_draft.setKey(u"new-setup-project"_s);
+  m_draft.setKey(u"inboxSetup/new"_s);
   m_draft.fill(NewProjectFields());
   m_named = false;
   show();

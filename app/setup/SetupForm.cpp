@@ -24,7 +24,7 @@ SetupForm::SetupForm(QString id, Actions& actions, Resource<SetupProject>& proje
       m_actions(actions),
       m_project(project),
       m_recovery(whole.context(), Recovery::of(m_draft)) {
-  m_draft.setKey(u"setup/"_s + m_id + u"/project"_s);
+  m_draft.setKey(u"inboxSetup/"_s + m_id + u"/project"_s);
   connect(&project, &ResourceBase::valueChanged, this, &SetupForm::follow);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_draft, &FieldDraft::changed, this, &SetupForm::changed);

@@ -3,6 +3,7 @@
 #include <QLoggingCategory>
 
 #include "app/base/shownName.h"
+#include "kit/api/APIEnvironment.h"
 #include "kit/session/authRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -103,7 +104,8 @@ Task<void> AppModel::stopWaitingForKeychain() {
 
 void AppModel::restore(std::optional<StoredSession> session) {
   m_bootPatience.cancel();
-  if (session && session->isExpired(m_platform.clock.now())) {
+  const bool isOver = session && session->isExpired(m_platform.clock.now());
+  if (isOver) {
     doubt(*session);
     session.reset();
   }
@@ -119,7 +121,8 @@ void AppModel::restore(std::optional<StoredSession> session) {
   }
   m_phase = Phase::signedOut;
   m_signIn.setNotice({});
-  m_signIn.checkMethods();
+  // A keyring that took its time may speak after the service has told its own.
+  isOver ? m_signIn.checkMethodsAgain() : m_signIn.checkMethods();
   Q_EMIT changed();
 }
 
@@ -153,7 +156,8 @@ Task<void> AppModel::endInTime(QString token) {
 
 void AppModel::openInitialWorkspace() {
   m_expiry.start(endInTime(m_stored->token));
-  m_journal.open({m_stored->user.id, m_platform.baseURL.toString(QUrl::RemovePath | QUrl::FullyEncoded)});
+  // Written down with each text: an address may have a password in it.
+  m_journal.open({m_stored->user.id, APIEnvironment{m_platform.baseURL}.origin()});
   const auto& list = m_stored->workspaces;
   const auto last = std::ranges::find_if(
       list, [this](const WorkspaceSummary& workspace) { return workspace.slug == m_stored->currentSlug; });
@@ -359,12 +363,21 @@ void AppModel::tellOfKept() {
     // Of a page that may not be opened for long: somebody has to say that it is there.
     m_toasts.show({.message = u"Unsaved work was kept from last time"_s,
                    .actionLabel = u"Open"_s,
-                   .action = [this, slug = entry.key.workspace, at = *page, id = name.value(1)] {
-                     openWorkspace(slug);
-                     m_router.openItem(at, id);
-                   }});
+                   .action = [this, slug = entry.key.workspace, at = *page, name] { leadTo(slug, at, name); }});
     return;
   }
+}
+
+void AppModel::leadTo(const QString& workspace, Page page, const QStringList& name) {
+  const QString place = name.value(1);
+  openWorkspace(workspace);
+  if (place.startsWith("tab:"_L1))
+    m_router.open(page, PagePlace{.tab = place.mid(4)});
+  else if (place == "new"_L1)
+    m_router.open(page);
+  else
+    m_router.openItem(page, place);
+  if (Store* store = m_openPage.store(); store && name.last() == "new"_L1) store->act(u"new"_s);
 }
 
 QString AppModel::greetedName() const { return shownName(m_platform.preferences.signedInName()); }

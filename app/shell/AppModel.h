@@ -121,6 +121,8 @@ class AppModel final : public QObject {
   void leaveWorkspace(WorkspaceSummary lost);
   /// What was being typed when the program last ended, and is not on the screen.
   void tellOfKept();
+  /// To the place that a text in the journal names.
+  void leadTo(const QString& workspace, Page page, const QStringList& name);
   Task<void> logOut(QString token);
   Task<void> signOutAtService(QString token);
   /// A session that the clock of this computer says is over is not used, and is deleted when the service's says so too.
