@@ -17,7 +17,7 @@ std::optional<QString> unlessEmpty(const QString& filter) {
   return filter.isEmpty() ? std::nullopt : std::optional(filter);
 }
 
-const auto customKey = u"custom"_s;
+const auto customKey = u"custom"_s, exportFailure = u"Couldn’t save the file."_s;
 
 /// All of them first. What is chosen stays among them under the name that it had, though the service no longer has it.
 void offer(QList<Choice>& choices, const QString& all, const QString& chosen,
@@ -47,7 +47,9 @@ AnalyticsStore::AnalyticsStore(WorkspaceContext& context)
   connect(&m_busy, &BusySet::changed, this, &AnalyticsStore::changed);
   connect(&m_summary, &ResourceBase::valueChanged, this, &AnalyticsStore::arrived);
   connect(&m_summary, &ResourceBase::changed, this, [this] {
-    if (!m_summary.state().isLoading() && std::exchange(m_exportsNext, false) && m_summary.hasContent()) exportCsv();
+    if (m_summary.state().isLoading() || !std::exchange(m_exportsNext, false)) return;
+    if (m_summary.hasContent() || m_summary.state().isEmpty()) return exportCsv();
+    services().toasts.show({.message = exportFailure, .tone = Toasts::Tone::error, .detail = m_summary.message()});
   });
   // The accounts among the figures have states of their own.
   context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
@@ -210,7 +212,7 @@ Task<void> AnalyticsStore::exportTask() {
   // Of the rows as they are now, whatever comes while the person chooses where to keep them.
   std::function<QByteArray()> text = [rows = m_accountRows.records()] { return accountsCsv(rows); };
   if (campaigns) text = [rows = m_campaignRows.records()] { return campaignsCsv(rows); };
-  co_await saveCsv(context(), fileName, text, u"Couldn’t save the file."_s);
+  co_await saveCsv(context(), fileName, text, exportFailure);
 }
 
 }  // namespace orv

@@ -9,9 +9,13 @@ ResourceBase::ResourceBase(Store& owner, QString failed, bool loadsByItself)
 }
 
 void ResourceBase::ensureLoaded() {
+  if (needsLoad()) load();
+}
+
+bool ResourceBase::needsLoad() const {
   // Whoever comes back to a failure means to try again.
   const bool hasFailed = !hasContent() && (stateName() == State::Error || stateName() == State::Offline);
-  if (needsLoad() || hasFailed) load();
+  return !isAsked() || m_isStale || hasFailed;
 }
 
 void ResourceBase::markStale() {

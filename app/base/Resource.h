@@ -38,9 +38,9 @@ class ResourceBase : public QObject {
 
   /// Starts a load; the one under way, if any, is let go.
   virtual void load() = 0;
-  /// Loads when nothing was asked for yet, or when what is here is known to be old.
   void ensureLoaded();
-  bool needsLoad() const { return !isAsked() || m_isStale; }
+  /// Nothing was asked for yet, what is here is known to be old, or it could not be read.
+  bool needsLoad() const;
   /// A load has been started, whatever came of it.
   bool isAsked() const { return m_isAsked; }
   /// Whether the store loads it when a page shows the store, or when something asks for it.
