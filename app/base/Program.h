@@ -15,6 +15,9 @@ class Program : public QObject {
   Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY changed)
   Q_PROPERTY(QString version READ version CONSTANT)
   Q_PROPERTY(QString device READ device CONSTANT)
+  Q_PROPERTY(QString newVersion READ newVersion NOTIFY changed)
+  Q_PROPERTY(bool newVersionOpens READ newVersionOpens NOTIFY changed)
+  Q_PROPERTY(QString notificationTrouble READ notificationTrouble NOTIFY changed)
 
  public:
   using QObject::QObject;
@@ -29,12 +32,19 @@ class Program : public QObject {
   virtual QString version() const = 0;
   /// This computer, in words.
   virtual QString device() const = 0;
+  /// A newer version that is out; empty while none is known.
+  virtual QString newVersion() const = 0;
+  /// There is a page about it.
+  virtual bool newVersionOpens() const = 0;
+  /// Why the desktop shows nothing of what it is told, a sentence; empty as far as it does.
+  virtual QString notificationTrouble() const = 0;
   /// Keys of what the open workspace has switched off.
   virtual QStringList featuresOff() const = 0;
   /// What the migration is to begin with.
   virtual QStringList migrationPick() const = 0;
 
   Q_INVOKABLE virtual void signOut() = 0;
+  Q_INVOKABLE virtual void openNewVersion() = 0;
   /// What each version brought.
   Q_INVOKABLE virtual void showChangelog() = 0;
   /// What the program has written down of itself.

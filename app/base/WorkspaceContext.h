@@ -70,8 +70,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
  Q_SIGNALS:
   void unreadChanged();
   void attentionChanged();
-  /// The service has newer mail than what was last read.
-  void mailCame();
+  /// Since somebody last asked, mail has come; the newest of it then, as the service writes it.
+  void mailCame(const QString& latestAt);
   void workspaceChanged();
   /// There is a connection again: what could not be read can be tried anew.
   void reachable();

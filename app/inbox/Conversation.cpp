@@ -1,6 +1,7 @@
 #include "app/inbox/Conversation.h"
 
 #include "app/base/shownName.h"
+#include "app/inbox/DraftTexts.h"
 #include "app/inbox/ThreadRows.h"
 #include "app/inbox/addresses.h"
 #include "kit/api/Format.h"
@@ -183,20 +184,15 @@ QString Conversation::draftText() const {
 
 QString Conversation::draftTitle() const {
   if (!draft()) return {};
-  return draft()->isHeld() ? u"The AI’s draft, ready for you., held"_s : u"The AI’s draft, ready for you."_s;
+  return draftHeadline(*draft());
 }
 
-QString Conversation::draftFacts() const {
-  if (!draft() || draft()->lessonsUsed.value_or(0) == 0) return {};
-  return u"Written with your "_s + Format::counted(*draft()->lessonsUsed, u"rule"_s, u"rules"_s);
-}
+QString Conversation::draftFacts() const { return draft() ? rulesText(*draft()) : QString(); }
 
 QString Conversation::draftFailures() const {
   QStringList failures;
-  if (!draft() || !draft()->gate || !draft()->gate->failures) return {};
-  for (const DraftGate::Failure& failure : *draft()->gate->failures)
-    failures.append(shownName(failure.detail.value_or(failure.code.value_or(QString()))));
-  failures.removeAll(QString());
+  if (!draft()) return {};
+  for (const QString& reason : holdReasons(*draft())) failures.append(shownName(reason));
   return failures.join(u'\n');
 }
 

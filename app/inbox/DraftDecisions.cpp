@@ -98,14 +98,15 @@ Task<void> DraftDecisions::decide(Undoable decision, std::function<Request<Draft
   if (m_unsure.contains(id) && !co_await standsUndecided(item, failure)) co_return;
   const Outcome outcome = co_await ask(item, std::move(build), false, std::move(failure));
   if (!outcome.done) co_return giveBack(item, outcome.draft, Return::failed);
+  if (Undoable* const standing = entry(id, number)) {
+    standing->taken = true;
+    if (outcome.draft) standing->dueAt = parsePlatformDate(outcome.draft->dueAt);
+    const Undoable taken = *standing;
+    show();
+    Q_EMIT decided(taken);
+  }
+  // Last: what others make of it themselves is older than what the service then says.
   tellThread(item.thread.id);
-  Undoable* const standing = entry(id, number);
-  if (!standing) co_return;
-  standing->taken = true;
-  if (outcome.draft) standing->dueAt = parsePlatformDate(outcome.draft->dueAt);
-  const Undoable taken = *standing;
-  show();
-  Q_EMIT decided(taken);
 }
 
 /// What was sent the last time may have come through: before anything is sent again, it is looked for.
@@ -182,10 +183,7 @@ Task<void> DraftDecisions::undoTask(QString draftId) {
     return approved ? Requests::undoApproveDraft(draftId) : Requests::restoreDraft(draftId);
   };
   const Outcome outcome = co_await ask(item, build, true, u"Couldn’t undo that."_s);
-  if (outcome.done) {
-    tellThread(item.thread.id);
-    co_return giveBack(item, outcome.draft, Return::undone);
-  }
+  if (outcome.done) co_return giveBack(item, outcome.draft, Return::undone);
   decision = entry(draftId, number);
   if (!decision) co_return;
   decision->undoing = false;
@@ -203,7 +201,6 @@ Task<bool> DraftDecisions::putBackTask(ReviewDraft item) {
   const Outcome outcome = co_await ask(
       item, [id] { return Requests::restoreDraft(id); }, true, u"Couldn’t put the draft back."_s);
   if (!outcome.done) co_return false;
-  tellThread(item.thread.id);
   giveBack(item, outcome.draft, Return::putBack);
   co_return true;
 }
@@ -228,6 +225,7 @@ void DraftDecisions::giveBack(ReviewDraft item, const std::optional<Draft>& now,
   if (now) item.draft = *now;
   remove(item.draft.id);
   Q_EMIT returned(item, how);
+  if (how != Return::failed) tellThread(item.thread.id);
 }
 
 /// Somebody else, or this person in another place, may have put it back.

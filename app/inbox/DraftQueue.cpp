@@ -83,6 +83,12 @@ const ReviewDraft* DraftQueue::find(const QString& draftId) const {
   return found == m_visible.end() ? nullptr : &*found;
 }
 
+bool DraftQueue::hasBeside(const ReviewDraft& item) const {
+  return std::ranges::any_of(visible(), [&](const ReviewDraft& each) {
+    return each.draft.threadId == item.draft.threadId && each.draft.id != item.draft.id;
+  });
+}
+
 const ReviewDraft* DraftQueue::next() const {
   const qsizetype at = m_forward ? m_at + 1 : m_at - 1;
   return at >= 0 && at < m_visible.size() ? &m_visible[at] : nullptr;

@@ -29,6 +29,8 @@ class DraftQueue final : public Store {
   /// The one that is shown next, if the person goes on as they went last.
   const ReviewDraft* next() const;
   const ReviewDraft* find(const QString& draftId) const;
+  /// Another draft of its conversation waits beside it.
+  bool hasBeside(const ReviewDraft& item) const;
   /// Which way the person went last.
   bool forward() const { return m_forward; }
   int waiting() const { return int(m_visible.size()); }

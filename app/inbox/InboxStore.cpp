@@ -34,8 +34,15 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
   });
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &InboxStore::tellWords);
   connect(&m_threads, &ThreadList::labelsChanged, this, &InboxStore::tellWords);
-  if (auto* review = qobject_cast<DraftsStore*>(drafts))
-    connect(review->decisions(), &DraftDecisions::changed, this, &InboxStore::busyChanged);
+  if (auto* review = qobject_cast<DraftsStore*>(drafts)) {
+    const DraftDecisions* decisions = review->decisions();
+    connect(decisions, &DraftDecisions::changed, this, &InboxStore::busyChanged);
+    connect(decisions, &DraftDecisions::decided, this,
+            [this](const DraftDecisions::Undoable& decision) { countDraft(decision.item, false); });
+    connect(decisions, &DraftDecisions::returned, this, [this](const ReviewDraft& item, DraftDecisions::Return how) {
+      if (how != DraftDecisions::Return::failed) countDraft(item, true);
+    });
+  }
   connect(&writings, &Writings::changed, this, [this](const QString& threadId) {
     const Writing* reply = m_writings.findReply(threadId);
     m_threads.rows().setWritten(threadId, reply && reply->dirty());
@@ -81,6 +88,13 @@ Store* InboxStore::shownPart() const {
 void InboxStore::ensureLoaded() {
   Store::ensureLoaded();
   m_threads.ensureLoaded();
+  lookAtOpen();
+}
+
+/// What was read while the page was elsewhere counts as read from now on.
+void InboxStore::lookAtOpen() {
+  if (m_section == Section::conversations && conversation() && conversation()->detail()->value())
+    conversationRead(m_openId);
 }
 
 void InboxStore::refresh() {
@@ -103,7 +117,7 @@ void InboxStore::begin() {
 }
 
 void InboxStore::showRecord(const QString& id) {
-  if (m_section == Section::conversations && id == m_openId) return;
+  if (m_section == Section::conversations && id == m_openId) return lookAtOpen();
   setSection(enumName(Section::conversations));
   open(id);
 }
@@ -246,7 +260,18 @@ void InboxStore::leave(const InboxThread& thread, bool archives) {
     m_actions.archive(thread);
   else
     m_actions.moveToInbox(thread);
+  // The same key would take it back at once.
+  if (isOpen && goesOut && next.isEmpty()) return shut();
   open(next);
+}
+
+void InboxStore::shut() {
+  Conversation* before = conversation();
+  m_openId.clear();
+  Q_EMIT openChanged();
+  if (before) letGo(*before);
+  context().showing(Page::inbox, {});
+  Q_EMIT busyChanged();
 }
 
 void InboxStore::startReply() {
@@ -270,6 +295,11 @@ void InboxStore::decide(bool approves) {
   else
     desk()->skip(item);
   Q_EMIT busyChanged();
+}
+
+void InboxStore::countDraft(const ReviewDraft& item, bool waits) {
+  auto* review = qobject_cast<DraftsStore*>(m_drafts);
+  if (!review->queue()->hasBeside(item)) m_threads.setWaiting(item.thread, waits);
 }
 
 void InboxStore::openLink(const QString& url) {

@@ -114,12 +114,16 @@ class InboxStore final : public Store {
   void leave(const InboxThread& thread, bool archives);
   void startReply();
   void decide(bool approves);
+  void countDraft(const ReviewDraft& item, bool waits);
   void arrived();
   void conversationRead(const QString& id);
+  void lookAtOpen();
   void readAhead();
   void tellWords();
   /// Another one is open.
   void letGo(Conversation& left);
+  /// None is open.
+  void shut();
 
   Writings& m_writings;
   Store* m_drafts;

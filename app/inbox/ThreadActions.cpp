@@ -200,13 +200,13 @@ Task<std::optional<bool>> ThreadActions::hasArrived(InboxThread thread, QPointer
   const QString body = writing->body().trimmed();
   const auto says = [&body](const QString& text) { return text.trimmed() == body; };
   // Whoever says the same a second time has not said it yet.
-  co_return !(outgoing(*detail, says) - m_leftBefore.value(thread.id)).isEmpty();
+  co_return !(outgoing(*detail, says) - writing->leftBefore()).isEmpty();
 }
 
 void ThreadActions::send(const InboxThread& thread, const ThreadDetail* shown, bool asksFirst) {
-  const Writing* writing = m_writings.findReply(thread.id);
-  if (!writing || !writing->uncertain())
-    m_leftBefore[thread.id] = shown ? outgoing(*shown, [](const QString&) { return true; }) : QSet<QString>();
+  Writing* writing = m_writings.findReply(thread.id);
+  if (writing && !writing->sending() && !writing->uncertain())
+    writing->setLeftBefore(shown ? outgoing(*shown, [](const QString&) { return true; }) : QSet<QString>());
   m_tasks.start(sendTask(thread, asksFirst));
 }
 

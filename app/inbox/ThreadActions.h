@@ -61,8 +61,6 @@ class ThreadActions final : public Store {
   Writings& m_writings;
   BusySet m_busy;
   Actions m_actions;
-  /// By the thread: what had left it before a reply was sent whose end is unknown.
-  QHash<QString, QSet<QString>> m_leftBefore;
 };
 
 }  // namespace orv

@@ -3,6 +3,7 @@
 #include "app/base/EnumName.h"
 #include "app/base/shownName.h"
 #include "app/inbox/addresses.h"
+#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/inbox/inboxRequests.h"
 
@@ -54,10 +55,21 @@ ThreadList::ThreadList(WorkspaceContext& context, Store* whole)
     Q_EMIT labelsChanged();
     Q_EMIT countsChanged();
   });
-  connect(&context, &WorkspaceContext::mailCame, this, [this] {
-    if (!m_list.isAsked() || std::exchange(m_newMail, true)) return;
-    Q_EMIT changed();
+  connect(&context, &WorkspaceContext::mailCame, this, &ThreadList::hear);
+}
+
+void ThreadList::hear(const QString& latestAt) {
+  if (!m_list.isAsked() || m_newMail) return;
+  // Whoever told it may have asked before the list was read.
+  const auto latest = parsePlatformDate(latestAt);
+  bool isRead = false;
+  m_list.each([&](const ThreadRow& row) {
+    const auto at = isRead || !latest ? std::nullopt : parsePlatformDate(row.record().lastInboundAt);
+    isRead = isRead || (at && *at >= *latest);
   });
+  if (isRead) return;
+  m_newMail = true;
+  Q_EMIT changed();
 }
 
 const InboxThread* ThreadList::find(const QString& id) const {
@@ -226,6 +238,16 @@ void ThreadList::count(const InboxThread& before, const InboxThread& after) {
   });
   tellUnread();
   Q_EMIT countsChanged();
+}
+
+void ThreadList::setWaiting(const InboxThread& thread, bool waits) {
+  const InboxThread* listed = find(thread.id);
+  InboxThread before = listed ? *listed : thread;
+  if (!listed) before.pendingDrafts = waits ? 0 : 1;
+  InboxThread after = before;
+  after.pendingDrafts = waits ? std::max<qint64>(1, before.pendingDrafts) : 0;
+  if (listed) m_list.put(after);
+  count(before, after);
 }
 
 void ThreadList::ensureLoaded() {

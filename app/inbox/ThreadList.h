@@ -72,6 +72,9 @@ class ThreadList final : public Store {
   void setLeaving(const QString& id, bool leaving);
   /// Somebody here made this of the thread: what is counted follows.
   void count(const InboxThread& before, const InboxThread& after);
+  /// The person decided the last of its drafts, or has one of them wait again: what is counted follows before anybody
+  /// asks, for the list may not be on the screen.
+  void setWaiting(const InboxThread& thread, bool waits);
 
   void ensureLoaded() override;
   void refresh() override;
@@ -97,6 +100,7 @@ class ThreadList final : public Store {
   void ask(const ThreadFilter& filter);
   bool fits(const InboxThread& thread) const;
   void take();
+  void hear(const QString& latestAt);
   void tellUnread();
 
   static constexpr std::chrono::milliseconds typingRest{250};

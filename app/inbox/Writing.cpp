@@ -1,5 +1,8 @@
 #include "app/inbox/Writing.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QScopedValueRollback>
 
 #include "app/base/shownName.h"
@@ -10,6 +13,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
+constexpr QLatin1String beforeKey("leftBefore");
+
 QString problemIn(const QString& text) {
   const QString wrong = splitAddresses(text).wrong;
   return wrong.isEmpty() ? QString() : u"“"_s + shownName(shownAddress(wrong)) + u"” is not an email address"_s;
@@ -18,13 +23,38 @@ QString problemIn(const QString& text) {
 }  // namespace
 
 Writing::Writing(WorkspaceContext& context, const QString& key, QString about, QObject* parent)
-    : QObject(parent), m_about(std::move(about)), m_recovery(context, Recovery::of(m_draft)) {
+    : QObject(parent), m_context(context), m_about(std::move(about)), m_recovery(context, hooks()) {
   m_draft.setKey(key);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_draft, &FieldDraft::changed, this, [this] {
     if (!m_typing) Q_EMIT given();
     Q_EMIT changed();
   });
+}
+
+Recovery::Hooks Writing::hooks() {
+  Recovery::Hooks hooks = Recovery::of(m_draft);
+  hooks.text = [this] {
+    QJsonObject kept = m_draft.journal();
+    if (m_isSought && (m_sending || m_uncertain))
+      kept.insert(beforeKey, QJsonArray::fromStringList(m_leftBefore.values()));
+    return JournalText{m_draft.version(), QJsonDocument(kept).toJson(QJsonDocument::Compact)};
+  };
+  hooks.restore = [this, restore = hooks.restore](const Recovery::Kept& kept) {
+    const auto restored = restore(kept);
+    const QJsonValue before = QJsonDocument::fromJson(kept.text.bytes).object().value(beforeKey);
+    if (restored != Recovery::Restored::shown || !before.isArray()) return restored;
+    m_isSought = m_uncertain = true;
+    for (const auto& id : before.toArray()) m_leftBefore.insert(id.toString());
+    Q_EMIT changed();
+    return restored;
+  };
+  return hooks;
+}
+
+void Writing::setLeftBefore(const QSet<QString>& ids) {
+  m_isSought = true;
+  m_leftBefore = ids;
 }
 
 void Writing::type(const QString& field, const QString& text) {
@@ -44,6 +74,9 @@ void Writing::setState(bool sending, bool uncertain) {
   if (m_sending == sending && m_uncertain == uncertain) return;
   m_sending = sending;
   m_uncertain = uncertain;
+  m_recovery.follow();
+  // Before it can have left: a second later may be too late.
+  if (sending && m_isSought) m_context.services().journal.write();
   if (!sending)
     for (OneShot<bool> waiting : std::exchange(m_waiting, {})) waiting.give(true);
   Q_EMIT changed();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <boost/describe/class.hpp>
 
 #include "app/base/Draft.h"
@@ -59,6 +60,10 @@ class Writing final : public QObject {
   /// It was on its way, and nobody knows whether it arrived.
   bool uncertain() const { return m_uncertain; }
   void setState(bool sending, bool uncertain);
+  /// What had left its thread before it was sent, by which it is found there; empty for what is found otherwise. Kept
+  /// with the text while nobody knows of its end: the next run must not send it twice either.
+  const QSet<QString>& leftBefore() const { return m_leftBefore; }
+  void setLeftBefore(const QSet<QString>& ids);
   /// Waits until it is not on its way any more.
   Task<void> settled();
 
@@ -86,8 +91,10 @@ class Writing final : public QObject {
   void given();
 
  private:
+  Recovery::Hooks hooks();
   void type(const QString& field, const QString& text);
 
+  WorkspaceContext& m_context;
   QString m_about;
   DraftOf<WrittenFields> m_draft;
   Recovery m_recovery;
@@ -95,6 +102,8 @@ class Writing final : public QObject {
   bool m_typing = false;
   bool m_sending = false;
   bool m_uncertain = false;
+  bool m_isSought = false;
+  QSet<QString> m_leftBefore;
   int m_views = 0;
   QList<OneShot<bool>> m_waiting;
 };

@@ -151,7 +151,7 @@ void Notifier::take(const UnreadCounts& counts, WorkspaceContext& context) {
 Task<void> Notifier::lookForReplies(Context context, QString latestAt) {
   const QString slug = context->workspace().slug, since = m_preferences.notifySince(slug);
   const bool moved = m_latest.contains(slug) && m_latest.value(slug) != latestAt;
-  if (moved) Q_EMIT context->mailCame();
+  if (moved) Q_EMIT context->mailCame(latestAt);
   const bool isNew = !since.isEmpty() && !latestAt.isEmpty() && since != latestAt;
   if (isNew && m_preferences.positiveReplies()) {
     QList<InboxThread> replies;

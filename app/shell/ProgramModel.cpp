@@ -22,9 +22,10 @@ ProgramModel::ProgramModel(AppModel& app, Platform& platform, Toasts& toasts)
     : m_app(app),
       m_platform(platform),
       m_toasts(toasts),
-      m_updates(platform.clock, toasts, platform.browser, platform.device.appVersion) {
+      m_updates(platform.clock, toasts, platform.browser, platform.device.appVersion, [this] { Q_EMIT changed(); }) {
   connect(&app, &AppModel::changed, this, &Program::changed);
   connect(&app, &AppModel::changed, this, &ProgramModel::greet);
+  if (platform.notifications) connect(platform.notifications, &Notifications::troubleChanged, this, &Program::changed);
   m_updates.follow(platform.releases);
 }
 
@@ -85,6 +86,10 @@ QString ProgramModel::device() const {
   for (const QString& fact : {device.name, device.model, QSysInfo::prettyProductName()})
     if (!fact.isEmpty()) facts.append(shownName(fact));
   return facts.join(u" · "_s);
+}
+
+QString ProgramModel::notificationTrouble() const {
+  return m_platform.notifications ? m_platform.notifications->trouble() : QString();
 }
 
 QStringList ProgramModel::featuresOff() const { return m_app.router()->featuresOff().values(); }

@@ -27,6 +27,10 @@ class ProgramModel final : public Program {
   void setTheme(const QString& theme) override;
   QString version() const override;
   QString device() const override;
+  QString newVersion() const override { return m_updates.newest(); }
+  bool newVersionOpens() const override { return m_updates.canOpen(); }
+  void openNewVersion() override { m_updates.open(); }
+  QString notificationTrouble() const override;
   QStringList featuresOff() const override;
   QStringList migrationPick() const override;
   void signOut() override;

@@ -9,8 +9,8 @@ using namespace std::chrono_literals;
 
 namespace orv {
 
-Updates::Updates(Clock& clock, Toasts& toasts, Browser& browser, QString version)
-    : m_clock(clock), m_toasts(toasts), m_browser(browser), m_version(std::move(version)) {}
+Updates::Updates(Clock& clock, Toasts& toasts, Browser& browser, QString version, std::function<void()> found)
+    : m_clock(clock), m_toasts(toasts), m_browser(browser), m_version(std::move(version)), m_found(std::move(found)) {}
 
 void Updates::follow(ReleaseFeed* feed) {
   if (feed)
@@ -29,15 +29,24 @@ Task<void> Updates::watch(ReleaseFeed* feed) {
 
 void Updates::tell(const ReleaseFeed::Newest& newest) {
   const auto there = QVersionNumber::fromString(newest.version), here = QVersionNumber::fromString(m_version);
-  if (there <= here || newest.version == m_told) return;
-  m_told = newest.version;
-  Toasts::Message message{.message = u"Orvella "_s + shownName(newest.version) + u" is out"_s,
+  if (there <= here || (m_newest && newest.version == m_newest->version)) return;
+  m_newest = newest;
+  m_found();
+  Toasts::Message message{.message = u"Orvella "_s + Updates::newest() + u" is out"_s,
                           .detail = u"You have "_s + m_version + u'.'};
-  if (newest.page.scheme() == "https"_L1) {
+  if (canOpen()) {
     message.actionLabel = u"Open"_s;
     message.action = [&browser = m_browser, page = newest.page] { browser.open(page); };
   }
   m_toasts.show(std::move(message));
+}
+
+QString Updates::newest() const { return m_newest ? shownName(m_newest->version) : QString(); }
+
+bool Updates::canOpen() const { return m_newest && m_newest->page.scheme() == "https"_L1; }
+
+void Updates::open() const {
+  if (canOpen()) m_browser.open(m_newest->page);
 }
 
 }  // namespace orv

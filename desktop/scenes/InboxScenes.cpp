@@ -80,7 +80,7 @@ QList<Scene> inboxScenes() {
       {u"inbox-new-mail"_s,
        [](Stage& s) {
          openThread(s, hasDraft);
-         Q_EMIT s.app().session()->context().mailCame();
+         Q_EMIT s.app().session()->context().mailCame({});
        }},
       {u"inbox-archived"_s, [](Stage& s) { openInbox(s).threads()->setTab(u"archived"_s); }},
       {u"inbox-none-match"_s, [](Stage& s) { openInbox(s).threads()->setQuery(u"nobody of that name"_s); }},

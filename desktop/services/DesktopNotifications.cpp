@@ -30,6 +30,15 @@ DesktopNotifications::DesktopNotifications(QDBusConnection bus, QString desktopE
   m_bus.connect({}, path, service, u"NotificationClosed"_s, this, SLOT(takeClosed(QDBusMessage)));
 }
 
+QString DesktopNotifications::trouble() const {
+  if (!m_bus.isConnected()) return u"There is no session bus, so the desktop can’t be told anything."_s;
+  return m_isMissing ? u"Nothing on this desktop shows notifications."_s : QString();
+}
+
+void DesktopNotifications::setMissing(bool missing) {
+  if (std::exchange(m_isMissing, missing) != missing) Q_EMIT troubleChanged();
+}
+
 void DesktopNotifications::show(const Notice& notice) {
   if (!m_bus.isConnected()) return;
   if (m_can) return send(notice);
@@ -61,6 +70,7 @@ void DesktopNotifications::askCapabilities() {
     const QDBusPendingReply<QStringList> reply = *watcher;
     const auto waiting = std::exchange(m_waiting, {});
     // Somebody may come, and is asked then.
+    setMissing(reply.isError());
     if (reply.isError()) {
       qCInfo(lcNotifications, "Nobody here shows notifications: %s", qPrintable(reply.error().message()));
       return;
@@ -71,6 +81,7 @@ void DesktopNotifications::askCapabilities() {
 }
 
 void DesktopNotifications::forget() {
+  setMissing(false);
   m_can.reset();
   m_shown.clear();
   m_tokens.clear();

@@ -17,6 +17,7 @@ class DesktopNotifications final : public Notifications {
   /// `desktopEntry` is the program's, without its ending.
   DesktopNotifications(QDBusConnection bus, QString desktopEntry, QObject* parent = nullptr);
 
+  QString trouble() const override;
   void show(const Notice& notice) override;
   void withdraw(const QString& id) override;
 
@@ -36,6 +37,7 @@ class DesktopNotifications final : public Notifications {
   };
 
   void askCapabilities();
+  void setMissing(bool missing);
   void forget();
   void send(const Notice& notice);
   void answered(const QString& id, quint64 call, std::optional<uint> number);
@@ -47,6 +49,8 @@ class DesktopNotifications final : public Notifications {
   const QString m_desktopEntry;
   BusName m_server;
   bool m_asking = false;
+  /// Somebody was asked to show something, and nobody answered.
+  bool m_isMissing = false;
   /// What the server can do; nothing while it has not said.
   std::optional<QStringList> m_can;
   /// Wait for that.

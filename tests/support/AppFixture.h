@@ -178,6 +178,11 @@ class FakeProgram final : public Program {
   void setTheme(const QString& theme) override { chosenTheme = theme; }
   QString version() const override { return QStringLiteral("1.2.3"); }
   QString device() const override { return QStringLiteral("desk"); }
+  QString newer, trouble;
+  QString newVersion() const override { return newer; }
+  bool newVersionOpens() const override { return !newer.isEmpty(); }
+  QString notificationTrouble() const override { return trouble; }
+  void openNewVersion() override {}
   QStringList featuresOff() const override { return off; }
   QStringList migrationPick() const override { return pick; }
   void signOut() override { ++signedOut; }

@@ -82,9 +82,17 @@ SettingsPane {
         SettingsSection {
             width: parent.width
             title: "Orvella " + root.program.version
+            help: root.program.newVersion === "" ? "" : "Orvella " + root.program.newVersion + " is out."
 
             Row {
                 spacing: 8
+
+                OrvButton {
+                    visible: root.program.newVersionOpens
+                    kind: "primary"
+                    text: "Get " + root.program.newVersion
+                    onClicked: root.program.openNewVersion()
+                }
 
                 OrvButton {
                     text: "What’s new"

@@ -12,6 +12,12 @@ SettingsPane {
         anchors.fill: parent
         focus: true
 
+        OrvNotice {
+            visible: text !== ""
+            width: parent.width
+            text: root.store.program.notificationTrouble
+        }
+
         SwitchLine {
             width: parent.width
             text: "Positive replies"

@@ -24,6 +24,9 @@ class Notifications : public QObject {
 
   using QObject::QObject;
 
+  /// Why nothing is shown, a sentence; empty as far as is known.
+  virtual QString trouble() const { return {}; }
+
   /// Nothing happens where the desktop has none.
   virtual void show(const Notice& notice) = 0;
   /// What it told is seen, or true no longer.
@@ -32,6 +35,7 @@ class Notifications : public QObject {
  Q_SIGNALS:
   /// The person followed it; it is gone now. With the token, if there is one, the window may come forward.
   void followed(const QString& id, const QString& token);
+  void troubleChanged();
 };
 
 }  // namespace orv

@@ -155,6 +155,8 @@ class ReviewService final : public APITransport {
   HTTPAnswer answerTo(const Waiting& waiting) {
     const QStringList parts = waiting.label.section(u' ', 1).split(u'/', Qt::SkipEmptyParts);
     if (waiting.label == QLatin1String("GET /inbox/drafts")) return {200, {}, text(list())};
+    if (waiting.label == QLatin1String("GET /inbox/threads")) return {200, {}, text(threads())};
+    if (parts.size() == 1) return {200, {}, R"({"items":[]})"};
     if (parts.value(1) == QLatin1String("threads")) {
       const QString id = parts.value(2).mid(2);
       return {200,
@@ -165,6 +167,17 @@ class ReviewService final : public APITransport {
     }
     if (parts.value(0) == QLatin1String("setter")) return {200, {}, "{}"};
     return decide(parts.value(2), parts.value(3));
+  }
+  /// The first page: the last conversation stands on another.
+  QJsonObject threads() const {
+    QJsonArray items;
+    for (const QString& id : m_order.first(m_order.size() - 1)) items.append(thread(id));
+    const qsizetype count = m_order.size();
+    return {{QStringLiteral("items"), items},
+            {QStringLiteral("nextCursor"), QStringLiteral("n")},
+            {QStringLiteral("counts"), QJsonObject{{QStringLiteral("total"), count},
+                                                   {QStringLiteral("unread"), 0},
+                                                   {QStringLiteral("drafts"), pending().size()}}}};
   }
   QJsonObject list() const {
     QJsonArray items;

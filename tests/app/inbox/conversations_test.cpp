@@ -91,6 +91,20 @@ class ConversationsTest : public InboxFixture {
     QCOMPARE(f->toasts.count(), 0);
   }
 
+  void whatIsReadWhileElsewhereIsMarkedOnTheWayBack() {
+    load();
+    f->api.expect(get(3));
+    store->open(id(3));
+    store->disappear();
+    f->api.answer(get(3), detailOf(threadOf(3)));
+    QCOMPARE(asked(patch(3)), 0);
+    store->appear();
+    f->api.expect(patch(3));
+    store->ensureLoaded();
+    store->showRecord(id(3));
+    QCOMPARE(asked(patch(3)), 1);
+  }
+
   void markedUnreadStaysUnread() {
     load();
     openLast();
@@ -146,8 +160,12 @@ class ConversationsTest : public InboxFixture {
     store->threads()->setTab(u"archived"_s);
     f->api.answer(list, page({threadOf(7, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})}));
     QCOMPARE(store->menu(id(7)).first().title, u"Move to inbox"_s);
+    open(7, detailOf(threadOf(7, {{u"status"_s, u"archived"_s}, {u"unread"_s, false}})));
     f->api.expect(patch(7));
-    store->act(u"archive"_s, id(7));
+    store->act(u"archive"_s);
+    // It was the only one: the key has nothing to take back.
+    QCOMPARE(store->openId(), QString());
+    QVERIFY(!store->act(u"archive"_s));
     QCOMPARE(body(), (QJsonObject{{u"status"_s, u"open"_s}}));
     f->api.answer(patch(7), json(threadOf(7, {{u"unread"_s, false}})));
     settle();
@@ -176,13 +194,17 @@ class ConversationsTest : public InboxFixture {
   void newMailIsTold() {
     load();
     auto& threads = *store->threads();
-    Q_EMIT f->context->mailCame();
+    Q_EMIT f->context->mailCame(u"2026-11-20T09:30:00Z"_s);
     QVERIFY(threads.newMail());
     f->api.expect(list);
     threads.showNewMail();
     QVERIFY(!threads.newMail());
-    f->api.answer(list, page({threadOf(9), threadOf(1), threadOf(2), threadOf(3)}));
+    f->api.answer(list, page({threadOf(9, {{u"lastInboundAt"_s, u"2026-11-20T09:40:00Z"_s}}), threadOf(1), threadOf(2),
+                              threadOf(3)}));
     QCOMPARE(shown().first(), id(9));
+    // What is told late has been read already.
+    Q_EMIT f->context->mailCame(u"2026-11-20T09:40:00.000Z"_s);
+    QVERIFY(!threads.newMail());
 
     f->api.expect(u"POST /inbox/poll"_s);
     threads.checkMail();

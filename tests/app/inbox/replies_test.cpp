@@ -93,6 +93,29 @@ class RepliesTest : public InboxFixture {
     QVERIFY(!writing.uncertain());
   }
 
+  void anUnknownEndIsKnownToTheNextRun() {
+    f->journal.open({u"u1"_s, {}});
+    settle();
+    load();
+    open(3, detailOf(threadOf(3, {{u"unread"_s, false}}), {draft(u"d0"_s, 3, u"Mine."_s, u"approved"_s)}));
+    writeMine();
+    // The machine stops while it is on its way.
+    Writings later(*f->context);
+    Writing& restored = *later.reply(id(3), u"Contact 3"_s);
+    settle();
+    QCOMPARE(restored.body(), u"Mine."_s);
+    QVERIFY(restored.uncertain());
+    ThreadList threads(*f->context, nullptr);
+    ThreadActions actions(*f->context, nullptr, threads, later);
+    f->api.expect(get(3));
+    actions.send(*store->threads()->find(id(3)), nullptr, false);
+    const auto mine = [](const QString& which) { return draft(which, 3, u"Mine."_s, u"approved"_s); };
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), {mine(u"d0"_s), mine(u"d9"_s)}));
+    QCOMPARE(asked(reply(3)), 1);
+    QCOMPARE(toast(), u"Your reply had been sent already."_s);
+    QCOMPARE(restored.body(), QString());
+  }
+
   void besideADraftItAsksFirst() {
     load();
     openLast({draft(u"d1"_s, 3, u"Hi"_s)});

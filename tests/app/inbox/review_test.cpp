@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "app/inbox/DraftsStore.h"
+#include "app/inbox/InboxStore.h"
 #include "tests/app/inbox/ReviewService.h"
 #include "tests/support/AppFixture.h"
 #include "tests/support/seed.h"
@@ -234,6 +235,33 @@ class ReviewTest : public QObject {
     f.service.run();
     QCOMPARE(f.service.count(post(u"d1"_s, u"approve"_s)), 1);
     QVERIFY(!f.queue().find(u"d1"_s));
+  }
+
+  void conversationsCountThemWithoutBeingSeen() {
+    Review f;
+    InboxStore inbox(*f.own, f.writings, f.store.get(), nullptr);
+    inbox.ensureLoaded();
+    f.service.run();
+    const auto list = u"GET /inbox/threads"_s;
+    const auto count = [&] { return inbox.threads()->draftCount(); };
+    QCOMPARE(count(), 3);
+    f.decide(u"approve"_s);
+    QCOMPARE(count(), 2);
+    f.act(u"skip"_s);
+    f.service.run(Fault::refused);
+    QCOMPARE(count(), 2);
+    // One that stands on a page nobody has read, and the other.
+    f.decide(u"skip"_s);
+    f.decide(u"skip"_s);
+    QCOMPARE(count(), 0);
+    f.act(u"undo"_s);
+    f.service.run();
+    QCOMPARE(count(), 1);
+    QCOMPARE(f.service.count(list), 1);
+    // And what the service says of it then is no other.
+    inbox.threads()->refresh();
+    f.service.run();
+    QCOMPARE(count(), 1);
   }
 
   void aHeldKeyDecidesOnce() {
