@@ -7,7 +7,6 @@
 #include "app/base/Poll.h"
 #include "app/base/WorkspaceContext.h"
 #include "app/base/shownName.h"
-#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/analytics/analyticsRequests.h"
 #include "kit/models/analytics/dashboard.h"
@@ -22,6 +21,10 @@ namespace orv {
 namespace {
 
 Q_LOGGING_CATEGORY(lcNotifier, "orvella.notifier")
+
+const auto repliesKind = u"replies"_s;
+/// Where nobody has written yet, the first who does is news, however this computer's clock goes.
+const auto beforeAll = u"1970-01-01T00:00:00Z"_s;
 
 /// What counts as a good reply.
 const QStringList goodLabels{u"interested"_s, u"meeting_booked"_s};
@@ -74,7 +77,7 @@ void Notifier::enter(Context context) {
   const QString slug = m_context->workspace().slug;
   m_context->changes().watch<InboxThread>(m_watcher.get(), [this, slug](const Change<InboxThread>& change) {
     const bool isSeen = change.record ? !change.record->unread : change.kind == Change<InboxThread>::Kind::gone;
-    if (isSeen) withdraw(idOf(u"reply"_s, slug, change.id));
+    if (isSeen) replySeen(slug, change.id);
   });
   Q_EMIT changed();
   look();
@@ -157,12 +160,9 @@ Task<void> Notifier::lookForReplies(Context context, QString latestAt) {
     QList<InboxThread> replies;
     for (const QString& label : goodLabels)
       replies += (co_await context->api().send(Requests::newReplies(label, since))).items;
-    const auto news = newsOf(replies, slug);
-    tell(news, u"%1 new positive replies"_s.arg(news.size()), idOf(u"replies"_s, slug, {}));
+    tell(newsOf(replies, slug), u"%1 new positive replies"_s, idOf(repliesKind, slug, {}));
   }
-  // Where nobody has written yet, the first who does is news.
-  if (isNew || since.isEmpty())
-    m_preferences.setNotifySince(slug, latestAt.isEmpty() ? formatPlatformDate(m_clock.now()) : latestAt);
+  if (isNew || since.isEmpty()) m_preferences.setNotifySince(slug, latestAt.isEmpty() ? beforeAll : latestAt);
   m_latest[slug] = latestAt;
 }
 
@@ -208,7 +208,7 @@ Task<void> Notifier::lookForFailures(Context context) {
                    {slug, Page::accounts, mailbox.id},
                    address});
     }
-    tell(news, u"%1 accounts failed"_s.arg(news.size()), idOf(u"accounts"_s, slug, {}));
+    tell(news, u"%1 accounts failed"_s, idOf(u"accounts"_s, slug, {}));
     m_preferences.setFailedAccounts(slug, ids);
   } else if (failed == 0 && !known.isEmpty()) {
     // One that fails again is told again.
@@ -237,12 +237,17 @@ void Notifier::tell(QList<News> news, const QString& title, const QString& summa
     return;
   }
   QStringList names;
-  for (const News& one : news) names.append(one.name);
+  // It takes the place of the last one, whose items nothing else tells of any more.
+  Target target{news.first().target.slug, news.first().target.page, {}, m_shown.value(summary).items};
+  for (const News& one : news) {
+    names.append(one.name);
+    target.items.insert(one.target.item);
+  }
   Notifications::Notice notice = news.first().notice;
   notice.id = summary;
-  notice.title = title;
+  notice.title = title.arg(news.size());
   notice.body = names.join(u", "_s);
-  show({notice, {news.first().target.slug, news.first().target.page, {}}, {}});
+  show({notice, target, {}});
 }
 
 void Notifier::show(const News& news) {
@@ -258,6 +263,15 @@ bool Notifier::isOnScreen(const Target& target) const {
 
 void Notifier::withdraw(const QString& id) {
   if (m_shown.remove(id) && m_notifications) m_notifications->withdraw(id);
+}
+
+void Notifier::replySeen(const QString& slug, const QString& threadId) {
+  withdraw(idOf(u"reply"_s, slug, threadId));
+  const QString summary = idOf(repliesKind, slug, {});
+  const auto told = m_shown.find(summary);
+  if (told == m_shown.end()) return;
+  told->items.remove(threadId);
+  if (told->items.isEmpty()) withdraw(summary);
 }
 
 void Notifier::follow(const QString& id, const QString& token) {

@@ -65,6 +65,8 @@ class Notifier final : public QObject {
     Page page = Page::inbox;
     /// Empty for the page itself.
     QString item;
+    /// Those that are told of as one: it goes with the last of them.
+    QSet<QString> items = {};
   };
   /// One thing to tell, and how it is named among others.
   struct News {
@@ -81,10 +83,12 @@ class Notifier final : public QObject {
   Task<QList<Mailbox>> failedAccounts(Context context);
   void take(const UnreadCounts& counts, WorkspaceContext& context);
   QList<News> newsOf(const QList<InboxThread>& replies, const QString& slug);
+  /// `title` has their number in it.
   void tell(QList<News> news, const QString& title, const QString& summary);
   void show(const News& news);
   bool isOnScreen(const Target& target) const;
   void withdraw(const QString& id);
+  void replySeen(const QString& slug, const QString& threadId);
   void follow(const QString& id, const QString& token);
 
   Clock& m_clock;

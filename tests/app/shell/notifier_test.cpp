@@ -193,6 +193,32 @@ class NotifierTest : public QObject {
     QVERIFY(f->navigator.item.isEmpty());
   }
 
+  void manyGoWithTheLastOfThem() {
+    f->preferences.toldUntil[u"acme"_s] = u"2026-11-21T11:00:00Z"_s;
+    f->navigator.openItem(Page::inbox, u"t6"_s);
+    begin();
+    notifier->setActive(true);
+    const QStringList ids{u"t1"_s, u"t2"_s, u"t3"_s, u"t4"_s, u"t5"_s};
+    bring(ids + QStringList{u"t6"_s});
+    // Whoever is on the screen is not counted.
+    QCOMPARE(desktop->shown.first().title, u"5 new positive replies"_s);
+    for (const QString& id : ids) {
+      QVERIFY(desktop->withdrawn.isEmpty());
+      f->context->changes().publish(replyIn(id, false), f->context->changes().stamp(), true);
+    }
+    QCOMPARE(desktop->withdrawn, QStringList{desktop->shown.first().id});
+  }
+
+  void whereNobodyHasWrittenTheFirstIsNews() {
+    f->clock.advance(24h * 365);
+    begin();
+    finish(unread(0, ""));
+    nextLook();
+    bring({u"t1"_s});
+    QCOMPARE(desktop->shown.size(), 1);
+    QVERIFY(f->api.sent()[f->api.sent().size() - 3].request.query.contains({u"since"_s, u"1970-01-01T00:00:00Z"_s}));
+  }
+
   void whatIsOnTheScreenIsNotTold() {
     f->preferences.toldUntil[u"acme"_s] = u"2026-11-21T11:00:00Z"_s;
     f->navigator.openItem(Page::inbox, u"t1"_s);
