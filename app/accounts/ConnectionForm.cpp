@@ -50,12 +50,14 @@ void ConnectionForm::setKind(Kind kind) {
 }
 
 void ConnectionForm::begin() {
+  m_isNew = true;
   m_byHand.clear();
   m_draft.fill(ConnectionFields());
   wipe();
 }
 
 void ConnectionForm::begin(const Mailbox& mailbox) {
+  m_isNew = false;
   m_kind = mailbox.connection && mailbox.connection->kind == "ms_graph_app"_L1 ? Kind::microsoftApp : Kind::smtp;
   ConnectionFields fields;
   fields.address = fields.username = mailbox.address;
@@ -111,7 +113,8 @@ bool ConnectionForm::check() {
   const auto require = [&problems](const QString& field, bool isGood, const QString& sentence) {
     if (!isGood) problems.insert(field, sentence);
   };
-  require(u"address"_s, isEmailAddress(fields.address.trimmed()), u"Enter an email address."_s);
+  // An account that is there has its address, which nobody sees or changes here.
+  if (m_isNew) require(u"address"_s, isEmailAddress(fields.address.trimmed()), u"Enter an email address."_s);
   if (m_kind == Kind::smtp) {
     const auto sentence = u"Enter a port from 1 to 65535"_s;
     require(u"smtpPort"_s, portOf(fields.smtpPort).has_value(), sentence);

@@ -98,6 +98,7 @@ class ConnectionForm : public QObject {
 
   DraftOf<ConnectionFields> m_draft;
   Kind m_kind = Kind::smtp;
+  bool m_isNew = true;
   /// Fields that follow the address until somebody types in them.
   QSet<QString> m_byHand;
   QString m_password;

@@ -163,12 +163,13 @@ bool GoogleConnect::take(const GoogleDirectory& directory) {
     return false;
   }
   m_showsSteps = false;
-  if (directory.code == u"need_admin"_s) {
+  const QString code = directory.code.value_or(QString());
+  if (code == "need_admin"_L1) {
     set(u"That address is not a Google Workspace admin. Use the account that signs in to "_s + adminHost + u'.');
-  } else if (directory.code == u"personal_gmail"_s) {
+  } else if (code == "personal_gmail"_L1) {
     set(u"That is a personal Gmail address. Google Workspace only."_s);
-  } else if (directory.code) {
-    set(u"Google answered with "_s + shownName(directory.message.value_or(*directory.code)));
+  } else if (!code.isEmpty()) {
+    set(u"Google answered with "_s + shownName(directory.message.value_or(code)));
   } else {
     m_directory = directory;
     m_existing.clear();

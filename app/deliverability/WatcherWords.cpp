@@ -72,9 +72,11 @@ QString summary(const DeliverabilityReport& report) {
   if (!report.lastScanAt)
     text = u"I can see "_s + Format::grouped(report.inboxes.size()) +
            u" inboxes and haven’t scanned them yet. The first scan runs within the hour."_s;
-  else if (checked > 0 && report.pool.inboxRate)
-    text = groups(report) + u" Sending inboxes are at "_s + percent(report.pool.inboxRate) + u", "_s +
-           Format::grouped(checked) + u" have real checks behind them."_s;
+  else if (checked > 0)
+    text =
+        groups(report) + u' ' +
+        (report.pool.inboxRate ? u"Sending inboxes are at "_s + percent(report.pool.inboxRate) + u", "_s : QString()) +
+        Format::grouped(checked) + u" have real checks behind them."_s;
   else
     text = groups(report) + u" None have warm-up checks in the last 7 days, so I have no placement numbers yet."_s;
   if (!report.automatic) text += u" Watching only. I log what I would do and change nothing on your inboxes."_s;

@@ -182,6 +182,9 @@ void RampupAccountStore::edit() {
   if (!plan() || busy()) return;
   if (!canWrite()) return (void)services().toasts.show({.message = u"Only members can edit roadmaps."_s});
   const std::optional<qint64> version = plan()->version;
+  const QDate today = isoDay(item()->today);
+  // A pause moves the days ahead: what is day 1 follows from which day today is.
+  const QDate from = plan()->dayIndex > 0 ? today.addDays(1 - plan()->dayIndex) : isoDay(plan()->startedOn);
   m_editor.open(
       {.title = u"Edit roadmap"_s,
        .about = address() + u" · The change applies from today."_s,
@@ -190,8 +193,8 @@ void RampupAccountStore::edit() {
        .key = u"rampup/"_s + m_id + u"/stages"_s,
        .stages = plan()->stages,
        .version = version,
-       .from = isoDay(plan()->startedOn),
-       .today = services().clock.now().toLocalTime().date(),
+       .from = from,
+       .today = today,
        .submit = [this, version](const QList<RoadmapStage>& stages) { m_tasks.start(editTask(stages, version)); }});
 }
 

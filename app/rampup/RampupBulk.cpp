@@ -21,13 +21,15 @@ QString verbOf(const RampupBulkBody& body) {
 }
 
 /// Switches one account's warm-up, in its turn; throws what the service says against it.
-Task<void> switchOne(std::shared_ptr<WorkspaceContext> context, QString id, bool on) {
+Task<void> switchOne(std::shared_ptr<WorkspaceContext> context, QString id, bool on,
+                     std::shared_ptr<QStringList> done) {
   const auto turn = co_await context->turns().next(id);
   if (!turn) throw APIError::of(APIError::Kind::cancelled);
   WarmupSettingsPatch patch;
   patch.enabled = on;
   const RampupDetail detail = co_await context->api().send(Requests::updateWarmup(id, patch));
   context->changes().publish(RampupAccount{id, detail.item()}, context->changes().stamp(), true);
+  done->append(id);
 }
 
 struct Named {
@@ -44,9 +46,9 @@ struct ToldAtTheEnd {
   std::shared_ptr<WorkspaceContext> context;
 };
 
-Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on) {
+Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on, std::shared_ptr<QStringList> done) {
   const auto context = job->context().shared_from_this();
-  const ToldAtTheEnd told(context);
+  const ToldAtTheEnd atTheEnd(context);
   QStringList ids;
   QHash<QString, QString> addresses;
   for (const Named& account : accounts) {
@@ -59,17 +61,17 @@ Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on) {
   };
   count(0);
   const EachOutcome outcome = co_await eachOf(
-      ids, [context, on](const QString& id) { return switchOne(context, id, on); }, count);
+      ids, [context, on, done](const QString& id) { return switchOne(context, id, on, done); }, count);
   JobOutcome end;
-  const QString done =
+  const QString told =
       (on ? u"Warm-up resumed on "_s : u"Warm-up paused on "_s) + RampupWords::countedMailboxes(outcome.done.size());
   if (outcome.failed.isEmpty()) {
-    end.title = done;
+    end.title = told;
     co_return end;
   }
   end.kind = JobOutcome::Kind::failed;
   const QString first = u"Couldn’t update "_s + addresses.value(outcome.failed.first());
-  end.title = outcome.done.isEmpty() ? first : done + u". "_s + first;
+  end.title = outcome.done.isEmpty() ? first : told + u". "_s + first;
   if (outcome.failed.size() > 1)
     end.title += u" and "_s + Format::counted(outcome.failed.size() - 1, u"other"_s, u"others"_s);
   end.text = outcome.reason;
@@ -157,19 +159,22 @@ Task<void> RampupBulk::editTask(QStringList ids, QList<RoadmapStage> stages) {
 }
 
 void RampupBulk::switchWarmup(bool on) {
-  if (!canWrite() || (m_switching && m_switching->running())) return;
+  if (!canWrite() || !busy().isEmpty()) return;
   QList<Named> accounts;
   for (const QString& id : m_selection.ids())
     if (const RampupRow* row = m_accounts.find(id)) accounts.append({id, shownName(row->record().item.address)});
   if (accounts.isEmpty()) return;
   const QString name =
       (on ? u"Resuming warm-up on "_s : u"Pausing warm-up on "_s) + RampupWords::countedMailboxes(accounts.size());
-  m_switching = services().jobs.start({.name = name, .stopped = u"Accounts that were done stay so."_s},
-                                      context().shared_from_this(),
-                                      [accounts, on](Job& job) { return switchAll(&job, accounts, on); });
-  // Those that failed stay ticked, to be tried again.
-  connect(m_switching, &Job::ended, this, [this, ids = m_selection.ids()] {
-    if (m_switching && !m_switching->failed()) m_selection.untick(ids);
+  const auto done = std::make_shared<QStringList>();
+  m_switching.emplace(m_busy.mark(on ? u"resume-warmup"_s : u"pause-warmup"_s));
+  const Job* switching = services().jobs.start(
+      {.name = name, .stopped = u"Accounts that were done stay so."_s}, context().shared_from_this(),
+      [accounts, on, done](Job& job) { return switchAll(&job, accounts, on, done); });
+  // Those that failed, or were not come to, stay ticked, to be tried again.
+  connect(switching, &Job::ended, this, [this, done] {
+    m_switching.reset();
+    m_selection.untick(*done);
   });
 }
 

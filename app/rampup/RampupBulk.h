@@ -58,7 +58,8 @@ class RampupBulk final : public Store {
   RowSelection m_selection;
   BusySet m_busy;
   Actions m_actions;
-  QPointer<Job> m_switching;
+  /// While warm-up is being switched.
+  std::optional<BusySet::Mark> m_switching;
 };
 
 /// In what the roadmaps of these accounts differ, which a save makes the same; empty when there is nothing.

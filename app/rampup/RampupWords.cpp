@@ -6,6 +6,7 @@
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
+#include "kit/models/rampup/rampupPhase.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,9 +18,13 @@ constexpr int protectedUnder = 80;
 
 /// The service names the share in its reason.
 QString shareOf(const std::optional<QString>& reason) {
-  static const QRegularExpression share(u"([0-9]{1,3}(?:\\.[0-9]+)?) ?%"_s);
-  const auto found = share.match(reason.value_or(QString()));
-  return found.hasMatch() ? found.captured(1) : QString::number(protectedUnder);
+  const QString number = u"([0-9]{1,3}(?:\\.[0-9]+)?) ?%"_s;
+  // It may name what was reached as well.
+  static const QRegularExpression bound(u"\\b(?:under|below) "_s + number, QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression any(number);
+  for (const QRegularExpression* share : {&bound, &any})
+    if (const auto found = share->match(reason.value_or(QString())); found.hasMatch()) return found.captured(1);
+  return QString::number(protectedUnder);
 }
 
 QString dayOf(const RoadmapPlan& plan) {
@@ -29,12 +34,19 @@ QString dayOf(const RoadmapPlan& plan) {
 }  // namespace
 
 Phase phaseOf(const RampupItem& item) {
-  if (!item.plan || item.plan->isScheduled()) return Phase::pending;
-  if (item.plan->isDone()) return Phase::live;
-  const QString stage = item.plan->stage ? item.plan->stage->key : QString();
-  if (stage == RoadmapStage::warmupOnly) return Phase::warmup;
-  if (stage == RoadmapStage::slowRamp) return Phase::rampup;
-  return stage == RoadmapStage::full ? Phase::live : Phase::pending;
+  if (!item.plan) return Phase::pending;
+  const auto stage = item.plan->stage ? std::optional(item.plan->stage->key) : std::nullopt;
+  switch (rampupPhase(item.plan->state, stage)) {
+    case RampupPhase::pending:
+      return Phase::pending;
+    case RampupPhase::warmup:
+      return Phase::warmup;
+    case RampupPhase::rampup:
+      return Phase::rampup;
+    case RampupPhase::live:
+      return Phase::live;
+  }
+  Q_UNREACHABLE();
 }
 
 QString label(Phase phase) {

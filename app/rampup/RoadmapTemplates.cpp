@@ -174,7 +174,9 @@ QList<RoadmapStage> RoadmapTemplates::googleStages() const {
 }
 
 void RoadmapTemplates::beginCreate() {
-  if (canWrite()) m_new.show({}, u"rampup/tab:templates/new"_s);
+  if (!canWrite()) return;
+  m_list.ensureLoaded();
+  m_new.show({}, u"rampup/tab:templates/new"_s);
 }
 
 void RoadmapTemplates::beginRename(const QString& id) {
@@ -190,12 +192,22 @@ Task<void> RoadmapTemplates::createTask(QString name) {
     submission.fail(u"Under 80 characters"_s);
     co_return;
   }
+  if (!m_list.value()) {
+    m_list.ensureLoaded();
+    submission.fail(u"The Google schedule isn’t loaded yet. Try again in a moment."_s);
+    co_return;
+  }
   const auto made =
       co_await m_actions.send(Requests::createTemplate({name, {}, googleStages()}), u"Couldn’t create the template."_s,
                               {}, [&submission](const APIError& error) { return submission.fail(error.message()); });
   if (!made) co_return;
-  // The next screen: its schedule.
-  if (submission.succeed()) edit(made->id);
+  if (!submission.succeed()) {
+    services().toasts.success(u"Created “"_s + RampupWords::templateName(made->name) + u'”');
+    co_return;
+  }
+  // The next screen: its schedule, and then who is to follow it.
+  edit(made->id);
+  m_fresh = made->id;
 }
 
 Task<void> RoadmapTemplates::renameTask(QString id, QString name) {
@@ -226,6 +238,7 @@ void RoadmapTemplates::edit(const QString& id) {
   const RoadmapTemplate* known = find(id);
   if (!known || m_busy.contains(id)) return;
   if (!canWrite()) return (void)services().toasts.show({.message = u"Only members can edit schedules."_s});
+  m_fresh.clear();
   m_editor.open({.title = u"Edit schedule"_s,
                  .about = RampupWords::templateName(known->name) + u" · Accounts on it update from today."_s,
                  .submitLabel = u"Save schedule"_s,
@@ -246,9 +259,11 @@ Task<void> RoadmapTemplates::editTask(QString id, QList<RoadmapStage> stages) {
           {id, id}, build, u"Couldn’t save the schedule."_s, {},
           [&](const APIError& error) { return submission.fail(m_editor.sentenceOf(error)); }))
     co_return;
-  submission.succeed();
+  const bool isShown = submission.succeed();
   services().toasts.success(u"Schedule saved. Accounts on it update from today."_s);
   roadmapsChanged(context());
+  const RoadmapTemplate* saved = find(id);
+  if (isShown && saved && std::exchange(m_fresh, {}) == id && onAddAccounts) onAddAccounts(*saved);
 }
 
 Task<void> RoadmapTemplates::removeTask(QString id) {

@@ -112,6 +112,8 @@ class RoadmapTemplates final : public Store {
   NameForm m_rename;
   /// As it was when the form was filled.
   RoadmapTemplate m_renamed;
+  /// The one that has just been made, until its schedule is saved.
+  QString m_fresh;
   bool m_showArchived = false;
 };
 

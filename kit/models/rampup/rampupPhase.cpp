@@ -8,6 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 
 RampupPhase rampupPhase(const QString& state, const std::optional<QString>& stageKey) {
+  if (state == "scheduled"_L1) return RampupPhase::pending;
   if (state == "done"_L1 || stageKey == RoadmapStage::full) return RampupPhase::live;
   if (stageKey == RoadmapStage::slowRamp) return RampupPhase::rampup;
   return stageKey == RoadmapStage::warmupOnly ? RampupPhase::warmup : RampupPhase::pending;

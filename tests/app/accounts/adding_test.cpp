@@ -275,6 +275,12 @@ class AddingTest : public QObject {
     QVERIFY(!adding->google()->looking() && !adding->google()->waiting());
   }
 
+  void anEmptyCodeStandsInNobodysWay() {
+    openGoogle();
+    find(QByteArray(people).replace(R"({"domain")", R"({"code":"","domain")"));
+    QCOMPARE(adding->google()->stage(), GoogleConnect::Stage::directory);
+  }
+
   void googleIsNotSetUpEverywhere() {
     choose(u"google"_s);
     f->api.fail(statusCall, TransportFailure::offline);

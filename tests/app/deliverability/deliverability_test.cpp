@@ -84,6 +84,8 @@ class DeliverabilityTest : public QObject {
     QVERIFY(WatcherWords::summary(given).endsWith(
         u" Watching only. I log what I would do and change nothing on your inboxes."_s));
     given.automatic = true;
+    given.pool.inboxRate.reset();
+    QVERIFY(WatcherWords::summary(given).endsWith(u"are repairing. 4 have real checks behind them."_s));
     for (DeliverabilityInbox& each : given.inboxes) each.n = 0;
     QVERIFY(WatcherWords::summary(given).endsWith(
         u"repairing. None have warm-up checks in the last 7 days, so I have no placement numbers yet."_s));

@@ -46,6 +46,7 @@ class RampupTest : public QObject {
     QTest::newRow("m7") << u"Ramp-up"_s << u"Day 24"_s << u"Paused by auto-protect"_s;
     QTest::newRow("m8") << u"Ramp-up"_s << u"Day 24 of 42 · Paused"_s << QString();
     QTest::newRow("m9") << u"Pending"_s << u"Only warms up the others"_s << QString();
+    QTest::newRow("m10") << u"Pending"_s << u"Starts 28 Oct"_s << QString();
   }
   void phasesFollowThePlan() {
     RampupItem pool = someItem(u"m9"_s, std::nullopt);
@@ -53,7 +54,7 @@ class RampupTest : public QObject {
     f->load({someItem(u"m1"_s), someItem(u"m2"_s, somePlan(9)), someItem(u"m3"_s, somePlan(40)),
              someItem(u"m4"_s, somePlan(42, u"done"_s)), someItem(u"m5"_s, somePlan(0, u"scheduled"_s)),
              someItem(u"m6"_s, std::nullopt), someItem(u"m7"_s, paused(u"auto"_s)),
-             someItem(u"m8"_s, paused(u"member"_s)), pool});
+             someItem(u"m8"_s, paused(u"member"_s)), pool, someItem(u"m10"_s, somePlan(1, u"scheduled"_s))});
     QFETCH(QString, phase);
     QFETCH(QString, standing);
     QFETCH(QString, warning);
@@ -130,8 +131,10 @@ class RampupTest : public QObject {
     settle();
     QCOMPARE(f->api.waiting(), 4);
     QCOMPARE(f->sentBody(), (QJsonObject{{u"enabled"_s, false}}));
-    // Pressed again while it runs, nothing more goes out.
+    // While it runs no other bulk action goes out, nor the same again.
     bulk().switchWarmup(false);
+    bulk().pause();
+    QCOMPARE(bulk().busy(), u"pause-warmup"_s);
     f->api.expect(patch(5));
     items[0].settings.enabled = false;
     f->api.answer(patch(1), detailOf(items[0]));
@@ -147,6 +150,8 @@ class RampupTest : public QObject {
     QCOMPARE(f->lastToast(), u"Warm-up paused on 5 mailboxes. Couldn’t update m2@a.example"_s);
     QCOMPARE(f->toasts.toasts().last().detail, u"Not now"_s);
     QCOMPARE(f->jobs.running(), 0);
+    QVERIFY(bulk().busy().isEmpty());
+    QCOMPARE(bulk().selection()->ids(), QStringList{u"m2"_s});
   }
 
   void aRowIsReadAheadOnce() {

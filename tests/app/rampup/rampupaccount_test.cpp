@@ -63,7 +63,7 @@ class RampupAccountTest : public QObject {
     QFETCH(QString, by);
     RampupItem item = someItem(u"m1"_s, somePlan(24, state));
     if (!by.isEmpty()) item.plan->pausedBy = by;
-    item.plan->pauseReason = u"Under 75 % over 7 days"_s;
+    item.plan->pauseReason = u"62% reached the inbox, under 75 % over 7 days"_s;
     open(item);
     QTEST(store->stateLine(), "line");
     QTEST(store->note(), "note");
@@ -161,6 +161,17 @@ class RampupAccountTest : public QObject {
     settle();
     if (f->api.isWaiting(f->get)) f->api.answer(f->get, listOf({someItem(u"m1"_s)}));
     if (f->api.isWaiting(get)) f->api.answer(get, detailOf(someItem(u"m1"_s)));
+  }
+
+  void theEditorsDaysAreTheAccounts() {
+    // Paused for a while, it has come less far than it is old; and where the account is, it is another day.
+    RampupItem item = someItem(u"m1"_s, somePlan(21));
+    item.plan->shiftDays = 3;
+    item.today = u"2026-11-21"_s;
+    open(item);
+    QVERIFY(store->act(u"edit"_s));
+    QCOMPARE(store->editor()->today(), 20);
+    QCOMPARE(store->editor()->property("days").toStringList().first(), u"2026-11-01"_s);
   }
 
   void whatIsTypedOfARoadmapStaysWithItsAccount() {

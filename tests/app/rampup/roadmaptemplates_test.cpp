@@ -70,6 +70,40 @@ class RoadmapTemplatesTest : public QObject {
     // The next screen is its schedule.
     QVERIFY(f->store.editor()->shown());
     QVERIFY(f->store.editor()->about().startsWith(u"Spring domains"_s));
+    // And once that is saved, who is to follow it.
+    f->api.expect(u"PUT /rampup/templates/t2"_s);
+    f->store.editor()->submit();
+    f->api.expect(f->get);
+    f->api.answer(u"PUT /rampup/templates/t2"_s, encodeJSON(made));
+    QVERIFY(f->store.adding()->form()->shown());
+    QCOMPARE(f->store.adding()->title(), u"Add accounts to Spring domains"_s);
+    f->api.answer(f->get, listOf({}));
+  }
+
+  void aNewOneIsToldOfWhereverItsFormIs() {
+    const QString created = u"POST /rampup/templates"_s;
+    NameForm& form = *templates().newTemplate();
+    templates().beginCreate();
+    form.setText(u"Spring domains"_s);
+    f->api.expect(created);
+    form.submit();
+    form.cancel();
+    f->api.expect(f->templates);
+    f->api.answer(created, encodeJSON(changed(u"Spring domains"_s, 1)));
+    QCOMPARE(f->lastToast(), u"Created “Spring domains”"_s);
+    QVERIFY(!f->store.editor()->shown());
+    if (f->api.isWaiting(f->templates)) f->api.answer(f->templates, pageOf({}, 0));
+  }
+
+  void aCopyWaitsForWhatItIsACopyOf() {
+    f = std::make_unique<RampupFixture>();
+    f->api.expect(f->templates);
+    templates().beginCreate();
+    templates().newTemplate()->setText(u"Spring domains"_s);
+    templates().newTemplate()->submit();
+    QCOMPARE(templates().newTemplate()->error(), u"The Google schedule isn’t loaded yet. Try again in a moment."_s);
+    QCOMPARE(f->asked(u"POST /rampup/templates"_s), 0);
+    f->api.answer(f->templates, pageOf({RampupFixture::aTemplate()}, 0));
   }
 
   void aRenameIsRefusedWhenSomebodyElseWasFaster() {
