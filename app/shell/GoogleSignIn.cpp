@@ -64,7 +64,13 @@ Task<GoogleSignIn::Result> GoogleSignIn::wait(Clock& clock) {
 
 bool GoogleSignIn::accept(const QString& link) {
   const auto code = codeOf(link);
-  if (!code || m_codes.contains(*code) || m_codes.size() >= mostLinks) return false;
+  if (!code || m_codes.contains(*code)) return false;
+  if (m_codes.size() == mostLinks) {
+    // Those that led nowhere make room: the true one may come after any number of false ones.
+    if (m_next == 0) return false;
+    m_codes.removeFirst();
+    --m_next;
+  }
   m_codes.append(*code);
   if (m_waiting) OneShot(*m_waiting).give({Outcome::code, *code});
   return true;

@@ -50,7 +50,7 @@ class GoogleSignIn final {
   QString m_verifier;
   std::optional<QDateTime> m_end;
   std::optional<OneShot<Result>> m_waiting;
-  /// In the order in which they came; those before `m_next` are dealt with.
+  /// The last that came, in their order; those before `m_next` are dealt with.
   QStringList m_codes;
   qsizetype m_next = 0;
 };
