@@ -4,14 +4,13 @@
 
 #include <atomic>
 #include <chrono>
-#include <future>
 #include <limits>
 #include <map>
 #include <mutex>
-#include <system_error>
 #include <thread>
 
 #include "kit/api/NetworkChanges.h"
+#include "kit/api/SideWork.h"
 #include "kit/api/Transfer.h"
 
 namespace orv {
@@ -180,16 +179,9 @@ class APIClient::Network {
   void deliver(const std::shared_ptr<AnswerReceiver>& receiver, ExchangeResult result) {
     const auto* answer = std::get_if<HTTPAnswer>(&result);
     if (!answer || answer->body.size() < decodedBeside) return receiver->receive(std::move(result));
-    std::erase_if(m_decoding, [](const auto& each) { return each.wait_for(0s) == std::future_status::ready; });
-    const auto decode = [receiver, held = std::make_shared<ExchangeResult>(std::move(result))] {
+    m_decoding.start([receiver, held = std::make_shared<ExchangeResult>(std::move(result))] {
       receiver->receive(std::move(*held));
-    };
-    try {
-      m_decoding.push_back(std::async(std::launch::async, decode));
-    } catch (const std::system_error&) {
-      // No thread is to be had: rather late for the others than lost.
-      decode();
-    }
+    });
   }
 
   /// Milliseconds; without anything under way there is nothing to wake up for.
@@ -222,9 +214,8 @@ class APIClient::Network {
   std::optional<QByteArray> m_proxy;
   std::optional<SteadyClock::time_point> m_heldUntil;
 
-  /// A thread each: as many as requests are under way, and those are few. Ends first, and waits for what has begun:
-  /// nothing is delivered when the client is gone.
-  std::vector<std::future<void>> m_decoding;
+  /// Ends first: nothing is delivered when the client is gone.
+  SideWork m_decoding;
 };
 
 class APIClient::NetworkExchange final : public Exchange {
