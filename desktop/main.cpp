@@ -68,20 +68,12 @@ void follow(const ColorSchemeWatcher& desktop, Appearance& appearance) {
   appearance.setReducedMotion(desktop.reducedMotion());
 }
 
-/// The toolkit reads its factor once, as the application is made. Gives back what the desktop had set, for who starts
-/// from here is to read it again.
-QByteArray useChosenSize() {
-  QByteArray before = qgetenv("QT_SCALE_FACTOR");
+/// The toolkit reads its factor once, as the application is made.
+void useChosenSize() {
   const int percent = SettingsPreferences().size();
   bool isNumber = false;
-  const double desktop = before.toDouble(&isNumber);
+  const double desktop = qgetenv("QT_SCALE_FACTOR").toDouble(&isNumber);
   if (percent != 100) qputenv("QT_SCALE_FACTOR", QByteArray::number((isNumber ? desktop : 1) * percent / 100));
-  return before;
-}
-
-void startAgain(const QByteArray& scale) {
-  scale.isEmpty() ? qunsetenv("QT_SCALE_FACTOR") : qputenv("QT_SCALE_FACTOR", scale);
-  startProgram(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
 }
 
 double residentMegabytes() {
@@ -125,7 +117,7 @@ bool takeLinks(SignInModel& signIn, const QStringList& links) {
   return isExpected;
 }
 
-int run(QGuiApplication& application, const Options& options, LogFile& log, const QByteArray& scale) {
+int run(QGuiApplication& application, const Options& options, LogFile& log) {
   SingleInstance instance(applicationId, QDBusConnection::sessionBus());
   const QStringList links = instance.linksIn(options.arguments);
   // The sample neither takes links nor minds a second window.
@@ -227,7 +219,7 @@ int run(QGuiApplication& application, const Options& options, LogFile& log, cons
   const int code = application.exec();
   instance.release();
   letFinish(app);
-  if (app.startsAgain()) startAgain(scale);
+  if (app.startsAgain()) startProgram(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1));
   return code;
 }
 
@@ -246,7 +238,7 @@ int main(int argc, char** argv) {
   QQuickStyle::setStyle(u"Basic"_s);
   QGuiApplication::setOrganizationName(u"Orvella"_s);
   QGuiApplication::setApplicationName(u"Orvella"_s);
-  const QByteArray scale = useChosenSize();
+  useChosenSize();
   QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationDisplayName(u"Orvella"_s);
   QGuiApplication::setApplicationVersion(QStringLiteral(ORVELLA_VERSION));
@@ -255,5 +247,5 @@ int main(int argc, char** argv) {
   LogFile log(LogFile::defaultFolder());
   const StallRecorder stalls(*QAbstractEventDispatcher::instance());
   useSoftwareWithoutGraphics();
-  return run(application, options, log, scale);
+  return run(application, options, log);
 }

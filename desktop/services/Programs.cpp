@@ -18,10 +18,14 @@ namespace {
 struct Inherited {
   mode_t mask = ::umask(077);
   rlimit core = {};
+  /// What this program makes something else of for itself.
+  QProcessEnvironment environment;
 
   Inherited() {
     ::umask(mask);
     ::getrlimit(RLIMIT_CORE, &core);
+    for (const char* name : {"QT_SCALE_FACTOR", "SSLKEYLOGFILE"})
+      environment.insert(QString::fromLatin1(name), qEnvironmentVariable(name));
   }
 };
 
@@ -51,6 +55,10 @@ QProcess* newProcess(QObject* parent, const QString& program, const QStringList&
   auto environment = QProcessEnvironment::systemEnvironment();
   // Leave to take the focus that was given to this program.
   for (const auto& token : {u"XDG_ACTIVATION_TOKEN"_s, u"DESKTOP_STARTUP_ID"_s}) environment.remove(token);
+  for (const QString& name : inherited().environment.keys()) {
+    const QString before = inherited().environment.value(name);
+    before.isEmpty() ? environment.remove(name) : environment.insert(name, before);
+  }
   process->setProcessEnvironment(environment);
   process->setStandardInputFile(QProcess::nullDevice());
   process->setStandardErrorFile(QProcess::nullDevice());

@@ -13,8 +13,8 @@ namespace orv {
 /// Not by making it undumpable: the desktop's portals could then not tell which program asks them.
 void keepToOneself();
 
-// Everything that starts a program does so here. It gets the rights, limits and signals that this one was started with,
-// and none of its files and connections.
+// Everything that starts a program does so here. It gets the rights, limits, signals and variables that this one was
+// started with, and none of its files and connections.
 
 /// Starts a program that outlives this one. False when there is none.
 bool startProgram(const QString& program, const QStringList& arguments);

@@ -46,7 +46,11 @@ class ProgramsTest : public QObject {
     m_path = qgetenv("PATH");
     qputenv("PATH", QFile::encodeName(m_folder.path()) + ':' + m_path);
     qputenv("XDG_ACTIVATION_TOKEN", "for this program");
+    qputenv("QT_SCALE_FACTOR", "1.5");
+    qputenv("SSLKEYLOGFILE", "/dev/null");
     keepToOneself();
+    qputenv("QT_SCALE_FACTOR", "2.25");
+    qunsetenv("SSLKEYLOGFILE");
   }
   void cleanupTestCase() { qputenv("PATH", m_path); }
 
@@ -78,6 +82,7 @@ class ProgramsTest : public QObject {
   grep SigIgn /proc/$$/status
   ls /proc/$$/fd
   echo "token $XDG_ACTIVATION_TOKEN"
+  echo "size $QT_SCALE_FACTOR keys $SSLKEYLOGFILE"
   read -r stat </proc/$$/stat
   set -- ${stat##*) }
   [ "$4" = $$ ] && echo alone
@@ -99,6 +104,7 @@ mv told.new told
     QVERIFY2(!(ignored & (1ULL << (SIGPIPE - 1))), lines.value(3).constData());
     for (const int open : {socket, file}) QVERIFY(!lines.contains(QByteArray::number(open)));
     QVERIFY(lines.contains("token ") && lines.contains("alone"));
+    QVERIFY2(lines.contains("size 1.5 keys /dev/null"), "as this one was started, whatever it has made of them since");
     ::close(socket);
     ::close(file);
   }
