@@ -120,6 +120,10 @@ Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QB
   return start(&context, {std::move(fileName), std::move(text), std::move(failure), std::move(told)});
 }
 
+Task<JobOutcome> saveCsvOf(Job* job, QString fileName, QByteArray bytes, QString failure, QString told) {
+  return save(job, {std::move(fileName), [bytes] { return bytes; }, std::move(failure), std::move(told)}, {});
+}
+
 Task<void> saveSecretCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure) {
   const std::shared_ptr<QByteArray> kept(new QByteArray(std::move(bytes)), [](QByteArray* secret) {
     wipe(*secret);

@@ -15,6 +15,9 @@ namespace orv {
 Task<void> saveCsv(WorkspaceContext& context, QString fileName, std::function<QByteArray()> text, QString failure,
                    QString told = QStringLiteral("Saved "));
 
+/// The same as the end of a job that has got the bytes.
+Task<JobOutcome> saveCsvOf(Job* job, QString fileName, QByteArray bytes, QString failure, QString told);
+
 /// The same for what holds passwords: nobody else may read the file, whoever could read the one that it takes the place
 /// of, and the bytes are overwritten once they have been written.
 Task<void> saveSecretCsv(WorkspaceContext& context, QString fileName, QByteArray bytes, QString failure);

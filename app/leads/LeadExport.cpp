@@ -12,8 +12,32 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-LeadExport::LeadExport(WorkspaceContext& context, Store& whole)
-    : Store(context, &whole), m_actions(context, m_busy, [] {}) {
+namespace {
+
+struct Wanted {
+  LeadList list;
+  /// Empty for the list itself.
+  QStringList ticked;
+  std::optional<int> number;
+};
+
+Task<JobOutcome> exportLeads(Job* job, Wanted wanted) {
+  const QString failure = u"Couldn’t export "_s + shownName(wanted.list.name);
+  job->setStage(u"Reading the leads…"_s);
+  RawData file;
+  try {
+    file = co_await job->context().api().send(
+        wanted.ticked.isEmpty() ? Requests::exportLeadList(wanted.list.id, wanted.number)
+                                : Requests::exportTickedLeads({wanted.list.id, QList<QString>(wanted.ticked)}));
+  } catch (const APIError& error) {
+    co_return JobOutcome{.kind = JobOutcome::Kind::failed, .title = failure, .text = error.message()};
+  }
+  co_return co_await saveCsvOf(job, wanted.list.name + u".csv"_s, file.data, failure, u"Exported "_s);
+}
+
+}  // namespace
+
+LeadExport::LeadExport(WorkspaceContext& context, Store& whole) : Store(context, &whole) {
   connect(&m_form, &Form::changed, this, &LeadExport::changed);
 }
 
@@ -45,6 +69,7 @@ void LeadExport::setOnlyTicked(bool only) {
 }
 
 void LeadExport::open(const LeadList& list, const QStringList& ticked) {
+  if (m_form.showRunning()) return;
   m_list = list;
   m_ticked = ticked;
   m_onlyTicked = !ticked.isEmpty();
@@ -52,20 +77,17 @@ void LeadExport::open(const LeadList& list, const QStringList& ticked) {
   m_form.show();
 }
 
-Task<void> LeadExport::submitTask() {
-  if (!canSubmit() || !m_form.shown()) co_return;
-  auto submission = m_form.begin();
-  const LeadList list = m_list;
-  const QString failure = u"Couldn’t export "_s + shownName(list.name);
-  auto request = m_onlyTicked ? Requests::exportTickedLeads({list.id, QList<QString>(m_ticked)})
-                              : Requests::exportLeadList(list.id, number());
-  const auto file = co_await m_actions.send(std::move(request), failure, {}, [&submission](const APIError& error) {
-    // Who has closed the form wants no file any more.
-    return submission.fail(error.message()) || !submission.isShown();
-  });
-  if (!file || !submission.succeed()) co_return;
-  co_await saveCsv(
-      context(), list.name + u".csv"_s, [bytes = file->data] { return bytes; }, failure, u"Exported "_s);
+void LeadExport::submit() {
+  if (!canSubmit() || !m_form.shown()) return;
+  Wanted wanted{.list = m_list, .ticked = {}, .number = number()};
+  if (m_onlyTicked) wanted.ticked = m_ticked;
+  m_form.run(context(), u"Exporting "_s + shownName(m_list.name), u"Nothing was saved."_s,
+             [wanted](Job& job) { return exportLeads(&job, wanted); });
+}
+
+void LeadExport::close() {
+  m_form.letGo();
+  Store::close();
 }
 
 }  // namespace orv

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "app/base/Actions.h"
-#include "app/base/Form.h"
+#include "app/base/JobForm.h"
 #include "app/base/Store.h"
 #include "kit/models/leads/leadList.h"
 
 namespace orv {
 
-/// The form that exports a list: all of it, its newest leads, or those that were ticked when it was opened.
+/// The form that exports a list: all of it, its newest leads, or those that were ticked when it was opened. The export
+/// is a job of the workspace.
 class LeadExport final : public Store {
   Q_OBJECT
-  Q_PROPERTY(orv::Form* form READ form CONSTANT)
+  Q_PROPERTY(orv::JobForm* form READ form CONSTANT)
   Q_PROPERTY(QString about READ about NOTIFY changed)
   Q_PROPERTY(QString howMany READ howMany WRITE setHowMany NOTIFY changed)
   Q_PROPERTY(QString howManyLabel READ howManyLabel CONSTANT)
@@ -22,7 +22,7 @@ class LeadExport final : public Store {
  public:
   LeadExport(WorkspaceContext& context, Store& whole);
 
-  Form* form() { return &m_form; }
+  JobForm* form() { return &m_form; }
   /// "Insurance owners, DACH · 2,600 leads".
   QString about() const;
   /// As typed; empty for all.
@@ -37,8 +37,9 @@ class LeadExport final : public Store {
   bool canSubmit() const { return !m_form.busy() && (m_onlyTicked || problem().isEmpty()); }
 
   void open(const LeadList& list, const QStringList& ticked);
-  Q_INVOKABLE void submit() { m_tasks.start(submitTask()); }
-  Task<void> submitTask();
+  Q_INVOKABLE void submit();
+
+  void close() override;
 
  Q_SIGNALS:
   void changed();
@@ -46,9 +47,7 @@ class LeadExport final : public Store {
  private:
   std::optional<int> number() const;
 
-  BusySet m_busy;
-  Actions m_actions;
-  Form m_form;
+  JobForm m_form;
   LeadList m_list;
   QStringList m_ticked;
   QString m_howMany;

@@ -8,6 +8,7 @@ OnDemand {
     id: root
 
     required property LeadExport exporting
+    readonly property bool busy: exporting.form.busy
 
     shown: exporting.form.shown
 
@@ -16,7 +17,7 @@ OnDemand {
         text: root.exporting.about
         confirmText: "Export CSV"
         confirmEnabled: root.exporting.canSubmit
-        busy: root.exporting.form.busy
+        cancelText: root.busy ? "Hide" : "Cancel"
         error: root.exporting.form.error
         initialFocus: root.exporting.onlyTicked ? ticked : number
         onConfirmed: root.exporting.submit()
@@ -25,7 +26,7 @@ OnDemand {
         OrvField {
             id: number
             width: parent.width
-            enabled: !root.exporting.onlyTicked
+            enabled: !root.busy && !root.exporting.onlyTicked
             label: root.exporting.howManyLabel
             placeholder: "All of them"
             text: root.exporting.howMany
@@ -36,9 +37,16 @@ OnDemand {
         OrvCheckbox {
             id: ticked
             visible: text !== ""
+            enabled: !root.busy
             text: root.exporting.tickedText
             checked: root.exporting.onlyTicked
             onToggled: root.exporting.onlyTicked = checked
+        }
+
+        JobProgress {
+            visible: root.busy
+            width: parent.width
+            form: root.exporting.form
         }
     }
 }

@@ -304,8 +304,9 @@ class LeadListsTest : public QObject {
     f->api.expect(exported);
     form.submit();
     QCOMPARE(f->api.last().request.query, (QList<QueryItem>{{u"list"_s, u"li1"_s}, {u"limit"_s, u"2"_s}}));
+    QCOMPARE(f->jobs.unsavedWork().size(), 1);
     f->api.answer(exported, "email\na@x.example\n");
-    QVERIFY(!form.form()->shown());
+    QTRY_VERIFY(!form.form()->shown());
     const QString path = folder.filePath(u"Fair.csv"_s);
     QTRY_COMPARE(f->lastToast(), u"Exported Fair.csv"_s);
     QFile file(path);
@@ -315,16 +316,20 @@ class LeadListsTest : public QObject {
     f->toasts.act(f->toasts.toasts().last().id);
     QCOMPARE(f->revealer.revealed, path);
 
-    // Only those that were ticked; closed before they came, it asks for no place to keep them.
+    // Only those that were ticked. Closed before they came, it asks where to keep them all the same.
     form.open({.id = u"li1"_s, .name = u"Fair"_s, .leadCount = 9}, {u"l1"_s, u"l2"_s});
     QCOMPARE(form.tickedText(), u"Only the 2 ticked leads"_s);
     f->api.expect(ticked);
     form.submit();
     QCOMPARE(f->sentBody(), (QJsonObject{{u"list"_s, u"li1"_s}, {u"leadIds"_s, QJsonArray{u"l1"_s, u"l2"_s}}}));
     f->filePanel.suggested.clear();
+    f->filePanel.folder.clear();
+    form.form()->cancel();
+    form.open({.id = u"li2"_s, .name = u"Clinics"_s, .leadCount = 3}, {});
+    QVERIFY2(form.about().startsWith(u"Fair"_s) && form.form()->busy(), "the one under way comes back");
     form.form()->cancel();
     f->api.answer(ticked, "email\n");
-    QVERIFY(f->filePanel.suggested.isEmpty());
+    QCOMPARE(f->filePanel.suggested, u"Fair.csv"_s);
     form.open({.id = u"li1"_s, .name = u"Fair"_s, .leadCount = 9}, {u"l1"_s});
     form.setOnlyTicked(false);
     f->api.expect(exported);

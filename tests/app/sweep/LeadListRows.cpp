@@ -1,4 +1,5 @@
 #include <QJsonArray>
+#include <QTemporaryDir>
 
 #include "app/leads/LeadListStore.h"
 #include "app/leads/LeadsStore.h"
@@ -78,6 +79,8 @@ void arriveAtRename(SweepStage& s) {
   lists(s).form()->draft()->set(u"name"_s, u"Trade fair"_s);
 }
 void arriveAtExport(SweepStage& s) {
+  static const QTemporaryDir folder;
+  s.f.filePanel.folder = folder.path();
   arrive(s);
   lists(s).exporting()->open(listOf(s), {});
 }
@@ -187,7 +190,9 @@ QList<SweepRow> leadListRows() {
        {},
        [](SweepStage& s) { return lists(s).exporting()->form()->busy(); },
        shown,
-       [](SweepStage& s) { return lists(s).exporting()->form()->error(); }},
+       [](SweepStage& s) { return lists(s).exporting()->form()->error(); },
+       false,
+       true},
       {u"LeadImports::cancel"_s,
        arrive,
        [](SweepStage& s) { page(s).leads.lists()->imports()->cancel(u"i1"_s); },

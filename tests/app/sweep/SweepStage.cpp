@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QThreadPool>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -92,6 +93,9 @@ void SweepStage::finish(const QString& held) {
     complaints.append(u"asks without end: "_s + service.waiting());
     return;
   }
+  // What is written in the background has its end, too.
+  QThreadPool::globalInstance()->waitForDone();
+  settle();
 }
 
 int SweepStage::told() const {
