@@ -123,6 +123,17 @@ class AnalyticsTest final : public AnalyticsPage {
     f->toasts.clear();
     store->exportCsv();
     QCOMPARE(lastToast(), u"Nothing to export yet."_s);
+    // Whoever comes back means to try again; an export that waits for it does not end without a word.
+    f->api.expect(summaryCall);
+    store->ensureLoaded();
+    store->exportCsv();
+    fail(f->api, summaryCall);
+    QCOMPARE(lastToast(), u"Couldn’t save the file."_s);
+    f->toasts.clear();
+    f->api.expect(summaryCall);
+    store->ensureLoaded();
+    fail(f->api, summaryCall);
+    QCOMPARE(f->toasts.count(), 0);
   }
 
   void rowsSayWhatTheyAre() {

@@ -340,6 +340,28 @@ class BaseTest : public QObject {
     QCOMPARE(f->toasts.count(), 0);
   }
 
+  void anActionIsOfferedAsLongAsItCanAct() {
+    QAbstractItemModelTester tester(&f->toasts, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    int undone = 0;
+    auto page = std::make_unique<QObject>();
+    const auto show = [&](QObject* actsOn) {
+      return f->toasts.show({.message = u"Email 2 removed"_s,
+                             .actionLabel = u"Undo"_s,
+                             .action = [&undone] { ++undone; },
+                             .accumulates = true,
+                             .actsOn = actsOn});
+    };
+    const auto gone = show(page.get());
+    page.reset();
+    QCOMPARE(f->toasts.toasts().last().actionLabel, QString());
+    // What is taken back with the next message is what can be.
+    const auto next = show(nullptr);
+    f->toasts.act(gone);
+    QCOMPARE(undone, 0);
+    f->toasts.act(next);
+    QCOMPARE(undone, 1);
+  }
+
   static Task<void> ask(Overlays* overlays, QString title, QStringList* answers) {
     const bool yes = co_await overlays->confirm({title, {}, {}, {}, false, {}});
     answers->append(title + (yes ? u" yes"_s : u" no"_s));

@@ -1,5 +1,7 @@
+#include <QMetaProperty>
 #include <QTest>
 
+#include "app/base/Choice.h"
 #include "app/base/shownName.h"
 
 using namespace orv;
@@ -47,6 +49,14 @@ class NamesTest : public QObject {
     QFETCH(QString, name);
     QTEST(shownName(name), "shown");
     QCOMPARE(shownName(shownName(name)), shownName(name));
+    // Of a choice, controls read the same; code has the value.
+    const Choice choice{.key = {}, .label = name, .detail = name};
+    for (const char* property : {"label", "detail"})
+      QTEST(Choice::staticMetaObject.property(Choice::staticMetaObject.indexOfProperty(property))
+                .readOnGadget(&choice)
+                .toString(),
+            "shown");
+    QCOMPARE(choice.label, name);
   }
 };
 

@@ -4,6 +4,7 @@
 
 #include "app/analytics/AnalyticsStore.h"
 #include "app/analytics/DashboardStore.h"
+#include "app/base/Undo.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "app/shell/AppModel.h"
@@ -41,6 +42,11 @@ QByteArray account(const QStringList& slugs, const QByteArray& role = "owner") {
     workspaces.append(R"({"id":")" + slug.toUtf8() + R"(","slug":")" + slug.toUtf8() + R"(","name":"The )" +
                       slug.toUpper().toUtf8() + R"(","role":")" + role + R"("})");
   return R"({"user":{"id":"u1","email":"ada@b.c","name":"Ada"},"workspaces":[)" + workspaces.join(',') + "]}";
+}
+
+Task<void> count(int* calls) {
+  ++*calls;
+  co_return;
 }
 
 }  // namespace
@@ -277,6 +283,21 @@ class AppModelTest : public QObject {
     open(u"a"_s);
     QCOMPARE(app->sessionOrder(), (QStringList{u"c"_s, u"d"_s, u"a"_s}));
     QCOMPARE(decodeJSON<StoredSession>(f->keychain.items[u"session"_s]).currentSlug, u"a"_s);
+  }
+
+  void anUndoOutlivesItsWorkspacesSession() {
+    startSignedIn({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    int undone = 0;
+    app->toasts()->show({.message = u"x"_s,
+                         .actionLabel = u"Undo"_s,
+                         .action = undo(app->session()->context(), [&undone](auto) { return count(&undone); })});
+    const std::weak_ptr context = app->session()->context().weak_from_this();
+    for (const auto& slug : {u"b"_s, u"c"_s, u"d"_s}) open(slug);
+    settle();
+    app->toasts()->act(app->toasts()->toasts().last().id);
+    QCOMPARE(undone, 1);
+    settle();
+    QVERIFY2(context.expired(), "and no longer than its message");
   }
 
   void keepsEightCampaignsByFirstOpening() {

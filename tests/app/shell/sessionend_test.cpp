@@ -103,6 +103,22 @@ class SessionEndTest : public QObject {
     QTEST(isKept(), "kept");
   }
 
+  void aKeyringThatSpeaksLateIsDoubtedAlike() {
+    f->keychain.items[u"session"_s] = encodeJSON(sessionUntil(QDateTime({2026, 11, 21}, {11, 0}, Qt::UTC)));
+    f->keychain.gate.emplace();
+    app = std::make_unique<AppModel>(platformOf(*f));
+    app->start();
+    f->api.expect(methods);
+    f->clock.advance(3s);
+    answerMethods("Sat, 21 Nov 2026 12:00:00 GMT");
+    f->api.expect(methods);
+    f->keychain.gate->give(true);
+    f->keychain.gate.reset();
+    settle();
+    answerMethods("Sat, 21 Nov 2026 12:00:03 GMT");
+    QVERIFY2(!isKept(), "the service was asked once more");
+  }
+
   void aNewSignInOutlivesTheDoubtAboutTheOld() {
     start(QDateTime({2026, 11, 21}, {11, 0}, Qt::UTC));
     auto fresh = sessionUntil(QDateTime({2026, 12, 21}, {11, 0}, Qt::UTC));
