@@ -1,21 +1,20 @@
 #include "app/inbox/addresses.h"
 
+#include <QRegularExpression>
 #include <QSet>
-
-#include "app/base/EmailAddress.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 namespace {
 
-/// A comma inside quotes belongs to a name: "Marsh, Ellen" <ellen@…>.
-QStringList parts(const QString& text) {
+/// A separator inside quotes belongs to a name: "Marsh, Ellen" <ellen@…>.
+QStringList parts(const QString& text, QChar separator) {
   QStringList parts{QString()};
   bool isQuoted = false;
   for (const QChar c : text) {
     if (c == u'"') isQuoted = !isQuoted;
-    const bool ends = c == u'\n' || c == u'\r' || (!isQuoted && (c == u',' || c == u';'));
+    const bool ends = c == u'\n' || c == u'\r' || (!isQuoted && c == separator);
     if (!ends)
       parts.last() += c;
     else
@@ -29,6 +28,13 @@ QString bare(const QString& part) {
   const QString text = part.trimmed();
   const qsizetype from = text.lastIndexOf(u'<');
   return from >= 0 && text.endsWith(u'>') ? text.mid(from + 1, text.size() - from - 2).trimmed() : text;
+}
+
+/// As sign-in takes one. Beyond the "@" a separator is one.
+bool isReachable(const QString& address) {
+  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@,;]+\.[^\s@,;]+)"_s),
+                                          QRegularExpression::UseUnicodePropertiesOption);
+  return pattern.match(address).hasMatch() && shownAddress(address) == address;
 }
 
 /// Letters that nobody sees, and those that turn others around.
@@ -53,15 +59,23 @@ bool isTrick(char32_t letter) {
 AddressList splitAddresses(const QString& text) {
   AddressList list;
   QSet<QString> seen;
-  for (const QString& part : parts(text)) {
-    const QString address = bare(part);
+  const auto take = [&](const QString& address) {
     const QString folded = address.toCaseFolded();
-    if (address.isEmpty() || seen.contains(folded)) continue;
+    if (address.isEmpty() || seen.contains(folded)) return;
     seen.insert(folded);
-    if (isEmailAddress(address) && shownAddress(address) == address)
+    if (isReachable(address))
       list.addresses.append(address);
     else if (list.wrong.isEmpty())
       list.wrong = address;
+  };
+  for (const QString& part : parts(text, u',')) {
+    const QString whole = bare(part);
+    // A semicolon may belong to an address; where it does not, people mean a comma.
+    if (isReachable(whole)) {
+      take(whole);
+      continue;
+    }
+    for (const QString& piece : parts(part, u';')) take(bare(piece));
   }
   return list;
 }

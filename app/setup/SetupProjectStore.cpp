@@ -119,11 +119,10 @@ QString SetupProjectStore::mainAction() const {
   if (!m_project.value()) return {};
   if (isArchived()) return u"restore"_s;
   const auto last = lastRun();
-  if (!last || !known()) return u"run"_s;
-  if (last->control.isTerminated()) return u"run"_s;
+  if (!last || last->control.isTerminated()) return u"run"_s;
   if (last->control.isPaused()) return u"resume"_s;
   if (last->isOpen()) return u"pause"_s;
-  return last->failed > 0 ? u"again"_s : u"run"_s;
+  return known() && last->failed > 0 ? u"again"_s : u"run"_s;
 }
 
 QString SetupProjectStore::runState() const {
@@ -132,8 +131,12 @@ QString SetupProjectStore::runState() const {
   return runs().of(m_id).asked && !runs().of(m_id).loading ? u"empty"_s : u"loading"_s;
 }
 
+QString SetupProjectStore::runEmptyTitle() const {
+  return known() ? u"The run is getting ready."_s : u"Nothing has run yet."_s;
+}
+
 QString SetupProjectStore::runEmptyText() const {
-  if (known()) return u"The run is getting ready."_s;
+  if (known()) return {};
   return m_domains.count() == 0 ? u"Add domains above, then press Run."_s : QString();
 }
 
@@ -207,7 +210,8 @@ Task<void> SetupProjectStore::runTask() {
 
 QList<PageAction> SetupProjectStore::runActions(bool isFree) {
   const auto last = lastRun();
-  const bool isOpen = known() && last && last->isOpen(), isPaused = last && last->control.isPaused();
+  const bool isOpen = last && last->isOpen(), isPaused = last && last->control.isPaused();
+  const QString runId = last ? last->id : QString();
   return {{.key = u"run"_s,
            .title = u"Run"_s,
            .icon = u"media-playback-start"_s,
@@ -222,14 +226,14 @@ QList<PageAction> SetupProjectStore::runActions(bool isFree) {
            .writes = true,
            .possible = isFree && isOpen && !isPaused,
            .inMenu = false,
-           .run = [this] { runs().pause(m_id); }},
+           .run = [this, runId] { runs().pause(m_id, runId); }},
           {.key = u"resume"_s,
            .title = u"Resume"_s,
            .icon = u"media-playback-start"_s,
            .writes = true,
            .possible = isFree && isOpen && isPaused,
            .inMenu = false,
-           .run = [this] { runs().resume(m_id); }},
+           .run = [this, runId] { runs().resume(m_id, runId); }},
           {.key = u"terminate"_s,
            .title = u"Terminate"_s,
            .icon = u"media-playback-stop"_s,
@@ -237,7 +241,7 @@ QList<PageAction> SetupProjectStore::runActions(bool isFree) {
            .danger = true,
            .possible = isFree && isOpen,
            .inMenu = false,
-           .run = [this] { runs().terminate(m_id); }},
+           .run = [this, runId] { runs().terminate(m_id, runId); }},
           {.key = u"again"_s,
            .title = u"Run again"_s,
            .icon = u"view-refresh"_s,

@@ -33,6 +33,7 @@ class SetupProjectStore final : public Store {
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
   Q_PROPERTY(QString mainAction READ mainAction NOTIFY changed)
   Q_PROPERTY(QString runState READ runState NOTIFY changed)
+  Q_PROPERTY(QString runEmptyTitle READ runEmptyTitle NOTIFY changed)
   Q_PROPERTY(QString runEmptyText READ runEmptyText NOTIFY changed)
   Q_PROPERTY(QString runFailure READ runFailure NOTIFY changed)
   Q_PROPERTY(QString runHeadline READ runHeadline NOTIFY changed)
@@ -74,6 +75,7 @@ class SetupProjectStore final : public Store {
   /// "loading", "empty", "error" or "ready".
   QString runState() const;
   /// Why there is nothing yet, and what to do.
+  QString runEmptyTitle() const;
   QString runEmptyText() const;
   QString runFailure() const { return runs().of(m_id).failure; }
   /// "14 of 24 inboxes connected".

@@ -153,27 +153,25 @@ Task<void> SetupRuns::change(QString projectId, Request<SetupRun> request, QStri
   Q_EMIT acted();
 }
 
-Task<void> SetupRuns::pauseTask(QString projectId) {
-  if (const SetupRun* run = runOf(projectId)) co_await change(projectId, Requests::pauseSetupRun(run->id), cannotStop);
+Task<void> SetupRuns::pauseTask(QString projectId, QString runId) {
+  co_await change(projectId, Requests::pauseSetupRun(runId), cannotStop);
 }
 
-Task<void> SetupRuns::resumeTask(QString projectId) {
-  if (const SetupRun* run = runOf(projectId))
-    co_await change(projectId, Requests::resumeSetupRun(run->id), cannotResume);
+Task<void> SetupRuns::resumeTask(QString projectId, QString runId) {
+  co_await change(projectId, Requests::resumeSetupRun(runId), cannotResume);
 }
 
-Task<void> SetupRuns::terminateTask(QString projectId) {
-  const SetupRun* run = runOf(projectId);
-  if (!run || !canWrite() || m_busy.contains(projectId)) co_return;
-  const QString id = run->id;
+Task<void> SetupRuns::terminateTask(QString projectId, QString runId) {
+  if (!canWrite() || m_busy.contains(projectId)) co_return;
   const bool sure = co_await services().overlays.confirm(
       {.title = u"Terminate this run?"_s,
        .text = u"It ends where it is and does not go on. The inboxes already made stay connected."_s,
        .confirm = u"Terminate"_s,
        .destructive = true});
   // Another run may have begun behind the question.
-  if (!sure || !runOf(projectId) || runOf(projectId)->id != id) co_return;
-  co_await change(projectId, Requests::terminateSetupRun(id), cannotStop);
+  const SetupRun* now = runOf(projectId);
+  if (!sure || (now && now->id != runId)) co_return;
+  co_await change(projectId, Requests::terminateSetupRun(runId), cannotStop);
 }
 
 Task<void> SetupRuns::retryTask(QString projectId, std::optional<QString> domain) {

@@ -47,18 +47,19 @@ class SetupRuns final : public Store {
 
   /// The project as the service has it; it has no problem that keeps it from running.
   void start(const SetupProject& project) { m_tasks.start(startTask(project)); }
-  void pause(const QString& projectId) { m_tasks.start(pauseTask(projectId)); }
-  void resume(const QString& projectId) { m_tasks.start(resumeTask(projectId)); }
+  /// The run need not have been read: the project names its last one.
+  void pause(const QString& projectId, const QString& runId) { m_tasks.start(pauseTask(projectId, runId)); }
+  void resume(const QString& projectId, const QString& runId) { m_tasks.start(resumeTask(projectId, runId)); }
   /// Asks first.
-  void terminate(const QString& projectId) { m_tasks.start(terminateTask(projectId)); }
+  void terminate(const QString& projectId, const QString& runId) { m_tasks.start(terminateTask(projectId, runId)); }
   /// What failed is tried again: everywhere, or on the one domain.
   void retry(const QString& projectId, const std::optional<QString>& domain = {}) {
     m_tasks.start(retryTask(projectId, domain));
   }
   Task<void> startTask(SetupProject project);
-  Task<void> pauseTask(QString projectId);
-  Task<void> resumeTask(QString projectId);
-  Task<void> terminateTask(QString projectId);
+  Task<void> pauseTask(QString projectId, QString runId);
+  Task<void> resumeTask(QString projectId, QString runId);
+  Task<void> terminateTask(QString projectId, QString runId);
   Task<void> retryTask(QString projectId, std::optional<QString> domain);
 
   void close() override;

@@ -8,10 +8,12 @@ T.AbstractButton {
 
     /// On the way to somewhere rather than the thing to do.
     property bool quiet: false
+    /// Where it is too long for one it breaks anywhere, into as many as this.
+    property int mostLines: 1
     readonly property font words: quiet ? Theme.body : Theme.smallStrong
 
-    implicitWidth: label.implicitWidth
-    implicitHeight: 26
+    implicitWidth: Math.ceil(label.implicitWidth)
+    implicitHeight: Math.max(26, label.implicitHeight + 8)
     focusPolicy: Qt.StrongFocus
     activeFocusOnTab: true
     // Off it is told by its colour alone: a countdown is read while it is off.
@@ -25,6 +27,9 @@ T.AbstractButton {
         id: label
         verticalAlignment: Text.AlignVCenter
         textFormat: Text.PlainText
+        wrapMode: root.mostLines > 1 ? Text.WrapAnywhere : Text.NoWrap
+        maximumLineCount: root.mostLines
+        elide: root.mostLines > 1 ? Text.ElideRight : Text.ElideNone
         text: root.text
         font.family: root.words.family
         font.pixelSize: root.words.pixelSize

@@ -73,15 +73,26 @@ Item {
                 Accessible.ignored: true
             }
 
-            Text {
+            OrvAddress {
+                id: address
                 x: sender.x + sender.width + 8
+                y: 18 + line.above
+                width: Math.max(0, Math.min(implicitWidth, note.x - x - 8))
+                height: 20
+                text: root.address
+                font: Theme.small
+                color: Theme.text2
+            }
+
+            Text {
+                x: address.x + address.width
                 y: 18 + line.above
                 width: Math.max(0, note.x - x - 8)
                 height: 20
                 verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: [root.address, root.recipients].filter(word => word !== "").join(" · ")
+                text: root.address !== "" && root.recipients !== "" ? " · " + root.recipients : root.recipients
                 font: Theme.small
                 color: Theme.text2
                 Accessible.ignored: true
@@ -171,36 +182,11 @@ Item {
     Component {
         id: linksPart
 
-        Column {
+        MessageLinks {
             x: root.textX
-            topPadding: 6
-
-            Repeater {
-                model: root.links
-
-                // The address itself, never other words for it.
-                Row {
-                    id: link
-
-                    required property string modelData
-
-                    spacing: 6
-
-                    OrvIcon {
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: link.modelData.startsWith("mailto:") ? "mail-message" : "internet-services"
-                        size: 14
-                        color: Theme.text3
-                    }
-
-                    OrvLink {
-                        width: Math.min(implicitWidth, root.textWidth - 20)
-                        text: link.modelData
-                        Accessible.role: Accessible.Link
-                        onClicked: root.linkChosen(link.modelData)
-                    }
-                }
-            }
+            width: root.textWidth
+            links: root.links
+            onChosen: url => root.linkChosen(url)
         }
     }
 }

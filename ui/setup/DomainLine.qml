@@ -26,6 +26,8 @@ Rectangle {
     Accessible.name: detail === "" ? domain : domain + ", " + detail
     Accessible.focusable: true
     Accessible.focused: current
+    // Taking one off has its own button, so that nobody does it by opening the line.
+    Accessible.onPressAction: if (root.archived) root.act()
 
     HoverHandler {
         id: hover

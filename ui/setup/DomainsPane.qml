@@ -110,7 +110,10 @@ FocusScope {
         T.ScrollBar.vertical: OrvScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: root.domains.showArchived ? "Archived domains" : "Domains"
-        Keys.onDeletePressed: (currentItem as DomainLine)?.act()
+        Keys.onDeletePressed: if (!root.domains.showArchived) (currentItem as DomainLine)?.act()
+        Keys.onReturnPressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
+        Keys.onEnterPressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
+        Keys.onSpacePressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
 
         delegate: DomainLine {
             width: list.width

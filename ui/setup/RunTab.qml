@@ -22,7 +22,7 @@ FocusScope {
         height: root.height - y
         status: root.store.runState
         emptyIcon: "tools-wizard"
-        emptyTitle: "Nothing has run yet."
+        emptyTitle: root.store.runEmptyTitle
         emptyText: root.store.runEmptyText
         errorTitle: "Couldn’t load the run."
         errorText: root.store.runFailure

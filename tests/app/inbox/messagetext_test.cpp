@@ -129,6 +129,9 @@ class MessageTextTest : public QObject {
     QTest::newRow("commas") << u" a@x.example , b@y.example,"_s << two << QString();
     QTest::newRow("semicolons, lines") << u"a@x.example;\nb@y.example"_s << two << QString();
     QTest::newRow("names") << u"Ana <a@x.example>, \"Berg, B.\" <b@y.example>"_s << two << QString();
+    QTest::newRow("semicolons of their own")
+        << u"\"a;b\"@x.example, o;b@y.example, a@x.example;"_s
+        << QStringList{u"\"a;b\"@x.example"_s, u"o;b@y.example"_s, u"a@x.example"_s} << QString();
     QTest::newRow("again") << u"a@x.example, A@X.example, b@y.example"_s << two << QString();
     QTest::newRow("nothing") << u" , ;"_s << QStringList() << QString();
     QTest::newRow("wrong") << u"a@x.example, nobody, no@where"_s << QStringList{u"a@x.example"_s} << u"nobody"_s;

@@ -111,6 +111,25 @@ class SetupRunsTest : public QObject {
     }
   }
 
+  void anOpenRunIsNotBegunAgainBecauseItCannotBeRead() {
+    f->load({running()});
+    SetupProjectStore page(u"sp1"_s, f->store);
+    f->api.expect(f->one);
+    f->api.expect(f->latest);
+    page.ensureLoaded();
+    f->api.answer(f->one, encodeJSON(running()));
+    QCOMPARE(page.mainAction(), u"pause"_s);
+    QVERIFY(!page.act(u"run"_s));
+    f->api.answer(f->latest, "{}", 500);
+    QCOMPARE(page.mainAction(), u"pause"_s);
+    const auto pause = u"POST /inbox-setup/runs/sr1/pause"_s;
+    f->api.expect(pause);
+    QVERIFY(page.act(u"pause"_s));
+    f->api.answer(pause, encodeJSON(someRun(working, u"paused"_s)));
+    QCOMPARE(page.mainAction(), u"resume"_s);
+    QCOMPARE(page.runState(), u"ready"_s);
+  }
+
   void pausingWinsOverAReadingThatWasUnderWay() {
     const auto page = f->open(someProject(), someRun(working));
     const auto pause = u"POST /inbox-setup/runs/sr1/pause"_s, resume = u"POST /inbox-setup/runs/sr1/resume"_s;

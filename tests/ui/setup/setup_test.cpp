@@ -96,6 +96,19 @@ class SetupWindowTest : public ui::WindowTest {
     QCOMPARE(project().runHeadline(), u"3 of 3 inboxes connected"_s);
   }
 
+  void anArchivedDomainIsPutBack() {
+    store<InboxSetupStore>().open(u"sp1"_s);
+    m_stage->settle();
+    const qsizetype before = project().domains()->archivedRows()->rowCount();
+    pressCalled(u"Archived"_s);
+    m_stage->tabTo(u"fleet-old.example.com"_s);
+    press(Qt::Key_Delete);
+    QCOMPARE(project().domains()->archivedRows()->rowCount(), before);
+    press(Qt::Key_Return);
+    QCOMPARE(project().domains()->archivedRows()->rowCount(), before - 1);
+    QCOMPARE(lastMessage(), u"fleet-old.example.com is back in Domains"_s);
+  }
+
   void pollsLeaveThePageWhereItIs() {
     store<InboxSetupStore>().open(u"sp1"_s);
     m_stage->settle();
