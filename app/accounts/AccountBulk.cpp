@@ -145,7 +145,8 @@ void AccountBulk::setTags(const QStringList& tags) {
 
 bool AccountBulk::canSubmit() const {
   if (m_form.busy() || !m_running.isEmpty()) return false;
-  return input() != "tags"_L1 || !m_tags.isEmpty();
+  // To hand accounts over it takes no tags.
+  return input() != "tags"_L1 || m_action == "add_to_bison"_L1 || !m_tags.isEmpty();
 }
 
 void AccountBulk::act(const QString& action) {
@@ -173,7 +174,7 @@ void AccountBulk::submit() {
 /// Puts what was typed into the request; false when it cannot be sent so.
 bool AccountBulk::fill(MailboxBulkBody& body) {
   if (input() == "tags"_L1) {
-    body.tags = m_tags;
+    if (!m_tags.isEmpty()) body.tags = m_tags;
   } else if (input() == "number"_L1) {
     m_problem = numberProblem(m_text, most());
     (m_action == "set_limit"_L1 ? body.sendLimit : body.sendingGapMinutes) = wholeNumber(m_text, 0, most());

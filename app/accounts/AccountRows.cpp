@@ -48,14 +48,24 @@ QString inboxText(const Mailbox& mailbox) {
   return percent ? QString::number(qRound64(*percent)) + u'%' : noValue;
 }
 
+std::optional<double> timeOf(const std::optional<QString>& instant) {
+  const auto at = parsePlatformDate(instant);
+  return at ? std::optional(double(at->toMSecsSinceEpoch())) : std::nullopt;
+}
+
 /// What a column sorts by; nothing sorts last.
-std::optional<double> figureOf(const Mailbox& mailbox, const QString& column) {
-  if (column == "sent"_L1) return mailbox.limitToday() ? std::optional(double(mailbox.sentToday())) : std::nullopt;
-  if (column == "warmup"_L1) return double(rampupPhase(mailbox));
-  if (column == "health"_L1) return mailbox.warmup.inboxPct7d;
+using Figure = std::optional<double> (*)(const AccountRow&);
+Figure figureOf(const QString& column) {
+  if (column == "sent"_L1)
+    return [](const AccountRow& row) {
+      const Mailbox& mailbox = row.record();
+      return mailbox.limitToday() ? std::optional(double(mailbox.sentToday())) : std::nullopt;
+    };
+  if (column == "warmup"_L1)
+    return [](const AccountRow& row) { return std::optional(double(rampupPhase(row.record()))); };
+  if (column == "health"_L1) return [](const AccountRow& row) { return row.record().warmup.inboxPct7d; };
   // The day of going for good follows the day of removal.
-  const auto removed = parsePlatformDate(mailbox.archivedAt);
-  return removed ? std::optional(double(removed->toMSecsSinceEpoch())) : std::nullopt;
+  return [](const AccountRow& row) { return row.prepared().removedAt; };
 }
 
 QString textOf(const AccountRow& row, const QString& column) {
@@ -66,7 +76,8 @@ QString textOf(const AccountRow& row, const QString& column) {
 
 }  // namespace
 
-AccountFacts::AccountFacts(const Mailbox& mailbox) : searched(searchedText(mailbox)), brand(brandOf(mailbox)) {}
+AccountFacts::AccountFacts(const Mailbox& mailbox)
+    : searched(searchedText(mailbox)), brand(brandOf(mailbox)), removedAt(timeOf(mailbox.archivedAt)) {}
 
 bool needsAttention(const Mailbox& mailbox) {
   const QString health = healthWord(mailbox);
@@ -94,8 +105,8 @@ std::function<bool(const AccountRow&, const AccountRow&)> accountOrder(const std
       const int order = textOf(a, column).compare(textOf(b, column));
       return descending ? order > 0 : order < 0;
     };
-  return [column, descending](const AccountRow& a, const AccountRow& b) {
-    const auto left = figureOf(a.record(), column), right = figureOf(b.record(), column);
+  return [figure = figureOf(column), descending](const AccountRow& a, const AccountRow& b) {
+    const auto left = figure(a), right = figure(b);
     if (!left || !right) return left.has_value() && !right.has_value();
     return descending ? *right < *left : *left < *right;
   };

@@ -9,12 +9,14 @@
 
 namespace orv {
 
-/// What an account is found and filtered by, made once: ten thousand are looked through at every keystroke.
+/// What an account is found, filtered and sorted by, made once: ten thousand are looked through at every keystroke.
 struct AccountFacts {
   explicit AccountFacts(const Mailbox& mailbox);
   /// Address, name and tags in lower case.
   QString searched;
   MailboxBrand brand;
+  /// When it was removed, as the archive sorts by.
+  std::optional<double> removedAt;
 };
 
 using AccountRow = Listed<Mailbox, AccountFacts>;

@@ -69,6 +69,16 @@ QString AccountSettings::conflict() const {
   return rivalsTold(changes);
 }
 
+QVariantMap AccountSettings::keeps() const {
+  QVariantMap keeps;
+  for (const QString& field : {u"sendLimit"_s, u"gap"_s}) {
+    const QString base = m_draft.saved().value(field).toString();
+    if (!base.isEmpty() && m_draft.values().value(field).toString().trimmed().isEmpty())
+      keeps.insert(field, u"Left empty, it stays at "_s + base + u'.');
+  }
+  return keeps;
+}
+
 QList<Choice> AccountSettings::tags() const { return choicesOf(m_draft.typed().tags); }
 
 QList<Choice> AccountSettings::tagSuggestions() const {

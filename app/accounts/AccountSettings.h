@@ -20,6 +20,7 @@ class AccountSettings final : public Store {
   Q_PROPERTY(bool checking READ checking NOTIFY changed)
   Q_PROPERTY(QString problem READ problem NOTIFY changed)
   Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
+  Q_PROPERTY(QVariantMap keeps READ keeps NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tags READ tags NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tagSuggestions READ tagSuggestions NOTIFY changed)
   Q_PROPERTY(bool hasTrackingDomain READ hasTrackingDomain NOTIFY changed)
@@ -45,6 +46,8 @@ class AccountSettings final : public Store {
   const QString& problem() const { return m_problem; }
   /// What somebody else made of fields that were changed here as well.
   QString conflict() const;
+  /// What is said of a number that was emptied: there is no way to take one away, so that a save leaves it as it is.
+  QVariantMap keeps() const;
   QList<Choice> tags() const;
   QList<Choice> tagSuggestions() const;
   /// As the service has it.

@@ -101,8 +101,9 @@ QString decodeText(QByteArrayView bytes) {
 }
 
 QChar csvDelimiter(QStringView text) {
-  const qsizetype end = std::ranges::find_if(text, [](QChar c) { return c == u'\n' || c == u'\r'; }) - text.begin();
-  const QStringView line = text.first(end);
+  // A lone carriage return ends a row, but not the line that decides.
+  const qsizetype end = text.indexOf(u'\n');
+  const QStringView line = end < 0 ? text : text.first(end);
   const qsizetype commas = line.count(u','), semicolons = line.count(u';'), tabs = line.count(u'\t');
   if (tabs > commas && tabs > semicolons) return u'\t';
   return semicolons > commas ? u';' : u',';

@@ -61,13 +61,22 @@ LeadImports::LeadImports(WorkspaceContext& context, Store& whole, std::function<
     : Store(context, &whole),
       m_nameOf(std::move(nameOf)),
       m_actions(context, m_busy, [this] { m_list.load(); }),
-      m_list(*this, [this] { return api().send(Requests::leadImports()); }, {.failed = u"Couldn’t load imports"_s}) {
+      m_list(*this, [this] { return load(); }, {.failed = u"Couldn’t load imports"_s}) {
   connect(&m_list, &ResourceBase::changed, this, &LeadImports::changed);
   connect(&m_list, &ResourceBase::valueChanged, this, &LeadImports::arrived);
   connect(&m_busy, &BusySet::changed, this, &LeadImports::show);
+  // Even where nobody has looked at the history yet: somebody has to see the end.
   context.changes().watch<LeadImport>(this, [this](const Change<LeadImport>&) {
-    if (m_list.isAsked()) m_list.load();
+    m_hasBegun = true;
+    m_list.load();
   });
+}
+
+Task<LeadImportPage> LeadImports::load() {
+  const int reading = ++m_asked;
+  LeadImportPage page = co_await api().send(Requests::leadImports());
+  m_shown = reading;
+  co_return page;
 }
 
 int LeadImports::active() const {
@@ -76,15 +85,16 @@ int LeadImports::active() const {
 }
 
 void LeadImports::arrived() {
-  QSet<QString> now;
+  QSet<QString> now, over;
   QStringList ended;
+  const bool hasBegun = std::exchange(m_hasBegun, false);
   for (const LeadImport& import : m_list.value()->items) {
-    if (import.status.isActive())
-      now.insert(import.id);
-    else if (m_wereActive.contains(import.id))
-      ended.append(import.listId.value_or(QString()));
+    (import.status.isActive() ? now : over).insert(import.id);
+    const bool isNews = m_wereActive.contains(import.id) || (hasBegun && !m_hadEnded.contains(import.id));
+    if (!import.status.isActive() && isNews) ended.append(import.listId.value_or(QString()));
   }
   m_wereActive = now;
+  m_hadEnded = over;
   show();
   if (!now.isEmpty() && m_following.isIdle()) m_following.start(follow());
   if (ended.isEmpty()) return;
@@ -101,7 +111,10 @@ Task<void> LeadImports::follow() {
 /// One lost reading is no reason to stop; the next one comes.
 Task<bool> LeadImports::readAgain() {
   try {
+    const int reading = ++m_asked;
     const LeadImportPage page = co_await api().send(Requests::leadImports());
+    if (reading < m_shown) co_return active() == 0;
+    m_shown = reading;
     m_list.amend([&page](LeadImportPage& shown) { shown = page; });
   } catch (const APIError& error) {
     co_return error.is(APIError::Kind::unauthorized);

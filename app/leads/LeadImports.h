@@ -62,6 +62,7 @@ class LeadImports final : public Store {
   void changed();
 
  private:
+  Task<LeadImportPage> load();
   void arrived();
   void show();
   LeadImportRow rowOf(const LeadImport& import) const;
@@ -74,8 +75,14 @@ class LeadImports final : public Store {
   Actions m_actions;
   Resource<LeadImportPage> m_list;
   LeadImportRows m_rows;
-  /// Those that were under way when last read.
+  /// Those that were under way when last read, and those that had ended.
   QSet<QString> m_wereActive;
+  QSet<QString> m_hadEnded;
+  /// One was begun here since, and may have ended before it was ever read.
+  bool m_hasBegun = false;
+  /// Readings are counted as they are asked for: an older one takes no newer one's place.
+  int m_asked = 0;
+  int m_shown = 0;
   TaskSlot m_following;
 };
 

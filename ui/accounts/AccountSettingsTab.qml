@@ -80,7 +80,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Daily limit"
-                    help: "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
+                    help: root.form.keeps.sendLimit ?? "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
                     suffix: "per day"
                     from: 0
                     to: root.form.mostSendLimit
@@ -94,7 +94,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Minimum wait"
-                    help: "The shortest gap between two emails from this account."
+                    help: root.form.keeps.gap ?? "The shortest gap between two emails from this account."
                     suffix: "minutes"
                     from: 0
                     to: root.form.mostSendingGap

@@ -14,6 +14,7 @@ PagedTable {
     list: store.list
     selection: store.selection
     tickable: store.canWrite
+    selectAllText: "Select all accounts"
     busyKeys: store.busyIds
     sortKey: store.sortKey
     sortDescending: store.sortDescending

@@ -55,7 +55,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         kind: "ghost"
         size: "small"
-        text: "Try again"
+        text: "Retry"
         onClicked: root.broken.loadMore()
     }
 

@@ -8,6 +8,8 @@ OrvTable {
 
     required property PagedList list
     property RowSelection selection: null
+    /// Said aloud when the next page could not be read.
+    property string moreFailedMessage: "Couldn’t load more"
 
     model: list.rows
     keyRole: "id"
@@ -26,7 +28,7 @@ OrvTable {
 
     onMoreFailedChanged: {
         if (moreFailed)
-            Announcer.say("Couldn’t load more", "rows");
+            Announcer.say(root.moreFailedMessage, "rows");
     }
 
     onLoadingMoreChanged: arrived.restart()

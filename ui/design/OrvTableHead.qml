@@ -107,7 +107,7 @@ FocusScope {
         checked: root.table.tickedKeys.length > 0
         mixed: root.table.tickedKeys.length < root.table.rows.count
         Accessible.role: Accessible.CheckBox
-        Accessible.name: "Select all"
+        Accessible.name: root.table.selectAllText
         Accessible.checkable: true
         Accessible.checked: checked && !mixed
         Accessible.onPressAction: root.table.tickAllToggled()

@@ -16,6 +16,7 @@ FocusScope {
     property alias keyRole: tableRows.keyRole
     property real rowHeight: 52
     property bool tickable: false
+    property string selectAllText: "Select all"
     /// The head's menu says which columns show; otherwise the page has another place for it.
     property bool choosable: true
     property alias tickedKeys: tableRows.tickedKeys

@@ -20,6 +20,7 @@ PagedTable {
     }
 
     title: "Leads"
+    moreFailedMessage: "Couldn’t load more leads."
     name: "leads-" + choice.database
     rowHeight: 44
     sidePadding: 16

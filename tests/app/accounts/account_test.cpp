@@ -159,6 +159,10 @@ class AccountTest : public QObject {
 
   void onlyWhatChangedIsSent() {
     load(f->mailbox(7, R"(,"sendLimit":30,"trackingDomain":"t.a.example","tags":["dach"])"));
+    QVERIFY(form->keeps().isEmpty());
+    form->set(u"sendLimit"_s, u" "_s);
+    QCOMPARE(form->keeps(), (QVariantMap{{u"sendLimit"_s, u"Left empty, it stays at 30."_s}}));
+    form->discard();
     form->set(u"trackingDomain"_s, QString());
     QVERIFY(form->canSave());
     save();
@@ -358,6 +362,19 @@ class AccountTest : public QObject {
     QVERIFY(form->dirty());
     save();
     QCOMPARE(f->api.last().request.ifMatch, 8);
+  }
+
+  void whoPausedItResumesItAfterTheListHasGone() {
+    const auto pause = u"POST /mailboxes/m1/pause"_s, resume = u"POST /mailboxes/m1/resume"_s;
+    auto actions = std::make_unique<AccountActions>(*f->context);
+    f->api.expect(pause);
+    actions->pause(u"m1"_s, u"ana@a.example"_s);
+    f->api.answer(pause, f->mailbox(8, {}, "paused"));
+    actions.reset();
+    f->api.expect(resume);
+    f->toasts.act(f->toasts.toasts().last().id);
+    f->api.answer(resume, f->mailbox(9));
+    QCOMPARE(f->lastToast(), u"ana@a.example resumed"_s);
   }
 
   void theWayToRampupLeadsToTheAccount() {

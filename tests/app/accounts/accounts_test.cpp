@@ -242,6 +242,8 @@ class AccountsTest : public QObject {
                            << u"2 accounts untagged"_s << u""_s;
     QTest::newRow("bison") << u"add_to_bison"_s << u"q4"_s << QJsonObject{{u"tags"_s, QJsonArray{u"q4"_s}}} << both
                            << u"2 accounts on the way to Bison"_s << u""_s;
+    QTest::newRow("bison, without tags") << u"add_to_bison"_s << u""_s << none << both
+                                         << u"2 accounts on the way to Bison"_s << u""_s;
     QTest::newRow("tracking") << u"set_tracking_domain"_s << u" HTTPS://Go.{domain}/x "_s
                               << QJsonObject{{u"trackingDomain"_s, u"go.{domain}"_s}}
                               << QByteArray(R"({"ok":2,"failed":[],"verified":1})")

@@ -113,6 +113,22 @@ class LeadAddingTest : public QObject {
     QCOMPARE(cleared.count(), 1);
   }
 
+  void namesOfStrangersRewriteNoQuestion() {
+    const auto get = u"GET /campaigns/c1"_s, lists = u"GET /lead-lists"_s;
+    f->api.expect(get);
+    life->campaign.load();
+    f->api.answer(get, R"({"id":"c1","name":"Fair.\nClose it?","status":"draft"})");
+    f->api.expect(lists);
+    adding->show(u"list"_s);
+    f->api.answer(lists, R"({"items":[{"id":"li1","name":"Own\u202ers","leadCount":9}]})");
+    adding->setListId(u"li1"_s);
+    f->api.expect(add);
+    adding->submit();
+    QCOMPARE(f->jobs.unsavedWork(),
+             QStringList{u"Adding leads from Own\ufffdrs to Fair. Close it? is not done yet."_s});
+    f->api.answer(add, addResult(9));
+  }
+
   void eachKindLeftOutIsTold() {
     f->api.expect(u"GET /lead-lists"_s);
     adding->show(u"list"_s);
@@ -322,6 +338,8 @@ class LeadAddingTest : public QObject {
                             << QList<QStringList>{{u"a\"b"_s, u"c\"d"_s, u"x\ny,"_s}};
     QTest::newRow("blank rows") << u"\n a,b \r , \r\r\nc"_s << QChar(u',')
                                 << QList<QStringList>{{u" a"_s, u"b "_s}, {u"c"_s}};
+    QTest::newRow("returns alone") << u"a,b\rc;d;e"_s << QChar(u';')
+                                   << QList<QStringList>{{u"a,b"_s}, {u"c"_s, u"d"_s, u"e"_s}};
     QTest::newRow("never closed") << u"a,\"b\nc"_s << QChar(u',') << QList<QStringList>{{u"a"_s, u"b\nc"_s}};
   }
   void delimitedText() {

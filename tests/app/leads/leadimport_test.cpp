@@ -205,8 +205,11 @@ class LeadImportTest : public QObject {
     form->show();
     QVERIFY2(form->fileName() == u"fair.csv"_s, "what is under way is shown again");
     form->dismiss();
+    // Nobody looks at the history; it is followed all the same.
+    f->api.expect(f->imports);
     f->api.answer(start, begun);
     QCOMPARE(f->lastToast(), u"The import of fair.csv has begun"_s);
+    QVERIFY(f->api.isWaiting(f->imports));
   }
 
   void aFileThatHasChangedIsNotSent() {

@@ -223,6 +223,20 @@ class LeadListsTest : public QObject {
     QCOMPARE(f->asked(f->imports), 4);
   }
 
+  void anImportThatEndedUnseenIsToldOfAllTheSame() {
+    f->openLists({f->import("im0", "done")});
+    f->api.expect(f->imports);
+    f->context->changes().stale<LeadImport>();
+    f->api.expect(f->lists);
+    f->api.answer(f->imports, f->page({f->import("im1", "done", R"(,"listId":"li1")"), f->import("im0", "done")}));
+    answerLists(f->page({f->list("li1", "Fair", 10)}));
+    // Only this once.
+    f->api.expect(f->imports);
+    f->store->lists()->imports()->retry();
+    f->api.answer(f->imports, f->page({f->import("im1", "done", R"(,"listId":"li1")"), f->import("im0", "done")}));
+    QVERIFY(!f->api.isWaiting(f->lists));
+  }
+
   void anImportIsCancelled() {
     LeadLists& lists = f->openLists({f->import("im1", "queued")});
     f->api.expect(cancel);
