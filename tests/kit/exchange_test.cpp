@@ -7,7 +7,9 @@
 #include <QThread>
 #include <algorithm>
 #include <atomic>
+#include <semaphore>
 
+#include "kit/api/SideWork.h"
 #include "tests/kit/Wire.h"
 
 using namespace orv;
@@ -298,6 +300,30 @@ class ExchangeTest : public QObject {
     QCOMPARE(answeredAsAsked(*wire.client, u"/beside"_s, 30), 30);
     for (const auto& thread : threads) QVERIFY(thread->wait(30000));
     for (const auto& each : right) QCOMPARE(each.load(), 30);
+  }
+
+  void whatTakesLongIsDoneTwoAtATime() {
+    constexpr int pieces = 8;
+    std::counting_semaphore<> begun(0), go(0);
+    std::atomic<int> now = 0, most = 0, done = 0;
+    {
+      SideWork side;
+      for (int i = 0; i < pieces; ++i)
+        side.start([&] {
+          const int here = ++now;
+          for (int before = most; before < here && !most.compare_exchange_weak(before, here);) continue;
+          begun.release();
+          go.acquire();
+          --now;
+          ++done;
+        });
+      for (size_t i = 0; i < SideWork::atOnce; ++i) begun.acquire();
+      QCOMPARE(done.load(), 0);
+      go.release(pieces);
+      for (size_t i = SideWork::atOnce; i < pieces; ++i) begun.acquire();
+    }
+    QCOMPARE(most.load(), int(SideWork::atOnce));
+    QVERIFY2(done == pieces, "what has begun is waited for");
   }
 };
 

@@ -227,6 +227,46 @@ class CampaignTest : public QObject {
     QCOMPARE(store->mainAction(), u"pause"_s);
   }
 
+  void whatIsWrittenBehindTheQuestionIsLaunchedToo() {
+    const auto put = u"PUT /campaigns/c1/steps"_s;
+    load(campaign("draft", R"(,"qc":)" + checked(check("steps", "pass"))));
+    const auto confirm = [&] {
+      f->api.expect(put);
+      f->overlays.answer(f->overlays.token(), true);
+    };
+    store->launch();
+    QVERIFY(f->overlays.asking());
+    store->sequence()->insertStep(0);
+    confirm();
+    f->api.answer(put, refusal, 422);
+    QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t launch the campaign."_s);
+    QCOMPARE(store->tab(), CampaignStore::Tab::sequence);
+    QVERIFY(!store->busy());
+
+    f->api.expect(put);
+    store->launch();
+    f->api.answer(put, campaign("draft", R"(,"steps":[],"qc":)" + checked(check("steps", "pass"))));
+    store->sequence()->insertStep(0);
+    confirm();
+    f->api.expect(launched);
+    f->api.answer(put, campaign("draft", R"(,"steps":[])"));
+    f->api.answer(launched, campaign("running"));
+    QCOMPARE(store->mainAction(), u"pause"_s);
+  }
+
+  void whoPausedItResumesItAfterThePageHasGone() {
+    const auto pause = u"POST /campaigns/c1/pause"_s;
+    load(campaign("running"));
+    f->api.expect(pause);
+    act(u"pause"_s);
+    f->api.answer(pause, campaign("paused"));
+    store.reset();
+    f->api.expect(launched);
+    f->toasts.act(f->toasts.toasts().last().id);
+    f->api.answer(launched, campaign("running"));
+    QCOMPARE(f->toasts.toasts().last().message, u"Campaign resumed. Sends are being booked."_s);
+  }
+
   void aRenameCarriesTheVersionAndAConflictIsReadAgain() {
     load(campaign("running"));
     const auto patch = u"PATCH /campaigns/c1"_s;

@@ -382,6 +382,47 @@ class CampaignLeadsTest : public QObject {
     QVERIFY(!panel.shown());
   }
 
+  void changesOfOneLeadGoOneAfterAnother() {
+    const auto detail = u"GET /campaigns/c1/leads/l1"_s, edit = u"PATCH /campaigns/c1/leads/l1"_s,
+               remove = u"DELETE /campaigns/c1/leads/l1"_s;
+    const QByteArray whole = detailOf(lead(1, "active", R"(,"data":{"city":"Ulm"})"));
+    load(page({1, 2}));
+    LeadPanel& panel = *store->panel();
+    f->api.expect(detail);
+    store->open(u"l1"_s);
+    f->api.answer(detail, whole);
+    panel.setField(u"city"_s, u"Bonn"_s);
+    f->api.expect(edit);
+    panel.save();
+    store->pause({u"l1"_s, u"l2"_s});
+    QCOMPARE(f->api.waiting(), 1);
+    f->api.expect(bulk);
+    f->api.answer(edit, lead(1, "active", R"(,"data":{"city":"Bonn"})"));
+    QCOMPARE(body().value("leadIds"_L1).toArray(), (QJsonArray{u"l1"_s, u"l2"_s}));
+    panel.setField(u"city"_s, u"Köln"_s);
+    panel.save();
+    QVERIFY(panel.saving() && !f->api.isWaiting(edit));
+    f->api.expect(get);
+    f->api.expect(detail);
+    f->api.expect(edit);
+    f->api.answer(bulk, R"({"changed":2,"skipped":0})");
+    f->api.answer(get, page({1, 2}));
+    f->api.answer(detail, detailOf(lead(1, "paused", R"(,"data":{"city":"Bonn"})")));
+    f->api.answer(edit, lead(1, "paused", R"(,"data":{"city":"Köln"})"));
+
+    // What waits behind a removal is not sent, and that is said.
+    f->api.expect(remove);
+    store->remove({u"l1"_s});
+    panel.setField(u"city"_s, u"Mainz"_s);
+    panel.save();
+    f->api.expect(get);
+    f->api.answer(remove, {}, 204);
+    settle();
+    QVERIFY(!f->api.isWaiting(edit) && !panel.shown());
+    const auto told = [](const Toasts::Toast& toast) { return toast.detail == deletedMeanwhile(); };
+    QCOMPARE(std::ranges::count_if(f->toasts.toasts(), told), 1);
+  }
+
   void aSaveGoesOnWhenItsDrawerIsClosed() {
     const auto detail = u"GET /campaigns/c1/leads/l1"_s, edit = u"PATCH /campaigns/c1/leads/l1"_s;
     f->journal.open({u"u1"_s, u"https://service.example"_s});

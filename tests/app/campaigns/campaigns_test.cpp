@@ -109,6 +109,19 @@ class CampaignsTest final : public CampaignsPage {
     QCOMPARE(told.size(), 2);
   }
 
+  void whoPausedOneResumesItAfterTheListHasGone() {
+    const auto pause = u"POST /campaigns/c1/pause"_s, launch = u"POST /campaigns/c1/launch"_s;
+    load();
+    f->api.expect(pause);
+    store->pause(u"c1"_s);
+    f->api.answer(pause, campaign("c1", "Acme Q3", "paused"));
+    store.reset();
+    f->api.expect(launch);
+    f->toasts.act(f->toasts.toasts().last().id);
+    f->api.answer(launch, campaign("c1", "Acme Q3", "running"));
+    QCOMPARE(f->toasts.toasts().last().message, u"Acme Q3 resumed"_s);
+  }
+
   void actions_data() {
     QTest::addColumn<QString>("verb");
     QTest::addColumn<QString>("label");

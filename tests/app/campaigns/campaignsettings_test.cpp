@@ -308,8 +308,8 @@ class CampaignSettingsTest : public QObject {
     f->api.expect(pause);
     store->pause();
     f->overlays.answer(f->overlays.token(), true);
-    f->api.answer(pause, campaign(11, {}, "Theirs"));
-    QVERIFY(!form->conflict().isEmpty());
+    f->api.answer(pause, campaign(11, {}, "Their\\ns"));
+    QVERIFY(form->conflict().contains(u"“Their s”"_s));
     f->api.expect(patched);
     form->save();
     QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(9));
