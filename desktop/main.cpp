@@ -159,7 +159,7 @@ int run(QGuiApplication& application, const Options& options, LogFile& log) {
                     {},
                     options.fresh ? QString() : kept.stateFolder};
   platform.log = &log;
-  const auto feed = FeedReader::configured();
+  const auto feed = FeedReader::configured(QDBusConnection::sessionBus());
   platform.releases = feed.get();
   JournalFolder journal(LogFile::defaultFolder() + u"/journal"_s);
   platform.network = &network;

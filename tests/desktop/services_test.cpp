@@ -15,6 +15,7 @@
 #include "desktop/services/ColorSchemeWatcher.h"
 #include "desktop/services/DesktopFilePanel.h"
 #include "desktop/services/DesktopProxy.h"
+#include "desktop/services/FeedReader.h"
 #include "desktop/services/FileManagerRevealer.h"
 #include "desktop/services/MemoryPressureMonitor.h"
 #include "desktop/services/NetworkMonitor.h"
@@ -22,6 +23,8 @@
 #include "kit/async/ManualClock.h"
 #include "kit/async/TaskScope.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/WireServer.h"
+#include "tests/support/await.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -182,6 +185,28 @@ class ServicesTest : public QObject {
       QVERIFY2(!asking.ask(), variable);
       qunsetenv(variable);
     }
+    desktop.unregisterService(u"org.freedesktop.portal.Desktop"_s);
+    desktop.unregisterObject(u"/org/freedesktop/portal/desktop"_s);
+  }
+
+  void newerVersionsAreLookedForByIt() {
+    auto desktop = connection();
+    FakeProxyPortal portal;
+    QVERIFY(desktop.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal, QDBusConnection::ExportAllSlots));
+    QVERIFY(desktop.registerService(u"org.freedesktop.portal.Desktop"_s));
+    WireServer proxy;
+    proxy.reply(200, R"({"version": "9.8.7"})");
+    portal.answers = {u"http://127.0.0.1:%1"_s.arg(proxy.port())};
+    FeedReader feed(QUrl(u"http://orvella.invalid/new.json"_s), 5s, connection());
+    const auto newest = await(feed.newest());
+    QVERIFY(newest);
+    QCOMPARE(newest->version, u"9.8.7"_s);
+    QCOMPARE(proxy.last().line(), "GET http://orvella.invalid/new.json HTTP/1.1");
+    // By none rather than round the one that is named.
+    portal.answers = {u"socks4://127.0.0.1:%1"_s.arg(proxy.port())};
+    FeedReader direct(proxy.url(), 5s, connection());
+    QVERIFY(!await(direct.newest()));
+    QCOMPARE(proxy.received().size(), size_t(1));
     desktop.unregisterService(u"org.freedesktop.portal.Desktop"_s);
     desktop.unregisterObject(u"/org/freedesktop/portal/desktop"_s);
   }

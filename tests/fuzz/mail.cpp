@@ -1,7 +1,6 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "app/base/EmailAddress.h"
 #include "app/base/shownName.h"
 #include "app/inbox/addresses.h"
 #include "app/inbox/messageText.h"
@@ -48,7 +47,8 @@ void open(const QString& text) {
 void split(const QString& typed) {
   const AddressList list = splitAddresses(typed);
   for (const QString& address : list.addresses) {
-    fuzz::require(isEmailAddress(address), "mail can go there");
+    fuzz::require(address.count(u'@') == 1 && address.section(u'@', 1).contains(u'.'), "mail can go there");
+    fuzz::require(std::ranges::none_of(address, [](QChar c) { return c.isSpace(); }), "it is one address");
     fuzz::require(shownAddress(address) == address, "it goes where it seems to go");
   }
   const auto isPlain = [](const QString& address) {
