@@ -59,6 +59,8 @@ class Router final : public QObject, public Navigator {
   QString settingsTabName() const { return Pages::name(m_settingsTab); }
   /// Key of the switched-off feature that the person tried to open; empty when none.
   QString offFeature() const { return m_offFeature; }
+  /// What a migration is to begin with, which its tab names. Nothing fills it yet: no answer of the service knows of
+  /// any.
   const QStringList& migrationPick() const { return m_migrationPick; }
   bool paletteOpen() const { return m_paletteOpen; }
   /// The sheet of keyboard shortcuts is shown.
