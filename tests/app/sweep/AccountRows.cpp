@@ -62,8 +62,16 @@ SweepRow bulk(const QString& action, const QString& typed) {
 
 QList<SweepRow> accountRows() {
   QList<SweepRow> rows{
-      bulk(u"pause"_s, {}),          bulk(u"verify"_s, {}),        bulk(u"delete"_s, {}),
-      bulk(u"set_limit"_s, u"30"_s), bulk(u"add_tags"_s, u"q4"_s), bulk(u"set_tracking_domain"_s, u"track.{domain}"_s),
+      bulk(u"pause"_s, {}),
+      bulk(u"resume"_s, {}),
+      bulk(u"verify"_s, {}),
+      bulk(u"delete"_s, {}),
+      bulk(u"set_limit"_s, u"30"_s),
+      bulk(u"set_sending_gap"_s, u"7"_s),
+      bulk(u"add_tags"_s, u"q4"_s),
+      bulk(u"remove_tags"_s, u"q4"_s),
+      bulk(u"add_to_bison"_s, u"q4"_s),
+      bulk(u"set_tracking_domain"_s, u"track.{domain}"_s),
   };
   rows.append({u"AccountsStore::showArchived"_s,
                [](SweepStage& s) {
