@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/async/background.h"
 
@@ -9,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-QString CsvPick::name() const { return QFileInfo(m_path).fileName(); }
+QString CsvPick::name() const { return shownName(QFileInfo(m_path).fileName()); }
 
 QString CsvPick::facts() const {
   if (m_preview.headers.isEmpty()) return {};

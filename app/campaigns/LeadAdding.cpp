@@ -159,7 +159,7 @@ LeadBatch LeadAdding::batch() const {
 QString LeadAdding::jobName() const {
   QString whom = u"your leads"_s;
   if (m_way == "manual"_L1) whom = shownName(m_draft.typed().email.trimmed());
-  if (m_way == "csv"_L1) whom = u"leads from "_s + shownName(fileName());
+  if (m_way == "csv"_L1) whom = u"leads from "_s + fileName();
   if (m_way == "list"_L1) {
     whom = u"leads from a list"_s;
     for (const LeadList& list : m_lists.value() ? m_lists.value()->items : QList<LeadList>())

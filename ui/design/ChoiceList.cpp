@@ -62,7 +62,7 @@ QVariant ChoiceList::data(const QModelIndex& index, int role) const {
   return QVariant::fromValue(m_options[index.row()]);
 }
 
-QString ChoiceList::currentLabel() const { return m_options.value(currentIndex()).label; }
+QString ChoiceList::currentLabel() const { return m_options.value(currentIndex()).shownLabel(); }
 
 int ChoiceList::indexOf(const QString& key) const {
   for (qsizetype i = 0; i < m_options.size(); ++i)
