@@ -83,6 +83,13 @@ QList<Scene> inboxScenes() {
          Q_EMIT s.app().session()->context().mailCame({});
        }},
       {u"inbox-archived"_s, [](Stage& s) { openInbox(s).threads()->setTab(u"archived"_s); }},
+      {u"inbox-last-archived"_s,
+       [](Stage& s) {
+         InboxStore& store = openThread(s, hasDraft);
+         store.threads()->setQuery(store.conversation()->contactAddress());
+         s.settle();
+         store.act(u"archive"_s);
+       }},
       {u"inbox-none-match"_s, [](Stage& s) { openInbox(s).threads()->setQuery(u"nobody of that name"_s); }},
       {u"inbox-empty"_s, [](Stage& s) { openInbox(s); }, Mode::empty},
       {u"inbox-loading"_s,

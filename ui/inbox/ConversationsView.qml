@@ -9,10 +9,17 @@ FocusScope {
 
     required property InboxStore store
     readonly property Conversation conversation: store.conversation
+    /// The same; once none is open, the last one: what shows it hears of that before it is taken away.
+    property Conversation shown: null
     readonly property bool roomy: Window.width >= 1680
     readonly property bool narrow: Window.width < 1180
     readonly property real contactWidth: narrow || conversation === null ? 0
         : store.leadsWidth > 0 ? store.leadsWidth : roomy ? 320 : 252
+
+    onConversationChanged: {
+        if (conversation !== null)
+            shown = conversation;
+    }
 
     function takeFocus() {
         list.focusRows();
@@ -47,13 +54,13 @@ FocusScope {
 
         readonly property ConversationPane shown: item as ConversationPane
 
-        active: root.conversation !== null
+        active: root.conversation !== null && root.shown !== null
         x: list.width
         width: root.width - x - root.contactWidth
         height: root.height
         sourceComponent: ConversationPane {
             store: root.store
-            conversation: root.conversation
+            conversation: root.shown
             withContact: root.narrow
             onLeaveRequested: list.focusRows()
             onContactRequested: contactDrawer.shown = true
@@ -61,13 +68,13 @@ FocusScope {
     }
 
     Loader {
-        active: root.contactWidth > 0
+        active: root.contactWidth > 0 && root.shown !== null
         x: root.width - width
         width: root.contactWidth
         height: root.height
         sourceComponent: ContactPane {
             store: root.store
-            conversation: root.conversation
+            conversation: root.shown
         }
     }
 
@@ -85,13 +92,13 @@ FocusScope {
         id: contactDrawer
         shown: false
         sourceComponent: OrvDrawer {
-            title: root.conversation !== null ? root.conversation.contact : ""
+            title: root.shown !== null ? root.shown.contact : ""
             onClosed: contactDrawer.shown = false
 
             ContactFacts {
                 width: parent.width
                 store: root.store
-                conversation: root.conversation
+                conversation: root.shown
             }
         }
     }
