@@ -162,8 +162,7 @@ class KeepingTest : public QObject {
     row("accounts/new", Page::accounts, {}, {});
     row("campaigns/new", Page::campaigns, {}, {});
     row("inbox/tab:agent/settings", Page::inbox, {}, u"agent"_s);
-    row("inboxSetup/p1/project", Page::inboxSetup, u"p1"_s, u"setup"_s);
-    row("leads/tab:lists/new", Page::leads, {}, u"lists"_s);
+    row("inboxSetup/p1/project", Page::inboxSetup, u"p1"_s, u"project"_s);
     row("rampup/tab:templates/t1/stages", Page::rampup, {}, u"templates"_s);
     row("settings/tab:clients/new", Page::settings, {}, u"clients"_s);
     row("settings/tab:company", Page::settings, {}, u"company"_s, u"GET /"_s);
@@ -174,6 +173,7 @@ class KeepingTest : public QObject {
     QFETCH(Page, page);
     signIn();
     app->journal().keep({u"a"_s, name}, [] { return JournalText{{}, "{}"}; });
+    app->journal().write();
     crash();
     signIn();
     if (!read.isEmpty()) f->api.expect(read);
