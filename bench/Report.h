@@ -49,6 +49,7 @@ bool build(Scale scale);
 bool chart(Scale scale);
 bool decode(Scale scale);
 bool editor(Scale scale);
+bool inbox(Scale scale);
 bool leads(Scale scale);
 bool leadSearch(Scale scale);
 bool lists(Scale scale);
