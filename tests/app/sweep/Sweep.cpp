@@ -185,6 +185,8 @@ void Sweep::jobOutlives(const QString& what, Life& life, int told) {
   if (life.stage.f.toasts.count() != told)
     say(what, life, u"its end is told %1 times"_s.arg(life.stage.f.toasts.count()));
   life.stage.f.jobs.clear();
+  // The "Undo" of its message holds it as long as it is offered.
+  life.stage.f.toasts.clear();
   settle();
   if (life.stage.f.context.use_count() != 1) say(what, life, u"something holds the workspace"_s);
 }
