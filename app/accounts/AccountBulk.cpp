@@ -76,7 +76,17 @@ AccountBulk::AccountBulk(Store& whole, const RowSelection& selection, KnownTags 
       m_selection(selection),
       m_knownTags(std::move(knownTags)),
       m_ended(std::move(ended)),
-      m_actions(whole.context(), m_busy, [this] { context().changes().stale<Mailbox>(); }) {
+      m_actions(whole.context(), m_busy, [this] { context().changes().stale<Mailbox>(); }),
+      m_kept(
+          whole.context(), m_form,
+          [this] {
+            return AccountBulkFields{m_text, m_tags};
+          },
+          [this](const AccountBulkFields& fields) {
+            setText(fields.text);
+            setTags(fields.tags);
+          }) {
+  connect(this, &AccountBulk::changed, this, [this] { m_kept.follow(); });
   connect(&m_form, &Form::changed, this, &AccountBulk::changed);
 }
 
@@ -161,6 +171,7 @@ void AccountBulk::act(const QString& action) {
   m_text = words.input == "host"_L1 ? u"track."_s + placeholder : QString();
   m_tags.clear();
   m_problem.clear();
+  m_kept.open(u"accounts/tab:/"_s + action);
   m_form.show();
 }
 

@@ -5,12 +5,20 @@
 #include "app/base/Actions.h"
 #include "app/base/Choice.h"
 #include "app/base/Form.h"
+#include "app/base/KeptFields.h"
 #include "app/base/Store.h"
 #include "kit/models/mailboxes/mailboxBulk.h"
 
 namespace orv {
 
 class RowSelection;
+
+/// What a person fills in for many accounts.
+struct AccountBulkFields {
+  QString text;
+  QStringList tags;
+};
+BOOST_DESCRIBE_STRUCT(AccountBulkFields, (), (text, tags))
 
 /// What is done with all ticked accounts in one request, one at a time, and the dialog of those actions that need to be
 /// told something. The ids are those that were ticked when the person began.
@@ -20,6 +28,7 @@ class AccountBulk final : public Store {
   Q_PROPERTY(bool shown READ shown NOTIFY changed)
   Q_PROPERTY(bool busy READ busy NOTIFY changed)
   Q_PROPERTY(QString error READ error NOTIFY changed)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(QString input READ input NOTIFY changed)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(QString intro READ intro NOTIFY changed)
@@ -52,6 +61,7 @@ class AccountBulk final : public Store {
   bool shown() const { return m_form.shown(); }
   bool busy() const { return m_form.busy(); }
   QString error() const { return m_form.error(); }
+  Recovery* recovery() { return m_kept.recovery(); }
   /// What the dialog asks for: "number", "tags" or "host".
   QString input() const;
   QString title() const;
@@ -98,6 +108,7 @@ class AccountBulk final : public Store {
   QString m_text;
   QStringList m_tags;
   QString m_problem;
+  KeptFields<AccountBulkFields> m_kept;
 };
 
 }  // namespace orv

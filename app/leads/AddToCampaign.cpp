@@ -10,7 +10,14 @@ namespace orv {
 
 AddToCampaign::AddToCampaign(WorkspaceContext& context, Store& whole)
     : Store(context, &whole),
-      m_campaigns(*this, [this] { return api().send(Requests::listCampaigns(false)); }, {.loadsByItself = false}) {
+      m_campaigns(*this, [this] { return api().send(Requests::listCampaigns(false)); }, {.loadsByItself = false}),
+      m_kept(
+          context, m_form,
+          [this] {
+            return CampaignAddingFields{m_newName, m_skipOthers};
+          },
+          [this](const CampaignAddingFields& fields) { fill(fields); }) {
+  connect(this, &AddToCampaign::changed, this, [this] { m_kept.follow(); });
   connect(&m_campaigns, &ResourceBase::changed, this, &AddToCampaign::campaignsArrived);
   connect(&m_form, &Form::changed, this, &AddToCampaign::changed);
 }
@@ -44,6 +51,12 @@ void AddToCampaign::setNewName(const QString& name) {
   Q_EMIT changed();
 }
 
+void AddToCampaign::fill(const CampaignAddingFields& fields) {
+  if (!fields.newName.isEmpty()) setCurrent(makeNew);
+  setNewName(fields.newName);
+  setSkipOthers(fields.skipOthers);
+}
+
 void AddToCampaign::setSkipOthers(bool skip) {
   if (std::exchange(m_skipOthers, skip) != skip) Q_EMIT changed();
 }
@@ -70,6 +83,7 @@ void AddToCampaign::open(const LeadTarget& target) {
   m_added.reset();
   m_isEnded = false;
   m_campaigns.load();
+  m_kept.open(u"leads/tab:/adding-to-campaign"_s);
   m_form.show();
 }
 
@@ -97,6 +111,7 @@ bool AddToCampaign::took(const Job& job, bool isShown) {
     m_campaigns.load();
   }
   m_isEnded = isShown && !job.failed();
+  if (m_isEnded) m_kept.taken();
   Q_EMIT changed();
   return m_isEnded;
 }
@@ -109,6 +124,7 @@ void AddToCampaign::openCampaign() {
 }
 
 void AddToCampaign::close() {
+  m_kept.leave();
   m_form.letGo();
   Store::close();
 }

@@ -2,17 +2,26 @@
 
 #include "app/base/Choice.h"
 #include "app/base/JobForm.h"
+#include "app/base/KeptFields.h"
 #include "app/base/Resource.h"
 #include "app/leads/CampaignAddJob.h"
 #include "kit/models/campaigns/campaignSummary.h"
 
 namespace orv {
 
+/// What a person fills in to add leads to a campaign.
+struct CampaignAddingFields {
+  QString newName;
+  bool skipOthers = false;
+};
+BOOST_DESCRIBE_STRUCT(CampaignAddingFields, (), (newName, skipOthers))
+
 /// The form that adds leads to a campaign, or to a new one, and then shows what came of it. Whom it adds is fixed when
 /// it opens; the adding is a job of the workspace.
 class AddToCampaign final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::JobForm* form READ form CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::ResourceBase* campaigns READ campaigns CONSTANT)
   Q_PROPERTY(QString about READ about NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> options READ options NOTIFY changed)
@@ -34,6 +43,7 @@ class AddToCampaign final : public Store {
   AddToCampaign(WorkspaceContext& context, Store& whole);
 
   JobForm* form() { return &m_form; }
+  Recovery* recovery() { return m_kept.recovery(); }
   Resource<CampaignList>* campaigns() { return &m_campaigns; }
   /// Whom: "3 selected leads".
   QString about() const { return m_about; }
@@ -71,6 +81,7 @@ class AddToCampaign final : public Store {
   void changed();
 
  private:
+  void fill(const CampaignAddingFields& fields);
   void campaignsArrived();
   bool took(const Job& job, bool isShown);
 
@@ -81,6 +92,7 @@ class AddToCampaign final : public Store {
   QString m_current;
   QString m_newName;
   bool m_skipOthers = false;
+  KeptFields<CampaignAddingFields> m_kept;
   /// What the job that was sent off has come to; its own as well.
   std::shared_ptr<CampaignAdded> m_added;
   bool m_isEnded = false;

@@ -42,7 +42,14 @@ AddToList::AddToList(WorkspaceContext& context, Store& whole)
                   context.changes().stale<LeadList>();
                   context.changes().stale<ListedLeads>();
                 }),
-      m_list(*this, false) {
+      m_list(*this, false),
+      m_kept(
+          context, m_form,
+          [this] {
+            return ListAddingFields{m_list.newName(), m_howMany, m_skipInLists, m_skipInCampaigns};
+          },
+          [this](const ListAddingFields& fields) { fill(fields); }) {
+  connect(this, &AddToList::changed, this, [this] { m_kept.follow(); });
   connect(&m_form, &Form::changed, this, &AddToList::changed);
   connect(&m_list, &LeadListPicker::changed, this, &AddToList::changed);
 }
@@ -108,7 +115,15 @@ void AddToList::open(const LeadTarget& target) {
   m_skipInLists = m_skipInCampaigns = false;
   m_result.reset();
   m_list.startWith({});
+  m_kept.open(u"leads/tab:/adding-to-list"_s);
   m_form.show();
+}
+
+void AddToList::fill(const ListAddingFields& fields) {
+  m_list.takeName(fields.newName);
+  setHowMany(fields.howMany);
+  setSkipInLists(fields.skipInLists);
+  setSkipInCampaigns(fields.skipInCampaigns);
 }
 
 ListAddBody AddToList::body() const {
@@ -130,10 +145,12 @@ Task<void> AddToList::submitTask() {
   if (!added) co_return;
   listFilled(context(), added->id);
   if (added->result.queued > 0) m_following.start(follow());
-  if (submission.isShown())
+  if (submission.isShown()) {
     m_result = std::move(added);
-  else
+    m_kept.taken();
+  } else {
     services().toasts.success(listAddSummary(shownName(added->name), added->result));
+  }
   Q_EMIT changed();
 }
 

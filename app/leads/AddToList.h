@@ -2,6 +2,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/Form.h"
+#include "app/base/KeptFields.h"
 #include "app/leads/LeadListPicker.h"
 #include "kit/models/leads/leadTarget.h"
 #include "kit/models/leads/listAdding.h"
@@ -11,12 +12,22 @@ namespace orv {
 /// What came of adding leads to a list, in one sentence.
 QString listAddSummary(const QString& list, const ListAddResult& result);
 
+/// What a person fills in to add leads to a list. Whom it adds and which list they pick is for now only.
+struct ListAddingFields {
+  QString newName;
+  QString howMany;
+  bool skipInLists = false;
+  bool skipInCampaigns = false;
+};
+BOOST_DESCRIBE_STRUCT(ListAddingFields, (), (newName, howMany, skipInLists, skipInCampaigns))
+
 /// The form that adds leads to a list, or to a new one, and then shows what came of it. Whom it adds is fixed when it
 /// opens.
 class AddToList final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::Form* form READ form CONSTANT)
   Q_PROPERTY(orv::LeadListPicker* list READ list CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(QString about READ about NOTIFY changed)
   Q_PROPERTY(bool asksHowMany READ asksHowMany NOTIFY changed)
   Q_PROPERTY(QString howMany READ howMany WRITE setHowMany NOTIFY changed)
@@ -36,6 +47,7 @@ class AddToList final : public Store {
 
   Form* form() { return &m_form; }
   LeadListPicker* list() { return &m_list; }
+  Recovery* recovery() { return m_kept.recovery(); }
   /// Whom: "3 selected leads".
   QString about() const { return m_target.description(); }
   bool asksHowMany() const { return m_target.filter() != nullptr; }
@@ -74,6 +86,7 @@ class AddToList final : public Store {
     ListAddResult result;
   };
   std::optional<int> number() const;
+  void fill(const ListAddingFields& fields);
   ListAddBody body() const;
   Task<std::optional<Added>> send(ListAddBody body, Form::Submission* submission);
   Task<void> follow();
@@ -87,6 +100,7 @@ class AddToList final : public Store {
   QString m_howMany;
   bool m_skipInLists = false;
   bool m_skipInCampaigns = false;
+  KeptFields<ListAddingFields> m_kept;
   std::optional<Added> m_result;
   TaskSlot m_following;
 };

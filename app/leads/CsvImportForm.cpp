@@ -25,7 +25,12 @@ QString nameFor(const QString& path) {
 }  // namespace
 
 CsvImportForm::CsvImportForm(WorkspaceContext& context, Store& whole)
-    : Store(context, &whole), m_file(context.services().filePanel), m_list(*this, true) {
+    : Store(context, &whole),
+      m_file(context.services().filePanel),
+      m_list(*this, true),
+      m_kept(
+          context, m_form, [this] { return fields(); }, [this](const CsvImportFields& kept) { fill(kept); }) {
+  connect(this, &CsvImportForm::changed, this, [this] { m_kept.follow(); });
   connect(&m_file, &CsvPick::changed, this, &CsvImportForm::changed);
   connect(&m_file, &CsvPick::chosen, this, &CsvImportForm::setFile);
   connect(&m_file, &CsvPick::looked, this, &CsvImportForm::looked);
@@ -62,12 +67,30 @@ void CsvImportForm::showFor(const QString& listId) {
   m_file.clear();
   m_columns.propose({});
   m_list.startWith(listId.isEmpty() ? QString(LeadListPicker::makeNew) : listId);
+  m_kept.open(u"leads/tab:lists/import"_s);
   m_form.show();
+}
+
+CsvImportFields CsvImportForm::fields() const {
+  return {m_file.path(), m_columns.mapping(), m_list.isNew() ? m_list.newName() : QString()};
+}
+
+void CsvImportForm::fill(const CsvImportFields& fields) {
+  if (fields.path.isEmpty()) {
+    m_file.clear();
+    m_columns.propose({});
+    m_form.clearError();
+  } else if (fields.path != m_file.path()) {
+    setFile(fields.path);
+    m_wanted = fields.mapping;
+  }
+  m_list.takeName(fields.listName);
 }
 
 void CsvImportForm::setFile(const QString& path) {
   if (!m_form.shown()) show();
   if (!m_form.shown() || m_form.busy()) return;
+  m_wanted.clear();
   m_columns.propose({});
   m_form.clearError();
   m_file.look(path);
@@ -75,10 +98,15 @@ void CsvImportForm::setFile(const QString& path) {
 
 void CsvImportForm::looked() {
   m_columns.propose(m_file.preview());
+  // Another file may stand there by now.
+  const QStringList wanted = std::exchange(m_wanted, {});
+  if (wanted.size() == m_columns.mapping().size())
+    for (int column = 0; column < wanted.size(); ++column) m_columns.set(column, wanted[column]);
   if (const QString error = m_file.preview().error; !error.isEmpty())
     m_form.begin().fail(error);
   else
     m_list.proposeName(nameFor(m_file.path()));
+  Q_EMIT changed();
 }
 
 void CsvImportForm::setTarget(int column, const QString& target) {
@@ -104,6 +132,7 @@ void CsvImportForm::submit() {
 }
 
 void CsvImportForm::close() {
+  m_kept.leave();
   m_form.letGo();
   m_file.clear();
   Store::close();

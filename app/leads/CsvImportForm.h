@@ -2,10 +2,20 @@
 
 #include "app/base/CsvPick.h"
 #include "app/base/JobForm.h"
+#include "app/base/KeptFields.h"
 #include "app/leads/ImportColumns.h"
 #include "app/leads/LeadListPicker.h"
 
 namespace orv {
+
+/// What a person fills in to import a file of leads.
+struct CsvImportFields {
+  QString path;
+  /// A target for each of its columns.
+  QStringList mapping;
+  QString listName;
+};
+BOOST_DESCRIBE_STRUCT(CsvImportFields, (), (path, mapping, listName))
 
 /// The form that imports a file of leads: which file, what its columns become, and the list that the leads go into.
 ///
@@ -14,6 +24,7 @@ namespace orv {
 class CsvImportForm final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::JobForm* form READ form CONSTANT)
+  Q_PROPERTY(orv::Recovery* recovery READ recovery CONSTANT)
   Q_PROPERTY(orv::LeadListPicker* list READ list CONSTANT)
   Q_PROPERTY(QString fileName READ fileName NOTIFY changed)
   Q_PROPERTY(QString fileFacts READ fileFacts NOTIFY changed)
@@ -30,6 +41,7 @@ class CsvImportForm final : public Store {
   CsvImportForm(WorkspaceContext& context, Store& whole);
 
   JobForm* form() { return &m_form; }
+  Recovery* recovery() { return m_kept.recovery(); }
   LeadListPicker* list() { return &m_list; }
   QString fileName() const { return m_file.name(); }
   /// "1.4 MB · 11 columns".
@@ -68,11 +80,16 @@ class CsvImportForm final : public Store {
 
  private:
   void looked();
+  CsvImportFields fields() const;
+  void fill(const CsvImportFields& fields);
 
   CsvPick m_file;
   ImportColumns m_columns;
   LeadListPicker m_list;
   JobForm m_form;
+  KeptFields<CsvImportFields> m_kept;
+  /// Of a file that is being looked into, what its columns were to become.
+  QStringList m_wanted;
 };
 
 }  // namespace orv

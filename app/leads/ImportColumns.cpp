@@ -22,6 +22,8 @@ void ImportColumns::propose(const CsvPreview& preview) {
 
 bool ImportColumns::set(int column, const QString& target) {
   if (column < 0 || column >= m_mapping.size() || m_mapping[column] == target) return false;
+  const auto& known = LeadImportFields::choices();
+  if (std::ranges::find(known, target, &Choice::key) == known.cend()) return false;
   const auto tell = [this](int row) { Q_EMIT dataChanged(index(row), index(row)); };
   if (const qsizetype before = m_mapping.indexOf(target); LeadImportFields::isField(target) && before >= 0) {
     m_mapping[before] = LeadImportFields::kept;

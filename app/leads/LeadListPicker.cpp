@@ -36,6 +36,11 @@ void LeadListPicker::proposeName(const QString& name) {
   if (!m_isTyped && std::exchange(m_newName, name) != name) Q_EMIT changed();
 }
 
+void LeadListPicker::takeName(const QString& name) {
+  if (!name.isEmpty()) setCurrent(makeNew);
+  setNewName(name);
+}
+
 QString LeadListPicker::name() const {
   if (isNew()) return m_newName.trimmed();
   if (m_lists.value())

@@ -32,6 +32,8 @@ class LeadListPicker final : public Store {
   void setNewName(const QString& name);
   /// A name for a new list, for as long as nobody has typed one.
   void proposeName(const QString& name);
+  /// A name that was typed before; with one, a new list is meant.
+  void takeName(const QString& name);
   /// Of the list that leads go into; empty for none.
   QString name() const;
   /// Nothing is missing.

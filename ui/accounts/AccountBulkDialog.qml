@@ -23,6 +23,11 @@ OnDemand {
         onCancelled: root.bulk.cancel()
         onAboutToShow: host.selectAll()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.bulk.recovery
+        }
+
         OrvNumberField {
             id: number
             visible: root.bulk.input === "number"

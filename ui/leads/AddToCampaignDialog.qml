@@ -27,6 +27,11 @@ OnDemand {
         onConfirmed: root.ended ? root.adding.openCampaign() : root.adding.submit()
         onCancelled: root.adding.form.cancel()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.adding.recovery
+        }
+
         OrvSelect {
             id: pick
             visible: !root.ended && !root.adding.hasNone && !root.failed

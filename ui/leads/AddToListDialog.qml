@@ -25,6 +25,11 @@ OnDemand {
         onConfirmed: root.ended ? root.adding.openList() : root.adding.submit()
         onCancelled: root.adding.form.cancel()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.adding.recovery
+        }
+
         LeadListFields {
             id: fields
             visible: !root.ended

@@ -24,6 +24,11 @@ OnDemand {
         onConfirmed: root.importing.submit()
         onCancelled: root.importing.dismiss()
 
+        RestoredNotice {
+            width: parent.width
+            recovery: root.importing.recovery
+        }
+
         FileBox {
             id: box
             width: parent.width

@@ -334,6 +334,34 @@ class AccountsTest : public QObject {
     QVERIFY(many.problem().isEmpty());
   }
 
+  void whatWasFilledInForManyComesBackAfterACrash() {
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    {
+      AccountsStore earlier(*f->context, life->actions);
+      earlier.list()->appear();
+      f->api.expect(get);
+      earlier.ensureLoaded();
+      f->api.answer(get, page({account(1)}));
+      earlier.selection()->toggleAll();
+      earlier.bulk()->act(u"add_tags"_s);
+      settle();
+      earlier.bulk()->addTags({u"q4"_s});
+      f->clock.advance(std::chrono::seconds(2));
+      settle();
+    }
+    load({page({account(1)})});
+    store->selection()->toggleAll();
+    // Each action has its own.
+    store->bulk()->act(u"set_limit"_s);
+    settle();
+    QVERIFY(store->bulk()->recovery()->notice().isEmpty());
+    store->bulk()->cancel();
+    store->bulk()->act(u"add_tags"_s);
+    settle();
+    QCOMPARE(store->bulk()->tags().size(), 1);
+    QVERIFY(!store->bulk()->recovery()->notice().isEmpty());
+  }
+
   void theDialogSpeaksOfThoseThatWereTicked() {
     load({page({account(1, R"(,"tags":["q4"])"), account(2)})});
     store->selection()->toggle(u"m1"_s);

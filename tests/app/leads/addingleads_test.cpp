@@ -210,6 +210,48 @@ class AddingLeadsTest : public QObject {
     QCOMPARE(f->lastToast(), u"9 leads added to Owners, US"_s);
   }
 
+  void whatWasFilledInComesBackAfterACrash() {
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    const auto crash = [this](LeadActions& actions) {
+      f->clock.advance(2s);
+      settle();
+      actions.close();
+    };
+    {
+      LeadActions earlier(*f->context);
+      f->api.expect(f->lists);
+      earlier.addToList(matches(20, true));
+      settle();
+      earlier.listAdding()->list()->setCurrent(LeadListPicker::makeNew);
+      earlier.listAdding()->list()->setNewName(u"Nordics"_s);
+      earlier.listAdding()->setHowMany(u"7"_s);
+      earlier.listAdding()->setSkipInLists(true);
+      f->api.expect(u"GET /campaigns"_s);
+      earlier.addToCampaign(two);
+      settle();
+      earlier.campaignAdding()->setCurrent(AddToCampaign::makeNew);
+      earlier.campaignAdding()->setNewName(u"Spring"_s);
+      crash(earlier);
+    }
+    openListForm(matches(20, true));
+    settle();
+    AddToList& list = *f->actions.listAdding();
+    QVERIFY(list.list()->isNew() && list.list()->name() == u"Nordics"_s && list.skipInLists());
+    QCOMPARE(list.howMany(), u"7"_s);
+    QVERIFY(!list.recovery()->notice().isEmpty());
+    list.recovery()->discard();
+    QVERIFY(list.list()->newName().isEmpty() && list.howMany().isEmpty() && !list.skipInLists());
+    openCampaignForm(two);
+    settle();
+    AddToCampaign& campaign = *f->actions.campaignAdding();
+    QVERIFY(campaign.isNew() && campaign.newName() == u"Spring"_s);
+    // Closed by the person, it is given up.
+    campaign.form()->cancel();
+    openCampaignForm(two);
+    settle();
+    QVERIFY(campaign.newName().isEmpty());
+  }
+
   void unlockingIsSaidAskedAndSentOnce() {
     f->actions.unlock(two);
     QCOMPARE(f->overlays.text(), u"Each lead you don’t have yet uses one unlock. How many are left isn’t known."_s);

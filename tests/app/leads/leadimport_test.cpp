@@ -238,6 +238,24 @@ class LeadImportTest : public QObject {
     f->api.answer(start, begun);
   }
 
+  void whatWasChosenComesBackAfterACrash() {
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    choose(file(u"fair.csv"_s, "Email,Vans\na@x.example,3\n"));
+    form->setTarget(1, u"employees"_s);
+    form->list()->setNewName(u"Fair, autumn"_s);
+    f->clock.advance(std::chrono::seconds(2));
+    settle();
+    f->actions.close();
+    LeadActions later(*f->context);
+    f->api.expect(f->lists);
+    later.importing()->show();
+    QTRY_COMPARE(later.importing()->columns()->mapping(), (QStringList{u"email"_s, u"employees"_s}));
+    QCOMPARE(later.importing()->list()->newName(), u"Fair, autumn"_s);
+    QVERIFY(later.importing()->canSubmit() && !later.importing()->recovery()->notice().isEmpty());
+    later.importing()->recovery()->discard();
+    QVERIFY(later.importing()->fileName().isEmpty() && later.importing()->columns()->count() == 0);
+  }
+
   void itGoesOnWhenThePageIsGone() {
     choose(file(u"fair.csv"_s, "email\na@x.example\n"));
     form->submit();
