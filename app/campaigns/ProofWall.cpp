@@ -268,7 +268,7 @@ ProofEmail ProofWall::email(const QString& id) const {
   if (kept != m_kept.cend() && asked && isFresh(*kept, *asked)) describe(email, *kept);
   QStringList words{u"%1 of %2"_s.arg(m_shown.indexOf(id) + 1).arg(m_shown.size()), shownName(email.name)};
   if (!email.company.isEmpty()) words.append(shownName(email.company));
-  if (!email.letter.isEmpty()) words.append(u"variant "_s + email.letter);
+  if (!email.letter.isEmpty()) words.append(u"variant "_s + shownName(email.letter));
   words.append(email.state == "right"_L1   ? u"looks right"_s
                : email.state == "wrong"_L1 ? u"look at this"_s
                                            : u"not rendered yet"_s);

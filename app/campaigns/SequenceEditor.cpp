@@ -252,7 +252,7 @@ void SequenceEditor::removeVariant(const QString& variant) {
   const QUuid key(variant);
   const DraftVariant* gone = draft().variant(key);
   if (!gone) return;
-  const QString label = gone->label;
+  const QString label = shownName(gone->label);
   if (!edit([&key](SequenceDraft& draft) { return draft.removeVariant(key); })) return;
   m_context.services.toasts.show({.message = u"Variant %1 removed"_s.arg(label),
                                   .actionLabel = u"Undo"_s,

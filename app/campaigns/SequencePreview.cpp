@@ -207,7 +207,7 @@ QString SequencePreview::pickedText() const {
   if (!shown || !variant()) return {};
   if (variant()->picked) return u"picked for this lead"_s;
   const auto picked = std::ranges::find(shown->variants, true, &PreviewResponse::Variant::picked);
-  return picked == shown->variants.end() ? QString() : u"this lead gets variant "_s + picked->label;
+  return picked == shown->variants.end() ? QString() : u"this lead gets variant "_s + shownName(picked->label);
 }
 
 QStringList SequencePreview::warnings() const {
