@@ -5,6 +5,7 @@
 #include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/campaigns/campaign.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/campaignSummary.h"
 #include "kit/models/leads/leadRequests.h"
@@ -29,6 +30,16 @@ OutreachLists::OutreachLists(Store& whole)
                   {.failed = u"Couldn’t load the allowance"_s, .loadsByItself = false}) {
   for (ResourceBase* list : std::initializer_list<ResourceBase*>{&m_tags, &m_labels, &m_allowance})
     connect(list, &ResourceBase::changed, this, &OutreachLists::changed);
+  countAnewWith<Campaign>();
+  countAnewWith<Mailbox>();
+}
+
+/// What was done to one here may have given it a tag, or taken it out.
+template <class Record>
+void OutreachLists::countAnewWith() {
+  context().changes().watch<Record>(this, [this](const Change<Record>& change) {
+    if (change.acted || change.kind != Change<Record>::Kind::is) m_tags.markStale();
+  });
 }
 
 /// Campaigns carry a tag's key, accounts its name. A tag that only accounts carry is in nobody's list.

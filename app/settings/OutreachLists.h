@@ -50,6 +50,8 @@ class OutreachLists final : public Store {
 
  private:
   Task<CountedTags> loadTags();
+  template <class Record>
+  void countAnewWith();
 
   Resource<CountedTags> m_tags;
   Resource<ReplyLabelList> m_labels;

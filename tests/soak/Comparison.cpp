@@ -15,7 +15,7 @@ namespace {
 /// Closes what is open, forgets what was typed, shows what waits to be shown.
 constexpr const char* endings[] = {"cancel",       "dismiss",     "discard",      "closeInbox",
                                    "closeDomain",  "closeChecks", "clearProblem", "keep",
-                                   "clearFilters", "reset",       "showNewMail"};
+                                   "clearFilters", "reset",       "showAll",      "showNewMail"};
 
 bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
 
@@ -152,9 +152,18 @@ void Comparison::align() {
   ask(held, shown);
 }
 
+/// A list reads again what somebody sees of it; here it is seen whole, before it is compared.
+void Comparison::seeAll() {
+  for (SoakClient* client : {&m_shown, &m_held})
+    for (const Part& part : client->page())
+      if (auto* const list = qobject_cast<PagedListBase*>(part.object)) list->see(0, list->rows()->count());
+  m_rest();
+}
+
 void Comparison::readAsFar() {
   constexpr int pagesAtMost = 20;
   for (int page = 0; page < pagesAtMost; ++page) {
+    seeAll();
     bool reads = false;
     const auto held = byPath(m_held.page());
     for (const Part& part : m_shown.page()) {

@@ -29,6 +29,7 @@ class Comparison {
   /// The same filters, the same sorting, as many rows.
   void align();
   void readAsFar();
+  void seeAll();
 
   SoakClient& m_shown;
   SoakClient& m_held;

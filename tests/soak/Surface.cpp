@@ -5,6 +5,7 @@
 #include <QMetaProperty>
 #include <QSequentialIterable>
 #include <QSet>
+#include <QUuid>
 #include <QVariant>
 #include <algorithm>
 
@@ -39,8 +40,11 @@ QString gadgetText(const QVariant& gadget, const QMetaObject& type) {
   return u'{' + fields.join(u"; "_s) + u'}';
 }
 
+/// What a client calls something that the service has no name for.
+bool isOwnKey(const QString& text) { return text.startsWith(u'{') && !QUuid::fromString(text).isNull(); }
+
 QString textOf(const QVariant& value) {
-  if (value.typeId() == QMetaType::QString) return value.toString();
+  if (value.typeId() == QMetaType::QString) return isOwnKey(value.toString()) ? u"{}"_s : value.toString();
   if (value.canView<QSequentialIterable>()) {
     QStringList items;
     const auto list = value.value<QSequentialIterable>();
@@ -69,7 +73,8 @@ void readRows(const QString& path, const QAbstractItemModel& model, Reading& rea
   QStringList order;
   for (int row = 0; row < model.rowCount(); ++row) {
     const QModelIndex index = model.index(row, 0);
-    order.append(key < 0 ? QString::number(row) : model.data(index, key).toString());
+    const QString id = key < 0 ? QString() : model.data(index, key).toString();
+    order.append(key < 0 || isOwnKey(id) ? QString::number(row) : id);
     for (auto role = roles.begin(); role != roles.end(); ++role)
       reading.insert(path + u'[' + order.last() + u"]."_s + QString::fromLatin1(role.value()),
                      textOf(model.data(index, role.key())));
@@ -79,6 +84,9 @@ void readRows(const QString& path, const QAbstractItemModel& model, Reading& rea
 
 bool isClosed(const QObject& object) {
   if (const QVariant shown = valueOf(object, "shown"); shown.typeId() == QMetaType::Bool) return !shown.toBool();
+  // What shows one record of a list, and just now none.
+  if (const QVariant id = valueOf(object, "id"); id.typeId() == QMetaType::QString && id.toString().isEmpty())
+    return true;
   const auto* form = valueOf(object, "form").value<QObject*>();
   return form && form->metaObject()->indexOfProperty("shown") >= 0 && isClosed(*form);
 }

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include "kit/models/campaigns/campaign.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -339,6 +340,13 @@ class SettingsTest : public QObject {
     for (const Choice& fact : store->lists()->tagFacts()) facts.append(fact.label + u": "_s + fact.detail);
     QCOMPARE(facts, (QStringList{u"Fair: 2 campaigns · 3 accounts"_s, u"idle: 0 campaigns · 0 accounts"_s,
                                  u"warm: 0 campaigns · 1 account"_s}));
+    // Whoever changed a campaign meanwhile, by whatever page, finds them counted anew.
+    store->ensureLoaded();
+    Campaign changed;
+    changed.id = u"c1"_s;
+    f->context->changes().publish(changed, f->context->changes().stamp(), true);
+    f->api.expect(tags);
+    store->ensureLoaded();
   }
 };
 
