@@ -13,7 +13,7 @@ class Ring {
   void print() const;
 
  private:
-  static constexpr size_t kept = 80;
+  static constexpr size_t kept = 500;
   struct Line {
     std::array<char, 240> text;
     size_t size = 0;
