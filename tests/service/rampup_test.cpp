@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "app/accounts/AccountsStore.h"
 #include "app/deliverability/DeliverabilityStore.h"
 #include "app/rampup/RampupAccountStore.h"
 #include "kit/models/deliverability/deliverabilityRequests.h"
@@ -146,6 +147,43 @@ class RampupJourneyTest : public QObject {
     QVERIFY(undo != toasts.end());
     client->toasts().act(undo->id);
     QTRY_VERIFY(templates().find(made));
+  }
+
+  void anEmptyWorkspaceGetsAnAccountThatRampsUp() {
+    const QString address = u"ana@fresh.example"_s;
+    client->app().openWorkspace(u"fresh"_s);
+    AccountsStore& accounts = *client->app().session()->store<AccountsStore>();
+    accounts.list()->appear();
+    accounts.ensureLoaded();
+    QTRY_COMPARE(accounts.list()->stateName(), ResourceBase::State::Empty);
+    AddAccount& adding = *accounts.adding();
+    adding.show();
+    adding.choose(u"smtp"_s);
+    adding.connection()->set(u"address"_s, address);
+    adding.connection()->setPassword(u"an app password"_s);
+    adding.submit();
+    QTRY_VERIFY2(!adding.shown(), qPrintable(adding.error()));
+    QTRY_VERIFY_WITH_TIMEOUT(isTold(address + u" connected"_s), 30000);
+    QCOMPARE(accounts.list()->shownCount(), 1);
+    const QString id = accounts.list()->shownIds().first();
+    QCOMPARE(accounts.list()->find(id)->record().rampup->state, u"running"_s);
+
+    rampup().list()->appear();
+    rampup().ensureLoaded();
+    QTRY_COMPARE(rampup().list()->shownIds(), QStringList{id});
+    QCOMPARE(running(), QStringList{id});
+    RampupAccountStore& page = account(id);
+    QTRY_VERIFY(page.detail()->hasContent());
+    QCOMPARE(page.phase(), u"Warm-up"_s);
+    QVERIFY2(page.stateLine().startsWith(u"Day 1 of "_s), qPrintable(page.stateLine()));
+    // From its second day on it may send: the campaigns’ share grows from there.
+    QVERIFY(page.act(u"edit"_s));
+    setFirst(*page.editor(), u"days"_s, u"1"_s);
+    page.editor()->submit();
+    QTRY_VERIFY2(!page.editor()->shown(), qPrintable(page.editor()->error()));
+    const RampupDetail planned = client->sendElsewhere(Requests::getRampup(id), u"fresh"_s);
+    QCOMPARE(planned.days.at(0).campaign, 0);
+    QVERIFY(planned.days.at(1).campaign > 0 && planned.days.last().campaign > planned.days.at(1).campaign);
   }
 
   void theWatcherSeesWhatBecomesOfAnAccount() {

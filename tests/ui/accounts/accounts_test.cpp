@@ -66,6 +66,43 @@ class AccountsWindowTest : public ui::WindowTest {
     QTRY_COMPARE(accounts().list()->rows()->count(), 3);
   }
 
+  void anAccountIsAddedByKeyboard() {
+    open();
+    QTRY_VERIFY(table());
+    table()->forceActiveFocus();
+    press(Qt::Key_N);
+    AddAccount& adding = *accounts().adding();
+    QTRY_VERIFY(adding.shown());
+    m_stage->settle();
+    m_stage->tabTo(u"SMTP / IMAP"_s);
+    press(Qt::Key_Return);
+    QTRY_COMPARE(adding.way(), AddAccount::Way::smtp);
+    m_stage->settle();
+    // The first field has the focus; the next ones follow it.
+    type(u"nina@post.example"_s);
+    m_stage->tabTo(u"Sender name"_s);
+    type(u"Nina"_s);
+    m_stage->tabTo(u"Password"_s);
+    type(u"app-password"_s);
+    QCOMPARE(adding.connection()->fields().smtpHost, u"smtp.post.example"_s);
+    m_stage->tabTo(u"SMTP server"_s);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(u"mail.post.example"_s);
+    m_stage->tabTo(u"Add and check"_s);
+    press(Qt::Key_Space);
+    QTRY_VERIFY(!adding.shown());
+    QTRY_COMPARE(lastMessage(), u"nina@post.example added. Checking the connection…"_s);
+    QVERIFY2(adding.connection()->password().isEmpty(), "nothing secret stays behind");
+    m_stage->settle();
+    const QStringList ids = accounts().list()->shownIds();
+    const auto made = std::ranges::find_if(ids, [this](const QString& id) {
+      return accounts().list()->find(id)->record().address == "nina@post.example"_L1;
+    });
+    QVERIFY(made != ids.end());
+    QCOMPARE(accounts().list()->find(*made)->record().connection->host, u"mail.post.example"_s);
+    QTRY_VERIFY2(rowHasFocus(), "the focus is back where it was");
+  }
+
   void whatIsSeenIsHeard() {
     open();
     QTRY_VERIFY(table());
