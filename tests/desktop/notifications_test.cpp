@@ -119,6 +119,19 @@ class NotificationsTest : public QObject {
     QVERIFY2(!got.hints.contains(u"sound-name"_s) && !got.hints.contains(u"sound-file"_s), "no sound of its own");
   }
 
+  void whereNobodyShowsThemItIsSaid() {
+    make();
+    QCOMPARE(m_desktop->trouble(), QString());
+    m_desktop->show(notice());
+    QTRY_COMPARE(m_desktop->trouble(), u"Nothing on this desktop shows notifications."_s);
+    FakeServer server(connection(), {u"body"_s});
+    QTRY_COMPARE(m_desktop->trouble(), QString());
+    m_desktop->show(notice());
+    QTRY_COMPARE(server.got.size(), 1);
+    const DesktopNotifications alone(QDBusConnection(QString()), u"com.orvella.desktop"_s);
+    QVERIFY(!alone.trouble().isEmpty());
+  }
+
   void aSecondOneOfTheNameReplacesTheFirst() {
     FakeServer server(connection(), {u"body"_s, u"actions"_s});
     make();

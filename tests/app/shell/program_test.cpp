@@ -126,10 +126,17 @@ class ProgramTest : public QObject {
     QCOMPARE(f->browser.opened, QList{QUrl(u"https://a.example/get"_s)});
     pass(24h);
     QVERIFY(messages().isEmpty());
+    // The message has long gone; the settings still say so.
+    QCOMPARE(app->program()->newVersion(), u"1.10.0"_s);
+    app->program()->openNewVersion();
+    QCOMPARE(f->browser.opened.size(), 2);
     // Whoever writes that file may not open anything else here.
     feed.said = {u"2.0"_s, QUrl(u"file:///etc/passwd"_s)};
     pass(24h);
     QCOMPARE(app->toasts()->toasts().first().actionLabel, QString());
+    QVERIFY(!app->program()->newVersionOpens());
+    app->program()->openNewVersion();
+    QCOMPARE(f->browser.opened.size(), 2);
   }
 };
 
