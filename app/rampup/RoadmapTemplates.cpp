@@ -261,9 +261,9 @@ Task<void> RoadmapTemplates::editTask(QString id, QList<RoadmapStage> stages) {
     co_return;
   const bool isShown = submission.succeed();
   services().toasts.success(u"Schedule saved. Accounts on it update from today."_s);
-  roadmapsChanged(context());
   const RoadmapTemplate* saved = find(id);
   if (isShown && saved && std::exchange(m_fresh, {}) == id && onAddAccounts) onAddAccounts(*saved);
+  roadmapsChanged(context());
 }
 
 Task<void> RoadmapTemplates::removeTask(QString id) {

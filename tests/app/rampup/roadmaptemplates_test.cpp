@@ -88,11 +88,13 @@ class RoadmapTemplatesTest : public QObject {
     f->api.expect(created);
     form.submit();
     form.cancel();
+    RoadmapTemplate made = changed(u"Spring domains"_s, 1);
+    made.id = u"t2"_s;
     f->api.expect(f->templates);
-    f->api.answer(created, encodeJSON(changed(u"Spring domains"_s, 1)));
+    f->api.answer(created, encodeJSON(made));
     QCOMPARE(f->lastToast(), u"Created “Spring domains”"_s);
     QVERIFY(!f->store.editor()->shown());
-    if (f->api.isWaiting(f->templates)) f->api.answer(f->templates, pageOf({}, 0));
+    f->api.answer(f->templates, pageOf({RampupFixture::aTemplate(), made}, 0));
   }
 
   void aCopyWaitsForWhatItIsACopyOf() {
