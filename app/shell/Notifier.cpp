@@ -213,6 +213,9 @@ Task<void> Notifier::lookForFailures(Context context) {
   } else if (failed == 0 && !known.isEmpty()) {
     // One that fails again is told again.
     m_preferences.setFailedAccounts(slug, {});
+    const auto shown = m_shown;
+    for (const auto& [id, target] : shown.asKeyValueRange())
+      if (target.page == Page::accounts && target.slug == slug) withdraw(id);
   }
   m_failed[slug] = failed;
 }

@@ -277,12 +277,21 @@ class NotifierTest : public QObject {
     QCOMPARE(f->preferences.failedAccounts(u"acme"_s), (QStringList{u"mb1"_s, u"mb3"_s}));
     nextLook();
     finish(unread(0, ""), 2);
-    nextLook();
-    finish(unread(0, ""), 0);
-    QVERIFY(f->preferences.failedAccounts(u"acme"_s).isEmpty());
     Q_EMIT desktop->followed(desktop->shown.first().id, {});
     QCOMPARE(f->navigator.page, Page::accounts);
     QCOMPARE(f->navigator.item, u"mb3"_s);
+    nextLook();
+    f->api.expect(dashboard);
+    f->api.answer(counts, unread(0, ""));
+    f->api.expect(mailboxes);
+    f->api.answer(dashboard, failed(3));
+    f->api.answer(mailboxes, accounts({u"mb1"_s, u"mb2"_s, u"mb3"_s}));
+    QCOMPARE(desktop->shown.size(), 2);
+    // What is true no longer is taken back.
+    nextLook();
+    finish(unread(0, ""), 0);
+    QVERIFY(f->preferences.failedAccounts(u"acme"_s).isEmpty());
+    QCOMPARE(desktop->withdrawn, QStringList{desktop->shown.last().id});
   }
 
   void whoWantsToHearNothingHearsNothing() {
