@@ -97,13 +97,13 @@ class Writing final : public QObject {
   WorkspaceContext& m_context;
   QString m_about;
   DraftOf<WrittenFields> m_draft;
-  Recovery m_recovery;
-  std::optional<QString> m_begunFor;
-  bool m_typing = false;
   bool m_sending = false;
   bool m_uncertain = false;
   bool m_isSought = false;
   QSet<QString> m_leftBefore;
+  Recovery m_recovery;
+  std::optional<QString> m_begunFor;
+  bool m_typing = false;
   int m_views = 0;
   QList<OneShot<bool>> m_waiting;
 };
