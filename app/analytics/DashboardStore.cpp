@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "app/base/CampaignAdding.h"
 #include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
 #include "kit/models/analytics/analyticsRequests.h"
@@ -64,6 +65,7 @@ DashboardStore::DashboardStore(WorkspaceContext& context)
   follow<Mailbox>();
   follow<Lead>();
   follow<LeadList>();
+  follow<AddedLeads>();
   follow<UnlockUsage>();
 }
 

@@ -1,4 +1,5 @@
 #include "app/analytics/DashboardStore.h"
+#include "app/base/CampaignAdding.h"
 #include "kit/models/leads/lead.h"
 #include "kit/models/leads/leadList.h"
 #include "kit/models/leads/unlocks.h"
@@ -52,6 +53,7 @@ class DashboardTest final : public AnalyticsPage {
     QTest::newRow("an account") << Tell([](Changes& changes) { changes.stale<Mailbox>(u"m1"_s); });
     QTest::newRow("leads") << Tell([](Changes& changes) { changes.stale<Lead>(); });
     QTest::newRow("a list") << Tell([](Changes& changes) { changes.gone<LeadList>(u"li1"_s, changes.stamp()); });
+    QTest::newRow("a campaign's leads") << Tell([](Changes& changes) { changes.stale<AddedLeads>(u"c1"_s); });
     QTest::newRow("an unlocking") << Tell([](Changes& changes) { changes.stale<UnlockUsage>(); });
   }
   void whatIsDoneElsewhereIsReadAnew() {
