@@ -110,10 +110,13 @@ FocusScope {
         T.ScrollBar.vertical: OrvScrollBar {}
         Accessible.role: Accessible.List
         Accessible.name: root.domains.showArchived ? "Archived domains" : "Domains"
-        Keys.onDeletePressed: if (!root.domains.showArchived) (currentItem as DomainLine)?.act()
-        Keys.onReturnPressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
-        Keys.onEnterPressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
-        Keys.onSpacePressed: if (root.domains.showArchived) (currentItem as DomainLine)?.act()
+        // What is here is taken off, what was taken off is put back.
+        Keys.onPressed: event => {
+            const acts = root.domains.showArchived ? [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space] : [Qt.Key_Delete];
+            event.accepted = acts.includes(event.key);
+            if (event.accepted)
+                (currentItem as DomainLine)?.act();
+        }
 
         delegate: DomainLine {
             width: list.width
