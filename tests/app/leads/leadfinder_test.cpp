@@ -9,6 +9,20 @@ using namespace orv::test;
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace {
+
+QByteArray unlockedOne(const QByteArray& id, int left) {
+  return R"({"items":[{"id":")" + id + R"(","email":"a@x.example"}],"unlocked":1,)" +
+         R"("usage":{"locked":true,"used":1,"limit":9,"left":)" + QByteArray::number(left) +
+         R"(,"resetsAt":"2026-12-01"}})";
+}
+
+QByteArray withLists(QByteArray record, const QByteArray& lists) {
+  return record.replace(R"("lists":[])", R"("lists":)" + lists);
+}
+
+}  // namespace
+
 /// What is searched for, what comes of it, and when.
 class LeadFinderTest : public QObject {
   Q_OBJECT
@@ -237,11 +251,6 @@ class LeadFinderTest : public QObject {
 
   void unlocksGoOneAfterAnother() {
     f->open(SearchFixture::page({f->lead("l1"), f->lead("l2")}));
-    const auto answered = [](const QByteArray& id, int left) {
-      return R"({"items":[{"id":")" + id +
-             R"(","email":"a@x.example"}],"unlocked":1,"usage":{"locked":true,"used":1,"limit":9,"left":)" +
-             QByteArray::number(left) + R"(,"resetsAt":"2026-12-01"}})";
-    };
     LeadAllowance& allowance = *f->actions.allowance();
     f->api.expect(f->unlock);
     allowance.unlockOne(u"l1"_s);
@@ -251,10 +260,10 @@ class LeadFinderTest : public QObject {
     f->api.expect(f->usage);
     f->api.expect(f->pools);
     f->api.expect(f->unlock);
-    f->api.answer(f->unlock, answered("l1", 8));
+    f->api.answer(f->unlock, unlockedOne("l1", 8));
     f->api.answer(f->usage, R"({"locked":true,"used":1,"limit":9,"left":8,"resetsAt":"2026-12-01"})");
     f->api.expect(f->pools);
-    f->api.answer(f->unlock, answered("l2", 7));
+    f->api.answer(f->unlock, unlockedOne("l2", 7));
     QCOMPARE(allowance.leftText(), u"7 unlocks left"_s);
   }
 
@@ -281,15 +290,14 @@ class LeadFinderTest : public QObject {
 
   void aCardKnowsItsListsAfterEveryAction() {
     const QString detail = u"GET /leads/l1"_s;
-    const auto listed = [](const QByteArray& lists) { return record("l1").replace(R"("lists":[])", lists); };
     f->open(SearchFixture::page({f->lead("l1")}));
     LeadCard& card = *f->results.card();
     f->api.expect(detail);
     card.open(u"l1"_s);
-    f->api.answer(detail, listed(R"("lists":[])"));
+    f->api.answer(detail, record("l1"));
     f->api.expect(detail);
     f->context->changes().stale<LeadList>(u"li1"_s);
-    f->api.answer(detail, listed(R"("lists":[{"id":"li1","name":"Fair"}])"));
+    f->api.answer(detail, withLists(record("l1"), R"([{"id":"li1","name":"Fair"}])"));
     QCOMPARE(card.lists().size(), 1);
     card.dismiss();
     f->context->changes().stale<Campaign>(u"c1"_s);
