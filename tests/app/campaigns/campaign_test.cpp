@@ -229,15 +229,21 @@ class CampaignTest : public QObject {
 
   void whatIsWrittenBehindTheQuestionIsLaunchedToo() {
     const auto put = u"PUT /campaigns/c1/steps"_s;
-    load(campaign("draft", R"(,"qc":)" + checked(check("steps", "pass"))));
-    const auto confirm = [&] {
+    const QByteArray ready = R"(,"qc":)" + checked(check("steps", "pass"));
+    const auto saved = [&ready](const QByteArray& body) {
+      return campaign("draft", ready + R"(,"steps":[{"id":"s1","position":1,"delayMinutes":0,"sameThread":false,)" +
+                                   R"("variants":[{"id":"v1","label":"A","subject":"","body":")" + body +
+                                   R"(","weight":1,"enabled":true}]}])");
+    };
+    load(saved("Hello"));
+    const auto writeAndConfirm = [&](const QString& body) {
+      QVERIFY(f->overlays.asking());
+      store->sequence()->setBody(body);
       f->api.expect(put);
       f->overlays.answer(f->overlays.token(), true);
     };
     store->launch();
-    QVERIFY(f->overlays.asking());
-    store->sequence()->insertStep(0);
-    confirm();
+    writeAndConfirm(u"Hello there"_s);
     f->api.answer(put, refusal, 422);
     QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t launch the campaign."_s);
     QCOMPARE(store->tab(), CampaignStore::Tab::sequence);
@@ -245,11 +251,10 @@ class CampaignTest : public QObject {
 
     f->api.expect(put);
     store->launch();
-    f->api.answer(put, campaign("draft", R"(,"steps":[],"qc":)" + checked(check("steps", "pass"))));
-    store->sequence()->insertStep(0);
-    confirm();
+    f->api.answer(put, saved("Hello there"));
+    writeAndConfirm(u"Hello again"_s);
     f->api.expect(launched);
-    f->api.answer(put, campaign("draft", R"(,"steps":[])"));
+    f->api.answer(put, saved("Hello again"));
     f->api.answer(launched, campaign("running"));
     QCOMPARE(store->mainAction(), u"pause"_s);
   }
