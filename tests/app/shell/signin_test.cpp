@@ -395,6 +395,7 @@ class SignInTest : public QObject {
     model->cancelGoogle();
     QVERIFY2(!link("code=x"), "given up, it waits no more");
 
+    model->reset();
     signedIn.reset();
     model->continueWithGoogle();
     for (int i = 0; i < 30; ++i) {
