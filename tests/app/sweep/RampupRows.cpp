@@ -202,6 +202,42 @@ SweepRow ofMany() {
           [](SweepStage& s) { return list(s).editor()->error(); }};
 }
 
+/// With the dialog of another template open, and the account ticked in it.
+SweepRow onTemplate() {
+  return {u"AddToTemplate::submit"_s,
+          [](SweepStage& s) {
+            arrive(s);
+            RoadmapTemplate other;
+            other.id = u"t2"_s;
+            list(s).adding()->open(other);
+            list(s).adding()->toggle(u"mb1"_s);
+          },
+          [](SweepStage& s) { list(s).adding()->submit(); },
+          u"POST /rampup/bulk"_s,
+          sample(u"RampupBulkResult"_s, {{u"failed"_s, QJsonArray()}}),
+          {u"ok"_s, u"failed"_s},
+          [](SweepStage& s) { return list(s).adding()->form()->busy(); },
+          shown,
+          [](SweepStage& s) { return list(s).adding()->form()->error(); }};
+}
+
+SweepRow newTemplate() {
+  return {
+      u"RoadmapTemplates, new"_s,
+      [](SweepStage& s) {
+        arrive(s);
+        list(s).templates()->beginCreate();
+        list(s).templates()->newTemplate()->setText(u"Calm start"_s);
+      },
+      [](SweepStage& s) { list(s).templates()->newTemplate()->submit(); },
+      u"POST /rampup/templates"_s,
+      sample(u"RoadmapTemplate"_s, {{u"id"_s, u"t2"_s}, {u"name"_s, u"Calm start"_s}, {u"archivedAt"_s, QJsonValue()}}),
+      {u"id"_s, u"stages"_s},
+      [](SweepStage& s) { return list(s).templates()->newTemplate()->busy(); },
+      [](SweepStage& s) { return QVariant(list(s).templates()->rows()->rowCount()); },
+      [](SweepStage& s) { return list(s).templates()->newTemplate()->error(); }};
+}
+
 QList<SweepRow> deliverabilityRows() {
   const SweepRow open{u"DeliverabilityStore::open"_s,
                       [](SweepStage& s) {
@@ -229,7 +265,7 @@ QList<SweepRow> deliverabilityRows() {
 QList<SweepRow> rampupRows() {
   return QList{bulk(u"RampupBulk::pause"_s, &RampupBulk::pause), bulk(u"RampupBulk::resume"_s, &RampupBulk::resume),
                bulk(u"RampupBulk::extend"_s, &RampupBulk::extend)} +
-         onAccountRows() + templateRows() + QList{ofMany()} + deliverabilityRows();
+         onAccountRows() + templateRows() + QList{ofMany(), onTemplate(), newTemplate()} + deliverabilityRows();
 }
 
 }  // namespace orv::test

@@ -125,6 +125,28 @@ QList<SweepRow> reviewRows() {
            [](SweepStage& s) { return QVariant(review(s).history()->list()->shownIds()); }}};
 }
 
+/// Of a draft that has just been skipped.
+SweepRow reason() {
+  const auto reject = u"POST /inbox/drafts/d1/reject"_s;
+  return {u"DraftReason::submit"_s,
+          [reject](SweepStage& s) {
+            arrive(s);
+            s.answers[reject] = written(draft(u"rejected"_s));
+            s.answers[u"GET /inbox/drafts"_s] = R"({"items":[]})";
+            review(s).act(u"skip"_s);
+            s.finish();
+            review(s).reason()->ask(u"d1"_s);
+            review(s).reason()->draft()->set(u"reason"_s, u"Too long"_s);
+          },
+          [](SweepStage& s) { review(s).reason()->submit(); },
+          reject,
+          written(draft(u"rejected"_s)),
+          {u"id"_s},
+          [](SweepStage& s) { return review(s).reason()->form()->busy(); },
+          shown,
+          [](SweepStage& s) { return review(s).reason()->form()->error(); }};
+}
+
 SweepRow onAgent(const QString& name, const QString& request, const QByteArray& answer, const QStringList& required,
                  std::function<void(SweepStage&)> press) {
   return {name, arriveAtAgent, std::move(press), request, answer, required, {}, agentShown};
@@ -150,6 +172,6 @@ QList<SweepRow> agentRows() {
 
 }  // namespace
 
-QList<SweepRow> inboxReviewRows() { return reviewRows() + agentRows(); }
+QList<SweepRow> inboxReviewRows() { return reviewRows() + QList{reason()} + agentRows(); }
 
 }  // namespace orv::test
