@@ -115,6 +115,7 @@ void Sweep::cleanRun() {
   const QString what = u"clean run"_s;
   life.press();
   while (m_suspensions < 50 && life.stage.step()) ++m_suspensions;
+  life.stage.finish();
   if (life.sent() != 1) say(what, life, u"sent %1 times"_s.arg(life.sent()));
   if (life.told() != 0) say(what, life, u"tells of a failure"_s);
   if (life.isBusy()) say(what, life, u"stays busy"_s);
