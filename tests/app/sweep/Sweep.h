@@ -8,8 +8,7 @@ namespace orv::test {
 /// done to the operation, at which suspension, and what came of it.
 class Sweep {
  public:
-  /// Of what may happen no more than `most` things are tried, which the seed picks: areas come, and the time that all
-  /// of it takes stays. Another run tries others.
+  /// Of what may happen no more than `most` things are tried, which the seed picks; another run tries others.
   Sweep(const SweepRow& row, int most, quint32 seed) : m_row(row), m_most(most), m_seed(seed) {}
   QStringList run();
   /// Nothing was left out.
