@@ -86,7 +86,7 @@ AccountBulk::AccountBulk(Store& whole, const RowSelection& selection, KnownTags 
             setText(fields.text);
             setTags(fields.tags);
           }) {
-  connect(this, &AccountBulk::changed, this, [this] { m_kept.follow(); });
+  connect(this, &AccountBulk::changed, m_kept.recovery(), [this] { m_kept.follow(); });
   connect(&m_form, &Form::changed, this, &AccountBulk::changed);
 }
 

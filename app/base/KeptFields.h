@@ -25,7 +25,8 @@ class KeptFields final {
     m_draft.setKey(key);
     m_draft.fill(m_read());
   }
-  /// Something was filled in.
+  /// Something was filled in. Whoever tells of it on and on ties that to recovery(), which is gone before the form: one
+  /// that goes with its work under way still says that it changed.
   void follow() {
     if (!m_form.shown()) return;
     for (const auto& [field, value] : valuesOf(m_read()).asKeyValueRange()) m_draft.set(field, value);

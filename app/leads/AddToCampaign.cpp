@@ -17,7 +17,7 @@ AddToCampaign::AddToCampaign(WorkspaceContext& context, Store& whole)
             return CampaignAddingFields{m_newName, m_skipOthers};
           },
           [this](const CampaignAddingFields& fields) { fill(fields); }) {
-  connect(this, &AddToCampaign::changed, this, [this] { m_kept.follow(); });
+  connect(this, &AddToCampaign::changed, m_kept.recovery(), [this] { m_kept.follow(); });
   connect(&m_campaigns, &ResourceBase::changed, this, &AddToCampaign::campaignsArrived);
   connect(&m_form, &Form::changed, this, &AddToCampaign::changed);
 }

@@ -49,7 +49,7 @@ AddToList::AddToList(WorkspaceContext& context, Store& whole)
             return ListAddingFields{m_list.newName(), m_howMany, m_skipInLists, m_skipInCampaigns};
           },
           [this](const ListAddingFields& fields) { fill(fields); }) {
-  connect(this, &AddToList::changed, this, [this] { m_kept.follow(); });
+  connect(this, &AddToList::changed, m_kept.recovery(), [this] { m_kept.follow(); });
   connect(&m_form, &Form::changed, this, &AddToList::changed);
   connect(&m_list, &LeadListPicker::changed, this, &AddToList::changed);
 }

@@ -30,7 +30,7 @@ CsvImportForm::CsvImportForm(WorkspaceContext& context, Store& whole)
       m_list(*this, true),
       m_kept(
           context, m_form, [this] { return fields(); }, [this](const CsvImportFields& kept) { fill(kept); }) {
-  connect(this, &CsvImportForm::changed, this, [this] { m_kept.follow(); });
+  connect(this, &CsvImportForm::changed, m_kept.recovery(), [this] { m_kept.follow(); });
   connect(&m_file, &CsvPick::changed, this, &CsvImportForm::changed);
   connect(&m_file, &CsvPick::chosen, this, &CsvImportForm::setFile);
   connect(&m_file, &CsvPick::looked, this, &CsvImportForm::looked);
