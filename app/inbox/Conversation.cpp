@@ -64,6 +64,12 @@ const InboxThread* Conversation::thread() const {
   return m_listed ? &*m_listed : nullptr;
 }
 
+void Conversation::ensureLoaded() {
+  Store::ensureLoaded();
+  // Texts that said nothing may have been let go of while nobody looked.
+  openWritings();
+}
+
 void Conversation::refresh() {
   m_detail.load();
   if (m_lead.isAsked()) m_lead.load();

@@ -113,6 +113,7 @@ class Conversation final : public Store {
   Q_INVOKABLE void fold(const QString& foldId) { m_messages.fold(foldId); }
   /// Loads what stands beside the thread.
   Q_INVOKABLE void ensureContact();
+  void ensureLoaded() override;
   void refresh() override;
 
  Q_SIGNALS:

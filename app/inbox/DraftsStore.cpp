@@ -260,6 +260,13 @@ void DraftsStore::keepText(const ReviewDraft& item) {
                           .action = [&services = services(), text = *edit] { services.clipboard.setText(text); }});
 }
 
+void DraftsStore::ensureLoaded() {
+  Store::ensureLoaded();
+  if (m_conversation) m_conversation->ensureLoaded();
+  showText();
+  Q_EMIT changed();
+}
+
 void DraftsStore::refresh() {
   Store::refresh();
   if (m_conversation) m_conversation->refresh();

@@ -87,6 +87,7 @@ class DraftsStore final : public Store, public DraftDesk {
   void skip(const ReviewDraft& item) override;
   bool isDeciding(const QString& draftId) const override;
 
+  void ensureLoaded() override;
   void refresh() override;
   void close() override;
   PagePlace where() const override;

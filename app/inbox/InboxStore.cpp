@@ -93,8 +93,9 @@ void InboxStore::ensureLoaded() {
 
 /// What was read while the page was elsewhere counts as read from now on.
 void InboxStore::lookAtOpen() {
-  if (m_section == Section::conversations && conversation() && conversation()->detail()->value())
-    conversationRead(m_openId);
+  if (m_section != Section::conversations || !conversation()) return;
+  conversation()->ensureLoaded();
+  if (conversation()->detail()->value()) conversationRead(m_openId);
 }
 
 void InboxStore::refresh() {

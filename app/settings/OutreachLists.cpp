@@ -32,6 +32,7 @@ OutreachLists::OutreachLists(Store& whole)
     connect(list, &ResourceBase::changed, this, &OutreachLists::changed);
   countAnewWith<Campaign>();
   countAnewWith<Mailbox>();
+  context().changes().watch<UnlockUsage>(this, [this](const auto&) { m_allowance.markStale(); });
 }
 
 /// What was done to one here may have given it a tag, or taken it out.

@@ -103,6 +103,8 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
     for (const Part& part : m_shown.page())
       if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->refresh();
   m_rest();
+  askAlike();
+  m_rest();
   readAsFar();
   const Reading shown = readingOf(*m_shown.app().openPage()->store());
   const Reading held = readingOf(*m_held.app().openPage()->store());
@@ -139,8 +141,11 @@ void Comparison::align() {
     sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
     sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
   }
-  // What one of them has asked for both ask for, and what failed again: so does whoever opens it.
-  const auto shown = byPath(m_shown.page());
+}
+
+/// What one of them has asked for both ask for, and what failed again: so does whoever opens it.
+void Comparison::askAlike() {
+  const auto shown = byPath(m_shown.page()), held = byPath(m_held.page());
   const auto ask = [](const QMap<QString, QObject*>& first, const QMap<QString, QObject*>& second) {
     for (auto one = first.begin(); one != first.end(); ++one) {
       auto* const resource = qobject_cast<ResourceBase*>(one.value());

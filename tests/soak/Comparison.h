@@ -28,6 +28,7 @@ class Comparison {
   void putAway();
   /// The same filters, the same sorting, as many rows.
   void align();
+  void askAlike();
   void readAsFar();
   void seeAll();
 

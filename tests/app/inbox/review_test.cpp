@@ -187,6 +187,16 @@ class ReviewTest : public QObject {
     QVERIFY(!f.writings.editOf({.id = u"d1"_s, .threadId = u"t-d1"_s}));
   }
 
+  void aDraftIsApprovedAfterMemoryWasShort() {
+    Review f;
+    f.writings.trim();
+    f.store->ensureLoaded();
+    QVERIFY(f.store->canApprove());
+    QVERIFY(f.store->conversation()->edit());
+    f.decide(u"approve"_s);
+    QCOMPARE(f.service.status(u"d1"_s), u"approved"_s);
+  }
+
   void theListTicks() {
     Review f;
     f.decide(u"approve"_s);
