@@ -94,6 +94,7 @@ void SweepStage::finish(const QString& held) {
     return;
   }
   // What is written in the background has its end, too.
+  settle();
   QThreadPool::globalInstance()->waitForDone();
   settle();
 }
