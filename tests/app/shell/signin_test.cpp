@@ -394,20 +394,6 @@ class SignInTest : public QObject {
     }
     model->cancelGoogle();
     QVERIFY2(!link("code=x"), "given up, it waits no more");
-
-    model->reset();
-    signedIn.reset();
-    model->continueWithGoogle();
-    for (int i = 0; i < 30; ++i) {
-      f->api.expect(exchange);
-      link(qPrintable(u"code=%1"_s.arg(i)));
-      QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"Google sign-in failed"_s));
-      f->api.answer(exchange, problem("bad_code"), 400);
-    }
-    f->api.expect(exchange);
-    QVERIFY2(link("code=true"), "however many came before it and led nowhere");
-    f->api.answer(exchange, session);
-    QVERIFY(signedIn);
   }
 
   void googleStartsUnderTheServicesOwnAddress() {
