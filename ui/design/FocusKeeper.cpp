@@ -55,6 +55,9 @@ void FocusKeeper::settle() {
   if (isInPopup && !m_last.isInPopup()) return;
   QQuickItem* heir = m_last.heir();
   if (!heir && !isInPopup) heir = m_lastInPage.heir();
+  // Beside the page is the sidebar, which has nothing to do with what was in the page.
+  if (m_page && m_last.isThrough(m_page) && heir && !m_page->isAncestorOf(heir))
+    if (QQuickItem* begin = heading()) heir = begin;
   if (heir) heir->forceActiveFocus(Qt::OtherFocusReason);
 }
 

@@ -42,6 +42,10 @@ bool FocusTrail::isInPopup() const {
   return std::ranges::any_of(m_steps, [](const Step& step) { return step.isPopup && isUsable(step.item); });
 }
 
+bool FocusTrail::isThrough(const QQuickItem* item) const {
+  return std::ranges::any_of(m_steps, [item](const Step& step) { return step.item == item; });
+}
+
 void FocusTrail::remember(QQuickItem* item) {
   m_steps.clear();
   for (; item; item = item->parentItem()) {

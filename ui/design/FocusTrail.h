@@ -15,6 +15,8 @@ class FocusTrail {
   QQuickItem* heir() const;
   /// It led into a popup that is still there.
   bool isInPopup() const;
+  /// It led through the item.
+  bool isThrough(const QQuickItem* item) const;
 
   /// Somebody can see it and do something with it.
   static bool isUsable(const QQuickItem* item);

@@ -42,6 +42,7 @@ FocusScope {
             width: root.width - 20
 
             OrvHeading {
+                id: heading
                 x: 10
                 height: 32
                 text: "Settings"
@@ -91,7 +92,7 @@ FocusScope {
                             anchors.fill: parent
                             radius: Theme.radiusControl
                             color: entry.current || button.down ? Theme.pressed : button.hovered ? Theme.hover : "transparent"
-                            FocusRing { visible: entry.current && root.activeFocus && InputMode.keyboard; inset: true }
+                            FocusRing { visible: entry.current && root.activeFocus && !heading.activeFocus && InputMode.keyboard; inset: true }
                         }
 
                         Text {

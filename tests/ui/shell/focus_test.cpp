@@ -2,6 +2,7 @@
 
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
+#include "app/inbox/InboxStore.h"
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
@@ -25,6 +26,11 @@ class FocusTest : public ui::WindowTest {
     QQuickItem* item = focused();
     if (!item || !item->parentItem()) return u"nowhere"_s;
     return rowHasFocus() ? item->property("key").toString() : ui::Reader::nameOf(item);
+  }
+  bool isIn(const char* page) {
+    QQuickItem* item = focused();
+    while (item && !QByteArray(item->metaObject()->className()).startsWith(page)) item = item->parentItem();
+    return item;
   }
   void walkTo(const QString& name) {
     for (int i = 0; i < 80 && place() != name; ++i) press(Qt::Key_Tab);
@@ -107,6 +113,13 @@ class FocusTest : public ui::WindowTest {
            t.walkTo(u"Discard"_s);
          },
          called(u"Discard"_s), [](FocusTest& t) { t.press(Qt::Key_Space); }, nullptr},
+        {"a page’s section changes",
+         [](FocusTest& t) {
+           t.router().open(Page::inbox);
+           t.m_stage->settle();
+         },
+         nullptr, [](FocusTest& t) { t.store<InboxStore>().setSection(u"drafts"_s); },
+         [](FocusTest& t) { return t.isIn("InboxPage") ? t.place() : u"the inbox"_s; }},
         {"the record’s page is left for its list", [](FocusTest& t) { t.openTab(u"leads"_s); }, nullptr,
          [](FocusTest& t) { t.press(Qt::Key_Escape); }, called(u"Campaigns"_s)},
     };
