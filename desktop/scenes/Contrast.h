@@ -77,7 +77,7 @@ class Contrast {
     return item.property("busy").toBool() || (item.parentItem() && item.parentItem()->property("busy").toBool());
   }
 
-  /// Something opaque that is drawn later lies over all of it.
+  /// Something opaque that is drawn later lies over part of it at least: what its ground is cannot be told then.
   static bool isCovered(const QQuickItem& item, const QRectF& place) {
     for (const QQuickItem* at = &item; const QQuickItem* parent = at->parentItem(); at = parent) {
       const auto all = parent->childItems();
@@ -91,7 +91,7 @@ class Contrast {
   static bool covers(const QQuickItem& item, const QRectF& place) {
     if (!item.isVisible() || item.opacity() < 1) return false;
     if (item.inherits("QQuickRectangle") && item.property("color").value<QColor>().alpha() == 255 &&
-        item.mapRectToScene(item.boundingRect()).contains(place))
+        item.mapRectToScene(item.boundingRect()).intersects(place))
       return true;
     const auto children = item.childItems();
     return std::any_of(children.begin(), children.end(),

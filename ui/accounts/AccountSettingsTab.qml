@@ -11,6 +11,7 @@ FocusScope {
     readonly property AccountSettings form: store.settings
     readonly property var values: form.draft.values
     readonly property var errors: form.draft.problems
+    readonly property var keeps: form.keeps
 
     function save() {
         form.save();
@@ -80,7 +81,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Daily limit"
-                    help: root.form.keeps.sendLimit ?? "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
+                    help: root.keeps.sendLimit ?? "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
                     suffix: "per day"
                     from: 0
                     to: root.form.mostSendLimit
@@ -94,7 +95,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Minimum wait"
-                    help: root.form.keeps.gap ?? "The shortest gap between two emails from this account."
+                    help: root.keeps.gap ?? "The shortest gap between two emails from this account."
                     suffix: "minutes"
                     from: 0
                     to: root.form.mostSendingGap
