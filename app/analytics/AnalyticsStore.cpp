@@ -1,11 +1,13 @@
 #include "app/analytics/AnalyticsStore.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "app/base/SaveFile.h"
 #include "app/figures/AnalyticsCsv.h"
 #include "app/figures/MetricFigures.h"
 #include "kit/models/analytics/analyticsRequests.h"
+#include "kit/models/campaigns/campaign.h"
 #include "kit/models/mailboxes/mailbox.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -51,10 +53,12 @@ AnalyticsStore::AnalyticsStore(WorkspaceContext& context)
     if (m_summary.hasContent() || m_summary.state().isEmpty()) return exportCsv();
     services().toasts.show({.message = exportFailure, .tone = Toasts::Tone::error, .detail = m_summary.message()});
   });
-  // The accounts among the figures have states of their own.
-  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+  // The campaigns and accounts among the figures have states of their own.
+  const auto follow = [this](const auto& change) {
     if (change.acted) m_summary.markStale();
-  });
+  };
+  context.changes().watch<Campaign>(this, follow);
+  context.changes().watch<Mailbox>(this, follow);
 }
 
 void AnalyticsStore::setPreset(const QString& key) {
@@ -178,21 +182,22 @@ void AnalyticsStore::arrived() {
   show(m_accountRows, inOrder(summary.accounts, m_accountSort));
   m_figures = metricFigures(summary.totals);
   m_chart.setDays(summary.days, tracksOpens, tracksClicks);
-  // An answer without choices leaves those of the one before.
-  if (summary.options && *summary.options != m_options) takeOptions(*summary.options);
+  // An answer without choices leaves those of the one before; what is chosen no longer goes in either case.
+  takeOptions(summary.options.value_or(m_options));
   Q_EMIT changed();
   Q_EMIT figuresChanged();
   Q_EMIT chartChanged();
 }
 
 void AnalyticsStore::takeOptions(const AnalyticsSummary::Options& options) {
+  const auto before = std::tuple(m_campaignOptions, m_mailboxOptions, m_tagOptions);
   m_options = options;
   QList<AnalyticsSummary::Option> tags;
   for (const QString& tag : options.tags.value_or(QList<QString>())) tags.append(AnalyticsSummary::Option{tag, tag});
   offer(m_campaignOptions, u"All campaigns"_s, m_filter.campaign, options.campaigns);
   offer(m_mailboxOptions, u"All inboxes"_s, m_filter.mailbox, options.mailboxes);
   offer(m_tagOptions, u"All tags"_s, m_filter.tag, tags);
-  Q_EMIT optionsChanged();
+  if (before != std::tie(m_campaignOptions, m_mailboxOptions, m_tagOptions)) Q_EMIT optionsChanged();
 }
 
 Task<void> AnalyticsStore::exportTask() {

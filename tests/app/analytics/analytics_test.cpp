@@ -2,6 +2,7 @@
 #include <QTemporaryDir>
 
 #include "app/figures/AnalyticsCsv.h"
+#include "kit/models/campaigns/campaign.h"
 #include "tests/app/analytics/AnalyticsPage.h"
 
 using namespace orv;
@@ -227,6 +228,20 @@ class AnalyticsTest final : public AnalyticsPage {
     QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c9"_s, u"c1"_s}));
     QCOMPARE(store->campaignOptions()[2].label, u"Acme"_s);
     QCOMPARE(keys(store->tagOptions()), (QStringList{{}, u"q3"_s}));
+    // Chosen no longer, it goes with the next answer.
+    f->api.expect(summaryCall);
+    store->clearFilters();
+    f->api.answer(summaryCall, summaryOf());
+    QCOMPARE(keys(store->campaignOptions()), (QStringList{{}, u"c9"_s}));
+    QCOMPARE(keys(store->tagOptions()), QStringList{{}});
+  }
+
+  void whatIsDoneToACampaignIsReadAgain() {
+    load(summaryOf());
+    f->api.expect(summaryCall);
+    f->context->changes().stale<Campaign>(u"c1"_s);
+    store->ensureLoaded();
+    f->api.answer(summaryCall, summaryOf());
   }
 
   void chartShowsWhatThereIs() {
