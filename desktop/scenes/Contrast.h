@@ -10,7 +10,8 @@
 namespace orv {
 
 /// Looks for what cannot be read: compares each text and icon of a window with the ground that a picture of the window
-/// shows under it. What is faded because it is off or busy is exempt.
+/// shows under it. What is faded because it is off or busy is exempt, and so is what is half faded: it is about to be
+/// replaced, or not to be seen at all.
 class Contrast {
  public:
   explicit Contrast(QQuickWindow& window)
@@ -100,7 +101,7 @@ class Contrast {
 
   void look(QQuickItem& item, double opacity, QRectF seen, QStringList& found) {
     opacity *= item.opacity();
-    if (!item.isVisible() || (opacity < 1 && (!item.isEnabled() || isBusy(item)))) return;
+    if (!item.isVisible() || opacity <= 0.5 || (opacity < 1 && (!item.isEnabled() || isBusy(item)))) return;
     const QRectF place = item.mapRectToScene(item.boundingRect());
     if (item.clip()) seen &= place;
     const QString text = item.property("text").toString();
@@ -122,10 +123,13 @@ class Contrast {
     // Drawn by something else, as a code's digits are.
     if (item.property("color").value<QColor>().alpha() == 0) return;
     const QRect pixels = QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
-    if (pixels.width() < 4 || pixels.height() < 4) return;
-    // An icon may fill its square.
-    const QRgb ground = item.inherits("orv::OrvIcon") ? groundAround(pixels) : groundIn(pixels);
+    // At a list's edge, where its scroll bar lies.
+    if (pixels.width() < 4 || pixels.height() < 4 || place.height() < item.height() / 2) return;
     const bool isSelected = !item.property("selectedText").toString().isEmpty();
+    // An icon may fill its square, and a selection less than half of a short text's field.
+    const QRgb ground = isSelected                      ? item.property("selectionColor").value<QColor>().rgb()
+                        : item.inherits("orv::OrvIcon") ? groundAround(pixels)
+                                                        : groundIn(pixels);
     const QRgb ink = over(ground, item.property(isSelected ? "selectedTextColor" : "color").value<QColor>(), opacity);
     const double reached = ratio(ink, ground);
     if (reached >= wanted(item) || !isDrawn(pixels, ground, ink) || isCovered(item, place)) return;

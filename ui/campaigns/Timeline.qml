@@ -103,10 +103,12 @@ FocusScope {
 
             StepCard {
                 readonly property string date: root.editor.days.dates[entry.index] ?? ""
+                // A row that is about to go has no texts any more.
+                readonly property string sends: entry.model.when ?? ""
 
                 width: parent.width
                 title: entry.model.title
-                when: entry.index > 0 && date !== "" ? entry.model.when + " · " + date : entry.model.when
+                when: entry.index > 0 && date !== "" ? sends + " · " + date : sends
                 subject: entry.model.subject
                 subjectIsNote: entry.model.subjectIsNote
                 letters: entry.model.letters
