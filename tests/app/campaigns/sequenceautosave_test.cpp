@@ -48,7 +48,7 @@ class SequenceAutosaveTest : public QObject {
 
   void endsWithThePersonsTextOrSaysThatItDoesNot() {
     const quint32 seed = printedSeed();
-    for (quint32 run = 0; run < 1'000; ++run) {
+    for (quint32 run = 0; run < 3'000; ++run) {
       const QString wrong = SequenceLife(seed + run).play();
       QVERIFY2(wrong.isEmpty(), qPrintable(u"ORVELLA_SEED=%1: %2"_s.arg(seed + run).arg(wrong)));
     }
