@@ -4,14 +4,14 @@
 #include <QImage>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRegion>
 #include <algorithm>
 #include <cmath>
 
 namespace orv {
 
 /// Looks for what cannot be read: compares each text and icon of a window with the ground that a picture of the window
-/// shows under it. What is faded because it is off or busy is exempt, and so is what is half faded: it is about to be
-/// replaced, or not to be seen at all.
+/// shows under it. What is faded because it is off, busy or waits to be replaced is exempt.
 class Contrast {
  public:
   explicit Contrast(QQuickWindow& window)
@@ -75,33 +75,42 @@ class Contrast {
   }
 
   static bool isBusy(const QQuickItem& item) {
-    return item.property("busy").toBool() || (item.parentItem() && item.parentItem()->property("busy").toBool());
+    const auto says = [](const QQuickItem& one) {
+      return one.property("busy").toBool() || one.property("waiting").toBool();
+    };
+    return says(item) || (item.parentItem() && says(*item.parentItem()));
   }
 
-  /// Something opaque that is drawn later lies over part of it at least: what its ground is cannot be told then.
-  static bool isCovered(const QQuickItem& item, const QRectF& place) {
+  /// What of it nothing opaque lies over that is drawn later, and no scroll bar: the largest piece.
+  QRect uncovered(const QQuickItem& item, const QRect& pixels) const {
+    QRegion left(pixels);
     for (const QQuickItem* at = &item; const QQuickItem* parent = at->parentItem(); at = parent) {
       const auto all = parent->childItems();
       const auto own = all.indexOf(at);
       for (qsizetype i = 0; i < all.size(); ++i)
-        if (all[i]->z() > at->z() || (all[i]->z() == at->z() && i > own))
-          if (covers(*all[i], place)) return true;
+        if (all[i]->z() > at->z() || (all[i]->z() == at->z() && i > own)) subtract(*all[i], left);
     }
-    return false;
+    const auto area = [](const QRect& one) { return one.width() * one.height(); };
+    const auto largest = std::max_element(
+        left.begin(), left.end(), [&area](const QRect& one, const QRect& other) { return area(one) < area(other); });
+    return largest == left.end() ? QRect() : *largest;
   }
-  static bool covers(const QQuickItem& item, const QRectF& place) {
-    if (!item.isVisible() || item.opacity() < 1) return false;
-    if (item.inherits("QQuickRectangle") && item.property("color").value<QColor>().alpha() == 255 &&
-        item.mapRectToScene(item.boundingRect()).intersects(place))
-      return true;
-    const auto children = item.childItems();
-    return std::any_of(children.begin(), children.end(),
-                       [&place](const QQuickItem* child) { return covers(*child, place); });
+  void subtract(const QQuickItem& item, QRegion& left) const {
+    if (!item.isVisible()) return;
+    const bool isBar = item.inherits("QQuickScrollBar");
+    if (item.opacity() < 1 && !isBar) return;
+    if (isBar || (item.inherits("QQuickRectangle") && item.property("color").value<QColor>().alpha() == 255))
+      left -= pixelsOf(item.mapRectToScene(item.boundingRect()));
+    for (const QQuickItem* child : item.childItems()) subtract(*child, left);
+  }
+  QRect pixelsOf(const QRectF& place) const {
+    const double scale = m_picture.width() / double(m_window.width());
+    return QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
   }
 
   void look(QQuickItem& item, double opacity, QRectF seen, QStringList& found) {
     opacity *= item.opacity();
-    if (!item.isVisible() || opacity <= 0.5 || (opacity < 1 && (!item.isEnabled() || isBusy(item)))) return;
+    if (!item.isVisible() || opacity == 0 || (opacity < 1 && (!item.isEnabled() || isBusy(item)))) return;
     const QRectF place = item.mapRectToScene(item.boundingRect());
     if (item.clip()) seen &= place;
     const QString text = item.property("text").toString();
@@ -119,12 +128,18 @@ class Contrast {
   }
 
   void judge(const QQuickItem& item, const QString& what, double opacity, const QRectF& place, QStringList& found) {
-    const double scale = m_picture.width() / double(m_window.width());
     // Drawn by something else, as a code's digits are.
     if (item.property("color").value<QColor>().alpha() == 0) return;
-    const QRect pixels = QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
-    // At a list's edge, where its scroll bar lies.
-    if (pixels.width() < 4 || pixels.height() < 4 || place.height() < item.height() / 2) return;
+    const QRect pixels = pixelsOf(place);
+    const QString fault = faultAt(item, opacity, pixels);
+    // What lies over it is looked for only then: it takes a walk through the whole window.
+    const QRect seen = fault.isEmpty() ? pixels : uncovered(item, pixels);
+    const QString remains = seen == pixels ? fault : faultAt(item, opacity, seen);
+    if (!remains.isEmpty()) found.append(QStringLiteral("“%1” %2").arg(what.left(40), remains));
+  }
+
+  QString faultAt(const QQuickItem& item, double opacity, const QRect& pixels) const {
+    if (pixels.width() < 4 || pixels.height() < 4) return {};
     const bool isSelected = !item.property("selectedText").toString().isEmpty();
     // An icon may fill its square, and a selection less than half of a short text's field.
     const QRgb ground = isSelected                      ? item.property("selectionColor").value<QColor>().rgb()
@@ -132,9 +147,9 @@ class Contrast {
                                                         : groundIn(pixels);
     const QRgb ink = over(ground, item.property(isSelected ? "selectedTextColor" : "color").value<QColor>(), opacity);
     const double reached = ratio(ink, ground);
-    if (reached >= wanted(item) || !isDrawn(pixels, ground, ink) || isCovered(item, place)) return;
-    found.append(QStringLiteral("“%1” has a contrast of %2:1 (%3 on %4)")
-                     .arg(what.left(40), QString::number(reached, 'f', 2), QColor(ink).name(), QColor(ground).name()));
+    if (reached >= wanted(item) || !isDrawn(pixels, ground, ink)) return {};
+    return QStringLiteral("has a contrast of %1:1 (%2 on %3)")
+        .arg(QString::number(reached, 'f', 2), QColor(ink).name(), QColor(ground).name());
   }
 
   /// The colour that most of it has.

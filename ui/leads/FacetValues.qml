@@ -53,7 +53,8 @@ Column {
         width: parent.width
         height: rows.height
         activeFocusOnTab: values.count > 0
-        opacity: root.facet.waiting && values.count > 0 ? 0.5 : 1
+        readonly property bool waiting: root.facet.waiting && values.count > 0
+        opacity: waiting ? 0.5 : 1
 
         Accessible.role: Accessible.List
         Accessible.name: root.facet.title

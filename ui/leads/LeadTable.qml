@@ -10,6 +10,7 @@ PagedTable {
     required property LeadResults results
     required property LeadColumns choice
     required property bool canWrite
+    readonly property bool waiting: results.waiting
     readonly property var shownKeys: choice.shown
     /// The columns that hold a line of text, of those that show.
     readonly property var textColumns: {
@@ -29,7 +30,7 @@ PagedTable {
     selection: results.selection
     tickable: canWrite
     busyKeys: results.actions.allowance.busyIds
-    opacity: results.waiting ? 0.5 : 1
+    opacity: waiting ? 0.5 : 1
     columns: [
         OrvColumn { id: nameCells; key: "name"; title: "Name"; frozen: true; preferredWidth: 184; minimumWidth: 140 },
         OrvColumn { id: emailCells; key: "email"; title: "Email"; preferredWidth: 222; minimumWidth: 160; visible: root.shownKeys.includes(key) },

@@ -25,7 +25,8 @@ Item {
         text: root.finder.results.countText
         font: Theme.emptyTitle
         color: Theme.text
-        opacity: root.finder.results.waiting ? 0.5 : 1
+        readonly property bool waiting: root.finder.results.waiting
+        opacity: waiting ? 0.5 : 1
         Accessible.role: Accessible.StaticText
         Accessible.name: text
     }
@@ -41,7 +42,8 @@ Item {
             label: "Pool"
             options: root.finder.pools
             current: root.finder.pool
-            opacity: root.finder.poolsWaiting ? 0.5 : 1
+            readonly property bool waiting: root.finder.poolsWaiting
+            opacity: waiting ? 0.5 : 1
             onChosen: key => root.finder.pool = key
         }
 
