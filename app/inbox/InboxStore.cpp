@@ -27,6 +27,10 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
   connect(&m_actions, &ThreadActions::readAgain, this, [this](const ThreadDetail& detail) {
     if (Conversation* there = m_kept.find(detail.thread.id)) there->take(detail);
   });
+  // It was shut because it left, and nobody went on to another.
+  connect(&m_actions, &ThreadActions::stayed, this, [this](const QString& threadId) {
+    if (m_shut == threadId && m_openId.isEmpty() && isShown()) open(threadId);
+  });
   connect(&m_actions, &ThreadActions::sent, this, [this](const QString& threadId) {
     Conversation* there = m_kept.find(threadId);
     if (there) there->setReplying(false);
@@ -257,13 +261,14 @@ void InboxStore::leave(const InboxThread& thread, bool archives) {
     next = m_threads.neighbour(m_openId, 1);
     if (next.isEmpty()) next = m_threads.neighbour(m_openId, -1);
   }
+  // Open, it would be taken back at once by the same key.
+  const bool isLast = isOpen && goesOut && next.isEmpty();
+  m_shut = isLast ? thread.id : QString();
   if (archives)
     m_actions.archive(thread);
   else
     m_actions.moveToInbox(thread);
-  // The same key would take it back at once.
-  if (isOpen && goesOut && next.isEmpty()) return shut();
-  open(next);
+  isLast ? shut() : open(next);
 }
 
 void InboxStore::shut() {

@@ -134,6 +134,8 @@ class InboxStore final : public Store {
   StoreCache<Conversation> m_kept{8, StoreCache<Conversation>::Order::lastOpening};
   Section m_section = Section::conversations;
   QString m_openId;
+  /// The one that was shut because it was to leave the list.
+  QString m_shut;
   int m_direction = 1;
 };
 

@@ -102,7 +102,7 @@ Task<void> ThreadActions::archiveTask(InboxThread thread) {
   const auto archived =
       co_await patch(thread, statusPatch(words::threadArchived), u"Couldn’t archive the conversation."_s);
   m_threads.setLeaving(thread.id, false);
-  if (!archived) co_return;
+  if (!archived) co_return Q_EMIT stayed(thread.id);
   services().toasts.show({.message = u"Archived"_s,
                           .tone = Toasts::Tone::success,
                           .actionLabel = u"Undo"_s,
@@ -134,7 +134,8 @@ Task<void> ThreadActions::moveToInboxTask(InboxThread thread) {
   m_threads.setLeaving(thread.id, true);
   const auto moved = co_await patch(thread, statusPatch(words::threadOpen), u"Couldn’t move it back to the inbox."_s);
   m_threads.setLeaving(thread.id, false);
-  if (moved) services().toasts.success(u"Moved back to the inbox"_s);
+  if (!moved) co_return Q_EMIT stayed(thread.id);
+  services().toasts.success(u"Moved back to the inbox"_s);
 }
 
 Task<void> ThreadActions::markUnreadTask(InboxThread thread) {

@@ -48,6 +48,8 @@ class ThreadActions final : public Store {
   /// The thread has been read again.
   void readAgain(const orv::ThreadDetail& detail);
   void sent(const QString& threadId);
+  /// It was to leave the list, and did not.
+  void stayed(const QString& threadId);
 
  private:
   Task<std::optional<InboxThread>> patch(InboxThread thread, ThreadPatch change, QString failure);

@@ -131,20 +131,21 @@ class Contrast {
     // Drawn by something else, as a code's digits are.
     if (item.property("color").value<QColor>().alpha() == 0) return;
     const QRect pixels = pixelsOf(place);
-    const QString fault = faultAt(item, opacity, pixels);
-    // What lies over it is looked for only then: it takes a walk through the whole window.
-    const QRect seen = fault.isEmpty() ? pixels : uncovered(item, pixels);
-    const QString remains = seen == pixels ? fault : faultAt(item, opacity, seen);
-    if (!remains.isEmpty()) found.append(QStringLiteral("“%1” %2").arg(what.left(40), remains));
+    const QRect around = pixels.adjusted(-1, -1, 1, 1) & m_picture.rect();
+    QString fault = faultAt(item, opacity, pixels, around);
+    if (fault.isEmpty()) return;
+    // Only then: looking for what lies over it is a walk through the whole window.
+    if (const QRect seen = uncovered(item, around); seen != around) fault = faultAt(item, opacity, pixels & seen, seen);
+    if (!fault.isEmpty()) found.append(QStringLiteral("“%1” %2").arg(what.left(40), fault));
   }
 
-  QString faultAt(const QQuickItem& item, double opacity, const QRect& pixels) const {
+  QString faultAt(const QQuickItem& item, double opacity, const QRect& pixels, const QRect& around) const {
     if (pixels.width() < 4 || pixels.height() < 4) return {};
     const bool isSelected = !item.property("selectedText").toString().isEmpty();
     // An icon may fill its square, and a selection less than half of a short text's field.
     const QRgb ground = isSelected                      ? item.property("selectionColor").value<QColor>().rgb()
-                        : item.inherits("orv::OrvIcon") ? groundAround(pixels)
-                                                        : groundIn(pixels);
+                        : item.inherits("orv::OrvIcon") ? mostOf(around, pixels)
+                                                        : mostOf(pixels, {});
     const QRgb ink = over(ground, item.property(isSelected ? "selectedTextColor" : "color").value<QColor>(), opacity);
     const double reached = ratio(ink, ground);
     if (reached >= wanted(item) || !isDrawn(pixels, ground, ink)) return {};
@@ -153,11 +154,6 @@ class Contrast {
   }
 
   /// The colour that most of it has.
-  QRgb groundIn(const QRect& pixels) const { return mostOf(pixels, {}); }
-  /// The colour that most of its edge has.
-  QRgb groundAround(const QRect& pixels) const {
-    return mostOf(pixels.adjusted(-1, -1, 1, 1) & m_picture.rect(), pixels);
-  }
   QRgb mostOf(const QRect& pixels, const QRect& leftOut) const {
     QHash<QRgb, int> counts;
     QRgb most = m_picture.pixel(pixels.topLeft()), last = most;
