@@ -17,6 +17,8 @@ struct SoakPlan {
   double faults = 0.04;
   /// Pages are compared with the service; otherwise the run ends well when nothing breaks, hangs or grows.
   bool compares = true;
+  /// After each quarter, tells what asked for the memory in use; only a sanitized build knows.
+  bool tellsHolders = false;
 };
 
 /// A person who presses whatever there is for an hour, while the service fails them. Four times in it, all goes well
@@ -49,8 +51,10 @@ class Soak {
   QStringList differencesNow(bool refreshing, std::optional<Page> only);
   /// A change behind the client's back must be found, or nothing else that is not found says anything.
   void proveComparison();
-  bool openTheirs();
+  bool openTheirs(SoakClient& client);
   void measure();
+  /// Lets go of all that nothing but the person's presses has brought.
+  void settle(SoakClient& client);
   void judge();
   void fail(const QString& what);
   QStringList makeFiles();
@@ -69,6 +73,8 @@ class Soak {
   int m_pressed = 0, m_troubles = 0, m_requests = 0, m_compared = 0;
   qsizetype m_fields = 0;
   QList<qint64> m_heap, m_resident;
+  /// What a client that has just been started has in use for the same pages.
+  QList<qint64> m_fresh;
   QStringList m_failures;
 };
 

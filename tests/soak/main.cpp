@@ -23,6 +23,7 @@ void describe(QCommandLineParser& options) {
        {u"faults"_s, u"Share of requests that go wrong."_s, u"rate"_s, u"0.04"_s},
        {u"seed"_s, u"Draws what is pressed and what fails; another one each time when left out."_s, u"seed"_s},
        {u"no-comparison"_s, u"Compares no page: the run ends well when nothing breaks, hangs or grows."_s},
+       {u"holders"_s, u"Tells after each quarter what asked for the memory in use (sanitized builds)."_s},
        {u"serve"_s, u"Is the service of such a run."_s}});
 }
 
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
   plan.real = std::chrono::seconds(options.value(u"seconds"_s).toInt());
   plan.simulated = std::chrono::minutes(options.value(u"simulated"_s).toInt());
   plan.compares = !options.isSet(u"no-comparison"_s);
+  plan.tellsHolders = options.isSet(u"holders"_s);
   plan.faults = options.value(u"faults"_s).toDouble();
 
   const QString again =
