@@ -7,7 +7,13 @@ using namespace std::chrono_literals;
 namespace orv {
 namespace {
 constexpr qsizetype visibleAtMost = 3;
+
+/// What a message acted on lives on, and would remember each that there ever was.
+void letGoOf(const Toasts::Toast& toast, Toasts& toasts) {
+  if (toast.actsOn) QObject::disconnect(toast.actsOn, &QObject::destroyed, &toasts, nullptr);
 }
+
+}  // namespace
 
 Toasts::Toasts(Clock& clock, QObject* parent) : QAbstractListModel(parent), m_clock(clock) {}
 
@@ -52,6 +58,7 @@ void Toasts::dismiss(const QUuid& id) {
 void Toasts::withdrawAction(const QUuid& id) {
   const auto row = rowOf(id);
   if (row < 0) return;
+  m_toasts[row].actsOn = nullptr;
   m_toasts[row].action = {};
   m_toasts[row].actionLabel.clear();
   Q_EMIT dataChanged(index(int(row)), index(int(row)), {ActionLabelRole});
@@ -75,7 +82,7 @@ void Toasts::clear() {
   if (m_toasts.isEmpty()) return;
   beginResetModel();
   m_timers.clear();
-  m_toasts.clear();
+  for (const Toast& toast : std::exchange(m_toasts, {})) letGoOf(toast, *this);
   endResetModel();
   Q_EMIT countChanged();
 }
@@ -99,7 +106,8 @@ void Toasts::startTimer(const Toast& toast) {
 void Toasts::removeAt(qsizetype row) {
   beginRemoveRows({}, int(row), int(row));
   m_timers.erase(m_toasts[row].id);
-  m_toasts.removeAt(row);
+  const Toast gone = m_toasts.takeAt(row);
+  if (std::ranges::find(m_toasts, gone.actsOn, &Toast::actsOn) == m_toasts.end()) letGoOf(gone, *this);
   endRemoveRows();
 }
 

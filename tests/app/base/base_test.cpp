@@ -360,6 +360,14 @@ class BaseTest : public QObject {
     QCOMPARE(undone, 0);
     f->toasts.act(next);
     QCOMPARE(undone, 1);
+    // Messages that have gone are nothing to a page that stays.
+    struct Page : QObject {
+      using QObject::receivers;
+    } stays;
+    for (int i = 0; i < 3; ++i) f->toasts.dismiss(show(&stays));
+    show(&stays);
+    f->toasts.clear();
+    QCOMPARE(stays.receivers(SIGNAL(destroyed(QObject*))), 0);
   }
 
   static Task<void> ask(Overlays* overlays, QString title, QStringList* answers) {
