@@ -2,7 +2,6 @@
 
 #include <QLocale>
 
-#include "app/base/CampaignAdding.h"
 #include "app/figures/MetricFigures.h"
 #include "kit/api/Format.h"
 #include "kit/models/analytics/analyticsRequests.h"
@@ -13,6 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
+struct Campaign;
 struct Lead;
 struct LeadList;
 struct UnlockUsage;
@@ -61,11 +61,12 @@ DashboardStore::DashboardStore(WorkspaceContext& context)
       m_range(localToday(services().clock)),
       m_overview(*this, [this] { return loadOverview(); }, {.failed = u"Couldn’t load the dashboard"_s}) {
   connect(&m_overview, &ResourceBase::valueChanged, this, &DashboardStore::arrived);
-  // How many accounts are active, how many leads and lists there are is another matter after each change of one.
+  // How many accounts are active, how many leads and lists there are is another matter after each change of one; and
+  // what a campaign has and sent counts as long as it is there.
   follow<Mailbox>();
   follow<Lead>();
   follow<LeadList>();
-  follow<AddedLeads>();
+  follow<Campaign>();
   follow<UnlockUsage>();
 }
 

@@ -1,5 +1,6 @@
 #include "app/analytics/DashboardStore.h"
 #include "app/base/CampaignAdding.h"
+#include "kit/models/campaigns/campaign.h"
 #include "kit/models/leads/lead.h"
 #include "kit/models/leads/leadList.h"
 #include "kit/models/leads/unlocks.h"
@@ -48,19 +49,22 @@ class DashboardTest final : public AnalyticsPage {
   }
 
   void whatIsDoneElsewhereIsReadAnew_data() {
-    using Tell = void (*)(Changes&);
+    using Tell = void (*)(WorkspaceContext&);
     QTest::addColumn<Tell>("tell");
-    QTest::newRow("an account") << Tell([](Changes& changes) { changes.stale<Mailbox>(u"m1"_s); });
-    QTest::newRow("leads") << Tell([](Changes& changes) { changes.stale<Lead>(); });
-    QTest::newRow("a list") << Tell([](Changes& changes) { changes.gone<LeadList>(u"li1"_s, changes.stamp()); });
-    QTest::newRow("a campaign's leads") << Tell([](Changes& changes) { changes.stale<AddedLeads>(u"c1"_s); });
-    QTest::newRow("an unlocking") << Tell([](Changes& changes) { changes.stale<UnlockUsage>(); });
+    QTest::newRow("an account") << Tell([](WorkspaceContext& here) { here.changes().stale<Mailbox>(u"m1"_s); });
+    QTest::newRow("leads") << Tell([](WorkspaceContext& here) { here.changes().stale<Lead>(); });
+    QTest::newRow("a list") << Tell(
+        [](WorkspaceContext& here) { here.changes().gone<LeadList>(u"li1"_s, here.changes().stamp()); });
+    QTest::newRow("a campaign's leads") << Tell([](WorkspaceContext& here) { leadsCameTo(here, u"c1"_s); });
+    QTest::newRow("a campaign that was deleted")
+        << Tell([](WorkspaceContext& here) { here.changes().gone<Campaign>(u"c1"_s, here.changes().stamp()); });
+    QTest::newRow("an unlocking") << Tell([](WorkspaceContext& here) { here.changes().stale<UnlockUsage>(); });
   }
   void whatIsDoneElsewhereIsReadAnew() {
-    using Tell = void (*)(Changes&);
+    using Tell = void (*)(WorkspaceContext&);
     QFETCH(Tell, tell);
     loadDashboard(todayOf(R"("mailboxes":2,"active":2,"ready":1,"lists":1)"));
-    tell(f->context->changes());
+    tell(*f->context);
     settle();
     QVERIFY(dashboard->overview()->needsLoad());
     f->api.expect(overviewCall);
