@@ -1,7 +1,9 @@
 #include "tests/soak/Comparison.h"
 
+#include <QAbstractItemModel>
 #include <QMetaProperty>
 
+#include "app/base/Choice.h"
 #include "app/base/Draft.h"
 #include "app/base/PagedListBase.h"
 #include "app/base/Pages.h"
@@ -13,9 +15,9 @@ namespace orv::soak {
 namespace {
 
 /// Closes what is open, forgets what was typed, shows what waits to be shown.
-constexpr const char* endings[] = {"cancel",       "dismiss",     "discard",      "closeInbox",
-                                   "closeDomain",  "closeChecks", "clearProblem", "keep",
-                                   "clearFilters", "reset",       "showAll",      "showNewMail"};
+constexpr const char* endings[] = {"clear",       "cancel",      "dismiss",      "discard", "closeInbox",
+                                   "closeDomain", "closeChecks", "clearProblem", "keep",    "clearFilters",
+                                   "reset",       "showAll",     "showNewMail"};
 
 bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
 
@@ -23,6 +25,25 @@ QMap<QString, QObject*> byPath(const QList<Part>& parts) {
   QMap<QString, QObject*> objects;
   for (const Part& part : parts) objects.insert(part.path, part.object);
   return objects;
+}
+
+/// The groups of filters that are unfolded.
+void unfoldAs(QObject& object, const QObject& other) {
+  if (!has(object, "setOpen(QString,bool)")) return;
+  for (const Choice& group : valueOf(other, "groups").value<QList<Choice>>())
+    QMetaObject::invokeMethod(&object, "setOpen", Q_ARG(QString, group.key), Q_ARG(bool, group.ticked));
+}
+
+/// Rows for which something was written that was not sent.
+QStringList begunIn(const QObject& object) {
+  const auto* model = qobject_cast<const QAbstractItemModel*>(&object);
+  const int role = model ? model->roleNames().key("written", -1) : -1;
+  if (role < 0) return {};
+  QStringList begun;
+  const QStringList ids = idsOf(object);
+  for (int row = 0; row < ids.size(); ++row)
+    if (model->index(row, 0).data(role).toBool()) begun.append(ids[row]);
+  return begun;
 }
 
 void sortAs(QObject& object, const QObject& other, const char* method, const char* key, const char* descending) {
@@ -92,10 +113,7 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
     return;
   }
   putAway();
-  // Every tab, as far as what stands in it loads by itself.
-  for (SoakClient* client : {&m_shown, &m_held})
-    for (const Part& part : client->page())
-      if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->ensureLoaded();
+  ensureLoaded();
   m_rest();
   align();
   // Of a page in sections each has its own "Refresh".
@@ -114,6 +132,20 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
 }
 
 void Comparison::putAway() {
+  endAll();
+  // What was begun of a row is thrown away where it stands.
+  QObject* const store = m_shown.app().openPage()->store();
+  if (!has(*store, "open(QString)")) return;
+  QStringList begun;
+  for (const Part& part : m_shown.page()) begun += begunIn(*part.object);
+  for (const QString& id : begun) {
+    QMetaObject::invokeMethod(store, "open", Q_ARG(QString, id));
+    m_rest();
+    endAll();
+  }
+}
+
+void Comparison::endAll() {
   for (const Part& part : m_shown.page()) {
     for (const char* ending : endings)
       if (has(*part.object, QByteArray(ending) + "()")) QMetaObject::invokeMethod(part.object, ending);
@@ -138,13 +170,22 @@ void Comparison::align() {
     chooseAs(*part.object, *other, "chooseRange", "range");
     chooseAs(*part.object, *other, "chooseDatabase", "database");
     seriesAs(*part.object, *other);
+    unfoldAs(*part.object, *other);
     sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
     sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
   }
 }
 
+/// Every tab, as far as what stands in it loads by itself.
+void Comparison::ensureLoaded() {
+  for (SoakClient* client : {&m_shown, &m_held})
+    for (const Part& part : client->page())
+      if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->ensureLoaded();
+}
+
 /// What one of them has asked for both ask for, and what failed again: so does whoever opens it.
 void Comparison::askAlike() {
+  ensureLoaded();
   const auto shown = byPath(m_shown.page()), held = byPath(m_held.page());
   const auto ask = [](const QMap<QString, QObject*>& first, const QMap<QString, QObject*>& second) {
     for (auto one = first.begin(); one != first.end(); ++one) {

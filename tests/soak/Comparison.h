@@ -26,6 +26,8 @@ class Comparison {
   void comparePages(const QString& workspace);
   void compare(const QString& name, const std::function<void(Router&)>& go);
   void putAway();
+  void endAll();
+  void ensureLoaded();
   /// The same filters, the same sorting, as many rows.
   void align();
   void askAlike();
