@@ -58,6 +58,10 @@ LeadFinder::LeadFinder(WorkspaceContext& context, Store& whole, LeadActions& act
     connect(resource, &ResourceBase::changed, this, &LeadFinder::changed);
   connect(&m_campaigns, &ResourceBase::valueChanged, &m_filters, &LeadFilters::recordsChanged);
   connect(lists.list(), &ResourceBase::valueChanged, &m_filters, &LeadFilters::recordsChanged);
+  // What has been added would vanish from under the person's eyes; they find it gone when they come back.
+  connect(&whole, &Store::left, this, [this] {
+    if (std::exchange(m_hasMoved, false)) m_results.list()->markStale();
+  });
   // Who unlocks a lead has it from then on.
   connect(actions.allowance(), &LeadAllowance::unlocked, this, &LeadFinder::countPools);
   Changes& changes = context.changes();
@@ -72,11 +76,12 @@ LeadFinder::LeadFinder(WorkspaceContext& context, Store& whole, LeadActions& act
 }
 
 void LeadFinder::countPools() {
+  m_hasMoved = true;
   if (m_pools.isAsked()) m_pools.load();
 }
 
 /// Leads have come to a list or a campaign, or left it; with no id, nobody knows which. A search within it finds others
-/// now. Any other keeps its rows: what has just been added would vanish from under the person's eyes.
+/// now. Any other keeps its rows for as long as the page is shown.
 void LeadFinder::leadsCame(const QString& key, const QString& id) {
   const LeadSearch& search = m_results.search();
   if (search.has(key) && (id.isEmpty() || search.value(key) == id)) m_results.list()->markStale();
@@ -149,7 +154,7 @@ void LeadFinder::ensureLoaded() {
   Store::ensureLoaded();
   m_saved.ensureLoaded();
   m_results.ensureLoaded();
-  if (!m_pools.isAsked()) m_pools.load();
+  m_pools.ensureLoaded();
   if (m_campaigns.isAsked()) m_campaigns.ensureLoaded();
 }
 

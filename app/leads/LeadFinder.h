@@ -77,6 +77,8 @@ class LeadFinder final : public Store {
   Resource<LeadTotals> m_totals;
   TaskSlot m_later;
   bool m_isTyped = false;
+  /// Leads have gone from one pool to another since the rows were read.
+  bool m_hasMoved = false;
 };
 
 }  // namespace orv

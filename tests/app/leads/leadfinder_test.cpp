@@ -288,6 +288,33 @@ class LeadFinderTest : public QObject {
     QVERIFY(f->api.isWaiting(u"GET /campaigns"_s));
   }
 
+  void whatWasAddedIsGoneOnceThePersonComesBack() {
+    f->open(SearchFixture::page({f->lead("l1"), f->lead("l2")}));
+    f->store->appear();
+    f->api.expect(f->pools);
+    leadsCameTo(*f->context, u"c1"_s);
+    QCOMPARE(shown(), (QStringList{u"l1"_s, u"l2"_s}));
+    QVERIFY(!f->results.list()->needsLoad());
+    f->api.answer(f->pools, SearchFixture::poolSizes(79, 21));
+    f->results.list()->disappear();
+    f->store->disappear();
+    f->api.expect(f->leads);
+    f->finder.ensureLoaded();
+    f->api.answer(f->leads, SearchFixture::page({f->lead("l2")}));
+    QCOMPARE(shown(), QStringList{u"l2"_s});
+  }
+
+  void whatCouldNotBeCountedIsCountedAgain() {
+    for (const QString& label : {f->leads, f->pools, u"GET /leads/totals"_s, f->saved}) f->api.expect(label);
+    f->finder.ensureLoaded();
+    f->api.fail(f->pools, TransportFailure::timedOut);
+    QCOMPARE(f->finder.pools().first().count, -1);
+    f->api.expect(f->pools);
+    f->finder.ensureLoaded();
+    f->api.answer(f->pools, SearchFixture::poolSizes(80, 20));
+    QCOMPARE(f->finder.pools().first().count, 80);
+  }
+
   void aCardKnowsItsListsAfterEveryAction() {
     const QString detail = u"GET /leads/l1"_s;
     f->open(SearchFixture::page({f->lead("l1")}));
