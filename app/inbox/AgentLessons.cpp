@@ -9,6 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
+struct SetterTraining;
+
 QString lessonOrigin(const SetterLesson& lesson) {
   if (lesson.source != words::lessonFromReview) return u"You typed"_s;
   const QString from = lesson.fromName.value_or(QString());
@@ -22,7 +24,7 @@ AgentLessons::AgentLessons(WorkspaceContext& context, Store* whole)
     : Store(context, whole),
       m_list(*whole, [this] { return api().send(Requests::setterLessons()); },
              {.failed = u"Couldn’t load what your AI has learned"_s}),
-      m_actions(context, m_busy, [this] { m_list.load(); }),
+      m_actions(context, m_busy, [this] { readAgain(); }),
       m_add(
           {u"Add a rule"_s, u"Style only. Prices, results and links go in the knowledge base."_s, u"Rule"_s, u"Add"_s},
           context),
@@ -72,7 +74,7 @@ Task<void> AgentLessons::addTask(QString text) {
       });
   if (!added) co_return;
   submission.succeed();
-  m_list.load();
+  readAgain();
 }
 
 Task<void> AgentLessons::changeTask(QString lessonId, QString text) {
@@ -87,7 +89,7 @@ Task<void> AgentLessons::changeTask(QString lessonId, QString text) {
       });
   if (!changed) co_return;
   submission.succeed();
-  m_list.load();
+  readAgain();
 }
 
 Task<void> AgentLessons::setActiveTask(QString lessonId, bool active) {
@@ -99,7 +101,12 @@ Task<void> AgentLessons::setActiveTask(QString lessonId, bool active) {
       u"Couldn’t change the rule."_s);
   if (!changed) co_return;
   services().toasts.success(active ? u"Your AI follows that rule again"_s : u"Your AI won’t use that rule"_s);
+  readAgain();
+}
+
+void AgentLessons::readAgain() {
   m_list.load();
+  context().changes().stale<SetterTraining>();
 }
 
 }  // namespace orv

@@ -55,6 +55,8 @@ class AgentLessons final : public Store {
 
  private:
   void arrange();
+  /// A rule was added, changed or switched; how many there are counts as training.
+  void readAgain();
 
   Resource<SetterLessons> m_list;
   BusySet m_busy;

@@ -1,6 +1,7 @@
 #include "app/inbox/AgentSettingsStore.h"
 
 #include "app/base/recordActions.h"
+#include "kit/models/inbox/draft.h"
 #include "kit/models/inbox/inboxWords.h"
 #include "kit/models/inbox/setterRequests.h"
 
@@ -20,6 +21,12 @@ AgentSettingsStore::AgentSettingsStore(WorkspaceContext& context)
       m_lessons(context, this) {
   connect(&m_form, &AgentForm::changed, this, &AgentSettingsStore::changed);
   context.changes().watch<SetterTraining>(this, [this](const Change<SetterTraining>&) { m_training.markStale(); });
+  // Decided, or taken back: what has been learned of it comes later, the counts are others at once.
+  const auto follow = [this](const auto& change) {
+    if (change.acted) m_training.markStale();
+  };
+  context.changes().watch<Draft>(this, follow);
+  context.changes().watch<SetterLesson>(this, follow);
 }
 
 QList<Choice> AgentSettingsStore::sections() const {

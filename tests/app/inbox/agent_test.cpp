@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "app/inbox/AgentSettingsStore.h"
+#include "kit/models/inbox/draft.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -209,6 +210,14 @@ class AgentTest : public QObject {
     QCOMPARE(f.store.mode()->lastFlip(), u"Switched to Draft mode on 12 Nov, at 9 of 20 by Maren Kolbe"_s);
     QCOMPARE(f.store.mode()->record().last().detail, u"63"_s);
   }
+  void aDecisionCountsAtOnce() {
+    Agent f;
+    f.context->changes().publish(Draft{.id = u"d1"_s, .threadId = u"t1"_s}, f.context->changes().stamp(), true);
+    f.api.expect(getTraining);
+    f.store.ensureLoaded();
+    f.api.answer(getTraining, training(17, 13));
+    QCOMPARE(f.store.mode()->readiness(), u"3 more to review. Ready at 17"_s);
+  }
 
   void campaignsFollowTheDefault() {
     Agent f;
@@ -277,6 +286,7 @@ class AgentTest : public QObject {
     f.api.expect(getLessons);
     f.api.answer(u"PATCH /setter/lessons/l1"_s, "{}");
     f.api.answer(getLessons, lessonList());
+    QVERIFY2(f.store.training()->needsLoad(), "it counts the rules");
   }
 
   void withoutAKeyItWarns() {
