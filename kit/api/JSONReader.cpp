@@ -8,12 +8,14 @@
 namespace orv::detail {
 namespace {
 
-/// The parser reads some bytes past the end, and keeps its buffers; a rare huge answer must not stay in memory for it.
+/// The parser reads some bytes past the end, and keeps its buffers, which are seven times as large as what was read. Of
+/// the common short answers only: what a long one takes is little beside its decoding, and would stay for good in every
+/// thread that ever read one.
 struct Workspace {
   simdjson::ondemand::parser parser;
   std::string bytes;
 };
-constexpr qsizetype keptAtMost = 1 << 20;
+constexpr qsizetype keptAtMost = 16 << 10;
 
 /// No answer that says something comes to more when it is built; the first also lets short ones be as odd as they like.
 constexpr qint64 roomAnyway = 16 << 20;
