@@ -115,6 +115,8 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
   putAway();
   ensureLoaded();
   m_rest();
+  // What an earlier session had left comes back with what it was typed on.
+  putAway();
   align();
   // Of a page in sections each has its own "Refresh".
   if (m_refreshing)

@@ -185,6 +185,7 @@ void Soak::mend() {
   m_service.hold({});
   // Late answers are on their way.
   pass(10s, true);
+  m_service.sync();
   Q_EMIT m_client->network().cameUp();
 }
 
