@@ -62,7 +62,9 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const Sending
   if (!launched || steps == 0 || status == "queued"_L1) return;
 
   if (!campaign.senders().isEmpty()) lead.senderAddress = random.pick(campaign.senders()).address;
-  const qint64 step = status == "completed"_L1 ? steps : random.between(1, steps);
+  // Who is active waits for an email; where there is but one, for an answer.
+  const qint64 last = status == "active"_L1 ? std::max<qint64>(1, steps - 1) : steps;
+  const qint64 step = status == "completed"_L1 ? steps : random.between(1, last);
   lead.currentStep = step;
   const QDateTime end = lastSend(record, now);
   // The emails wait as they are meant to; where the campaign has not run for so long, they came closer together.
@@ -71,13 +73,13 @@ void giveHistory(CampaignLead& lead, const DemoCampaign& campaign, const Sending
   for (qint64 before = 1; before < step; ++before) waits += hours.within(campaign.steps()[before].delayMinutes);
   waits = std::min(waits, worked - 1);
   const qint64 begun = from + random.below(worked - waits);
-  const QDateTime first = std::max(hours.at(begun), *launched), last = std::max(hours.at(begun + waits), first);
+  const QDateTime first = std::max(hours.at(begun), *launched), latest = std::max(hours.at(begun + waits), first);
   lead.firstSentAt = formatPlatformDate(first);
-  lead.lastSentAt = formatPlatformDate(last);
+  lead.lastSentAt = formatPlatformDate(latest);
   if (status == "replied"_L1) {
     // Most answer within days or not at all.
     lead.repliedAt =
-        formatPlatformDate(last.addSecs(random.below(std::min(last.secsTo(now), answersWithinSeconds) + 1)));
+        formatPlatformDate(latest.addSecs(random.below(std::min(latest.secsTo(now), answersWithinSeconds) + 1)));
     lead.interest = random.chance(0.3) ? u"interested"_s : u"not_interested"_s;
     lead.inboxThreadId = random.id(u"th"_s);
   }
@@ -101,6 +103,8 @@ void enrol(DemoCampaign& campaign, const QDateTime& now) {
   }
   recount(campaign);
 }
+
+qint64 bookedBefore(const LeadCounts& counts, qsizetype steps) { return steps > 1 ? counts.active : 0; }
 
 void recount(DemoCampaign& campaign) {
   QHash<QString, qint64> found;
@@ -128,7 +132,7 @@ void changeLeads(DemoCampaign& campaign, const QString& from, const QString& to)
   forEachStatus(counts,
                 [&](const QString& word, qint64& count) { moved += word == from ? std::exchange(count, 0) : 0; });
   forEachStatus(counts, [&](const QString& word, qint64& count) { count += word == to ? moved : 0; });
-  campaign.stats().scheduled = counts.active;
+  campaign.stats().scheduled = bookedBefore(counts, campaign.steps().size());
 }
 
 QString openStatus(const DemoCampaign& campaign) {

@@ -12,6 +12,8 @@ struct Pitch;
 /// Makes the sample's leads when they are first asked for, as many of each status as the figures say: a service with
 /// ten thousand campaigns must start in a moment.
 void enrol(DemoCampaign& campaign, const QDateTime& now);
+/// How many leads have an email coming, while nobody has asked for them: as many as enrol() gives one.
+qint64 bookedBefore(const LeadCounts& counts, qsizetype steps);
 /// Counts the leads anew after they have changed.
 void recount(DemoCampaign& campaign);
 /// Every lead with the status `from` gets the status `to`.

@@ -2,6 +2,7 @@
 
 #include "demo/DailyFigures.h"
 #include "demo/DemoState.h"
+#include "demo/Enrolment.h"
 #include "demo/Inbox.h"
 #include "demo/LeadSample.h"
 #include "demo/MailboxSample.h"
@@ -138,7 +139,7 @@ DemoCampaign makeCampaign(const Row& row, DemoWorkspace& workspace, DemoRandom& 
   stats.delivered = row.sent - row.bounced;
   stats.replied = row.replied;
   stats.positive = row.positive;
-  stats.scheduled = stats.leads.active;
+  stats.scheduled = bookedBefore(stats.leads, record.steps->size());
   record.stats = stats;
   shareAmong(*record.steps, stats);
   return campaign;

@@ -282,6 +282,7 @@ class DemoCampaignsTest : public QObject {
     const auto booked = [](const CampaignLead& lead) { return lead.nextSendAt && lead.status.rawValue == "active"_L1; };
     const auto leads = f.leads(id);
     QCOMPARE(f.ask(Requests::getCampaign(id)).stats->scheduled, std::ranges::count_if(leads, booked));
+    QVERIFY2(stats.scheduled == std::ranges::count_if(leads, booked), "to look at the leads changes nothing");
 
     // Saved in another order, with one email more, each keeps what it did.
     const QList<VariantIn> text{{{}, u"A"_s, u"New"_s, u"B"_s, 100, true}};
