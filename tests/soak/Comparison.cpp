@@ -123,6 +123,8 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
     for (const Part& part : m_shown.page())
       if (auto* store = qobject_cast<Store*>(part.object); store && !part.isHidden) store->refresh();
   m_rest();
+  // What was opened in the one as in the other has things of its own to be put away.
+  align();
   askAlike();
   m_rest();
   readAsFar();
