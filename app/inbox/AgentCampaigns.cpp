@@ -2,6 +2,7 @@
 
 #include "app/base/shownName.h"
 #include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/inbox/inboxThread.h"
 #include "kit/models/inbox/inboxWords.h"
 #include "kit/models/inbox/setterRequests.h"
 
@@ -81,6 +82,8 @@ Task<void> AgentCampaigns::moveTask(QString campaignId) {
       found->mode = mode;
   });
   m_modes.load();
+  // Each says how the agent goes about it.
+  context().changes().stale<InboxThread>();
 }
 
 }  // namespace orv

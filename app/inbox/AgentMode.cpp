@@ -4,6 +4,7 @@
 #include "app/inbox/AgentForm.h"
 #include "kit/api/Format.h"
 #include "kit/api/PlatformDate.h"
+#include "kit/models/inbox/inboxThread.h"
 #include "kit/models/inbox/inboxWords.h"
 #include "kit/models/inbox/setterRequests.h"
 
@@ -113,6 +114,8 @@ Task<void> AgentMode::chooseTask(QString mode) {
   if (!saved) co_return;
   m_settings.update([&saved](SetterSettings& settings) { settings = *saved; });
   m_training.load();
+  // Each says how the agent goes about it.
+  context().changes().stale<InboxThread>();
   services().toasts.success(isAuto ? u"Auto mode on"_s : u"Draft mode on"_s);
 }
 

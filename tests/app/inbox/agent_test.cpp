@@ -5,6 +5,7 @@
 
 #include "app/inbox/AgentSettingsStore.h"
 #include "kit/models/inbox/draft.h"
+#include "kit/models/inbox/inboxThread.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -58,6 +59,8 @@ QByteArray campaign(const QByteArray& id) {
 
 struct Agent : AppFixture {
   Agent(const QByteArray& stored = settings(), const QByteArray& record = training(16, 13)) {
+    context->changes().watch<InboxThread>(&store,
+                                          [this](const auto& change) { conversationsTold += change.id.isEmpty(); });
     for (const QString& label : {getSettings, getTraining, getModes, getCampaigns, getLessons}) api.expect(label);
     store.appear();
     store.ensureLoaded();
@@ -70,6 +73,8 @@ struct Agent : AppFixture {
   ~Agent() { store.close(); }
 
   AgentSettingsStore store{*context};
+  /// Each says how the agent goes about it.
+  int conversationsTold = 0;
   AgentForm& form() { return *store.form(); }
   QJsonObject sentBody() { return QJsonDocument::fromJson(api.last().request.body.value_or("{}")).object(); }
   static QStringList ids(AgentCampaignRows* rows) {
@@ -191,6 +196,7 @@ class AgentTest : public QObject {
     f.api.answer(patchSettings, settings({{u"version"_s, 6}}));
     f.api.answer(getTraining, training(20, matched));
     QCOMPARE(f.lastToast(), u"Draft mode on"_s);
+    QCOMPARE(f.conversationsTold, 2);
   }
 
   void readiness_data() {
@@ -236,6 +242,7 @@ class AgentTest : public QObject {
     QCOMPARE(f.sentBody(), QJsonObject());
     f.api.answer(u"PUT /setter/campaigns/c2/mode"_s, R"({"title":"No","status":422})", 422);
     QVERIFY(f.ids(f.store.campaigns()->inactive()).contains(u"c2"_s));
+    QCOMPARE(f.conversationsTold, 1);
   }
 
   void whereTheDefaultIsOff() {
