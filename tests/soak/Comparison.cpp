@@ -1,6 +1,5 @@
 #include "tests/soak/Comparison.h"
 
-#include <QAbstractItemModel>
 #include <QMetaProperty>
 
 #include "app/base/Choice.h"
@@ -32,18 +31,6 @@ void unfoldAs(QObject& object, const QObject& other) {
   if (!has(object, "setOpen(QString,bool)")) return;
   for (const Choice& group : valueOf(other, "groups").value<QList<Choice>>())
     QMetaObject::invokeMethod(&object, "setOpen", Q_ARG(QString, group.key), Q_ARG(bool, group.ticked));
-}
-
-/// Rows for which something was written that was not sent.
-QStringList begunIn(const QObject& object) {
-  const auto* model = qobject_cast<const QAbstractItemModel*>(&object);
-  const int role = model ? model->roleNames().key("written", -1) : -1;
-  if (role < 0) return {};
-  QStringList begun;
-  const QStringList ids = idsOf(object);
-  for (int row = 0; row < ids.size(); ++row)
-    if (model->index(row, 0).data(role).toBool()) begun.append(ids[row]);
-  return begun;
 }
 
 void sortAs(QObject& object, const QObject& other, const char* method, const char* key, const char* descending) {
@@ -81,6 +68,7 @@ QStringList Comparison::run(bool refreshing, std::optional<Page> only) {
     if (!m_shown.app().sessionOrder().contains(slug)) continue;
     m_shown.app().openWorkspace(slug);
     m_held.app().openWorkspace(slug);
+    throwAway(slug);
     comparePages(slug);
   }
   return m_lines;
@@ -135,21 +123,22 @@ void Comparison::compare(const QString& name, const std::function<void(Router&)>
   m_fields += held.size();
 }
 
-void Comparison::putAway() {
-  endAll();
-  // What was begun of a row is thrown away where it stands.
-  QObject* const store = m_shown.app().openPage()->store();
-  if (!has(*store, "open(QString)")) return;
-  QStringList begun;
-  for (const Part& part : m_shown.page()) begun += begunIn(*part.object);
-  for (const QString& id : begun) {
-    QMetaObject::invokeMethod(store, "open", Q_ARG(QString, id));
+/// What was typed about records of which no page is open any more, and is kept until somebody throws it away.
+void Comparison::throwAway(const QString& workspace) {
+  AppModel& app = m_shown.app();
+  for (const Journal::Entry& entry : app.journal().entries()) {
+    const QStringList name = entry.key.name.split(u'/');
+    const auto page = Pages::pageNamed(name.value(0));
+    const bool isOfRecord = name.size() > 2 && !name[1].startsWith("tab:"_L1);
+    if (entry.key.workspace != workspace || !page || !isOfRecord) continue;
+    app.router()->openItem(*page, name[1]);
+    m_shown.look();
     m_rest();
-    endAll();
+    putAway();
   }
 }
 
-void Comparison::endAll() {
+void Comparison::putAway() {
   for (const Part& part : m_shown.page()) {
     for (const char* ending : endings)
       if (has(*part.object, QByteArray(ending) + "()")) QMetaObject::invokeMethod(part.object, ending);

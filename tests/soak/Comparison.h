@@ -25,8 +25,8 @@ class Comparison {
  private:
   void comparePages(const QString& workspace);
   void compare(const QString& name, const std::function<void(Router&)>& go);
+  void throwAway(const QString& workspace);
   void putAway();
-  void endAll();
   void ensureLoaded();
   /// The same filters, the same sorting, as many rows.
   void align();
