@@ -44,6 +44,18 @@ Archive<Campaign>::Words wordsOfList() {
           .cannotRestore = [](const QString& name) { return u"Couldn’t restore "_s + name; }};
 }
 
+/// Its page can be opened from the archive, and its emails written on; there it stays archived.
+void followIn(Resource<CampaignList>& archive, const Campaign& campaign) {
+  const auto isIt = [&campaign](const CampaignSummary& item) { return item.id == campaign.id; };
+  if (!archive.value() || std::ranges::none_of(archive.value()->items, isIt)) return;
+  archive.amend([&](CampaignList& list) {
+    CampaignSummary& row = *std::ranges::find_if(list.items, isIt);
+    const CampaignStatus status = row.status;
+    follow(row, campaign);
+    row.status = status;
+  });
+}
+
 }  // namespace
 
 CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, ActInside actInside)
@@ -79,6 +91,7 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, A
 
 void CampaignsStore::take(const Change<Campaign>& change) {
   using Kind = Change<Campaign>::Kind;
+  if (change.kind == Kind::is) followIn(m_archived, *change.record);
   const CampaignSummary* row = m_index.find(change.id);
   if (change.kind == Kind::gone) {
     m_list.update([&change](CampaignList& list) {

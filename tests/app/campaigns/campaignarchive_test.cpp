@@ -72,6 +72,16 @@ class CampaignArchiveTest final : public CampaignsPage {
     QCOMPARE(first.data(roles.key("deletedText")).toString(), u"3 Mar"_s);
     QCOMPARE(first.data(roles.key("goneText")).toString(), u"2 Apr"_s);
 
+    Campaign written;
+    written.id = u"a1"_s;
+    written.name = u"Older"_s;
+    written.status = CampaignStatus(u"paused"_s);
+    f->context->changes().publish(written, f->context->changes().stamp(), false);
+    QCOMPARE(store->archivedRows()->records().front().name, u"Older"_s);
+    QCOMPARE(store->archivedRows()->records().front().status.rawValue, u"archived"_s);
+    written.name = u"Old"_s;
+    f->context->changes().publish(written, f->context->changes().stamp(), false);
+
     store->removeForGood(u"a1"_s);
     QCOMPARE(f->overlays.confirmLabel(), u"Delete for good"_s);
     f->api.expect(u"DELETE /campaigns/a1"_s);
