@@ -225,6 +225,8 @@ QVariant Hand::valueFor(const QString& name, QMetaType type, const QObject& obje
     case QMetaType::QStringList: {
       QStringList some;
       for (qint64 left = m_random.below(4); left >= 0; --left) some.append(textFor(name, object, parts));
+      // Nothing can be ticked twice.
+      some.removeDuplicates();
       return some;
     }
     case QMetaType::QUrl:
