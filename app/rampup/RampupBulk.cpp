@@ -4,6 +4,7 @@
 #include "app/base/shownName.h"
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
+#include "kit/api/isoDay.h"
 #include "kit/models/rampup/rampupDetail.h"
 #include "kit/models/rampup/rampupRequests.h"
 
@@ -20,16 +21,27 @@ QString verbOf(const RampupBulkBody& body) {
   return body.action == "restart"_L1 ? u"restarted on the template"_s : u"updated"_s;
 }
 
+/// What came of it, for who began it and may be gone.
+struct Switched {
+  QStringList ids;
+  bool hasSessionEnded = false;
+};
+
 /// Switches one account's warm-up, in its turn; throws what the service says against it.
 Task<void> switchOne(std::shared_ptr<WorkspaceContext> context, QString id, bool on,
-                     std::shared_ptr<QStringList> done) {
+                     std::shared_ptr<Switched> switched) {
   const auto turn = co_await context->turns().next(id);
   if (!turn) throw APIError::of(APIError::Kind::cancelled);
   WarmupSettingsPatch patch;
   patch.enabled = on;
-  const RampupDetail detail = co_await context->api().send(Requests::updateWarmup(id, patch));
-  context->changes().publish(RampupAccount{id, detail.item()}, context->changes().stamp(), true);
-  done->append(id);
+  try {
+    const RampupDetail detail = co_await context->api().send(Requests::updateWarmup(id, patch));
+    context->changes().publish(RampupAccount{id, detail.item()}, context->changes().stamp(), true);
+    switched->ids.append(id);
+  } catch (const APIError& error) {
+    if (error.is(APIError::Kind::unauthorized)) switched->hasSessionEnded = true;
+    throw;
+  }
 }
 
 struct Named {
@@ -46,7 +58,7 @@ struct ToldAtTheEnd {
   std::shared_ptr<WorkspaceContext> context;
 };
 
-Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on, std::shared_ptr<QStringList> done) {
+Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on, std::shared_ptr<Switched> switched) {
   const auto context = job->context().shared_from_this();
   const ToldAtTheEnd atTheEnd(context);
   QStringList ids;
@@ -61,7 +73,7 @@ Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on, std::shared
   };
   count(0);
   const EachOutcome outcome = co_await eachOf(
-      ids, [context, on, done](const QString& id) { return switchOne(context, id, on, done); }, count);
+      ids, [context, on, switched](const QString& id) { return switchOne(context, id, on, switched); }, count);
   JobOutcome end;
   const QString told =
       (on ? u"Warm-up resumed on "_s : u"Warm-up paused on "_s) + RampupWords::countedMailboxes(outcome.done.size());
@@ -76,6 +88,8 @@ Task<JobOutcome> switchAll(Job* job, QList<Named> accounts, bool on, std::shared
     end.title += u" and "_s + Format::counted(outcome.failed.size() - 1, u"other"_s, u"others"_s);
   end.text = outcome.reason;
   for (const QString& id : outcome.failed) end.lines.append(addresses.value(id));
+  // The end of the session is told by itself.
+  if (switched->hasSessionEnded) end.title.clear();
   co_return end;
 }
 
@@ -135,14 +149,15 @@ void RampupBulk::edit() {
     if (const RampupRow* row = m_accounts.find(id)) accounts.append(&row->record().item);
   if (accounts.isEmpty() || !canWrite() || !busy().isEmpty()) return;
   const auto withPlan = std::ranges::find_if(accounts, [](const RampupItem* item) { return item->plan.has_value(); });
+  const RampupItem* shown = withPlan == accounts.end() ? accounts.first() : *withPlan;
   const QString count = QString::number(accounts.size());
   m_editor.open({.title = u"Edit roadmaps"_s,
                  .about = u"Every one gets these stages from today."_s,
                  .submitLabel = u"Save for "_s + count + (accounts.size() == 1 ? u" account"_s : u" accounts"_s),
                  .thing = u"roadmap"_s,
                  .key = u"rampup/tab:/bulk"_s,
-                 .stages = withPlan == accounts.end() ? QList<RoadmapStage>() : (*withPlan)->plan->stages,
-                 .from = services().clock.now().toLocalTime().date(),
+                 .stages = shown->plan ? shown->plan->stages : QList<RoadmapStage>(),
+                 .from = isoDay(shown->today),
                  .differs = differencesOf(accounts),
                  .submit = [this, ids](const QList<RoadmapStage>& stages) { m_tasks.start(editTask(ids, stages)); }});
 }
@@ -166,16 +181,22 @@ void RampupBulk::switchWarmup(bool on) {
   if (accounts.isEmpty()) return;
   const QString name =
       (on ? u"Resuming warm-up on "_s : u"Pausing warm-up on "_s) + RampupWords::countedMailboxes(accounts.size());
-  const auto done = std::make_shared<QStringList>();
+  const auto switched = std::make_shared<Switched>();
   m_switching.emplace(m_busy.mark(on ? u"resume-warmup"_s : u"pause-warmup"_s));
   const Job* switching = services().jobs.start(
       {.name = name, .stopped = u"Accounts that were done stay so."_s}, context().shared_from_this(),
-      [accounts, on, done](Job& job) { return switchAll(&job, accounts, on, done); });
+      [accounts, on, switched](Job& job) { return switchAll(&job, accounts, on, switched); });
   // Those that failed, or were not come to, stay ticked, to be tried again.
-  connect(switching, &Job::ended, this, [this, done] {
+  connect(switching, &Job::ended, this, [this, switched] {
     m_switching.reset();
-    m_selection.untick(*done);
+    m_selection.untick(switched->ids);
   });
+}
+
+/// The job goes on, or is cut off without a word.
+void RampupBulk::close() {
+  m_switching.reset();
+  Store::close();
 }
 
 QString differencesOf(const QList<const RampupItem*>& accounts) {

@@ -10,7 +10,7 @@
 
 namespace orv {
 
-using RampupAccounts = PagedList<RampupPageOfAll, RampupRowsModel>;
+using RampupAccounts = PagedList<RampupPart, RampupRowsModel>;
 
 /// What is done with the roadmaps of all ticked accounts: one request with their ids, one at a time. Warm-up is
 /// switched account by account, as a job.
@@ -45,6 +45,8 @@ class RampupBulk final : public Store {
   /// Begins these accounts on the template. The result, or nothing when that has failed.
   Task<std::optional<RampupBulkResult>> restartTask(QStringList ids, QString templateId, Actions::Tell tell);
   Task<void> editTask(QStringList ids, QList<RoadmapStage> stages);
+
+  void close() override;
 
  Q_SIGNALS:
   void changed();

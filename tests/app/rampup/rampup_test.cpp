@@ -86,6 +86,27 @@ class RampupTest : public QObject {
     QCOMPARE(f->store.list()->shownIds().first(), u"m4"_s);
   }
 
+  void tenThousandAreTakenOverInPartsOfOneAnswer() {
+    QList<RampupItem> items;
+    for (int i = 0; i < 2500; ++i) items.append(someItem(u"m%1"_s.arg(i)));
+    const auto& list = *f->store.list();
+    f->load(items);
+    QVERIFY2(list.readCount() < 2500, "taken over at once, which holds the window");
+    QTRY_COMPARE(list.readCount(), 2500);
+    QTRY_VERIFY(!list.refreshing() && !list.loadingMore());
+    QCOMPARE(list.shownIds().last(), u"m2499"_s);
+    QCOMPARE(f->asked(f->get), 1);
+
+    // Closed between two parts: what is left of the answer is not news any more when somebody comes back.
+    f->api.expect(f->get);
+    f->store.refresh();
+    f->api.answer(f->get, listOf(items.first(2000)));
+    f->store.close();
+    f->load(items.first(1500));
+    QTRY_COMPARE(list.readCount(), 1500);
+    QCOMPARE(f->asked(f->get), 3);
+  }
+
   void aBulkChangeIsOneRequestAndTellsWhatWasSkipped() {
     f->load({someItem(u"m1"_s), someItem(u"m2"_s), someItem(u"m3"_s)});
     bulk().selection()->toggleAll();
@@ -227,6 +248,8 @@ class RampupTest : public QObject {
     bulk().edit();
     QCOMPARE(f->store.editor()->differs(), QString());
     QCOMPARE(f->store.editor()->submitLabel(), u"Save for 1 account"_s);
+    // The accounts' own day, not this computer's.
+    QCOMPARE(f->store.editor()->days().first(), someItem(u"m1"_s).today);
     f->store.editor()->cancel();
     bulk().selection()->toggleAll();
     bulk().edit();
