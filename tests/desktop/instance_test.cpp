@@ -71,6 +71,19 @@ class InstanceTest : public QObject {
     QCOMPARE(activated.size(), 1);
     QCOMPARE(opened.last().constFirst().toStringList().size(), 16);
 
+    // However many false ones come first, and whoever takes a place and has nothing to say.
+    std::vector<std::unique_ptr<QLocalSocket>> callers;
+    for (int i = 0; i < 20; ++i) {
+      first->receive({u"com.orvella.test://auth/callback?code=false%1"_s.arg(i)}, {});
+      if (onBus) continue;
+      auto& caller = callers.emplace_back(std::make_unique<QLocalSocket>());
+      caller->connectToServer(m_bus->environment().value(u"XDG_RUNTIME_DIR"_s) + u'/' + id);
+      QVERIFY(caller->waitForConnected());
+      caller->write(i % 2 ? "half a message" : "no message\n");
+    }
+    QCOMPARE(startAnother({signInLink}, u"late"_s), "second");
+    QTRY_COMPARE(opened.last(), (QVariantList{QStringList{signInLink}, u"late"_s}));
+
     first.reset();
     QCOMPARE(startAnother({signInLink}), "first");
   }
