@@ -7,6 +7,11 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+const auto archivedTab = u"archived"_s;
+
+}  // namespace
 
 AccountsStore::AccountsStore(WorkspaceContext& context, AccountActions& actions)
     : Store(context),
@@ -155,12 +160,16 @@ QString AccountsStore::addHint() const { return canWrite() ? QString() : u"Only 
 void AccountsStore::refresh() { m_showArchived ? m_archived.load() : m_list.load(); }
 
 PagePlace AccountsStore::where() const {
-  return {.tab = m_showArchived ? u"archived"_s : QString(), .value = m_showArchived ? QString() : m_query.text};
+  return {.tab = m_showArchived ? archivedTab : QString(), .value = m_showArchived ? QString() : m_query.text};
 }
 
 void AccountsStore::goTo(const PagePlace& place) {
-  setShowArchived(!place.tab.isEmpty());
-  if (place.tab.isEmpty()) setQuery(place.value);
+  setShowArchived(place.tab == archivedTab);
+  if (m_showArchived) return;
+  // Who is led to those of a status sees them all, whatever the list was narrowed to before.
+  AccountQuery query = place.tab.isEmpty() ? m_query : AccountQuery{.status = place.tab};
+  query.text = place.value;
+  ask(query);
 }
 
 void AccountsStore::open(const QString& id) { context().openItem(Page::accounts, id); }

@@ -111,7 +111,13 @@ void InboxStore::refresh() {
 PagePlace InboxStore::where() const { return {.tab = sectionName(), .value = m_threads.query()}; }
 
 void InboxStore::goTo(const PagePlace& place) {
-  setSection(place.tab.isEmpty() ? enumName(Section::conversations) : place.tab);
+  const bool isSection = enumNamed<Section>(place.tab).has_value();
+  setSection(isSection ? place.tab : enumName(Section::conversations));
+  if (!isSection && !place.tab.isEmpty()) {
+    // A tab of the list: who is led there sees everything in it, and what has just come.
+    m_threads.showAllIn(place.tab);
+    if (m_threads.newMail()) m_threads.showNewMail();
+  }
   if (m_section == Section::conversations) m_threads.setQuery(place.value);
   context().showing(Page::inbox, m_section == Section::conversations ? m_openId : QString());
 }

@@ -16,6 +16,12 @@ using Tab = ThreadFilter::Tab;
 
 QString nameOf(Tab tab) { return tab == Tab::all ? u"all"_s : tab == Tab::unread ? u"unread"_s : u"archived"_s; }
 
+Tab tabNamed(const QString& name, Tab otherwise) {
+  for (const Tab tab : {Tab::all, Tab::unread, Tab::archived})
+    if (nameOf(tab) == name) return tab;
+  return otherwise;
+}
+
 void countLabel(QMap<QString, qint64>& counts, const InboxThread& thread, qint64 by) {
   const QString key = thread.label ? thread.label->rawValue : QString(ThreadFilter::unlabelled);
   if (counts.contains(key) || by > 0) counts[key] = std::max<qint64>(0, counts.value(key) + by);
@@ -118,8 +124,7 @@ QString ThreadList::tabName() const { return nameOf(m_filter.tab); }
 
 void ThreadList::setTab(const QString& name) {
   ThreadFilter filter = m_filter;
-  for (const Tab tab : {Tab::all, Tab::unread, Tab::archived})
-    if (nameOf(tab) == name) filter.tab = tab;
+  filter.tab = tabNamed(name, m_filter.tab);
   ask(filter);
 }
 
@@ -149,10 +154,10 @@ void ThreadList::setMailbox(const QString& id) {
   ask(filter);
 }
 
-void ThreadList::showAll() {
+void ThreadList::showAllIn(const QString& tab) {
   m_typed.clear();
   m_typing.cancel();
-  ask({.tab = m_filter.tab, .query = {}, .label = {}, .mailbox = {}});
+  ask({.tab = tabNamed(tab, m_filter.tab), .query = {}, .label = {}, .mailbox = {}});
 }
 
 bool ThreadList::filtered() const { return !m_filter.query.trimmed().isEmpty() || m_filter.label || m_filter.mailbox; }

@@ -80,7 +80,8 @@ class ThreadList final : public Store {
   void refresh() override;
   void close() override;
   /// Everything in this tab.
-  Q_INVOKABLE void showAll();
+  Q_INVOKABLE void showAll() { showAllIn(tabName()); }
+  void showAllIn(const QString& tab);
   /// Reads the list again, with the mail that came.
   Q_INVOKABLE void showNewMail() { refresh(); }
   /// Asks every mailbox for new replies.

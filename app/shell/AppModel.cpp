@@ -64,6 +64,7 @@ AppModel::AppModel(Platform platform, QObject* parent)
   m_account.onEnded = [this](const QString& token) { endSession(token); };
   m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
+  m_notifier.onPlaceAsked = [this](Page page, const PagePlace& place) { m_router.open(page, place); };
   m_signIn.onSignedIn = [this](StoredSession session) { adopt(std::move(session)); };
   m_signIn.onServiceTime = [this](const QDateTime& at) { settleDoubt(at); };
   m_signIn.onDiscarded = [this](const QString& token) { m_farewells.start(logOut(token)); };

@@ -160,7 +160,7 @@ Task<void> Notifier::lookForReplies(Context context, QString latestAt) {
     QList<InboxThread> replies;
     for (const QString& label : goodLabels)
       replies += (co_await context->api().send(Requests::newReplies(label, since))).items;
-    tell(newsOf(replies, slug), u"%1 new positive replies"_s, idOf(repliesKind, slug, {}));
+    tell(newsOf(replies, slug), {idOf(repliesKind, slug, {}), u"%1 new positive replies"_s, {.tab = u"unread"_s}});
   }
   if (isNew || since.isEmpty()) m_preferences.setNotifySince(slug, latestAt.isEmpty() ? beforeAll : latestAt);
   m_latest[slug] = latestAt;
@@ -208,7 +208,7 @@ Task<void> Notifier::lookForFailures(Context context) {
                    {slug, Page::accounts, mailbox.id},
                    address});
     }
-    tell(news, u"%1 accounts failed"_s, idOf(u"accounts"_s, slug, {}));
+    tell(news, {idOf(u"accounts"_s, slug, {}), u"%1 accounts failed"_s, {.tab = u"failed"_s}});
     m_preferences.setFailedAccounts(slug, ids);
   } else if (failed == 0 && !known.isEmpty()) {
     // One that fails again is told again.
@@ -233,7 +233,7 @@ Task<QList<Mailbox>> Notifier::failedAccounts(Context context) {
   co_return failed;
 }
 
-void Notifier::tell(QList<News> news, const QString& title, const QString& summary) {
+void Notifier::tell(QList<News> news, const Summary& summary) {
   news.removeIf([this](const News& one) { return isOnScreen(one.target); });
   if (news.size() <= toldSingly) {
     for (const News& one : news) show(one);
@@ -241,14 +241,15 @@ void Notifier::tell(QList<News> news, const QString& title, const QString& summa
   }
   QStringList names;
   // It takes the place of the last one, whose items nothing else tells of any more.
-  Target target{news.first().target.slug, news.first().target.page, {}, m_shown.value(summary).items};
+  const Target& first = news.first().target;
+  Target target{first.slug, first.page, {}, summary.place, m_shown.value(summary.id).items};
   for (const News& one : news) {
     names.append(one.name);
     target.items.insert(one.target.item);
   }
   Notifications::Notice notice = news.first().notice;
-  notice.id = summary;
-  notice.title = title.arg(news.size());
+  notice.id = summary.id;
+  notice.title = summary.title.arg(news.size());
   notice.body = names.join(u", "_s);
   show({notice, target, {}});
 }
@@ -286,7 +287,12 @@ void Notifier::follow(const QString& id, const QString& token) {
   m_shown.remove(id);
   m_navigator.openWorkspace(target.slug);
   if (m_navigator.workspace() != target.slug) return;
-  target.item.isEmpty() ? m_navigator.open(target.page) : m_navigator.openItem(target.page, target.item);
+  if (!target.item.isEmpty())
+    m_navigator.openItem(target.page, target.item);
+  else if (onPlaceAsked)
+    onPlaceAsked(target.page, target.place);
+  else
+    m_navigator.open(target.page);
 }
 
 }  // namespace orv

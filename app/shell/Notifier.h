@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "app/base/Navigator.h"
+#include "app/base/PageAction.h"
 #include "app/base/desktop/Notifications.h"
 #include "app/base/desktop/Preferences.h"
 #include "kit/async/Clock.h"
@@ -49,6 +50,9 @@ class Notifier final : public QObject {
   /// The window has the keys, or no longer. Who comes back to it is told at once.
   Q_INVOKABLE void setActive(bool active);
 
+  /// Opens a page of the open workspace where the place says; without it a page is opened as it begins.
+  std::function<void(Page page, const PagePlace& place)> onPlaceAsked;
+
   QVariantMap unread() const;
   int attention() const;
 
@@ -65,6 +69,8 @@ class Notifier final : public QObject {
     Page page = Page::inbox;
     /// Empty for the page itself.
     QString item;
+    /// Where in the page those are that are told of as one.
+    PagePlace place = {};
     /// Those that are told of as one: it goes with the last of them.
     QSet<QString> items = {};
   };
@@ -83,8 +89,13 @@ class Notifier final : public QObject {
   Task<QList<Mailbox>> failedAccounts(Context context);
   void take(const UnreadCounts& counts, WorkspaceContext& context);
   QList<News> newsOf(const QList<InboxThread>& replies, const QString& slug);
-  /// `title` has their number in it.
-  void tell(QList<News> news, const QString& title, const QString& summary);
+  /// How many are told of as one: `title` has their number in it, and the page shows them at `place`.
+  struct Summary {
+    QString id;
+    QString title;
+    PagePlace place;
+  };
+  void tell(QList<News> news, const Summary& summary);
   void show(const News& news);
   bool isOnScreen(const Target& target) const;
   void withdraw(const QString& id);

@@ -161,6 +161,22 @@ class AccountsTest : public QObject {
     QVERIFY(store->filter().isEmpty() && store->provider().isEmpty() && store->query().isEmpty());
   }
 
+  void whoIsLedToAStatusSeesAllThatAreInIt() {
+    load({page({account(1), account(2, {}, "failed"), account(3, {}, "failed")})});
+    store->setQuery(u"m2"_s);
+    store->setProvider(u"google"_s);
+    f->api.expect(get);
+    store->setShowArchived(true);
+    store->goTo({.tab = u"failed"_s});
+    QCOMPARE(shown(), (QStringList{u"m2"_s, u"m3"_s}));
+    QVERIFY(!store->showArchived() && store->query().isEmpty());
+    // A way back has no word about the status.
+    store->goTo(store->where());
+    QCOMPARE(store->filter(), u"failed"_s);
+    store->goTo({.tab = {}, .value = u"a3@"_s});
+    QCOMPARE(store->filter(), u"failed"_s);
+  }
+
   void columnsSort_data() {
     QTest::addColumn<QString>("column");
     QTest::addColumn<QStringList>("descending");

@@ -44,6 +44,27 @@ class ConversationsTest : public InboxFixture {
     QCOMPARE(store->where().value, u"  Jonas "_s);
   }
 
+  void whoIsLedToATabSeesEverythingInIt() {
+    load();
+    f->api.expect(list);
+    store->threads()->setMailbox(u"m7"_s);
+    store->threads()->setQuery(u"Jonas"_s);
+    store->setSection(u"drafts"_s);
+    f->api.expect(list);
+    store->goTo({.tab = u"unread"_s});
+    QCOMPARE(query(), u"limit=50&unread=1"_s);
+    f->clock.advance(1s);
+    QCOMPARE(store->sectionName(), u"conversations"_s);
+    QCOMPARE(store->where().value, QString());
+    f->api.answer(list, page({threadOf(1)}));
+    // What came since is shown as well.
+    f->api.expect(list);
+    Q_EMIT f->context->mailCame(u"2026-11-21T12:00:00Z"_s);
+    QVERIFY(store->threads()->newMail());
+    store->goTo({.tab = u"unread"_s});
+    QVERIFY(!store->threads()->newMail());
+  }
+
   void anOpenConversationIsRead() {
     load();
     QCOMPARE(f->context->unread(), std::optional<qint64>(5));

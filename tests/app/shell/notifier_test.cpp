@@ -52,7 +52,7 @@ QByteArray failed(qint64 count) {
 
 QByteArray accounts(const QStringList& failing) {
   QList<QByteArray> items;
-  for (const QString& id : QStringList{u"mb1"_s, u"mb2"_s, u"mb3"_s})
+  for (const QString& id : QStringList{u"mb1"_s, u"mb2"_s, u"mb3"_s, u"mb4"_s, u"mb5"_s, u"mb6"_s})
     items.append(
         R"({"id":")" + id.toUtf8() + R"(","address":")" + id.toUtf8() +
         R"(@a.example","displayName":"","provider":"","role":"sender","dailyCap":1,"createdAt":"","status":")" +
@@ -69,11 +69,15 @@ class NotifierTest : public QObject {
   std::unique_ptr<AppFixture> f;
   std::unique_ptr<FakeNotifications> desktop;
   std::unique_ptr<Notifier> notifier;
+  QStringList places;
 
   Task<UnreadCounts> ask() { co_return co_await f->api.send(Requests::unreadCounts(), {}, u"t"_s); }
   void make() {
     notifier =
         std::make_unique<Notifier>(f->clock, f->preferences, f->navigator, desktop.get(), [this] { return ask(); });
+    notifier->onPlaceAsked = [this](Page page, const PagePlace& place) {
+      places.append(Pages::name(page) + u'/' + place.tab);
+    };
     notifier->enter(f->context);
   }
   void begin() {
@@ -106,6 +110,7 @@ class NotifierTest : public QObject {
   void init() {
     f = std::make_unique<AppFixture>();
     desktop = std::make_unique<FakeNotifications>();
+    places.clear();
   }
   void cleanup() {
     notifier.reset();
@@ -188,9 +193,23 @@ class NotifierTest : public QObject {
     bring({u"t1"_s, u"t2"_s, u"t3"_s, u"t4"_s}, {u"t5"_s, u"t1"_s});
     QCOMPARE(desktop->shown.size(), 1);
     QCOMPARE(desktop->shown.first().title, u"5 new positive replies"_s);
-    Q_EMIT desktop->followed(desktop->shown.first().id, {});
-    QCOMPARE(f->navigator.page, Page::inbox);
-    QVERIFY(f->navigator.item.isEmpty());
+    nextLook();
+    f->api.expect(threads);
+    f->api.answer(counts, unread(0, "2026-11-21T12:00:31Z"));
+    f->api.expect(threads);
+    f->api.answer(threads, pageOf({}));
+    f->api.expect(dashboard);
+    f->api.answer(threads, pageOf({}));
+    f->api.expect(mailboxes);
+    f->api.answer(dashboard, failed(5));
+    f->api.answer(mailboxes, accounts({u"mb1"_s, u"mb2"_s, u"mb3"_s, u"mb4"_s, u"mb5"_s}));
+    QCOMPARE(desktop->shown.size(), 2);
+    QCOMPARE(desktop->shown.last().title, u"5 accounts failed"_s);
+    // Where they all are, in the workspace that they are in.
+    f->navigator.slug = u"north"_s;
+    for (const auto& told : desktop->shown) Q_EMIT desktop->followed(told.id, {});
+    QCOMPARE(places, (QStringList{u"inbox/unread"_s, u"accounts/failed"_s}));
+    QCOMPARE(f->navigator.slug, u"acme"_s);
   }
 
   void manyGoWithTheLastOfThem() {
