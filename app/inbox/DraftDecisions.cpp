@@ -13,6 +13,7 @@ namespace {
 
 const auto cannotApprove = u"Couldn’t approve the draft."_s;
 const auto cannotReject = u"Couldn’t reject the draft."_s;
+const auto undoKey = u"undo/"_s;
 
 DraftDecisionRow rowOf(const DraftDecisions::Undoable& decision, const QDateTime& now) {
   return {.id = decision.item.draft.id,
@@ -175,6 +176,8 @@ Task<void> DraftDecisions::undoTask(QString draftId) {
   const quint64 number = decision->number;
   const bool approved = decision->approved;
   const ReviewDraft item = decision->item;
+  // Beside the decision, which may still be on its way: what is being taken back is waited for, too.
+  const auto mark = m_busy.mark(undoKey + draftId);
   show();
   const auto turn = co_await context().turns().next(draftId);
   // The decision failed before it could be taken back.

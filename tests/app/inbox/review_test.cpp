@@ -169,6 +169,17 @@ class ReviewTest : public QObject {
     }
   }
 
+  void whatIsBeingTakenBackIsWaitedFor() {
+    Review f;
+    f.decide(u"approve"_s);
+    QVERIFY(f.decisions().unsavedWork().isEmpty());
+    f.decisions().undo(u"d1"_s);
+    QVERIFY2(!f.decisions().unsavedWork().isEmpty(), "who closes the window now would have it sent");
+    f.service.run();
+    QVERIFY(f.decisions().unsavedWork().isEmpty());
+    QCOMPARE(f.service.status(u"d1"_s), u"pending"_s);
+  }
+
   void anEditComesBackWithItsDraft() {
     Review f;
     f.store->writing()->setBody(u"Mine"_s);
