@@ -88,6 +88,17 @@ void arriveAtTicked(SweepStage& s) {
   arrive(s);
   page(s).list.results()->selection()->toggleAll();
 }
+void arriveAtImport(SweepStage& s) {
+  static const QTemporaryDir folder;
+  QFile file(folder.filePath(u"fair.csv"_s));
+  if (!file.open(QIODevice::WriteOnly) || file.write("Email\na@x.example\n") < 0) qFatal("The test writes no file");
+  file.close();
+  s.f.filePanel.opened = file.fileName();
+  arrive(s);
+  page(s).actions.importing()->show();
+  page(s).actions.importing()->chooseFile();
+  s.finish();
+}
 void arriveAtAdding(SweepStage& s) {
   arrive(s);
   page(s).actions.addToList(one);
@@ -239,9 +250,20 @@ QList<SweepRow> leadListRows() {
           u"AddToCampaign::retry"_s, u"GET /campaigns"_s, sample(u"CampaignList"_s),
           [](SweepStage& s) { page(s).actions.campaignAdding()->retry(); },
           [](SweepStage& s) { return failureOf(*page(s).actions.campaignAdding()->campaigns()); }),
-      {u"Leads, many unlocked"_s,
-       arrive,
-       [](SweepStage& s) { page(s).actions.unlock(one); },
+      {u"CsvImportForm::submit"_s,
+       arriveAtImport,
+       [](SweepStage& s) { page(s).actions.importing()->submit(); },
+       u"POST /lead-imports/csv"_s,
+       sample(u"ImportStarted"_s),
+       {u"importId"_s, u"jobId"_s},
+       [](SweepStage& s) { return page(s).actions.importing()->form()->busy(); },
+       shown,
+       [](SweepStage& s) { return page(s).actions.importing()->form()->error(); },
+       false,
+       true},
+      {u"LeadResults::unlock"_s,
+       arriveAtTicked,
+       [](SweepStage& s) { page(s).list.results()->unlock(); },
        u"POST /leads/unlock"_s,
        sample(u"UnlockResult"_s),
        {u"items"_s, u"unlocked"_s, u"usage"_s},

@@ -78,6 +78,21 @@ SweepRow bulk(const QString& operation, void (RampupBulk::*press)()) {
           shown};
 }
 
+SweepRow warmupOfMany() {
+  return {u"RampupBulk::switchWarmup"_s,
+          arrive,
+          [](SweepStage& s) { list(s).bulk()->switchWarmup(false); },
+          u"PATCH /rampup/mb1/settings"_s,
+          detail(),
+          {u"mailboxId"_s, u"settings"_s},
+          [](SweepStage& s) { return !list(s).bulk()->busy().isEmpty(); },
+          // What failed stays ticked.
+          [](SweepStage& s) { return QVariant(list(s).bulk()->selection()->ids()); },
+          {},
+          false,
+          true};
+}
+
 SweepRow onAccount(const QString& name, const QString& request, std::function<void(SweepStage&)> press) {
   return {name, arrive, std::move(press), request, detail(), {u"mailboxId"_s, u"settings"_s}, isBusy, stateLine};
 }
@@ -265,7 +280,8 @@ QList<SweepRow> deliverabilityRows() {
 QList<SweepRow> rampupRows() {
   return QList{bulk(u"RampupBulk::pause"_s, &RampupBulk::pause), bulk(u"RampupBulk::resume"_s, &RampupBulk::resume),
                bulk(u"RampupBulk::extend"_s, &RampupBulk::extend)} +
-         onAccountRows() + templateRows() + QList{ofMany(), onTemplate(), newTemplate()} + deliverabilityRows();
+         onAccountRows() + templateRows() + QList{ofMany(), warmupOfMany(), onTemplate(), newTemplate()} +
+         deliverabilityRows();
 }
 
 }  // namespace orv::test

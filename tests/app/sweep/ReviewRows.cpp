@@ -125,6 +125,26 @@ QList<SweepRow> reviewRows() {
            [](SweepStage& s) { return QVariant(review(s).history()->list()->shownIds()); }}};
 }
 
+/// Of a draft that has just been decided.
+SweepRow taking(const QString& name, const QString& key, const QString& verb, const QString& status,
+                const QString& back) {
+  return {name,
+          [=](SweepStage& s) {
+            arrive(s);
+            s.answers[u"POST /inbox/drafts/d1/"_s + verb] = written(draft(status));
+            s.answers[u"GET /inbox/threads/t1"_s] =
+                sample(u"ThreadDetail"_s,
+                       {{u"thread"_s, objectOf(sample(u"InboxThread"_s))}, {u"drafts"_s, QJsonArray{draft(status)}}});
+            review(s).act(key);
+          },
+          [](SweepStage& s) { review(s).decisions()->undo(u"d1"_s); },
+          u"POST /inbox/drafts/d1/"_s + back,
+          written(draft()),
+          {u"id"_s},
+          isBusy,
+          [](SweepStage& s) { return QVariant(review(s).decisions()->rows()->rowCount()); }};
+}
+
 /// Of a draft that has just been skipped.
 SweepRow reason() {
   const auto reject = u"POST /inbox/drafts/d1/reject"_s;
@@ -172,6 +192,13 @@ QList<SweepRow> agentRows() {
 
 }  // namespace
 
-QList<SweepRow> inboxReviewRows() { return reviewRows() + QList{reason()} + agentRows(); }
+QList<SweepRow> inboxReviewRows() {
+  return reviewRows() +
+         QList{taking(u"DraftDecisions::undo"_s, u"skip"_s, u"reject"_s, u"rejected"_s, u"restore"_s),
+               taking(u"DraftDecisions::undo, of an approval"_s, u"approve"_s, u"approve"_s, u"approved"_s,
+                      u"undo-approve"_s),
+               reason()} +
+         agentRows();
+}
 
 }  // namespace orv::test

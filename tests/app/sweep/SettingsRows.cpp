@@ -74,7 +74,18 @@ QList<SweepRow> workspaceRows() {
       [](SweepStage& s) { return settings(s).clientForm()->busy(); },
       name,
       [](SweepStage& s) { return settings(s).clientForm()->error(); }};
-  return {save, blocklist, client};
+  SweepRow deletion{u"SettingsStore::deleteWorkspace"_s,
+                    at(u"workspace"_s),
+                    [](SweepStage& s) { settings(s).deleteWorkspace(); },
+                    u"DELETE /"_s,
+                    {},
+                    {},
+                    [](SweepStage& s) { return settings(s).deleting(); },
+                    [](SweepStage& s) { return QVariant(s.f.program.deleted); },
+                    {},
+                    false,
+                    true};
+  return {save, blocklist, client, deletion};
 }
 
 QList<SweepRow> memberRows() {

@@ -167,11 +167,12 @@ void Sweep::ownerGone(int n) {
   life.steps(n);
   const int asked = life.stage.service.asked();
   // What is over by then has been told while somebody was there.
-  const bool isOver = life.stage.f.jobs.running() == 0;
+  const bool isOver = life.stage.f.jobs.running() == 0 && !life.waits();
+  const bool isBegun = !life.stage.f.overlays.asking();
   life.stage.f.toasts.clear();
   life.stage.owner.reset();
   settle();
-  if (m_row.isJob) return jobOutlives(what, life, isOver ? 0 : 1);
+  if (m_row.isJob && isBegun) return jobOutlives(what, life, isOver ? 0 : 1);
   if (life.stage.f.overlays.asking()) say(what, life, u"its question stays"_s);
   if (const QString left = life.stage.service.waiting(); !left.isEmpty()) say(what, life, u"still asks "_s + left);
   life.stage.finish();

@@ -80,11 +80,20 @@ bool SweepStage::step(const QString& held) {
     return true;
   }
   const QString label = service.waiting(held);
-  if (label.isEmpty()) return false;
+  if (label.isEmpty()) return endBackground();
   const auto known = answers.find(label);
   if (known == answers.end()) complaints.append(u"the stage has no answer to "_s + label);
   f.api.answer(label, known == answers.end() ? QByteArray("{}") : known->second);
   return true;
+}
+
+/// What is read or written in the background has its end, too. True when something is asked for it.
+bool SweepStage::endBackground() {
+  const int before = service.asked();
+  settle();
+  QThreadPool::globalInstance()->waitForDone();
+  settle();
+  return service.asked() > before;
 }
 
 void SweepStage::finish(const QString& held) {
@@ -93,10 +102,6 @@ void SweepStage::finish(const QString& held) {
     complaints.append(u"asks without end: "_s + service.waiting());
     return;
   }
-  // What is written in the background has its end, too.
-  settle();
-  QThreadPool::globalInstance()->waitForDone();
-  settle();
 }
 
 int SweepStage::told() const {

@@ -65,6 +65,9 @@ class SweepStage {
   OpenTransport service{f.api};
   /// The page's store, with all its parts.
   std::unique_ptr<Store> owner;
+
+ private:
+  bool endBackground();
 };
 
 /// The example of a record in the fixtures, with some members changed.
@@ -93,7 +96,7 @@ struct SweepRow {
   std::function<QString(SweepStage&)> error = {};
   /// Only reads: asked again, it lets go of what it asked before.
   bool reads = false;
-  /// A job does it: it goes on when its store has gone, and tells its end.
+  /// Once nobody is asked any more it goes on when its store has gone, and tells its end: mostly a job does it.
   bool isJob = false;
 
   QString operation() const { return name.section(u',', 0, 0); }
