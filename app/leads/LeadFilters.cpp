@@ -161,6 +161,7 @@ void LeadFilters::removeChip(const QString& chip) {
 }
 
 void LeadFilters::clear() {
+  if (!std::exchange(m_shownExclusions, {}).isEmpty()) Q_EMIT changed();
   LeadSearch search;
   search.only = m_search.only;
   search.set(u"source"_s, m_search.value(u"source"_s));

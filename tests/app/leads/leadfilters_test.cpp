@@ -110,6 +110,15 @@ class LeadFiltersTest : public QObject {
     QVERIFY(filters().search().values.isEmpty());
   }
 
+  void clearingTakesAwayTheFieldsThatWereOnlyOpened() {
+    f->filters.showExclusions(u"title"_s);
+    QCOMPARE(f->filters.exclusions(), QStringList{u"title"_s});
+    QSignalSpy changed(&f->filters, &LeadFilters::changed);
+    f->filters.clear();
+    QCOMPARE(f->filters.exclusions(), QStringList());
+    QCOMPARE(changed.count(), 1);
+  }
+
   void aValueWithCommasIsTickedWhole() {
     f->api.expect(f->facets);
     facet(u"industry"_s).show();
