@@ -9,6 +9,7 @@ namespace orv {
 namespace {
 
 const auto eachUsesOne = u"Each lead you don’t have yet uses one unlock."_s;
+const auto searchKey = u"search"_s;
 
 }  // namespace
 
@@ -21,7 +22,8 @@ LeadAllowance::LeadAllowance(WorkspaceContext& context, Store& whole)
         Q_EMIT inDoubt();
       }) {
   connect(&m_usage, &ResourceBase::changed, this, &LeadAllowance::changed);
-  connect(&m_busy, &BusySet::changed, this, &LeadAllowance::tellBusySoon);
+  for (const BusySet* busy : {&m_busy, &m_searchBusy})
+    connect(busy, &BusySet::changed, this, &LeadAllowance::tellBusySoon);
 }
 
 QString LeadAllowance::leftText() const {
@@ -69,6 +71,7 @@ Task<void> LeadAllowance::unlockOneTask(QString id) {
 
 Task<std::optional<UnlockResult>> LeadAllowance::unlock(UnlockBody body, QString failure, Actions::Tell tell) {
   std::vector<BusySet::Mark> marks;
+  if (searchBusy()) co_return std::nullopt;
   if (body.leadIds) {
     // What is being unlocked already is not asked for again.
     body.leadIds->removeIf([&](const QString& id) {
@@ -78,6 +81,8 @@ Task<std::optional<UnlockResult>> LeadAllowance::unlock(UnlockBody body, QString
       return !isFree;
     });
     if (body.leadIds->isEmpty()) co_return std::nullopt;
+  } else {
+    marks.push_back(m_searchBusy.mark(searchKey));
   }
   // One after another: what is left is what the last answer says.
   auto result = co_await m_actions.change<UnlockResult>(

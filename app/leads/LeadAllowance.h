@@ -16,6 +16,7 @@ class LeadAllowance final : public Store {
   Q_PROPERTY(QString note READ note NOTIFY changed)
   Q_PROPERTY(double share READ share NOTIFY changed)
   Q_PROPERTY(QStringList busyIds READ busyIds NOTIFY busyChanged)
+  Q_PROPERTY(bool searchBusy READ searchBusy NOTIFY busyChanged)
 
  public:
   LeadAllowance(WorkspaceContext& context, Store& whole);
@@ -36,6 +37,8 @@ class LeadAllowance final : public Store {
 
   /// Leads that are being unlocked.
   QStringList busyIds() const { return m_busy.ids().values(); }
+  /// The first leads of a search are being unlocked: until the answer comes nobody knows which, and every other waits.
+  bool searchBusy() const { return !m_searchBusy.ids().isEmpty(); }
   Q_INVOKABLE void unlockOne(const QString& id) { m_tasks.start(unlockOneTask(id)); }
   /// Sends it once. Nothing when it failed, which has then been told: in the form where `tell` does so, or in a
   /// message.
@@ -57,7 +60,7 @@ class LeadAllowance final : public Store {
   void tellBusySoon();
 
   Resource<UnlockUsage> m_usage;
-  BusySet m_busy;
+  BusySet m_busy, m_searchBusy;
   Actions m_actions;
   bool m_tellsSoon = false;
 };

@@ -58,7 +58,7 @@ Rectangle {
                 iconName: "object-unlocked"
                 enabled: root.canWrite
                 hint: root.canWrite ? "" : "Only members can unlock leads."
-                busy: root.unlocking.includes(root.leadId)
+                busy: root.allowance.searchBusy || root.unlocking.includes(root.leadId)
                 onClicked: root.allowance.unlockOne(root.leadId)
             }
         }

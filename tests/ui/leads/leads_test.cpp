@@ -1,4 +1,5 @@
 #include "app/leads/LeadsStore.h"
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -63,6 +64,21 @@ class LeadsWindowTest : public ui::WindowTest {
     m_stage->settle();
     QCOMPARE(filters().search().pieces(u"title"_s), QStringList{title});
     QCOMPARE(m_stage->app().router()->page(), Page::leads);
+  }
+
+  void whoMayBeUnlockedAmongOthersIsNotUnlockedAlone() {
+    open();
+    const auto& rows = results().list()->rows()->records();
+    const auto locked = std::ranges::find_if(rows, [](const FoundLead& row) { return row.record().locked == true; });
+    QVERIFY2(locked != rows.end(), "the sample has none");
+    results().card()->open(locked->id);
+    results().takeFirst(u"5"_s);
+    results().unlock();
+    m_stage->settle();
+    m_stage->transport().mode = StagedTransport::Mode::holding;
+    Overlays& overlays = *m_stage->app().overlays();
+    overlays.answer(overlays.token(), true);
+    QTRY_VERIFY(ui::Reader::find(m_stage->window().contentItem(), u"Unlock, busy"_s));
   }
 
   void aFoldedRailOpensForWhoeverTypes() {
