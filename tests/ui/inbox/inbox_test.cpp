@@ -1,4 +1,5 @@
 #include "app/inbox/InboxStore.h"
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -113,6 +114,28 @@ class InboxWindowTest : public ui::WindowTest {
     QTRY_COMPARE(lastMessage(), u"Moved back to the inbox"_s);
     inbox().threads()->setTab(u"all"_s);
     QTRY_VERIFY(ids().contains(id));
+  }
+
+  void theLastThatMatchesIsArchivedAndTakenBack() {
+    const auto saysThatNothingMatches = [this] {
+      return ui::Reader::find(m_stage->window().contentItem(),
+                              u"No conversations match, Try another status, mailbox or search."_s) != nullptr;
+    };
+    arrive();
+    inbox().threads()->setQuery(u"endless"_s);
+    QTRY_COMPARE(ids().size(), 1);
+    const QString id = ids().first();
+    inbox().open(id);
+    waitForOpen(id);
+    QVERIFY(!saysThatNothingMatches());
+    press(Qt::Key_E);
+    QTRY_VERIFY(saysThatNothingMatches());
+    QTRY_COMPARE(lastMessage(), u"Archived"_s);
+    QVERIFY(ids().isEmpty());
+    m_stage->press(u"Undo"_s);
+    QTRY_COMPARE(lastMessage(), u"Moved back to the inbox"_s);
+    QTRY_COMPARE(ids(), QStringList{id});
+    QTRY_VERIFY(!saysThatNothingMatches());
   }
 
   void aLongThreadAndALongBodyAreDrawn() {
