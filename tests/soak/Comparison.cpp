@@ -65,7 +65,11 @@ QStringList Comparison::run(bool refreshing, std::optional<Page> only) {
   m_only = only;
   for (const QVariant& one : m_shown.app().workspaces()) {
     const QString slug = one.toMap().value(u"slug"_s).toString();
-    if (!m_shown.app().sessionOrder().contains(slug)) continue;
+    // One that was left with something unsaved in it stays until that is thrown away.
+    const auto kept = m_shown.app().journal().entries();
+    const bool isKept =
+        std::ranges::find(kept, slug, [](const auto& entry) { return entry.key.workspace; }) != kept.end();
+    if (!isKept && !m_shown.app().sessionOrder().contains(slug)) continue;
     m_shown.app().openWorkspace(slug);
     m_held.app().openWorkspace(slug);
     throwAway(slug);
