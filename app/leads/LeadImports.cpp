@@ -60,7 +60,7 @@ QString timeOf(const LeadImport& import) {
 LeadImports::LeadImports(WorkspaceContext& context, Store& whole, std::function<QString(const QString&)> nameOf)
     : Store(context, &whole),
       m_nameOf(std::move(nameOf)),
-      m_actions(context, m_busy, [this] { m_list.load(); }),
+      m_actions(context, m_busy, [this] { readAnew(); }),
       m_list(*this, [this] { return load(); }, {.failed = u"Couldn’t load imports"_s}) {
   connect(&m_list, &ResourceBase::changed, this, &LeadImports::changed);
   connect(&m_list, &ResourceBase::valueChanged, this, &LeadImports::arrived);
@@ -68,14 +68,21 @@ LeadImports::LeadImports(WorkspaceContext& context, Store& whole, std::function<
   // Even where nobody has looked at the history yet: somebody has to see the end.
   context.changes().watch<LeadImport>(this, [this](const Change<LeadImport>&) {
     m_hasBegun = true;
-    m_list.load();
+    readAnew();
   });
+}
+
+/// Something was done here: what was asked before may not know of it.
+void LeadImports::readAnew() {
+  m_known = m_asked;
+  m_list.load();
 }
 
 Task<LeadImportPage> LeadImports::load() {
   const int reading = ++m_asked;
   LeadImportPage page = co_await api().send(Requests::leadImports());
-  m_shown = reading;
+  if (reading <= m_known && m_list.value()) co_return *m_list.value();
+  m_known = reading;
   co_return page;
 }
 
@@ -113,8 +120,8 @@ Task<bool> LeadImports::readAgain() {
   try {
     const int reading = ++m_asked;
     const LeadImportPage page = co_await api().send(Requests::leadImports());
-    if (reading < m_shown) co_return active() == 0;
-    m_shown = reading;
+    if (reading <= m_known) co_return active() == 0;
+    m_known = reading;
     m_list.amend([&page](LeadImportPage& shown) { shown = page; });
   } catch (const APIError& error) {
     co_return error.is(APIError::Kind::unauthorized);
@@ -163,7 +170,7 @@ Task<void> LeadImports::cancelTask(QString id) {
   const QString name = import->fileName ? shownName(*import->fileName) : u"the file"_s;
   if (!co_await m_actions.perform(id, Requests::cancelLeadImport(id), u"Couldn’t cancel the import."_s)) co_return;
   services().toasts.success(u"Cancelled the import of "_s + name);
-  m_list.load();
+  readAnew();
 }
 
 void LeadImports::close() {

@@ -63,6 +63,7 @@ class LeadImports final : public Store {
 
  private:
   Task<LeadImportPage> load();
+  void readAnew();
   void arrived();
   void show();
   LeadImportRow rowOf(const LeadImport& import) const;
@@ -80,9 +81,9 @@ class LeadImports final : public Store {
   QSet<QString> m_hadEnded;
   /// One was begun here since, and may have ended before it was ever read.
   bool m_hasBegun = false;
-  /// Readings are counted as they are asked for: an older one takes no newer one's place.
+  /// Readings are counted as they are asked for: one that is not newer than what is known counts no more.
   int m_asked = 0;
-  int m_shown = 0;
+  int m_known = 0;
   TaskSlot m_following;
 };
 

@@ -283,10 +283,15 @@ class AddingLeadsTest : public QObject {
     f->api.expect(unlock);
     f->confirm();
     QCOMPARE(f->sentBody().value(u"limit"_s).toInt(), 500);
+    // Nobody knows yet who is among them: no other is asked for meanwhile, and so none twice.
+    QVERIFY(f->actions.allowance()->searchBusy());
+    f->actions.allowance()->unlockOne(u"l3"_s);
     // Nobody knows whether it went through: it is said so, and the allowance read anew.
     f->api.expect(usage);
     f->api.fail(unlock, TransportFailure::timedOut);
     QVERIFY(f->lastToast() != u"Unlocked 1 lead"_s && !f->actions.unlocking());
+    QVERIFY(!f->actions.allowance()->searchBusy());
+    QCOMPARE(f->asked(unlock), 2);
     f->api.answer(usage, allowance(589));
     QCOMPARE(f->actions.allowance()->leftText(), u"911 unlocks left"_s);
   }

@@ -30,6 +30,29 @@ QByteArray made(const QByteArray& list) {
   return R"({"list":)" + list + R"(,"added":0,"already":0,"skipped":0,"queued":0})";
 }
 
+QByteArray running(const QByteArray& id, int rows) {
+  return LeadsFixture::import(id, "running", R"(,"totalRows":100,"readRows":)" + QByteArray::number(rows));
+}
+
+QByteArray endedInto(const QByteArray& id, const QByteArray& list) {
+  return LeadsFixture::import(id, "done", R"(,"inserted":1,"listId":")" + list + R"(")");
+}
+
+/// Gives every reading of the imports a name of its own, so that a later one can be answered first.
+class NumberedReadings final : public APITransport {
+ public:
+  explicit NumberedReadings(FakeTransport& fake) : m_fake(fake) {}
+  static QString name(int reading) { return u"GET /lead-imports "_s + QString::number(reading); }
+  std::unique_ptr<Exchange> exchange(APICall call, std::shared_ptr<AnswerReceiver> receiver) override {
+    if (call.request.path == "/lead-imports"_L1) call.request.path += u' ' + QString::number(++m_last);
+    return m_fake.exchange(std::move(call), std::move(receiver));
+  }
+
+ private:
+  FakeTransport& m_fake;
+  int m_last = 0;
+};
+
 }  // namespace
 
 class LeadListsTest : public QObject {
@@ -255,6 +278,73 @@ class LeadListsTest : public QObject {
     QCOMPARE(row().resultText, u"118 new, 2 updated"_s);
     answerLists(f->page({}));
     f->store.reset();
+    f->clock.advance(1min);
+  }
+
+  void aReadingThatIsOvertakenChangesNothing() {
+    NumberedReadings numbered(f->api);
+    const auto context =
+        std::make_shared<WorkspaceContext>(f->context->workspace(), QString(), numbered, f->services, [] {});
+    LeadActions leadActions(*context);
+    LeadsStore store(*context, leadActions);
+    LeadImports& imports = *store.lists()->imports();
+    QStringList told;
+    QObject watcher;
+    context->changes().watch<ListedLeads>(&watcher, [&](const Change<ListedLeads>& change) { told.append(change.id); });
+    const auto asks = [&](int reading) { f->api.expect(NumberedReadings::name(reading)); };
+    const auto comes = [&](int reading, const QByteArrayList& page) {
+      f->api.answer(NumberedReadings::name(reading), f->page(page));
+    };
+    const auto shown = [&] { return imports.rows()->records().front().resultText; };
+
+    // A poll, by whoever reads the history anew.
+    asks(1);
+    imports.retry();
+    comes(1, {running("im1", 10)});
+    asks(2);
+    f->clock.advance(2s);
+    asks(3);
+    imports.retry();
+    comes(3, {running("im1", 50)});
+    comes(2, {endedInto("im1", "li1")});
+    QCOMPARE(shown(), u"50 of 100 rows"_s);
+    QVERIFY(imports.active() == 1 && told.isEmpty());
+
+    // Who reads it anew, by a poll.
+    asks(4);
+    imports.retry();
+    asks(5);
+    f->clock.advance(2s);
+    comes(5, {running("im1", 80)});
+    comes(4, {running("im1", 60)});
+    QCOMPARE(shown(), u"80 of 100 rows"_s);
+
+    // A poll that was asked before another import began: it knows neither that one nor what has ended since.
+    asks(6);
+    f->clock.advance(2s);
+    asks(7);
+    context->changes().stale<LeadImport>();
+    comes(6, {running("im1", 90)});
+    QCOMPARE(shown(), u"80 of 100 rows"_s);
+    comes(7, {endedInto("im2", "li2"), running("im1", 95)});
+    QCOMPARE(told, QStringList{u"li2"_s});
+
+    // A poll, by a cancelling.
+    asks(8);
+    f->clock.advance(2s);
+    f->api.expect(cancel);
+    imports.cancel(u"im1"_s);
+    asks(9);
+    f->api.answer(cancel, "");
+    comes(8, {running("im1", 98)});
+    QCOMPARE(shown(), u"1 new"_s);
+    QCOMPARE(imports.rows()->records().back().resultText, u"95 of 100 rows"_s);
+    comes(9, {endedInto("im2", "li2"), f->import("im1", "cancelled")});
+    QCOMPARE(imports.active(), 0);
+    // Once more, and no longer.
+    asks(10);
+    f->clock.advance(2s);
+    comes(10, {endedInto("im2", "li2"), f->import("im1", "cancelled")});
     f->clock.advance(1min);
   }
 
