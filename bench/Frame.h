@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <QQmlComponent>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <cstdio>
 #include <memory>
@@ -30,6 +31,14 @@ inline void frame(QQuickWindow& window) {
   window.update();
   loop.exec();
   QObject::disconnect(drawn);
+}
+
+/// What scrolls the rows of a table, among all that is on the screen.
+inline QQuickItem* rowsIn(QQuickItem* item) {
+  if (item->isVisible() && item->property("firstRow").isValid() && item->property("contentY").isValid()) return item;
+  for (QQuickItem* child : item->childItems())
+    if (QQuickItem* found = rowsIn(child)) return found;
+  return nullptr;
 }
 
 }  // namespace orv::bench

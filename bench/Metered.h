@@ -17,6 +17,11 @@ class Metered final : public APITransport {
     spent += milliseconds([&] { begun = m_api.exchange(std::move(call), std::move(receiver)); });
     return begun;
   }
+  /// Milliseconds that the work takes without the service's share.
+  double apart(const std::function<void()>& work) const {
+    const double before = spent, whole = milliseconds(work);
+    return whole - (spent - before);
+  }
   double spent = 0;
 
  private:

@@ -65,6 +65,7 @@ struct Figures {
 
 std::vector<LeadRow> matching(const PagedRows<LeadRow>& all, const QString& needle) {
   std::vector<LeadRow> rows;
+  rows.reserve(size_t(all.size()));
   all.each([&](const LeadRow& row) {
     if (row.prepared().holds(needle)) rows.push_back(row);
   });

@@ -152,7 +152,7 @@ class PagedList final : public PagedListBase {
     const Stamp asked = m_owner.context().changes().stamp();
     const auto cursor = m_asksAnew ? std::nullopt : m_rows.cursor(page);
     Page answer = co_await m_loader({page == 0 ? m_options.first : m_options.further, cursor});
-    if (generation == m_generation) take(page, std::move(answer), asked);
+    if (generation == m_generation) take(page, std::move(answer), askedFor(answer, asked));
   }
 
   void take(size_t page, Page answer, Stamp asked) {
@@ -172,6 +172,14 @@ class PagedList final : public PagedListBase {
       m_model.update(arranged());
     takeHead(page, std::move(answer));
     pageTaken();
+  }
+
+  /// A part of what the service gave in one piece knows when that was asked for.
+  static Stamp askedFor(const Page& page, Stamp now) {
+    if constexpr (requires { page.asked; })
+      return page.asked.value_or(now);
+    else
+      return now;
   }
 
   void reconcile(Page& answer, Stamp asked) {

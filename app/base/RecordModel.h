@@ -44,6 +44,7 @@ class RecordModel : public ListModel {
   }
 
   void update(std::vector<Record> records) {
+    if (m_records.empty()) return append(records);
     removeGone(records);
     QSet<QString> known;
     const auto isKnown = [this, &known](const QString& id) {
@@ -113,6 +114,17 @@ class RecordModel : public ListModel {
     return isKey(field) ? fieldVariant(record, field) : inRow(fieldVariant(record, field));
   }
 
+  /// A view that looks for an id finds it without every row being asked for it.
+  QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                        Qt::MatchFlags flags) const override {
+    static const qsizetype idField = fieldNames<Record>().indexOf("id");
+    const bool looksForId = hits == 1 && start.row() == 0 && role == firstRole + int(idField);
+    if (!looksForId || flags != (Qt::MatchFixedString | Qt::MatchCaseSensitive))
+      return ListModel::match(start, role, value, hits, flags);
+    const auto found = std::ranges::find(m_records, value.toString(), &Record::id);
+    return found == m_records.end() ? QModelIndexList() : QModelIndexList{index(int(found - m_records.begin()))};
+  }
+
   QHash<int, QByteArray> roleNames() const override {
     QHash<int, QByteArray> roles;
     const auto& names = fieldNames<Record>();
@@ -161,13 +173,12 @@ class RecordModel : public ListModel {
     Q_EMIT layoutChanged({}, VerticalSortHint);
   }
 
-  /// Where few of them are now. The index of all rows, made for them, would cost a keystroke in a filter its frame.
-  QHash<QString, int> rowsOf(const QStringList& ids) const {
-    const QSet<QString> wanted(ids.begin(), ids.end());
+  /// Where few of them are now. An index of all rows, or a hash of each, would cost a keystroke in a filter its frame.
+  QHash<QString, int> rowsOf(QStringList ids) const {
+    ids.removeDuplicates();
     QHash<QString, int> rows;
-    for (int row = 0; row < rowCount() && rows.size() < wanted.size(); ++row)
-      if (const QString& id = m_records[size_t(row)].id; wanted.contains(id) && !rows.contains(id))
-        rows.insert(id, row);
+    for (int row = 0; row < rowCount() && rows.size() < ids.size(); ++row)
+      if (const QString& id = m_records[size_t(row)].id; ids.contains(id) && !rows.contains(id)) rows.insert(id, row);
     return rows;
   }
 

@@ -108,8 +108,7 @@ QList<PageAction> CampaignLeads::offeredOf(const CampaignLead& lead) {
   };
   if (lead.status.isActive() || lead.status.isQueued())
     add(u"pause"_s, u"Pause"_s, u"media-playback-pause"_s, [this, id] { pause({id}); });
-  if (lead.status.rawValue == "paused"_L1)
-    add(u"resume"_s, u"Resume"_s, u"media-playback-start"_s, [this, id] { resume({id}); });
+  if (lead.status.isPaused()) add(u"resume"_s, u"Resume"_s, u"media-playback-start"_s, [this, id] { resume({id}); });
   add(u"move"_s, u"Move to another campaign"_s, u"go-next"_s, [this, id] { beginMove({id}); });
   add(u"remove"_s, u"Remove"_s, u"edit-delete"_s, [this, id] { remove({id}); });
   actions.last().keys = u"Del"_s;

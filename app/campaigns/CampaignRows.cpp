@@ -66,13 +66,15 @@ const CampaignSummary* CampaignIndex::find(const QString& id) const {
   return found == m_items.end() ? nullptr : &*found;
 }
 
-QStringList CampaignIndex::tags() const {
+const QStringList& CampaignIndex::tags() const {
+  if (m_tags) return *m_tags;
   QSet<QString> all;
   for (const auto& item : m_items)
-    if (item.tags) all.unite({item.tags->begin(), item.tags->end()});
-  QStringList sorted(all.begin(), all.end());
-  std::ranges::sort(sorted, nameCollator());
-  return sorted;
+    if (item.tags)
+      for (const QString& tag : *item.tags) all.insert(tag);
+  m_tags.emplace(all.begin(), all.end());
+  std::ranges::sort(*m_tags, nameCollator());
+  return *m_tags;
 }
 
 std::vector<CampaignSummary> CampaignIndex::visible(const CampaignQuery& query) const {

@@ -30,7 +30,7 @@ class CampaignIndex {
   const QList<CampaignSummary>& items() const { return m_items; }
   const CampaignSummary* find(const QString& id) const;
   /// All tags in use, in the user's alphabetical order.
-  QStringList tags() const;
+  const QStringList& tags() const;
   /// The rows that `query` leaves, in its order; without one, in the service's.
   std::vector<CampaignSummary> visible(const CampaignQuery& query) const;
 
@@ -42,6 +42,8 @@ class CampaignIndex {
   std::vector<QString> m_lowerNames;
   /// Collation keys are dear; they are made when the first sort by name asks for them.
   mutable std::vector<QCollatorSortKey> m_nameKeys;
+  /// The page reads them again with every keystroke.
+  mutable std::optional<QStringList> m_tags;
 };
 
 /// The rows on screen: the records and what the table says of them.

@@ -9,29 +9,13 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-ORV_DEFINE_ROW(DeliverabilityRow)
-
 namespace {
 
 QString orDash(const QString& text) { return text.isEmpty() ? noValue : text; }
 
-DeliverabilityRow rowOf(const DeliverabilityInbox& inbox) {
-  const QString stage = inbox.stage.value_or(QString());
-  const QString rate = WatcherWords::percent(inbox.inboxRate);
-  return {.id = inbox.id,
-          .address = inbox.address,
-          .brand = brandName(brandOf(inbox.provider)),
-          .stageLabel = WatcherWords::stageLabel(stage),
-          .stageTone = WatcherWords::stageTone(stage),
-          .rateText = inbox.lastScanAt ? orDash(rate) : u"Not scanned"_s,
-          .rateLow = WatcherWords::isLow(inbox.inboxRate),
-          .checksText = rate.isEmpty() ? QString() : WatcherWords::checks(inbox.n),
-          .checkCount = Format::grouped(inbox.n),
-          .gmailText = orDash(WatcherWords::percent(inbox.google)),
-          .outlookText = orDash(WatcherWords::percent(inbox.microsoft)),
-          .verdict = inbox.verdict.value_or(QString()),
-          .reason = inbox.reason.value_or(QString())};
-}
+QString rateOf(const DeliverabilityInbox& inbox) { return WatcherWords::percent(inbox.inboxRate); }
+
+QString stageOf(const DeliverabilityInbox& inbox) { return inbox.stage.value_or(QString()); }
 
 std::optional<double> rateBy(const DeliverabilityInbox& inbox, const QString& key) {
   if (key == "gmail"_L1) return inbox.google;
@@ -62,15 +46,33 @@ void sort(std::vector<qsizetype>& rows, const QList<DeliverabilityInbox>& inboxe
 
 }  // namespace
 
-std::vector<DeliverabilityRow> rowsOf(const QList<DeliverabilityInbox>& inboxes, const DeliverabilityQuery& query) {
+const DeliverabilityRows::Cells& DeliverabilityRows::cells() {
+  static const Cells cells{
+      {"brand", [](auto&, auto& inbox) -> QVariant { return brandName(brandOf(inbox.provider)); }},
+      {"stageLabel", [](auto&, auto& inbox) -> QVariant { return WatcherWords::stageLabel(stageOf(inbox)); }},
+      {"stageTone", [](auto&, auto& inbox) -> QVariant { return WatcherWords::stageTone(stageOf(inbox)); }},
+      {"rateText",
+       [](auto&, auto& inbox) -> QVariant { return inbox.lastScanAt ? orDash(rateOf(inbox)) : u"Not scanned"_s; }},
+      {"rateLow", [](auto&, auto& inbox) -> QVariant { return WatcherWords::isLow(inbox.inboxRate); }},
+      {"checksText",
+       [](auto&, auto& inbox) -> QVariant { return inbox.inboxRate ? WatcherWords::checks(inbox.n) : QString(); }},
+      {"checkCount", [](auto&, auto& inbox) -> QVariant { return Format::grouped(inbox.n); }},
+      {"gmailText", [](auto&, auto& inbox) -> QVariant { return orDash(WatcherWords::percent(inbox.google)); }},
+      {"outlookText", [](auto&, auto& inbox) -> QVariant { return orDash(WatcherWords::percent(inbox.microsoft)); }},
+      {"verdictText", [](auto&, auto& inbox) -> QVariant { return inbox.verdict.value_or(QString()); }},
+      {"reasonText", [](auto&, auto& inbox) -> QVariant { return inbox.reason.value_or(QString()); }},
+  };
+  return cells;
+}
+
+std::vector<DeliverabilityInbox> rowsOf(const QList<DeliverabilityInbox>& inboxes, const DeliverabilityQuery& query) {
   std::vector<qsizetype> places;
   for (qsizetype place = 0; place < inboxes.size(); ++place)
-    if (query.stage.isEmpty() || WatcherWords::groupOf(inboxes[place].stage.value_or(QString())) == query.stage)
-      places.push_back(place);
+    if (query.stage.isEmpty() || WatcherWords::groupOf(stageOf(inboxes[place])) == query.stage) places.push_back(place);
   if (query.sort) sort(places, inboxes, *query.sort);
-  std::vector<DeliverabilityRow> rows;
+  std::vector<DeliverabilityInbox> rows;
   rows.reserve(places.size());
-  for (const qsizetype place : places) rows.push_back(rowOf(inboxes[place]));
+  for (const qsizetype place : places) rows.push_back(inboxes[place]);
   return rows;
 }
 

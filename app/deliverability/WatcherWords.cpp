@@ -31,6 +31,12 @@ const QHash<QString, Stage>& stages() {
   return known;
 }
 
+const Stage& stageOf(const QString& word) {
+  static const Stage unknown;
+  const auto known = stages().constFind(word);
+  return known == stages().cend() ? unknown : *known;
+}
+
 constexpr double lowRate = 0.8;
 
 QString groups(const DeliverabilityReport& report) {
@@ -54,8 +60,8 @@ QString stageLabel(const QString& stage) {
   return stage.isEmpty() ? noValue : shownName(stage.first(1).toUpper() + stage.sliced(1));
 }
 
-QString stageTone(const QString& stage) { return stages().value(stage).tone; }
-QString groupOf(const QString& stage) { return stages().value(stage).group; }
+QString stageTone(const QString& stage) { return stageOf(stage).tone; }
+QString groupOf(const QString& stage) { return stageOf(stage).group; }
 
 QString percent(const std::optional<double>& fraction) {
   return fraction ? Format::fixed(*fraction * 100, 1) + u'%' : QString();

@@ -54,14 +54,14 @@ bool before(const std::optional<Key>& a, const std::optional<Key>& b, bool desce
 
 }  // namespace
 
-RampupPageOfAll asPage(RampupList list) {
-  RampupPageOfAll page;
-  page.items.reserve(list.items.size());
-  for (RampupItem& item : list.items) {
-    QString id = item.mailboxId;
-    page.items.append({std::move(id), std::move(item)});
-  }
-  return page;
+RampupPart RampupRest::next() {
+  constexpr qsizetype atOnce = 1000;
+  RampupPart part{.asked = asked};
+  const qsizetype end = std::min(taken + atOnce, items.size());
+  part.items.reserve(end - taken);
+  for (; taken < end; ++taken) part.items.append({items[taken].mailboxId, std::move(items[taken])});
+  if (taken < items.size()) part.nextCursor = QString::number(taken);
+  return part;
 }
 
 void RampupRowsModel::addExtraRoles(QHash<int, QByteArray>& roles) const {

@@ -21,12 +21,23 @@ struct RampupAccount {
   bool operator==(const RampupAccount&) const = default;
 };
 
-/// The whole list: the service gives it in one piece.
-struct RampupPageOfAll {
+/// A part of the list. The service gives it in one piece, which for ten thousand accounts would hold the window.
+struct RampupPart {
   QList<RampupAccount> items;
+  /// How many accounts come before the next part.
   std::optional<QString> nextCursor = {};
+  /// When the service was asked for the whole.
+  std::optional<Stamp> asked = {};
 };
-RampupPageOfAll asPage(RampupList list);
+
+/// What has come and is not taken over yet.
+struct RampupRest {
+  QList<RampupItem> items;
+  qsizetype taken = 0;
+  Stamp asked{};
+
+  RampupPart next();
+};
 
 /// What is worked out once of each account.
 struct RampupKeys {

@@ -3,6 +3,7 @@
 #include "app/base/EnumName.h"
 #include "app/base/recordActions.h"
 #include "kit/api/Format.h"
+#include "kit/async/background.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/rampup/rampupRequests.h"
@@ -16,15 +17,11 @@ using RampupWords::Phase;
 
 constexpr std::array allPhases{Phase::pending, Phase::warmup, Phase::rampup, Phase::live};
 
-Task<RampupPageOfAll> readAll(WorkspaceContext* context) {
-  co_return asPage(co_await context->api().send(Requests::listRampup()));
-}
-
 }  // namespace
 
 RampupStore::RampupStore(WorkspaceContext& context)
     : Store(context),
-      m_list(*this, [&context](const PageRequest&) { return readAll(&context); },
+      m_list(*this, [this](const PageRequest& part) { return readPart(part); },
              {.failed = u"Couldn’t load the roadmaps"_s,
               .whole = true,
               .matches =
@@ -44,8 +41,25 @@ RampupStore::RampupStore(WorkspaceContext& context)
   connect(&m_actions, &RoadmapActions::busyChanged, this, &RampupStore::changed);
   connect(this, &Store::roleChanged, this, &RampupStore::changed);
   connect(this, &Store::left, &m_editor, &RoadmapEditor::leave);
+  // What is left of an answer says nothing any more once somebody knows better, or once it has been taken over.
+  connect(&m_list, &PagedListBase::rested, this, [this] { m_rest = {}; });
+  context.changes().watch<RampupAccount>(this, [this](const Change<RampupAccount>& change) {
+    if (change.kind == Change<RampupAccount>::Kind::stale) m_rest = {};
+  });
   context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) { followMailbox(change); });
   m_templates.onAddAccounts = [this](const RoadmapTemplate& into) { m_adding.open(into); };
+}
+
+Task<RampupPart> RampupStore::readPart(PageRequest wanted) {
+  const qsizetype from = wanted.cursor ? wanted.cursor->toLongLong() : 0;
+  // The window draws between one part and the next, and somebody may come to know better meanwhile.
+  if (from > 0 && m_rest.taken == from) co_await inBackground<bool>([] { return true; });
+  if (from == 0 || m_rest.taken != from) {
+    const Stamp asked = context().changes().stamp();
+    m_rest = {(co_await api().send(Requests::listRampup())).items, from, asked};
+    m_rest.taken = std::min(from, m_rest.items.size());
+  }
+  co_return m_rest.next();
 }
 
 /// Accounts that come, go, stop or go on elsewhere are others here. What is done here is known here.
@@ -53,7 +67,9 @@ void RampupStore::followMailbox(const Change<Mailbox>& change) {
   using Kind = Change<Mailbox>::Kind;
   if (change.kind == Kind::gone && m_list.contains(change.id)) return m_list.takeOut({change.id});
   const bool anyOfThem = change.kind == Kind::stale && change.id.isEmpty();
-  if (anyOfThem || (change.kind == Kind::is && change.acted)) m_list.markStale();
+  if (!anyOfThem && !(change.kind == Kind::is && change.acted)) return;
+  m_rest = {};
+  m_list.markStale();
 }
 
 void RampupStore::count() {

@@ -81,6 +81,7 @@ class RampupStore final : public Store {
 
  private:
   QList<PageAction> offeredOnPage();
+  Task<RampupPart> readPart(PageRequest wanted);
   void count();
   void followMailbox(const Change<Mailbox>& change);
 
@@ -88,6 +89,7 @@ class RampupStore final : public Store {
   std::optional<OrvSort> m_sort;
   bool m_showTemplates = false;
   RampupAccounts m_list;
+  RampupRest m_rest;
   RoadmapEditor m_editor;
   RoadmapActions m_actions;
   RampupDetails m_details;

@@ -30,9 +30,7 @@ CampaignStore& openTab(Stage& stage, const QString& status, const QString& tab) 
 /// The draft that has leads: nothing keeps it from being launched.
 CampaignStore& openReadyDraft(Stage& stage) {
   const auto& items = stage.openCampaigns().list()->value()->items;
-  const auto hasLeads = [](const CampaignSummary& item) {
-    return item.status.rawValue == "draft"_L1 && item.leads > 0;
-  };
+  const auto hasLeads = [](const CampaignSummary& item) { return item.status.isDraft() && item.leads > 0; };
   stage.app().router()->openCampaign(std::ranges::find_if(items, hasLeads)->id);
   stage.settle();
   return *stage.app().session()->item<CampaignStore>(Page::campaigns, stage.app().router()->campaign());

@@ -25,8 +25,8 @@ OrvTableRow {
     required property string checkCount
     required property string gmailText
     required property string outlookText
-    required property string verdict
-    required property string reason
+    required property string verdictText
+    required property string reasonText
 
     label: address + ", " + stageLabel
 
@@ -75,8 +75,8 @@ OrvTableRow {
 
     OrvTwoLineCell {
         column: root.verdictColumn
-        title: root.verdict
-        detail: root.reason
+        title: root.verdictText
+        detail: root.reasonText
     }
 
     RowMenuCell {

@@ -39,14 +39,17 @@ FieldFrame {
         name: "edit-find"
         size: 14
         color: Theme.text2
+        TapHandler { onTapped: input.forceActiveFocus(Qt.MouseFocusReason) }
     }
 
     // Not the toolkit's text field, which describes itself to a screen reader as it likes.
     TextInput {
         id: input
         anchors.fill: parent
+        // Outside of what clips: a long text would run under the icon.
+        anchors.leftMargin: root.search ? 30 : 0
         anchors.rightMargin: clear.visible ? clear.width + 2 : reveal.visible ? reveal.width + 4 : 0
-        leftPadding: root.search ? 34 : 10
+        leftPadding: root.search ? 4 : 10
         rightPadding: 10
         focus: true
         activeFocusOnTab: true
@@ -82,6 +85,7 @@ FieldFrame {
         Text {
             anchors.fill: parent
             leftPadding: input.leftPadding
+            rightPadding: input.rightPadding
             verticalAlignment: Text.AlignVCenter
             visible: input.text === "" && input.preeditText === ""
             textFormat: Text.PlainText

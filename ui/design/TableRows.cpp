@@ -64,11 +64,10 @@ QString TableRows::keyAt(int row) const {
 }
 
 int TableRows::rowOf(const QString& key) const {
-  if (key.isEmpty()) return -1;
-  for (int row = 0, n = count(); row < n; ++row) {
-    if (keyAt(row) == key) return row;
-  }
-  return -1;
+  if (key.isEmpty() || m_role < 0 || count() == 0) return -1;
+  const auto found =
+      m_model->match(m_model->index(0, 0), m_role, key, 1, Qt::MatchFixedString | Qt::MatchCaseSensitive);
+  return found.isEmpty() ? -1 : found.first().row();
 }
 
 QString TableRows::textAt(int row, const QString& column) const {

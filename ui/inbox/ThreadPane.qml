@@ -137,6 +137,8 @@ FocusScope {
         width: root.width
         height: root.height - y
         resource: root.threads.list
+        // The last one that matched may have been archived, and is kept while that can fail or be undone.
+        hasContent: resource.hasContent && (rows.rows.count > 0 || root.threads.list.canLoadMore)
         skeletonRowHeight: rows.rowHeight
         skeletonTopInset: 0
         emptyIcon: "mail-folder-inbox"

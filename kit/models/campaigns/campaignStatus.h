@@ -8,6 +8,7 @@ namespace orv {
 
 struct CampaignStatus : OpenWord {
   using OpenWord::OpenWord;
+  bool isDraft() const { return is(QLatin1String("draft")); }
   bool isRunning() const { return is(QLatin1String("running")); }
   bool isPaused() const { return is(QLatin1String("paused")); }
   bool isCompleted() const { return is(QLatin1String("completed")); }

@@ -4,6 +4,7 @@
 #include "app/figures/AnalyticsCsv.h"
 #include "kit/models/campaigns/campaign.h"
 #include "tests/app/analytics/AnalyticsPage.h"
+#include "tests/support/cell.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -20,7 +21,7 @@ class AnalyticsTest final : public AnalyticsPage {
   }
   template <class Rows>
   static QString cell(const Rows* rows, int row, const QByteArray& role) {
-    return rows->index(row).data(rows->roleNames().key(role)).toString();
+    return test::cell(*rows, row, role).toString();
   }
  private Q_SLOTS:
   void init() { open(); }

@@ -5,6 +5,7 @@
 
 #include "app/campaigns/CampaignsStore.h"
 #include "tests/support/AppFixture.h"
+#include "tests/support/cell.h"
 
 namespace orv::test {
 
@@ -71,8 +72,7 @@ class CampaignsPage : public QObject {
     return {};
   }
   QVariant cell(const QString& id, const QByteArray& name) const {
-    auto* model = store->rows();
-    return model->index(model->rowOf(id)).data(model->roleNames().key(name));
+    return test::cell(*store->rows(), store->rows()->rowOf(id), name);
   }
 
   std::unique_ptr<AppFixture> f;

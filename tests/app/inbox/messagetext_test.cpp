@@ -6,6 +6,7 @@
 #include "app/inbox/addresses.h"
 #include "app/inbox/messageText.h"
 #include "kit/models/inbox/threadDetail.h"
+#include "tests/support/cell.h"
 
 using namespace orv;
 using namespace Qt::Literals::StringLiterals;
@@ -57,7 +58,7 @@ class MessageTextTest : public QObject {
     decided.aiText = decided.sentText = text;
     history.append({decided});
     const auto told = [](const QAbstractItemModel& rows, const char* role) {
-      return rows.index(0, 0).data(rows.roleNames().key(role)).toString();
+      return test::cell(rows, 0, role).toString();
     };
     QCOMPARE(told(history, "aiText"), text);
     QCOMPARE(told(history, "sentText"), text);

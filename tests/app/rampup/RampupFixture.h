@@ -8,6 +8,7 @@
 #include "app/rampup/RampupAccountStore.h"
 #include "kit/api/JSONCoding.h"
 #include "tests/support/AppFixture.h"
+#include "tests/support/cell.h"
 
 namespace orv::test {
 
@@ -96,9 +97,8 @@ struct RampupFixture : AppFixture {
     return made;
   }
   QString text(const QString& id, const char* role) {
-    const int row = store.list()->rows()->rowOf(id);
-    const auto roles = store.list()->rows()->roleNames();
-    return store.list()->rows()->index(row, 0).data(roles.key(role)).toString();
+    const auto* rows = store.list()->rows();
+    return cell(*rows, rows->rowOf(id), role).toString();
   }
   QJsonObject sentBody() const { return QJsonDocument::fromJson(api.last().request.body.value_or("{}")).object(); }
   QString lastToast() const { return toasts.toasts().isEmpty() ? QString() : toasts.toasts().last().message; }
