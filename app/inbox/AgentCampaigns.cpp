@@ -24,7 +24,11 @@ AgentCampaigns::AgentCampaigns(WorkspaceContext& context, Store* whole, Resource
                                  static_cast<ResourceBase*>(&m_campaigns)})
     connect(resource, &ResourceBase::valueChanged, this, &AgentCampaigns::arrange);
   connect(&m_busy, &BusySet::changed, this, &AgentCampaigns::arrange);
-  context.changes().watch<Campaign>(this, [this](const Change<Campaign>&) { m_campaigns.markStale(); });
+  context.changes().watch<Campaign>(this, [this](const Change<Campaign>&) {
+    m_campaigns.markStale();
+    // One that is back from the archive has the mode that it had.
+    m_modes.markStale();
+  });
 }
 
 bool AgentCampaigns::isActive(const std::optional<QString>& mode) const {

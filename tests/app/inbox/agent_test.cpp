@@ -4,6 +4,7 @@
 #include <QTest>
 
 #include "app/inbox/AgentSettingsStore.h"
+#include "kit/models/campaigns/campaign.h"
 #include "kit/models/inbox/draft.h"
 #include "kit/models/inbox/inboxThread.h"
 #include "tests/support/AppFixture.h"
@@ -243,6 +244,18 @@ class AgentTest : public QObject {
     f.api.answer(u"PUT /setter/campaigns/c2/mode"_s, R"({"title":"No","status":422})", 422);
     QVERIFY(f.ids(f.store.campaigns()->inactive()).contains(u"c2"_s));
     QCOMPARE(f.conversationsTold, 1);
+  }
+
+  void aCampaignThatIsBackHasTheModeItHad() {
+    Agent f;
+    f.context->changes().stale<Campaign>(u"c4"_s);
+    f.api.expect(getModes);
+    f.api.expect(getCampaigns);
+    f.store.ensureLoaded();
+    f.api.answer(getModes, R"({"items":[{"campaignId":"c1"},{"campaignId":"c4","mode":"off"}]})");
+    f.api.answer(getCampaigns, R"({"items":[)" + campaign("c1") + "," + campaign("c4") + "]}");
+    QCOMPARE(f.ids(f.store.campaigns()->active()), (QStringList{u"Active by default"_s, u"c1"_s}));
+    QCOMPARE(f.ids(f.store.campaigns()->inactive()), QStringList{u"c4"_s});
   }
 
   void whereTheDefaultIsOff() {
