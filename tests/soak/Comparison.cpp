@@ -46,6 +46,15 @@ void chooseAs(QObject& object, const QObject& other, const char* method, const c
     QMetaObject::invokeMethod(&object, method, Q_ARG(QString, wanted.toString()));
 }
 
+/// Who holds a domain is shown to who has asked: where one of them has, both ask.
+void lookUpAlike(QObject& object, QObject& other) {
+  auto* const rows = valueOf(object, "rows").value<QObject*>();
+  auto* const others = valueOf(other, "rows").value<QObject*>();
+  if (!has(object, "lookUp()") || !rows || !others || differences(readingOf(*rows), readingOf(*others)).isEmpty())
+    return;
+  for (QObject* one : {&object, &other}) QMetaObject::invokeMethod(one, "lookUp");
+}
+
 /// The lines of a chart that are switched off.
 void seriesAs(QObject& object, const QObject& other) {
   const char* const method = has(object, "toggleSeries(QString)") ? "toggleSeries" : "toggle";
@@ -167,6 +176,7 @@ void Comparison::align() {
     chooseAs(*part.object, *other, "chooseRange", "range");
     chooseAs(*part.object, *other, "chooseDatabase", "database");
     seriesAs(*part.object, *other);
+    lookUpAlike(*part.object, *other);
     unfoldAs(*part.object, *other);
     sortAs(*part.object, *other, "sort", "sortKey", "sortDescending");
     sortAs(*part.object, *other, "sortArchived", "archivedSortKey", "archivedSortDescending");
