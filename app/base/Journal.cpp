@@ -102,6 +102,7 @@ Task<void> Journal::read() {
   const auto files = co_await m_files.readAll();
   for (auto file = files.begin(); file != files.end(); ++file) take(file.key(), file.value());
   m_isRead = true;
+  m_touched.clear();
   Q_EMIT opened();
   for (OneShot<bool> waiting : std::exchange(m_waiting, {})) waiting.give(true);
 }
@@ -125,7 +126,7 @@ QString Journal::fileOf(const Key& key) const {
 void Journal::keep(const Key& key, std::function<JournalText()> text) {
   if (!m_person) return;
   m_changed.insert_or_assign(key, std::move(text));
-  m_touched.insert(key);
+  if (!m_isRead) m_touched.insert(key);
   // Not begun anew with every key: who types on and on is kept as well.
   if (!m_timer) m_timer = m_clock.startTimer(wait, [this] { write(); });
 }
@@ -133,7 +134,7 @@ void Journal::keep(const Key& key, std::function<JournalText()> text) {
 void Journal::drop(const Key& key) {
   if (!m_person) return;
   m_changed.erase(key);
-  m_touched.insert(key);
+  if (!m_isRead) m_touched.insert(key);
   if (m_entries.remove(key) > 0 || !m_isRead) m_files.remove(fileOf(key));
 }
 
