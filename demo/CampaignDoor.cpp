@@ -1,5 +1,6 @@
 #include "demo/CampaignDoor.h"
 
+#include "demo/DailyFigures.h"
 #include "demo/Enrolment.h"
 #include "demo/Mailboxes.h"
 #include "demo/SequenceDoor.h"
@@ -125,7 +126,7 @@ HTTPAnswer patch(Call& call, DemoCampaign& campaign) {
     const auto senders = sendersOf(*call.workspace, patch->senderMailboxIds.value_or(pickedIdsOf(campaign)),
                                    senderTagsOf(options.value_or(CampaignOptions())), call.now);
     if (!senders) return invalid(u"One of these inboxes is no longer there."_s, u"senderMailboxIds"_s);
-    record.senders = senders;
+    campaign.setSenders(*senders, dayIn(*call.workspace, call.now));
   }
   if (patch->name) record.name = patch->name->trimmed();
   take(record.schedule, patch->schedule);

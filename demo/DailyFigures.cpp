@@ -1,6 +1,7 @@
 #include "demo/DailyFigures.h"
 
 #include <QTimeZone>
+#include <algorithm>
 #include <array>
 
 #include "kit/api/PlatformDate.h"
@@ -82,13 +83,27 @@ class SendingDays {
   QList<qint64> m_weights;
 };
 
-/// The campaign's mailboxes. What a campaign without any has sent came from the first that there is.
-QStringList mailboxesOf(const DemoWorkspace& workspace, const DemoCampaign& campaign) {
-  QStringList ids;
-  for (const CampaignSender& sender : campaign.senders()) ids.append(sender.mailboxId);
-  if (ids.isEmpty()) ids.append(workspace.mailboxes.isEmpty() ? QString() : workspace.mailboxes.first().id());
-  return ids;
-}
+/// The campaign's mailboxes by days. What a campaign without any has sent came from the first that there is.
+class SendingMailboxes {
+ public:
+  SendingMailboxes(const DemoWorkspace& workspace, const DemoCampaign& campaign)
+      : m_workspace(workspace), m_earlier(campaign.earlierSenders), m_now(orTheFirst(campaign.senderIds())) {}
+
+  QStringList on(const QDate& day) const {
+    const auto earlier = std::ranges::lower_bound(m_earlier, day, {}, &DemoCampaign::EarlierSenders::until);
+    return earlier == m_earlier.end() ? m_now : orTheFirst(earlier->mailboxes);
+  }
+
+ private:
+  QStringList orTheFirst(const QStringList& ids) const {
+    if (!ids.isEmpty()) return ids;
+    return {m_workspace.mailboxes.isEmpty() ? QString() : m_workspace.mailboxes.first().id()};
+  }
+
+  const DemoWorkspace& m_workspace;
+  const QList<DemoCampaign::EarlierSenders>& m_earlier;
+  QStringList m_now;
+};
 
 /// The mailboxes that the filter leaves.
 QSet<QString> countedMailboxes(const DemoWorkspace& workspace, const FigureFilter& filter) {
@@ -103,12 +118,13 @@ QSet<QString> countedMailboxes(const DemoWorkspace& workspace, const FigureFilte
 Figures addCampaign(RangeFigures& into, const DemoWorkspace& workspace, const DemoCampaign& campaign,
                     const std::optional<QSet<QString>>& counted, const QDate& today) {
   const SendingDays days(workspace, campaign, today);
-  const QStringList mailboxes = mailboxesOf(workspace, campaign);
-  const qint64 count = mailboxes.size();
+  const SendingMailboxes sending(workspace, campaign);
   Figures all;
   qint64 before = days.sentBy(into.from.addDays(-1));
   for (qsizetype index = 0; index < into.days.size(); ++index) {
-    const qint64 sent = days.sentBy(into.from.addDays(index)) - before;
+    const QDate day = into.from.addDays(index);
+    const QStringList mailboxes = sending.on(day);
+    const qint64 sent = days.sentBy(day) - before, count = mailboxes.size();
     for (qint64 part = 0; sent > 0 && part < count; ++part) {
       // Another mailbox is first each day, or the last would have all the remainders; on one day the same, whatever the
       // range that is asked for.

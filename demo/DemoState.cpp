@@ -19,6 +19,19 @@ bool isOverdue(const std::optional<QString>& archivedAt, const QDateTime& now) {
   return archived && archived->addDays(archiveDays) <= now;
 }
 
+QStringList DemoCampaign::senderIds() const {
+  QStringList ids;
+  for (const CampaignSender& sender : senders()) ids.append(sender.mailboxId);
+  return ids;
+}
+
+void DemoCampaign::setSenders(const QList<CampaignSender>& senders, const QDate& today) {
+  const QStringList before = senderIds();
+  record.senders = senders;
+  const bool isDealt = !earlierSenders.isEmpty() && earlierSenders.last().until == today;
+  if (record.launchedAt && !isDealt && senderIds() != before) earlierSenders.append({today, before});
+}
+
 CampaignSummary DemoCampaign::summary() const {
   CampaignSummary summary;
   summary.id = record.id;

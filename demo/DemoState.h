@@ -37,11 +37,20 @@ struct DemoCampaign {
   QList<FeedItem> events;
   /// Set while the campaign is archived.
   std::optional<QString> archivedAt;
+  /// The mailboxes that sent for it up to and on a day, oldest first: what was sent stays where it came from, whoever
+  /// sends later.
+  struct EarlierSenders {
+    QDate until;
+    QStringList mailboxes;
+  };
+  QList<EarlierSenders> earlierSenders;
+  QStringList senderIds() const;
+  /// What one day sends is dealt once, so the first of the new ones' days is the next.
+  void setSenders(const QList<CampaignSender>& senders, const QDate& today);
 
   /// What a record may leave out and the campaigns here have.
   CampaignStats& stats() { return record.stats ? *record.stats : record.stats.emplace(); }
   QList<CampaignStep>& steps() { return record.steps ? *record.steps : record.steps.emplace(); }
-  QList<CampaignSender>& senders() { return record.senders ? *record.senders : record.senders.emplace(); }
   const CampaignStats& stats() const { return orNothing(record.stats); }
   const QList<CampaignStep>& steps() const { return orNothing(record.steps); }
   const QList<CampaignSender>& senders() const { return orNothing(record.senders); }

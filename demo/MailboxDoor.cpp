@@ -147,7 +147,7 @@ HTTPAnswer remove(Call& call, DemoMailbox& mailbox) {
 HTTPAnswer restore(Call& call, DemoMailbox& mailbox) {
   if (!mailbox.record.archivedAt) return problemAnswer(409, u"not_archived"_s, u"This account isn’t archived"_s);
   const QString id = mailbox.id();
-  restoreMailbox(*call.workspace, id);
+  restoreMailbox(*call.workspace, id, call.now);
   retellSenders(*call.workspace, call.now);
   return mailboxAnswer(call, *call.workspace->findMailbox(id));
 }

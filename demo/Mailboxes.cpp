@@ -44,7 +44,7 @@ void retell(DemoCampaign& campaign, const QHash<QString, const DemoMailbox*>& li
       campaign.record.settings ? campaign.record.settings->senderTags.value_or(QList<QString>()) : QList<QString>();
   QList<CampaignSender> senders;
   QSet<QString> picked;
-  for (const CampaignSender& sender : std::as_const(campaign.senders())) {
+  for (const CampaignSender& sender : campaign.senders()) {
     const DemoMailbox* mailbox = live.value(sender.mailboxId);
     if (sender.viaTag || !mailbox) continue;
     senders.append(senderOf(*mailbox, localNow));
@@ -56,7 +56,7 @@ void retell(DemoCampaign& campaign, const QHash<QString, const DemoMailbox*>& li
     senders.append(senderOf(mailbox, localNow));
     senders.last().viaTag = true;
   }
-  campaign.senders() = senders;
+  campaign.setSenders(senders, localNow.date());
 }
 
 }  // namespace
@@ -148,12 +148,12 @@ void archiveMailbox(DemoWorkspace& workspace, const QString& id, const Call& cal
   mailbox.record.archivedAt = call.stamp();
   mailbox.record.version = mailbox.record.version.value_or(0) + 1;
   for (DemoCampaign& campaign : workspace.campaigns)
-    for (const CampaignSender& sender : std::as_const(campaign).senders())
+    for (const CampaignSender& sender : campaign.senders())
       if (sender.mailboxId == id && !sender.viaTag) mailbox.leftCampaigns.append(campaign.record.id);
   workspace.archivedMailboxes.prepend(mailbox);
 }
 
-void restoreMailbox(DemoWorkspace& workspace, const QString& id) {
+void restoreMailbox(DemoWorkspace& workspace, const QString& id, const QDateTime& now) {
   const auto found = std::ranges::find(workspace.archivedMailboxes, id, &DemoMailbox::id);
   if (found == workspace.archivedMailboxes.end()) return;
   DemoMailbox mailbox = *found;
@@ -162,7 +162,8 @@ void restoreMailbox(DemoWorkspace& workspace, const QString& id) {
   mailbox.record.version = mailbox.record.version.value_or(0) + 1;
   for (const QString& campaignId : std::exchange(mailbox.leftCampaigns, {}))
     if (DemoCampaign* campaign = workspace.find(campaignId))
-      campaign->senders().append(CampaignSender{.mailboxId = mailbox.id()});
+      campaign->setSenders(campaign->senders() + QList{CampaignSender{.mailboxId = mailbox.id()}},
+                           dayIn(workspace, now));
   const auto place = std::ranges::upper_bound(workspace.mailboxes, mailbox.order, {}, &DemoMailbox::order);
   workspace.mailboxes.insert(place, mailbox);
 }

@@ -41,7 +41,7 @@ void pause(DemoMailbox& mailbox, const QString& reason, const QDateTime& now);
 std::optional<QString> resume(DemoMailbox& mailbox);
 /// Into the archive, and out of it.
 void archiveMailbox(DemoWorkspace& workspace, const QString& id, const Call& call);
-void restoreMailbox(DemoWorkspace& workspace, const QString& id);
+void restoreMailbox(DemoWorkspace& workspace, const QString& id, const QDateTime& now);
 
 /// One that was just connected; not in the workspace yet.
 DemoMailbox newMailbox(Call& call, const QString& address, const QString& displayName);

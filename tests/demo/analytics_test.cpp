@@ -7,6 +7,8 @@
 #include "kit/models/analytics/metrics.h"
 #include "kit/models/analytics/warmupHealth.h"
 #include "kit/models/campaigns/campaignRequests.h"
+#include "kit/models/mailboxes/mailbox.h"
+#include "kit/models/mailboxes/mailboxRequests.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -173,6 +175,34 @@ class DemoAnalyticsTest : public QObject {
     Sums left = Sums::of(summary(launchOfAll, today).totals);
     left += Sums::of(*std::ranges::find(all.campaigns, id, &AnalyticsSummary::CampaignRow::id));
     QVERIFY(left == Sums::of(all.totals));
+  }
+
+  void whatWasSentStaysWhereItCameFrom() {
+    const auto sentBy = [this] {
+      QMap<QString, qint64> sent;
+      for (const auto& row : summary(launchOfAll, today).accounts) sent.insert(row.id, row.sent);
+      return sent;
+    };
+    const QString id = f->idOf(u"running"_s);
+    auto senders = *f->ask(Requests::getCampaign(id)).senders;
+    QVERIFY(senders.size() > 1);
+    const auto before = sentBy();
+    const QString first = senders.takeFirst().mailboxId, second = senders.takeFirst().mailboxId;
+    f->ask(Requests::updateCampaign(id, {.senderMailboxIds = QStringList{second}}, {}));
+    QCOMPARE(sentBy(), before);
+    // One that is archived and comes back has what it had.
+    f->ask(Requests::deleteMailbox(second, false));
+    auto left = before;
+    left.remove(second);
+    QCOMPARE(sentBy(), left);
+    f->ask(Requests::restoreMailbox(second));
+    QCOMPARE(sentBy(), before);
+    // The others send from the day after.
+    f->ask(Requests::updateCampaign(id, {.senderMailboxIds = QStringList{first}}, {}));
+    f->clock.advance(72h);
+    const auto later = f->ask(Requests::analyticsSummary(u"2026-11-22"_s, u"2026-11-24"_s, id)).accounts;
+    QVERIFY(!later.isEmpty());
+    QVERIFY(std::ranges::all_of(later, [&](const auto& row) { return row.id == first; }));
   }
 
   void theOverviewIsOfTheSameFigures() {
