@@ -32,9 +32,10 @@ class Archive final {
   /// The record has been asked about and is marked busy by the caller. True when it is in the archive now.
   Task<bool> remove(QString id, QString name) {
     name = shownName(name);
-    if (!co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name)))
-      co_return false;
+    const bool isGone = co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name));
+    // An answer that was lost may have put it there as well.
     m_context.changes().template stale<Archived<Record>>();
+    if (!isGone) co_return false;
     m_context.services().toasts.show({.message = m_words.removed(name),
                                       .actionLabel = QStringLiteral("Undo"),
                                       .action = undo(id, name),
@@ -48,8 +49,10 @@ class Archive final {
 
   Task<bool> removeForGood(QString id, QString name) {
     name = shownName(name);
-    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), cannotRemoveForGood(name)))
+    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), cannotRemoveForGood(name))) {
+      m_context.changes().template stale<Archived<Record>>();
       co_return false;
+    }
     m_context.services().toasts.success(m_words.removedForGood(name));
     co_return true;
   }
@@ -73,7 +76,10 @@ class Archive final {
   static Task<bool> restoreIn(std::shared_ptr<WorkspaceContext> context, Requests requests, Words words, QString id,
                               QString name) {
     BusySet busy;
-    Actions actions(*context, busy, [&context] { context->changes().template stale<Record>(); });
+    Actions actions(*context, busy, [&context] {
+      context->changes().template stale<Record>();
+      context->changes().template stale<Archived<Record>>();
+    });
     const auto restored = co_await actions.change(id, requests.restore(id), words.cannotRestore(name));
     if (!restored) co_return false;
     if constexpr (!std::same_as<Restored, Record>) context->changes().template stale<Record>();

@@ -11,7 +11,7 @@ PagedListBase::PagedListBase(Store& owner, QString failed, bool loadsByItself, b
 
 void PagedListBase::load() {
   m_isAsked = true;
-  m_isHalted = m_moreFailed = false;
+  m_isStale = m_isHalted = m_moreFailed = false;
   markAllStale();
   start();
 }
@@ -111,7 +111,7 @@ void PagedListBase::rowsChanged() {
 }
 
 void PagedListBase::rest() {
-  m_isReading = m_readsFurther = m_wantsMore = m_isStale = m_refreshing = false;
+  m_isReading = m_readsFurther = m_wantsMore = m_refreshing = false;
   Q_EMIT changed();
   Q_EMIT rested();
 }
@@ -120,6 +120,7 @@ void PagedListBase::fail(size_t page, const APIError& error) {
   const bool isOffline = error.is(APIError::Kind::offline), isCancelled = error.is(APIError::Kind::cancelled);
   const bool isFirst = m_asksAnew, isFurther = page == pageCount() || (m_isWhole && page > 0);
   m_isReading = m_readsFurther = m_wantsMore = m_refreshing = false;
+  if (!isFurther) m_isStale = true;
   if (isOffline) m_owner.context().wentOffline();
   if (isCancelled) {
     Q_EMIT changed();

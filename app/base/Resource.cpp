@@ -30,7 +30,7 @@ void ResourceBase::appear() {
   QMetaObject::invokeMethod(
       this,
       [this] {
-        if (m_views > 0 && m_isStale && m_load.isIdle()) load();
+        if (m_views > 0 && m_isStale) load();
       },
       Qt::QueuedConnection);
 }
@@ -47,6 +47,8 @@ void ResourceBase::tellRefreshFailed(const APIError& error) {
 }
 
 void ResourceBase::cancel() {
+  // What there was to know is not known yet; the same goes for every failure.
+  if (!m_load.isIdle()) m_isStale = true;
   m_load.cancel();
   ++m_generation;
   if (!std::exchange(m_refreshing, false)) return;

@@ -74,6 +74,7 @@ class ResourceBase : public QObject {
   qint64 m_generation = 0;
   bool m_refreshing = false;
   bool m_isAsked = false;
+  /// Since the load that is under way began, or else since the last one that succeeded.
   bool m_isStale = false;
   /// What it tells the change feed of its own answer is no news to itself.
   bool m_isTelling = false;
@@ -168,6 +169,7 @@ class Resource final : public ResourceBase {
 
   void begin() {
     m_isAsked = true;
+    m_isStale = false;
     const bool showsSomething = hasContent() || m_state.isEmpty();
     m_refreshing = showsSomething;
     // A retry after an error shows progress again; an offline screen without data does too.
@@ -183,7 +185,7 @@ class Resource final : public ResourceBase {
     if constexpr (SharedList<Value>) reconcile(value, asked);
     if (isNews) m_value = std::move(value);
     m_state = stateOf(*m_value);
-    m_answersAnother = m_isStale = false;
+    m_answersAnother = false;
     m_loadedAt = m_owner.context().services().clock.now();
     m_refreshing = false;
     if (isNews) Q_EMIT valueChanged();
@@ -207,6 +209,7 @@ class Resource final : public ResourceBase {
 
   void fail(const APIError& error) {
     m_refreshing = false;
+    m_isStale = true;
     const bool isRefresh = !m_answersAnother && (hasContent() || m_state.isEmpty());
     const bool isOffline = error.is(APIError::Kind::offline), isCancelled = error.is(APIError::Kind::cancelled);
     if (m_answersAnother && !isCancelled) m_value.reset();

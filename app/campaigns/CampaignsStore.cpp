@@ -347,7 +347,8 @@ Task<void> CampaignsStore::restoreTask(QString id) {
 }
 
 Task<void> CampaignsStore::removeForGoodTask(QString id) {
-  const CampaignSummary* campaign = find(id);
+  // Of one that is not in the archive it would only be the way there.
+  const CampaignSummary* campaign = m_archiveIndex.find(id);
   if (!campaign || m_busy.contains(id) || !canWrite()) co_return;
   const QString name = campaign->name;
   if (!co_await services().overlays.confirm(removeForGoodQuestion(*campaign))) co_return;

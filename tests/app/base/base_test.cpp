@@ -112,6 +112,21 @@ class BaseTest : public QObject {
     resource.markStale();
     QVERIFY(resource.needsLoad());
     QCOMPARE(loads->asked.size(), 4u);
+    // What grows old while it is read is old when the answer has come.
+    resource.ensureLoaded();
+    resource.markStale();
+    loads->give(4, 4);
+    QCOMPARE(loads->asked.size(), 5u);
+    resource.appear();
+    settle();
+    QCOMPARE(loads->asked.size(), 6u);
+    loads->give(5, 5);
+    QVERIFY(!resource.needsLoad());
+    resource.disappear();
+    // Whoever comes back to what could not be read again means to see it.
+    resource.load();
+    loads->give(6, error(APIError::Kind::server));
+    QVERIFY(resource.needsLoad());
   }
 
   void rowsAreOneLineOfWhatOthersWrote() {

@@ -82,6 +82,8 @@ class CampaignArchiveTest final : public CampaignsPage {
     written.name = u"Old"_s;
     f->context->changes().publish(written, f->context->changes().stamp(), false);
 
+    store->removeForGood(u"c1"_s);
+    QVERIFY(!f->overlays.asking());
     store->removeForGood(u"a1"_s);
     QCOMPARE(f->overlays.confirmLabel(), u"Delete for good"_s);
     f->api.expect(u"DELETE /campaigns/a1"_s);
@@ -131,6 +133,34 @@ class CampaignArchiveTest final : public CampaignsPage {
     f->api.answer(u"DELETE /campaigns/b"_s, refusal, 422);
     QCOMPARE(f->toasts.toasts().last().message, u"Couldn’t delete b"_s);
     QCOMPARE(store->archivedRows()->count(), 3);
+  }
+
+  void whatMayHaveMovedIsReadOnBothSides() {
+    load();
+    f->api.expect(u"GET /campaigns"_s);
+    store->setShowArchived(true);
+    f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived")}));
+    const auto isStale = [this] {
+      const bool stale = store->archived()->needsLoad();
+      f->api.expect(u"GET /campaigns"_s);
+      store->archived()->ensureLoaded();
+      f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived")}));
+      return stale;
+    };
+    // What is on the screen is read at once, the other side when it is shown again.
+    f->api.expect(u"POST /campaigns/a1/restore"_s);
+    store->restore(u"a1"_s);
+    f->api.expect(u"GET /campaigns"_s);
+    f->api.fail(u"POST /campaigns/a1/restore"_s, TransportFailure::timedOut);
+    f->api.answer(u"GET /campaigns"_s, threeRows);
+    QVERIFY(isStale());
+    f->api.expect(u"DELETE /campaigns/c1"_s);
+    removeFirst();
+    for (int side = 0; side < 2; ++side) f->api.expect(u"GET /campaigns"_s);
+    f->api.fail(u"DELETE /campaigns/c1"_s, TransportFailure::timedOut);
+    f->api.answer(u"GET /campaigns"_s, threeRows);
+    f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived")}));
+    QVERIFY(isStale());
   }
 };
 
