@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "kit/api/Format.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/setup/setupRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,6 +54,7 @@ void SetupRuns::open(const QString& projectId) {
 
 void SetupRuns::follow(const QString& projectId, const std::optional<SetupLastRun>& last) {
   const Followed& known = of(projectId);
+  if (last) count(last->id, last->connected, !last->isOpen());
   if (!last || !known.asked || known.loading) return;
   const bool isOther = !known.run || known.run->id != last->id;
   // It was set going again elsewhere.
@@ -84,12 +86,20 @@ Task<void> SetupRuns::loadTask(QString projectId) {
 }
 
 void SetupRuns::put(const QString& projectId, SetupRun run) {
+  count(run.id, std::ranges::count_if(run.rows, [](const SetupRow& row) { return row.state.isDone(); }), run.isOver());
   Followed& followed = m_runs[projectId];
   followed.run = std::move(run);
   followed.readAt = services().clock.now();
   followed.asked = true;
   followed.failure.clear();
   Q_EMIT changed(projectId);
+}
+
+void SetupRuns::count(const QString& runId, qint64 connected, bool isOver) {
+  // What was over when it was first heard of had made its accounts before.
+  const qint64 before = m_connected.value(runId, isOver ? connected : 0);
+  m_connected.insert(runId, std::max(before, connected));
+  if (connected > before) context().changes().stale<Mailbox>();
 }
 
 void SetupRuns::take(const QString& projectId, SetupRun run) {

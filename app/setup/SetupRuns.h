@@ -77,6 +77,8 @@ class SetupRuns final : public Store {
   /// By an answer that nothing older may follow.
   void take(const QString& projectId, SetupRun run);
   void put(const QString& projectId, SetupRun run);
+  /// The accounts that a run has made are news to every page that shows accounts.
+  void count(const QString& runId, qint64 connected, bool isOver);
   std::chrono::seconds pace(const QString& projectId) const;
 
   BusySet m_busy;
@@ -84,6 +86,8 @@ class SetupRuns final : public Store {
   QHash<QString, Followed> m_runs;
   std::map<QString, std::unique_ptr<TaskSlot>> m_pollers;
   QSet<QString> m_closed;
+  /// Inboxes that are connected, by run.
+  QHash<QString, qint64> m_connected;
 };
 
 }  // namespace orv

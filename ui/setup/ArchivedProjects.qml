@@ -15,7 +15,7 @@ ArchivePage {
     summary: "Deleted projects wait here for 30 days, then go for good."
     countText: store.countText
     resource: store.archived
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyText: "Projects you delete wait here for 30 days."
     view.errorTitle: "Couldn’t load the projects"
     onBack: store.showArchived = false

@@ -13,7 +13,7 @@ TablePage {
     summary: store.summary
     countText: store.countText
     resource: store.list
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "tools-wizard"
     view.emptyTitle: "No projects yet"
     view.emptyText: "A project is a set of Google Workspace domains and the inboxes to create or connect on each. Make one and paste its domains."

@@ -26,7 +26,7 @@ FocusScope {
         emptyText: root.store.runEmptyText
         errorTitle: "Couldn’t load the run."
         errorText: root.store.runFailure
-        skeletonColumns: table.columns
+        skeletonTable: table
         skeletonRowHeight: 34
         onRetryRequested: root.store.reloadRun()
 

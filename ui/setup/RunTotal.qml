@@ -8,9 +8,9 @@ Item {
     id: root
 
     required property SetupProjectStore store
-    readonly property var parts: store.runParts
-    readonly property var filled: parts.filter(part => part.count > 0)
-    readonly property int whole: parts.reduce((sum, part) => sum + part.count, 0)
+    readonly property list<choice> parts: store.runParts
+    readonly property list<choice> filled: [...parts].filter(part => part.count > 0)
+    readonly property int whole: [...parts].reduce((sum, part) => sum + part.count, 0)
 
     function ink(tone: string): color {
         return tone === "positive" ? Theme.positive : tone === "accent" ? Theme.accentText

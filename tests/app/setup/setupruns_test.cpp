@@ -2,6 +2,7 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
+#include "kit/models/mailboxes/mailbox.h"
 #include "tests/app/setup/SetupFixture.h"
 
 using namespace orv;
@@ -95,6 +96,41 @@ class SetupRunsTest : public QObject {
     f->pass(15s);
     QCOMPARE(asked(f->poll), 3);
     f->api.answer(f->list, f->page({someProject()}));
+  }
+
+  void accountsThatARunHasMadeAreNewsWhoeverTellsOfThem() {
+    int news = 0;
+    f->context->changes().watch<Mailbox>(&f->store, [&news](const Change<Mailbox>& change) {
+      news += change.kind == Change<Mailbox>::Kind::stale && change.acted;
+    });
+    const auto tell = [&](qint64 connected, qint64 failed) {
+      SetupProject project = running();
+      project.lastRun->connected = connected;
+      project.lastRun->failed = failed;
+      project.lastRun->running = 3 - connected - failed;
+      f->api.answer(f->list, f->page({project}));
+    };
+    // Nobody has opened the project: the list tells.
+    f->load({someProject()});
+    for (const auto& [connected, failed, told] : {std::tuple(0, 0, 0), {1, 0, 1}, {1, 1, 1}, {2, 1, 2}}) {
+      f->api.expect(f->list);
+      f->pass(10s);
+      tell(connected, failed);
+      QCOMPARE(news, told);
+    }
+    // What was over before anybody here heard of it is no news; a run that is open may have made some.
+    f = std::make_unique<SetupFixture>();
+    news = 0;
+    f->context->changes().watch<Mailbox>(&f->store, [&news](const auto&) { ++news; });
+    const auto page = f->open(someProject(), someRun({u"connected"_s, u"error"_s}));
+    QCOMPARE(news, 0);
+    f->api.expect(u"POST /inbox-setup/runs/sr1/retry"_s);
+    page->retryDomain(u"d0.example"_s);
+    f->api.answer(u"POST /inbox-setup/runs/sr1/retry"_s, encodeJSON(someRun({u"connected"_s, u"gmail"_s})));
+    f->api.expect(f->poll);
+    f->pass(2s);
+    answerPoll(someRun({u"connected"_s, u"connected"_s}));
+    QCOMPARE(news, 1);
   }
 
   void whatStandsStillIsAskedAboutLessOften() {
