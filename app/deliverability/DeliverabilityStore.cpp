@@ -32,6 +32,7 @@ void DeliverabilityStore::markStale() {
 
 void DeliverabilityStore::arrived() {
   const auto& inboxes = m_report.value()->inboxes;
+  count();
   m_rows.update(rowsOf(inboxes, m_query));
   const QString shown = m_inbox.id().isEmpty() ? std::exchange(m_wanted, {}) : m_inbox.id();
   if (shown.isEmpty()) return;
@@ -66,21 +67,19 @@ void DeliverabilityStore::sort(const QString& key, bool descending) {
 
 QList<Choice> DeliverabilityStore::stages() const {
   const DeliverabilityReport* report = m_report.value();
-  QMap<QString, int> counts;
-  if (report)
-    for (const DeliverabilityInbox& inbox : report->inboxes)
-      ++counts[WatcherWords::groupOf(inbox.stage.value_or(QString()))];
   const auto tab = [&](const QString& key, const QString& label, int count) {
     return Choice{.key = key, .label = label, .count = report ? count : -1};
   };
-  const int all = report ? int(report->inboxes.size()) : 0;
-  return {tab({}, u"Every inbox"_s, all), tab(u"live"_s, u"Live"_s, counts.value(u"live"_s)),
-          tab(u"rampup"_s, u"Ramping"_s, counts.value(u"rampup"_s)),
-          tab(u"repair"_s, u"Repairing"_s, counts.value(u"repair"_s))};
+  const auto of = [&](const QString& key, const QString& label) { return tab(key, label, m_counts.value(key)); };
+  return {tab({}, u"Every inbox"_s, report ? int(report->inboxes.size()) : 0), of(u"live"_s, u"Live"_s),
+          of(u"rampup"_s, u"Ramping"_s), of(u"repair"_s, u"Repairing"_s)};
 }
 
-QString DeliverabilityStore::summary() const {
-  return m_report.value() ? WatcherWords::summary(*m_report.value()) : QString();
+void DeliverabilityStore::count() {
+  m_summary = WatcherWords::summary(*m_report.value());
+  m_counts.clear();
+  for (const DeliverabilityInbox& inbox : m_report.value()->inboxes)
+    ++m_counts[WatcherWords::groupOf(inbox.stage.value_or(QString()))];
 }
 
 QString DeliverabilityStore::lastScan() const {

@@ -35,7 +35,7 @@ class DeliverabilityStore final : public Store {
   QString sortKey() const { return m_query.sort ? m_query.sort->key : QString(); }
   bool sortDescending() const { return m_query.sort && m_query.sort->descending; }
   /// Empty before the first answer.
-  QString summary() const;
+  const QString& summary() const { return m_summary; }
   QString lastScan() const;
   QString countText() const;
 
@@ -58,6 +58,7 @@ class DeliverabilityStore final : public Store {
 
  private:
   void arrived();
+  void count();
   void learn(const DeliverabilityInbox& inbox);
   void markStale();
 
@@ -65,6 +66,9 @@ class DeliverabilityStore final : public Store {
   Resource<DeliverabilityReport> m_report;
   DeliverabilityRows m_rows;
   InboxDetail m_inbox;
+  /// Of thousands of inboxes, and asked for at every change.
+  QMap<QString, int> m_counts;
+  QString m_summary;
   /// To be shown once the report is there.
   QString m_wanted;
 };
