@@ -198,6 +198,8 @@ void SequenceEditor::selectPlace(int place) {
 }
 
 void SequenceEditor::insertStep(int place) {
+  // Into a sequence that is not known: loading it would take the email away again, if there is a campaign at all.
+  if (!m_context.campaign.value()) return;
   // Shown from the first moment on: what changes with it is told once.
   m_autosave.edit([this, place](SequenceDraft& draft) { m_step = draft.insertStep(place); });
   follow();
