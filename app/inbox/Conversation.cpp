@@ -33,6 +33,10 @@ Conversation::Conversation(WorkspaceContext& context, QString id, Surroundings a
   m_listed = m_around.listed(m_id);
   connect(&m_detail, &ResourceBase::valueChanged, this, &Conversation::arrived);
   connect(&m_lead, &ResourceBase::changed, this, &Conversation::changed);
+  // No view of a resource stands for it.
+  connect(&context, &WorkspaceContext::reachable, this, [this] {
+    if (m_lead.isAsked()) m_lead.ensureLoaded();
+  });
   connect(&m_around.writings, &Writings::changed, this, [this](const QString& threadId) {
     if (threadId != m_id) return;
     Q_EMIT writingChanged();
@@ -66,6 +70,7 @@ const InboxThread* Conversation::thread() const {
 
 void Conversation::ensureLoaded() {
   Store::ensureLoaded();
+  if (m_lead.isAsked()) m_lead.ensureLoaded();
   // Texts that said nothing may have been let go of while nobody looked.
   openWritings();
 }
@@ -77,8 +82,8 @@ void Conversation::refresh() {
 
 void Conversation::ensureContact() {
   if (!thread() || !thread()->lead) return;
-  // Asked at every change, and a failure is one: it would be tried again without end.
-  if (!m_lead.isAsked() || m_lead.hasContent()) m_lead.ensureLoaded();
+  // Asked for at every change, and a failure is one: it would be tried again without end.
+  if (!m_lead.isAsked()) m_lead.load();
 }
 
 void Conversation::follow(const InboxThread& listed) {

@@ -65,6 +65,7 @@ void MessageRowsModel::arrange() {
     first = false;
   }
   update(std::move(rows));
+  Q_EMIT arranged();
 }
 
 std::vector<MessageRow> MessageRowsModel::rowsOf(const InboxMessage& message, bool first) const {

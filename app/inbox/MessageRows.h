@@ -38,12 +38,18 @@ ORV_DECLARE_ROW(MessageRow)
 
 /// The messages of one conversation, oldest first, in rows that are each drawn within a frame.
 class MessageRowsModel final : public WrittenRows<MessageRow> {
+  Q_OBJECT
+
  public:
   explicit MessageRowsModel(QObject* parent = nullptr) : WrittenRows({"text"}, parent) {}
 
   void show(const ThreadDetail& detail, const QDateTime& now);
   /// Opens or closes what a message quotes.
   void fold(const QString& foldId);
+
+ Q_SIGNALS:
+  /// All rows are what they are now to be.
+  void arranged();
 
  private:
   void arrange();

@@ -64,10 +64,11 @@ class OnItsWay {
 }  // namespace
 
 ThreadActions::ThreadActions(WorkspaceContext& context, Store* whole, ThreadList& threads, Writings& writings)
-    : Store(context, whole),
-      m_threads(threads),
-      m_writings(writings),
-      m_actions(context, m_busy, [&context] { context.changes().stale<InboxThread>(); }) {
+    : Store(context, whole), m_threads(threads), m_writings(writings), m_actions(context, m_busy, [&context] {
+        context.changes().stale<InboxThread>();
+        // A draft may have been written, or have been replaced by a reply.
+        context.changes().stale<Draft>();
+      }) {
   connect(&m_busy, &BusySet::changed, this, &ThreadActions::busyChanged);
 }
 

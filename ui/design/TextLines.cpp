@@ -17,6 +17,13 @@ void TextLines::setDocument(QQuickTextDocument* document) {
   Q_EMIT documentChanged();
 }
 
+void TextLines::setText(const QString& text) {
+  if (std::exchange(m_writes, true) && m_text == text) return;
+  m_text = text;
+  write();
+  Q_EMIT textChanged();
+}
+
 void TextLines::setHeight(double height) {
   if (m_height == height) return;
   m_height = height;
@@ -24,19 +31,38 @@ void TextLines::setHeight(double height) {
   Q_EMIT heightChanged();
 }
 
+void TextLines::componentComplete() {
+  m_complete = true;
+  m_writes ? write() : apply();
+}
+
+void TextLines::write() {
+  if (!m_document || !m_complete) return;
+  format([this](QTextCursor& cursor, const QTextBlockFormat& format) {
+    cursor.beginEditBlock();
+    cursor.setBlockFormat(format);
+    cursor.insertText(m_text);
+    cursor.endEditBlock();
+  });
+}
+
 // Lines that are typed or pasted take the height of those around them, so only another text lacks it, and nothing of
 // that can be undone yet.
 void TextLines::apply() {
-  if (!m_document || m_height <= 0 || m_applying || m_document->firstBlock().blockFormat().lineHeight() == m_height)
-    return;
+  if (!m_document || !m_complete || m_height <= 0 || m_applying) return;
+  if (m_document->firstBlock().blockFormat().lineHeight() == m_height) return;
+  format([](QTextCursor& cursor, const QTextBlockFormat& format) { cursor.mergeBlockFormat(format); });
+}
+
+void TextLines::format(const std::function<void(QTextCursor&, const QTextBlockFormat&)>& edit) {
   const QScopedValueRollback applying(m_applying, true);
   const bool undoable = m_document->isUndoRedoEnabled();
   m_document->setUndoRedoEnabled(false);
   QTextBlockFormat format;
-  format.setLineHeight(m_height, QTextBlockFormat::FixedHeight);
+  if (m_height > 0) format.setLineHeight(m_height, QTextBlockFormat::FixedHeight);
   QTextCursor cursor(m_document);
   cursor.select(QTextCursor::Document);
-  cursor.mergeBlockFormat(format);
+  edit(cursor, format);
   m_document->setUndoRedoEnabled(undoable);
 }
 

@@ -58,12 +58,14 @@ Column {
     }
 
     Repeater {
-        model: root.conversation?.facts ?? []
+        // By their number: going on to another contact gives them other words instead of making them anew.
+        model: root.conversation?.facts.length ?? 0
 
         Column {
             id: fact
 
-            required property choice modelData
+            required property int index
+            readonly property choice modelData: root.conversation?.facts[index] ?? ({})
 
             width: root.width
             bottomPadding: 10
@@ -105,12 +107,13 @@ Column {
     }
 
     Repeater {
-        model: root.conversation?.campaigns ?? []
+        model: root.conversation?.campaigns.length ?? 0
 
         Item {
             id: campaign
 
-            required property choice modelData
+            required property int index
+            readonly property choice modelData: root.conversation?.campaigns[index] ?? ({})
 
             width: root.width
             height: 44

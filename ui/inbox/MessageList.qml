@@ -11,8 +11,6 @@ FocusScope {
 
     signal linkChosen(string url)
 
-    onConversationChanged: view.toEnd()
-
     ListView {
         id: view
 
@@ -33,7 +31,10 @@ FocusScope {
         anchors.fill: parent
         focus: true
         activeFocusOnTab: true
-        model: root.conversation.messages
+        model: ShownMessages {
+            conversation: root.conversation
+            onConversationChanged: view.toEnd()
+        }
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: false
         currentIndex: -1

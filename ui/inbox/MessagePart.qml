@@ -139,6 +139,7 @@ Item {
             TextLines {
                 document: piece.textDocument
                 height: Theme.readingLine
+                text: root.text
             }
 
             // It can be selected and copied; it can hold nothing but text.
@@ -150,7 +151,6 @@ Item {
                 selectByMouse: true
                 textFormat: TextEdit.PlainText
                 wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
-                text: root.text
                 font: Theme.reading
                 color: root.part === "quote" ? Theme.text2 : Theme.text
                 selectionColor: Theme.accent

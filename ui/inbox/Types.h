@@ -5,6 +5,7 @@
 #include "app/inbox/AgentSettingsStore.h"
 #include "app/inbox/DraftsStore.h"
 #include "app/inbox/InboxStore.h"
+#include "app/inbox/ShownMessages.h"
 
 // Types of app/ by the names that pages use. They are registered here because app/ knows no QML.
 
@@ -99,6 +100,12 @@ struct InboxStoreType {
   QML_FOREIGN(orv::InboxStore)
   QML_NAMED_ELEMENT(InboxStore)
   QML_UNCREATABLE("The application model owns it.")
+};
+
+struct ShownMessagesType {
+  Q_GADGET
+  QML_FOREIGN(orv::ShownMessages)
+  QML_NAMED_ELEMENT(ShownMessages)
 };
 
 struct ThreadListType {

@@ -20,6 +20,11 @@ Rectangle {
     }
 
     readonly property bool editing: conversation.editing && conversation.edit !== null
+    /// Somebody writes, or wrote, in this one: a field for what is only read would hold up going on to the next.
+    property bool touched: false
+
+    onEditingChanged: touched = touched || editing
+    onConversationChanged: touched = editing
 
     height: folded ? head.height : Math.min(mostHeight, head.height + failures.height + body.wanted + foot.height)
     radius: Theme.radiusFloat
@@ -78,6 +83,7 @@ Rectangle {
             TextLines {
                 document: words.textDocument
                 height: Theme.readingLine
+                text: root.conversation.draftText
             }
 
             TextEdit {
@@ -88,7 +94,6 @@ Rectangle {
                 selectByMouse: true
                 textFormat: TextEdit.PlainText
                 wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
-                text: root.conversation.draftText
                 font: Theme.reading
                 color: Theme.text
                 selectionColor: Theme.accent
@@ -101,7 +106,7 @@ Rectangle {
         Loader {
             id: editor
             anchors { fill: parent; topMargin: 10 }
-            active: root.conversation.edit !== null
+            active: root.conversation.edit !== null && root.touched
             visible: root.editing
             sourceComponent: composer
 

@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "app/inbox/ShownMessages.h"
 #include "tests/app/inbox/InboxFixture.h"
 
 using namespace orv;
@@ -288,6 +289,64 @@ class ConversationsTest : public InboxFixture {
     QCOMPARE(open.messages()->records().back().text, u"Ellen wrote:\n> Shall we?"_s);
   }
 
+  void goingOnGivesTheSameRowsOtherTexts() {
+    const auto message = [](const QString& id, const QString& body) {
+      return QJsonObject{{u"id"_s, id},
+                         {u"direction"_s, u"outbound"_s},
+                         {u"state"_s, u"sent"_s},
+                         {u"body"_s, body},
+                         {u"at"_s, u"2026-11-20T10:00:00Z"_s}};
+    };
+    const QJsonObject third = threadOf(3, {{u"unread"_s, false}});
+    load();
+    openLast();
+    ShownMessages rows;
+    QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy other(&rows, &ShownMessages::conversationChanged), reset(&rows, &QAbstractItemModel::modelReset),
+        removed(&rows, &QAbstractItemModel::rowsRemoved), inserted(&rows, &QAbstractItemModel::rowsInserted);
+    const auto texts = [](const WrittenRows<MessageRow>& of) {
+      QStringList texts;
+      for (const MessageRow& row : of.records()) texts.append(row.part + u' ' + row.text + row.foldId);
+      return texts;
+    };
+    const auto idsHere = [&rows] {
+      QStringList ids;
+      for (const MessageRow& row : rows.records()) ids.append(row.id);
+      return ids;
+    };
+    rows.setConversation(store->conversation());
+    const QStringList first = idsHere();
+    inserted.clear();
+    QCOMPARE(texts(rows), texts(*store->conversation()->messages()));
+    // Longer by a message: what stood at the end stands there, and there are others above it.
+    open(2,
+         detailOf(threadOf(2, {{u"unread"_s, false}}), {}, {message(u"m2"_s, u"On Tuesday.\n\nEllen wrote:\n> Hm"_s)}),
+         1);
+    rows.setConversation(store->conversation());
+    QCOMPARE(texts(rows), texts(*store->conversation()->messages()));
+    QCOMPARE(idsHere().last(first.size()), first);
+    QCOMPARE(inserted.takeFirst().at(1).toInt(), 0);
+    QCOMPARE(inserted.size() + removed.size(), 0);
+    // While it is open a row stands for one piece of it, whatever comes below or is unfolded.
+    store->conversation()->fold(store->conversation()->messages()->records()[2].foldId);
+    QCOMPARE(inserted.size(), 1);
+    const QStringList unfolded = idsHere();
+    ThreadDetail longer = *store->conversation()->detail()->value();
+    longer.messages.append(longer.messages.last());
+    longer.messages.last().id = u"m3"_s;
+    store->conversation()->take(longer);
+    QCOMPARE(idsHere().first(unfolded.size()), unfolded);
+    QCOMPARE(texts(rows), texts(*store->conversation()->messages()));
+    QCOMPARE(other.size(), 2);
+    // Shorter again, and none at all.
+    store->open(u"t3"_s);
+    rows.setConversation(store->conversation());
+    QCOMPARE(texts(rows), texts(*store->conversation()->messages()));
+    QCOMPARE(reset.size(), 0);
+    rows.setConversation(nullptr);
+    QCOMPARE(rows.rowCount(), 0);
+  }
+
   void sectionsHaveTheirPlace() {
     load();
     openLast();
@@ -344,6 +403,21 @@ class ConversationsTest : public InboxFixture {
     f->api.expect(get(1));
     conversation->refresh();
     QCOMPARE(asked(lead), 2);
+    LeadRecord record;
+    record.id = u"l1"_s;
+    f->api.answer(lead, encodeJSON(record));
+    // Nor again and again once it is known and cannot be read anew; when there is a connection again, once.
+    f->api.expect(lead);
+    f->api.expect(get(1));
+    conversation->refresh();
+    f->api.fail(lead, TransportFailure::offline);
+    conversation->setReplying(true);
+    QCOMPARE(asked(lead), 3);
+    f->api.expect(lead);
+    f->api.answer(get(1), detailOf(threadOf(1, {{u"unread"_s, false}})));
+    QCOMPARE(asked(lead), 4);
+    f->api.fail(lead, TransportFailure::timedOut);
+    QCOMPARE(asked(lead), 4);
   }
 
   void theContactKeepsItsWidth() {

@@ -1,6 +1,7 @@
 #include "app/inbox/InboxStore.h"
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
+#include "tests/ui/support/items.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -28,6 +29,35 @@ class InboxWindowTest : public ui::WindowTest {
   void waitForOpen(const QString& id) {
     QTRY_COMPARE(inbox().openId(), id);
     QTRY_VERIFY(open()->detail()->hasContent());
+    QTRY_COMPARE(lastOnScreen(), lastText());
+  }
+  QString lastText() {
+    const auto& rows = open()->messages()->records();
+    const auto last =
+        std::find_if(rows.rbegin(), rows.rend(), [](const MessageRow& row) { return !row.text.isEmpty(); });
+    return last == rows.rend() ? QString() : last->text;
+  }
+  /// What stands lowest of the messages, as whoever looks sees it: whole, and in lines of the one height.
+  QString lastOnScreen() {
+    const auto isMessages = [](const QQuickItem* item) { return item->inherits("QQuickListView") && item->clip(); };
+    const auto listOf = [&](QQuickItem* item) {
+      QQuickItem* list = item;
+      while (list && !isMessages(list)) list = list->parentItem();
+      return list;
+    };
+    QString last;
+    double lowest = 0;
+    for (QQuickItem* text : ui::visibleItems(m_stage->window().contentItem(), [&](QQuickItem* item) {
+           return item->inherits("QQuickTextEdit") && item->property("readOnly").toBool() && listOf(item);
+         })) {
+      const QQuickItem* list = listOf(text);
+      const double bottom = text->mapToItem(list, {0, text->height()}).y();
+      if (bottom <= lowest) continue;
+      lowest = bottom;
+      const bool isWhole = bottom <= list->height() && std::fmod(text->height(), 22) == 0;
+      last = isWhole ? text->property("text").toString() : u"cut off"_s;
+    }
+    return last;
   }
 
  private Q_SLOTS:  // NOLINT: Qt Test calls them by name
