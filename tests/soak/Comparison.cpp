@@ -1,6 +1,8 @@
 #include "tests/soak/Comparison.h"
 
+#include <QAbstractItemModel>
 #include <QMetaProperty>
+#include <QPointer>
 
 #include "app/base/Choice.h"
 #include "app/base/Draft.h"
@@ -44,6 +46,32 @@ void chooseAs(QObject& object, const QObject& other, const char* method, const c
   const QVariant wanted = valueOf(other, property);
   if (wanted.isValid() && has(object, QByteArray(method) + "(QString)") && valueOf(object, property) != wanted)
     QMetaObject::invokeMethod(&object, method, Q_ARG(QString, wanted.toString()));
+}
+
+/// The same of what is gone through one by one.
+void stepAs(QObject& object, const QObject& other) {
+  if (!has(object, "goForward()") || !has(object, "goBack()")) return;
+  const QVariant wanted = valueOf(other, "picked");
+  while (valueOf(object, "hasPrevious").toBool()) QMetaObject::invokeMethod(&object, "goBack");
+  while (valueOf(object, "picked") != wanted && valueOf(object, "hasNext").toBool())
+    QMetaObject::invokeMethod(&object, "goForward");
+}
+
+/// The quotations that are unfolded.
+void foldAs(QObject& object, const QObject& other) {
+  if (!has(object, "fold(QString)")) return;
+  const auto openIn = [](const QObject& conversation) {
+    QSet<QString> open;
+    const auto* rows = valueOf(conversation, "messages").value<QAbstractItemModel*>();
+    for (int row = 0; rows && row < rows->rowCount(); ++row) {
+      const auto cell = [&](const char* role) { return rows->index(row, 0).data(rows->roleNames().key(role)); };
+      if (cell("open").toBool()) open.insert(cell("foldId").toString());
+    }
+    return open;
+  };
+  const QSet<QString> here = openIn(object), there = openIn(other);
+  for (const QString& id : (here - there) + (there - here))
+    QMetaObject::invokeMethod(&object, "fold", Q_ARG(QString, id));
 }
 
 /// Who holds a domain is shown to who has asked: where one of them has, both ask.
@@ -159,7 +187,28 @@ void Comparison::putAway() {
   }
 }
 
+// Nothing puts away a conversation or an email of a sequence that is open, what belongs to one draft is not to be given
+// to another, and of each database the person has chosen other columns.
+void Comparison::openAlike() {
+  const auto shown = byPath(m_shown.page());
+  // What belongs to the one that was open goes meanwhile.
+  QList<std::pair<QString, QPointer<QObject>>> held;
+  for (const Part& part : m_held.page()) held.append({part.path, part.object});
+  for (const auto& [path, object] : held) {
+    const QObject* const wanted = shown.value(path);
+    if (!wanted || !object) continue;
+    chooseAs(*object, *wanted, "open", "openId");
+    chooseAs(*object, *wanted, "chooseDatabase", "database");
+    if (const QVariant place = valueOf(*wanted, "place"); place.isValid() && has(*object, "selectPlace(int)"))
+      QMetaObject::invokeMethod(object, "selectPlace", Q_ARG(int, place.toInt()));
+    chooseAs(*object, *wanted, "showVariant", "variantKey");
+    stepAs(*object, *wanted);
+  }
+  m_rest();
+}
+
 void Comparison::align() {
+  openAlike();
   const auto held = byPath(m_held.page());
   for (const Part& part : m_shown.page()) {
     QObject* const other = held.value(part.path);
@@ -171,10 +220,8 @@ void Comparison::align() {
       const QVariant value = property.read(other);
       if (property.read(part.object) != value) property.write(part.object, value);
     }
-    // The one as the other: nothing puts away a conversation that is open.
-    chooseAs(*other, *part.object, "open", "openId");
+    foldAs(*part.object, *other);
     chooseAs(*part.object, *other, "chooseRange", "range");
-    chooseAs(*part.object, *other, "chooseDatabase", "database");
     seriesAs(*part.object, *other);
     lookUpAlike(*part.object, *other);
     unfoldAs(*part.object, *other);

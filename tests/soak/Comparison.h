@@ -28,6 +28,8 @@ class Comparison {
   void throwAway(const QString& workspace);
   void putAway();
   void ensureLoaded();
+  /// The same conversation, draft, email of a sequence, and database.
+  void openAlike();
   /// The same filters, the same sorting, as many rows.
   void align();
   void askAlike();

@@ -55,6 +55,8 @@ class Soak {
   void measure();
   /// Lets go of all that nothing but the person's presses has brought.
   void settle(SoakClient& client);
+  /// By choice, and without what is not saved.
+  void signOut();
   void judge();
   void fail(const QString& what);
   QStringList makeFiles();
@@ -75,6 +77,8 @@ class Soak {
   QList<qint64> m_heap, m_resident;
   /// What a client that has just been started has in use for the same pages.
   QList<qint64> m_fresh;
+  /// What stays when nobody is signed in any more.
+  QList<qint64> m_left;
   QStringList m_failures;
 };
 
