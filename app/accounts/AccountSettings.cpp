@@ -69,14 +69,13 @@ QString AccountSettings::conflict() const {
   return rivalsTold(changes);
 }
 
-QVariantMap AccountSettings::keeps() const {
-  QVariantMap keeps;
-  for (const QString& field : {u"sendLimit"_s, u"gap"_s}) {
-    const QString base = m_draft.saved().value(field).toString();
-    if (!base.isEmpty() && m_draft.values().value(field).toString().trimmed().isEmpty())
-      keeps.insert(field, u"Left empty, it stays at "_s + base + u'.');
-  }
-  return keeps;
+QString AccountSettings::keptSendLimit() const { return kept(u"sendLimit"_s); }
+QString AccountSettings::keptGap() const { return kept(u"gap"_s); }
+
+QString AccountSettings::kept(const QString& field) const {
+  const QString base = m_draft.saved().value(field).toString();
+  const bool emptied = !base.isEmpty() && m_draft.values().value(field).toString().trimmed().isEmpty();
+  return emptied ? u"Left empty, it stays at "_s + base + u'.' : QString();
 }
 
 QList<Choice> AccountSettings::tags() const { return choicesOf(m_draft.typed().tags); }

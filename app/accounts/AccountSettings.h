@@ -20,7 +20,8 @@ class AccountSettings final : public Store {
   Q_PROPERTY(bool checking READ checking NOTIFY changed)
   Q_PROPERTY(QString problem READ problem NOTIFY changed)
   Q_PROPERTY(QString conflict READ conflict NOTIFY changed)
-  Q_PROPERTY(QVariantMap keeps READ keeps NOTIFY changed)
+  Q_PROPERTY(QString keptSendLimit READ keptSendLimit NOTIFY changed)
+  Q_PROPERTY(QString keptGap READ keptGap NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tags READ tags NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> tagSuggestions READ tagSuggestions NOTIFY changed)
   Q_PROPERTY(bool hasTrackingDomain READ hasTrackingDomain NOTIFY changed)
@@ -47,7 +48,8 @@ class AccountSettings final : public Store {
   /// What somebody else made of fields that were changed here as well.
   QString conflict() const;
   /// What is said of a number that was emptied: there is no way to take one away, so that a save leaves it as it is.
-  QVariantMap keeps() const;
+  QString keptSendLimit() const;
+  QString keptGap() const;
   QList<Choice> tags() const;
   QList<Choice> tagSuggestions() const;
   /// As the service has it.
@@ -72,6 +74,7 @@ class AccountSettings final : public Store {
   void changed();
 
  private:
+  QString kept(const QString& field) const;
   void follow();
   void setProblem(const QString& problem);
   Task<void> rebuild();

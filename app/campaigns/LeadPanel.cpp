@@ -113,10 +113,10 @@ QString LeadPanel::next() const {
   return detail.next->at ? step + u" goes out "_s + leadMoment(detail.next->at) : step + u" is next"_s;
 }
 
-QVariantList LeadPanel::facts() const {
-  QVariantList facts;
+QList<Choice> LeadPanel::facts() const {
+  QList<Choice> facts;
   const auto add = [&facts](const QString& label, const std::optional<QString>& value) {
-    if (value && !value->isEmpty()) facts.append(QVariantMap{{u"label"_s, label}, {u"value"_s, shownName(*value)}});
+    if (value && !value->isEmpty()) facts.append({.key = label, .label = label, .detail = *value});
   };
   const auto moment = [](const std::optional<QString>& at) { return at ? std::optional(leadMoment(at)) : at; };
   add(u"Email"_s, m_lead.email);

@@ -2,6 +2,7 @@
 
 #include <QVariantList>
 
+#include "app/base/Choice.h"
 #include "app/base/Draft.h"
 #include "app/base/Form.h"
 #include "app/base/Recovery.h"
@@ -25,7 +26,7 @@ class LeadPanel final : public Store {
   Q_PROPERTY(orv::ResourceBase* detail READ detail CONSTANT)
   Q_PROPERTY(bool detailed READ detailed NOTIFY changed)
   Q_PROPERTY(QString next READ next NOTIFY changed)
-  Q_PROPERTY(QVariantList facts READ facts NOTIFY leadChanged)
+  Q_PROPERTY(QList<orv::Choice> facts READ facts NOTIFY leadChanged)
   Q_PROPERTY(QVariantList activity READ activity NOTIFY leadChanged)
   Q_PROPERTY(QStringList fieldNames READ fieldNames NOTIFY fieldsChanged)
   Q_PROPERTY(int fieldsRevision READ fieldsRevision NOTIFY fieldTextsChanged)
@@ -51,7 +52,7 @@ class LeadPanel final : public Store {
   /// "Step 2 of 4 goes out 7 Mar, 14:20"; empty when nothing is booked.
   QString next() const;
   /// Label and value of what is known.
-  QVariantList facts() const;
+  QList<Choice> facts() const;
   /// Title, text and moment of what happened, the newest first.
   QVariantList activity() const;
 

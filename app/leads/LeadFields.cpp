@@ -9,6 +9,21 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
+QString LeadField::kindName() const {
+  switch (kind) {
+    case Kind::facet:
+    case Kind::record:
+      break;
+    case Kind::text:
+      return u"text"_s;
+    case Kind::number:
+      return u"number"_s;
+    case Kind::flag:
+      return u"flag"_s;
+  }
+  return u"facet"_s;
+}
+
 const QList<LeadField>& leadFields() {
   using Kind = LeadField::Kind;
   static const QList<LeadField> fields{

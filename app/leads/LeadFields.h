@@ -1,12 +1,22 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <QString>
 
 namespace orv {
 
 /// One filter of the search, as people meet it.
 struct LeadField {
+  Q_GADGET
+  Q_PROPERTY(QString key MEMBER key)
+  /// "facet", "text", "number" or "flag".
+  Q_PROPERTY(QString kind READ kindName)
+  Q_PROPERTY(QString title MEMBER title)
+  Q_PROPERTY(QString several MEMBER several)
+  Q_PROPERTY(bool excludes MEMBER excludes)
+
+ public:
   enum class Kind {
     /// Values that the service knows, to be ticked.
     facet,
@@ -30,6 +40,8 @@ struct LeadField {
   bool isCoded = false;
   /// Exclusions can be set as well.
   bool excludes = false;
+
+  QString kindName() const;
 };
 
 /// In the order in which people meet them, group by group.

@@ -17,15 +17,6 @@ constexpr int followersAtMost = 2'000'000'000;
 
 QString chipKey(const LeadSearch::Part& part) { return part.key + u'=' + part.value; }
 
-const char* kindName(LeadField::Kind kind) {
-  static const QMap<LeadField::Kind, const char*> names{{LeadField::Kind::facet, "facet"},
-                                                        {LeadField::Kind::record, "facet"},
-                                                        {LeadField::Kind::text, "text"},
-                                                        {LeadField::Kind::number, "number"},
-                                                        {LeadField::Kind::flag, "flag"}};
-  return names.value(kind);
-}
-
 /// What belongs to another filter, or narrows nothing, has no chip of its own.
 bool hasChip(const QString& key) { return key != "source"_L1 && key != placeKey && key != minKey && key != maxKey; }
 
@@ -239,15 +230,9 @@ QString LeadFilters::numberProblem(const QString& text) const {
   return isFine ? QString() : u"A whole number"_s;
 }
 
-QVariantList LeadFilters::fields(const QString& group) const {
-  QVariantList fields;
-  for (const LeadField& field : leadFields())
-    if (field.group == group && fitsDatabase(field.key, database()))
-      fields.append(QVariantMap{{u"key"_s, field.key},
-                                {u"kind"_s, QString::fromLatin1(kindName(field.kind))},
-                                {u"title"_s, field.title},
-                                {u"several"_s, field.several},
-                                {u"excludes"_s, field.excludes}});
+QList<LeadField> LeadFilters::fields(const QString& group) const {
+  QList<LeadField> fields = leadFields();
+  fields.removeIf([&](const LeadField& field) { return field.group != group || !fitsDatabase(field.key, database()); });
   return fields;
 }
 

@@ -64,8 +64,8 @@ class LeadFilters final : public Store {
   /// Why a number cannot be; empty when it can.
   Q_INVOKABLE QString numberProblem(const QString& text) const;
 
-  /// Key, kind and words of the group's filters in the database that is searched.
-  Q_INVOKABLE QVariantList fields(const QString& group) const;
+  /// The group's filters in the database that is searched.
+  Q_INVOKABLE QList<orv::LeadField> fields(const QString& group) const;
   /// The values of a key; null for one that has no list.
   Q_INVOKABLE orv::FacetList* facet(const QString& key);
   /// The workspace's lists or campaigns are others.

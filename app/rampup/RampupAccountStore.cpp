@@ -145,7 +145,7 @@ QString RampupAccountStore::healthScore() const {
 
 bool RampupAccountStore::healthLow() const { return item() && item()->health.low; }
 
-QVariantList RampupAccountStore::healthParts() const {
+QList<double> RampupAccountStore::healthParts() const {
   if (!item() || item()->health.checked <= 0) return {};
   const MailboxHealth& health = item()->health;
   const auto part = [&health](qint64 count) { return double(count) / double(health.checked); };

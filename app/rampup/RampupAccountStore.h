@@ -33,14 +33,14 @@ class RampupAccountStore final : public Store {
   Q_PROPERTY(QVariantList warmupSeries READ warmupSeries NOTIFY changed)
   Q_PROPERTY(QVariantList campaignSeries READ campaignSeries NOTIFY changed)
   Q_PROPERTY(QVariantList tableSeries READ tableSeries NOTIFY changed)
-  Q_PROPERTY(QVariantList stages READ stages NOTIFY changed)
+  Q_PROPERTY(QList<orv::StagePart> stages READ stages NOTIFY changed)
   Q_PROPERTY(int today READ today NOTIFY changed)
   Q_PROPERTY(QString warmupText READ warmupText NOTIFY changed)
   Q_PROPERTY(QString healthText READ healthText NOTIFY changed)
   Q_PROPERTY(QString healthWarning READ healthWarning NOTIFY changed)
   Q_PROPERTY(QString healthScore READ healthScore NOTIFY changed)
   Q_PROPERTY(bool healthLow READ healthLow NOTIFY changed)
-  Q_PROPERTY(QVariantList healthParts READ healthParts NOTIFY changed)
+  Q_PROPERTY(QList<double> healthParts READ healthParts NOTIFY changed)
   Q_PROPERTY(QList<orv::Choice> statLines READ statLines NOTIFY changed)
   Q_PROPERTY(bool paused READ paused NOTIFY changed)
   Q_PROPERTY(bool running READ running NOTIFY changed)
@@ -83,7 +83,7 @@ class RampupAccountStore final : public Store {
   QVariantList warmupSeries() const { return m_days.warmup; }
   QVariantList campaignSeries() const { return m_days.campaign; }
   QVariantList tableSeries() const { return m_days.all; }
-  QVariantList stages() const { return m_days.stages; }
+  const QList<StagePart>& stages() const { return m_days.stages; }
   int today() const { return m_days.today; }
   QString warmupText() const;
   QString healthText() const;
@@ -91,7 +91,7 @@ class RampupAccountStore final : public Store {
   QString healthScore() const;
   bool healthLow() const;
   /// In the inbox, among spam and missing, as shares of the checked ones.
-  QVariantList healthParts() const;
+  QList<double> healthParts() const;
   QList<Choice> statLines() const;
   bool paused() const;
   bool running() const;

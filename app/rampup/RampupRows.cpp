@@ -1,9 +1,8 @@
 #include "app/rampup/RampupRows.h"
 
-#include <QVariantList>
-
 #include "app/base/cellText.h"
 #include "app/base/shownName.h"
+#include "app/rampup/StagePart.h"
 #include "kit/api/Format.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 
@@ -17,20 +16,6 @@ namespace {
 
 /// Under it, too little of the warm-up mail arrives.
 constexpr double goodInboxRate = 90;
-
-/// Of each stage its days and how many of them are over.
-QVariantList stagesOf(const RampupItem& item) {
-  QVariantList stages;
-  if (!item.plan) return stages;
-  qint64 before = 0;
-  for (const RoadmapStage& stage : item.plan->stages) {
-    const qint64 done =
-        item.plan->isDone() ? stage.days : std::clamp<qint64>(item.plan->dayIndex - before, 0, stage.days);
-    stages.append(QVariantMap{{u"days"_s, stage.days}, {u"done"_s, done}});
-    before += stage.days;
-  }
-  return stages;
-}
 
 bool warms(const RampupItem& item) { return item.settings.enabled || item.sent.warmup > 0; }
 bool sends(const RampupItem& item) { return item.sent.campaign > 0 || (item.plan && item.plan->campaignCapToday > 0); }
@@ -100,7 +85,7 @@ QVariant RampupRowsModel::extraData(const RampupRow& row, int, int role) const {
     case PendingRole:
       return phase == RampupWords::Phase::pending;
     case StagesRole:
-      return stagesOf(item);
+      return QVariant::fromValue(item.plan ? stageParts(*item.plan) : QList<StagePart>());
     case StoppedRole:
       return item.plan && (item.plan->isPaused() || item.plan->isDone());
     case StandingRole:

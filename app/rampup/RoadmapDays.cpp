@@ -27,24 +27,6 @@ QVariantMap plan(const QVariantList& values, int toCome) {
 
 QVariant orNothing(const std::optional<qint64>& count) { return count ? QVariant(double(*count)) : QVariant(qQNaN()); }
 
-QVariantList stagesOf(const RoadmapPlan& plan) {
-  QVariantList stages;
-  qint64 before = 0;
-  for (const RoadmapStage& stage : plan.stages) {
-    const qint64 done = plan.isDone() ? stage.days : std::clamp<qint64>(plan.dayIndex - before, 0, stage.days);
-    const bool isCurrent = !plan.isDone() && plan.stage && plan.stage->key == stage.key;
-    const QString facts = isCurrent ? u"Day %1 of %2"_s.arg(plan.stage->day).arg(plan.stage->days)
-                                    : Format::counted(stage.days, u"day"_s, u"days"_s);
-    stages.append(QVariantMap{{u"name"_s, shownName(stage.name)},
-                              {u"facts"_s, facts},
-                              {u"days"_s, stage.days},
-                              {u"done"_s, done},
-                              {u"current"_s, isCurrent}});
-    before += stage.days;
-  }
-  return stages;
-}
-
 }  // namespace
 
 RoadmapDays::RoadmapDays(const RampupDetail& detail) {
@@ -69,7 +51,7 @@ RoadmapDays::RoadmapDays(const RampupDetail& detail) {
     return map;
   };
   all = {warmup[0], named(warmup[1], u"Planned warm-up"_s), campaign[0], named(campaign[1], u"Planned campaign"_s)};
-  if (detail.plan) stages = stagesOf(*detail.plan);
+  if (detail.plan) stages = stageParts(*detail.plan);
 }
 
 }  // namespace orv

@@ -5,6 +5,7 @@
 
 #include "app/base/RecordModel.h"
 #include "app/base/RowFields.h"
+#include "app/rampup/StagePart.h"
 #include "kit/models/rampup/rampupDetail.h"
 
 namespace orv {
@@ -23,8 +24,7 @@ struct RoadmapDays {
   QStringList notes;
   /// -1 when today is none of them.
   int today = -1;
-  /// For each stage: name, facts, days, done, current.
-  QVariantList stages;
+  QList<StagePart> stages;
 };
 
 }  // namespace orv

@@ -23,10 +23,10 @@ namespace {
 constexpr qsizetype nameUnder = 80;
 
 TemplateRow rowOf(const RoadmapTemplate& known) {
-  QVariantList bars;
+  QList<StagePart> bars;
   QStringList stages;
   for (const RoadmapStage& stage : known.stages) {
-    bars.append(QVariantMap{{u"days"_s, stage.days}, {u"done"_s, 0}});
+    bars.append({.days = int(stage.days)});
     stages.append(shownName(stage.name) + u", "_s + Format::counted(stage.days, u"day"_s, u"days"_s));
   }
   QStringList facts;

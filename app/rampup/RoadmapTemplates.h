@@ -6,6 +6,7 @@
 #include "app/base/Resource.h"
 #include "app/base/RowFields.h"
 #include "app/rampup/RoadmapEditor.h"
+#include "app/rampup/StagePart.h"
 #include "kit/models/rampup/roadmapTemplate.h"
 
 namespace orv {
@@ -16,8 +17,7 @@ struct TemplateRow {
   QString name;
   QString facts;
   QString lengthText;
-  /// For each stage its days, as the table's bar takes them.
-  QVariantList stages;
+  QList<StagePart> stages;
   QString stagesText;
   QString updatedText;
   QString archivedText;

@@ -152,15 +152,15 @@ void Router::open(const QString& page) {
   if (const auto named = Pages::pageNamed(page)) open(*named);
 }
 
-QVariantList Router::pages() {
-  QVariantList list;
+QList<PageEntry> Router::pages() {
+  QList<PageEntry> list;
   for (const auto& info : Pages::all())
-    list.append(QVariantMap{{u"page"_s, Pages::name(info.page)},
-                            {u"title"_s, info.title},
-                            {u"iconName"_s, info.icon},
-                            {u"key"_s, QString(info.key.toUpper())},
-                            {u"group"_s, int(info.group)},
-                            {u"atFoot"_s, info.group == Pages::Group::foot}});
+    list.append({.page = Pages::name(info.page),
+                 .title = info.title,
+                 .iconName = info.icon,
+                 .key = info.key.toUpper(),
+                 .group = int(info.group),
+                 .atFoot = info.group == Pages::Group::foot});
   return list;
 }
 

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QSet>
 #include <QStringList>
-#include <QVariantList>
+#include <QVariantMap>
 #include <functional>
 #include <optional>
 
@@ -17,11 +17,34 @@
 
 namespace orv {
 
+/// A page as the sidebar shows it.
+struct PageEntry {
+  Q_GADGET
+  Q_PROPERTY(QString page MEMBER page)
+  Q_PROPERTY(QString title MEMBER title)
+  Q_PROPERTY(QString iconName MEMBER iconName)
+  /// Second key of the "go to" chord.
+  Q_PROPERTY(QString key MEMBER key)
+  /// The same for pages that stand together.
+  Q_PROPERTY(int group MEMBER group)
+  Q_PROPERTY(bool atFoot MEMBER atFoot)
+
+ public:
+  QString page;
+  QString title;
+  QString iconName;
+  QString key;
+  int group = 0;
+  bool atFoot = false;
+
+  bool operator==(const PageEntry&) const = default;
+};
+
 /// Where the person is: the open page, what is selected in it, the palette and the sidebar.
 class Router final : public QObject, public Navigator {
   Q_OBJECT
   Q_PROPERTY(QString page READ pageName NOTIFY changed)
-  Q_PROPERTY(QVariantList pages READ pages CONSTANT)
+  Q_PROPERTY(QList<orv::PageEntry> pages READ pages CONSTANT)
   Q_PROPERTY(QString title READ title NOTIFY changed)
   Q_PROPERTY(int direction READ direction NOTIFY changed)
   Q_PROPERTY(QString inboxThread READ inboxThread NOTIFY changed)
@@ -41,8 +64,8 @@ class Router final : public QObject, public Navigator {
  public:
   Router(Preferences& preferences, Clock& clock, QObject* parent = nullptr);
 
-  /// Name (as `page`), title, icon, chord key and group of each page, in the sidebar's order.
-  static QVariantList pages();
+  /// In the sidebar's order.
+  static QList<PageEntry> pages();
 
   Page page() const { return m_page; }
   QString pageName() const { return Pages::name(m_page); }

@@ -17,6 +17,7 @@ RampupStore& openRampup(Stage& stage) {
 RampupStore& openTickedPlans(Stage& stage) {
   RampupStore& rampup = openRampup(stage);
   const auto& rows = rampup.list()->rows()->records();
+  if (rows.size() <= 10) throw StageTrouble(u"There are no accounts to tick"_s);
   for (const size_t row : {2, 3, 4, 10}) rampup.bulk()->selection()->toggle(rows[row].id);
   return rampup;
 }

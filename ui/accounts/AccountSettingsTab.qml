@@ -11,7 +11,6 @@ FocusScope {
     readonly property AccountSettings form: store.settings
     readonly property var values: form.draft.values
     readonly property var errors: form.draft.problems
-    readonly property var keeps: form.keeps
 
     function save() {
         form.save();
@@ -81,7 +80,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Daily limit"
-                    help: root.keeps.sendLimit ?? "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
+                    help: root.form.keptSendLimit || "The most campaign emails it sends in a day. Rampup lowers it while the account is new."
                     suffix: "per day"
                     from: 0
                     to: root.form.mostSendLimit
@@ -95,7 +94,7 @@ FocusScope {
                 OrvNumberField {
                     width: (limits.width - 24) / 2
                     label: "Minimum wait"
-                    help: root.keeps.gap ?? "The shortest gap between two emails from this account."
+                    help: root.form.keptGap || "The shortest gap between two emails from this account."
                     suffix: "minutes"
                     from: 0
                     to: root.form.mostSendingGap

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.App
 import Orvella.Accounts
 
 /// The workspace's email accounts, or the archive of removed ones in their place.
@@ -9,14 +10,9 @@ FocusScope {
 
     Component.onCompleted: store.ensureLoaded()
 
-    Loader {
-        readonly property var content: item
-
+    PageSwitch {
         anchors.fill: parent
-        focus: true
         sourceComponent: root.store.showArchived ? archive : live
-        // Whoever went to the archive and back goes on with the keyboard where the content is.
-        onLoaded: content.focusTable()
     }
 
     Component {

@@ -15,7 +15,7 @@ ArchivePage {
     summary: "Removed accounts wait here for 30 days with their sign-in, so Restore brings them back as they were."
     countText: store.archivedCountText
     resource: store.archived
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyText: "Removed accounts wait here for 30 days."
     view.errorTitle: "Couldn’t load archived accounts"
     onBack: store.showArchived = false

@@ -15,7 +15,7 @@ TablePage {
     attention: store.attention
     countText: store.countText
     resource: store.list
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "mail-message"
     view.emptyTitle: "No email accounts yet"
     view.emptyText: "Connect the inboxes you send from. Each one warms up, then joins your campaigns."

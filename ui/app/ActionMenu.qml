@@ -13,13 +13,13 @@ MenuLoader {
     // What the menu is about is held by id: rows move while it is open.
     property string record: ""
     property string about: ""
-    property var entries: []
+    property list<pageAction> entries
 
     /// Of the page, under a button.
     function openUnder(button: Item) {
         record = "";
         about = "";
-        entries = [...store.menu()];
+        entries = store.menu();
         openAt(button, true);
     }
 
@@ -27,8 +27,8 @@ MenuLoader {
     function openFor(key: string, row: Item, x: real, y: real) {
         record = key;
         about = (row as OrvTableRow)?.label ?? "";
-        entries = [...store.menu(key)];
-        if (entries.some(entry => entry.possible))
+        entries = store.menu(key);
+        if ([...entries].some(entry => entry.possible))
             openIn(row, x, y);
     }
 
@@ -37,18 +37,18 @@ MenuLoader {
         title: root.title
 
         Instantiator {
-            model: root.entries.filter(entry => !entry.danger)
+            model: [...root.entries].filter(entry => !entry.danger)
             delegate: entry
             onObjectAdded: (index, object) => menu.insertItem(index, object as Item)
             onObjectRemoved: (index, object) => menu.removeItem(object as Item)
         }
 
         OrvMenuSeparator {
-            visible: root.entries.some(entry => entry.danger)
+            visible: [...root.entries].some(entry => entry.danger)
         }
 
         Instantiator {
-            model: root.entries.filter(entry => entry.danger)
+            model: [...root.entries].filter(entry => entry.danger)
             delegate: entry
             onObjectAdded: (index, object) => menu.addItem(object as Item)
             onObjectRemoved: (index, object) => menu.removeItem(object as Item)

@@ -5,12 +5,12 @@ import Orvella.Design
 Text {
     id: root
 
-    /// An invalid date, or none, while nothing was loaded.
-    property var loadedAt: undefined
+    /// Invalid while nothing was loaded.
+    property date loadedAt
     /// There is no connection: how old it is counts then, not how long ago it came.
     property bool offline: false
     property real now: Date.now()
-    readonly property real seconds: loadedAt ? (now - loadedAt.getTime()) / 1000 : NaN
+    readonly property real seconds: (now - loadedAt.getTime()) / 1000
 
     visible: !isNaN(seconds)
     verticalAlignment: Text.AlignVCenter
@@ -18,7 +18,9 @@ Text {
     color: Theme.text3
     textFormat: Text.PlainText
     text: {
-        const today = new Date(now).toDateString() === loadedAt?.toDateString();
+        if (isNaN(seconds))
+            return "";
+        const today = new Date(now).toDateString() === loadedAt.toDateString();
         if (offline)
             return "Data from " + Qt.formatDateTime(loadedAt, today ? "HH:mm" : "d MMM, HH:mm");
         const minutes = Math.floor(seconds / 60);

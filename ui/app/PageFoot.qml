@@ -62,7 +62,7 @@ Item {
     Freshness {
         anchors { right: parent.right; rightMargin: Theme.pageSide }
         height: parent.height
-        loadedAt: root.resource !== null ? root.resource.loadedAt : undefined
+        loadedAt: root.resource !== null ? root.resource.loadedAt : new Date(NaN)
         offline: root.resource !== null && root.resource.state === Resource.Offline
     }
 }

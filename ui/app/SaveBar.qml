@@ -45,7 +45,7 @@ Item {
         Row {
             id: where
 
-            readonly property var unsaved: [...choices.options].filter(section => section.ticked)
+            readonly property list<choice> unsaved: [...choices.options].filter(section => section.ticked)
             readonly property int most: extra.width > 0 ? 2 : 4
 
             width: buttons.x - 12
@@ -72,7 +72,7 @@ Item {
             }
 
             Repeater {
-                model: root.saving || root.hasErrors ? [] : where.unsaved.slice(0, where.most)
+                model: root.saving || root.hasErrors ? [] : [...where.unsaved].slice(0, where.most)
 
                 OrvLink {
                     required property choice modelData

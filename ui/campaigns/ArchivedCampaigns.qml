@@ -15,7 +15,7 @@ ArchivePage {
     summary: "Deleted campaigns wait here for 30 days, then go for good. They never send."
     countText: store.archivedCountText
     resource: store.archived
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyText: "A campaign you delete waits here for 30 days, so you can restore it."
     view.errorTitle: "Couldn’t load archived campaigns"
     onBack: store.showArchived = false

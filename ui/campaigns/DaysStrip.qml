@@ -99,7 +99,8 @@ FocusScope {
         Item {
             id: day
 
-            required property var model
+            required property string title
+            required property bool sends
             required property int index
 
             x: grid.columnX(index)
@@ -107,7 +108,7 @@ FocusScope {
             height: root.height - 1
 
             Loader {
-                active: !day.model.sends
+                active: !day.sends
                 anchors.fill: parent
                 sourceComponent: Hatching {}
             }
@@ -127,7 +128,7 @@ FocusScope {
                 verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: day.model.title
+                text: day.title
                 font: day.index === 0 ? Theme.smallStrong : Theme.small
                 color: day.index === 0 ? Theme.accentText : Theme.text2
                 Accessible.ignored: true

@@ -5,7 +5,8 @@ import Orvella.Design
 Column {
     id: root
 
-    property var facts: []
+    /// Label and detail of each.
+    property list<choice> facts
 
     spacing: 6
 
@@ -15,13 +16,13 @@ Column {
         Item {
             id: line
 
-            required property var modelData
+            required property choice modelData
 
             width: root.width
             height: Math.max(20, value.implicitHeight)
 
             Accessible.role: Accessible.StaticText
-            Accessible.name: modelData.label + ", " + modelData.value
+            Accessible.name: modelData.label + ", " + modelData.detail
 
             Text {
                 width: 116
@@ -43,7 +44,7 @@ Column {
                 lineHeightMode: Text.FixedHeight
                 lineHeight: 20
                 textFormat: Text.PlainText
-                text: line.modelData.value
+                text: line.modelData.detail
                 font: Theme.body
                 color: Theme.text
                 Accessible.ignored: true

@@ -32,7 +32,7 @@ ListDetail {
         focus: true
         countText: root.store.countText
         resource: root.store.leads
-        view.skeletonColumns: leadTable.columns
+        view.skeletonTable: leadTable
         view.emptyIcon: root.archive ? "archive-insert" : root.filtered ? "view-filter" : "system-users"
         view.emptyTitle: root.archive ? "Nothing archived" : root.filtered ? "No leads with this status" : "No leads yet"
         view.emptyText: root.archive ? "A lead you remove waits here for 30 days, so you can restore it."

@@ -15,7 +15,7 @@ TablePage {
     summary: store.summary
     countText: store.countText
     resource: store.list
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "mail-send"
     view.emptyTitle: "No campaigns yet"
     view.emptyText: "A campaign is a sequence of emails sent to a list of leads from inboxes that are ready to send."

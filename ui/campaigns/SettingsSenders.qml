@@ -69,7 +69,7 @@ SettingsSection {
 
                 OrvCheckbox {
                     required property int index
-                    readonly property var tag: root.picker.tags[index] ?? ({key: "", count: 0, ticked: false})
+                    readonly property choice tag: root.picker.tags[index] ?? ({key: "", count: 0, ticked: false})
 
                     text: tag.key + " · " + tag.count
                     checked: tag.ticked

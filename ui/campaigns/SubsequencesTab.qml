@@ -47,7 +47,7 @@ FocusScope {
         width: root.width
         height: root.height - y
         resource: root.page.list
-        skeletonColumns: table.columns
+        skeletonTable: table
         emptyIcon: "mail-reply-sender"
         emptyTitle: "No subsequences yet"
         emptyText: "Send leads who reply with a label into their own follow-up steps."

@@ -5,7 +5,7 @@ import Orvella.Design
 Window {
     id: root
 
-    property var pages: []
+    property list<string> pages
     property string page: pages.length > 0 ? pages[0] : ""
     property string popup: ""
     /// The page alone fills the window, for pictures and tests.

@@ -63,7 +63,7 @@ ListDetail {
         focus: true
         countText: root.store.countText
         resource: root.store.report
-        view.skeletonColumns: inboxTable.columns
+        view.skeletonTable: inboxTable
         view.emptyIcon: "security-high"
         view.emptyTitle: "No sending inboxes yet"
         view.emptyText: "Every inbox is watched as soon as it’s connected."

@@ -29,11 +29,11 @@ Item {
         Rectangle {
             required property int index
 
-            readonly property var at: root.plot.readings[index]?.y
+            readonly property real at: root.plot.readings[index]?.y ?? NaN
 
-            visible: at !== undefined
+            visible: !isNaN(at)
             x: root.area.x - width / 2
-            y: (at ?? 0) - height / 2
+            y: (visible ? at : 0) - height / 2
             width: 9
             height: 9
             radius: 4.5

@@ -32,7 +32,7 @@ OrvTable {
         id: row
 
         required property string day
-        required property var texts
+        required property list<string> texts
 
         label: day
 

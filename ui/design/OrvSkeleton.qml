@@ -6,8 +6,9 @@ import QtQuick
 Item {
     id: root
 
-    /// A table's columns as it has placed them; without them there is one bar a row.
-    property var columns: []
+    /// The table whose columns the bars stand in, as it has placed them; without it there is one bar a row.
+    property TableCore table: null
+    readonly property int columnCount: table !== null ? table.columns.length : 0
     property real rowHeight: 52
     property real topInset: 32
     property bool twoLines: rowHeight >= 52
@@ -47,13 +48,13 @@ Item {
             height: root.rowHeight
 
             Repeater {
-                model: Math.max(1, root.columns.length)
+                model: Math.max(1, root.columnCount)
 
                 Item {
                     id: cell
 
                     required property int index
-                    readonly property OrvColumn column: root.columns.length > 0 ? root.columns[index] : null
+                    readonly property OrvColumn column: index < root.columnCount ? root.table.columns[index] : null
                     readonly property real room: column ? column.width : root.width - 48
                     // Uneven on purpose: bars of one length look like a table of nothing.
                     readonly property real part: [0.62, 0.48, 0.7, 0.55][(line.index + index * 3) % 4]

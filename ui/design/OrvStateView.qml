@@ -21,7 +21,8 @@ Item {
     property string errorText: ""
     /// Another way on than trying again.
     property string errorAction: ""
-    property var skeletonColumns: []
+    /// The table that will show the rows.
+    property TableCore skeletonTable: null
     property real skeletonRowHeight: 52
     property real skeletonTopInset: 32
     /// A skeleton of the page's own, for screens that are not tables.
@@ -109,7 +110,7 @@ Item {
     Component {
         id: rows
         OrvSkeleton {
-            columns: root.skeletonColumns
+            table: root.skeletonTable
             rowHeight: root.skeletonRowHeight
             topInset: root.skeletonTopInset
         }

@@ -15,7 +15,7 @@ ArchivePage {
     summary: "Deleted lists wait here for 30 days, ready to restore."
     countText: store.archivedCountText
     resource: store.archived
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyText: "Deleted lists wait here for 30 days, ready to restore."
     view.errorTitle: "Couldn’t load archived lists"
     onBack: store.showArchived = false

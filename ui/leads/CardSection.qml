@@ -58,7 +58,7 @@ Column {
             id: tagLine
 
             required property int index
-            readonly property var words: root.tagSets[index] ?? []
+            readonly property list<string> words: root.tagSets[index] ?? []
 
             visible: words.length > 0
             width: root.width

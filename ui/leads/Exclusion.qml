@@ -9,7 +9,7 @@ Column {
     required property LeadFilters filters
     required property string key
     required property string several
-    readonly property var keys: filters.exclusions
+    readonly property list<string> keys: [...filters.exclusions]
     readonly property bool shown: keys.includes(key)
     default property Component content
 

@@ -11,7 +11,7 @@ Column {
     readonly property string database: filters.database
     readonly property var values: filters.values
     // Asked for anew with each database, and not with each change of the search.
-    readonly property var fields: database !== "" ? filters.fields(group) : []
+    readonly property list<leadField> fields: database !== "" ? filters.fields(group) : []
 
     leftPadding: 16
     rightPadding: 16
@@ -24,7 +24,7 @@ Column {
         Loader {
             id: field
 
-            required property var modelData
+            required property leadField modelData
 
             width: root.width - 32
             sourceComponent: {

@@ -10,7 +10,7 @@ Item {
     required property string samples
     required property string target
     required property bool isField
-    property var targets: []
+    property list<choice> targets
 
     signal chosen(int row, string target)
 

@@ -16,8 +16,12 @@ FocusScope {
     property bool searchWanted: false
     property bool made: false
 
-    onFoldedChanged: made = made || !folded
-    Component.onCompleted: made = !folded
+    // Hundreds of values take a while to make: not while the page itself comes.
+    Timer {
+        interval: 1
+        running: !root.folded && !root.made
+        onTriggered: root.made = true
+    }
 
     width: folded ? 44 : 244
 
@@ -42,7 +46,7 @@ FocusScope {
         sourceComponent: fold
     }
 
-    // Hundreds of values take a while to make: once made, they stay.
+    // Once made, they stay.
     Loader {
         anchors { fill: parent; rightMargin: 1 }
         visible: !root.folded

@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.App
 import Orvella.Leads
 
 /// The lists of leads, or the archive of deleted ones in their place.
@@ -11,16 +12,11 @@ FocusScope {
         content.item?.focusTable();
     }
 
-    Loader {
+    PageSwitch {
         id: content
 
-        readonly property var page: item
-
         anchors.fill: parent
-        focus: true
         sourceComponent: root.store.lists.showArchived ? archive : live
-        // Whoever went to the archive and back goes on with the keyboard where the content is.
-        onLoaded: page.focusTable()
     }
 
     Component {

@@ -8,7 +8,7 @@ Item {
 
     required property LeadTable table
     required property LeadCard card
-    readonly property var words: [...card.lists].map(list => list.label)
+    readonly property list<string> words: [...card.lists].map(list => list.label)
 
     x: Math.max(0, table.width - 360)
     z: 2
@@ -97,7 +97,7 @@ Item {
                 visible: root.words.length > 0
                 width: column.width
                 label: "In lists"
-                value: root.words.join(", ")
+                value: [...root.words].join(", ")
             }
 
             Text {

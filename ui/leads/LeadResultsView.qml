@@ -42,7 +42,7 @@ ListDetail {
         width: parent.width
         height: parent.height - y
         resource: root.results.list
-        skeletonColumns: leadTable.columns
+        skeletonTable: leadTable
         skeletonRowHeight: leadTable.rowHeight
         errorTitle: "Couldn’t load the leads"
         onRetryRequested: root.results.refresh()

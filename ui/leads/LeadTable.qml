@@ -11,7 +11,7 @@ PagedTable {
     required property LeadColumns choice
     required property bool canWrite
     readonly property bool waiting: results.waiting
-    readonly property var shownKeys: choice.shown
+    readonly property list<string> shownKeys: [...choice.shown]
     /// The columns that hold a line of text, of those that show.
     readonly property var textColumns: {
         const all = [providerCells, locationCells, titleCells, industryCells, nicheCells, phoneCells, revenueCells, tierCells,

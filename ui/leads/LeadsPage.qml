@@ -1,4 +1,5 @@
 import QtQuick
+import Orvella.App
 import Orvella.Leads
 
 /// The search for leads, or their lists.
@@ -9,14 +10,9 @@ FocusScope {
 
     Component.onCompleted: store.ensureLoaded()
 
-    Loader {
-        readonly property var content: item
-
+    PageSwitch {
         anchors.fill: parent
-        focus: true
         sourceComponent: root.store.showLists ? lists : search
-        // Whoever went elsewhere and back goes on with the keyboard where the content is.
-        onLoaded: content.focusTable()
     }
 
     Component {

@@ -64,7 +64,7 @@ FocusScope {
         width: root.width - (history.active ? history.width : 0)
         height: root.height - y - foot.height
         resource: root.lists.list
-        skeletonColumns: table.columns
+        skeletonTable: table
         emptyIcon: "system-users"
         emptyTitle: "No lists yet"
         emptyText: "Search for leads and save the results as a list, or create an empty one. Campaigns send to lists."

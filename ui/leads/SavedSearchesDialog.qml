@@ -19,7 +19,7 @@ OnDemand {
 
         property string part: "saved"
         readonly property bool archive: part === "archived"
-        readonly property var rows: archive ? root.saved.archivedChoices : root.saved.choices
+        readonly property list<choice> rows: archive ? root.saved.archivedChoices : root.saved.choices
 
         title: archive ? "Archived searches" : "Saved searches"
         text: archive ? "Deleted searches wait here for 30 days, then go for good." : "Filters that were kept under a name."

@@ -135,6 +135,12 @@ struct LeadColumnsType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct LeadFieldType {
+  Q_GADGET
+  QML_FOREIGN(orv::LeadField)
+  QML_VALUE_TYPE(leadField)
+};
+
 struct LeadFiltersType {
   Q_GADGET
   QML_FOREIGN(orv::LeadFilters)

@@ -10,7 +10,7 @@ Rectangle {
     required property string leadId
     required property bool canWrite
 
-    readonly property var unlocking: allowance.busyIds
+    readonly property list<string> unlocking: [...allowance.busyIds]
 
     height: column.height + 24
     radius: Theme.radiusCard

@@ -13,7 +13,7 @@ TablePage {
     summary: "Archived templates wait here for 30 days, then go for good."
     countText: templates.countText
     resource: templates.archived
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "archive-insert"
     view.emptyTitle: "Nothing archived"
     view.emptyText: "Templates you archive wait here for 30 days."

@@ -9,7 +9,7 @@ Column {
     id: root
 
     required property RampupAccountStore store
-    readonly property var parts: store.healthParts
+    readonly property list<real> parts: store.healthParts
 
     spacing: 10
 

@@ -13,7 +13,7 @@ TablePage {
     title: "Rampup"
     countText: templates.countText
     resource: templates.list
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "view-calendar-timeline"
     view.emptyTitle: "No templates yet"
     view.emptyText: "A template is a roadmap that accounts get a copy of."

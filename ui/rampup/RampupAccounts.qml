@@ -16,7 +16,7 @@ TablePage {
     attention: store.protectedText
     countText: store.countText
     resource: store.list
-    view.skeletonColumns: table.columns
+    view.skeletonTable: table
     view.emptyIcon: "view-calendar-timeline"
     view.emptyTitle: "No accounts on a roadmap yet"
     view.emptyText: "Connect the inboxes you send from. Each one follows a roadmap from its first day."

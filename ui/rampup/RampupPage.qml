@@ -10,14 +10,9 @@ FocusScope {
 
     Component.onCompleted: store.ensureLoaded()
 
-    Loader {
-        readonly property var content: item
-
+    PageSwitch {
         anchors.fill: parent
-        focus: true
         sourceComponent: !root.store.showTemplates ? accounts : root.store.templates.showArchived ? archive : templates
-        // Whoever went elsewhere and back goes on with the keyboard where the content is.
-        onLoaded: content.focusTable()
     }
 
     Component {

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Rampup
 
 /// An account in the list.
 OrvTableRow {
@@ -20,7 +21,7 @@ OrvTableRow {
     required property string phaseLabel
     required property string phaseTone
     required property bool pending
-    required property var stages
+    required property list<stagePart> stages
     required property bool stopped
     required property string standingText
     required property string warning

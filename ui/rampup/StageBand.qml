@@ -1,13 +1,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
+import Orvella.Rampup
 
 /// The stages of a roadmap side by side, each as wide as it is long, with how far it has come.
 Row {
     id: root
 
-    /// Maps with name, facts, days, done and current.
-    property var stages: []
+    property list<stagePart> stages
 
     readonly property real days: {
         let sum = 0;
@@ -25,18 +25,22 @@ Row {
             id: cell
 
             required property int index
-            readonly property var stage: root.stages[index] ?? ({ name: "", facts: "", days: 0, done: 0, current: false })
+            readonly property string name: root.stages[index]?.name ?? ""
+            readonly property string facts: root.stages[index]?.facts ?? ""
+            readonly property real days: root.stages[index]?.days ?? 0
+            readonly property real done: root.stages[index]?.done ?? 0
+            readonly property bool current: root.stages[index]?.current ?? false
 
-            width: Math.max(2, (root.width - root.spacing * (root.stages.length - 1)) * stage.days / root.days)
+            width: Math.max(2, (root.width - root.spacing * (root.stages.length - 1)) * days / root.days)
             height: 44
 
             Accessible.role: Accessible.StaticText
-            Accessible.name: stage.name + ", " + stage.facts
+            Accessible.name: name + ", " + facts
 
             OrvProgress {
                 width: parent.width
                 height: 6
-                value: cell.stage.days > 0 ? cell.stage.done / cell.stage.days : 0
+                value: cell.days > 0 ? cell.done / cell.days : 0
             }
 
             Text {
@@ -45,9 +49,9 @@ Row {
                 height: 18
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: cell.stage.name
-                font: cell.stage.current ? Theme.smallStrong : Theme.small
-                color: cell.stage.current ? Theme.text : Theme.text2
+                text: cell.name
+                font: cell.current ? Theme.smallStrong : Theme.small
+                color: cell.current ? Theme.text : Theme.text2
                 Accessible.ignored: true
             }
 
@@ -57,7 +61,7 @@ Row {
                 height: 16
                 elide: Text.ElideRight
                 textFormat: Text.PlainText
-                text: cell.stage.facts
+                text: cell.facts
                 font: Theme.microText
                 color: Theme.text2
                 Accessible.ignored: true

@@ -1,13 +1,13 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import Orvella.Design
+import Orvella.Rampup
 
 /// A bar for each stage of a roadmap, as long as its days, filled as far as they are over.
 Row {
     id: root
 
-    /// Maps with days and done.
-    property var stages: []
+    property list<stagePart> stages
     property color fill: Theme.accentText
     property color rest: Theme.pressed
     property real barHeight: 4
@@ -26,13 +26,14 @@ Row {
 
         OrvProgress {
             required property int index
-            readonly property var stage: root.stages[index] ?? ({ days: 0, done: 0 })
+            readonly property real days: root.stages[index]?.days ?? 0
+            readonly property real done: root.stages[index]?.done ?? 0
 
-            width: Math.max(2, (root.width - root.spacing * (root.stages.length - 1)) * stage.days / root.days)
+            width: Math.max(2, (root.width - root.spacing * (root.stages.length - 1)) * days / root.days)
             height: root.barHeight
             color: root.rest
             fill: root.fill
-            value: stage.days > 0 ? stage.done / stage.days : 0
+            value: days > 0 ? done / days : 0
         }
     }
 }

@@ -1,11 +1,12 @@
 import QtQuick
 import Orvella.Design
+import Orvella.Rampup
 
 /// Where an account stands on its roadmap: a bar for each stage, and the day in words.
 OrvCell {
     id: root
 
-    property var stages: []
+    property list<stagePart> stages
     property bool stopped: false
     property string text: ""
     property string warning: ""
@@ -18,15 +19,15 @@ OrvCell {
     StageBar {
         y: root.height / 2 - 11
         width: root.width - 32
-        visible: root.stages?.length > 0
-        stages: root.stages ?? []
+        visible: root.stages.length > 0
+        stages: root.stages
         fill: root.stopped ? Theme.borderControl : Theme.accentText
         rest: root.onSelected ? Theme.surface : Theme.pressed
     }
 
     Text {
         id: words
-        y: root.height / 2 - (root.stages?.length > 0 ? 0 : 8)
+        y: root.height / 2 - (root.stages.length > 0 ? 0 : 8)
         width: Math.min(implicitWidth, root.width)
         height: 16
         verticalAlignment: Text.AlignVCenter

@@ -1,6 +1,7 @@
 import QtQuick
 import Orvella.Design
 import Orvella.App
+import Orvella.Rampup
 
 /// A template in the list, or in the archive.
 OrvTableRow {
@@ -19,7 +20,7 @@ OrvTableRow {
     required property string name
     required property string facts
     required property string lengthText
-    required property var stages
+    required property list<stagePart> stages
     required property string stagesText
     required property string updatedText
     required property string archivedText

@@ -65,6 +65,12 @@ struct RoadmapTemplatesType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct StagePartType {
+  Q_GADGET
+  QML_FOREIGN(orv::StagePart)
+  QML_VALUE_TYPE(stagePart)
+};
+
 struct WarmupFormType {
   Q_GADGET
   QML_FOREIGN(orv::WarmupForm)

@@ -66,7 +66,7 @@ Window {
         Loader {
             id: shell
 
-            readonly property var view: item
+            readonly property ShellView view: item as ShellView
 
             anchors.fill: parent
             active: root.phase === "signedIn"

@@ -77,7 +77,7 @@ Item {
         model: root.router.pages
 
         Shortcut {
-            required property var modelData
+            required property pageEntry modelData
 
             sequence: modelData.key
             enabled: root.router.goPending

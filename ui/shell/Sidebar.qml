@@ -13,7 +13,7 @@ FocusScope {
     property bool foldable: true
 
     readonly property Router router: app.router
-    readonly property var pages: router.pages
+    readonly property list<pageEntry> pages: router.pages
     /// None while a page that is switched off stands in the window.
     readonly property string currentPage: router.offFeature === "" ? router.page : ""
     readonly property real itemWidth: width - 17
@@ -120,10 +120,10 @@ FocusScope {
         y: 98
 
         Repeater {
-            model: root.pages.filter(page => !page.atFoot)
+            model: [...root.pages].filter(page => !page.atFoot)
 
             SidebarItem {
-                required property var modelData
+                required property pageEntry modelData
                 required property int index
 
                 width: root.itemWidth
@@ -141,7 +141,7 @@ FocusScope {
     }
 
     SidebarItem {
-        readonly property var info: root.pages.find(page => page.atFoot)
+        readonly property pageEntry info: [...root.pages].find(page => page.atFoot)
 
         x: 8
         y: (jobs.visible ? jobs.y : person.y) - height - 8

@@ -84,7 +84,7 @@ Rectangle {
             Loader {
                 id: step
 
-                readonly property var content: item
+                readonly property Item content: item as Item
 
                 width: parent.width
                 focus: true

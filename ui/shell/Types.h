@@ -66,6 +66,12 @@ struct OpenPageType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct PageEntryType {
+  Q_GADGET
+  QML_FOREIGN(orv::PageEntry)
+  QML_VALUE_TYPE(pageEntry)
+};
+
 struct ProgramModelType {
   Q_GADGET
   QML_FOREIGN(orv::ProgramModel)

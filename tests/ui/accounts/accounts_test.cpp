@@ -1,6 +1,7 @@
 #include "app/accounts/AccountsStore.h"
 #include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
+#include "tests/ui/support/items.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -12,13 +13,10 @@ class AccountsWindowTest : public ui::WindowTest {
   void open(int mailboxes = 0) { beginAt(Page::accounts, {.mailboxes = mailboxes}); }
   AccountsStore& accounts() { return store<AccountsStore>(); }
   QQuickItem* table() {
-    QList<QQuickItem*> open{m_stage->window().contentItem()};
-    while (!open.isEmpty()) {
-      QQuickItem* next = open.takeLast();
-      if (next->property("tickedKeys").isValid() && next->property("title").toString() == "Accounts"_L1) return next;
-      open += next->childItems();
-    }
-    return nullptr;
+    const auto isIt = [](QQuickItem* item) {
+      return item->property("tickedKeys").isValid() && item->property("title").toString() == "Accounts"_L1;
+    };
+    return ui::visibleItems(m_stage->window().contentItem(), isIt).value(0);
   }
 
  private Q_SLOTS:

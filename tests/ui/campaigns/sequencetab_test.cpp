@@ -6,6 +6,7 @@
 
 #include "app/campaigns/CampaignStore.h"
 #include "tests/support/AppFixture.h"
+#include "tests/ui/support/items.h"
 #include "tests/ui/support/warnings.h"
 
 using namespace orv;
@@ -39,14 +40,7 @@ class SequenceTabTest : public QObject {
   SequenceEditor* editor = nullptr;
 
   QList<QQuickItem*> items(const std::function<bool(QQuickItem*)>& wanted) {
-    QList<QQuickItem*> found, open{view->contentItem()};
-    while (!open.isEmpty()) {
-      QQuickItem* item = open.takeLast();
-      if (!item->isVisible()) continue;
-      open += item->childItems();
-      if (wanted(item)) found.append(item);
-    }
-    return found;
+    return ui::visibleItems(view->contentItem(), wanted);
   }
   QQuickItem* withText(const QString& text) {
     return items([&text](QQuickItem* item) { return item->property("text").toString() == text; }).value(0);

@@ -5,6 +5,7 @@
 
 #include "app/analytics/AnalyticsStore.h"
 #include "desktop/scenes/Stage.h"
+#include "tests/ui/support/items.h"
 #include "tests/ui/support/warnings.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -28,14 +29,7 @@ class FiguresTest : public QObject {
   int focusedRow() { return rowHasFocus() ? focused()->property("index").toInt() : -1; }
 
   QList<QQuickItem*> items(const std::function<bool(QQuickItem*)>& wanted) {
-    QList<QQuickItem*> found, open{m_stage->window().contentItem()};
-    while (!open.isEmpty()) {
-      QQuickItem* item = open.takeLast();
-      if (!item->isVisible()) continue;
-      open += item->childItems();
-      if (wanted(item)) found.append(item);
-    }
-    return found;
+    return ui::visibleItems(m_stage->window().contentItem(), wanted);
   }
   /// Rows that exist, whether or not they are in sight.
   QList<QQuickItem*> rows() {
