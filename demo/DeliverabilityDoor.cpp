@@ -172,10 +172,7 @@ class Watch {
   qint64 m_inbox = 0, m_checks = 0;
 };
 
-HTTPAnswer report(Call& call) {
-  settleMailboxes(*call.workspace, call.now);
-  return jsonAnswer(toJSON(Watch(call).report()));
-}
+HTTPAnswer report(Call& call) { return jsonAnswer(toJSON(Watch(call).report())); }
 
 HTTPAnswer inbox(Call& call, DemoMailbox& mailbox) {
   if (mailbox.record.isPool()) return noSuchMailbox();

@@ -141,7 +141,7 @@ void settleInbox(DemoWorkspace& workspace, double repliesPerMinute, const QDateT
   if (due > mostAtOnce) inbox.receivedUntil = now.addMSecs(-mostAtOnce * every.count());
   for (qint64 left = std::min(due, mostAtOnce); left > 0; --left) {
     inbox.receivedUntil = inbox.receivedUntil.addMSecs(every.count());
-    receiveReply(workspace, {}, inbox.receivedUntil);
+    receiveAnother(workspace, {}, inbox.receivedUntil);
   }
 }
 
@@ -210,6 +210,21 @@ InboxMessage messageIn(const DemoThread& thread, const QString& direction, const
   message.kind = message.isInbound() ? record.kind : u"campaign"_s;
   message.at = formatPlatformDate(at);
   return message;
+}
+
+DemoThread& receiveAnother(DemoWorkspace& workspace, const QString& label, const QDateTime& now) {
+  QSet<QString> heard;
+  for (const DemoThread& thread : std::as_const(workspace.inbox.threads))
+    if (thread.record.lead) heard.insert(thread.record.lead->id);
+  const QList<LeadRecord>& own = workspace.leads.own();
+  const qint64 first = DemoRandom::of(workspace.slug, quint64(workspace.inbox.lastNumber)).below(own.size());
+  Incoming incoming{.label = label};
+  for (qint64 at = 0; at < own.size() && !incoming.person; ++at) {
+    const LeadRecord& lead = own[(first + at) % own.size()];
+    if (lead.fullName && !heard.contains(lead.id))
+      incoming.person = enrollable(workspace.leads, *workspace.leads.placeOf(lead.id));
+  }
+  return receiveReply(workspace, incoming, now);
 }
 
 DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now) {

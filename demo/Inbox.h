@@ -46,8 +46,10 @@ struct Incoming {
   /// Among what means the same: 0 for the first.
   qsizetype question = 0;
 };
-/// Somebody new answers a campaign.
+/// Somebody answers a campaign.
 DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now);
+/// Of those that the workspace has, one who has not answered yet, as long as there is one; with no label, anything.
+DemoThread& receiveAnother(DemoWorkspace& workspace, const QString& label, const QDateTime& now);
 
 /// The agent writes to what was said last; another draft of its own that waits goes.
 DemoDraft& writeDraft(DemoWorkspace& workspace, const DemoThread& thread, const QDateTime& now);

@@ -181,7 +181,7 @@ HTTPAnswer draft(Call& call, DemoThread& thread) {
 /// Asking always finds somebody who has just written.
 HTTPAnswer poll(Call& call) {
   settle(call);
-  if (!call.workspace->mailboxes.isEmpty()) receiveReply(*call.workspace, {}, call.now);
+  if (!call.workspace->mailboxes.isEmpty()) receiveAnother(*call.workspace, {}, call.now);
   return emptyAnswer();
 }
 

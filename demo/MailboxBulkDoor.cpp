@@ -120,7 +120,6 @@ void applyToAll(const Action& action, Bulk& bulk) {
 }
 
 HTTPAnswer bulk(Call& call) {
-  settleMailboxes(*call.workspace, call.now);
   const auto body = call.request.bodyAs<MailboxBulkBody>();
   if (!body || body->ids.isEmpty()) return invalid(u"Choose at least one account."_s, u"ids"_s);
   Bulk bulk{*body, call, {}};

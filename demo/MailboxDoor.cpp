@@ -32,7 +32,6 @@ void tellCounts(MailboxPage& page, const DemoWorkspace& workspace) {
 
 /// The cursor is the place of the last one shown: whoever leaves meanwhile makes no gap.
 HTTPAnswer list(Call& call) {
-  settleMailboxes(*call.workspace, call.now);
   const bool archived = call.request.isSet(u"archived"_s);
   const QList<DemoMailbox> all =
       archived ? call.workspace->archivedMailboxes : call.workspace->mailboxes + call.workspace->pool;

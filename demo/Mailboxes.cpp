@@ -97,10 +97,7 @@ HTTPAnswer changedAnswer(const Call& call, DemoMailbox& mailbox, int status) {
   return mailboxAnswer(call, mailbox, status);
 }
 
-DemoMailbox* findMailbox(Call& call) {
-  settleMailboxes(*call.workspace, call.now);
-  return call.workspace->findMailbox(call.ids.first());
-}
+DemoMailbox* findMailbox(Call& call) { return call.workspace->findMailbox(call.ids.first()); }
 
 HTTPAnswer noSuchMailbox() { return notFound(u"This account is no longer here"_s); }
 

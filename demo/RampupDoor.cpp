@@ -102,7 +102,6 @@ class ShownRoadmaps {
 };
 
 HTTPAnswer list(Call& call) {
-  settleMailboxes(*call.workspace, call.now);
   const ShownRoadmaps shown(call);
   RampupList list;
   for (const auto* all : {&call.workspace->mailboxes, &call.workspace->pool})
@@ -282,7 +281,6 @@ HTTPAnswer bulk(Call& call) {
                                               {u"extend"_s, {extendOne}},
                                               {u"restart"_s, {restartOne, false}},
                                               {u"edit"_s, {editOne}}};
-  settleMailboxes(*call.workspace, call.now);
   const auto body = call.request.bodyAs<RampupBulkBody>();
   if (!body || body->mailboxIds.isEmpty()) return invalid(u"Choose at least one account."_s, u"mailboxIds"_s);
   const auto action = actions.constFind(body->action);
