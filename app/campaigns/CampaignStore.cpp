@@ -8,6 +8,7 @@
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/launchCheck.h"
+#include "kit/models/mailboxes/mailbox.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -79,6 +80,10 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
   connect(&m_sequence, &SequenceEditor::changed, this, &CampaignStore::followLaunchPath);
   connect(m_sequence.autosave(), &SequenceAutosave::typed, this, &CampaignStore::followLaunchPath);
   context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
+  // Its senders are accounts, and have their states with it.
+  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+    if (change.acted) m_campaign.markStale();
+  });
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(name)); };
 }
 

@@ -8,6 +8,7 @@
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/campaignStatus.h"
+#include "kit/models/mailboxes/mailbox.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -85,6 +86,10 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, A
   connect(this, &Store::roleChanged, this, &CampaignsStore::changed);
   context.changes().watch<Campaign>(this, [this](const auto& change) { take(change); });
   context.changes().watch<Archived<Campaign>>(this, [this](const auto& change) { takeArchived(change); });
+  // Who sends for a campaign, and by tags also how many, is said of accounts.
+  context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
+    if (change.acted) m_list.markStale();
+  });
   m_newCampaign.onSubmit = [this](const QString& name) { m_tasks.start(createTask(name)); };
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(m_renamed.id, name)); };
 }

@@ -37,6 +37,9 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
     if (threadId == m_openId) Q_EMIT replySent();
   });
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &InboxStore::tellWords);
+  context.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) {
+    if (change.acted) m_campaigns.markStale();
+  });
   connect(&m_threads, &ThreadList::labelsChanged, this, &InboxStore::tellWords);
   if (auto* review = qobject_cast<DraftsStore*>(drafts)) {
     const DraftDecisions* decisions = review->decisions();

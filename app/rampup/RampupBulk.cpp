@@ -5,6 +5,7 @@
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/rampup/rampupDetail.h"
 #include "kit/models/rampup/rampupRequests.h"
 
@@ -54,7 +55,7 @@ struct ToldAtTheEnd {
   explicit ToldAtTheEnd(std::shared_ptr<WorkspaceContext> of) : context(std::move(of)) {}
   ToldAtTheEnd(const ToldAtTheEnd&) = delete;
   ToldAtTheEnd& operator=(const ToldAtTheEnd&) = delete;
-  ~ToldAtTheEnd() { roadmapsChanged(*context); }
+  ~ToldAtTheEnd() { context->changes().stale<Mailbox>(); }
   std::shared_ptr<WorkspaceContext> context;
 };
 
@@ -114,7 +115,7 @@ Task<std::optional<RampupBulkResult>> RampupBulk::send(RampupBulkBody body, Acti
   const auto result =
       co_await m_actions.send(Requests::bulkRampup(body), u"Couldn’t update the roadmaps."_s, {}, std::move(tell));
   // The answer only counts them.
-  if (result) roadmapsChanged(context());
+  if (result) context().changes().stale<Mailbox>();
   co_return result;
 }
 

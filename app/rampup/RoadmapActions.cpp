@@ -9,11 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
 
-void roadmapsChanged(WorkspaceContext& context, const QString& mailboxId) {
-  context.changes().stale<Mailbox>(mailboxId);
-  context.changes().stale<Campaign>();
-}
-
 RoadmapActions::RoadmapActions(WorkspaceContext& context, Store& whole)
     : Store(context, &whole), m_actions(context, m_busy, [&context] { context.changes().stale<RampupAccount>(); }) {
   connect(&m_busy, &BusySet::changed, this, &RoadmapActions::busyChanged);
@@ -28,7 +23,8 @@ Task<std::optional<RampupDetail>> RoadmapActions::change(QString id, Actions::Bu
   Q_EMIT learned(*detail);
   // As of now: what was asked for before this answer came may not know it.
   context().changes().publish(RampupAccount{id, detail->item()}, context().changes().stamp(), true);
-  roadmapsChanged(context(), id);
+  // Where its mail lands and what it sends for a campaign follow from it.
+  context().changes().stale<Mailbox>(id);
   co_return detail;
 }
 

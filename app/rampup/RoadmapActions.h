@@ -7,10 +7,6 @@
 
 namespace orv {
 
-/// Others show what an account's roadmap decides: the account itself, the campaigns that it sends for, where its mail
-/// lands. They are told that they know it no longer; with no id, of any of them, and the roadmaps are read again too.
-void roadmapsChanged(WorkspaceContext& context, const QString& mailboxId = {});
-
 /// What is done with one account's roadmap, on its own page and in the list: an account is busy in both at once. Each
 /// answer goes to the change feed.
 class RoadmapActions final : public Store {

@@ -8,6 +8,7 @@
 #include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/mailboxes/mailboxBrand.h"
 #include "kit/models/rampup/rampupRequests.h"
 
@@ -263,7 +264,7 @@ Task<void> RoadmapTemplates::editTask(QString id, QList<RoadmapStage> stages) {
   services().toasts.success(u"Schedule saved. Accounts on it update from today."_s);
   const RoadmapTemplate* saved = find(id);
   if (isShown && saved && std::exchange(m_fresh, {}) == id && onAddAccounts) onAddAccounts(*saved);
-  roadmapsChanged(context());
+  context().changes().stale<Mailbox>();
 }
 
 Task<void> RoadmapTemplates::removeTask(QString id) {

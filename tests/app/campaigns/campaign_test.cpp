@@ -310,6 +310,9 @@ class CampaignTest : public QObject {
                      (step.count < 0 ? step.detail : QString::number(step.count)));
       return steps.join(u"; "_s);
     };
+    // Nobody knows yet what there is to write in.
+    store->sequence()->insertStep(0);
+    QCOMPARE(store->sequence()->stepCount(), 0);
     load(campaign("draft"));
     QCOMPARE(path(), u"- Emails 0; - Leads 0; - Senders 0; - Schedule not set"_s);
     QVERIFY(!store->readyToLaunch());

@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "kit/models/mailboxes/mailbox.h"
 #include "tests/app/campaigns/CampaignsPage.h"
 
 using namespace orv;
@@ -342,6 +343,15 @@ class CampaignsTest final : public CampaignsPage {
     f->api.answer(u"POST /campaigns/c1/pause"_s, campaign("c1", "Acme Q3", "paused"));
     QCOMPARE(f->api.cancelled(), QStringList{u"GET /campaigns"_s});
     QCOMPARE(status(u"c1"_s), u"paused"_s);
+  }
+
+  void sendersAreCountedAnewWhenAccountsHaveChanged() {
+    load();
+    f->context->changes().publish(Mailbox(), f->context->changes().stamp(), false);
+    QVERIFY(!store->list()->needsLoad());
+    f->api.expect(u"GET /campaigns"_s);
+    f->context->changes().gone<Mailbox>(u"m1"_s, f->context->changes().stamp());
+    f->api.answer(u"GET /campaigns"_s, threeRows);
   }
 
   void failedRefreshKeepsTheRowsAndSaysSo() {

@@ -1,6 +1,7 @@
 #include <QSignalSpy>
 
 #include "app/inbox/ShownMessages.h"
+#include "kit/models/campaigns/campaign.h"
 #include "tests/app/inbox/InboxFixture.h"
 
 using namespace orv;
@@ -367,6 +368,23 @@ class ConversationsTest : public InboxFixture {
     store->showRecord(id(3));
     QCOMPARE(store->sectionName(), u"conversations"_s);
     QCOMPARE(f->navigator.openedItem(Page::inbox), id(3));
+  }
+
+  void aCampaignsNameIsOneThatItHas() {
+    load();
+    open(3, detailOf(threadOf(3, {{u"unread"_s, false}, {u"campaignId"_s, u"c1"_s}})));
+    const auto origin = [this] { return store->conversation()->origin().section(u" · "_s, 0, 0); };
+    const auto read = [this](const QByteArray& items) {
+      f->context->changes().stale<Campaign>(u"c1"_s);
+      f->api.expect(campaigns);
+      store->ensureLoaded();
+      f->api.answer(campaigns, R"({"items":[)" + items + "]}");
+    };
+    read(R"({"id":"c1","name":"Old","status":"running","senders":1,"steps":1,"leads":1,"sent":0,"replied":0,)"
+         R"("positive":0,"bounced":0,"createdAt":"2026-11-01T00:00:00Z"})");
+    QCOMPARE(origin(), u"Old"_s);
+    read({});
+    QVERIFY2(origin() != u"Old"_s, qPrintable(origin()));
   }
 
   void whoMayNotWriteOnlyReads() {

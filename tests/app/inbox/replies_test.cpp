@@ -196,6 +196,15 @@ class RepliesTest : public InboxFixture {
     QVERIFY(!store->generating());
     QCOMPARE(store->conversation()->draftText(), u"Dear Contact"_s);
     QVERIFY(life->writings.unsavedWork().isEmpty());
+
+    // One that may have been written without an answer is news to whoever shows or counts drafts.
+    bool isTold = false;
+    f->context->changes().watch<Draft>(store, [&isTold](const auto& change) { isTold = change.acted; });
+    f->api.expect(ask);
+    QVERIFY(store->act(u"generate"_s));
+    f->api.expect(list);
+    f->api.fail(ask, TransportFailure::timedOut);
+    QVERIFY(isTold);
   }
 };
 
