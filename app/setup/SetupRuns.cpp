@@ -54,7 +54,7 @@ void SetupRuns::open(const QString& projectId) {
 
 void SetupRuns::follow(const QString& projectId, const std::optional<SetupLastRun>& last) {
   const Followed& known = of(projectId);
-  if (last) count(last->id, last->connected, !last->isOpen());
+  if (last) count(last->id, last->connected);
   if (!last || !known.asked || known.loading) return;
   const bool isOther = !known.run || known.run->id != last->id;
   // It was set going again elsewhere.
@@ -86,7 +86,7 @@ Task<void> SetupRuns::loadTask(QString projectId) {
 }
 
 void SetupRuns::put(const QString& projectId, SetupRun run) {
-  count(run.id, std::ranges::count_if(run.rows, [](const SetupRow& row) { return row.state.isDone(); }), run.isOver());
+  count(run.id, std::ranges::count_if(run.rows, [](const SetupRow& row) { return row.state.isDone(); }));
   Followed& followed = m_runs[projectId];
   followed.run = std::move(run);
   followed.readAt = services().clock.now();
@@ -95,9 +95,9 @@ void SetupRuns::put(const QString& projectId, SetupRun run) {
   Q_EMIT changed(projectId);
 }
 
-void SetupRuns::count(const QString& runId, qint64 connected, bool isOver) {
-  // What was over when it was first heard of had made its accounts before.
-  const qint64 before = m_connected.value(runId, isOver ? connected : 0);
+void SetupRuns::count(const QString& runId, qint64 connected) {
+  // Accounts may have been read before a run that is first heard of now had made its own.
+  const qint64 before = m_connected.value(runId);
   m_connected.insert(runId, std::max(before, connected));
   if (connected > before) context().changes().stale<Mailbox>();
 }

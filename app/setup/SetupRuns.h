@@ -78,7 +78,7 @@ class SetupRuns final : public Store {
   void take(const QString& projectId, SetupRun run);
   void put(const QString& projectId, SetupRun run);
   /// The accounts that a run has made are news to every page that shows accounts.
-  void count(const QString& runId, qint64 connected, bool isOver);
+  void count(const QString& runId, qint64 connected);
   std::chrono::seconds pace(const QString& projectId) const;
 
   BusySet m_busy;
