@@ -84,7 +84,7 @@ class StoreCache {
     for (T* object : all) drop(object);
   }
   /// Lets go of one now, unsaved or not.
-  void drop(const QString& key) {
+  void drop(QString key) {
     m_keys.removeOne(key);
     for (T* object : {m_objects.take(key), m_aside.take(key)})
       if (object) drop(object);
@@ -106,7 +106,8 @@ class StoreCache {
       return false;
   }
 
-  void evict(const QString& key) {
+  /// By value: the key that is handed over may be the one that is taken out of the list.
+  void evict(QString key) {
     m_keys.removeOne(key);
     T* object = m_objects.take(key);
     if (!isUnsaved(*object) && !isShown(*object)) return drop(object);

@@ -477,7 +477,10 @@ class BaseTest : public QObject {
     QStringList closed, notSaved;
     StoreCache<Kept> cache(1, StoreCache<Kept>::Order::firstOpening);
     cache.onNotSaved = [&](const QString&, const Kept& kept) { notSaved.append(kept.objectName()); };
-    const auto open = [&](const QString& key) { return cache.open(key, [&] { return new Kept(key, closed); }); };
+    const auto open = [&](const QString& key) {
+      // Held by the cache alone, as one that an answer brought is.
+      return cache.open(QString(key.data(), key.size()), [&] { return new Kept(key, closed); });
+    };
     const auto openUnsaved = [&](const QString& key) {
       Kept* kept = open(key);
       kept->saved.emplace();
