@@ -35,7 +35,7 @@ Conversation::Conversation(WorkspaceContext& context, QString id, Surroundings a
   connect(&m_lead, &ResourceBase::changed, this, &Conversation::changed);
   // No view of a resource stands for it.
   connect(&context, &WorkspaceContext::reachable, this, [this] {
-    if (m_lead.isAsked()) m_lead.ensureLoaded();
+    if (m_lead.isAsked() && hasContact()) m_lead.ensureLoaded();
   });
   connect(&m_around.writings, &Writings::changed, this, [this](const QString& threadId) {
     if (threadId != m_id) return;
@@ -70,20 +70,19 @@ const InboxThread* Conversation::thread() const {
 
 void Conversation::ensureLoaded() {
   Store::ensureLoaded();
-  if (m_lead.isAsked()) m_lead.ensureLoaded();
+  if (m_lead.isAsked() && hasContact()) m_lead.ensureLoaded();
   // Texts that said nothing may have been let go of while nobody looked.
   openWritings();
 }
 
 void Conversation::refresh() {
   m_detail.load();
-  if (m_lead.isAsked()) m_lead.load();
+  if (m_lead.isAsked() && hasContact()) m_lead.load();
 }
 
 void Conversation::ensureContact() {
-  if (!thread() || !thread()->lead) return;
   // Asked for at every change, and a failure is one: it would be tried again without end.
-  if (!m_lead.isAsked()) m_lead.load();
+  if (!m_lead.isAsked() && hasContact()) m_lead.load();
 }
 
 void Conversation::follow(const InboxThread& listed) {
@@ -230,6 +229,7 @@ void Conversation::setReplying(bool replying) {
 }
 
 void Conversation::setEditing(bool editing) {
+  if (editing) openWritings();
   if (std::exchange(m_editing, editing) != editing) Q_EMIT writingChanged();
 }
 

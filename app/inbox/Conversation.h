@@ -123,6 +123,8 @@ class Conversation final : public Store {
   void threadRead(const orv::InboxThread& before, const orv::InboxThread& after);
 
  private:
+  /// There is a lead behind it that can be asked for. It may have been removed since it was.
+  bool hasContact() const { return thread() && thread()->lead; }
   Task<ThreadDetail> read();
   void arrived();
   void take(const Change<InboxThread>& change);

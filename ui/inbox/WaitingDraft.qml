@@ -24,7 +24,8 @@ Rectangle {
     property bool touched: false
 
     onEditingChanged: touched = touched || editing
-    onConversationChanged: touched = editing
+    // Not by `editing`, which is still that of the one before.
+    onConversationChanged: touched = conversation.editing && conversation.edit !== null
 
     height: folded ? head.height : Math.min(mostHeight, head.height + failures.height + body.wanted + foot.height)
     radius: Theme.radiusFloat

@@ -406,10 +406,11 @@ class ConversationsTest : public InboxFixture {
     const QString lead = u"GET /leads/l1"_s;
     load();
     openLast();
+    const QByteArray known = detailOf(
+        threadOf(1, {{u"unread"_s, false}, {u"lead"_s, QJsonObject{{u"id"_s, u"l1"_s}, {u"name"_s, u"Ana"_s}}}}));
     f->api.expect(get(1));
     store->open(id(1));
-    f->api.answer(get(1), detailOf(threadOf(1, {{u"unread"_s, false},
-                                                {u"lead"_s, QJsonObject{{u"id"_s, u"l1"_s}, {u"name"_s, u"Ana"_s}}}})));
+    f->api.answer(get(1), known);
     // The pane asks whenever something about the conversation has changed.
     Conversation* conversation = store->conversation();
     connect(conversation, &Conversation::changed, this, [conversation] { conversation->ensureContact(); });
@@ -432,10 +433,27 @@ class ConversationsTest : public InboxFixture {
     conversation->setReplying(true);
     QCOMPARE(asked(lead), 3);
     f->api.expect(lead);
-    f->api.answer(get(1), detailOf(threadOf(1, {{u"unread"_s, false}})));
+    f->api.answer(get(1), known);
     QCOMPARE(asked(lead), 4);
     f->api.fail(lead, TransportFailure::timedOut);
     QCOMPARE(asked(lead), 4);
+    // Whose thread has none any more is nobody to ask for.
+    f->api.expect(get(1));
+    conversation->detail()->load();
+    f->api.answer(get(1), detailOf(threadOf(1, {{u"unread"_s, false}, {u"lead"_s, QJsonValue()}})));
+    f->api.expect(get(1));
+    conversation->refresh();
+    conversation->ensureLoaded();
+    QCOMPARE(asked(lead), 4);
+    f->api.answer(get(1), known);
+  }
+
+  void aDraftCanBeEditedAfterMemoryWasShort() {
+    load();
+    openLast({draft(u"d1"_s, 3, u"Hi"_s)});
+    life->writings.trim();
+    QVERIFY(store->act(u"edit"_s));
+    QVERIFY(store->conversation()->editing());
   }
 
   void theContactKeepsItsWidth() {
