@@ -76,7 +76,11 @@ AccountBulk::AccountBulk(Store& whole, const RowSelection& selection, KnownTags 
       m_selection(selection),
       m_knownTags(std::move(knownTags)),
       m_ended(std::move(ended)),
-      m_actions(whole.context(), m_busy, [this] { context().changes().stale<Mailbox>(); }),
+      m_actions(whole.context(), m_busy,
+                [this] {
+                  context().changes().stale<Mailbox>();
+                  context().changes().stale<Archived<Mailbox>>();
+                }),
       m_kept(
           whole.context(), m_form,
           [this] {

@@ -71,11 +71,11 @@ class Actions {
 
   /// The change after which the record is gone from where it was: what waits behind it is let go, aloud.
   template <class Record>
-  Task<bool> remove(QString id, Request<Empty> request, QString failure) {
+  Task<bool> remove(QString id, Request<Empty> request, QString failure, Tell tell = {}) {
     auto turn = co_await m_context.turns().next(id);
     // Somebody else's removal came first; that one has been told.
     if (!turn) co_return false;
-    if (!co_await send(std::move(request), std::move(failure))) co_return false;
+    if (!co_await send(std::move(request), std::move(failure), {}, std::move(tell))) co_return false;
     turn.recordGone();
     // As of now: a list that was asked for while this was under way may not know it yet.
     m_context.changes().gone<Record>(id, m_context.changes().stamp());

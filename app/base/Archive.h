@@ -32,10 +32,9 @@ class Archive final {
   /// The record has been asked about and is marked busy by the caller. True when it is in the archive now.
   Task<bool> remove(QString id, QString name) {
     name = shownName(name);
-    const bool isGone = co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name));
-    // An answer that was lost may have put it there as well.
+    if (!co_await m_actions.remove<Record>(id, m_requests.remove(id, false), m_words.cannotRemove(name), lost()))
+      co_return false;
     m_context.changes().template stale<Archived<Record>>();
-    if (!isGone) co_return false;
     m_context.services().toasts.show({.message = m_words.removed(name),
                                       .actionLabel = QStringLiteral("Undo"),
                                       .action = undo(id, name),
@@ -49,10 +48,9 @@ class Archive final {
 
   Task<bool> removeForGood(QString id, QString name) {
     name = shownName(name);
-    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), cannotRemoveForGood(name))) {
-      m_context.changes().template stale<Archived<Record>>();
+    if (!co_await m_actions.remove<Archived<Record>>(id, m_requests.remove(id, true), cannotRemoveForGood(name),
+                                                     lost()))
       co_return false;
-    }
     m_context.services().toasts.success(m_words.removedForGood(name));
     co_return true;
   }
@@ -60,6 +58,14 @@ class Archive final {
  private:
   QString cannotRemoveForGood(const QString& name) const {
     return m_words.cannotRemoveForGood ? m_words.cannotRemoveForGood(name) : m_words.cannotRemove(name);
+  }
+
+  /// An answer that was lost may have moved the record. Whoever acts reads the list again, the archive is this one's.
+  Actions::Tell lost() const {
+    return [&changes = m_context.changes()](const APIError& error) {
+      if (mayHaveActed(error)) changes.template stale<Archived<Record>>();
+      return false;
+    };
   }
 
   std::function<void()> undo(const QString& id, const QString& name) {

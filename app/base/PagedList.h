@@ -152,10 +152,11 @@ class PagedList final : public PagedListBase {
     const Stamp asked = m_owner.context().changes().stamp();
     const auto cursor = m_asksAnew ? std::nullopt : m_rows.cursor(page);
     Page answer = co_await m_loader({page == 0 ? m_options.first : m_options.further, cursor});
-    if (generation == m_generation) take(page, std::move(answer), askedFor(answer, asked));
+    if (generation == m_generation) take(page, std::move(answer), asked);
   }
 
-  void take(size_t page, Page answer, Stamp asked) {
+  void take(size_t page, Page answer, Stamp sent) {
+    const Stamp asked = askedFor(answer, sent);
     reconcile(answer, asked);
     if (m_asksAnew) {
       m_rows.clear();

@@ -120,7 +120,7 @@ void PagedListBase::fail(size_t page, const APIError& error) {
   const bool isOffline = error.is(APIError::Kind::offline), isCancelled = error.is(APIError::Kind::cancelled);
   const bool isFirst = m_asksAnew, isFurther = page == pageCount() || (m_isWhole && page > 0);
   m_isReading = m_readsFurther = m_wantsMore = m_refreshing = false;
-  if (!isFurther) m_isStale = true;
+  if (page < pageCount()) m_isStale = true;
   if (isOffline) m_owner.context().wentOffline();
   if (isCancelled) {
     Q_EMIT changed();

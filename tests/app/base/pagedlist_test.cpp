@@ -337,6 +337,8 @@ class PagedListTest : public QObject {
     pages->give(page({0, 1, 2}, u"3"_s, u"New"_s));
     pages->give(failure(Kind::server));
     QVERIFY(list->moreFailed() && shown().size() == 7);
+    // Whoever comes back to it is not to take the old rest for new.
+    QVERIFY(list->needsLoad());
     list->loadMore();
     QCOMPARE(pages->cursors().last(), u"3"_s);
     pages->give(page({3, 4}, u"6"_s));
