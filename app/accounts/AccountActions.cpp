@@ -117,8 +117,10 @@ Task<bool> AccountActions::checkEnded(QString id, QString address) {
   const Stamp asked = context().changes().stamp();
   try {
     const Mailbox mailbox = co_await api().send(Requests::getMailbox(id));
-    context().changes().publish(mailbox, asked, false);
-    if (checkStateOf(mailbox) == CheckState::running) co_return false;
+    const bool isOver = checkStateOf(mailbox) != CheckState::running;
+    // Its end is the end of what the person began: whoever shows more than the account itself reads again.
+    context().changes().publish(mailbox, asked, isOver);
+    if (!isOver) co_return false;
     tell(mailbox, address);
   } catch (const APIError& error) {
     // Removed meanwhile, say: there is nothing to tell of it any more.

@@ -27,7 +27,7 @@ QString roadmapText(const Mailbox& account) {
   if (account.isPool()) return u"Warms up the others"_s;
   if (!account.rampup || !account.rampup->stageName) return {};
   const auto& rampup = *account.rampup;
-  const QString stage = shownName(*rampup.stageName);
+  QString stage = shownName(*rampup.stageName);
   if (!rampup.stageDay || !rampup.stageDays) return stage;
   return stage + u", day "_s + QString::number(*rampup.stageDay) + u" of "_s + QString::number(*rampup.stageDays);
 }

@@ -7,6 +7,8 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+struct Campaign;
 namespace {
 
 const auto archivedTab = u"archived"_s;
@@ -145,7 +147,7 @@ QString AccountsStore::countText() const {
   qint64 all = 0;
   if (m_list.head()->counts)
     for (const auto& [word, count] : m_list.head()->counts->asKeyValueRange()) all += count;
-  return all > read ? text + u" · "_s + QString::number(100 * read / all) + u'%' : text;
+  return all > read ? text + u" · "_s + QString::number(100LL * read / all) + u'%' : text;
 }
 
 QString AccountsStore::archivedCountText() const {
@@ -227,6 +229,8 @@ void AccountsStore::bulkEnded(const AccountBulk::Ended& ended) {
 /// Checks that have begun end some time later, and nobody says when.
 Task<void> AccountsStore::follow() {
   co_await poll(services().clock, AccountActions::checkPace, [this] { return lookAgain(); });
+  // Which of its senders are ready, a campaign says.
+  context().changes().stale<Campaign>();
 }
 
 Task<bool> AccountsStore::lookAgain() {

@@ -99,7 +99,16 @@ void SetupRuns::count(const QString& runId, qint64 connected) {
   // Accounts may have been read before a run that is first heard of now had made its own.
   const qint64 before = m_connected.value(runId);
   m_connected.insert(runId, std::max(before, connected));
-  if (connected > before) context().changes().stale<Mailbox>();
+  if (connected <= before || m_news) return;
+  // Ten thousand accounts take longer to read than a run needs for its next one, and projects are heard of together.
+  const std::chrono::milliseconds pace = newsPace;
+  const qint64 passed = m_toldAt.isValid() ? m_toldAt.msecsTo(services().clock.now()) : pace.count();
+  const std::chrono::milliseconds wait(std::clamp<qint64>(pace.count() - passed, 0, pace.count()));
+  m_news = services().clock.startTimer(wait, [this] {
+    m_news.reset();
+    m_toldAt = services().clock.now();
+    context().changes().stale<Mailbox>();
+  });
 }
 
 void SetupRuns::take(const QString& projectId, SetupRun run) {
@@ -191,6 +200,7 @@ Task<void> SetupRuns::retryTask(QString projectId, std::optional<QString> domain
 
 void SetupRuns::close() {
   for (auto& [id, poller] : m_pollers) poller->cancel();
+  m_news.reset();
   Store::close();
 }
 

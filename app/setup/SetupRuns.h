@@ -21,6 +21,8 @@ class SetupRuns final : public Store {
 
  public:
   static constexpr std::chrono::seconds often{2}, seldom{8};
+  /// Between two times that others are told of new accounts.
+  static constexpr std::chrono::seconds newsPace{10};
 
   struct Followed {
     std::optional<SetupRun> run;
@@ -88,6 +90,8 @@ class SetupRuns final : public Store {
   QSet<QString> m_closed;
   /// Inboxes that are connected, by run.
   QHash<QString, qint64> m_connected;
+  std::unique_ptr<Clock::Timer> m_news;
+  QDateTime m_toldAt;
 };
 
 }  // namespace orv
