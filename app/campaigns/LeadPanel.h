@@ -51,7 +51,7 @@ class LeadPanel final : public Store {
   bool detailed() const;
   /// "Step 2 of 4 goes out 7 Mar, 14:20"; empty when nothing is booked.
   QString next() const;
-  /// Label and value of what is known.
+  /// Label and detail of what is known.
   QList<Choice> facts() const;
   /// Title, text and moment of what happened, the newest first.
   QVariantList activity() const;

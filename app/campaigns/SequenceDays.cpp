@@ -191,8 +191,7 @@ QString SequenceDays::endedText() const {
 
 QString SequenceDays::note() const {
   if (!m_today.isValid()) return {};
-  const QString ended = endedText();
-  if (!ended.isEmpty()) return ended;
+  if (QString ended = endedText(); !ended.isEmpty()) return ended;
   const auto never = std::ranges::count_if(m_times, [](const SendTime& time) { return !time.at.isValid(); });
   if (never > 0)
     return u"The end date comes before the last %1"_s.arg(never == 1 ? u"email"_s : QString::number(never));

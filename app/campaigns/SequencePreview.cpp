@@ -37,6 +37,10 @@ SequencePreview::SequencePreview(CampaignContext& context, const SequenceDraft& 
     Q_EMIT changed();
   });
   connect(&m_leads, &ResourceBase::changed, this, &SequencePreview::changed);
+  // What is asked depends on the draft, so that the answer is no resource that a view may have read again.
+  connect(&context.workspace, &WorkspaceContext::reachable, this, [this] {
+    if (m_watched && !message().isEmpty()) ask();
+  });
 }
 
 Task<PreviewResponse> SequencePreview::load() {
@@ -49,8 +53,7 @@ Task<PreviewResponse> SequencePreview::load() {
 
 void SequencePreview::setWatched(bool watched) {
   if (std::exchange(m_watched, watched) == watched) return;
-  for (ResourceBase* shown : {static_cast<ResourceBase*>(&m_answer), static_cast<ResourceBase*>(&m_leads)})
-    watched ? shown->appear() : shown->disappear();
+  watched ? m_leads.appear() : m_leads.disappear();
   m_wait.reset();
   // What failed while nobody looked, or before they looked away, is asked anew.
   if (!message().isEmpty()) m_askedRevision.reset();

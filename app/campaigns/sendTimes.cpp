@@ -10,7 +10,7 @@ namespace orv {
 namespace {
 
 /// Beyond this nobody reads a date, and no arithmetic overflows.
-constexpr qint64 longestWait = 10 * 366 * qint64(minutesOfDay);
+constexpr qint64 longestWait = 3660 * qint64(minutesOfDay);
 /// Hours that a change of the clocks leaves out are there a week later.
 constexpr int daysSearched = 15;
 

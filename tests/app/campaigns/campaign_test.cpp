@@ -2,6 +2,7 @@
 
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/LaunchQuestion.h"
+#include "kit/models/mailboxes/mailbox.h"
 #include "tests/support/AppFixture.h"
 
 using namespace orv;
@@ -300,6 +301,17 @@ class CampaignTest : public QObject {
     f->toasts.act(f->toasts.toasts().last().id);
     f->api.answer(u"POST /campaigns/c1/restore"_s, campaign("paused"));
     QCOMPARE(f->toasts.toasts().last().message, u"Acme Q3 restored"_s);
+  }
+
+  void whatBecameOfItsAccountsIsReadAndTakesNothingThatWasTyped() {
+    load(campaign("draft"));
+    store->sequence()->insertStep(0);
+    store->sequence()->setBody(u"Hello"_s);
+    f->context->changes().stale<Mailbox>(u"m1"_s);
+    f->api.expect(get);
+    store->ensureLoaded();
+    f->api.answer(get, campaign("draft"));
+    QCOMPARE(store->sequence()->body(), u"Hello"_s);
   }
 
   void aDraftShowsItsPath() {

@@ -78,6 +78,7 @@ class SequencePreviewTest final : public SequencePage {
     f->api.expect(leads);
     f->api.expect(preview);
     pane->setWatched(true);
+    settle();
     f->clock.advance(SequencePreview::firstWait);
     f->api.answer(preview, rendered(2));
     QCOMPARE(pane->message(), QString());
