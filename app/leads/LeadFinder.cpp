@@ -44,6 +44,7 @@ int counted(const std::optional<qint64>& count) { return count ? saturated(*coun
 
 LeadFinder::LeadFinder(WorkspaceContext& context, Store& whole, LeadActions& actions, LeadLists& lists)
     : Store(context, &whole),
+      m_page(whole),
       m_lists(lists),
       m_campaigns(*this, [this] { return api().send(Requests::listCampaigns(false)); }, {.loadsByItself = false}),
       m_filters(context, *this, [this](const QString& key) { return records(key); }),
@@ -76,7 +77,11 @@ LeadFinder::LeadFinder(WorkspaceContext& context, Store& whole, LeadActions& act
 }
 
 void LeadFinder::countPools() {
-  m_hasMoved = true;
+  // An answer may come when the person has gone already.
+  if (m_page.isShown())
+    m_hasMoved = true;
+  else
+    m_results.list()->markStale();
   if (m_pools.isAsked()) m_pools.load();
 }
 

@@ -67,6 +67,7 @@ class LeadFinder final : public Store {
   Task<void> askLater();
   std::optional<QList<FacetPage::Item>> records(const QString& key);
 
+  Store& m_page;
   LeadLists& m_lists;
   Resource<CampaignList> m_campaigns;
   LeadFilters m_filters;

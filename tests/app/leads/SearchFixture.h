@@ -43,6 +43,7 @@ struct SearchFixture : AppFixture {
   }
 
   void open(const QByteArray& first, const QByteArray& searches = "[]") {
+    store->appear();
     results.list()->appear();
     for (const QString& label : {leads, pools, QStringLiteral("GET /leads/totals"), saved}) api.expect(label);
     finder.ensureLoaded();
