@@ -216,14 +216,18 @@ DemoThread& receiveAnother(DemoWorkspace& workspace, const QString& label, const
   QSet<QString> heard;
   for (const DemoThread& thread : std::as_const(workspace.inbox.threads))
     if (thread.record.lead) heard.insert(thread.record.lead->id);
-  const QList<LeadRecord>& own = workspace.leads.own();
-  const qint64 first = DemoRandom::of(workspace.slug, quint64(workspace.inbox.lastNumber)).below(own.size());
+  const WorkspaceLeads& leads = workspace.leads;
+  QList<LeadPlace> known(leads.unlocked().begin(), leads.unlocked().end());
+  for (const LeadRecord& lead : leads.own()) known.append(*leads.placeOf(lead.id));
+  std::ranges::sort(known);
+  const qint64 first = DemoRandom::of(workspace.slug, quint64(workspace.inbox.lastNumber)).below(known.size());
+  std::ranges::rotate(known, known.begin() + first);
+  const auto isNew = std::ranges::find_if(known, [&](LeadPlace place) {
+    const LeadRecord lead = leads.at(place);
+    return lead.fullName && !heard.contains(lead.id);
+  });
   Incoming incoming{.label = label};
-  for (qint64 at = 0; at < own.size() && !incoming.person; ++at) {
-    const LeadRecord& lead = own[(first + at) % own.size()];
-    if (lead.fullName && !heard.contains(lead.id))
-      incoming.person = enrollable(workspace.leads, *workspace.leads.placeOf(lead.id));
-  }
+  if (!known.isEmpty()) incoming.person = enrollable(leads, isNew == known.end() ? known.first() : *isNew);
   return receiveReply(workspace, incoming, now);
 }
 
@@ -248,7 +252,7 @@ DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, con
     record.mailboxId = sender.mailboxId;
     record.mailboxAddress = sender.address;
     person.senderAddress = sender.address;
-    addEmails(thread, *campaign, person, now, random.between(600, 10 * 3600));
+    addEmails(thread, *campaign, person, now, random.between(600, 36'000));
   } else if (!workspace.mailboxes.isEmpty()) {
     const DemoMailbox& mailbox = random.pick(workspace.mailboxes);
     record.mailboxId = mailbox.id();

@@ -48,7 +48,8 @@ struct Incoming {
 };
 /// Somebody answers a campaign.
 DemoThread& receiveReply(DemoWorkspace& workspace, const Incoming& incoming, const QDateTime& now);
-/// Of those that the workspace has, one who has not answered yet, as long as there is one; with no label, anything.
+/// One of those that the workspace has, as long as it has any; those who have not answered yet come first. With no
+/// label, anything.
 DemoThread& receiveAnother(DemoWorkspace& workspace, const QString& label, const QDateTime& now);
 
 /// The agent writes to what was said last; another draft of its own that waits goes.

@@ -72,7 +72,7 @@ Mailbox ShownMailboxes::of(const DemoMailbox& mailbox) const {
                   warmup.spam7d};
   for (int back = 0; back < 7; ++back)
     shown.warmup.replies7d += warmupDayOf(mailbox, m_localNow.date().addDays(-back), m_localNow).replies;
-  if (warmup.placed7d > 0) shown.warmup.inboxPct7d = double(warmup.inbox7d * 1000 / warmup.placed7d) / 10;
+  shown.warmup.inboxPct7d = inboxShareOf(warmup);
   shown.health = healthWord(mailbox, warmup);
   if (shown.signature) shown.signatureHtml = shown.signature->toHtmlEscaped().replace(u'\n', u"<br>"_s);
   if (shown.isPool()) return shown;

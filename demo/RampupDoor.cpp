@@ -53,7 +53,7 @@ class ShownRoadmaps {
     item.today = today().toString(Qt::ISODate);
     if (mailbox.roadmap && !record.isPool()) item.plan = planOf(mailbox, today());
     item.sent = {warmup.sentToday, warmup.plannedToday, m_sentToday.value(record.id)};
-    if (warmup.placed7d > 0) item.inboxPct7d = double(warmup.inbox7d * 1000 / warmup.placed7d) / 10;
+    item.inboxPct7d = inboxShareOf(warmup);
     item.settings = mailbox.warmup;
     item.settings.dailyLimit = record.dailyCap;
     item.health = healthOf(mailbox, m_localNow);
@@ -162,7 +162,7 @@ Refusal extendOne(const Change& change, DemoMailbox& mailbox) {
   const auto at =
       std::ranges::find(stages, standing.stage ? standing.stage->key : stages.first().key, &RoadmapStage::key);
   at->days += days;
-  if (const auto refusal = refusalOf(stages)) return refusal;
+  if (auto refusal = refusalOf(stages)) return refusal;
   RoadmapLeg& leg = changedLeg(*mailbox.roadmap, change.today);
   leg.stages = stages;
   // One that had ended goes on where it was.

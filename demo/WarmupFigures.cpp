@@ -114,6 +114,12 @@ WarmupHealth::Account warmupOf(const DemoMailbox& mailbox, const QDateTime& loca
   return account;
 }
 
+std::optional<double> inboxShareOf(const WarmupHealth::Account& week) {
+  if (week.placed7d == 0) return std::nullopt;
+  const qint64 tenths = week.inbox7d * 1000 / week.placed7d;
+  return double(tenths) / 10;
+}
+
 WarmupHealth warmupHealthOf(const DemoWorkspace& workspace, const QDateTime& now) {
   const QDateTime local = localTimeIn(workspace, now);
   WarmupHealth health;

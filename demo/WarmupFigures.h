@@ -24,6 +24,9 @@ MailboxHistory::Day warmupDayOf(const DemoMailbox& mailbox, const QDate& day, co
 /// The last seven days.
 WarmupHealth::Account warmupOf(const DemoMailbox& mailbox, const QDateTime& localNow);
 
+/// The percentage of those days' emails found in an inbox, cut off after its tenths; nothing without any.
+std::optional<double> inboxShareOf(const WarmupHealth::Account& week);
+
 /// All mailboxes of the workspace; the summary counts them.
 WarmupHealth warmupHealthOf(const DemoWorkspace& workspace, const QDateTime& now);
 

@@ -27,7 +27,7 @@ struct Problem {
   std::optional<QList<FieldError>> errors;
   /// Seconds until the action may be tried again.
   std::optional<qint64> retryIn;
-  static constexpr qint64 longestRetry = 60 * 60;
+  static constexpr qint64 longestRetry = 3600;
   /// Attempts left before a lock-out.
   std::optional<qint64> triesLeft;
   bool operator==(const Problem&) const = default;
