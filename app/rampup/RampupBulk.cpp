@@ -2,7 +2,6 @@
 
 #include "app/base/EachOf.h"
 #include "app/base/shownName.h"
-#include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/api/isoDay.h"
 #include "kit/models/mailboxes/mailbox.h"

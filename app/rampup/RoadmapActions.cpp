@@ -1,7 +1,6 @@
 #include "app/rampup/RoadmapActions.h"
 
 #include "app/base/shownName.h"
-#include "kit/models/campaigns/campaign.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "kit/models/rampup/rampupRequests.h"
 

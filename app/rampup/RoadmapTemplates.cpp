@@ -5,7 +5,6 @@
 #include "app/base/shownName.h"
 #include "app/rampup/RampupRows.h"
 #include "app/rampup/RampupWords.h"
-#include "app/rampup/RoadmapActions.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/mailboxes/mailbox.h"

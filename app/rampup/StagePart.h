@@ -28,6 +28,7 @@ struct StagePart {
   bool operator==(const StagePart&) const = default;
 };
 
+/// The stages of a plan from its first day to its last.
 QList<StagePart> stageParts(const RoadmapPlan& plan);
 
 }  // namespace orv

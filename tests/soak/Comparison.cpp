@@ -222,6 +222,7 @@ void Comparison::align() {
     }
     foldAs(*part.object, *other);
     chooseAs(*part.object, *other, "chooseRange", "range");
+    chooseAs(*part.object, *other, "chooseStyle", "style");
     seriesAs(*part.object, *other);
     lookUpAlike(*part.object, *other);
     unfoldAs(*part.object, *other);
