@@ -26,9 +26,10 @@ Column {
 
             Text {
                 width: 116
-                height: 20
-                verticalAlignment: Text.AlignVCenter
                 elide: Text.ElideRight
+                // As the value's, beside which it stands.
+                lineHeightMode: Text.FixedHeight
+                lineHeight: 20
                 textFormat: Text.PlainText
                 text: line.modelData.label
                 font: Theme.body
