@@ -18,10 +18,24 @@ FocusScope {
     /// Who has lost the keyboard in the page finds it again there.
     readonly property Item focusHeir: keeper.heading
 
+    /// Where the open page is made, and where it is not.
+    property Place host: one
+    readonly property Place spare: host === one ? other : one
+    /// What the page is bound to may go with it: it cannot outlive the turn in which it is left.
+    property bool isBound: true
+    property WorkspaceSession session: null
+
     function show() {
         const page = app.openPage;
-        // An address that is the old one would make nothing new.
-        host.source = "";
+        spare.empty();
+        const stays = !isBound && session !== null && session === app.session;
+        host = spare;
+        spare.visible = spare.focus = false;
+        host.visible = host.focus = true;
+        // Taking a page apart takes long enough to be seen where another one is made in the same turn.
+        stays ? aside.restart() : spare.empty();
+        session = app.session;
+        isBound = page.isRecord;
         if (page.view !== "")
             host.setSource("qrc:/qt/qml/" + page.view, { store: page.store, focus: true });
         else
@@ -98,20 +112,43 @@ FocusScope {
         }
     }
 
-    Loader {
-        id: host
+    component Place: Loader {
+        id: place
+
+        // An address that is the old one would make nothing new.
+        function empty() {
+            active = false;
+            source = "";
+            sourceComponent = null;
+            active = true;
+        }
+
         width: root.width
         height: root.height
-        focus: true
+        visible: false
         onLoaded: {
             enter.restart();
-            keeper.enter(host.item);
+            keeper.enter(place.item);
         }
+    }
+
+    Place {
+        id: one
+    }
+
+    Place {
+        id: other
+    }
+
+    Timer {
+        id: aside
+        interval: 1
+        onTriggered: root.spare.empty()
     }
 
     NumberAnimation {
         id: enter
-        target: host
+        target: root.host
         property: "y"
         from: 8 * root.router.direction
         to: 0
