@@ -14,6 +14,9 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+
+struct Campaign;
+struct Mailbox;
 namespace {
 
 const auto savingKey = u"saving"_s, nameField = u"name"_s, zoneField = u"timeZone"_s,
@@ -58,7 +61,11 @@ WorkspaceForm::WorkspaceForm(Tab tab, Store& whole, Resource<WorkspaceDetail>& w
     : Store(whole.context(), &whole),
       m_tab(tab),
       m_workspace(workspace),
-      m_actions(whole.context(), m_busy, [this] { m_workspace.load(); }),
+      m_actions(whole.context(), m_busy,
+                [this] {
+                  m_workspace.load();
+                  tellOfFigures();
+                }),
       m_recovery(whole.context(), Recovery::of(m_draft)) {
   m_draft.setKey(u"settings/tab:"_s + (tab == Tab::workspace ? u"workspace"_s : u"company"_s));
   connect(&workspace, &ResourceBase::valueChanged, this, &WorkspaceForm::follow);
@@ -119,6 +126,12 @@ void WorkspaceForm::take(const WorkspaceDetail& answer) {
   m_workspace.update([&answer](WorkspaceDetail& shown) { shown = answer; });
 }
 
+/// What is counted by day is another figure where days begin at other times, and what an opportunity is worth is one.
+void WorkspaceForm::tellOfFigures() {
+  context().changes().stale<Mailbox>();
+  context().changes().stale<Campaign>();
+}
+
 Task<void> WorkspaceForm::saveTask() {
   if (!m_workspace.value() || !canSave()) co_return;
   const WorkspaceFields sent = m_draft.sending(), base = m_draft.base();
@@ -133,6 +146,7 @@ Task<void> WorkspaceForm::saveTask() {
       [this, patch] { return Requests::updateWorkspace(patch, m_draft.version()); }, {},
       [this](const WorkspaceDetail& answer) { take(answer); }, [this](const APIError& error) { return tell(error); });
   if (!saved) co_return;
+  if (patch.timeZone || patch.opportunityValue) tellOfFigures();
   // Its name stands in the sidebar too.
   if (patch.name) services().program.rereadAccount();
   const bool isValue = m_tab == Tab::company;

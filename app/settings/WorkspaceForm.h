@@ -64,6 +64,7 @@ class WorkspaceForm final : public Store {
  private:
   void follow();
   void take(const WorkspaceDetail& answer);
+  void tellOfFigures();
   void setProblem(const QString& problem);
   /// True once it has been told.
   bool tell(const APIError& error);
