@@ -35,7 +35,13 @@ SetupRuns::SetupRuns(WorkspaceContext& context, Store& whole)
         // What an action may have done the next reading tells.
         for (const auto& [project, followed] : std::as_const(m_runs).asKeyValueRange())
           if (followed.run && !m_closed.contains(followed.run->id)) reload(project);
-      }) {}
+      }) {
+  // The service stops the run of a project that is archived, also one that had come to its end.
+  context.changes().watch<SetupProject>(this, [this](const Change<SetupProject>& change) {
+    const auto known = m_runs.find(change.id);
+    if (change.kind == Change<SetupProject>::Kind::gone && known != m_runs.end()) known->asked = false;
+  });
+}
 
 const SetupRuns::Followed& SetupRuns::of(const QString& projectId) const {
   static const Followed nothing;

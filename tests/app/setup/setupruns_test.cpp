@@ -140,6 +140,18 @@ class SetupRunsTest : public QObject {
     f->api.answer(f->list, f->page({someProject()}));
   }
 
+  void archivingAProjectStopsItsRun() {
+    const auto page = f->open(someProject(), someRun({u"connected"_s, u"error"_s}));
+    QCOMPARE(page->runText(), u"1 failed"_s);
+    f->context->changes().gone<SetupProject>(someProject().id, f->context->changes().stamp());
+    f->api.expect(f->one);
+    f->api.expect(f->latest);
+    page->ensureLoaded();
+    f->api.answer(f->one, encodeJSON(someProject()));
+    f->api.answer(f->latest, encodeJSON(someRun({u"connected"_s, u"error"_s}, u"terminated"_s)));
+    QCOMPARE(page->runText(), u"Stopped"_s);
+  }
+
   void whatStandsStillIsAskedAboutLessOften() {
     for (const auto& [run, interval] : {std::pair(someRun(working, u"paused"_s), 8s),
                                         std::pair(someRun({u"connected"_s, u"authorize"_s, u"waiting"_s}), 8s),
