@@ -117,7 +117,8 @@ QList<Part> partsOf(QObject& root) {
 Reading readingOf(QObject& root) {
   Reading reading;
   for (const Part& part : partsOf(root)) {
-    if (part.isHidden || part.path.endsWith("recovery"_L1)) continue;
+    // What was not saved, and what the agent learns of a decision, only the one hears of who did it.
+    if (part.isHidden || part.path.endsWith("recovery"_L1) || part.path.endsWith("feedback"_L1)) continue;
     const QString prefix = part.path.isEmpty() ? QString() : part.path + u'.';
     for (const QMetaProperty& property : propertiesOf(*part.object))
       if (!isObject(property) && !ownToEachClient.contains(property.name()))
