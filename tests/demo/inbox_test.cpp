@@ -11,6 +11,8 @@
 #include "kit/models/inbox/threadDetail.h"
 #include "kit/models/inbox/threadFilter.h"
 #include "kit/models/labels.h"
+#include "kit/models/leads/leadRequests.h"
+#include "kit/models/leads/leadSearch.h"
 #include "tests/demo/DemoFixture.h"
 
 using namespace orv;
@@ -93,6 +95,19 @@ class DemoInboxTest : public QObject {
     QSet<QString> ids;
     for (const InboxThread& thread : all()) ids.insert(thread.id);
     QCOMPARE(ids.size(), page().counts->total);
+  }
+
+  void whoAnswersIsSomebodyWhomTheWorkspaceHas() {
+    const auto owned = [this] { return f->ask(Requests::leadPools(LeadSearch())).used; };
+    const auto before = owned();
+    QSet<QString> people;
+    for (const InboxThread& thread : all()) people.insert(thread.contactAddress);
+    for (int i = 0; i < 3; ++i) {
+      const QString address = get(f->service.bringReply(f->slug, {})).thread.contactAddress;
+      QVERIFY2(!people.contains(address), "somebody who has not answered yet comes first");
+      people.insert(address);
+    }
+    QCOMPARE(owned(), before);
   }
 
   void aThreadIsChangedAndChangedBack() {
