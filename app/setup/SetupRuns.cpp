@@ -110,11 +110,13 @@ void SetupRuns::count(const QString& runId, qint64 connected) {
   const std::chrono::milliseconds pace = newsPace;
   const qint64 passed = m_toldAt.isValid() ? m_toldAt.msecsTo(services().clock.now()) : pace.count();
   const std::chrono::milliseconds wait(std::clamp<qint64>(pace.count() - passed, 0, pace.count()));
-  m_news = services().clock.startTimer(wait, [this] {
-    m_news.reset();
-    m_toldAt = services().clock.now();
-    context().changes().stale<Mailbox>();
-  });
+  m_news = services().clock.startTimer(wait, [this] { tellOfAccounts(); });
+}
+
+void SetupRuns::tellOfAccounts() {
+  m_news.reset();
+  m_toldAt = services().clock.now();
+  context().changes().stale<Mailbox>();
 }
 
 void SetupRuns::take(const QString& projectId, SetupRun run) {

@@ -81,6 +81,7 @@ class SetupRuns final : public Store {
   void put(const QString& projectId, SetupRun run);
   /// The accounts that a run has made are news to every page that shows accounts.
   void count(const QString& runId, qint64 connected);
+  void tellOfAccounts();
   std::chrono::seconds pace(const QString& projectId) const;
 
   BusySet m_busy;
