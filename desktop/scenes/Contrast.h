@@ -104,9 +104,9 @@ class Contrast {
     for (const QQuickItem* child : item.childItems()) subtract(*child, left);
   }
   QRect pixelsOf(const QRectF& place) const {
-    const double scale = m_picture.width() / double(m_window.width());
-    return QRectF(place.topLeft() * scale, place.size() * scale).toRect() & m_picture.rect();
+    return QRectF(place.topLeft() * scale(), place.size() * scale()).toRect() & m_picture.rect();
   }
+  double scale() const { return m_picture.width() / double(m_window.width()); }
 
   void look(QQuickItem& item, double opacity, QRectF seen, QStringList& found) {
     opacity *= item.opacity();
@@ -135,7 +135,10 @@ class Contrast {
     QString fault = faultAt(item, opacity, pixels, around);
     if (fault.isEmpty()) return;
     // Only then: looking for what lies over it is a walk through the whole window.
-    if (const QRect seen = uncovered(item, around); seen != around) fault = faultAt(item, opacity, pixels & seen, seen);
+    const QRect seen = uncovered(item, around);
+    // Of a line that is cut along its length only strokes may be left, without the ground around them.
+    if (seen.height() < item.property("font").value<QFont>().pixelSize() * scale()) return;
+    if (seen != around) fault = faultAt(item, opacity, pixels & seen, seen);
     if (!fault.isEmpty()) found.append(QStringLiteral("“%1” %2").arg(what.left(40), fault));
   }
 
@@ -153,14 +156,15 @@ class Contrast {
         .arg(QString::number(reached, 'f', 2), QColor(ink).name(), QColor(ground).name());
   }
 
-  /// The colour that most of it has.
+  /// The colour that most of it has. Shades of one colour are counted together: under a shadow each line of the ground
+  /// is another, and a stroke would have more of its own.
   QRgb mostOf(const QRect& pixels, const QRect& leftOut) const {
     QHash<QRgb, int> counts;
-    QRgb most = m_picture.pixel(pixels.topLeft()), last = most;
+    QRgb last = m_picture.pixel(pixels.topLeft());
     int run = 0;
     // By runs of one colour: nearly all of a text's ground is one.
     const auto count = [&] {
-      if (run > 0 && (counts[last] += run) > counts.value(most)) most = last;
+      if (run > 0) counts[last] += run;
       run = 0;
     };
     for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
@@ -173,7 +177,15 @@ class Contrast {
       }
     }
     count();
-    return most;
+    const auto shade = [](QRgb colour) { return colour & 0xe0e0e0; };
+    QHash<QRgb, int> shades;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) shades[shade(it.key())] += it.value();
+    const auto most = [&](QRgb one, QRgb other) {
+      return std::pair(shades.value(shade(one)), counts.value(one)) <
+             std::pair(shades.value(shade(other)), counts.value(other));
+    };
+    const auto found = std::max_element(counts.keyBegin(), counts.keyEnd(), most);
+    return found == counts.keyEnd() ? last : *found;
   }
 
   /// Something else may lie over it.

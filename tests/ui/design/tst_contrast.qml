@@ -99,4 +99,42 @@ TestCase {
         mouseRelease(root, 590, 290);
         compare(found, []);
     }
+
+    Component {
+        id: figure
+
+        Rectangle {
+            property alias ink: words.color
+            property alias text: words.text
+            property real cut: 90
+            property real shown: 90
+            property bool shadowed: false
+            anchors.fill: parent
+            gradient: Gradient {
+                GradientStop { position: 0; color: "#FFFFFF" }
+                GradientStop { position: 1; color: shadowed ? "#000000" : "#FFFFFF" }
+            }
+
+            Text { id: words; x: 20; y: 2; text: "4"; font.pixelSize: 60 }
+            Rectangle { width: 100; height: cut - shown; color: ink }
+            Rectangle { y: cut; width: 100; height: 200; color: ink }
+        }
+    }
+
+    // Under a shadow each line of the ground has another colour, and a stroke more of its own than any of them; of a
+    // figure that is cut off at the top and bottom, strokes may be all that is left.
+    function test_the_ground_is_found() {
+        const item = createTemporaryObject(figure, root, {ink: Theme.text, shadowed: true});
+        compare(eye.faint(item), []);
+        item.shadowed = false;
+        item.text = "—";
+        for (item.shown = 4; item.shown < 9; ++item.shown)
+            for (item.cut = item.shown; item.cut < 80; ++item.cut)
+                compare(eye.faint(item), [], item.shown + " above " + item.cut);
+        item.cut = item.shown = 90;
+        for (item.shadowed of [false, true]) {
+            item.ink = "#CCCCCC";
+            compare(eye.faint(item).length, 1);
+        }
+    }
 }
