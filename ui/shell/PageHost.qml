@@ -97,10 +97,10 @@ FocusScope {
         target: root.router
 
         function onLeaving() {
-            root.router.keepView(view.viewOf(host.item));
+            root.router.keepView(view.viewOf(root.host.item));
         }
         function onReturned() {
-            view.goBackTo(host.item, root.router.keptView());
+            view.goBackTo(root.host.item, root.router.keptView());
         }
     }
 
