@@ -88,7 +88,9 @@ CampaignsStore::CampaignsStore(WorkspaceContext& context, SaveFirst saveFirst, A
   context.changes().watch<Archived<Campaign>>(this, [this](const auto& change) { takeArchived(change); });
   // Who sends for a campaign, and by tags also how many, is said of accounts.
   context.changes().watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
-    if (change.acted) m_list.markStale();
+    if (!change.acted) return;
+    m_list.markStale();
+    m_archived.markStale();
   });
   m_newCampaign.onSubmit = [this](const QString& name) { m_tasks.start(createTask(name)); };
   m_rename.onSubmit = [this](const QString& name) { m_tasks.start(renameTask(m_renamed.id, name)); };

@@ -161,6 +161,11 @@ class CampaignArchiveTest final : public CampaignsPage {
     f->api.answer(u"GET /campaigns"_s, threeRows);
     f->api.answer(u"GET /campaigns"_s, list({row("a1", "Old", "archived")}));
     QVERIFY(!store->archived()->needsLoad());
+    // Archived campaigns count their senders as well.
+    f->api.expect(u"GET /campaigns"_s);
+    f->context->changes().gone<Mailbox>(u"m1"_s, f->context->changes().stamp());
+    f->api.answer(u"GET /campaigns"_s, threeRows);
+    QVERIFY(isStale());
   }
 };
 
