@@ -142,6 +142,20 @@ void AccountSettings::setProblem(const QString& problem) {
   if (std::exchange(m_problem, problem) != problem) Q_EMIT changed();
 }
 
+/// Why a save came to nothing: on the page, or to whoever has left it.
+void AccountSettings::tell(const QString& problem) {
+  setProblem(problem);
+  if (context().openedItem(Page::accounts) == m_id) return;
+  services().toasts.show({.message = problem,
+                          .tone = Toasts::Tone::error,
+                          .actionLabel = u"Open"_s,
+                          .action =
+                              [there = context().weak_from_this(), id = m_id] {
+                                if (const auto open = there.lock()) open->openItem(Page::accounts, id);
+                              },
+                          .detail = shownName(m_account.value()->address)});
+}
+
 Task<void> AccountSettings::saveTask() {
   if (!m_account.value() || !canSave()) co_return;
   const AccountFields sent = m_draft.sending(), base = m_draft.base();
@@ -159,7 +173,7 @@ Task<void> AccountSettings::saveTask() {
         m_draft.failed(error);
         m_conflicts = isVersionConflict(error);
         const bool isMute = error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
-        if (!m_conflicts && !isMute) setProblem(u"Couldn’t save. "_s + error.message());
+        if (!m_conflicts && !isMute) tell(u"Couldn’t save. "_s + error.message());
         return true;
       });
   if (std::exchange(m_conflicts, false)) co_await rebuild();
@@ -178,12 +192,12 @@ Task<void> AccountSettings::saveTask() {
 Task<void> AccountSettings::rebuild() {
   const auto mark = m_busy.mark(savingKey);
   const auto latest = co_await m_actions.send(Requests::getMailbox(m_id), {}, {}, [this](const APIError& error) {
-    setProblem(u"Couldn’t save. "_s + error.message());
+    tell(u"Couldn’t save. "_s + error.message());
     return true;
   });
   if (!latest) co_return;
   m_draft.fill(accountFieldsOf(*latest), latest->version);
-  setProblem(u"Someone changed this account meanwhile. The form shows the latest values; make your change again."_s);
+  tell(u"Someone changed this account meanwhile. The form shows the latest values; make your change again."_s);
 }
 
 Task<std::optional<TrackingDomainCheck>> AccountSettings::askTracking() {

@@ -77,6 +77,7 @@ class AccountSettings final : public Store {
   QString kept(const QString& field) const;
   void follow();
   void setProblem(const QString& problem);
+  void tell(const QString& problem);
   Task<void> rebuild();
   Task<std::optional<TrackingDomainCheck>> askTracking();
 

@@ -88,6 +88,8 @@ class Actions {
     const bool changes = request.method != HTTPMethod::get;
     const auto madeOn = request.ifMatch;
     const Stamp asked = m_context.changes().stamp();
+    std::optional<WorkspaceContext::Sending> sending;
+    if (changes) sending.emplace(m_context);
     try {
       R answer = co_await m_context.api().send(std::move(request));
       m_context.cameOnline();
@@ -96,6 +98,7 @@ class Actions {
       co_return answer;
     } catch (const APIError& error) {
       if (!tell || !tell(error)) m_context.services().toasts.failure(failure, error);
+      if (sending) sending->failed();
       if (changes && (mayHaveActed(error) || isVersionConflict(error))) m_recheck();
     }
     co_return std::nullopt;

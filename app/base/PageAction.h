@@ -12,6 +12,7 @@ struct PageAction {
   Q_GADGET
   Q_PROPERTY(QString key MEMBER key)
   Q_PROPERTY(QString title MEMBER title)
+  Q_PROPERTY(QString detail MEMBER detail)
   Q_PROPERTY(QString icon MEMBER icon)
   Q_PROPERTY(QString keys MEMBER keys)
   Q_PROPERTY(bool possible MEMBER possible)
@@ -21,6 +22,8 @@ struct PageAction {
   /// Its name within the page; the same between starts, for the palette remembers it.
   QString key;
   QString title;
+  /// A second line in menus, where the title needs one.
+  QString detail{};
   QString icon{};
   /// As shown, "Ctrl+D". Those of a page's own actions work while it is open; "N" makes what the page is a list of.
   QString keys{};

@@ -123,6 +123,7 @@ class PagedList final : public PagedListBase {
 
  private:
   size_t pageCount() const override { return m_rows.pages(); }
+  size_t furtherPage() const override { return m_rows.further(); }
   bool hasMore() const override { return m_rows.hasMore(); }
   void markAllStale() override { m_rows.markStale(); }
 
@@ -132,7 +133,9 @@ class PagedList final : public PagedListBase {
     first.reset();
     const int last = std::min(m_lastSeen, m_model.rowCount() - 1);
     for (int row = m_firstSeen; row <= last; ++row) {
-      const auto page = m_rows.pageOf(m_model.records()[size_t(row)].id);
+      auto page = m_rows.pageOf(m_model.records()[size_t(row)].id);
+      // What a page without rows would bring stands before this one.
+      if (page) page = m_rows.sinceEmpty(*page);
       if (page && m_rows.isStale(*page)) first = std::min(first.value_or(*page), *page);
     }
     // While nothing is seen, the beginning is what somebody would see.

@@ -78,13 +78,13 @@ Task<void> PagedListBase::read(qint64 generation) {
 std::optional<size_t> PagedListBase::nextPage() const {
   if (m_asksAnew) return 0;
   if (const auto stale = stalePage()) return stale;
-  if (hasMore() && (m_isWhole || m_wantsMore || readCount() == 0)) return pageCount();
+  if (hasMore() && (m_isWhole || m_wantsMore || readCount() == 0)) return furtherPage();
   return std::nullopt;
 }
 
 void PagedListBase::begin(size_t page) {
   m_isReading = true;
-  m_readsFurther = page > 0 && page == pageCount();
+  m_readsFurther = page > 0 && page == furtherPage();
   const bool showsSomething = hasContent() || m_state == State::Empty;
   m_refreshing = showsSomething && !m_readsFurther;
   if (!showsSomething) m_state = State::Loading;
@@ -118,9 +118,9 @@ void PagedListBase::rest() {
 
 void PagedListBase::fail(size_t page, const APIError& error) {
   const bool isOffline = error.is(APIError::Kind::offline), isCancelled = error.is(APIError::Kind::cancelled);
-  const bool isFirst = m_asksAnew, isFurther = page == pageCount() || (m_isWhole && page > 0);
+  const bool isFirst = m_asksAnew, isFurther = page == furtherPage() || (m_isWhole && page > 0);
   m_isReading = m_readsFurther = m_wantsMore = m_refreshing = false;
-  if (page < pageCount()) m_isStale = true;
+  if (page < furtherPage()) m_isStale = true;
   if (isOffline) m_owner.context().wentOffline();
   if (isCancelled) {
     Q_EMIT changed();

@@ -57,6 +57,8 @@ class PagedListBase : public ResourceBase {
 
  protected:
   virtual size_t pageCount() const = 0;
+  /// The one that is read when more is wanted.
+  virtual size_t furtherPage() const = 0;
   virtual bool hasMore() const = 0;
   /// Of those that are seen or, in a list that is read whole, of all.
   virtual std::optional<size_t> stalePage() const = 0;

@@ -30,7 +30,9 @@ class PagedRows {
 
   size_t pages() const { return m_pages.size(); }
   qsizetype size() const { return m_places.size(); }
-  bool hasMore() const { return m_next.has_value(); }
+  bool hasMore() const { return m_next.has_value() || further() < pages(); }
+  /// The page that comes next: one that waits without rows at the end, or the one after the last.
+  size_t further() const { return pages() > 0 ? std::max<size_t>(sinceEmpty(pages()), 1) : 0; }
   /// Where to ask for the page, which may be the one after the last.
   std::optional<QString> cursor(size_t page) const { return page < pages() ? m_pages[page].cursor : m_next; }
 
@@ -38,6 +40,12 @@ class PagedRows {
   void markStale(size_t page) { m_pages[page].isStale = true; }
   void markStale() {
     for (Page& page : m_pages) page.isStale = true;
+  }
+  /// Nobody sees a row of a page that has none, and so nobody would have it read. Of such pages right before this one
+  /// the first, as far as they wait to be read; or else this one.
+  size_t sinceEmpty(size_t page) const {
+    while (page > 0 && m_pages[page - 1].isStale && m_pages[page - 1].rows.empty()) --page;
+    return page;
   }
   std::optional<size_t> firstStale() const {
     const auto stale = std::ranges::find(m_pages, true, &Page::isStale);

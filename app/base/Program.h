@@ -20,6 +20,9 @@ class Program : public QObject {
   Q_PROPERTY(QString notificationTrouble READ notificationTrouble NOTIFY changed)
 
  public:
+  /// `unknown`: whether it came to that only the account can say.
+  enum class Deletion { underWay, done, refused, unknown };
+
   using QObject::QObject;
 
   virtual QString userName() const = 0;
@@ -52,8 +55,9 @@ class Program : public QObject {
 
   /// Reads the person's name, workspaces and roles anew: something of them was changed here.
   virtual void rereadAccount() = 0;
-  /// The person has deleted it: the window goes on in another one, or says that there is none.
-  virtual void workspaceDeleted(const QString& slug) = 0;
+  /// The person deletes a workspace. While that is under way it stays theirs, whatever the account says; once it is
+  /// done the window goes on in another one, or says that there is none.
+  virtual void deletesWorkspace(const QString& slug, Deletion deletion) = 0;
 
  Q_SIGNALS:
   void changed();

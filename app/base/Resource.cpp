@@ -19,9 +19,14 @@ bool ResourceBase::needsLoad() const {
 }
 
 void ResourceBase::markStale() {
-  if (!isAsked() || m_isTelling) return;
+  // What is told in one turn of the event loop the service knew before it: one reading brings it all.
+  if (!isAsked() || m_isTelling || m_hasReread) return;
   m_isStale = true;
-  if (m_views > 0) load();
+  if (m_views == 0) return;
+  load();
+  m_hasReread = true;
+  QMetaObject::invokeMethod(
+      this, [this] { m_hasReread = false; }, Qt::QueuedConnection);
 }
 
 void ResourceBase::appear() {

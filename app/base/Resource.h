@@ -78,6 +78,8 @@ class ResourceBase : public QObject {
   bool m_isStale = false;
   /// What it tells the change feed of its own answer is no news to itself.
   bool m_isTelling = false;
+  /// It was told to be old in this turn of the event loop, and is being read again since.
+  bool m_hasReread = false;
 
  private:
   QString m_failed;
@@ -180,7 +182,12 @@ class Resource final : public ResourceBase {
   void succeed(Value value, Stamp asked) {
     Changes& changes = m_owner.context().changes();
     bool isNews = true;
-    if constexpr (WholeRecord<Value>) isNews = m_answersAnother || !m_value || changes.isNews(value, asked);
+    const bool isFirst = m_answersAnother || !m_value;
+    if constexpr (WholeRecord<Value>) isNews = changes.isNews(value, asked);
+    // It is all that there is to show, until the one that is known to be newer has come.
+    const bool readsAgain = isFirst && !isNews && !std::exchange(m_readsAgain, true);
+    if (isNews) m_readsAgain = false;
+    isNews = isNews || isFirst;
     m_isTelling = true;
     if constexpr (SharedList<Value>) reconcile(value, asked);
     if (isNews) m_value = std::move(value);
@@ -193,6 +200,7 @@ class Resource final : public ResourceBase {
     if constexpr (WholeRecord<Value>) changes.publish(Value(*m_value), asked, false);
     m_isTelling = false;
     m_owner.context().cameOnline();
+    if (readsAgain) load();
   }
 
   void reconcile(Value& value, Stamp asked)
@@ -243,6 +251,8 @@ class Resource final : public ResourceBase {
   std::optional<Value> m_value;
   /// The value belongs to an earlier question.
   bool m_answersAnother = false;
+  /// Of a service that goes on giving an old one it is asked but once.
+  bool m_readsAgain = false;
 };
 
 }  // namespace orv

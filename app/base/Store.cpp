@@ -10,6 +10,7 @@ namespace orv {
 
 Store::Store(WorkspaceContext& context, Store* whole) : m_context(context) {
   connect(&context, &WorkspaceContext::workspaceChanged, this, &Store::roleChanged);
+  connect(&context, &WorkspaceContext::sent, this, &Store::sent);
   if (whole) whole->m_parts.push_back(this);
 }
 

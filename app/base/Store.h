@@ -66,6 +66,8 @@ class Store : public QObject {
   Q_INVOKABLE void appear() { ++m_pages; }
   Q_INVOKABLE void disappear();
   bool isShown() const { return m_pages > 0; }
+  /// Something in the workspace, maybe this, waits for the answer to a change.
+  bool isSending() const { return m_context.isSending(); }
 
   /// Stops everything in flight; nothing of it is applied any more.
   virtual void close();
@@ -77,6 +79,8 @@ class Store : public QObject {
   void roleChanged();
   /// No page shows it any more.
   void left();
+  /// Nothing is being sent any more.
+  void sent();
   void moved();
   void foundChanged();
 

@@ -14,7 +14,8 @@ namespace orv {
 ///
 /// `T` is a QObject with close(), unsavedWork() and flush(). One that is evicted with unsaved work is kept aside until
 /// that is saved; when it cannot be saved it stays there, to be opened again, until clear(). So does one that a page
-/// shows, until it is left: nothing is taken away from under the person's eyes.
+/// shows, until it is left: nothing is taken away from under the person's eyes. Nor does one go while a change that it
+/// may have sent has no answer yet.
 template <class T>
 class StoreCache {
  public:
@@ -43,6 +44,8 @@ class StoreCache {
         // For when it is out of the cache by then.
         if constexpr (requires { &T::left; })
           QObject::connect(object, &T::left, object, [this, key, object] { letGo(key, object); });
+        if constexpr (requires { &T::sent; })
+          QObject::connect(object, &T::sent, object, [this, key, object] { letGo(key, object); });
       }
       m_objects.insert(key, object);
       m_keys.append(key);
@@ -53,7 +56,11 @@ class StoreCache {
     return object;
   }
 
-  T* find(const QString& key) const { return m_objects.value(key); }
+  /// Kept, or set aside until it can go.
+  T* find(const QString& key) const {
+    T* const kept = m_objects.value(key);
+    return kept ? kept : m_aside.value(key);
+  }
   /// Oldest first.
   const QStringList& keys() const { return m_keys; }
 
@@ -99,18 +106,19 @@ class StoreCache {
  private:
   static bool isUnsaved(const T& object) { return !object.unsavedWork().isEmpty(); }
 
-  static bool isShown(const T& object) {
-    if constexpr (requires { object.isShown(); })
-      return object.isShown();
-    else
-      return false;
+  /// A page shows it, or it waits for an answer.
+  static bool isNeeded(const T& object) {
+    bool is = false;
+    if constexpr (requires { object.isShown(); }) is = object.isShown();
+    if constexpr (requires { object.isSending(); }) is = is || object.isSending();
+    return is;
   }
 
   /// By value: the key that is handed over may be the one that is taken out of the list.
   void evict(QString key) {
     m_keys.removeOne(key);
     T* object = m_objects.take(key);
-    if (!isUnsaved(*object) && !isShown(*object)) return drop(object);
+    if (!isUnsaved(*object) && !isNeeded(*object)) return drop(object);
     m_aside.insert(key, object);
     letGo(key, object);
   }
@@ -118,14 +126,14 @@ class StoreCache {
   void letGo(const QString& key, T* object) {
     // Whoever shows it may open it again at once, and is not to hear that it could not be saved.
     QTimer::singleShot(0, object, [this, key, object] {
-      if (m_aside.value(key) == object && !isShown(*object)) m_saving.start(saveAside(key, object));
+      if (m_aside.value(key) == object && !isNeeded(*object)) m_saving.start(saveAside(key, object));
     });
   }
 
   Task<void> saveAside(QString key, T* object) {
     const bool saved = !isUnsaved(*object) || co_await object->flush();
     // Opened again meanwhile.
-    if (m_aside.value(key) != object || isShown(*object)) co_return;
+    if (m_aside.value(key) != object || isNeeded(*object)) co_return;
     if (!saved) {
       if (onNotSaved) onNotSaved(key, *object);
       co_return;

@@ -19,8 +19,13 @@ QStringList inOrder(QStringList names) {
 
 QStringList timeZonesIn(const QByteArray& zi) {
   QStringList names;
-  for (const QByteArray& line : zi.split('\n')) {
-    const auto words = line.simplified().split(' ');
+  qsizetype end = -1;
+  for (qsizetype at = 0; at < zi.size(); at = end + 1) {
+    end = zi.indexOf('\n', at);
+    if (end < 0) end = zi.size();
+    // Nearly all lines are rules and offsets, and a window may wait for these names.
+    if (zi[at] != 'Z' && zi[at] != 'L') continue;
+    const auto words = zi.mid(at, end - at).simplified().split(' ');
     // "Z Europe/London -0:1:15 - LMT …", "L Europe/London GB".
     if (words.size() > 2 && words[0] == "Z") names.append(QString::fromLatin1(words[1]));
     if (words.size() > 2 && words[0] == "L") names.append(QString::fromLatin1(words[2]));

@@ -48,6 +48,17 @@ void WorkspaceContext::needed(qint64& before, qint64 now) {
   if (std::exchange(before, now) != now) Q_EMIT attentionChanged();
 }
 
+void WorkspaceContext::sendingEnded() {
+  if (--m_sending > 0) return;
+  // Not from within the task that has just had its answer.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (m_sending == 0) Q_EMIT sent(std::exchange(m_anyFailed, false));
+      },
+      Qt::QueuedConnection);
+}
+
 void WorkspaceContext::close() {
   m_api.close();
   m_work.cancel();

@@ -50,6 +50,24 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   /// Runs what must not end with the store that began it: the restoring of what somebody takes back.
   void start(Task<void> task) { m_work.start(std::move(task)); }
 
+  /// A change that the person made is on its way to the service, for as long as this lives: whoever waits for its
+  /// answer is not let go of meanwhile.
+  class Sending {
+   public:
+    explicit Sending(WorkspaceContext& context) : m_context(&context) { ++context.m_sending; }
+    Sending(Sending&& other) noexcept : m_context(std::exchange(other.m_context, nullptr)) {}
+    Sending& operator=(Sending&&) = delete;
+    ~Sending() {
+      if (m_context) m_context->sendingEnded();
+    }
+    /// It came to nothing, and the person has been told.
+    void failed() { m_context->m_anyFailed = true; }
+
+   private:
+    WorkspaceContext* m_context;
+  };
+  bool isSending() const { return m_sending > 0; }
+
   /// A request found no connection.
   void wentOffline() { m_isOffline = true; }
   /// One was answered, or somebody has reason to think that the next one will be.
@@ -75,9 +93,12 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   void workspaceChanged();
   /// There is a connection again: what could not be read can be tried anew.
   void reachable();
+  /// Nothing is being sent any more, and whoever sent it has heard of it.
+  void sent(bool anyFailed);
 
  private:
   void needed(qint64& before, qint64 now);
+  void sendingEnded();
 
   WorkspaceSummary m_workspace;
   Services& m_services;
@@ -86,6 +107,8 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   RecordTurns m_turns;
   BusySet m_unsaved;
   bool m_isOffline = false;
+  int m_sending = 0;
+  bool m_anyFailed = false;
   std::optional<qint64> m_unread;
   qint64 m_failedAccounts = 0;
   qint64 m_poorAccounts = 0;

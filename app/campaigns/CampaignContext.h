@@ -5,6 +5,7 @@
 
 #include "app/base/Actions.h"
 #include "app/base/Resource.h"
+#include "app/campaigns/FailedSaves.h"
 #include "kit/models/campaigns/campaign.h"
 
 namespace orv {
@@ -20,6 +21,7 @@ struct CampaignContext {
   std::function<void()> refresh;
   APITransport& api = workspace.api();
   Services& services = workspace.services();
+  FailedSaves failedSaves{workspace, campaign, id};
 };
 
 }  // namespace orv

@@ -3,6 +3,7 @@
 #include "app/base/shownName.h"
 #include "app/campaigns/CampaignLeads.h"
 #include "app/campaigns/LeadBatch.h"
+#include "app/campaigns/LeadTurns.h"
 #include "kit/api/Format.h"
 #include "kit/models/campaigns/campaignLead.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
@@ -42,29 +43,6 @@ Task<void> takeBack(std::shared_ptr<WorkspaceContext> workspace, QString campaig
   workspace->services().toasts.success(restoredText(*result, ids, name));
 }
 
-/// Leads whose turn has come. Those that were removed while theirs was waited for, which has been told, are not among
-/// them.
-struct TheirTurn {
-  QStringList ids;
-  std::vector<RecordTurns::Turn> turns;
-
-  void recordsGone() {
-    for (RecordTurns::Turn& turn : turns) turn.recordGone();
-  }
-};
-
-/// In the order in which everybody takes them who takes several: one at a time does, see CampaignLeads::m_bulk.
-Task<TheirTurn> theirTurn(RecordTurns* turns, QStringList ids) {
-  TheirTurn reached;
-  for (const QString& id : std::as_const(ids)) {
-    auto turn = co_await turns->next(id);
-    if (!turn) continue;
-    reached.ids.append(id);
-    reached.turns.push_back(std::move(turn));
-  }
-  co_return reached;
-}
-
 }  // namespace
 
 const CampaignLead* CampaignLeads::find(const QString& id) const {
@@ -82,16 +60,15 @@ QList<PageAction> CampaignLeads::offered(const QString& record) {
   const CampaignLead* lead = find(record);
   if (!lead) return {};
   const QString id = lead->id;
-  QList<PageAction> actions{{.key = u"open"_s,
-                             .title = u"Open"_s,
-                             .icon = u"system-users"_s,
-                             .keys = u"Enter"_s,
-                             .run = [this, id] { open(id); }},
-                            {.key = u"copy-address"_s,
-                             .title = u"Copy address"_s,
-                             .icon = u"edit-copy"_s,
-                             .keys = u"Ctrl+C"_s,
-                             .run = [this, id] { copyAddress(id); }}};
+  QList<PageAction> actions{
+      {.key = u"open"_s,
+       .title = u"Open"_s,
+       .icon = u"system-users"_s,
+       .keys = u"Enter"_s,
+       .run = [this, id] { open(id); }},
+      {.key = u"copy-address"_s, .title = u"Copy address"_s, .icon = u"edit-copy"_s, .run = [this, id] {
+         copyAddress(id);
+       }}};
   if (m_isArchive)
     return actions + archivedActions(
                          !bulkBusy(), [this, id] { restore({id}); }, [this, id] { removeForGood(id); });
@@ -135,12 +112,17 @@ Task<void> CampaignLeads::resumeTask(QStringList ids) {
   return bulkTask(u"resume"_s, ids, u"Resumed "_s, u"Couldn’t resume "_s + named(ids));
 }
 
+Task<void> CampaignLeads::beginMoveTask(QStringList ids) {
+  // Where they go, nobody would find what was typed about them here.
+  if (co_await m_panel.mayGiveUp(ids)) m_move.show(ids);
+}
+
 Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done, QString failure) {
   if (ids.isEmpty()) co_return;
   const auto mark = m_bulk.mark(bulk);
   if (!mark) co_return;
   const QString name = named(ids);
-  const auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  const auto turn = co_await leadTurns(&m_context.workspace.turns(), ids);
   if (turn.ids.isEmpty()) co_return;
   const auto result =
       co_await m_actions.send(Requests::bulkLeads(m_context.id, BulkLeadsBody{action, turn.ids}), failure);
@@ -155,7 +137,6 @@ Task<void> CampaignLeads::bulkTask(QString action, QStringList ids, QString done
     toasts.show({.message = done + (ids.size() == 1 ? name : countedLeads(result->changed)),
                  .tone = Toasts::Tone::success,
                  .detail = rest});
-  m_selection.clear();
   changedElsewhere();
 }
 
@@ -165,7 +146,7 @@ Task<void> CampaignLeads::removeTask(QStringList ids) {
   if (!mark) co_return;
   const QString name = named(ids), failure = u"Couldn’t remove "_s + name;
   QString said = u"Removed "_s + name + u". It’s in Archived."_s;
-  auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  auto turn = co_await leadTurns(&m_context.workspace.turns(), ids);
   ids = turn.ids;
   if (ids.isEmpty()) co_return;
   if (ids.size() == 1) {
@@ -195,7 +176,7 @@ Task<void> CampaignLeads::restoreTask(QStringList ids) {
   const auto mark = m_bulk.mark(bulk);
   if (!mark) co_return;
   const QString name = named(ids);
-  const auto turn = co_await theirTurn(&m_context.workspace.turns(), ids);
+  const auto turn = co_await leadTurns(&m_context.workspace.turns(), ids);
   ids = turn.ids;
   if (ids.isEmpty()) co_return;
   const auto result =
@@ -213,11 +194,12 @@ Task<void> CampaignLeads::removeForGoodTask(QString id) {
   if (!co_await m_context.services.overlays.confirm(removeForGoodQuestion(name))) co_return;
   const auto mark = m_busy.mark(id);
   if (!mark) co_return;
-  auto turn = co_await theirTurn(&m_context.workspace.turns(), {id});
+  auto turn = co_await leadTurns(&m_context.workspace.turns(), {id});
   if (turn.ids.isEmpty() ||
       !co_await m_actions.send(Requests::removeLead(m_context.id, id, true), u"Couldn’t delete "_s + name))
     co_return;
   turn.recordsGone();
+  m_panel.leadGone(id);
   takeOut({id});
   m_context.services.toasts.success(name + u" deleted for good"_s);
   changedElsewhere();

@@ -79,13 +79,14 @@ class CampaignLeads final : public Store {
   Q_INVOKABLE void remove(const QStringList& ids) { m_tasks.start(removeTask(ids)); }
   Q_INVOKABLE void restore(const QStringList& ids) { m_tasks.start(restoreTask(ids)); }
   Q_INVOKABLE void removeForGood(const QString& id) { m_tasks.start(removeForGoodTask(id)); }
-  Q_INVOKABLE void beginMove(const QStringList& ids) { m_move.show(ids); }
+  Q_INVOKABLE void beginMove(const QStringList& ids) { m_tasks.start(beginMoveTask(ids)); }
 
   Task<void> pauseTask(QStringList ids);
   Task<void> resumeTask(QStringList ids);
   Task<void> removeTask(QStringList ids);
   Task<void> restoreTask(QStringList ids);
   Task<void> removeForGoodTask(QString id);
+  Task<void> beginMoveTask(QStringList ids);
 
   void close() override;
 

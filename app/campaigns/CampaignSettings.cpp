@@ -49,6 +49,7 @@ CampaignSettings::CampaignSettings(CampaignContext& context)
   connect(&m_schedule, &ScheduleForm::changed, this, &CampaignSettings::changed);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
   connect(&m_recovery, &Recovery::changed, &m_senders, &SenderPicker::show);
+  context.failedSaves.follow(m_draft);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/settings"_s);
   // Before the page takes it over: a rename in its header or in the list is nobody else's.
   context.workspace.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) {
@@ -159,7 +160,9 @@ Task<void> CampaignSettings::saveTask() {
   const auto saved = co_await m_actions.perform<Campaign>(
       {busyKey, m_context.id}, build, u"Couldn’t save."_s,
       [this](const Campaign& answer) { m_draft.taken(settingsOf(answer), answer.version); },
-      [this](const APIError& error) { return m_draft.failed(error); });
+      [this](const APIError& error) {
+        return m_context.failedSaves.failed(m_draft, u"Couldn’t save the settings."_s, error);
+      });
   if (!saved) co_return;
   m_context.services.toasts.success(u"Settings saved"_s);
 }

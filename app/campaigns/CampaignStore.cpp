@@ -5,6 +5,7 @@
 #include "app/base/shownName.h"
 #include "app/campaigns/CampaignRecords.h"
 #include "app/campaigns/LaunchQuestion.h"
+#include "kit/api/PlatformDate.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/launchCheck.h"
@@ -73,6 +74,7 @@ CampaignStore::CampaignStore(QString id, WorkspaceContext& context)
                .openText = [this](const auto& lead, const auto& letter) { openText(lead, letter); }}),
       m_rename({u"Rename campaign"_s, {}, u"Campaign name"_s, u"Rename"_s}, context) {
   connect(&m_campaign, &ResourceBase::changed, this, &CampaignStore::changed);
+  connect(&m_campaign, &ResourceBase::valueChanged, this, [this] { m_renamed.follow(m_campaign.value()); });
   connect(&m_busy, &BusySet::changed, this, &CampaignStore::busyChanged);
   connect(m_subsequences.list(), &ResourceBase::valueChanged, this, &CampaignStore::changed);
   connect(&m_settings, &CampaignSettings::changed, this, &CampaignStore::followUnsaved);
@@ -132,7 +134,8 @@ QString CampaignStore::mainAction() const {
   if (!campaign) return {};
   if (campaign->status.isRunning()) return u"pause"_s;
   if (campaign->status.isPaused()) return u"resume"_s;
-  return campaign->launchedAt ? QString() : u"launch"_s;
+  // As the row and the figures count it: a date that cannot be read is none.
+  return parsePlatformDate(campaign->launchedAt) ? QString() : u"launch"_s;
 }
 
 void CampaignStore::setTab(const QString& name) {
@@ -221,7 +224,7 @@ Task<bool> CampaignStore::flush() {
 
 void CampaignStore::beginRename() {
   if (!m_campaign.value() || busy() || !canWrite()) return;
-  m_renamed = *m_campaign.value();
+  m_renamed = RenamedCampaign::of(*m_campaign.value());
   m_rename.show(name(), renameKey(m_id), m_renamed.version);
 }
 
@@ -231,12 +234,11 @@ Task<void> CampaignStore::renameTask(QString name) {
   CampaignPatch patch;
   patch.name = name;
   auto submission = m_rename.begin();
-  // A name that somebody else gave meanwhile is not overwritten unseen: the service refuses the older version.
   const auto build = [this, patch] {
-    const Campaign& now = *m_campaign.value();
-    return Requests::updateCampaign(m_id, patch, now.name == m_renamed.name ? now.version : m_renamed.version);
+    return Requests::updateCampaign(m_id, patch, m_renamed.versionBeside(m_campaign.value()));
   };
-  if (co_await m_actions.perform<Campaign>({m_id, m_id}, build, u"Couldn’t rename the campaign."_s))
+  const auto refused = [this](const APIError& error) { return m_renamed.failed(error); };
+  if (co_await m_actions.perform<Campaign>({m_id, m_id}, build, u"Couldn’t rename the campaign."_s, {}, refused))
     submission.succeed();
 }
 
@@ -263,9 +265,10 @@ Task<bool> CampaignStore::checkBeforeLaunch() {
 
 /// What the service launches or copies is what it has, and the person means what they wrote.
 Task<bool> CampaignStore::saveSequence(QString failure) {
-  if (co_await m_sequence.flush()) co_return true;
+  const QString why = co_await m_sequence.autosave()->saveFirst();
+  if (why.isEmpty()) co_return true;
   setTab(enumName(Tab::sequence));
-  services().toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = m_sequence.autosave()->message()});
+  services().toasts.show({.message = failure, .tone = Toasts::Tone::error, .detail = why});
   co_return false;
 }
 

@@ -155,8 +155,7 @@ class CampaignStore final : public Store {
   Subsequences m_subsequences;
   ProofWall m_proof;
   NameForm m_rename;
-  /// As it was when the form was filled.
-  Campaign m_renamed;
+  RenamedCampaign m_renamed;
   Tab m_tab = Tab::sequence;
   QList<Choice> m_launchPath;
   bool m_unsavedSettings = false;

@@ -60,7 +60,6 @@ QList<PageAction> CampaignsStore::offeredLive(const CampaignSummary& campaign) {
                   {.key = u"copy-link"_s,
                    .title = u"Copy link"_s,
                    .icon = u"insert-link"_s,
-                   .keys = u"Ctrl+C"_s,
                    .anywhere = true,
                    .run = [this, id] { copyLink(id); }},
                   {.key = u"analytics"_s,

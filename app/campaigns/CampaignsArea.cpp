@@ -1,7 +1,5 @@
 #include "app/campaigns/CampaignsArea.h"
 
-#include <QPointer>
-
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 
@@ -12,9 +10,9 @@ namespace {
 
 /// Has the sequence saved that somebody is writing on the campaign's page; gives why that failed, or nothing.
 Task<QString> saveSequence(Store* opened) {
-  const QPointer campaign = qobject_cast<CampaignStore*>(opened);
-  if (!campaign || co_await campaign->sequence()->flush() || !campaign) co_return QString();
-  co_return campaign->sequence()->autosave()->message();
+  auto* const campaign = qobject_cast<CampaignStore*>(opened);
+  if (!campaign) co_return QString();
+  co_return co_await campaign->sequence()->autosave()->saveFirst();
 }
 
 }  // namespace

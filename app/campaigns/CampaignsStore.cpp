@@ -111,7 +111,7 @@ void CampaignsStore::take(const Change<Campaign>& change) {
       if (found != list.items.end()) follow(*found, *change.record);
     };
     change.acted ? m_list.update(amend) : m_list.amend(amend);
-  } else if (change.acted) {
+  } else if (change.acted || change.kind == Kind::stale) {
     m_list.markStale();
   }
 }
@@ -253,7 +253,7 @@ void CampaignsStore::beginCreate() {
 void CampaignsStore::beginRename(const QString& id) {
   const CampaignSummary* campaign = find(id);
   if (!campaign || m_busy.contains(id) || !canWrite()) return;
-  m_renamed = *campaign;
+  m_renamed = RenamedCampaign::of(*campaign);
   m_rename.show(campaign->name, renameKey(id), campaign->version);
 }
 
@@ -284,12 +284,13 @@ Task<void> CampaignsStore::renameTask(QString id, QString name) {
   if (name == oldName) co_return m_rename.cancel();
   CampaignPatch patch;
   patch.name = name;
-  // A name that somebody else gave meanwhile is not overwritten unseen: the service refuses the older version.
+  // By then the form may be open for another one.
   const auto build = [this, patch, filled = m_renamed] {
-    const CampaignSummary* now = find(filled.id);
-    return Requests::updateCampaign(filled.id, patch, now && now->name == filled.name ? now->version : filled.version);
+    return Requests::updateCampaign(filled.id, patch, filled.versionBeside(find(filled.id)));
   };
-  if (const auto renamed = co_await m_actions.perform<Campaign>({id, id}, build, u"Couldn’t rename the campaign."_s)) {
+  const auto refused = [this, id](const APIError& error) { return m_renamed.id == id && m_renamed.failed(error); };
+  if (const auto renamed =
+          co_await m_actions.perform<Campaign>({id, id}, build, u"Couldn’t rename the campaign."_s, {}, refused)) {
     submission.succeed();
     services().toasts.success(u"Renamed "_s + shownName(oldName) + u" to "_s + shownName(renamed->name));
   }
@@ -379,12 +380,14 @@ const CampaignSummary* CampaignsStore::find(const QString& id) const {
 void CampaignsStore::listArrived() {
   m_index = CampaignIndex(m_list.value()->items);
   m_rows.update(m_index.visible(m_query));
+  m_renamed.follow(find(m_renamed.id));
   Q_EMIT figuresChanged();
   Q_EMIT foundChanged();
 }
 
 void CampaignsStore::archiveArrived() {
   m_archiveIndex = CampaignIndex(m_archived.value()->items);
+  m_renamed.follow(find(m_renamed.id));
   showArchivedRows(false);
 }
 

@@ -159,8 +159,7 @@ class CampaignsStore final : public Store {
   CampaignRowsModel m_archivedRows;
   NameForm m_newCampaign;
   NameForm m_rename;
-  /// As it was when the form was filled.
-  CampaignSummary m_renamed;
+  RenamedCampaign m_renamed;
   CampaignQuery m_query;
   std::optional<OrvSort> m_archivedSort;
   bool m_showArchived = false;

@@ -172,10 +172,12 @@ QString LeadAdding::jobName() const {
 /// People are added by hand one after another: the form stays for the next, unless there is something to read.
 bool LeadAdding::ended(Job& job, bool isShown) {
   if (job.failed()) return false;
+  const bool isByHand = m_way == "manual"_L1;
   const QString who = shownName(m_draft.typed().email.trimmed());
-  m_draft.discard();
+  // One filled in before, which the service has not taken, waits behind the other ways.
+  if (isByHand) m_draft.discard();
   if (!isShown) return false;
-  if (m_way != "manual"_L1 || !job.lines().isEmpty()) {
+  if (!isByHand || !job.lines().isEmpty()) {
     services().jobs.show(&job);
     return false;
   }
@@ -186,7 +188,7 @@ bool LeadAdding::ended(Job& job, bool isShown) {
 }
 
 void LeadAdding::dismiss() {
-  if (!m_form.busy()) m_draft.discard();
+  if (!m_form.busy() && m_way == "manual"_L1) m_draft.discard();
   m_form.cancel();
 }
 

@@ -4,6 +4,7 @@
 #include "app/base/shownName.h"
 #include "app/campaigns/LeadBatch.h"
 #include "app/campaigns/LeadRows.h"
+#include "app/campaigns/LeadTurns.h"
 #include "kit/models/campaigns/campaignLeadRequests.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/campaigns/leadChanges.h"
@@ -72,28 +73,34 @@ void LeadMove::cancel() {
 Task<void> LeadMove::move(QStringList leadIds, QString target) {
   const QString name = shownName(nameOf(target));
   auto submission = m_form.begin();
-  std::optional<APIError> failure;
-  try {
-    const MoveResult result =
-        co_await m_context.api.send(Requests::moveLeads(m_context.id, MoveLeadsBody{leadIds, target}));
-    submission.succeed();
-    const QString kept =
-        result.skipped == 0 ? QString() : countedLeads(result.skipped) + u" stayed, already in "_s + name;
-    if (result.moved == 0)
-      m_context.services.toasts.show({.message = u"No leads moved"_s, .detail = kept});
-    else
-      m_context.services.toasts.show({.message = u"Moved "_s + countedLeads(result.moved) + u" to "_s + name,
-                                      .tone = Toasts::Tone::success,
-                                      .detail = kept});
-    leadsCameTo(m_context.workspace, target);
-    m_moved(leadIds);
-  } catch (const APIError& error) {
-    failure = error;
+  const auto turns = co_await leadTurns(&m_context.workspace.turns(), leadIds);
+  leadIds = turns.ids;
+  if (leadIds.isEmpty()) {
+    submission.fail(deletedMeanwhile());
+    co_return;
   }
-  if (!failure) co_return;
-  submission.fail(m_context.services.toasts, u"Couldn’t move the leads"_s, *failure);
+  BusySet busy;
   // It may have moved them although its answer was lost.
-  if (mayHaveActed(*failure)) m_moved({});
+  Actions actions(m_context.workspace, busy, [this, &target] { tellBoth(target, {}); });
+  const auto result = co_await actions.send(
+      Requests::moveLeads(m_context.id, MoveLeadsBody{leadIds, target}), u"Couldn’t move the leads"_s, {},
+      [&submission](const APIError& error) { return submission.fail(error.message()); });
+  if (!result) co_return;
+  submission.succeed();
+  const QString kept =
+      result->skipped == 0 ? QString() : countedLeads(result->skipped) + u" stayed, already in "_s + name;
+  if (result->moved == 0)
+    m_context.services.toasts.show({.message = u"No leads moved"_s, .detail = kept});
+  else
+    m_context.services.toasts.show({.message = u"Moved "_s + countedLeads(result->moved) + u" to "_s + name,
+                                    .tone = Toasts::Tone::success,
+                                    .detail = kept});
+  tellBoth(target, leadIds);
+}
+
+void LeadMove::tellBoth(const QString& target, const QStringList& moved) {
+  leadsCameTo(m_context.workspace, target);
+  m_moved(moved);
 }
 
 QString LeadMove::nameOf(const QString& campaignId) const {

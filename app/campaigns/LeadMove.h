@@ -22,7 +22,8 @@ class LeadMove final : public Store {
   Q_PROPERTY(QString error READ error NOTIFY changed)
 
  public:
-  /// `moved` is called with what was asked for once the service has moved any of it.
+  /// `moved` is called with what was asked for once the service has answered, and with none where it may have moved
+  /// them unanswered.
   LeadMove(CampaignContext& context, std::function<void(const QStringList& ids)> moved);
 
   bool shown() const { return m_form.shown(); }
@@ -51,6 +52,8 @@ class LeadMove final : public Store {
 
  private:
   Task<void> move(QStringList leadIds, QString target);
+  /// The campaign that leads may have come to, and the one that they left.
+  void tellBoth(const QString& target, const QStringList& moved);
   QString nameOf(const QString& campaignId) const;
 
   CampaignContext& m_context;

@@ -82,6 +82,7 @@ LeadPanel::LeadPanel(CampaignContext& context, std::function<void(const Campaign
   connect(&m_form, &Form::changed, this, &LeadPanel::changed);
   connect(&m_draft, &FieldDraft::changed, this, &LeadPanel::changed);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
+  context.failedSaves.follow(m_draft);
   // Fields show another text than the one typed in them when they are told to.
   connect(&m_recovery, &Recovery::changed, this, [this] {
     ++m_fieldsRevision;
@@ -155,7 +156,7 @@ Task<void> LeadPanel::showTask(CampaignLead lead) {
   if (!co_await mayLeave()) co_return;
   leave();
   m_draft.fill(QVariantMap(), {});
-  m_draft.setKey(u"campaigns/%1/leads/%2"_s.arg(m_context.id, lead.id));
+  m_draft.setKey(keyOf(lead.id));
   take(lead);
   m_form.show();
   m_detail.ask();
@@ -210,11 +211,17 @@ Task<void> LeadPanel::saveTask() {
     failure = error;
   }
   if (!failure) co_return;
-  submission.fail(m_context.services.toasts, title, *failure);
+  // A drawer is no longer seen when the campaign's page has been left.
+  if (m_context.failedSaves.failed(m_draft, title + u'.', *failure))
+    submission.fail(failure->message());
+  else
+    submission.fail(m_context.services.toasts, title, *failure);
   if (!submission.isShown()) keep(key, typed);
   // The fields may have been taken although no answer came; a second save of the same text changes nothing more.
   if (submission.isShown() && mayHaveActed(*failure)) refresh();
 }
+
+QString LeadPanel::keyOf(const QString& lead) const { return u"campaigns/%1/leads/%2"_s.arg(m_context.id, lead); }
 
 /// The drawer has closed over it: what was typed waits for when it opens on that lead again.
 void LeadPanel::keep(const QString& key, const QJsonObject& typed) {
@@ -246,7 +253,23 @@ Task<void> LeadPanel::dismissTask() {
 }
 
 void LeadPanel::leadsLeft(const QStringList& ids) {
-  if (shown() && ids.contains(m_lead.id)) leave();
+  if (!shown() || !ids.contains(m_lead.id)) return;
+  // Before it is discarded here, which would be the end of it there.
+  m_recovery.end();
+  if (dirty()) keep(m_draft.key(), m_draft.journal());
+  leave();
+}
+
+void LeadPanel::leadGone(const QString& id) {
+  if (shown() && id == m_lead.id) leave();
+  services().journal.drop({context().workspace().slug, keyOf(id)});
+}
+
+Task<bool> LeadPanel::mayGiveUp(QStringList ids) {
+  if (!shown() || !ids.contains(m_lead.id)) co_return true;
+  if (!co_await mayLeave()) co_return false;
+  if (!saving()) discard();
+  co_return true;
 }
 
 void LeadPanel::leave() {

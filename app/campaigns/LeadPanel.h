@@ -76,8 +76,12 @@ class LeadPanel final : public Store {
   Q_INVOKABLE void discard();
   /// Closes the drawer; asks first when something is not even on its way to the service.
   Q_INVOKABLE void dismiss() { m_asking.start(dismissTask()); }
-  /// Closes when its lead is one of those that are gone from the list.
+  /// Closes when its lead is one of those that are gone from the list. What was typed is there again when the lead is.
   void leadsLeft(const QStringList& ids);
+  /// The lead is no more, and so is what was typed about it.
+  void leadGone(const QString& id);
+  /// Asks, when something is typed about one of these leads, before that is given up.
+  Task<bool> mayGiveUp(QStringList ids);
 
   void close() override;
 
@@ -94,6 +98,7 @@ class LeadPanel final : public Store {
   Task<bool> mayLeave();
   void take(const CampaignLead& lead);
   void leave();
+  QString keyOf(const QString& lead) const;
   void keep(const QString& key, const QJsonObject& typed);
 
   CampaignContext& m_context;

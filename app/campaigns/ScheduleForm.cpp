@@ -72,6 +72,7 @@ ScheduleForm::ScheduleForm(CampaignContext& context, Actions& actions, BusySet& 
   connect(&busy, &BusySet::changed, this, &ScheduleForm::changed);
   connect(&m_draft, &FieldDraft::changed, this, &ScheduleForm::changed);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
+  context.failedSaves.follow(m_draft);
   m_draft.setKey(u"campaigns/"_s + context.id + u"/schedule"_s);
   follow();
 }
@@ -195,7 +196,9 @@ Task<void> ScheduleForm::saveTask() {
         const auto hours = answer.schedule.value_or(CampaignSchedule()).schedules;
         m_draft.taken({hours.isEmpty() ? offeredHours() : hours}, answer.version);
       },
-      [this](const APIError& error) { return m_draft.failed(error); });
+      [this](const APIError& error) {
+        return m_context.failedSaves.failed(m_draft, u"Couldn’t save the schedule."_s, error);
+      });
   if (!saved) co_return;
   m_context.services.toasts.success(u"Schedule saved"_s);
 }

@@ -1,5 +1,7 @@
 #include "app/campaigns/SequenceAutosave.h"
 
+#include <QPointer>
+
 #include "app/base/EnumName.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -63,9 +65,10 @@ void SequenceAutosave::discard(const QList<CampaignStep>& loaded) {
 void SequenceAutosave::edited() {
   // Before the first load the draft is empty because it is unknown; saved, it would wipe out the sequence.
   if (!m_loaded) return;
-  m_awaitsWord = false;
+  const bool wasAwaited = std::exchange(m_awaitsWord, false);
   if (!m_closed) m_wait = m_clock.startTimer(wait, [this] { save(); });
   set(SaveState::dirty);
+  if (wasAwaited) Q_EMIT changed();
   Q_EMIT typed();
 }
 
@@ -86,6 +89,13 @@ Task<bool> SequenceAutosave::flush() {
   m_waiting.append(outcome);
   // From here on this object may be gone.
   co_return co_await outcome.wait();
+}
+
+Task<QString> SequenceAutosave::saveFirst() {
+  const QPointer autosave(this);
+  if (co_await flush()) co_return QString();
+  const QString why = autosave ? autosave->message() : QString();
+  co_return why.isEmpty() ? u"The sequence has unsaved changes. Save or discard them first."_s : why;
 }
 
 void SequenceAutosave::close() {

@@ -26,6 +26,7 @@ class SequenceAutosave final : public QObject {
   Q_PROPERTY(QString label READ label NOTIFY changed)
   Q_PROPERTY(QString message READ message NOTIFY changed)
   Q_PROPERTY(QString failure READ failure NOTIFY changed)
+  Q_PROPERTY(bool awaitsWord READ awaitsWord NOTIFY changed)
 
  public:
   enum class SaveState { saved, dirty, saving, failed };
@@ -46,6 +47,9 @@ class SequenceAutosave final : public QObject {
   const QString& message() const { return m_message; }
   /// Why the last save failed, until one succeeds: it stays readable while the person writes on and the next one runs.
   const QString& failure() const { return m_failure; }
+  /// What is unsaved was restored on a sequence that somebody has changed since: nothing but the person's own word, an
+  /// edit or save(), puts it in that one's place.
+  bool awaitsWord() const { return m_awaitsWord; }
   /// Somebody waits in flush(), and will tell what comes of it.
   bool isAwaited() const { return !m_waiting.isEmpty(); }
 
@@ -73,6 +77,8 @@ class SequenceAutosave final : public QObject {
   /// Saves what is unsaved and waits for its end, edits made meanwhile included. True when the service then holds the
   /// very draft. This object may go while the task waits, which then gives false.
   Task<bool> flush();
+  /// The same for whoever is about to act on what the service has: gives why that is not the draft, or nothing.
+  Task<QString> saveFirst();
   /// Stops everything in flight; nothing is sent any more. Who still waits in flush() is told.
   void close();
 
@@ -112,7 +118,6 @@ class SequenceAutosave final : public QObject {
   std::optional<QList<StepIn>> m_savedInputs;
   /// What the save in flight carries.
   quint64 m_sentRevision = 0;
-  /// Restored on a sequence that somebody changed meanwhile.
   bool m_awaitsWord = false;
   bool m_loaded = false;
   bool m_closed = false;

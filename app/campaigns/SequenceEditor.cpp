@@ -100,25 +100,11 @@ void SequenceEditor::takeSaved(const Campaign& campaign) {
   follow();
 }
 
-/// The note beside the campaign's name tells of it on its own page; elsewhere the row in the list and a message do.
+/// The note beside the campaign's name tells of it on its own page.
 void SequenceEditor::tellFailure() {
-  WorkspaceContext& workspace = m_context.workspace;
-  if (m_autosave.failure().isEmpty())
-    m_unsaved.reset();
-  else if (!m_unsaved)
-    m_unsaved.emplace(workspace.unsaved().mark(m_context.id));
+  m_context.failedSaves.mark(this, !m_autosave.failure().isEmpty());
   const bool isNew = m_autosave.state() == SequenceAutosave::SaveState::failed && !m_autosave.isAwaited();
-  if (!isNew || workspace.openedItem(Page::campaigns) == m_context.id) return;
-  const Campaign* campaign = m_context.campaign.value();
-  m_context.services.toasts.show(
-      {.message = u"“%1” has unsaved changes"_s.arg(campaign ? shownName(campaign->name) : QString()),
-       .tone = Toasts::Tone::error,
-       .actionLabel = u"Open"_s,
-       .action =
-           [there = workspace.weak_from_this(), id = m_context.id] {
-             if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
-           },
-       .detail = m_autosave.message()});
+  if (isNew) m_context.failedSaves.tell(m_autosave.message());
 }
 
 const DraftStep* SequenceEditor::step() const {

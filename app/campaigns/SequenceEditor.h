@@ -152,8 +152,6 @@ class SequenceEditor final : public Store {
   /// When the save under way went out.
   Stamp m_saveAsked{};
   SequenceAutosave m_autosave;
-  /// While the last save has failed.
-  std::optional<BusySet::Mark> m_unsaved;
   Recovery m_recovery;
   SequencePreview m_preview;
   SequenceDays m_days;

@@ -42,7 +42,13 @@ Subsequences::Subsequences(CampaignContext& context)
 void Subsequences::take(const Change<Campaign>& change) {
   if (change.kind == Change<Campaign>::Kind::stale || !m_list.value()) return m_list.markStale();
   const auto found = std::ranges::find(m_list.value()->items, change.id, &Subsequence::id);
-  if (found == m_list.value()->items.end()) return;
+  if (found == m_list.value()->items.end()) {
+    // Somebody here made it or brought it back; one of the other campaigns' is none of this one's.
+    const bool mayBeOurs =
+        change.acted && change.record && (!change.record->parent || change.record->parent->id == m_context.id);
+    if (mayBeOurs && change.id != m_context.id) m_list.markStale();
+    return;
+  }
   if (change.kind == Change<Campaign>::Kind::gone)
     return m_list.update([&change](SubsequenceList& list) {
       list.items.removeIf([&change](const Subsequence& item) { return item.id == change.id; });
@@ -137,7 +143,7 @@ Task<void> Subsequences::createTask() {
       Requests::createSubsequence(m_context.id, {name, {typed.labels}}), u"Couldn’t create the subsequence."_s, {},
       [&submission](const APIError& error) { return submission.fail(error.message()); });
   if (!made) co_return;
-  m_list.load();
+  m_list.ensureLoaded();
   // Who closed the form, or has gone elsewhere, is not to be fetched back.
   const bool isHere = context().openedItem(Page::campaigns) == m_context.id;
   if (submission.succeed() && isHere) co_return open(made->id);

@@ -18,7 +18,8 @@ AgentCampaigns::AgentCampaigns(WorkspaceContext& context, Store* whole, Resource
       m_modes(*whole, [this] { return api().send(Requests::setterCampaignModes()); },
               {.failed = u"Couldn’t load the campaigns’ modes"_s,
                .isEmpty = [](const SetterCampaignModes&) { return false; }}),
-      m_campaigns(*whole, [this] { return api().send(Requests::listCampaigns(false)); }, {}),
+      m_campaigns(*whole, [this] { return api().send(Requests::listCampaigns(false)); },
+                  {.failed = u"Couldn’t load the campaigns"_s, .isEmpty = [](const CampaignList&) { return false; }}),
       m_actions(context, m_busy, [this] { m_modes.load(); }) {
   for (ResourceBase* resource : {static_cast<ResourceBase*>(&settings), static_cast<ResourceBase*>(&m_modes),
                                  static_cast<ResourceBase*>(&m_campaigns)})
@@ -43,7 +44,7 @@ std::optional<QString> AgentCampaigns::modeOf(const QString& campaignId) const {
 }
 
 void AgentCampaigns::arrange() {
-  if (!m_modes.value() || !m_settings.value()) return;
+  if (!m_modes.value() || !m_settings.value() || !m_campaigns.value()) return;
   QHash<QString, std::optional<QString>> modes;
   for (const SetterCampaignMode& each : m_modes.value()->items) modes.insert(each.campaignId, each.mode);
   const bool byDefault = isActive(std::nullopt);
@@ -53,13 +54,12 @@ void AgentCampaigns::arrange() {
                   .name = u"New campaigns"_s,
                   .hint = byDefault ? u"Active by default"_s : u"Inactive by default"_s});
   m_activeCount = m_inactiveCount = 0;
-  if (m_campaigns.value())
-    for (const CampaignSummary& campaign : m_campaigns.value()->items) {
-      const bool isOn = isActive(modes.value(campaign.id));
-      ++(isOn ? m_activeCount : m_inactiveCount);
-      (isOn ? active : inactive)
-          .push_back({.id = campaign.id, .name = campaign.name, .hint = {}, .busy = m_busy.contains(campaign.id)});
-    }
+  for (const CampaignSummary& campaign : m_campaigns.value()->items) {
+    const bool isOn = isActive(modes.value(campaign.id));
+    ++(isOn ? m_activeCount : m_inactiveCount);
+    (isOn ? active : inactive)
+        .push_back({.id = campaign.id, .name = campaign.name, .hint = {}, .busy = m_busy.contains(campaign.id)});
+  }
   m_active.update(std::move(active));
   m_inactive.update(std::move(inactive));
   Q_EMIT changed();

@@ -31,6 +31,7 @@ class AgentCampaignRows final : public RecordModel<AgentCampaignRow> {
 class AgentCampaigns final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ResourceBase* modes READ modes CONSTANT)
+  Q_PROPERTY(orv::ResourceBase* campaigns READ campaigns CONSTANT)
   Q_PROPERTY(orv::ListModel* active READ active CONSTANT)
   Q_PROPERTY(orv::ListModel* inactive READ inactive CONSTANT)
   Q_PROPERTY(int activeCount READ activeCount NOTIFY changed)

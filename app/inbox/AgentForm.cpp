@@ -9,6 +9,7 @@ namespace orv {
 
 AgentForm::AgentForm(WorkspaceContext& context, Store* whole, Resource<SetterSettings>& settings)
     : Store(context, whole),
+      m_whole(*whole),
       m_settings(settings),
       m_actions(context, m_busy, [this] { m_settings.load(); }),
       m_recovery(context, Recovery::of(m_draft)) {
@@ -24,6 +25,8 @@ void AgentForm::follow() {
   if (!settings) return;
   m_draft.rebase(agentFields(*settings), settings->version);
   m_recovery.begin(m_draft.key(), settings->version);
+  // A save that was given up for lost may have come through.
+  if (!m_draft.dirty()) m_problem.clear();
   Q_EMIT changed();
 }
 
@@ -71,13 +74,15 @@ Task<void> AgentForm::saveTask() {
   // Blanks around a name, say.
   if (patch == SetterSettingsPatch()) co_return discard();
   const auto saved = co_await m_actions.perform<SetterSettings>(
-      {u"saving"_s, agentTurn}, [this, patch] { return Requests::updateSetterSettings(patch, m_draft.version()); }, {},
+      {u"saving"_s, agentTurn}, [this, patch] { return Requests::updateSetterSettings(patch, m_draft.version()); },
+      u"Couldn’t save the agent settings"_s,
       [this](const SetterSettings& answer) { m_draft.taken(agentFields(answer), answer.version); },
       [this](const APIError& error) {
         m_draft.failed(error);
         if (!error.is(APIError::Kind::cancelled) && !error.is(APIError::Kind::unauthorized))
           setProblem(error.message());
-        return true;
+        // Whoever has left the section does not see it there.
+        return m_whole.isShown();
       });
   if (!saved) co_return;
   m_settings.update([&saved](SetterSettings& settings) { settings = *saved; });

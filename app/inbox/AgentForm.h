@@ -53,6 +53,7 @@ class AgentForm final : public Store {
   void follow();
   void setProblem(const QString& problem);
 
+  Store& m_whole;
   Resource<SetterSettings>& m_settings;
   BusySet m_busy;
   Actions m_actions;

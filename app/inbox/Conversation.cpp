@@ -17,6 +17,18 @@ namespace {
 
 QString emailStep(qint64 step) { return u"Email "_s + QString::number(step); }
 
+bool isAmongMessages(const ThreadDetail& detail, const Draft& draft) {
+  return std::ranges::any_of(detail.messages,
+                             [&draft](const InboxMessage& message) { return message.draftId == draft.id; });
+}
+
+/// It has been decided that it goes out, and it has not.
+bool isGoingOut(const ThreadDetail& detail, const Draft& draft) {
+  const bool isSkipped = draft.reviewOutcome.value_or(QString()).startsWith("skip"_L1);
+  const bool hasFailed = draft.error && !draft.error->isEmpty();
+  return draft.approvedAt && !draft.isWaiting() && !isSkipped && !hasFailed && !isAmongMessages(detail, draft);
+}
+
 void addFact(QList<Choice>& facts, const QString& label, const std::optional<QString>& value) {
   if (value && !value->trimmed().isEmpty())
     facts.append({.key = label, .label = label, .detail = shownName(value->trimmed())});
@@ -43,6 +55,16 @@ Conversation::Conversation(WorkspaceContext& context, QString id, Surroundings a
   });
   context.changes().watch<InboxThread>(this, [this](const auto& change) { take(change); });
   context.changes().watch<Draft>(this, [this](const auto& change) { take(change); });
+  // In which of the conversations it came nobody says.
+  connect(&context, &WorkspaceContext::mailCame, &m_detail, &ResourceBase::markStale);
+  connect(this, &Store::left, this, [this] {
+    m_tasks.cancel();
+    m_followed.clear();
+    const ThreadDetail* detail = m_detail.value();
+    // Whoever comes back sees what became of it.
+    if (detail && std::ranges::any_of(detail->drafts, [&](const Draft& one) { return isGoingOut(*detail, one); }))
+      m_detail.markStale();
+  });
   openWritings();
 }
 
@@ -73,6 +95,35 @@ void Conversation::ensureLoaded() {
   if (m_lead.isAsked() && hasContact()) m_lead.ensureLoaded();
   // Texts that said nothing may have been let go of while nobody looked.
   openWritings();
+  if (m_tasks.isIdle()) m_followed.clear();
+  followSending();
+}
+
+void Conversation::followSending() {
+  const ThreadDetail* detail = m_detail.value();
+  if (!detail || !isShown()) return;
+  for (const Draft& one : detail->drafts) {
+    // One that was taken back and approved again is due at another time.
+    const QString which = one.id + one.dueAt.value_or(QString());
+    if (!isGoingOut(*detail, one) || m_followed.contains(which)) continue;
+    m_followed.insert(which);
+    m_tasks.start(followTask(one.id, parsePlatformDate(one.dueAt)));
+  }
+}
+
+Task<void> Conversation::followTask(QString draftId, std::optional<QDateTime> due) {
+  const qint64 wait = due ? services().clock.now().msecsTo(*due) : 0;
+  if (wait > 0) co_await services().clock.sleep(std::chrono::milliseconds(wait));
+  co_await poll(services().clock, sendingPace, [this, draftId] { return lookWhetherSent(draftId); });
+}
+
+Task<bool> Conversation::lookWhetherSent(QString draftId) {
+  const ThreadDetail* detail = m_detail.value();
+  const bool isAwaited = detail && std::ranges::any_of(detail->drafts, [&](const Draft& one) {
+                           return one.id == draftId && isGoingOut(*detail, one);
+                         });
+  if (isAwaited) m_detail.markStale();
+  co_return !isAwaited;
 }
 
 void Conversation::refresh() {
@@ -135,16 +186,21 @@ void Conversation::arrived() {
   m_messages.show(*m_detail.value(), services().clock.now());
   openWritings();
   Q_EMIT changed();
+  followSending();
 }
 
 void Conversation::openWritings() {
   const InboxThread* known = thread();
   if (known && !m_reply) m_reply = m_around.writings.reply(m_id, orv::contactOf(*known));
   const Draft* waiting = draft();
-  const QString id = waiting ? waiting->id : QString();
-  m_edit = waiting ? m_around.writings.edit(*waiting, contact()) : nullptr;
+  const QString id = waiting ? waiting->id : QString(), body = waiting ? waiting->body : QString();
+  // What was known here already is no news to a text that may have been begun on a newer one since.
+  const bool isOther = std::exchange(m_editedDraft, id) != id;
+  const bool isNews = std::exchange(m_editedBody, body) != body || isOther;
+  m_edit = waiting && !isNews ? m_around.writings.findEdit(*waiting) : nullptr;
+  if (waiting && !m_edit) m_edit = m_around.writings.edit(*waiting, contact());
   // Another draft is read before it is changed.
-  if (std::exchange(m_editedDraft, id) != id) m_editing = false;
+  if (isOther) m_editing = false;
   Q_EMIT writingChanged();
 }
 
@@ -189,7 +245,8 @@ const Draft* Conversation::draft() const {
 }
 
 QString Conversation::draftText() const {
-  return draft() ? m_around.writings.editOf(*draft()).value_or(draft()->body) : QString();
+  if (!draft()) return {};
+  return m_edit ? m_edit->body() : draft()->body;
 }
 
 QString Conversation::draftTitle() const {
@@ -210,14 +267,12 @@ QStringList Conversation::outgoing() const {
   QStringList lines;
   if (!m_detail.value()) return lines;
   for (const Draft& one : m_detail.value()->drafts) {
-    const bool isDone = std::ranges::any_of(m_detail.value()->messages,
-                                            [&one](const InboxMessage& message) { return message.draftId == one.id; });
     // What can still be taken back is said where it can.
     const auto due = parsePlatformDate(one.dueAt);
-    if (isDone || (due && *due > services().clock.now())) continue;
+    if (isAmongMessages(*m_detail.value(), one) || (due && *due > services().clock.now())) continue;
     if (one.error && !one.error->isEmpty())
       lines.append(u"Couldn’t send. "_s + shownName(*one.error));
-    else if (one.approvedAt && !one.isWaiting() && !one.reviewOutcome.value_or(QString()).startsWith("skip"_L1))
+    else if (isGoingOut(*m_detail.value(), one))
       lines.append(u"Sending to "_s + contact());
   }
   return lines;

@@ -3,6 +3,7 @@
 #include <QPointer>
 
 #include "app/base/Choice.h"
+#include "app/base/Poll.h"
 #include "app/base/Resource.h"
 #include "app/inbox/MessageRows.h"
 #include "app/inbox/Writings.h"
@@ -27,7 +28,7 @@ class Conversation final : public Store {
   Q_PROPERTY(QString labelTone READ labelTone NOTIFY changed)
   Q_PROPERTY(bool archived READ archived NOTIFY changed)
   Q_PROPERTY(bool hasDraft READ hasDraft NOTIFY changed)
-  Q_PROPERTY(QString draftText READ draftText NOTIFY changed)
+  Q_PROPERTY(QString draftText READ draftText NOTIFY writingChanged)
   Q_PROPERTY(QString draftTitle READ draftTitle NOTIFY changed)
   Q_PROPERTY(QString draftFacts READ draftFacts NOTIFY changed)
   Q_PROPERTY(QString draftFailures READ draftFailures NOTIFY changed)
@@ -42,6 +43,9 @@ class Conversation final : public Store {
   Q_PROPERTY(QString agentMode READ agentMode NOTIFY changed)
 
  public:
+  /// How it is asked whether what was due has gone out.
+  static constexpr PollPace sendingPace{std::chrono::seconds(5), 6};
+
   /// What the whole inbox knows beside the thread.
   struct Surroundings {
     Writings& writings;
@@ -83,7 +87,7 @@ class Conversation final : public Store {
   /// The agent's draft that waits for a decision, the newest of them; null for none.
   const Draft* draft() const;
   bool hasDraft() const { return draft() != nullptr; }
-  /// With what the person made of it.
+  /// As it is sent when it is approved: in the style that was chosen, with what the person made of it.
   QString draftText() const;
   QString draftTitle() const;
   QString draftFacts() const;
@@ -101,6 +105,8 @@ class Conversation final : public Store {
   /// The draft is open for changes.
   bool editing() const { return m_edit && (m_editing || m_edit->dirty()); }
   void setEditing(bool editing);
+  /// Begins what is written here where that is not there, or no longer.
+  void openWritings();
 
   /// Label and detail of what is known of the contact.
   QList<Choice> facts() const;
@@ -129,7 +135,10 @@ class Conversation final : public Store {
   void arrived();
   void take(const Change<InboxThread>& change);
   void take(const Change<Draft>& change);
-  void openWritings();
+  /// What is decided goes out by itself, and nobody tells of it: it is looked for while the conversation is shown.
+  void followSending();
+  Task<void> followTask(QString draftId, std::optional<QDateTime> due);
+  Task<bool> lookWhetherSent(QString draftId);
 
   QString m_id;
   Surroundings m_around;
@@ -138,10 +147,14 @@ class Conversation final : public Store {
   MessageRowsModel m_messages;
   QPointer<Writing> m_reply;
   QPointer<Writing> m_edit;
+  /// What was made of it is begun on these.
   QString m_editedDraft;
+  QString m_editedBody;
   bool m_replying = false;
   bool m_editing = false;
   std::optional<InboxThread> m_listed;
+  /// Followed on their way out, or followed in vain.
+  QSet<QString> m_followed;
 };
 
 }  // namespace orv

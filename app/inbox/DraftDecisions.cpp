@@ -119,13 +119,13 @@ Task<bool> DraftDecisions::standsUndecided(ReviewDraft item, QString failure) {
     giveBack(item, {}, Return::failed);
     co_return false;
   }
-  m_unsure.remove(item.draft.id);
   if (now->isWaiting()) co_return true;
   const Undoable* standing = find(item.draft.id);
   const std::optional<Undoable> before = standing ? std::optional(*standing) : std::nullopt;
   remove(item.draft.id);
-  if (before) Q_EMIT passed(*before);
-  services().toasts.show({.message = u"This draft was decided already."_s});
+  services().toasts.show({.message = alreadyDecided()});
+  if (before) Q_EMIT late(*before, *now);
+  tellThread(item.thread.id);
   co_return false;
 }
 
@@ -150,7 +150,6 @@ Task<DraftDecisions::Outcome> DraftDecisions::ask(ReviewDraft item, std::functio
                             .detail = failed->message() + (shallWait ? QString() : u" It may have been sent."_s)});
     co_return Outcome{};
   }
-  m_unsure.remove(id);
   const bool done = now->isWaiting() == shallWait;
   if (!done) services().toasts.failure(failure, *failed);
   co_return Outcome{std::move(now), done};
@@ -161,6 +160,7 @@ Task<std::optional<Draft>> DraftDecisions::readDraft(QString threadId, QString d
   const auto thread = co_await m_actions.send<ThreadDetail>(Requests::getThread(threadId), {}, {},
                                                             [](const APIError&) { return true; });
   if (!thread) co_return std::nullopt;
+  m_unsure.remove(draftId);
   const auto found = std::ranges::find(thread->drafts, draftId, &Draft::id);
   // A conversation need not name what was decided.
   if (found == thread->drafts.end()) co_return Draft{.id = draftId, .threadId = threadId};

@@ -87,6 +87,8 @@ class DraftDecisions final : public Store {
   /// Tells why a draft was skipped, which decides it once more. False, too, when it was taken back before.
   Task<bool> explainTask(ReviewDraft item, QString reason, Actions::Tell tell);
   Q_INVOKABLE void undo(const QString& draftId) { m_tasks.start(undoTask(draftId)); }
+  /// The draft as its conversation has it now, which ends all doubt; nothing where that cannot be read.
+  Task<std::optional<Draft>> readDraft(QString threadId, QString draftId);
   /// A draft that was skipped waits again, however long ago that was.
   Task<bool> putBackTask(ReviewDraft item);
 
@@ -106,6 +108,8 @@ class DraftDecisions final : public Store {
   void returned(const orv::ReviewDraft& item, orv::DraftDecisions::Return how);
   /// It can no longer be taken back.
   void passed(const orv::DraftDecisions::Undoable& decision);
+  /// It came to nothing: the draft had been decided before, and is as given now.
+  void late(const orv::DraftDecisions::Undoable& decision, const orv::Draft& now);
 
  private:
   struct Outcome {
@@ -117,7 +121,6 @@ class DraftDecisions final : public Store {
 
   Task<void> decide(Undoable decision, std::function<Request<Draft>()> build, QString failure);
   Task<Outcome> ask(ReviewDraft item, std::function<Request<Draft>()> build, bool shallWait, QString failure);
-  Task<std::optional<Draft>> readDraft(QString threadId, QString draftId);
   Task<bool> standsUndecided(ReviewDraft item, QString failure);
   bool isInFlight(const QString& draftId) const;
   Undoable* entry(const QString& draftId, quint64 number = 0);

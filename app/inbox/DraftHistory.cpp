@@ -44,9 +44,8 @@ DraftHistory::DraftHistory(WorkspaceContext& context, Store* whole, DraftDecisio
               .loadsByItself = false,
               .row = [this](const ReviewDraft& item) { return row(item); }}) {
   connect(&decisions, &DraftDecisions::changed, this, &DraftHistory::changed);
-  connect(&decisions, &DraftDecisions::decided, this, [this] {
-    if (m_list.isAsked()) m_list.markStale();
-  });
+  connect(&m_list, &ResourceBase::changed, this, &DraftHistory::changed);
+  connect(&decisions, &DraftDecisions::decided, &m_list, &ResourceBase::markStale);
   connect(&decisions, &DraftDecisions::returned, this, [this](const ReviewDraft& item) {
     if (m_list.contains(item.draft.id)) m_list.takeOut({item.draft.id});
   });
@@ -71,7 +70,10 @@ QString DraftHistory::description() const {
   return u"Drafts you skip land here, and you can put any of them back."_s;
 }
 
-bool DraftHistory::canPutBack() const { return canWrite() && m_tab == words::draftSkipped; }
+bool DraftHistory::canPutBack() const {
+  // Until the tab has been read the rows are those of the one before.
+  return canWrite() && m_tab == words::draftSkipped && !m_list.asksAnew();
+}
 
 DraftHistoryRow DraftHistory::row(const ReviewDraft& item) const {
   const Draft& draft = item.draft;

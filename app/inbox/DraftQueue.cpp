@@ -33,14 +33,31 @@ DraftQueue::DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& 
     if (m_list.refreshing() || m_visible.size() < few) m_list.load();
   });
   connect(&decisions, &DraftDecisions::returned, this, &DraftQueue::takeBack);
+  connect(&context, &WorkspaceContext::mailCame, this, [this] { m_tasks.start(mailTask()); });
   context.changes().watch<Draft>(this, [this](const Change<Draft>& change) { follow(change); });
 }
 
 Task<ReviewDraftPage> DraftQueue::loadTask() {
   const QSet<QString> settled = m_decisions.settled();
+  Q_EMIT asked();
   ReviewDraftPage page = co_await api().send(Requests::listDrafts(words::draftPending));
   m_settledWhenAsked = settled;
   co_return page;
+}
+
+/// The agent answers what comes, a little later.
+Task<void> DraftQueue::mailTask() {
+  m_list.markStale();
+  co_await services().clock.sleep(writing);
+  m_list.markStale();
+}
+
+void DraftQueue::expect(int conversations) {
+  const ReviewDraftPage* page = m_list.value();
+  if (!page || page->nextCursor || std::exchange(m_expected, conversations) == conversations) return;
+  QSet<QString> known;
+  for (const ReviewDraft& item : page->items) known.insert(item.draft.threadId);
+  if (conversations > known.size()) m_list.markStale();
 }
 
 /// Once the list shows it: what is no longer hidden must not come up in the list before.
@@ -55,6 +72,7 @@ void DraftQueue::tellDecisions(const QList<ReviewDraft>& before) {
     for (const ReviewDraft& item : before)
       if (!ids.contains(item.draft.id) && !m_decisions.isGone(item.draft.id)) Q_EMIT lost(item);
   m_decisions.waiting(ids, *settled);
+  Q_EMIT heard();
 }
 
 QList<ReviewDraft> DraftQueue::visible() const {
@@ -127,9 +145,11 @@ void DraftQueue::takeBack(const ReviewDraft& item, DraftDecisions::Return how) {
 
 /// Somebody decided in another place, or the agent wrote it anew.
 void DraftQueue::follow(const Change<Draft>& change) {
-  if (!m_list.value() || m_decisions.isGone(change.id)) return;
+  if (m_decisions.isGone(change.id)) return;
   using Kind = Change<Draft>::Kind;
+  // What is being read for the first time may be older as well.
   if (change.kind == Kind::stale) return m_list.markStale();
+  if (!m_list.value()) return;
   const bool isWaiting = change.kind == Kind::is && change.record->isWaiting();
   if (!has(m_list.value()->items, change.id)) {
     if (isWaiting) m_list.markStale();

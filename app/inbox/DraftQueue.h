@@ -19,6 +19,8 @@ class DraftQueue final : public Store {
 
  public:
   static constexpr qsizetype few = 10;
+  /// How long after an email its draft is there.
+  static constexpr std::chrono::seconds writing{30};
 
   DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& decisions);
 
@@ -39,6 +41,8 @@ class DraftQueue final : public Store {
   bool hasPrevious() const { return m_at > 0; }
   bool hasNext() const { return m_at + 1 < m_visible.size(); }
 
+  /// So many conversations have a draft that waits, by another count: one that knows of more has the list read again.
+  Q_INVOKABLE void expect(int conversations);
   Q_INVOKABLE void goForward() { go(1); }
   Q_INVOKABLE void goBack() { go(-1); }
   void pick(const QString& draftId);
@@ -47,11 +51,15 @@ class DraftQueue final : public Store {
   void changed();
   /// Another draft is shown, or the same one says something else.
   void shownChanged();
+  /// The list is asked for, and has been read.
+  void asked();
+  void heard();
   /// Waited when the list was read before and does so no more, without a decision from here.
   void lost(const orv::ReviewDraft& item);
 
  private:
   Task<ReviewDraftPage> loadTask();
+  Task<void> mailTask();
   void go(int by);
   void arrange();
   void tellDecisions(const QList<ReviewDraft>& before);
@@ -69,6 +77,8 @@ class DraftQueue final : public Store {
   /// Of the draft that is shown; where it was, once it is gone.
   qsizetype m_at = 0;
   bool m_forward = true;
+  /// One that counts otherwise is believed once.
+  int m_expected = -1;
 };
 
 }  // namespace orv

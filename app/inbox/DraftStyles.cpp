@@ -12,51 +12,64 @@ DraftStyles::DraftStyles(WorkspaceContext& context, Store* whole)
   connect(&m_busy, &BusySet::changed, this, &DraftStyles::changed);
 }
 
-QList<Choice> DraftStyles::choices(const QString& draftId) const {
+const DraftStyles::Written* DraftStyles::find(const Draft& draft) const {
+  const auto found = m_written.find(draft.id);
+  return found != m_written.end() && found->second.body == draft.body ? &found->second : nullptr;
+}
+
+const DraftVersion* DraftStyles::in(const Written& written, const QString& style) {
+  const auto found = std::ranges::find(written.versions, style, &DraftVersion::style);
+  return found == written.versions.cend() ? nullptr : &*found;
+}
+
+QList<Choice> DraftStyles::choices(const Draft& draft) const {
   QList<Choice> choices{{.key = words::styleOriginal, .label = u"Original"_s}};
-  const auto versions = m_versions.constFind(draftId);
-  if (versions == m_versions.cend())
+  const Written* written = find(draft);
+  if (!written)
     return choices + QList<Choice>{{.key = words::styleProfessional, .label = u"Professional"_s},
                                    {.key = words::styleCasual, .label = u"Casual"_s},
                                    {.key = words::styleExcited, .label = u"Excited"_s}};
-  for (const DraftVersion& version : *versions)
+  for (const DraftVersion& version : written->versions)
     if (version.style != words::styleOriginal)
       choices.append({.key = version.style, .label = version.label.isEmpty() ? version.style : version.label});
   return choices;
 }
 
-QString DraftStyles::styleOf(const QString& draftId) const {
-  return m_styles.value(draftId, QString(words::styleOriginal));
+QString DraftStyles::styleOf(const Draft& draft) const {
+  if (isAsking(draft.id)) return m_wanted.value(draft.id);
+  const Written* written = find(draft);
+  return written ? written->chosen : QString(words::styleOriginal);
 }
 
-const DraftVersion* DraftStyles::versionOf(const QString& draftId) const {
-  const auto versions = m_versions.constFind(draftId);
-  if (versions == m_versions.cend() || styleOf(draftId) == words::styleOriginal) return nullptr;
-  const auto found = std::ranges::find(*versions, styleOf(draftId), &DraftVersion::style);
-  return found == versions->cend() ? nullptr : &*found;
+const DraftVersion* DraftStyles::versionOf(const Draft& draft) const {
+  const Written* written = find(draft);
+  return written && written->chosen != words::styleOriginal ? in(*written, written->chosen) : nullptr;
 }
 
-void DraftStyles::choose(const QString& draftId, const QString& style) {
-  if (styleOf(draftId) == style) return;
-  m_styles[draftId] = style;
-  if (style != words::styleOriginal && !m_versions.contains(draftId)) m_tasks.start(askTask(draftId));
-  Q_EMIT changed(draftId);
+Task<bool> DraftStyles::writeTask(Draft draft, QString style) {
+  if (style == words::styleOriginal) co_return true;
+  if (!find(draft)) {
+    if (isAsking(draft.id)) co_return false;
+    m_wanted[draft.id] = style;
+    const auto mark = m_busy.mark(draft.id);
+    const auto answer =
+        co_await m_actions.send(Requests::draftVersions(draft.id), u"Couldn’t write the other styles."_s);
+    m_wanted.remove(draft.id);
+    if (answer) m_written[draft.id] = {draft.body, answer->versions, QString(words::styleOriginal)};
+  }
+  const Written* written = find(draft);
+  co_return written&& in(*written, style);
 }
 
-Task<void> DraftStyles::askTask(QString draftId) {
-  const auto mark = m_busy.mark(draftId);
-  if (!mark) co_return;
-  const auto answer = co_await m_actions.send(Requests::draftVersions(draftId), u"Couldn’t write the other styles."_s);
-  if (answer) m_versions[draftId] = answer->versions;
-  // What was chosen and cannot be shown is not sent either.
-  if (!versionOf(draftId)) m_styles.remove(draftId);
-  Q_EMIT changed(draftId);
+void DraftStyles::choose(const Draft& draft, const QString& style) {
+  const Written* written = find(draft);
+  if (!written || written->chosen == style) return;
+  m_written[draft.id].chosen = style;
+  Q_EMIT changed(draft.id);
 }
 
 void DraftStyles::forget(const QString& draftId) {
-  const bool knew = m_versions.remove(draftId) || m_styles.contains(draftId);
-  m_styles.remove(draftId);
-  if (knew) Q_EMIT changed(draftId);
+  if (m_written.erase(draftId) > 0) Q_EMIT changed(draftId);
 }
 
 }  // namespace orv

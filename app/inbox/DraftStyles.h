@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "app/base/Actions.h"
 #include "app/base/Choice.h"
 #include "app/base/Store.h"
@@ -7,7 +9,8 @@
 
 namespace orv {
 
-/// The same drafts in other styles: asked for once for each draft, and which of them the person chose.
+/// The same drafts in other styles: asked for once for each draft, and which of them the person chose. A draft that the
+/// agent wrote anew has none yet.
 class DraftStyles final : public Store {
   Q_OBJECT
 
@@ -15,28 +18,40 @@ class DraftStyles final : public Store {
   DraftStyles(WorkspaceContext& context, Store* whole);
 
   /// What a draft can be shown in, the agent's own text first.
-  QList<Choice> choices(const QString& draftId) const;
-  /// As chosen; the agent's own text otherwise.
-  QString styleOf(const QString& draftId) const;
-  /// The chosen style's text, once it is there.
-  const DraftVersion* versionOf(const QString& draftId) const;
+  QList<Choice> choices(const Draft& draft) const;
+  /// As chosen, or as it will be once it is written; the agent's own text otherwise.
+  QString styleOf(const Draft& draft) const;
+  /// The chosen style's text.
+  const DraftVersion* versionOf(const Draft& draft) const;
   /// The styles are being written.
   bool isAsking(const QString& draftId) const { return m_busy.contains(draftId); }
 
-  void choose(const QString& draftId, const QString& style);
-  /// The agent wrote it anew, or it is decided for good.
+  /// Has the styles written, unless they are. False when there is no text in this one.
+  Task<bool> writeTask(Draft draft, QString style);
+  /// One that has been written.
+  void choose(const Draft& draft, const QString& style);
+  /// It is decided for good.
   void forget(const QString& draftId);
 
  Q_SIGNALS:
   void changed(const QString& draftId);
 
  private:
-  Task<void> askTask(QString draftId);
+  struct Written {
+    /// The agent's own text, as it was when the others were written.
+    QString body;
+    QList<DraftVersion> versions;
+    QString chosen;
+  };
+
+  const Written* find(const Draft& draft) const;
+  static const DraftVersion* in(const Written& written, const QString& style);
 
   BusySet m_busy;
   Actions m_actions;
-  QHash<QString, QList<DraftVersion>> m_versions;
-  QHash<QString, QString> m_styles;
+  std::map<QString, Written> m_written;
+  /// Of drafts whose styles are being written.
+  QHash<QString, QString> m_wanted;
 };
 
 }  // namespace orv

@@ -53,6 +53,8 @@ QString decisionText(const ReviewDraft& item, bool approved) {
   return approved ? u"Sending to "_s + shownName(shownAddress(draftAddress(item))) : u"Skipped."_s;
 }
 
+QString alreadyDecided() { return u"This draft was decided already."_s; }
+
 QString secondsText(const QDateTime& now, const QDateTime& dueAt) {
   const qint64 left = (now.msecsTo(dueAt) + 999) / 1000;
   return left > 0 ? QString::number(left) : QString();

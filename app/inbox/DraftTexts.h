@@ -26,6 +26,8 @@ QString contactName(const InboxThread& thread);
 
 /// "Sending to ana@a.example", or "Skipped."
 QString decisionText(const ReviewDraft& item, bool approved);
+/// To whom decides about a draft that waits no more.
+QString alreadyDecided();
 /// Whole seconds until then; empty once it has passed.
 QString secondsText(const QDateTime& now, const QDateTime& dueAt);
 

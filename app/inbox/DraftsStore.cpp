@@ -34,13 +34,14 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
       m_styles(context, this),
       m_reason(context, this, m_decisions),
       m_feedback(context, this),
-      m_history(context, this, m_decisions) {
+      m_history(context, this, m_decisions),
+      m_leftovers(context, this, m_queue, m_decisions, m_reason, writings) {
   connect(&m_queue, &DraftQueue::shownChanged, this, &DraftsStore::showPicked);
   connect(&m_queue, &DraftQueue::changed, this, [this] {
     giveTexts();
     Q_EMIT changed();
   });
-  connect(&m_queue, &DraftQueue::lost, this, &DraftsStore::keepText);
+  connect(&m_queue, &DraftQueue::lost, this, [this](const ReviewDraft& item) { m_tasks.start(lostTask(item)); });
   connect(&m_styles, &DraftStyles::changed, this, [this](const QString& draftId) {
     if (draftId == m_queue.picked()) showText();
     Q_EMIT changed();
@@ -49,14 +50,22 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
   connect(&m_decisions, &DraftDecisions::returned, this, &DraftsStore::returned);
   connect(&m_decisions, &DraftDecisions::passed, this,
           [this](const DraftDecisions::Undoable& decision) { letGo(decision.item.draft); });
-  connect(&m_reason, &DraftReason::given, this, [this](const QString& draftId) { m_feedback.follow(draftId, false); });
-  connect(&m_feedback, &TrainingFeedback::taught, this, [this](const DraftTraining& training) {
-    // Waiting drafts have been rewritten to follow the rule.
-    if (training.refreshed.value_or(0) > 0) m_queue.list()->load();
+  connect(&m_decisions, &DraftDecisions::late, this, &DraftsStore::late);
+  connect(&m_reason, &DraftReason::given, this, [this](const QString& draftId) {
+    m_feedback.follow(draftId, false);
+    m_history.list()->markStale();
   });
+  connect(&m_feedback, &TrainingFeedback::taught, this, [this](const DraftTraining& training) {
+    // What was learned of a draft stands beside it there.
+    m_history.list()->markStale();
+    // Waiting drafts have been rewritten to follow the rule, wherever they are shown.
+    if (training.refreshed.value_or(0) > 0) this->context().changes().stale<Draft>();
+  });
+  m_leftovers.look();
 }
 
-DraftsStore::~DraftsStore() = default;
+/// What is being written in another style is marked there, and tells it once more as its task goes.
+DraftsStore::~DraftsStore() { m_tasks.cancel(); }
 
 void DraftsStore::setWords(Words words) {
   m_words = std::move(words);
@@ -85,6 +94,8 @@ void DraftsStore::showPicked() {
       m_conversation = open(*item);
   }
   if (!item) letGoOf(m_conversation);
+  // Only what the list has read anew: the conversation may have been read since.
+  if (item && std::exchange(m_listed, item->thread) != item->thread) m_conversation->follow(item->thread);
   const ReviewDraft* next = m_queue.next();
   if (next && item && next->thread.id != item->thread.id && (!m_next || m_next->id() != next->thread.id)) {
     letGoOf(m_next);
@@ -98,11 +109,16 @@ void DraftsStore::showPicked() {
 void DraftsStore::showText() {
   const ReviewDraft* item = m_queue.shown();
   Writing* writing = item ? m_writings.edit(item->draft, contactName(item->thread)) : nullptr;
-  const DraftVersion* version = item ? m_styles.versionOf(item->draft.id) : nullptr;
+  const DraftVersion* version = item ? m_styles.versionOf(item->draft) : nullptr;
   if (writing) writing->begin(version ? version->body : item->draft.body, item->draft.body);
   if (std::exchange(m_writing, writing) == writing) return;
   if (writing) connect(writing, &Writing::changed, this, &DraftsStore::changed, Qt::UniqueConnection);
   Q_EMIT shownChanged();
+}
+
+const Draft& DraftsStore::shownDraft() const {
+  static const Draft none;
+  return m_queue.shown() ? m_queue.shown()->draft : none;
 }
 
 QString DraftsStore::headline() const { return m_queue.shown() ? draftHeadline(m_queue.shown()->draft) : QString(); }
@@ -148,8 +164,9 @@ void DraftsStore::setHistoryShown(bool shown) {
 
 Task<void> DraftsStore::chooseStyleTask(QString style) {
   const ReviewDraft* item = m_queue.shown();
-  if (!item || !canWrite() || style == this->style()) co_return;
-  const QString id = item->draft.id;
+  if (!item || !canWrite() || styling() || style == this->style()) co_return;
+  const Draft draft = item->draft;
+  std::optional<QString> replaced;
   if (edited()) {
     const bool replaces = co_await services().overlays.confirm({.title = u"Replace your edit?"_s,
                                                                 .text = u"Another style takes the place of what you "
@@ -157,10 +174,21 @@ Task<void> DraftsStore::chooseStyleTask(QString style) {
                                                                 .confirm = u"Replace it"_s,
                                                                 .cancel = u"Keep my edit"_s,
                                                                 .destructive = true});
-    if (!replaces || m_queue.picked() != id) co_return;
-    m_writing->discard();
+    if (!replaces || m_queue.picked() != draft.id) co_return;
+    replaced = m_writings.editOf(draft);
   }
-  m_styles.choose(id, style);
+  if (!co_await m_styles.writeTask(draft, style)) co_return;
+  // Decided meanwhile, or written anew.
+  item = m_queue.find(draft.id);
+  if (!item || item->draft.body != draft.body) co_return;
+  // What the person wrote goes only for what is there to take its place, and not when they have gone on with it.
+  const auto edit = m_writings.editOf(draft);
+  if (edit && edit != replaced) {
+    services().toasts.show({.message = u"Your edit stays. Choose the style again to replace it."_s});
+    co_return;
+  }
+  if (edit) m_writings.findEdit(draft)->discard();
+  m_styles.choose(draft, style);
 }
 
 void DraftsStore::openChat() {
@@ -184,7 +212,7 @@ void DraftsStore::approve(const ReviewDraft& item) {
   const ReviewDraft given = item;
   m_undone = false;
   const auto edit = m_writings.editOf(given.draft);
-  const DraftVersion* version = m_styles.versionOf(id);
+  const DraftVersion* version = m_styles.versionOf(given.draft);
   if (edit && edit->trimmed().isEmpty()) return;
   Writing* writing = m_writings.findEdit(given.draft);
   // What the person saw is what goes out, and a conversation shows the agent's own text.
@@ -251,10 +279,43 @@ void DraftsStore::letGo(const Draft& draft) {
   m_styles.forget(draft.id);
 }
 
-/// Somebody else decided it, and what this person made of it is nowhere else.
-void DraftsStore::keepText(const ReviewDraft& item) {
+void DraftsStore::settle(const Draft& draft, const std::optional<Draft>& now) {
+  Writing* writing = m_writings.findEdit(draft);
+  if (!writing) return;
+  // A conversation need not name what was decided.
+  const bool isKnown = now && !now->status.isEmpty();
+  writing->setState(false, !isKnown);
+  if (isKnown && now->body.trimmed() == writing->body().trimmed()) writing->sent(writing->typed());
+}
+
+void DraftsStore::late(const DraftDecisions::Undoable& decision, const Draft& now) {
+  const Draft& draft = decision.item.draft;
+  const auto sent = m_sent.value(draft.id);
+  Writing* writing = m_writings.findEdit(draft);
+  // Skipped, it takes its text along, whatever was decided before.
+  if (writing && sent && !decision.approved) writing->sent(*sent);
+  settle(draft, now);
+  letGo(draft);
+  m_queue.list()->load();
+}
+
+/// The last decision from here may have come through after all; else somebody else decided it, and what this person
+/// made of it is nowhere else.
+Task<void> DraftsStore::lostTask(ReviewDraft item) {
   const auto edit = m_writings.editOf(item.draft);
-  if (!edit) return;
+  if (!edit) co_return;
+  if (m_decisions.isUncertain(item.draft.id)) {
+    const auto now = co_await m_decisions.readDraft(item.thread.id, item.draft.id);
+    // It waits behind what the list shows.
+    if (now && now->isWaiting()) co_return;
+    settle(item.draft, now);
+    letGo(item.draft);
+    const Writing* left = m_writings.findEdit(item.draft);
+    if (!left || !left->dirty() || left->uncertain()) {
+      services().toasts.show({.message = alreadyDecided()});
+      co_return;
+    }
+  }
   services().toasts.show({.message = u"Somebody else decided the draft for "_s + shownName(contactName(item.thread)),
                           .actionLabel = u"Copy your edit"_s,
                           .action = [&services = services(), text = *edit] { services.clipboard.setText(text); }});

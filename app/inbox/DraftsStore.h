@@ -6,6 +6,7 @@
 #include "app/inbox/Conversation.h"
 #include "app/inbox/DraftDesk.h"
 #include "app/inbox/DraftHistory.h"
+#include "app/inbox/DraftLeftovers.h"
 #include "app/inbox/DraftQueue.h"
 #include "app/inbox/DraftReason.h"
 #include "app/inbox/DraftStyles.h"
@@ -22,6 +23,7 @@ class DraftsStore final : public Store, public DraftDesk {
   Q_PROPERTY(orv::DraftReason* reason READ reason CONSTANT)
   Q_PROPERTY(orv::TrainingFeedback* feedback READ feedback CONSTANT)
   Q_PROPERTY(orv::DraftHistory* history READ history CONSTANT)
+  Q_PROPERTY(orv::DraftLeftovers* leftovers READ leftovers CONSTANT)
   Q_PROPERTY(orv::Conversation* conversation READ conversation NOTIFY shownChanged)
   Q_PROPERTY(orv::Writing* writing READ writing NOTIFY shownChanged)
   Q_PROPERTY(bool historyShown READ historyShown WRITE setHistoryShown NOTIFY changed)
@@ -55,6 +57,7 @@ class DraftsStore final : public Store, public DraftDesk {
   DraftReason* reason() { return &m_reason; }
   TrainingFeedback* feedback() { return &m_feedback; }
   DraftHistory* history() { return &m_history; }
+  DraftLeftovers* leftovers() { return &m_leftovers; }
   /// Of the draft that is shown; null for none.
   Conversation* conversation() const { return m_conversation.get(); }
   Writing* writing() const { return m_writing; }
@@ -72,8 +75,8 @@ class DraftsStore final : public Store, public DraftDesk {
   QString subject() const;
   /// Why the agent answers so.
   QString why() const;
-  QList<Choice> styles() const { return m_styles.choices(m_queue.picked()); }
-  QString style() const { return m_styles.styleOf(m_queue.picked()); }
+  QList<Choice> styles() const { return m_styles.choices(shownDraft()); }
+  QString style() const { return m_styles.styleOf(shownDraft()); }
   bool styling() const { return m_styles.isAsking(m_queue.picked()); }
   /// It says something else than what the agent wrote.
   bool edited() const { return m_writing && m_writing->dirty(); }
@@ -113,7 +116,11 @@ class DraftsStore final : public Store, public DraftDesk {
   void giveTexts();
   /// It can no longer come back.
   void letGo(const Draft& draft);
-  void keepText(const ReviewDraft& item);
+  Task<void> lostTask(ReviewDraft item);
+  void late(const DraftDecisions::Undoable& decision, const Draft& now);
+  /// It is decided, and is this now, if anybody knows: the person's text goes where it is what went out.
+  void settle(const Draft& draft, const std::optional<Draft>& now);
+  const Draft& shownDraft() const;
   std::unique_ptr<Conversation> open(const ReviewDraft& item);
 
   Writings& m_writings;
@@ -125,11 +132,13 @@ class DraftsStore final : public Store, public DraftDesk {
   DraftReason m_reason;
   TrainingFeedback m_feedback;
   DraftHistory m_history;
+  DraftLeftovers m_leftovers;
   std::unique_ptr<Conversation> m_conversation;
   /// Read ahead, so that going on shows it at once.
   std::unique_ptr<Conversation> m_next;
   QPointer<Writing> m_writing;
-  QString m_shownBody;
+  /// As the list had it when it was last shown.
+  std::optional<InboxThread> m_listed;
   /// Of decisions that can be taken back: what the person had made of the draft, or that they had left it as it was.
   QHash<QString, std::optional<WrittenFields>> m_sent;
   QSet<QString> m_styled;

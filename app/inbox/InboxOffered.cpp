@@ -136,21 +136,21 @@ QList<PageAction> InboxStore::offeredDraft() {
 }
 
 QList<PageAction> InboxStore::offeredFor(const InboxThread& thread) {
-  const bool isFree = !m_actions.busy().contains(thread.id);
+  const auto isFree = [&](ThreadActions::Kind kind) { return !m_actions.isBusy(thread.id, kind); };
   const bool archives = !thread.isArchived();
   return {{.key = u"archive"_s,
            .title = archives ? u"Archive"_s : u"Move to inbox"_s,
            .icon = archives ? u"archive-insert"_s : u"edit-undo"_s,
            .keys = u"E"_s,
            .writes = true,
-           .possible = isFree,
+           .possible = isFree(ThreadActions::Kind::status),
            .run = [this, thread, archives] { leave(thread, archives); }},
           {.key = u"unread"_s,
            .title = u"Mark unread"_s,
            .icon = u"mail-mark-unread"_s,
            .keys = u"U"_s,
            .writes = true,
-           .possible = isFree && !m_threads.rows().isUnread(thread),
+           .possible = isFree(ThreadActions::Kind::unread) && !m_threads.rows().isUnread(thread),
            .run = [this, thread] { m_actions.markUnread(thread); }}};
 }
 

@@ -119,7 +119,7 @@ void InboxStore::goTo(const PagePlace& place) {
   if (!isSection && !place.tab.isEmpty()) {
     // A tab of the list: who is led there sees everything in it, and what has just come.
     m_threads.showAllIn(place.tab);
-    if (m_threads.newMail()) m_threads.showNewMail();
+    if (m_threads.newMail()) m_threads.refresh();
   }
   if (m_section == Section::conversations) m_threads.setQuery(place.value);
   context().showing(Page::inbox, m_section == Section::conversations ? m_openId : QString());
@@ -144,8 +144,6 @@ QList<FoundRecord> InboxStore::found() const {
   return records;
 }
 
-QStringList InboxStore::busyIds() const { return m_actions.busy().ids().values(); }
-
 bool InboxStore::deciding() const {
   const Draft* draft = conversation() ? conversation()->draft() : nullptr;
   return draft && desk() && desk()->isDeciding(draft->id);
@@ -164,6 +162,7 @@ void InboxStore::setLeadsWidth(int width) {
 void InboxStore::trim() {
   m_kept.keepOnly(m_openId);
   m_writings.trim();
+  if (conversation()) conversation()->openWritings();
 }
 
 void InboxStore::close() {
@@ -224,10 +223,12 @@ void InboxStore::letGo(Conversation& left) {
   left.disappear();
 }
 
-void InboxStore::step(int by) {
-  const QString next = m_openId.isEmpty() ? m_threads.first() : m_threads.neighbour(m_openId, by);
-  // The open one may have left the list.
-  open(next.isEmpty() && !m_threads.find(m_openId) ? m_threads.first() : next);
+void InboxStore::step(int by) { open(next(by)); }
+
+QString InboxStore::next(int by) const {
+  // The open one may have left the list, or never have been in it.
+  const bool isListed = m_threads.rows().rowOf(m_openId) >= 0;
+  return isListed ? m_threads.neighbour(m_openId, by) : m_threads.first();
 }
 
 void InboxStore::conversationRead(const QString& id) {
@@ -259,25 +260,25 @@ void InboxStore::arrived() {
 
 void InboxStore::setLabel(const QString& key) {
   const InboxThread* thread = conversation() ? conversation()->thread() : nullptr;
-  if (thread && canWrite() && conversation()->label() != key) m_actions.setLabel(*thread, key);
+  if (thread && canWrite() && m_actions.labelOf(*thread) != key) m_actions.setLabel(*thread, key);
 }
 
 void InboxStore::leave(const InboxThread& thread, bool archives) {
   const bool isOpen = thread.id == m_openId;
   const bool goesOut = archives != (m_threads.filter().tab == ThreadFilter::Tab::archived);
-  QString next;
+  QString other;
   if (isOpen && goesOut) {
-    next = m_threads.neighbour(m_openId, 1);
-    if (next.isEmpty()) next = m_threads.neighbour(m_openId, -1);
+    other = next(1);
+    if (other.isEmpty()) other = next(-1);
   }
   // Open, it would be taken back at once by the same key.
-  const bool isLast = isOpen && goesOut && next.isEmpty();
+  const bool isLast = isOpen && goesOut && other.isEmpty();
   m_shut = isLast ? thread.id : QString();
   if (archives)
     m_actions.archive(thread);
   else
     m_actions.moveToInbox(thread);
-  isLast ? shut() : open(next);
+  isLast ? shut() : open(other);
 }
 
 void InboxStore::shut() {
@@ -303,7 +304,9 @@ void InboxStore::send() {
 void InboxStore::decide(bool approves) {
   const Draft* draft = conversation() ? conversation()->draft() : nullptr;
   if (!draft || !desk()) return;
-  const ReviewDraft item{*draft, *conversation()->thread()};
+  ReviewDraft item{*draft, *conversation()->thread()};
+  // The review may have read a newer one, which is what is shown here.
+  if (const Writing* edit = conversation()->edit()) item.draft.body = edit->begunFor().value_or(draft->body);
   conversation()->setEditing(false);
   if (approves)
     desk()->approve(item);

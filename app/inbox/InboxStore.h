@@ -51,7 +51,7 @@ class InboxStore final : public Store {
   /// Empty while none is open.
   const QString& openId() const { return m_openId; }
   Conversation* conversation() const { return m_kept.find(m_openId); }
-  QStringList busyIds() const;
+  QStringList busyIds() const { return m_actions.busyIds(); }
   /// The agent writes for the open conversation.
   bool generating() const { return m_actions.isGenerating(m_openId); }
   /// Its draft has been decided on, and the service has not answered.
@@ -111,6 +111,8 @@ class InboxStore final : public Store {
   QList<PageAction> offeredFor(const InboxThread& thread);
   Conversation* kept(const QString& id);
   QString campaignName(const QString& id) const;
+  /// The one to go on to from the open one.
+  QString next(int by) const;
   void leave(const InboxThread& thread, bool archives);
   void startReply();
   void decide(bool approves);

@@ -11,8 +11,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-const auto writes = u"/draft"_s, reads = u"/read"_s;
-
 ThreadPatch statusPatch(QLatin1String status) {
   ThreadPatch patch;
   patch.status = status;
@@ -22,6 +20,12 @@ ThreadPatch statusPatch(QLatin1String status) {
 ThreadPatch unreadPatch(bool unread) {
   ThreadPatch patch;
   patch.unread = unread;
+  return patch;
+}
+
+ThreadPatch labelPatch(const QString& key) {
+  ThreadPatch patch;
+  patch.label = key.isEmpty() ? Clearable<QString>::cleared() : Clearable<QString>(key);
   return patch;
 }
 
@@ -64,30 +68,40 @@ class OnItsWay {
 }  // namespace
 
 ThreadActions::ThreadActions(WorkspaceContext& context, Store* whole, ThreadList& threads, Writings& writings)
-    : Store(context, whole), m_threads(threads), m_writings(writings), m_actions(context, m_busy, [&context] {
+    : Store(context, whole),
+      m_threads(threads),
+      m_writings(writings),
+      m_actions(context, m_busy[size_t(Kind::draft)], [&context] {
         context.changes().stale<InboxThread>();
         // A draft may have been written, or have been replaced by a reply.
         context.changes().stale<Draft>();
       }) {
-  connect(&m_busy, &BusySet::changed, this, &ThreadActions::busyChanged);
+  for (const BusySet& kind : m_busy) connect(&kind, &BusySet::changed, this, &ThreadActions::busyChanged);
 }
 
-bool ThreadActions::isMarkingRead(const QString& threadId) const { return m_busy.contains(threadId + reads); }
+QStringList ThreadActions::busyIds() const {
+  QSet<QString> ids;
+  for (const Kind kind : {Kind::status, Kind::unread, Kind::label}) ids += m_busy[size_t(kind)].ids();
+  return ids.values();
+}
 
-bool ThreadActions::isGenerating(const QString& threadId) const { return m_busy.contains(threadId + writes); }
+QString ThreadActions::labelOf(const InboxThread& thread) const {
+  return m_labels.value(thread.id, thread.label ? thread.label->rawValue : QString());
+}
 
 InboxThread ThreadActions::latest(const InboxThread& thread) const {
   const InboxThread* listed = m_threads.find(thread.id);
   return listed ? *listed : thread;
 }
 
-Task<std::optional<InboxThread>> ThreadActions::patch(InboxThread thread, ThreadPatch change, QString failure) {
+Task<std::optional<InboxThread>> ThreadActions::patch(InboxThread thread, std::function<ThreadPatch()> change,
+                                                      QString failure) {
   const auto before = std::make_shared<InboxThread>(thread);
-  auto answer = co_await m_actions.perform<InboxThread>(
-      {thread.id, thread.id},
+  auto answer = co_await m_actions.change<InboxThread>(
+      thread.id,
       [this, before, change] {
         *before = latest(*before);
-        return Requests::updateThread(before->id, change);
+        return Requests::updateThread(before->id, change());
       },
       failure);
   if (!answer) co_return answer;
@@ -98,10 +112,11 @@ Task<std::optional<InboxThread>> ThreadActions::patch(InboxThread thread, Thread
 }
 
 Task<void> ThreadActions::archiveTask(InboxThread thread) {
-  if (m_busy.contains(thread.id)) co_return;
+  const auto busy = mark(thread.id, Kind::status);
+  if (!busy) co_return;
   m_threads.setLeaving(thread.id, true);
-  const auto archived =
-      co_await patch(thread, statusPatch(words::threadArchived), u"Couldn’t archive the conversation."_s);
+  const auto archived = co_await patch(
+      thread, [] { return statusPatch(words::threadArchived); }, u"Couldn’t archive the conversation."_s);
   m_threads.setLeaving(thread.id, false);
   if (!archived) co_return Q_EMIT stayed(thread.id);
   services().toasts.show({.message = u"Archived"_s,
@@ -131,19 +146,23 @@ Task<void> ThreadActions::undoArchive(std::shared_ptr<WorkspaceContext> context,
 }
 
 Task<void> ThreadActions::moveToInboxTask(InboxThread thread) {
-  if (m_busy.contains(thread.id)) co_return;
+  const auto busy = mark(thread.id, Kind::status);
+  if (!busy) co_return;
   m_threads.setLeaving(thread.id, true);
-  const auto moved = co_await patch(thread, statusPatch(words::threadOpen), u"Couldn’t move it back to the inbox."_s);
+  const auto moved = co_await patch(
+      thread, [] { return statusPatch(words::threadOpen); }, u"Couldn’t move it back to the inbox."_s);
   m_threads.setLeaving(thread.id, false);
   if (!moved) co_return Q_EMIT stayed(thread.id);
   services().toasts.success(u"Moved back to the inbox"_s);
 }
 
 Task<void> ThreadActions::markUnreadTask(InboxThread thread) {
-  if (m_busy.contains(thread.id)) co_return;
+  const auto busy = mark(thread.id, Kind::unread);
+  if (!busy) co_return;
   const bool wasShownRead = m_threads.rows().isShownRead(thread.id);
   m_threads.setShownRead(thread.id, false);
-  const auto marked = co_await patch(thread, unreadPatch(true), u"Couldn’t mark it unread."_s);
+  const auto marked = co_await patch(
+      thread, [] { return unreadPatch(true); }, u"Couldn’t mark it unread."_s);
   if (marked)
     services().toasts.success(u"Marked unread"_s);
   else
@@ -152,8 +171,8 @@ Task<void> ThreadActions::markUnreadTask(InboxThread thread) {
 
 /// Not by patch(): nobody asked for it, so nobody is told, and what the person does meanwhile is not held up.
 Task<void> ThreadActions::markReadTask(InboxThread thread) {
-  const auto mark = m_busy.mark(thread.id + reads);
-  if (!mark) co_return;
+  const auto busy = mark(thread.id, Kind::read);
+  if (!busy) co_return;
   const auto turn = co_await context().turns().next(thread.id);
   // Marked unread again before its turn came.
   if (!turn || !m_threads.rows().isShownRead(thread.id)) co_return;
@@ -168,11 +187,26 @@ Task<void> ThreadActions::markReadTask(InboxThread thread) {
 }
 
 Task<void> ThreadActions::setLabelTask(InboxThread thread, QString key) {
-  ThreadPatch change;
-  change.label = key.isEmpty() ? Clearable<QString>::cleared() : Clearable<QString>(key);
-  if (!co_await patch(thread, change, u"Couldn’t change the label."_s)) co_return;
-  services().toasts.success(key.isEmpty() ? u"Label cleared"_s
-                                          : u"Labelled "_s + shownName(m_threads.read(ThreadLabel(key)).title()));
+  m_labels.insert(thread.id, key);
+  const auto busy = mark(thread.id, Kind::label);
+  // Who is under way goes once more for it, or has not yet gone.
+  if (!busy) co_return;
+  std::optional<QString> sent;
+  do {
+    sent.reset();
+    const auto labelled = co_await patch(
+        thread,
+        [this, &sent, id = thread.id] {
+          sent = m_labels.value(id);
+          return labelPatch(*sent);
+        },
+        u"Couldn’t change the label."_s);
+    if (labelled)
+      services().toasts.success(sent->isEmpty()
+                                    ? u"Label cleared"_s
+                                    : u"Labelled "_s + shownName(m_threads.read(ThreadLabel(*sent)).title()));
+  } while (sent && *sent != m_labels.value(thread.id));
+  m_labels.remove(thread.id);
 }
 
 void ThreadActions::generate(const InboxThread& thread, const Draft* waiting) {
@@ -188,52 +222,69 @@ Task<void> ThreadActions::generateTask(InboxThread thread, std::optional<Draft> 
                                                          .destructive = true}))
     co_return;
   const auto draft = co_await m_actions.perform<Draft>(
-      {thread.id + writes, thread.id}, [id = thread.id] { return Requests::draftReply(id); },
-      u"Couldn’t write a draft."_s);
+      {thread.id, thread.id}, [id = thread.id] { return Requests::draftReply(id); }, u"Couldn’t write a draft."_s);
   if (!draft) co_return;
   if (Writing* edit = isEdited ? m_writings.findEdit(*waiting) : nullptr) edit->discard();
+  tellDrafted(thread);
+}
+
+/// Last: what others make of the draft themselves is older than what the service then says.
+void ThreadActions::tellDrafted(const InboxThread& thread) {
+  context().changes().stale<InboxThread>(thread.id);
+  if (context().openedItem(Page::inbox) == thread.id) return;
+  services().toasts.show({.message = u"The draft for %1 is ready"_s.arg(shownName(contactOf(thread))),
+                          .tone = Toasts::Tone::success,
+                          .actionLabel = u"Open"_s,
+                          .action = [there = context().weak_from_this(), id = thread.id] {
+                            if (const auto open = there.lock()) open->openItem(Page::inbox, id);
+                          }});
 }
 
 /// The last sending has an unknown end. Nothing goes out twice: the thread says whether it arrived.
-Task<std::optional<bool>> ThreadActions::hasArrived(InboxThread thread, QPointer<Writing> writing) {
-  const auto detail = co_await m_actions.send(Requests::getThread(thread.id), u"Couldn’t load this conversation."_s);
-  if (!detail || !writing) co_return std::nullopt;
+Task<std::optional<bool>> ThreadActions::hasArrived(QString threadId, Writing::Trace trace) {
+  const auto detail = co_await m_actions.send(Requests::getThread(threadId), u"Couldn’t load this conversation."_s);
+  if (!detail) co_return std::nullopt;
   Q_EMIT readAgain(*detail);
-  const QString body = writing->body().trimmed();
+  const QString body = trace.sent.body.trimmed();
   const auto says = [&body](const QString& text) { return text.trimmed() == body; };
   // Whoever says the same a second time has not said it yet.
-  co_return !(outgoing(*detail, says) - writing->leftBefore()).isEmpty();
+  co_return !(outgoing(*detail, says) - trace.leftBefore).isEmpty();
 }
 
 void ThreadActions::send(const InboxThread& thread, const ThreadDetail* shown, bool asksFirst) {
-  Writing* writing = m_writings.findReply(thread.id);
-  if (writing && !writing->sending() && !writing->uncertain())
-    writing->setLeftBefore(shown ? outgoing(*shown, [](const QString&) { return true; }) : QSet<QString>());
-  m_tasks.start(sendTask(thread, asksFirst));
+  const auto leftBefore = shown ? outgoing(*shown, [](const QString&) { return true; }) : QSet<QString>();
+  m_tasks.start(sendTask(thread, leftBefore, asksFirst));
 }
 
-Task<void> ThreadActions::sendTask(InboxThread thread, bool asksFirst) {
+Task<void> ThreadActions::sendTask(InboxThread thread, QSet<QString> leftBefore, bool asksFirst) {
   const QPointer writing = m_writings.reply(thread.id, contactOf(thread));
   if (!writing->canSend()) co_return;
   if (asksFirst && !writing->uncertain() &&
-      !co_await services().overlays.confirm({.title = u"Reply anyway?"_s,
-                                             .text = u"An AI draft is waiting in this conversation. It stays there."_s,
-                                             .confirm = u"Send email"_s}))
+      !co_await services().overlays.confirm(
+          {.title = u"Reply anyway?"_s,
+           .text = u"An AI draft is waiting in this conversation. Your reply takes its place."_s,
+           .confirm = u"Send email"_s}))
     co_return;
   if (!writing || !writing->canSend()) co_return;
-  OnItsWay way(writing);
   const WrittenFields fields = writing->typed();
+  if (!writing->uncertain()) writing->setTrace({fields, leftBefore});
+  OnItsWay way(writing);
   if (writing->uncertain()) {
     way.setUncertain(true);
-    const auto arrived = co_await hasArrived(thread, writing);
-    if (!arrived) co_return;
+    const Writing::Trace trace = writing->trace();
+    const auto arrived = co_await hasArrived(thread.id, trace);
+    if (!arrived || !writing) co_return;
     if (*arrived) {
       way.setUncertain(false);
-      if (writing) writing->sent(fields);
+      writing->sent(trace.sent);
+      // What the text was made into since is another reply, and waits.
+      const bool isLeft = writing->dirty();
       services().toasts.show({.message = u"Your reply had been sent already."_s});
-      Q_EMIT sent(thread.id);
+      tellReplied(thread, asksFirst);
+      if (!isLeft) Q_EMIT sent(thread.id);
       co_return;
     }
+    writing->setTrace({fields, trace.leftBefore});
   }
   // A store that goes meanwhile leaves an answer behind that nobody reads.
   way.setUncertain(true);
@@ -250,7 +301,14 @@ Task<void> ThreadActions::sendTask(InboxThread thread, bool asksFirst) {
   context().changes().publish(accepted->draft, context().changes().stamp(), true);
   services().toasts.success(u"Sending to "_s + shownName(contactOf(thread)) + u" from "_s +
                             shownAddress(thread.mailboxAddress));
+  tellReplied(thread, asksFirst);
   Q_EMIT sent(thread.id);
+}
+
+/// A draft that waited is replaced, and what stands in the list is older than the reply.
+void ThreadActions::tellReplied(const InboxThread& thread, bool besideDraft) {
+  if (besideDraft || latest(thread).pendingDrafts > 0) context().changes().stale<Draft>();
+  context().changes().stale<InboxThread>(thread.id);
 }
 
 }  // namespace orv

@@ -1,5 +1,7 @@
 #include "app/inbox/ThreadList.h"
 
+#include <QScopedValueRollback>
+
 #include "app/base/EnumName.h"
 #include "app/base/shownName.h"
 #include "app/inbox/addresses.h"
@@ -45,8 +47,7 @@ void countThread(ThreadPage::Counts& counts, const InboxThread& thread, qint64 b
 
 ThreadList::ThreadList(WorkspaceContext& context, Store* whole)
     : Store(context, whole),
-      m_list(*this,
-             [this](const PageRequest& page) { return api().send(Requests::listThreads(m_filter, page.cursor)); },
+      m_list(*this, [this](PageRequest page) { return readTask(std::move(page)); },
              {.failed = u"Couldn’t load the inbox"_s,
               .first = 50,
               .further = 50,
@@ -62,6 +63,18 @@ ThreadList::ThreadList(WorkspaceContext& context, Store* whole)
     Q_EMIT countsChanged();
   });
   connect(&context, &WorkspaceContext::mailCame, this, &ThreadList::hear);
+  connect(&context, &WorkspaceContext::unreadChanged, this, [this] {
+    Q_EMIT countsChanged();
+    // Whoever counts tells of the mail right after that.
+    if (!m_isTelling) QMetaObject::invokeMethod(this, &ThreadList::hearUnread, Qt::QueuedConnection);
+  });
+}
+
+Task<ThreadPage> ThreadList::readTask(PageRequest page) {
+  ThreadPage answer = co_await api().send(Requests::listThreads(m_filter, page.cursor));
+  // What a further one counts is not taken over.
+  m_isCounted = m_isCounted || !page.cursor;
+  co_return answer;
 }
 
 void ThreadList::hear(const QString& latestAt) {
@@ -95,14 +108,27 @@ void ThreadList::take() {
 /// A reading says how many there are; between two of them, what was done here is reckoned on to whatever others
 /// learned.
 void ThreadList::tellUnread() {
+  const bool isReading = std::exchange(m_isCounted, false);
   const int count = unreadCount();
   if (count < 0) return;
-  const bool isReading = std::exchange(m_toldOf, m_list.loadedAt()) != m_list.loadedAt();
+  if (isReading && m_doubted == counts()->unread) m_doubted.reset();
   const int before = std::exchange(m_toldUnread, count);
+  const QScopedValueRollback telling(m_isTelling, true);
   if (isReading || before < 0)
     context().setUnread(count);
   else if (count != before && context().unread())
     context().setUnread(std::max<qint64>(0, *context().unread() + count - before));
+}
+
+/// Somebody read elsewhere, or marked unread: where no mail explains another number, the list is not what it was.
+void ThreadList::hearUnread() {
+  const auto told = context().unread();
+  if (!told || !counts() || m_newMail || *told == counts()->unread || *told == unreadCount()) return;
+  if (std::exchange(m_doubted, told) != told) m_list.markStale();
+}
+
+const ThreadPage::Counts* ThreadList::counts() const {
+  return m_list.head() && m_list.head()->counts ? &*m_list.head()->counts : nullptr;
 }
 
 void ThreadList::setShownRead(const QString& id, bool shown) {
@@ -163,21 +189,20 @@ void ThreadList::showAllIn(const QString& tab) {
 bool ThreadList::filtered() const { return !m_filter.query.trimmed().isEmpty() || m_filter.label || m_filter.mailbox; }
 
 QList<Choice> ThreadList::tabs() const {
-  const auto* counts = m_list.head() && m_list.head()->counts ? &*m_list.head()->counts : nullptr;
-  return {{.key = nameOf(Tab::all), .label = u"All"_s, .count = counts ? saturated(counts->total) : -1},
-          {.key = nameOf(Tab::unread), .label = u"Unread"_s, .count = unreadCount()},
+  // The list may be behind what the badges show.
+  const auto unread = context().unread();
+  return {{.key = nameOf(Tab::all), .label = u"All"_s, .count = counts() ? saturated(counts()->total) : -1},
+          {.key = nameOf(Tab::unread), .label = u"Unread"_s, .count = unread ? saturated(*unread) : unreadCount()},
           {.key = nameOf(Tab::archived), .label = u"Archived"_s},
           // A section of its own, to the page.
           {.key = ThreadFilter::drafts, .label = u"Drafts"_s, .count = draftCount()}};
 }
 
-int ThreadList::draftCount() const {
-  return m_list.head() && m_list.head()->counts ? saturated(m_list.head()->counts->drafts) : -1;
-}
+int ThreadList::draftCount() const { return counts() ? saturated(counts()->drafts) : -1; }
 
 int ThreadList::unreadCount() const {
-  if (!m_list.head() || !m_list.head()->counts) return -1;
-  qint64 count = m_list.head()->counts->unread;
+  if (!counts()) return -1;
+  qint64 count = counts()->unread;
   m_list.each([&](const ThreadRow& row) {
     if (row.record().unread && !row.record().isArchived() && rows().isShownRead(row.id)) --count;
   });
@@ -193,12 +218,12 @@ QList<Choice> ThreadList::labels() const {
 
 QList<Choice> ThreadList::labelsToSet() const {
   const auto own = m_labels.value() ? m_labels.value()->items : QList<ReplyLabel>();
-  const auto* counts = m_list.head() && m_list.head()->counts ? &*m_list.head()->counts : nullptr;
+  const auto* byLabel = counts() && counts()->byLabel ? &*counts()->byLabel : nullptr;
   QList<Choice> choices;
   for (const ReplyLabel& label : replyLabels(own))
     choices.append({.key = label.key,
                     .label = shownName(label.title()),
-                    .count = counts && counts->byLabel ? saturated(counts->byLabel->value(label.key)) : -1});
+                    .count = byLabel ? saturated(byLabel->value(label.key)) : -1});
   return choices;
 }
 
@@ -208,8 +233,8 @@ ReplyLabel ThreadList::read(const ThreadLabel& label) const {
 
 QList<Choice> ThreadList::mailboxes() const {
   QList<Choice> choices{{.key = {}, .label = u"Every mailbox"_s}};
-  if (!m_list.head() || !m_list.head()->counts || !m_list.head()->counts->byMailbox) return choices;
-  for (const auto& mailbox : *m_list.head()->counts->byMailbox)
+  if (!counts() || !counts()->byMailbox) return choices;
+  for (const auto& mailbox : *counts()->byMailbox)
     choices.append({.key = mailbox.id, .label = shownAddress(mailbox.address), .count = saturated(mailbox.n)});
   return choices;
 }
@@ -217,14 +242,16 @@ QList<Choice> ThreadList::mailboxes() const {
 QString ThreadList::neighbour(const QString& id, int by) const {
   const QStringList ids = m_list.shownIds();
   const qsizetype from = ids.indexOf(id);
-  if (from < 0) return {};
-  // What is on its way out may stand there for a moment longer.
-  qsizetype at = from + by;
+  return from < 0 ? QString() : staying(ids, from + by, by);
+}
+
+QString ThreadList::first() const { return staying(m_list.shownIds(), 0, 1); }
+
+/// What is on its way out may stand there for a moment longer.
+QString ThreadList::staying(const QStringList& ids, qsizetype at, int by) const {
   while (m_leaving.contains(ids.value(at))) at += by;
   return ids.value(at);
 }
-
-QString ThreadList::first() const { return m_list.shownIds().value(0); }
 
 void ThreadList::setLeaving(const QString& id, bool leaving) {
   if (leaving == m_leaving.contains(id)) return;
@@ -259,6 +286,14 @@ void ThreadList::ensureLoaded() {
   Store::ensureLoaded();
   // Whoever comes back wants to see what came meanwhile.
   if (m_newMail) refresh();
+}
+
+void ThreadList::showNewMail() {
+  const bool isArchive = m_filter.tab == Tab::archived;
+  if (filtered() || isArchive)
+    showAllIn(isArchive ? nameOf(Tab::all) : tabName());
+  else
+    refresh();
 }
 
 void ThreadList::refresh() {

@@ -60,6 +60,7 @@ class ThreadList final : public Store {
 
   /// Drafts that wait for a decision; -1 while nobody knows.
   int draftCount() const;
+  /// As the list reckons.
   int unreadCount() const;
 
   /// The next one in the list from there; empty beyond its ends.
@@ -82,8 +83,8 @@ class ThreadList final : public Store {
   /// Everything in this tab.
   Q_INVOKABLE void showAll() { showAllIn(tabName()); }
   void showAllIn(const QString& tab);
-  /// Reads the list again, with the mail that came.
-  Q_INVOKABLE void showNewMail() { refresh(); }
+  /// Reads the list again, with the mail that came; it would not come up where the list is narrowed, or the archive's.
+  Q_INVOKABLE void showNewMail();
   /// Asks every mailbox for new replies.
   Q_INVOKABLE void checkMail();
 
@@ -98,11 +99,15 @@ class ThreadList final : public Store {
  private:
   Task<void> checkMailTask();
   Task<void> askTyped();
+  Task<ThreadPage> readTask(PageRequest page);
   void ask(const ThreadFilter& filter);
   bool fits(const InboxThread& thread) const;
+  QString staying(const QStringList& ids, qsizetype at, int by) const;
   void take();
   void hear(const QString& latestAt);
   void tellUnread();
+  void hearUnread();
+  const ThreadPage::Counts* counts() const;
 
   static constexpr std::chrono::milliseconds typingRest{250};
 
@@ -116,9 +121,13 @@ class ThreadList final : public Store {
   TaskSlot m_polling;
   QDateTime m_syncedAt;
   bool m_newMail = false;
+  /// The page that was read last counts anew.
+  bool m_isCounted = false;
   /// What of it the workspace knows.
   int m_toldUnread = -1;
-  QDateTime m_toldOf;
+  bool m_isTelling = false;
+  /// Another number of unread ones than the list's, for which it has been read again to no avail.
+  std::optional<qint64> m_doubted;
 };
 
 }  // namespace orv

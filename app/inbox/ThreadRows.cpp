@@ -20,11 +20,14 @@ ReplyLabel labelOf(const ThreadRowsModel& model, const InboxThread& thread) {
   return thread.label ? replyLabel(*thread.label, model.labels()) : ReplyLabel();
 }
 
-QString said(const ThreadRowsModel& model, const InboxThread& thread) {
+QString said(const ThreadRowsModel& model, const ThreadRow& row) {
+  const InboxThread& thread = row.record();
   QStringList words{contactOf(thread), companyOf(thread), thread.subject};
   if (model.isUnread(thread)) words.prepend(u"Unread"_s);
   if (thread.label) words.append(labelOf(model, thread).title());
   if (thread.pendingDrafts > 0) words.append(u"Draft ready"_s);
+  if (model.isWritten(row.id)) words.append(u"Not sent"_s);
+  words.append(shortMoment(row.prepared().at, model.now()));
   words.removeAll(QString());
   return words.join(u", "_s);
 }
@@ -80,7 +83,7 @@ const ThreadRowsModel::Cells& ThreadRowsModel::cells() {
       {"draftReady", [](auto&, auto& row) -> QVariant { return row.record().pendingDrafts > 0; }},
       {"written", [](auto& model, auto& row) -> QVariant { return model.isWritten(row.id); }},
       {"unread", [](auto& model, auto& row) -> QVariant { return model.isUnread(row.record()); }},
-      {"said", [](auto& model, auto& row) -> QVariant { return said(model, row.record()); }},
+      {"said", [](auto& model, auto& row) -> QVariant { return said(model, row); }},
   };
   return cells;
 }

@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-constexpr QLatin1String beforeKey("leftBefore");
+constexpr QLatin1String beforeKey("leftBefore"), sentKey("sent");
 
 QString problemIn(const QString& text) {
   const QString wrong = splitAddresses(text).wrong;
@@ -36,25 +36,37 @@ Recovery::Hooks Writing::hooks() {
   Recovery::Hooks hooks = Recovery::of(m_draft);
   hooks.text = [this] {
     QJsonObject kept = m_draft.journal();
-    if (m_isSought && (m_sending || m_uncertain))
-      kept.insert(beforeKey, QJsonArray::fromStringList(m_leftBefore.values()));
+    if (m_trace && (m_sending || m_uncertain)) {
+      kept.insert(sentKey, QJsonObject::fromVariantMap(valuesOf(m_trace->sent)));
+      kept.insert(beforeKey, QJsonArray::fromStringList(m_trace->leftBefore.values()));
+    }
     return JournalText{m_draft.version(), QJsonDocument(kept).toJson(QJsonDocument::Compact)};
   };
   hooks.restore = [this, restore = hooks.restore](const Recovery::Kept& kept) {
     const auto restored = restore(kept);
-    const QJsonValue before = QJsonDocument::fromJson(kept.text.bytes).object().value(beforeKey);
-    if (restored != Recovery::Restored::shown || !before.isArray()) return restored;
-    m_isSought = m_uncertain = true;
-    for (const auto& id : before.toArray()) m_leftBefore.insert(id.toString());
+    const QJsonObject was = QJsonDocument::fromJson(kept.text.bytes).object();
+    if (restored != Recovery::Restored::shown || !was.value(beforeKey).isArray()) return restored;
+    m_uncertain = true;
+    // An earlier version kept no more of it than the text.
+    const QJsonValue sent = was.value(sentKey);
+    m_trace = Trace{sent.isObject() ? fieldsOf<WrittenFields>(sent.toObject().toVariantMap()) : typed(), {}};
+    for (const auto& id : was.value(beforeKey).toArray()) m_trace->leftBefore.insert(id.toString());
     Q_EMIT changed();
     return restored;
   };
+  hooks.discard = [this] { discard(); };
   return hooks;
 }
 
-void Writing::setLeftBefore(const QSet<QString>& ids) {
-  m_isSought = true;
-  m_leftBefore = ids;
+void Writing::setTrace(const Trace& trace) {
+  m_trace = trace;
+  if (m_sending) keepWhileSending();
+}
+
+/// Before it can have left: a second later may be too late.
+void Writing::keepWhileSending() {
+  m_recovery.follow();
+  if (m_trace) m_context.services().journal.write();
 }
 
 void Writing::type(const QString& field, const QString& text) {
@@ -74,9 +86,7 @@ void Writing::setState(bool sending, bool uncertain) {
   if (m_sending == sending && m_uncertain == uncertain) return;
   m_sending = sending;
   m_uncertain = uncertain;
-  m_recovery.follow();
-  // Before it can have left: a second later may be too late.
-  if (sending && m_isSought) m_context.services().journal.write();
+  sending ? keepWhileSending() : m_recovery.follow();
   if (!sending)
     for (OneShot<bool> waiting : std::exchange(m_waiting, {})) waiting.give(true);
   Q_EMIT changed();
@@ -102,6 +112,13 @@ void Writing::sent(const WrittenFields& sent) {
   if (m_draft.typed() == sent) m_draft.discard();
 }
 
-void Writing::discard() { m_draft.discard(); }
+void Writing::discard() {
+  // What is on its way may yet be looked for.
+  if (!m_sending) {
+    m_uncertain = false;
+    m_trace.reset();
+  }
+  m_draft.discard();
+}
 
 }  // namespace orv

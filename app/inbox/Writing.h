@@ -60,10 +60,15 @@ class Writing final : public QObject {
   /// It was on its way, and nobody knows whether it arrived.
   bool uncertain() const { return m_uncertain; }
   void setState(bool sending, bool uncertain);
-  /// What had left its thread before it was sent, by which it is found there; empty for what is found otherwise. Kept
-  /// with the text while nobody knows of its end: the next run must not send it twice either.
-  const QSet<QString>& leftBefore() const { return m_leftBefore; }
-  void setLeftBefore(const QSet<QString>& ids);
+  /// By what it is found in its thread: what was sent of it, and what had left the thread before that.
+  struct Trace {
+    WrittenFields sent;
+    QSet<QString> leftBefore;
+  };
+  /// Of what is to be sent now; none of what is found otherwise. Kept with the text while nobody knows of its end: the
+  /// next run must not send it twice either.
+  void setTrace(const Trace& trace);
+  Trace trace() const { return m_trace.value_or(Trace{typed(), {}}); }
   /// Waits until it is not on its way any more.
   Task<void> settled();
 
@@ -93,14 +98,14 @@ class Writing final : public QObject {
  private:
   Recovery::Hooks hooks();
   void type(const QString& field, const QString& text);
+  void keepWhileSending();
 
   WorkspaceContext& m_context;
   QString m_about;
   DraftOf<WrittenFields> m_draft;
   bool m_sending = false;
   bool m_uncertain = false;
-  bool m_isSought = false;
-  QSet<QString> m_leftBefore;
+  std::optional<Trace> m_trace;
   Recovery m_recovery;
   std::optional<QString> m_begunFor;
   bool m_typing = false;

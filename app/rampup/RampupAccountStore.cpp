@@ -44,12 +44,12 @@ RampupAccountStore::RampupAccountStore(QString id, RampupStore& list)
     if (!change.id.isEmpty() && change.id != m_id) return;
     // What was done here is known already.
     const bool isKnown = change.kind == Kind::is && (!change.acted || m_item == change.record->item);
-    if (!isKnown) m_detail.markStale();
+    if (!isKnown) markStale();
   });
   changes.watch<Mailbox>(this, [this](const Change<Mailbox>& change) {
     using Kind = Change<Mailbox>::Kind;
     const bool anyOfThem = change.kind == Kind::stale && change.id.isEmpty();
-    if (anyOfThem || (change.kind == Kind::is && change.acted && change.id == m_id)) m_detail.markStale();
+    if (anyOfThem || (change.kind == Kind::is && change.acted && change.id == m_id)) markStale();
   });
   // What the list knows stands until the account's own answer.
   if (const RampupItem* known = list.find(m_id)) m_item = *known;
@@ -61,6 +61,12 @@ RampupAccountStore::~RampupAccountStore() { disconnect(m_list.accounts(), nullpt
 Task<RampupDetail> RampupAccountStore::load() {
   if (const RampupDetail* known = m_list.details()->find(m_id); known && !m_detail.value()) co_return *known;
   co_return co_await api().send(Requests::getRampup(m_id));
+}
+
+void RampupAccountStore::markStale() {
+  m_detail.markStale();
+  // What it sends follows its settings.
+  m_stats.markStale();
 }
 
 /// The answer to what was done here or in the list.

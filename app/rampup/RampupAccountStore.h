@@ -122,6 +122,7 @@ class RampupAccountStore final : public Store {
   const RampupItem* item() const;
   const RoadmapPlan* plan() const;
   Task<RampupDetail> load();
+  void markStale();
   void take(const RampupDetail& detail);
   void arrived();
 

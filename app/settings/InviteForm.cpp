@@ -31,7 +31,7 @@ void InviteForm::submit() {
   InviteFields typed = m_draft.typed();
   // As it was typed but for blanks: the service knows best which letters it tells apart.
   typed.email = typed.email.trimmed();
-  if (!isEmailAddress(typed.email)) return m_draft.setProblems({{u"email"_s, u"Enter a full email address."_s}});
+  if (!looksLikeAddress(typed.email)) return m_draft.setProblems({{u"email"_s, u"Enter a full email address."_s}});
   if (onSubmit) onSubmit(typed);
 }
 

@@ -1,5 +1,6 @@
 #include "app/settings/SettingsStore.h"
 
+#include "app/base/openInBrowser.h"
 #include "app/base/recordActions.h"
 #include "app/base/shownName.h"
 #include "app/settings/settingsRoles.h"
@@ -34,7 +35,31 @@ SettingsStore::SettingsStore(WorkspaceContext& context)
   connect(&m_busy, &BusySet::changed, this, &SettingsStore::changed);
   connect(this, &Store::roleChanged, this, &SettingsStore::changed);
   connect(&services().program, &Program::changed, this, &SettingsStore::changed);
+  // The account says name and role as well; which of the two is older only the service knows.
+  connect(&context, &WorkspaceContext::workspaceChanged, this, [this] {
+    if (isSaidOtherwise()) m_workspace.markStale();
+  });
+  connect(&m_workspace, &ResourceBase::valueChanged, this, [this] {
+    if (isSaidOtherwise()) services().program.rereadAccount();
+  });
+  for (WorkspaceForm* form : {&m_workspaceForm, &m_companyForm}) {
+    form->onSaved = [this](const WorkspaceDetail& saved, FieldDraft::Version madeOn) { taken(saved, madeOn); };
+    form->isSeen = [this, form] {
+      return isShown() && m_tab == (form == &m_companyForm ? SettingsTab::company : SettingsTab::workspace);
+    };
+  }
   m_clientForm.onSubmit = [this](const ClientWorkspaceBody& body) { m_tasks.start(clientTask(body)); };
+}
+
+bool SettingsStore::isSaidOtherwise() const {
+  const WorkspaceSummary& here = context().workspace();
+  return detail() && (detail()->name != here.name || detail()->role != here.role);
+}
+
+/// What the person saved in one place is nobody else's doing in another.
+void SettingsStore::taken(const WorkspaceDetail& saved, FieldDraft::Version madeOn) {
+  for (WorkspaceForm* form : {&m_workspaceForm, &m_companyForm}) form->follow(saved, madeOn);
+  m_workspace.update([&saved](WorkspaceDetail& shown) { shown = saved; });
 }
 
 void SettingsStore::setTab(const QString& name) {
@@ -162,22 +187,27 @@ void SettingsStore::copyWorkspaceId() {
 }
 
 void SettingsStore::openOnWeb(const QString& path) {
-  QUrl page = services().webOrigin;
+  // What signs in there goes to no other program.
+  QUrl page = services().webOrigin.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveQuery | QUrl::RemoveFragment);
   page.setPath(u"/w/"_s + slug() + path);
-  services().browser.open(page);
+  openInBrowser(services().browser, services().toasts, page);
 }
 
 Task<void> SettingsStore::blocklistTask(bool on) {
   if (!detail() || !canManage() || on == unsubscribesToBlocklist()) co_return Q_EMIT changed();
-  const auto saved = co_await m_actions.perform<WorkspaceDetail>(
+  FieldDraft::Version madeOn;
+  co_await m_actions.perform<WorkspaceDetail>(
       {blocklistKey, detail()->id},
-      [this, on] { return Requests::updateWorkspace({.unsubscribesToBlocklist = on}, detail()->version); }, {}, {},
+      [this, on, &madeOn] {
+        madeOn = detail()->version;
+        return Requests::updateWorkspace({.unsubscribesToBlocklist = on}, madeOn);
+      },
+      {}, [this, &madeOn](const WorkspaceDetail& saved) { taken(saved, madeOn); },
       [this](const APIError& error) {
         if (!isVersionConflict(error)) return false;
         services().toasts.show({.message = workspaceConflict(), .tone = Toasts::Tone::error});
         return true;
       });
-  if (saved) m_workspace.update([&saved](WorkspaceDetail& shown) { shown = *saved; });
   // The switch has moved already, and may have to move back.
   Q_EMIT changed();
 }

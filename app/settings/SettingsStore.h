@@ -102,6 +102,8 @@ class SettingsStore final : public Store {
 
  private:
   QList<ResourceBase*> shown();
+  bool isSaidOtherwise() const;
+  void taken(const WorkspaceDetail& saved, FieldDraft::Version madeOn);
   const WorkspaceDetail* detail() const { return m_workspace.value(); }
 
   SettingsTab m_tab = SettingsTab::account;

@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "app/base/Program.h"
 #include "app/base/TimeZones.h"
 #include "app/base/shownName.h"
 #include "app/base/zonesLike.h"
@@ -68,7 +67,7 @@ WorkspaceForm::WorkspaceForm(Tab tab, Store& whole, Resource<WorkspaceDetail>& w
                 }),
       m_recovery(whole.context(), Recovery::of(m_draft)) {
   m_draft.setKey(u"settings/tab:"_s + (tab == Tab::workspace ? u"workspace"_s : u"company"_s));
-  connect(&workspace, &ResourceBase::valueChanged, this, &WorkspaceForm::follow);
+  connect(&workspace, &ResourceBase::valueChanged, this, &WorkspaceForm::followRead);
   connect(&m_busy, &BusySet::changed, this, &WorkspaceForm::changed);
   connect(&m_draft, &FieldDraft::changed, this, &WorkspaceForm::changed);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
@@ -93,11 +92,13 @@ QList<Choice> WorkspaceForm::zones(const QString& text) const {
   return zonesLike(text, services().clock.now());
 }
 
-void WorkspaceForm::follow() {
-  const WorkspaceDetail* workspace = m_workspace.value();
-  if (!workspace) return;
-  m_draft.rebase(fieldsOf(*workspace), workspace->version);
-  m_recovery.begin(m_draft.key(), workspace->version);
+void WorkspaceForm::followRead() {
+  if (const WorkspaceDetail* workspace = m_workspace.value()) follow(*workspace);
+}
+
+void WorkspaceForm::follow(const WorkspaceDetail& workspace, FieldDraft::Version madeOn) {
+  m_draft.rebase(fieldsOf(workspace), workspace.version, madeOn);
+  m_recovery.begin(m_draft.key(), workspace.version);
   Q_EMIT changed();
 }
 
@@ -117,13 +118,10 @@ void WorkspaceForm::setProblem(const QString& problem) {
 bool WorkspaceForm::tell(const APIError& error) {
   m_draft.failed(error);
   const bool isMute = error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
-  if (!isMute) setProblem(isVersionConflict(error) ? workspaceConflict() : error.message());
+  if (isMute) return true;
+  setProblem(isVersionConflict(error) ? workspaceConflict() : error.message());
+  if (!isSeen()) services().toasts.show({.message = m_problem, .tone = Toasts::Tone::error});
   return true;
-}
-
-void WorkspaceForm::take(const WorkspaceDetail& answer) {
-  m_draft.taken(fieldsOf(answer), answer.version);
-  m_workspace.update([&answer](WorkspaceDetail& shown) { shown = answer; });
 }
 
 /// What is counted by day is another figure where days begin at other times, and what an opportunity is worth is one.
@@ -141,14 +139,21 @@ Task<void> WorkspaceForm::saveTask() {
   const WorkspacePatch patch = patchOf(sent, base);
   // Blanks around a name, say.
   if (patch == WorkspacePatch()) co_return discard();
+  FieldDraft::Version madeOn;
   const auto saved = co_await m_actions.perform<WorkspaceDetail>(
       {savingKey, m_workspace.value()->id},
-      [this, patch] { return Requests::updateWorkspace(patch, m_draft.version()); }, {},
-      [this](const WorkspaceDetail& answer) { take(answer); }, [this](const APIError& error) { return tell(error); });
+      [this, patch, &madeOn] {
+        madeOn = m_draft.version();
+        return Requests::updateWorkspace(patch, madeOn);
+      },
+      {},
+      [this, &madeOn](const WorkspaceDetail& answer) {
+        m_draft.taken(fieldsOf(answer), answer.version);
+        onSaved(answer, madeOn);
+      },
+      [this](const APIError& error) { return tell(error); });
   if (!saved) co_return;
   if (patch.timeZone || patch.opportunityValue) tellOfFigures();
-  // Its name stands in the sidebar too.
-  if (patch.name) services().program.rereadAccount();
   const bool isValue = m_tab == Tab::company;
   services().toasts.success(isValue ? u"Each opportunity now counts as $"_s +
                                           Format::grouped(saved->opportunityValue.value_or(0))

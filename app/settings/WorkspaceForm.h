@@ -38,6 +38,11 @@ class WorkspaceForm final : public Store {
 
   WorkspaceForm(Tab tab, Store& whole, Resource<WorkspaceDetail>& workspace);
 
+  /// The service took it: whoever shows the workspace follows. `madeOn` is the version that was changed.
+  std::function<void(const WorkspaceDetail& saved, FieldDraft::Version madeOn)> onSaved;
+  /// Whether the form is on the screen, where it tells of a failure itself.
+  std::function<bool()> isSeen;
+
   FieldDraft* draft() { return &m_draft; }
   Recovery* recovery() { return &m_recovery; }
   bool dirty() const { return m_draft.dirty(); }
@@ -56,14 +61,16 @@ class WorkspaceForm final : public Store {
   Q_INVOKABLE QList<orv::Choice> zones(const QString& text) const;
   Task<void> saveTask();
 
+  /// The workspace is this by now, changed by the person on `madeOn` where that is known.
+  void follow(const WorkspaceDetail& workspace, FieldDraft::Version madeOn = {});
+
   QStringList unsavedWork() const override;
 
  Q_SIGNALS:
   void changed();
 
  private:
-  void follow();
-  void take(const WorkspaceDetail& answer);
+  void followRead();
   void tellOfFigures();
   void setProblem(const QString& problem);
   /// True once it has been told.

@@ -21,7 +21,10 @@ Task<bool> askToDelete(Overlays& overlays, QString name) {
 Task<void> deleteForGood(std::shared_ptr<WorkspaceContext> context, QString name, OneShot<bool> done) {
   Services& services = context->services();
   const QString slug = context->workspace().slug;
+  using Deletion = Program::Deletion;
   std::optional<APIError> failure;
+  WorkspaceContext::Sending sending(*context);
+  services.program.deletesWorkspace(slug, Deletion::underWay);
   try {
     co_await context->api().send(Requests::deleteWorkspace());
   } catch (const APIError& error) {
@@ -30,13 +33,13 @@ Task<void> deleteForGood(std::shared_ptr<WorkspaceContext> context, QString name
   done.give(!failure);
   if (!failure) {
     // The context ends with this: what follows is the program's.
-    services.program.workspaceDeleted(slug);
+    services.program.deletesWorkspace(slug, Deletion::done);
     services.toasts.success(u"Deleted "_s + shownName(name));
     co_return;
   }
   services.toasts.failure(u"Couldn’t delete the workspace."_s, *failure);
-  // It may be gone all the same; the account knows.
-  if (mayHaveActed(*failure)) services.program.rereadAccount();
+  sending.failed();
+  services.program.deletesWorkspace(slug, mayHaveActed(*failure) ? Deletion::unknown : Deletion::refused);
 }
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 
 #include "app/base/SaveFile.h"
 #include "app/base/recordActions.h"
+#include "app/base/shownName.h"
 #include "kit/api/Format.h"
 #include "kit/api/wholeNumber.h"
 #include "kit/api/wipe.h"
@@ -28,8 +29,9 @@ Request<Empty> toArchive(const QString& id, bool) { return Requests::deleteSetup
 
 }  // namespace
 
-InboxSetupStore::InboxSetupStore(WorkspaceContext& context)
+InboxSetupStore::InboxSetupStore(WorkspaceContext& context, SaveFirst saveFirst)
     : Store(context),
+      m_saveFirst(std::move(saveFirst)),
       m_actions(context, m_busy, [this] { Store::refresh(); }),
       m_archive(context, m_actions, {.remove = toArchive, .restore = Requests::restoreSetupProject}, archiveWords()),
       m_list(*this, [this] { return api().send(Requests::listSetupProjects(false)); },
@@ -209,11 +211,17 @@ void InboxSetupStore::beginRename(const SetupProject& project) {
   m_rename.show(project.name, u"inboxSetup/"_s + project.id + u"/name"_s, project.version);
 }
 
-void InboxSetupStore::run(const QString& id) {
+Task<void> InboxSetupStore::runTask(QString id) {
+  if (!find(id) || !canWrite() || busyIds().contains(id)) co_return;
+  if (m_saveFirst) {
+    const auto mark = m_busy.mark(id);
+    const QString reason = co_await m_saveFirst(id);
+    if (!reason.isEmpty()) co_return (void) services().toasts.show({.message = reason, .tone = Toasts::Tone::error});
+  }
   const SetupProject* project = find(id);
-  if (!project || !canWrite() || busyIds().contains(id)) return;
+  if (!project) co_return;
   if (const auto problem = runProblem(setupFieldsOf(*project), project->hasPassword, {}, RunAskedOn::list))
-    return (void)services().toasts.show({.message = problem->sentence, .tone = Toasts::Tone::error});
+    co_return (void) services().toasts.show({.message = problem->sentence, .tone = Toasts::Tone::error});
   m_runs.start(*project);
 }
 
@@ -224,7 +232,9 @@ Task<void> InboxSetupStore::createTask(QString name, SetupMode mode) {
                               [&](const APIError& error) { return submission.fail(error.message()); });
   // Who has gone to another workspace meanwhile is not to be fetched back.
   const bool isHere = services().navigator.workspace() == context().workspace().slug;
-  if (made && submission.succeed() && isHere) open(made->id);
+  if (!made) co_return;
+  if (submission.succeed() && isHere) co_return open(made->id);
+  services().toasts.success(shownName(made->name) + u" created"_s);
 }
 
 Task<void> InboxSetupStore::renameTask(QString id, QString name) {
@@ -236,8 +246,11 @@ Task<void> InboxSetupStore::renameTask(QString id, QString name) {
   if (name == m_renamed.name) co_return m_rename.cancel();
   SetupProjectPatch patch;
   patch.name = name;
-  const auto build = [id, patch, version = m_renamed.version] {
-    return Requests::updateSetupProject(id, patch, version);
+  // A name that somebody else gave meanwhile is not overwritten unseen: the service refuses the older version.
+  const auto build = [this, patch, filled = m_renamed] {
+    const SetupProject* now = find(filled.id);
+    const bool isSame = now && now->name == filled.name;
+    return Requests::updateSetupProject(filled.id, patch, isSame ? now->version : filled.version);
   };
   const auto sentence = [](const APIError& error) {
     return isVersionConflict(error) ? u"This project changed since you opened it. Reload and try again."_s
@@ -313,9 +326,11 @@ QList<PageAction> InboxSetupStore::offered(const QString& record) {
                   }});
   actions.append({.key = u"credentials"_s,
                   .title = u"Export credentials"_s,
+                  .detail = credentialsText(),
                   .icon = u"document-export"_s,
                   .writes = true,
-                  .possible = isFree && project->lastRun && project->lastRun->connected > 0,
+                  .possible = isFree && project->lastRun,
+                  .whyNot = project->lastRun ? QString() : nothingRan(),
                   .run = [=, this] { exportCredentials(record, name); }});
   actions.append({.key = u"delete"_s,
                   .title = u"Delete"_s,

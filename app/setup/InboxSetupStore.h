@@ -28,7 +28,10 @@ class InboxSetupStore final : public Store {
  public:
   static constexpr std::chrono::seconds whileRunning{2}, otherwise{10};
 
-  explicit InboxSetupStore(WorkspaceContext& context);
+  /// Saves what somebody is typing on the project's page; gives why that failed, or nothing.
+  using SaveFirst = std::function<Task<QString>(QString id)>;
+
+  explicit InboxSetupStore(WorkspaceContext& context, SaveFirst saveFirst = {});
 
   Resource<SetupProjectPage>* list() { return &m_list; }
   Resource<SetupProjectPage>* archived() { return &m_archived; }
@@ -61,13 +64,14 @@ class InboxSetupStore final : public Store {
   Q_INVOKABLE void open(const QString& id) { context().openItem(Page::inboxSetup, id); }
   void beginRename(const SetupProject& project);
   /// Tells why it cannot run, or starts it.
-  void run(const QString& id);
+  void run(const QString& id) { m_tasks.start(runTask(id)); }
   void remove(const QString& id) { m_tasks.start(removeTask(id)); }
   void restore(const QString& id) { m_tasks.start(restoreTask(id)); }
   void exportCredentials(const QString& id, const QString& name) { m_tasks.start(exportTask(id, name)); }
 
   Task<void> createTask(QString name, SetupMode mode);
   Task<void> renameTask(QString id, QString name);
+  Task<void> runTask(QString id);
   Task<void> removeTask(QString id);
   Task<void> restoreTask(QString id);
   Task<void> exportTask(QString id, QString name);
@@ -87,6 +91,7 @@ class InboxSetupStore final : public Store {
   void followRuns();
   bool isRunning() const;
 
+  SaveFirst m_saveFirst;
   BusySet m_busy;
   Actions m_actions;
   Archive<SetupProject> m_archive;

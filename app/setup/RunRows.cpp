@@ -76,7 +76,7 @@ std::vector<Group> groupsOf(const SetupRun& run) {
   return groups;
 }
 
-RunRow domainRow(const Group& group, const SetupRun& run, bool hasUrl) {
+RunRow domainRow(const Group& group, bool hasUrl, bool isHeld) {
   RunRow shown;
   shown.id = u"domain:"_s + group.domain;
   shown.isDomain = true;
@@ -91,7 +91,7 @@ RunRow domainRow(const Group& group, const SetupRun& run, bool hasUrl) {
   }
   shown.countText = Format::grouped(done) + u" of "_s + Format::grouped(qint64(group.rows.size()));
   shown.canAuthorize = isWaitingForAdmin && hasUrl;
-  shown.canRetry = isOver && hasFailed && !run.control.isPaused();
+  shown.canRetry = isOver && hasFailed && !isHeld;
   return shown;
 }
 
@@ -101,10 +101,12 @@ void RunRows::show(const SetupRun& run, const QSet<QString>& folded) {
   QSet<QString> authorizable;
   for (const SetupRunDomain& each : run.domains)
     if (each.authorizeUrl) authorizable.insert(each.domain);
+  // One that is through is not held by a pause that nobody took back.
+  const bool isHeld = run.control.isPaused() && !run.isOver();
   std::vector<RunRow> rows;
   rows.reserve(size_t(run.rows.size() + run.domains.size()));
   for (const Group& group : groupsOf(run)) {
-    rows.push_back(domainRow(group, run, authorizable.contains(group.domain)));
+    rows.push_back(domainRow(group, authorizable.contains(group.domain), isHeld));
     rows.back().folded = folded.contains(group.domain);
     if (rows.back().folded) continue;
     for (const SetupRow* row : group.rows) rows.push_back(inboxRow(*row));

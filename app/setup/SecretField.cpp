@@ -56,6 +56,8 @@ void SecretField::keep() {
 void SecretField::follow(bool stored) {
   if (std::exchange(m_stored, stored) == stored) return;
   if (!stored) m_clearing = false;
+  // What is being typed is to take the place of the one that has come.
+  if (stored && !m_text.isEmpty()) m_replacing = true;
   Q_EMIT changed();
 }
 

@@ -17,6 +17,11 @@ constexpr int inboxesADomain = 3;
 /// More of what could not be read is not repeated.
 constexpr qsizetype othersShown = 3;
 
+QStringList sorted(QStringList domains) {
+  domains.sort();
+  return domains;
+}
+
 }  // namespace
 
 SetupDomains::SetupDomains(QString id, Actions& actions, Resource<SetupProject>& project, SetupForm& form, Store& whole)
@@ -71,21 +76,39 @@ QString SetupDomains::add(const QString& text) {
   return pasted.others.join(u' ');
 }
 
+void SetupDomains::setTyped(const QString& text) {
+  if (std::exchange(m_typed, text) == text) return;
+  m_problem.clear();
+  if (text.contains(u'\n')) return addTyped();
+  Q_EMIT changed();
+}
+
+void SetupDomains::addTyped() {
+  if (m_typed.isEmpty()) return;
+  m_typed = add(m_typed);
+  Q_EMIT changed();
+}
+
 void SetupDomains::remove(const QString& domain) {
   QStringList domains = m_form.draft()->typed().domains;
   if (domains.removeOne(domain)) m_form.set(u"domains"_s, domains);
-}
-
-void SetupDomains::clearProblem() {
-  if (!std::exchange(m_problem, {}).isEmpty()) Q_EMIT changed();
 }
 
 Task<void> SetupDomains::restoreTask(QString domain) {
   const auto mark = m_busy.mark(domain);
   if (!mark || !canWrite()) co_return;
   const auto build = [id = m_id, domain] { return Requests::restoreSetupDomain(id, {domain}); };
-  const auto restored =
-      co_await m_actions.perform<SetupProject>({m_id + u'/' + domain, m_id}, build, u"Couldn’t restore "_s + domain);
+  // The request names no version by which the form would know whose doing this is.
+  const auto putBack = [this, domain](const SetupProject& answer) {
+    auto& draft = *m_form.draft();
+    SetupFields known = draft.base();
+    if (!known.domains.contains(domain)) known.domains.append(domain);
+    // In the service's order.
+    if (sorted(known.domains) == sorted(answer.domains)) known.domains = answer.domains;
+    draft.rebase(known, draft.version(), draft.version());
+  };
+  const auto restored = co_await m_actions.perform<SetupProject>({m_id + u'/' + domain, m_id}, build,
+                                                                 u"Couldn’t restore "_s + domain, putBack);
   if (!restored) co_return;
   // Where the list was being changed here, that stands beside it.
   QStringList domains = m_form.draft()->typed().domains;

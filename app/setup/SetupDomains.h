@@ -28,6 +28,7 @@ class SetupDomains final : public Store {
   Q_OBJECT
   Q_PROPERTY(orv::ListModel* rows READ rows CONSTANT)
   Q_PROPERTY(orv::ListModel* archivedRows READ archivedRows CONSTANT)
+  Q_PROPERTY(QString typed READ typed WRITE setTyped NOTIFY changed)
   Q_PROPERTY(QString problem READ problem NOTIFY changed)
   Q_PROPERTY(QString countText READ countText NOTIFY changed)
   Q_PROPERTY(bool lookingUp READ lookingUp NOTIFY changed)
@@ -40,6 +41,9 @@ class SetupDomains final : public Store {
   DomainRows* rows() { return &m_rows; }
   int count() const { return m_rows.rowCount(); }
   DomainRows* archivedRows() { return &m_archivedRows; }
+  /// In the field that adds domains; what is pasted joins the list at once.
+  const QString& typed() const { return m_typed; }
+  void setTyped(const QString& text);
   /// What of the pasted text is no domain.
   const QString& problem() const { return m_problem; }
   /// "Three inboxes a domain, 24 in all."; empty where none are made.
@@ -50,9 +54,11 @@ class SetupDomains final : public Store {
   QStringList busyDomains() const { return m_busy.ids().values(); }
 
   /// What is left of the text once its domains have joined the list.
-  Q_INVOKABLE QString add(const QString& text);
+  QString add(const QString& text);
+  /// What was typed is meant, although no Enter ended it.
+  Q_INVOKABLE void addTyped();
+  Q_INVOKABLE void clear() { setTyped({}); }
   Q_INVOKABLE void remove(const QString& domain);
-  Q_INVOKABLE void clearProblem();
   Q_INVOKABLE void restore(const QString& domain) { m_tasks.start(restoreTask(domain)); }
   Q_INVOKABLE void lookUp() { m_tasks.start(lookUpTask()); }
   Q_INVOKABLE void connectRegistrar();
@@ -76,6 +82,7 @@ class SetupDomains final : public Store {
   QMap<QString, QString> m_registrars;
   /// Domains that somebody has asked about.
   QSet<QString> m_lookedUp;
+  QString m_typed;
   QString m_problem;
   bool m_showArchived = false;
 };

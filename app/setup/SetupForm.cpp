@@ -1,5 +1,6 @@
 #include "app/setup/SetupForm.h"
 
+#include <QPointer>
 #include <algorithm>
 
 #include "app/base/EmailAddress.h"
@@ -41,6 +42,12 @@ bool SetupForm::canSave() const {
   return canWrite() && dirty() && !saving() && m_project.value() && !m_project.value()->archivedAt;
 }
 
+QString SetupForm::conflict() const {
+  QStringList fields;
+  for (const QString& field : m_draft.rivals().keys()) fields.append(setupFieldLabel(field));
+  return rivalsTold(fields);
+}
+
 QString SetupForm::savedText() const {
   if (!m_savedAt.isValid()) return {};
   return u"Saved "_s + QLocale().toString(m_savedAt.toLocalTime().time(), u"HH:mm"_s);
@@ -60,6 +67,8 @@ void SetupForm::follow() {
   m_password.follow(project->hasPassword);
   m_newPassword.follow(project->hasNewPassword);
   m_recoveryEmail.follow(project->hasRecovery);
+  // What a refusal itself has read again leaves its sentence standing: it says why nothing was saved.
+  if (!std::exchange(m_readsAgain, false) && m_problem == stale) setProblem({});
   Q_EMIT changed();
 }
 
@@ -112,8 +121,9 @@ SetupProjectPatch SetupForm::patch(const SetupFields& base, const SetupFields& n
 }
 
 Task<void> SetupForm::saveTask() {
-  if (!canSave() || !check()) co_return;
+  if (!canSave()) co_return;
   setProblem({});
+  if (!check()) co_return Q_EMIT refused();
   const SetupFields sent = m_draft.sending(), base = m_draft.base();
   SetupProjectPatch changes = patch(base, sent);
   // Blanks around a name, say.
@@ -137,10 +147,15 @@ Task<void> SetupForm::saveTask() {
       [this](const APIError& error) {
         m_draft.failed(error);
         const bool isMute = error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
-        if (isVersionConflict(error))
+        if (isVersionConflict(error)) {
           setProblem(stale);
-        else if (!isMute)
+          // A list that knew of the other change before has nothing new to tell of it.
+          m_readsAgain = true;
+          m_project.load();
+        } else if (!isMute) {
           setProblem(u"Couldn’t save. "_s + error.message());
+        }
+        if (!isMute) Q_EMIT refused();
         return true;
       });
   if (!saved) co_return;
@@ -161,17 +176,37 @@ void SetupForm::show(const std::optional<RunProblem>& problem) {
   m_draft.setProblems(problems);
 }
 
+/// Waits for the end of a save; false when it failed.
+Task<bool> SetupForm::settled() {
+  const QPointer form(this);
+  RecordTurns& turns = context().turns();
+  const QString record = m_id;
+  while (form && form->saving()) {
+    const auto turn = co_await turns.next(record);
+    if (!turn) co_return false;
+  }
+  co_return form && form->m_problem.isEmpty();
+}
+
+Task<bool> SetupForm::saveAll() {
+  const QPointer form(this);
+  if (saving() && !co_await settled()) co_return false;
+  form->save();
+  co_return co_await form->settled() && !form->dirty();
+}
+
 Task<bool> SetupForm::readyToRun() {
-  if (!m_project.value() || !canWrite() || saving()) co_return false;
+  if (!m_project.value() || !canWrite()) co_return false;
+  // What it saves is what is to run.
+  if (saving() && !co_await settled()) co_return false;
   const auto problem =
       runProblem(m_draft.typed(), m_password.willBeStored(), m_newPassword.text(), RunAskedOn::project);
+  setProblem({});
   if (problem) {
     show(problem);
     co_return false;
   }
-  setProblem({});
-  if (dirty()) co_await saveTask();
-  co_return !dirty() && m_problem.isEmpty();
+  co_return co_await saveAll();
 }
 
 QStringList SetupForm::unsavedWork() const {

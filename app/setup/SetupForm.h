@@ -40,7 +40,7 @@ class SetupForm final : public Store {
   /// Why the last save, or the last wish to run, came to nothing.
   const QString& problem() const { return m_problem; }
   /// What somebody else made of fields that were changed here as well.
-  QString conflict() const { return rivalsTold(m_draft.rivals().keys()); }
+  QString conflict() const;
   /// "Saved 09:41"; empty before something was saved here.
   QString savedText() const;
   QList<Choice> tags() const;
@@ -51,6 +51,9 @@ class SetupForm final : public Store {
   Q_INVOKABLE void discard();
   Q_INVOKABLE void save() { m_tasks.start(saveTask()); }
   Task<void> saveTask();
+  /// Saves what is unsaved, behind a save that is under way; true when nothing is left. This object may go while the
+  /// task waits, which then gives false.
+  Task<bool> saveAll();
   /// Saves what is unsaved; then, or otherwise, whether the project can run. What keeps it from that is shown.
   Task<bool> readyToRun();
 
@@ -60,12 +63,15 @@ class SetupForm final : public Store {
 
  Q_SIGNALS:
   void changed();
+  /// A save, or a wish to run, came to nothing: what is in its way may stand where nobody looks.
+  void refused();
 
  private:
   void follow();
   void show(const std::optional<RunProblem>& problem);
   void setProblem(const QString& problem);
   bool check();
+  Task<bool> settled();
   SetupProjectPatch patch(const SetupFields& base, const SetupFields& now) const;
   QList<SecretField*> secrets() { return {&m_password, &m_newPassword, &m_recoveryEmail}; }
 
@@ -79,6 +85,8 @@ class SetupForm final : public Store {
   SecretField m_newPassword;
   SecretField m_recoveryEmail;
   QString m_problem;
+  /// A refused save has the project read.
+  bool m_readsAgain = false;
   QDateTime m_savedAt;
 };
 

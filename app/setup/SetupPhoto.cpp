@@ -101,13 +101,20 @@ Task<void> SetupPhoto::uploadTask(QString path) {
 Task<void> SetupPhoto::removeTask() {
   const auto mark = m_busy.mark(u"photo"_s);
   if (!mark || !stored() || !canWrite()) co_return;
-  const auto build = [id = m_id] { return Requests::removeSetupPhoto(id); };
-  if (!co_await m_actions.perform<Empty>({m_id + u"/photo"_s, m_id}, build, u"Couldn’t remove the photo."_s)) co_return;
+  const auto failure = u"Couldn’t remove the photo."_s;
+  // The answer brings no record: who saves next is to wait for the version that this makes.
+  const auto turn = co_await context().turns().next(m_id);
+  if (!turn)
+    co_return (void) services().toasts.show(
+        {.message = failure, .tone = Toasts::Tone::error, .detail = deletedMeanwhile()});
+  if (!co_await m_actions.send(Requests::removeSetupPhoto(m_id), failure)) co_return;
   ++m_seen;
   m_source.clear();
   m_project.update([](SetupProject& project) { project.hasPhoto = false; });
-  m_project.load();
   services().toasts.success(u"Photo removed"_s);
+  const auto read =
+      co_await m_actions.send(Requests::getSetupProject(m_id), {}, {}, [](const APIError&) { return true; });
+  if (!read) m_project.markStale();
 }
 
 }  // namespace orv

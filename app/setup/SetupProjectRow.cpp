@@ -9,8 +9,6 @@ namespace orv {
 
 ORV_DEFINE_ROW(SetupProjectRow)
 
-namespace {}  // namespace
-
 SetupProjectRow setupRowOf(const SetupProject& project) {
   SetupProjectRow row;
   row.id = project.id;

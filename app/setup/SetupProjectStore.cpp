@@ -120,8 +120,7 @@ QString SetupProjectStore::mainAction() const {
   if (isArchived()) return u"restore"_s;
   const auto last = lastRun();
   if (!last || last->control.isTerminated()) return u"run"_s;
-  if (last->control.isPaused()) return u"resume"_s;
-  if (last->isOpen()) return u"pause"_s;
+  if (last->isOpen()) return last->control.isPaused() ? u"resume"_s : u"pause"_s;
   return known() && last->failed > 0 ? u"again"_s : u"run"_s;
 }
 
@@ -131,9 +130,7 @@ QString SetupProjectStore::runState() const {
   return runs().of(m_id).asked && !runs().of(m_id).loading ? u"empty"_s : u"loading"_s;
 }
 
-QString SetupProjectStore::runEmptyTitle() const {
-  return known() ? u"The run is getting ready."_s : u"Nothing has run yet."_s;
-}
+QString SetupProjectStore::runEmptyTitle() const { return known() ? u"The run is getting ready."_s : nothingRan(); }
 
 QString SetupProjectStore::runEmptyText() const {
   if (known()) return {};
@@ -195,16 +192,14 @@ void SetupProjectStore::authorize(const QString& domain) {
 Task<void> SetupProjectStore::runTask() {
   if (busy() || !isEditable()) co_return;
   m_starting = true;
+  m_domains.addTyped();
   Q_EMIT changed();
   const bool isReady = co_await m_form.readyToRun();
   m_starting = false;
   Q_EMIT changed();
-  if (!isReady) {
-    // What keeps it from running is said there.
-    setTab(enumName(Tab::project));
-    co_return;
-  }
-  setTab(enumName(Tab::run));
+  // What keeps it from running is said with the project.
+  setTab(enumName(isReady ? Tab::run : Tab::project));
+  if (!isReady) co_return Q_EMIT m_form.refused();
   runs().start(*m_project.value());
 }
 
@@ -264,13 +259,13 @@ QList<PageAction> SetupProjectStore::rowActions(const RunRow& row, bool isFree) 
       {.key = u"authorize"_s,
        .title = u"Authorize"_s,
        .icon = u"internet-services"_s,
-       .possible = whole.canAuthorize,
+       .possible = isEditable() && whole.canAuthorize,
        .run = [this, domain] { authorize(domain); }},
       {.key = u"retry"_s,
        .title = u"Run this domain"_s,
        .icon = u"media-playback-start"_s,
        .writes = true,
-       .possible = isFree && whole.canRetry,
+       .possible = isFree && isEditable() && whole.canRetry,
        .run = [this, domain] { retryDomain(domain); }},
       {.key = u"fold"_s,
        .title = isFolded ? u"Show its inboxes"_s : u"Fold its inboxes"_s,
@@ -293,7 +288,6 @@ QList<PageAction> SetupProjectStore::offered(const QString& record) {
                     .icon = u"edit-undo"_s,
                     .writes = true,
                     .possible = isFree,
-                    .inMenu = false,
                     .run = [this] { m_list.restore(m_id); }});
     return actions;
   }
@@ -308,9 +302,11 @@ QList<PageAction> SetupProjectStore::offered(const QString& record) {
                   }});
   actions.append({.key = u"credentials"_s,
                   .title = u"Export credentials"_s,
+                  .detail = credentialsText(),
                   .icon = u"document-export"_s,
                   .writes = true,
-                  .possible = lastRun() && lastRun()->connected > 0,
+                  .possible = lastRun().has_value(),
+                  .whyNot = lastRun() ? QString() : nothingRan(),
                   .run = [this] { m_list.exportCredentials(m_id, m_project.value()->name); }});
   actions.append({.key = u"registrars"_s,
                   .title = u"Look up registrars"_s,

@@ -1,5 +1,6 @@
 #include "app/setup/SetupRules.h"
 
+#include <QHash>
 #include <QSet>
 
 #include "kit/api/Format.h"
@@ -56,6 +57,16 @@ SetupFields setupFieldsOf(const SetupProject& project) {
           numberText(project.minWaitMinutes),
           project.tags,
           project.domains};
+}
+
+QString setupFieldLabel(const QString& field) {
+  static const QHash<QString, QString> labels{{u"admin"_s, u"Admin username"_s}, {u"firstName"_s, u"First name"_s},
+                                              {u"lastName"_s, u"Last name"_s},   {u"user2"_s, u"Inbox 2"_s},
+                                              {u"user3"_s, u"Inbox 3"_s},        {u"senderName"_s, u"Sender name"_s},
+                                              {u"signature"_s, u"Signature"_s},  {u"dailyLimit"_s, u"Daily limit"_s},
+                                              {u"minWait"_s, u"Minimum wait"_s}, {u"tags"_s, u"Tags"_s},
+                                              {u"domains"_s, u"Domains"_s}};
+  return labels.value(field, field);
 }
 
 QVariantMap problemsIn(const SetupFields& fields) {
@@ -162,15 +173,13 @@ QString projectNameProblem(const QString& name) {
 QString runSummary(const std::optional<SetupLastRun>& run) {
   if (!run) return u"Not run yet"_s;
   if (run->control.isTerminated()) return u"Stopped"_s;
-  if (run->control.isPaused()) return u"Paused"_s;
-  if (run->isOpen()) return u"Running"_s;
+  if (run->isOpen()) return run->control.isPaused() ? u"Paused"_s : u"Running"_s;
   return run->failed > 0 ? Format::grouped(run->failed) + u" failed"_s : u"Complete"_s;
 }
 
 QString runSummaryTone(const std::optional<SetupLastRun>& run) {
   if (!run || run->control.isTerminated()) return u"neutral"_s;
-  if (run->control.isPaused()) return u"warning"_s;
-  if (run->isOpen()) return u"accent"_s;
+  if (run->isOpen()) return run->control.isPaused() ? u"warning"_s : u"accent"_s;
   return run->failed > 0 ? u"negative"_s : u"positive"_s;
 }
 

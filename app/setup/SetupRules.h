@@ -36,6 +36,8 @@ BOOST_DESCRIBE_STRUCT(SetupFields, (),
                        domains))
 
 SetupFields setupFieldsOf(const SetupProject& project);
+/// As the form calls the field.
+QString setupFieldLabel(const QString& field);
 /// A sentence for each field that cannot be saved as it is.
 QVariantMap problemsIn(const SetupFields& fields);
 /// What of it is other than before; the secrets are not among it.
@@ -68,6 +70,12 @@ PastedDomains pastedDomains(const QString& text);
 
 /// "Keep it 2 to 80 characters" for a name that is shorter or longer; empty for others.
 QString projectNameProblem(const QString& name);
+/// What "Export credentials" writes.
+inline QString credentialsText() {
+  return QStringLiteral("A CSV of every connected inbox with its password, for the sending tool.");
+}
+/// Why there is nothing to show, or to export.
+inline QString nothingRan() { return QStringLiteral("Nothing has run yet."); }
 /// "Not run yet", "Running", "2 failed".
 QString runSummary(const std::optional<SetupLastRun>& run);
 QString runSummaryTone(const std::optional<SetupLastRun>& run);

@@ -28,18 +28,26 @@ bool standsStill(const SetupRun& run) {
   return waits;
 }
 
+bool isToldAs(const SetupLastRun& last, const SetupRun& run) {
+  const SetupLastRun read = countedRun(run);
+  return last.connected == read.connected && last.failed == read.failed && last.running == read.running &&
+         last.control == read.control;
+}
+
 }  // namespace
 
 SetupRuns::SetupRuns(WorkspaceContext& context, Store& whole)
     : Store(context, &whole), m_actions(context, m_busy, [this] {
-        // What an action may have done the next reading tells.
+        // What an action may have done the next reading tells. No poller asks about one that was to begin.
+        QSet<QString> projects = m_busy.ids();
         for (const auto& [project, followed] : std::as_const(m_runs).asKeyValueRange())
-          if (followed.run && !m_closed.contains(followed.run->id)) reload(project);
+          if (followed.run && !m_closed.contains(followed.run->id)) projects.insert(project);
+        for (const QString& project : std::as_const(projects)) reload(project);
+        Q_EMIT acted();
       }) {
-  // The service stops the run of a project that is archived, also one that had come to its end.
+  // The service stops the run of a project that is archived, also one that had come to its end; its page may stay open.
   context.changes().watch<SetupProject>(this, [this](const Change<SetupProject>& change) {
-    const auto known = m_runs.find(change.id);
-    if (change.kind == Change<SetupProject>::Kind::gone && known != m_runs.end()) known->asked = false;
+    if (change.kind == Change<SetupProject>::Kind::gone && m_runs.contains(change.id)) reload(change.id);
   });
 }
 
@@ -63,9 +71,13 @@ void SetupRuns::follow(const QString& projectId, const std::optional<SetupLastRu
   if (last) count(last->id, last->connected);
   if (!last || !known.asked || known.loading) return;
   const bool isOther = !known.run || known.run->id != last->id;
-  // It was set going again elsewhere.
-  const bool goesOn = m_closed.contains(last->id) && last->isOpen() && !m_busy.contains(projectId);
-  if (isOther || goesOn) reload(projectId);
+  // It was set going again elsewhere, and may have ended since. Where the service's two answers never agree, asking
+  // without end would not help.
+  const bool wentOn = !isOther && m_closed.contains(last->id) && !m_busy.contains(projectId) &&
+                      (last->isOpen() || !isToldAs(*last, *known.run)) &&
+                      (known.heard != last || !known.failure.isEmpty());
+  if (wentOn) m_runs[projectId].heard = last;
+  if (isOther || wentOn) reload(projectId);
 }
 
 Task<void> SetupRuns::loadTask(QString projectId) {

@@ -31,6 +31,8 @@ class SetupRuns final : public Store {
     bool loading = false;
     /// Why there is no answer; empty once there was one.
     QString failure;
+    /// What the list said of it when that last had it read again.
+    std::optional<SetupLastRun> heard;
   };
 
   SetupRuns(WorkspaceContext& context, Store& whole);
@@ -44,7 +46,7 @@ class SetupRuns final : public Store {
   void open(const QString& projectId);
   /// Asks again.
   void reload(const QString& projectId) { m_tasks.start(loadTask(projectId)); }
-  /// The list knows of a newer one.
+  /// The list knows of a newer one, or of what has become of this one since it ended.
   void follow(const QString& projectId, const std::optional<SetupLastRun>& last);
 
   /// The project as the service has it; it has no problem that keeps it from running.
@@ -69,7 +71,7 @@ class SetupRuns final : public Store {
  Q_SIGNALS:
   /// Of that project.
   void changed(const QString& projectId);
-  /// Somebody here set one going, or stopped it: the list counts it anew.
+  /// Somebody here set one going, or stopped it, or may have: the list counts it anew.
   void acted();
 
  private:

@@ -53,15 +53,18 @@ AppModel::AppModel(Platform platform, QObject* parent)
                  m_program},
       m_workspaces(m_sessionApi, m_services),
       m_openPage(m_router),
-      m_departure(
-          m_platform.clock, m_overlays, m_jobs,
-          {.unsaved = [this] { return m_workspaces.unsavedWork(); }, .flush = [this] { return m_workspaces.flush(); }}),
+      m_departure(m_platform.clock, m_overlays, m_jobs,
+                  {.unsaved = [this] { return m_workspaces.unsavedWork(); },
+                   .flush = [this] { return m_workspaces.flush(); },
+                   .sending = [this] { return m_workspaces.isSending(); }}),
       m_notifier(m_platform.clock, m_platform.preferences, m_router, m_platform.notifications,
                  [this] { return m_account.unread(m_stored->token); }) {
   connect(&m_departure, &Departure::closable, this, &AppModel::closable);
+  connect(&m_departure, &Departure::stayed, this, [this] { m_startsAgain = false; });
   connect(&m_appearance, &Appearance::sizeChosen, this, &AppModel::tellSize);
   m_account.onRead = [this](const MeResponse& account) { applyAccount(account); };
   m_account.onEnded = [this](const QString& token) { endSession(token); };
+  m_workspaces.onSent = [this](bool anyFailed) { m_departure.sent(anyFailed); };
   m_workspaces.onSessionEnded = [this](const QString& token) { endSession(token); };
   m_router.onWorkspaceAsked = [this](const QString& slug) { openWorkspace(slug); };
   m_notifier.onPlaceAsked = [this](Page page, const PagePlace& place) { m_router.open(page, place); };
@@ -216,30 +219,50 @@ void AppModel::tryAgain() {
 
 void AppModel::applyAccount(const MeResponse& account) {
   m_stored->user = *account.user;
-  m_stored->workspaces = account.workspaces;
-  if (account.workspaces.isEmpty()) return leaveForNoWorkspace();
-  m_workspaces.update(account.workspaces);
-  const auto open = std::ranges::find(account.workspaces, m_current->slug, &WorkspaceSummary::slug);
-  if (open == account.workspaces.end())
+  m_stored->workspaces = theirs(account.workspaces);
+  if (m_stored->workspaces.isEmpty()) return leaveForNoWorkspace();
+  m_workspaces.update(m_stored->workspaces);
+  const auto open = std::ranges::find(m_stored->workspaces, m_current->slug, &WorkspaceSummary::slug);
+  if (open == m_stored->workspaces.end())
     leaveWorkspace(*m_current);
   else
     m_current = *open;
-  m_workspaces.keepOnly(m_stored->workspaces);
+  m_workspaces.keepOnly(m_stored->workspaces, m_deletions.keys());
+  m_deletions.removeIf([](const auto& deletion) { return deletion.value() == Program::Deletion::unknown; });
   m_keeper.keep(*m_stored);
   Q_EMIT changed();
+}
+
+/// Of a workspace that is being deleted the answer is still to come, and whoever waits for it with it.
+QList<WorkspaceSummary> AppModel::theirs(QList<WorkspaceSummary> said) const {
+  for (const WorkspaceSummary& known : m_stored->workspaces) {
+    const auto deletion = m_deletions.constFind(known.slug);
+    const bool isUnderWay = deletion != m_deletions.cend() && *deletion == Program::Deletion::underWay;
+    if (isUnderWay && std::ranges::find(said, known.slug, &WorkspaceSummary::slug) == said.end()) said.append(known);
+  }
+  return said;
 }
 
 void AppModel::rereadAccount() {
   if (m_stored) m_account.readAnew(m_stored->token);
 }
 
-void AppModel::workspaceDeleted(const QString& slug) {
+void AppModel::deletesWorkspace(const QString& slug, Program::Deletion deletion) {
   if (!m_stored) return;
+  if (deletion == Program::Deletion::underWay || deletion == Program::Deletion::unknown)
+    m_deletions.insert(slug, deletion);
+  else
+    m_deletions.remove(slug);
+  if (deletion == Program::Deletion::done) workspaceDeleted(slug);
+  if (deletion == Program::Deletion::unknown) rereadAccount();
+}
+
+void AppModel::workspaceDeleted(const QString& slug) {
   m_stored->workspaces.removeIf([&slug](const WorkspaceSummary& workspace) { return workspace.slug == slug; });
   if (m_stored->workspaces.isEmpty()) return leaveForNoWorkspace();
   // Screens let go of their stores before the stores go.
   if (m_current && m_current->slug == slug) openWorkspace(m_stored->workspaces.first().slug);
-  m_workspaces.keepOnly(m_stored->workspaces);
+  m_workspaces.keepOnly(m_stored->workspaces, {slug});
   m_keeper.keep(*m_stored);
   rereadAccount();
   Q_EMIT changed();
@@ -252,12 +275,12 @@ void AppModel::leaveForNoWorkspace() {
 }
 
 void AppModel::leaveWorkspace(WorkspaceSummary lost) {
-  const QString unsaved = m_session->unsavedWork().join(u'\n');
+  const bool isUnsaved = !m_session->unsavedWork().isEmpty();
   // Screens let go of their stores before the stores go.
   openWorkspace(m_stored->workspaces.first().slug);
-  m_toasts.show({.message = u"You’re no longer in "_s + shownName(lost.name),
-                 .tone = Toasts::Tone::error,
-                 .detail = unsaved.isEmpty() ? u"Somebody there took you out of it."_s : unsaved});
+  if (m_deletions.contains(lost.slug)) return m_toasts.success(u"Deleted "_s + shownName(lost.name));
+  // Of what was not saved whoever lets go of it tells.
+  if (!isUnsaved) m_workspaces.tellOfLost(shownName(lost.name), {});
 }
 
 void AppModel::signOut() {
@@ -326,7 +349,10 @@ void AppModel::leave(Leaving why) {
   // Before the stores go: they have what was typed.
   why == Leaving::byChoice ? m_journal.forget() : m_journal.close();
   m_account.cancel();
+  m_deletions.clear();
   m_notifier.leave();
+  m_program.setLogShown(false);
+  m_program.setChangelogShown(false);
   m_overlays.dismissAll();
   m_toasts.clear();
   m_stored.reset();

@@ -96,12 +96,14 @@ class AppModel final : public QObject {
   Q_INVOKABLE void refreshAccount();
   /// The person changed their name, a workspace's, or a role.
   void rereadAccount();
-  /// The person deleted it: another one opens, or the sign-in says that there is none.
-  void workspaceDeleted(const QString& slug);
+  /// See Program::deletesWorkspace().
+  void deletesWorkspace(const QString& slug, Program::Deletion deletion);
   /// Once it has ended, the person wants it to begin again.
   bool startsAgain() const { return m_startsAgain; }
   /// A sign-out or a save is under way that the person would miss if the program ended now.
-  bool isFinishing() const { return !m_keeper.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle(); }
+  bool isFinishing() const {
+    return !m_keeper.isIdle() || !m_farewells.isIdle() || !m_journal.isIdle() || m_workspaces.isSending();
+  }
 
  Q_SIGNALS:
   void changed();
@@ -117,6 +119,8 @@ class AppModel final : public QObject {
   void applyAccount(const MeResponse& account);
   /// They are in no workspace any more.
   void leaveForNoWorkspace();
+  QList<WorkspaceSummary> theirs(QList<WorkspaceSummary> said) const;
+  void workspaceDeleted(const QString& slug);
   /// The open workspace is none of theirs any more.
   void leaveWorkspace(WorkspaceSummary lost);
   /// What was being typed when the program last ended, and is not on the screen.
@@ -159,6 +163,8 @@ class AppModel final : public QObject {
   /// When the session ended that the keychain still holds.
   std::optional<QDateTime> m_doubted;
   std::optional<WorkspaceSummary> m_current;
+  /// Workspaces that the person deletes, by their slugs, until it is known what came of it.
+  QHash<QString, Program::Deletion> m_deletions;
   WorkspaceSession* m_session = nullptr;
   WarmWorkspaces m_workspaces;
   OpenPage m_openPage;

@@ -26,7 +26,7 @@ int score(const Command& command, const QStringList& words) {
   return total;
 }
 
-bool isRecord(const Command& command) { return command.id.startsWith("record."_L1); }
+bool isRecord(const QString& id) { return id.startsWith("record."_L1); }
 
 /// Of so many records that some of the words name, what can be done is looked through.
 constexpr qsizetype subjectsAtMost = 8;
@@ -50,17 +50,42 @@ void CommandPalette::prepare() {
   m_subject.clear();
   show();
   Q_EMIT queryChanged();
+  // What was chosen lately may be of a list that has not been read yet.
+  const auto isFound = [this](const QString& id) {
+    return std::ranges::find(m_commands, id, &Command::id) != m_commands.end();
+  };
+  const QStringList chosen = m_preferences.recentCommands();
+  if (std::ranges::any_of(chosen, [&](const QString& id) { return isRecord(id) && !isFound(id); })) Q_EMIT searching();
 }
 
 void CommandPalette::renew() {
   m_commands = m_source();
-  // Who looks at what they chose last is not disturbed, nor is who has a row in mind while it stays where it is.
-  if (m_query.isEmpty() || !m_subject.isEmpty()) return;
-  QList<Command> now = matches();
-  if (std::ranges::equal(now, m_shown, {}, &Command::id, &Command::id))
-    m_shown = std::move(now);
-  else
-    show();
+  if (m_subject.isEmpty()) follow(matches());
+}
+
+/// Row by row: somebody may have one of them in mind, and press Enter the next moment.
+void CommandPalette::follow(QList<Command> now) {
+  const auto isSame = [](const Command& one, const Command& other) {
+    return one.id == other.id && one.title == other.title && one.group == other.group;
+  };
+  for (int row = int(m_shown.size()) - 1; row >= 0; --row) {
+    if (std::ranges::any_of(now, [&](const Command& command) { return isSame(command, m_shown[row]); })) continue;
+    beginRemoveRows({}, row, row);
+    m_shown.removeAt(row);
+    endRemoveRows();
+  }
+  for (int row = 0; row < now.size(); ++row) {
+    if (row < m_shown.size() && isSame(m_shown[row], now[row])) {
+      m_shown[row] = now[row];
+      continue;
+    }
+    // In another order.
+    if (std::any_of(m_shown.cbegin() + row, m_shown.cend(), [&](const auto& one) { return isSame(one, now[row]); }))
+      return show();
+    beginInsertRows({}, row, row);
+    m_shown.insert(row, now[row]);
+    endInsertRows();
+  }
 }
 
 bool CommandPalette::choose(int row) {
@@ -108,7 +133,7 @@ QList<Command> CommandPalette::suggestions() const {
   // A workspace may have thousands of records; nobody reads through them to find the pages behind.
   QList<Command> shown;
   for (const Command& command : m_commands)
-    if (!isRecord(command)) shown.append(command);
+    if (!isRecord(command.id)) shown.append(command);
   return shown;
 }
 
@@ -121,7 +146,7 @@ QList<Command> CommandPalette::deeds(const QStringList& words) const {
   };
   QList<Subject> subjects;
   for (const Command& command : m_commands) {
-    if (!command.more || !isRecord(command)) continue;
+    if (!command.more || !isRecord(command.id)) continue;
     Subject subject{&command, 0, {}};
     const QString title = command.title.toLower();
     for (const QString& word : words) {

@@ -67,6 +67,7 @@ class CommandPalette final : public ListModel {
   QList<Command> suggestions() const;
   QList<Command> matches() const;
   QList<Command> deeds(const QStringList& words) const;
+  void follow(QList<Command> now);
   void remember(const QString& id);
   void show();
 

@@ -30,7 +30,11 @@ Departure::Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QO
   connect(&jobs, &Jobs::changed, this, &Departure::jobsChanged);
 }
 
-QStringList Departure::lines() const { return m_work.unsaved() + m_jobs.unsavedWork(); }
+QStringList Departure::lines() const {
+  QStringList lines = m_work.unsaved() + m_jobs.unsavedWork();
+  if (lines.isEmpty() && m_work.sending()) lines.append(u"A change is still being sent."_s);
+  return lines;
+}
 
 void Departure::go(Words words, std::function<void()> then) {
   m_closing = false;
@@ -38,7 +42,10 @@ void Departure::go(Words words, std::function<void()> then) {
 }
 
 Task<void> Departure::goTask(Words words, std::function<void()> then) {
-  if (co_await mayGo(std::move(words))) then();
+  if (co_await mayGo(std::move(words)))
+    then();
+  else
+    Q_EMIT stayed();
 }
 
 bool Departure::mayClose() {
@@ -49,7 +56,7 @@ bool Departure::mayClose() {
 }
 
 Task<void> Departure::closeTask() {
-  const bool cutsOff = m_jobs.running() > 0;
+  const bool cutsOff = !isQuiet();
   const bool goes =
       co_await mayGo({.question = u"Close without saving?"_s,
                       .confirm = u"Close"_s,
@@ -57,7 +64,7 @@ Task<void> Departure::closeTask() {
                                        : u"What you wrote is kept on this computer for when you’re back."_s,
                       .now = u"Close now"_s});
   m_closing = false;
-  if (!goes) co_return;
+  if (!goes) co_return Q_EMIT stayed();
   m_closable = true;
   Q_EMIT closable();
 }
@@ -97,8 +104,8 @@ Task<bool> Departure::ask() {
 Task<void> Departure::save() {
   if (!m_work.unsaved().isEmpty() && !co_await m_work.flush()) co_return choose(Choice::notSaved);
   Q_EMIT changed();
-  m_jobsDone = {};
-  if (m_jobs.running() > 0) co_await m_jobsDone.wait();
+  m_quiet = {};
+  if (!isQuiet()) co_await m_quiet.wait();
   choose(Choice::saved);
 }
 
@@ -110,9 +117,18 @@ void Departure::choose(Choice choice) {
 
 void Departure::jobsChanged() {
   if (m_saving) Q_EMIT changed();
-  if (m_jobs.running() > 0) return;
-  OneShot<bool> done = m_jobsDone;
-  done.give(true);
+  giveQuiet();
+}
+
+void Departure::giveQuiet() {
+  if (!isQuiet()) return;
+  OneShot<bool> quiet = m_quiet;
+  quiet.give(true);
+}
+
+void Departure::sent(bool anyFailed) {
+  if (!m_going.isIdle() && anyFailed) return choose(Choice::stay);
+  giveQuiet();
 }
 
 }  // namespace orv

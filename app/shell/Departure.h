@@ -39,6 +39,8 @@ class Departure final : public QObject {
     std::function<QStringList()> unsaved;
     /// Saves what can be saved unasked.
     std::function<Task<bool>()> flush;
+    /// A change is on its way to the service.
+    std::function<bool()> sending;
   };
 
   Departure(Clock& clock, Overlays& overlays, Jobs& jobs, Work work, QObject* parent = nullptr);
@@ -49,6 +51,8 @@ class Departure final : public QObject {
   bool mayClose();
   /// They have gone in another way.
   void cancel();
+  /// Nothing is on its way any more. Who is told that something failed stays to see it.
+  void sent(bool anyFailed);
 
   /// The dialog that shows what is being saved.
   bool saving() const { return m_saving; }
@@ -60,6 +64,8 @@ class Departure final : public QObject {
  Q_SIGNALS:
   void changed();
   void closable();
+  /// They wanted to go, and did not.
+  void stayed();
 
  private:
   enum class Choice { saved, notSaved, stay, goNow };
@@ -74,6 +80,8 @@ class Departure final : public QObject {
   Task<void> save();
   void choose(Choice choice);
   void jobsChanged();
+  bool isQuiet() const { return m_jobs.running() == 0 && !m_work.sending(); }
+  void giveQuiet();
 
   Clock& m_clock;
   Overlays& m_overlays;
@@ -82,7 +90,7 @@ class Departure final : public QObject {
   Words m_words;
   bool m_saving = false;
   OneShot<Choice> m_choice;
-  OneShot<bool> m_jobsDone;
+  OneShot<bool> m_quiet;
   std::unique_ptr<Clock::Timer> m_patience;
   TaskSlot m_task;
   /// The wish to go that is being looked after.

@@ -197,8 +197,11 @@ Task<void> Notifier::lookForFailures(Context context) {
   if (failed > before) {
     QList<News> news;
     QStringList ids;
+    const Stamp asked = context->changes().stamp();
     for (const Mailbox& mailbox : co_await failedAccounts(context)) {
       ids.append(mailbox.id);
+      // The list that the notification leads to may be of before.
+      context->changes().publish(mailbox, asked, false);
       if (known.contains(mailbox.id)) continue;
       const QString address = shownName(mailbox.address);
       news.append({{.id = idOf(u"account"_s, slug, mailbox.id),

@@ -96,6 +96,6 @@ QStringList ProgramModel::featuresOff() const { return m_app.router()->featuresO
 QStringList ProgramModel::migrationPick() const { return m_app.router()->migrationPick(); }
 void ProgramModel::signOut() { m_app.signOut(); }
 void ProgramModel::rereadAccount() { m_app.rereadAccount(); }
-void ProgramModel::workspaceDeleted(const QString& slug) { m_app.workspaceDeleted(slug); }
+void ProgramModel::deletesWorkspace(const QString& slug, Deletion deletion) { m_app.deletesWorkspace(slug, deletion); }
 
 }  // namespace orv

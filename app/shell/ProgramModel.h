@@ -37,7 +37,7 @@ class ProgramModel final : public Program {
   void showChangelog() override { setChangelogShown(true); }
   void showLog() override { setLogShown(true); }
   void rereadAccount() override;
-  void workspaceDeleted(const QString& slug) override;
+  void deletesWorkspace(const QString& slug, Deletion deletion) override;
 
   bool changelogShown() const { return m_changelogShown; }
   void setChangelogShown(bool shown);

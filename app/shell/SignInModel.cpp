@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QLoggingCategory>
 
+#include "app/base/EmailAddress.h"
 #include "app/shell/signInTexts.h"
 #include "kit/api/APIEnvironment.h"
 #include "kit/api/PlatformDate.h"
@@ -89,7 +90,7 @@ QString SignInModel::serviceTrouble() const {
 void SignInModel::submitEmail() {
   if (m_busy) return;
   const QString address = m_email.trimmed().toLower();
-  if (!SignInTexts::looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
+  if (!looksLikeAddress(address)) return say(u"Enter a valid email address."_s);
   if (m_methodsFailed) checkMethods();
   begin(checkEmail(address));
 }

@@ -2,6 +2,7 @@
 
 #include <QVersionNumber>
 
+#include "app/base/openInBrowser.h"
 #include "app/base/shownName.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,7 +37,7 @@ void Updates::tell(const ReleaseFeed::Newest& newest) {
                           .detail = u"You have "_s + m_version + u'.'};
   if (canOpen()) {
     message.actionLabel = u"Open"_s;
-    message.action = [&browser = m_browser, page = newest.page] { browser.open(page); };
+    message.action = [this] { open(); };
   }
   m_toasts.show(std::move(message));
 }
@@ -46,7 +47,7 @@ QString Updates::newest() const { return m_newest ? shownName(m_newest->version)
 bool Updates::canOpen() const { return m_newest && m_newest->page.scheme() == "https"_L1; }
 
 void Updates::open() const {
-  if (canOpen()) m_browser.open(m_newest->page);
+  if (canOpen()) openInBrowser(m_browser, m_toasts, m_newest->page);
 }
 
 }  // namespace orv

@@ -30,7 +30,15 @@ std::shared_ptr<WorkspaceContext> WarmWorkspaces::contextOf(const WorkspaceSumma
   const auto made =
       std::make_shared<WorkspaceContext>(workspace, token, m_api, m_services, [this, token] { onSessionEnded(token); });
   known = made;
+  QObject::connect(made.get(), &WorkspaceContext::sent, made.get(), [this](bool anyFailed) { onSent(anyFailed); });
   return made;
+}
+
+bool WarmWorkspaces::isSending() const {
+  return std::ranges::any_of(m_contexts, [](const auto& context) {
+    const auto there = context.lock();
+    return there && there->isSending();
+  });
 }
 
 void WarmWorkspaces::update(const QList<WorkspaceSummary>& workspaces) {
@@ -38,13 +46,21 @@ void WarmWorkspaces::update(const QList<WorkspaceSummary>& workspaces) {
     if (const auto context = m_contexts.value(workspace.slug).lock()) context->setWorkspace(workspace);
 }
 
-void WarmWorkspaces::keepOnly(const QList<WorkspaceSummary>& workspaces) {
+void WarmWorkspaces::keepOnly(const QList<WorkspaceSummary>& workspaces, const QStringList& deleted) {
   for (const QString& slug : m_contexts.keys()) {
     if (std::ranges::find(workspaces, slug, &WorkspaceSummary::slug) != workspaces.end()) continue;
+    if (const WorkspaceSession* lost = deleted.contains(slug) ? nullptr : m_sessions.find(slug))
+      if (const QStringList unsaved = lost->unsavedWork(); !unsaved.isEmpty()) tellOfLost(lost->name(), unsaved);
     m_sessions.drop(slug);
     // An undo or a job of it gets no answer that it could use.
     if (const auto context = m_contexts.take(slug).lock()) context->close();
   }
+}
+
+void WarmWorkspaces::tellOfLost(const QString& name, const QStringList& unsaved) {
+  m_services.toasts.show({.message = u"You’re no longer in "_s + name,
+                          .tone = Toasts::Tone::error,
+                          .detail = unsaved.isEmpty() ? u"Somebody there took you out of it."_s : unsaved.join(u'\n')});
 }
 
 void WarmWorkspaces::clear() {

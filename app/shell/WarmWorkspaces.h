@@ -17,12 +17,17 @@ class WarmWorkspaces final {
 
   /// The service refuses a workspace's credential.
   std::function<void(const QString& token)> onSessionEnded;
+  /// What one of them was sending has been answered.
+  std::function<void(bool anyFailed)> onSent;
 
   WorkspaceSession* open(const WorkspaceSummary& workspace, const QString& token);
   /// The workspaces as the account has them now: their names, and the person's role in each.
   void update(const QList<WorkspaceSummary>& workspaces);
-  /// Lets go of those that are none of the person's any more.
-  void keepOnly(const QList<WorkspaceSummary>& workspaces);
+  /// Lets go of those that are none of the person's any more, and says so of each that holds what they wrote; but for
+  /// those that they have `deleted` themselves.
+  void keepOnly(const QList<WorkspaceSummary>& workspaces, const QStringList& deleted);
+  /// The person was taken out of it.
+  void tellOfLost(const QString& name, const QStringList& unsaved);
   /// Those that were opened are closed, with all that outlives them.
   void clear();
   /// Under memory pressure. The slug of the open one, which stays.
@@ -32,6 +37,8 @@ class WarmWorkspaces final {
   const QStringList& order() const { return m_sessions.keys(); }
   QStringList unsavedWork() const { return m_sessions.unsavedWork(); }
   Task<bool> flush() { return m_sessions.flush(); }
+  /// A change of one of them is on its way.
+  bool isSending() const;
 
  private:
   std::shared_ptr<WorkspaceContext> contextOf(const WorkspaceSummary& workspace, const QString& token);

@@ -11,6 +11,7 @@ namespace orv {
 WorkspaceSession::WorkspaceSession(std::shared_ptr<WorkspaceContext> context, QObject* parent)
     : QObject(parent), m_context(std::move(context)) {
   connect(m_context.get(), &WorkspaceContext::workspaceChanged, this, &WorkspaceSession::workspaceChanged);
+  connect(m_context.get(), &WorkspaceContext::sent, this, &WorkspaceSession::sent);
 }
 
 WorkspaceSession::~WorkspaceSession() = default;

@@ -51,6 +51,9 @@ class WorkspaceSession final : public QObject, public WorkspaceStores {
   /// Saves what can be saved unasked; true when nothing is left.
   Task<bool> flush();
 
+  /// One of its stores waits for the answer to a change.
+  bool isSending() const { return m_context->isSending(); }
+
   /// Under memory pressure: lets go of what can be loaded again and is not on the screen.
   void trim();
   /// Stops all requests of its stores; nothing of this session is applied any more.
@@ -58,6 +61,8 @@ class WorkspaceSession final : public QObject, public WorkspaceStores {
 
  Q_SIGNALS:
   void workspaceChanged();
+  /// Nothing is being sent any more.
+  void sent();
 
  private:
   static QString nameOf(const QMetaObject& type);

@@ -16,13 +16,6 @@ QString wrongCodeLine(const Problem& problem) {
 
 }  // namespace
 
-bool SignInTexts::looksLikeAddress(const QString& address) {
-  // White space is that of every script.
-  static const QRegularExpression pattern(QRegularExpression::anchoredPattern(uR"([^\s@]+@[^\s@]+\.[^\s@]+)"_s),
-                                          QRegularExpression::UseUnicodePropertiesOption);
-  return pattern.match(address).hasMatch();
-}
-
 bool SignInTexts::isCompleteCode(const QString& code) {
   static const QRegularExpression pattern(QRegularExpression::anchoredPattern(u"[0-9]{6}"_s));
   return pattern.match(code).hasMatch();

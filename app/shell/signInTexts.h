@@ -6,7 +6,6 @@
 
 namespace orv::SignInTexts {
 
-bool looksLikeAddress(const QString& address);
 bool isCompleteCode(const QString& code);
 /// What a refused sign-in says to the person.
 QString errorLine(const APIError& error);

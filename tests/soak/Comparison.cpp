@@ -16,9 +16,8 @@ namespace orv::soak {
 namespace {
 
 /// Closes what is open, forgets what was typed, shows what waits to be shown.
-constexpr const char* endings[] = {"clear",       "cancel",      "dismiss",      "discard", "closeInbox",
-                                   "closeDomain", "closeChecks", "clearProblem", "keep",    "clearFilters",
-                                   "reset",       "showAll",     "showNewMail"};
+constexpr const char* endings[] = {"clear",       "cancel", "dismiss",      "discard", "closeInbox", "closeDomain",
+                                   "closeChecks", "keep",   "clearFilters", "reset",   "showAll",    "showNewMail"};
 
 bool has(const QObject& object, const char* signature) { return object.metaObject()->indexOfMethod(signature) >= 0; }
 

@@ -17,8 +17,8 @@ namespace orv::soak {
 namespace {
 
 /// When something was read, or how often, is told apart between two clients that show the same.
-const QSet<QByteArray> ownToEachClient{"loadedAt",  "syncedAt", "question",  "fieldsRevision",
-                                       "readCount", "recovery", "leadsWidth"};
+const QSet<QByteArray> ownToEachClient{"loadedAt",  "syncedAt", "question",   "fieldsRevision",
+                                       "readCount", "recovery", "leadsWidth", "savedText"};
 
 QList<QMetaProperty> propertiesOf(const QObject& object) {
   QList<QMetaProperty> properties;
@@ -117,8 +117,10 @@ QList<Part> partsOf(QObject& root) {
 Reading readingOf(QObject& root) {
   Reading reading;
   for (const Part& part : partsOf(root)) {
-    // What was not saved, and what the agent learns of a decision, only the one hears of who did it.
-    if (part.isHidden || part.path.endsWith("recovery"_L1) || part.path.endsWith("feedback"_L1)) continue;
+    // What was not saved, and what the agent learns of a decision, only the one has who did it.
+    if (part.isHidden || part.path.endsWith("recovery"_L1) || part.path.endsWith("feedback"_L1) ||
+        part.path.contains("leftovers"_L1))
+      continue;
     const QString prefix = part.path.isEmpty() ? QString() : part.path + u'.';
     for (const QMetaProperty& property : propertiesOf(*part.object))
       if (!isObject(property) && !ownToEachClient.contains(property.name()))

@@ -189,7 +189,10 @@ class FakeProgram final : public Program {
   void showChangelog() override {}
   void showLog() override {}
   void rereadAccount() override { ++readings; }
-  void workspaceDeleted(const QString& slug) override { deleted.append(slug); }
+  void deletesWorkspace(const QString& slug, Deletion deletion) override {
+    if (deletion == Deletion::done) deleted.append(slug);
+    if (deletion == Deletion::unknown) rereadAccount();
+  }
 };
 
 /// Everything a store needs, faked.

@@ -78,6 +78,10 @@ Item {
         color: root.store.connectionError !== "" ? Theme.negative : Theme.text2
         Accessible.role: Accessible.StaticText
         Accessible.name: text
+
+        OrvTooltip {
+            text: check.truncated ? check.text : ""
+        }
     }
 
     Row {

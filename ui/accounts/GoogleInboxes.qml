@@ -50,12 +50,12 @@ Column {
             anchors { fill: parent; margins: 1 }
             clip: true
             boundsBehavior: Flickable.StopAtBounds
-            reuseItems: true
             model: root.flow.inboxes
             Accessible.role: Accessible.List
             Accessible.name: "Inboxes"
 
             T.ScrollBar.vertical: OrvScrollBar {}
+            RowFocus { target: list }
 
             delegate: Item {
                 id: row
@@ -83,6 +83,7 @@ Column {
                 }
 
                 Text {
+                    id: outcome
                     visible: root.done
                     x: 12
                     width: row.width - x - badge.width - 24
@@ -95,6 +96,10 @@ Column {
                     color: Theme.text
                     Accessible.role: Accessible.ListItem
                     Accessible.name: text + ", " + row.statusText
+
+                    OrvTooltip {
+                        text: outcome.truncated ? outcome.text : ""
+                    }
                 }
 
                 OrvBadge {

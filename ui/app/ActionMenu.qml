@@ -63,6 +63,7 @@ MenuLoader {
 
             enabled: modelData.possible
             text: modelData.title
+            detail: modelData.detail
             iconName: modelData.icon
             shortcutText: modelData.keys.replace("+", " ")
             danger: modelData.danger

@@ -40,15 +40,11 @@ FocusScope {
         return Math.max(0, Math.min(scroll.contentY - pinTop, full - host.height));
     }
 
-    function scrollTo(y: real) {
-        scroll.contentY = Math.max(0, Math.min(y, scroll.contentHeight - scroll.height));
-    }
-
     function showRange(y: real, height: real, head: real) {
         if (y - head < scroll.contentY)
-            scrollTo(y - head);
+            keys.scrollTo(y - head);
         else if (y + height > scroll.contentY + scroll.height)
-            scrollTo(Math.min(y - head, y + height - scroll.height));
+            keys.scrollTo(Math.min(y - head, y + height - scroll.height));
     }
 
     /// The table knows which row is current, but not how much of the table the window shows.
@@ -73,10 +69,11 @@ FocusScope {
 
     Window.onActiveFocusItemChanged: showFocus()
 
-    Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp;
-        if (event.accepted)
-            scrollTo(scroll.contentY + (event.key === Qt.Key_PageDown ? 1 : -1) * (scroll.height - 48));
+    Keys.onPressed: event => keys.take(event)
+
+    ScrollKeys {
+        id: keys
+        target: scroll
     }
 
     Flickable {
@@ -124,7 +121,7 @@ FocusScope {
         function onContentYChanged() {
             const seen = root.table.contentY - root.table.originY;
             if (Math.abs(seen - root.wanted()) >= 1)
-                root.scrollTo(root.pinTop + seen);
+                keys.scrollTo(root.pinTop + seen);
         }
         function onCurrentRowChanged() {
             root.showRow();

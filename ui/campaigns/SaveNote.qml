@@ -56,9 +56,9 @@ Row {
 
     OrvLink {
         id: again
-        visible: root.failed
+        visible: root.failed || root.autosave.awaitsWord
         height: parent.height
-        text: "Try again"
+        text: root.failed ? "Try again" : "Save"
         onClicked: root.autosave.save()
     }
 }

@@ -53,6 +53,12 @@ FocusScope {
         onActivated: root.step(1)
     }
 
+    Shortcut {
+        sequence: StandardKey.Save
+        enabled: root.canWrite
+        onActivated: root.editor.autosave.save()
+    }
+
     DaysStrip {
         id: days
         width: root.width

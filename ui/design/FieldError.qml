@@ -12,6 +12,11 @@ Row {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
+    SpokenError {
+        shownBy: root
+        text: root.text
+    }
+
     OrvIcon {
         name: "data-error"
         size: 14

@@ -20,6 +20,12 @@ FocusScope {
     readonly property string note: error !== "" ? error : help
     default property alias content: frame.data
 
+    // Whoever comes to the field hears it there.
+    onErrorChanged: {
+        if (error !== "" && activeFocus)
+            Announcer.say(error, "error");
+    }
+
     implicitWidth: 208
     implicitHeight: frame.y + frame.height + (notes.visible ? notes.implicitHeight + 6 : 0)
 

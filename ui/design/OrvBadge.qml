@@ -14,7 +14,7 @@ Rectangle {
                                : tone === "negative" ? Theme.negative : tone === "accent" ? Theme.accentText
                                : Theme.neutral
 
-    implicitWidth: label.x + label.implicitWidth + 8
+    implicitWidth: label.x + Math.min(180, Math.ceil(label.implicitWidth)) + 8
     implicitHeight: 20
     radius: height / 2
     color: tone === "positive" ? Theme.positiveSubtle : tone === "warning" ? Theme.warningSubtle
@@ -34,8 +34,10 @@ Rectangle {
     Text {
         id: label
         x: root.shape === "ring" ? 20 : 18
+        width: root.width - x - 8
         height: parent.height
         verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
         textFormat: Text.PlainText
         text: root.text
         font: Theme.smallStrong

@@ -38,6 +38,10 @@ T.Button {
         if (pressable) clicked();
     }
 
+    function pressBy(event) {
+        if (!event.isAutoRepeat) press();
+    }
+
     implicitHeight: size === "small" ? Theme.controlHeightSmall
                                      : size === "large" ? Theme.controlHeightLarge : Theme.controlHeight
     implicitWidth: iconOnly ? implicitHeight : Math.ceil(row.implicitWidth) + leftPadding + rightPadding
@@ -53,10 +57,12 @@ T.Button {
     Accessible.name: text + (count >= 0 ? ", " + count : "") + (busy ? ", busy" : "")
     Accessible.description: hint
     Accessible.onPressAction: root.press()
-    Keys.onReturnPressed: root.press()
-    Keys.onEnterPressed: root.press()
+    // One that is held presses once, and not what came under it meanwhile.
+    Keys.onReturnPressed: event => root.pressBy(event)
+    Keys.onEnterPressed: event => root.pressBy(event)
     // A busy button keeps its place in the tab order but does nothing.
-    Keys.onSpacePressed: event => event.accepted = root.busy
+    Keys.onSpacePressed: event => event.accepted = root.busy || event.isAutoRepeat
+    Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
 
     contentItem: Item {
         Row {

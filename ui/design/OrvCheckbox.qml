@@ -5,7 +5,7 @@ import Orvella.Design
 T.CheckBox {
     id: root
 
-    implicitWidth: contentItem.implicitWidth + leftPadding
+    implicitWidth: Math.ceil(contentItem.implicitWidth) + leftPadding
     implicitHeight: 26
     leftPadding: text === "" ? 16 : 24
     focusPolicy: Qt.StrongFocus
@@ -56,5 +56,6 @@ T.CheckBox {
         font: Theme.body
         color: Theme.text
         verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
     }
 }

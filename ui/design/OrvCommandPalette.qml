@@ -19,6 +19,8 @@ T.Popup {
 
     /// What it shows the actions of; empty while it shows everything.
     property string subject: ""
+    /// The person went to the current result themselves.
+    property bool moved: false
 
     signal queryEdited(string text)
     signal chosen(int row)
@@ -28,6 +30,7 @@ T.Popup {
 
     onSubjectChanged: {
         input.text = model.query ?? "";
+        moved = false;
         list.currentIndex = 0;
     }
 
@@ -47,6 +50,7 @@ T.Popup {
 
     onAboutToShow: {
         focusReturn.remember(parent);
+        moved = false;
         list.currentIndex = 0;
         input.forceActiveFocus(Qt.PopupFocusReason);
         input.selectAll();
@@ -74,6 +78,7 @@ T.Popup {
     function step(to: int, wrap: bool) {
         if (list.count === 0)
             return;
+        moved = true;
         list.currentIndex = wrap ? (to + list.count) % list.count : Math.max(0, Math.min(list.count - 1, to));
         list.positionViewAtIndex(list.currentIndex, ListView.Contain);
     }
@@ -149,7 +154,11 @@ T.Popup {
             Accessible.role: Accessible.EditableText
             Accessible.name: placeholderText
             Accessible.description: list.count > 0 ? root.resultText + ", " + list.currentItem?.title : root.resultText
-            onTextEdited: root.queryEdited(text)
+            onTextEdited: {
+                root.moved = false;
+                root.queryEdited(text);
+                list.currentIndex = list.count > 0 ? 0 : -1;
+            }
             Keys.onPressed: event => event.accepted = root.handleKey(event)
 
             Text {
@@ -202,7 +211,11 @@ T.Popup {
                 font: Theme.microBold
                 color: Theme.text3
             }
-            onCountChanged: currentIndex = count > 0 ? 0 : -1
+            // What is found meanwhile moves nothing that the person has chosen.
+            onCountChanged: {
+                if (!root.moved || currentIndex < 0)
+                    currentIndex = count > 0 ? 0 : -1;
+            }
 
             Accessible.role: Accessible.List
             Accessible.name: "Results"
@@ -212,7 +225,10 @@ T.Popup {
             delegate: PaletteEntry {
                 width: list.width
                 current: ListView.isCurrentItem
-                onPointed: list.currentIndex = index
+                onPointed: {
+                    root.moved = true;
+                    list.currentIndex = index;
+                }
                 onPressed: root.run(index)
             }
         }

@@ -80,6 +80,12 @@ T.Popup {
             confirmed();
     }
 
+    /// A key that is still held from what opened the question does not answer it.
+    function confirmBy(event) {
+        if (!event.isAutoRepeat)
+            confirm();
+    }
+
     /// Also while the verb is under way, which goes on: nobody has to wait for a service that hangs.
     function cancel() {
         close();
@@ -105,14 +111,15 @@ T.Popup {
         Accessible.description: (root.lead + " " + root.text + " " + root.warning).trim()
 
         Keys.onEscapePressed: root.cancel()
-        Keys.onReturnPressed: root.confirm()
-        Keys.onEnterPressed: root.confirm()
+        Keys.onReturnPressed: event => root.confirmBy(event)
+        Keys.onEnterPressed: event => root.confirmBy(event)
+        Keys.onPressed: event => scroll.keys.take(event)
 
         ModalPane {
             anchors.fill: parent
             level: root.modalLevel.level
 
-            Flickable {
+            ScrollPane {
                 id: scroll
                 // To the dialog's edges, so that the bar stands beside the content.
                 x: -root.leftPadding
@@ -120,10 +127,7 @@ T.Popup {
                 height: parent.height - 24 - buttons.height
                 contentHeight: column.implicitHeight
                 interactive: contentHeight > height
-                boundsBehavior: Flickable.StopAtBounds
                 clip: interactive
-
-                T.ScrollBar.vertical: OrvScrollBar {}
 
                 Column {
                     id: column
@@ -189,6 +193,7 @@ T.Popup {
             }
 
             Text {
+                id: problemText
                 anchors { left: parent.left; right: buttons.left; rightMargin: 16; bottom: parent.bottom }
                 height: buttons.height
                 visible: text !== "" && root.asideText === ""
@@ -200,6 +205,11 @@ T.Popup {
                 color: Theme.negative
                 Accessible.role: Accessible.AlertMessage
                 Accessible.name: text
+
+                SpokenError {
+                    shownBy: problemText
+                    text: root.problem
+                }
             }
 
             Row {

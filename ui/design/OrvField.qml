@@ -13,6 +13,8 @@ FieldFrame {
     property bool secret: false
     property bool large: false
     property string accessibleName: label !== "" ? label : placeholder
+    /// What is wrong, where that is said elsewhere.
+    property string accessibleDescription: note
     property alias text: input.text
     property alias validator: input.validator
     property alias maximumLength: input.maximumLength
@@ -65,13 +67,16 @@ FieldFrame {
         HoverHandler { cursorShape: Qt.IBeamCursor }
 
         Accessible.role: Accessible.EditableText
-        Accessible.description: root.note
+        Accessible.description: root.accessibleDescription
         Accessible.name: root.accessibleName
         Accessible.passwordEdit: root.secret
         Accessible.readOnly: root.readOnly
 
         onTextEdited: root.edited(text)
         onAccepted: root.accepted()
+        // One that is still held from what led here ends nothing.
+        Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
+        Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
         Keys.onEscapePressed: event => {
             event.accepted = root.search;
             if (!root.search) return;

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 /// A form that scrolls: a column of fields and sections. What the keyboard reaches comes into view, and so does the first
 /// field that is wrong.
@@ -9,31 +8,16 @@ FocusScope {
     default property alias fields: column.data
     /// Who may not change the fields can still scroll them.
     property alias editable: column.enabled
+    /// Tab stops at it where there is too much for the window: for one that holds nothing else to stop at.
+    property alias isStop: scroll.isStop
     property real maximumWidth: 640
     readonly property alias contentY: scroll.contentY
+    readonly property alias followed: scroll.followed
 
-    /// Kept in view while its message is laid out, which takes a frame, until the person moves on.
-    property Item followed: null
-    readonly property Item focused: Window.activeFocusItem
-
-    onFocusedChanged: reveal(focused)
+    Keys.onPressed: event => scroll.keys.take(event)
 
     function reveal(item: Item) {
-        let inside = item;
-        while (inside && inside !== column) inside = inside.parent;
-        followed = inside ? item : null;
-        place();
-    }
-
-    function place() {
-        if (!followed) return;
-        const top = followed.mapToItem(column, 0, 0).y + column.y;
-        const most = Math.max(0, scroll.contentHeight - scroll.height);
-        // Of what is taller than the view, the beginning.
-        if (top - 40 < scroll.contentY || followed.height + 100 > scroll.height)
-            scroll.contentY = Math.max(0, Math.min(most, top - 40));
-        else if (top + followed.height + 60 > scroll.contentY + scroll.height)
-            scroll.contentY = Math.min(most, top + followed.height + 60 - scroll.height);
+        scroll.reveal(item);
     }
 
     /// An error above or below what is in view would leave the button that was pressed looking dead.
@@ -56,18 +40,11 @@ FocusScope {
         return null;
     }
 
-    Flickable {
+    ScrollPane {
         id: scroll
         anchors.fill: parent
         contentHeight: column.height + 48
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
-
-        onMovementStarted: root.followed = null
-        onContentHeightChanged: root.place()
-        onHeightChanged: root.place()
+        isStop: !column.enabled
 
         Column {
             id: column

@@ -20,8 +20,12 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: if (root.enabled) root.clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: event => root.pressBy(event)
+    Keys.onEnterPressed: event => root.pressBy(event)
+
+    function pressBy(event) {
+        if (!event.isAutoRepeat) clicked();
+    }
 
     contentItem: Text {
         id: label

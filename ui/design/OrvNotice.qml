@@ -17,6 +17,19 @@ Rectangle {
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
+    SpokenError {
+        shownBy: root
+        text: root.text
+        onAppeared: root.reveal()
+    }
+
+    /// What is out of sight would leave the button that was pressed looking dead.
+    function reveal() {
+        let pane = parent;
+        while (pane && !(pane instanceof ScrollPane)) pane = pane.parent;
+        (pane as ScrollPane)?.revealNotice(root, negative);
+    }
+
     OrvIcon {
         x: 12
         y: 12

@@ -25,7 +25,23 @@ FocusScope {
         id: choices
     }
 
-    implicitWidth: row.implicitWidth + 4
+    // In little room the air goes first, then the counts.
+    readonly property real wordsWidth: total(segment => segment.wordsWidth ?? 0)
+    readonly property real countsWidth: total(segment => segment.countWidth ?? 0)
+    readonly property bool counted: width >= wordsWidth + countsWidth + 10 * choices.count + 4
+    readonly property real padding: {
+        const room = width - wordsWidth - (counted ? countsWidth : 0) - 4;
+        return Math.max(5, Math.min(10, Math.floor(room / 2 / Math.max(1, choices.count))));
+    }
+
+    function total(widthOf): real {
+        let sum = 0;
+        for (let i = 0; i < row.children.length; ++i)
+            sum += widthOf(row.children[i]);
+        return sum;
+    }
+
+    implicitWidth: Math.ceil(wordsWidth + countsWidth) + 20 * choices.count + 4
     implicitHeight: Theme.controlHeight
     activeFocusOnTab: true
 
@@ -69,9 +85,11 @@ FocusScope {
                 id: segment
                 required property choice modelData
                 readonly property bool current: modelData.key === root.current
+                readonly property real wordsWidth: words.implicitWidth
+                readonly property real countWidth: modelData.count >= 0 ? count.implicitWidth + 6 : 0
 
                 height: row.height
-                implicitWidth: words.implicitWidth + 20
+                implicitWidth: wordsWidth + (root.counted ? countWidth : 0) + 2 * root.padding
                 // The control's focus is on the current one, so that it is heard.
                 focus: current
                 text: modelData.label
@@ -82,29 +100,26 @@ FocusScope {
                 Accessible.focusable: true
                 onClicked: root.chosen(modelData.key)
 
-                Row {
+                Text {
                     id: words
-                    x: 10
+                    x: root.padding
                     height: parent.height
-                    spacing: 6
-                    Text {
-                        height: parent.height
-                        verticalAlignment: Text.AlignVCenter
-                        textFormat: Text.PlainText
-                        text: segment.text
-                        font: Theme.bodyStrong
-                        color: segment.current || segment.hovered ? Theme.text : Theme.text2
-                    }
-                    Text {
-                        id: count
-                        visible: segment.modelData.count >= 0
-                        height: parent.height
-                        verticalAlignment: Text.AlignVCenter
-                        textFormat: Text.PlainText
-                        text: segment.modelData.count.toLocaleString(Qt.locale(), "f", 0)
-                        font: Theme.body
-                        color: Theme.text3
-                    }
+                    verticalAlignment: Text.AlignVCenter
+                    textFormat: Text.PlainText
+                    text: segment.text
+                    font: Theme.bodyStrong
+                    color: segment.current || segment.hovered ? Theme.text : Theme.text2
+                }
+                Text {
+                    id: count
+                    visible: segment.modelData.count >= 0 && root.counted
+                    x: words.x + words.width + 6
+                    height: parent.height
+                    verticalAlignment: Text.AlignVCenter
+                    textFormat: Text.PlainText
+                    text: segment.modelData.count.toLocaleString(Qt.locale(), "f", 0)
+                    font: Theme.body
+                    color: Theme.text3
                 }
             }
         }

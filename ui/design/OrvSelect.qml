@@ -32,10 +32,21 @@ FocusScope {
     }
 
     function jump(letter: string) {
-        const typed = typeAhead.add(letter);
-        const key = times ? choices.timeNamed(typeAhead.typed) : choices.startingWith(typed);
+        typeAhead.add(letter);
+        const key = keyNamed(typeAhead.typed);
         if (key !== "" && key !== current)
             chosen(key);
+    }
+
+    /// It leads to a choice or, by a slip, out of the word that led to one: none of the page's keys.
+    function isForChoice(text: string, modifiers: int): bool {
+        const isLetter = text.toLowerCase() !== text.toUpperCase();
+        return typeAhead.takes(text, modifiers)
+            && (typeAhead.typed !== "" && isLetter || keyNamed(typeAhead.typed + text.toLowerCase()) !== "");
+    }
+
+    function keyNamed(typed: string): string {
+        return times ? choices.timeNamed(typed) : choices.startingWith(typeAhead.comparedWith(typed));
     }
 
     ChoiceList {
@@ -69,6 +80,7 @@ FocusScope {
         Accessible.name: root.label === "" ? root.valueText : root.label + ", " + root.valueText
         Accessible.description: root.hint
         Accessible.focusable: true
+        Keys.onShortcutOverride: event => event.accepted = root.isForChoice(event.text, event.modifiers)
         Keys.onPressed: event => {
             event.accepted = true;
             // A key that chose in the menu and is still held must not open it again.

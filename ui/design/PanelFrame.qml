@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 
 /// A panel about one thing: its name, the way out, and content that scrolls.
 FocusScope {
@@ -26,6 +25,7 @@ FocusScope {
     Keys.onEscapePressed: closeRequested()
     Keys.onUpPressed: event => stepByKey(event, -1)
     Keys.onDownPressed: event => stepByKey(event, 1)
+    Keys.onPressed: event => scroll.keys.take(event)
 
     Text {
         x: 20
@@ -82,15 +82,12 @@ FocusScope {
         color: Theme.border
     }
 
-    Flickable {
+    ScrollPane {
+        id: scroll
         y: 52
         width: parent.width
         height: parent.height - y
         contentHeight: body.childrenRect.height + 32
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
 
         Item {
             id: body

@@ -34,7 +34,9 @@ ListView {
     T.ScrollBar.horizontal: OrvScrollBar {}
 
     footer: TableFoot {
-        table: root.table
+        loading: root.table.loadingMore
+        failed: root.table.moreFailed
+        onRetryRequested: root.table.moreRequested()
         width: root.width
         x: root.contentX
     }

@@ -1,11 +1,14 @@
 import QtQuick
 
-/// What stands under the last row of an OrvTable while there are more on the service.
+/// What stands under the last row of a list while there are more on the service.
 Item {
     id: root
 
-    required property TableCore table
-    readonly property bool shown: table.moreFailed || table.loadingMore
+    property bool loading: false
+    property bool failed: false
+    readonly property bool shown: failed || loading
+
+    signal retryRequested()
 
     width: parent ? parent.width : 0
     height: shown ? 44 : 0
@@ -18,18 +21,18 @@ Item {
         Text {
             anchors.verticalCenter: parent.verticalCenter
             textFormat: Text.PlainText
-            text: root.table.moreFailed ? "Couldn’t load more." : "Loading…"
+            text: root.failed ? "Couldn’t load more." : "Loading…"
             font: Theme.body
-            color: root.table.moreFailed ? Theme.negative : Theme.text3
+            color: root.failed ? Theme.negative : Theme.text3
         }
 
         OrvButton {
-            visible: root.table.moreFailed
+            visible: root.failed
             anchors.verticalCenter: parent.verticalCenter
             kind: "ghost"
             size: "small"
             text: "Retry"
-            onClicked: root.table.moreRequested()
+            onClicked: root.retryRequested()
         }
     }
 }

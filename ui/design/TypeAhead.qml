@@ -10,10 +10,15 @@ QtObject {
         onTriggered: root.typed = ""
     }
 
-    /// What the labels are compared with now. One letter pressed again and again goes through all that begin with it.
+    /// Returns what the labels are compared with now.
     function add(letter: string): string {
         typed += letter.toLowerCase();
         pause.restart();
+        return comparedWith(typed);
+    }
+
+    /// One letter pressed again and again goes through all that begin with it.
+    function comparedWith(typed: string): string {
         return typed.split("").every(each => each === typed[0]) ? typed[0] : typed;
     }
 

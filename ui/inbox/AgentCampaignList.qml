@@ -48,10 +48,23 @@ Column {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
+        // By itself it would go with `interactive`: off where nothing needs to scroll.
+        keyNavigationEnabled: true
+        highlightMoveDuration: 0
         activeFocusOnTab: count > 0
         Accessible.role: Accessible.List
         Accessible.name: root.title + " campaigns"
+        // The one that stands for campaigns to come cannot be moved.
+        onActiveFocusChanged: {
+            for (let row = currentIndex; activeFocus && row < count; ++row) {
+                if ((itemAtIndex(row) as AgentCampaignRow)?.verb) {
+                    currentIndex = row;
+                    return;
+                }
+            }
+        }
         Keys.onReturnPressed: (currentItem as AgentCampaignRow)?.press()
+        Keys.onEnterPressed: (currentItem as AgentCampaignRow)?.press()
         Keys.onSpacePressed: (currentItem as AgentCampaignRow)?.press()
 
         T.ScrollBar.vertical: OrvScrollBar {}

@@ -25,6 +25,8 @@ Item {
     opacity: busy ? 0.6 : 1
     Accessible.role: Accessible.Button
     Accessible.name: name + (verb !== "" ? ", " + verb : hint !== "" ? ", " + hint : "") + (busy ? ", busy" : "")
+    Accessible.focusable: true
+    Accessible.focused: current
     Accessible.onPressAction: press()
 
     Rectangle {

@@ -10,12 +10,26 @@ Item {
     required property string origin
     required property bool active
     required property bool busy
+    property bool current: false
 
     signal menuRequested(Item button)
+    /// Its control has the focus.
+    signal reached()
+
+    function press() {
+        if (!busy)
+            menuRequested(more);
+    }
 
     height: words.height + 21
     Accessible.role: Accessible.ListItem
     Accessible.name: text + ", " + from.text
+
+    Rectangle {
+        anchors.fill: parent
+        visible: root.current
+        color: Theme.hover
+    }
 
     OrvDivider {
         x: 20
@@ -68,6 +82,7 @@ Item {
         iconName: "overflow-menu"
         text: "Actions for this rule"
         busy: root.busy
-        onClicked: root.menuRequested(more)
+        onActiveFocusChanged: if (activeFocus) root.reached()
+        onClicked: root.press()
     }
 }

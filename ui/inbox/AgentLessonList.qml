@@ -68,14 +68,24 @@ FocusScope {
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             model: root.agent.lessons.rows
+            activeFocusOnTab: count > 0
+            highlightMoveDuration: 0
             Accessible.role: Accessible.List
             Accessible.name: "What your AI has learned"
+            Keys.onReturnPressed: (currentItem as AgentLesson)?.press()
+            Keys.onEnterPressed: (currentItem as AgentLesson)?.press()
+            Keys.onSpacePressed: (currentItem as AgentLesson)?.press()
 
             T.ScrollBar.vertical: OrvScrollBar {}
+            RowFocus { target: list }
 
             delegate: AgentLesson {
+                required property int index
+
                 width: list.width
+                current: list.activeFocus && ListView.isCurrentItem
                 onMenuRequested: (button) => menu.openFor(id, button, 0, button.height)
+                onReached: list.currentIndex = index
             }
         }
     }

@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 import Orvella.Inbox
 
 /// How close the agent is to the workspace's standard, and what it has learned.
@@ -11,6 +12,13 @@ Rectangle {
     readonly property AgentMode mode: agent.mode
 
     color: Theme.bg
+
+    /// To the drafts, or to what was decided about them.
+    function lead(toHistory: bool) {
+        const inbox = store;
+        (inbox.drafts as DraftsStore).historyShown = toHistory;
+        inbox.section = "drafts";
+    }
 
     Rectangle {
         width: 1
@@ -43,18 +51,33 @@ Rectangle {
             OrvButton {
                 x: parent.width - width
                 text: "Review drafts"
-                onClicked: root.store.section = "drafts"
+                onClicked: root.lead(false)
             }
         }
 
-        AgentReadiness {
+        ResourceView {
             width: parent.width
-            mode: root.mode
-        }
+            height: root.agent.training.hasContent ? figures.height + (figures.parent?.y ?? 0) : 184
+            resource: root.agent.training
+            skeletonTopInset: 0
+            errorTitle: "Couldn’t load the training record"
+            onRetryRequested: root.agent.refresh()
 
-        AgentRecord {
-            width: parent.width
-            facts: root.mode.record
+            Column {
+                id: figures
+                width: parent.width
+                spacing: 8
+
+                AgentReadiness {
+                    width: parent.width
+                    mode: root.mode
+                }
+
+                AgentRecord {
+                    width: parent.width
+                    facts: root.mode.record
+                }
+            }
         }
     }
 
@@ -85,10 +108,7 @@ Rectangle {
             x: 20
             anchors.verticalCenter: parent.verticalCenter
             text: "See every draft you reviewed"
-            onClicked: {
-                (root.store.drafts as DraftsStore).historyShown = true;
-                root.store.section = "drafts";
-            }
+            onClicked: root.lead(true)
         }
     }
 }

@@ -36,10 +36,21 @@ FocusScope {
         cc.forceActiveFocus(Qt.OtherFocusReason);
     }
 
+    /// The text that the field was given, and what it made of that: line ends and blanks of its own. What nobody has
+    /// touched stays as it was given.
+    property string given: ""
+    property string made: ""
+    property bool showing: false
+
     function show() {
-        if (input.text !== writing.body) {
-            input.text = writing.body;
+        const stands = input.text === writing.body || (writing.body === given && input.text === made);
+        if (!stands) {
+            showing = true;
+            given = writing.body;
+            input.text = given;
+            made = input.text;
             input.cursorPosition = input.length;
+            showing = false;
         }
         cc.text = writing.cc;
         bcc.text = writing.bcc;
@@ -54,6 +65,7 @@ FocusScope {
         watched?.disappear();
         watched = next;
         watched?.appear();
+        given = made = "";
         if (watched)
             show();
     }
@@ -168,7 +180,10 @@ FocusScope {
                     root.sendRequested();
             }
 
-            onTextChanged: if (activeFocus && text !== root.writing.body) root.writing.body = text
+            onTextChanged: {
+                if (activeFocus && !root.showing && text !== root.writing.body)
+                    root.writing.body = text === root.made ? root.given : text;
+            }
             onCursorRectangleChanged: {
                 const room = 8;
                 if (cursorRectangle.y < scroll.contentY + room)

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Inbox
 
@@ -15,13 +14,10 @@ Rectangle {
     Accessible.role: Accessible.Pane
     Accessible.name: "Contact"
 
-    Flickable {
+    ScrollPane {
         anchors.fill: parent
         contentHeight: facts.implicitHeight + 24
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
+        isStop: true
 
         ContactFacts {
             id: facts

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 import Orvella.Inbox
@@ -149,16 +148,13 @@ Rectangle {
             Accessible.name: text
         }
 
-        Flickable {
+        ScrollPane {
             x: 12
             y: 34
             width: parent.width - 24
             height: parent.height - y - 10
             contentHeight: answer.implicitHeight
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-
-            T.ScrollBar.vertical: OrvScrollBar {}
+            isStop: true
 
             Text {
                 id: answer

@@ -4,15 +4,16 @@ import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Inbox
 
-/// What was decided within the last minute, each to be taken back, and what the agent learned of it.
+/// What was decided within the last minute, each to be taken back, and what the agent learned of it; before these what
+/// the person wrote about drafts that were decided without it.
 Rectangle {
     id: root
 
     required property DraftsStore drafts
     property real mostHeight: 156
-    readonly property alias count: list.count
+    readonly property int count: list.count + leftovers.count
 
-    height: Math.min(mostHeight, lesson.height + list.contentHeight + 2)
+    height: Math.min(mostHeight, lesson.height + 41 * leftovers.count + list.contentHeight + 2)
     radius: Theme.radiusCard
     color: Theme.surface
     border { width: 1; color: Theme.border }
@@ -27,9 +28,32 @@ Rectangle {
     }
 
     ListView {
-        id: list
+        id: leftovers
         x: 1
         y: lesson.y + lesson.height
+        width: lesson.width
+        // With room for one decision.
+        height: Math.min(41 * count, Math.max(0, parent.height - y - 1 - Math.min(list.contentHeight, 41)))
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.drafts.leftovers.rows
+        Accessible.role: Accessible.List
+        Accessible.name: "What you wrote and nobody sent"
+
+        T.ScrollBar.vertical: OrvScrollBar {}
+        RowFocus { target: leftovers }
+
+        delegate: DraftLeftover {
+            width: leftovers.width
+            onCopyRequested: root.drafts.leftovers.copy(id)
+            onDiscardRequested: root.drafts.leftovers.discard(id)
+        }
+    }
+
+    ListView {
+        id: list
+        x: 1
+        y: leftovers.y + leftovers.height
         width: lesson.width
         height: parent.height - y - 1
         clip: true
@@ -39,6 +63,7 @@ Rectangle {
         Accessible.name: "Decisions that can be taken back"
 
         T.ScrollBar.vertical: OrvScrollBar {}
+        RowFocus { target: list }
 
         delegate: Item {
             id: row

@@ -58,7 +58,7 @@ FocusScope {
             id: list
             y: description.y + description.height + 4
             width: parent.width
-            height: parent.height - y
+            height: parent.height - y - foot.height
             activeFocusOnTab: true
             clip: true
             boundsBehavior: Flickable.StopAtBounds
@@ -66,9 +66,10 @@ FocusScope {
             bottomMargin: 20
             Accessible.role: Accessible.List
             Accessible.name: root.history.description
-            onAtYEndChanged: if (atYEnd && root.history.list.canLoadMore) root.history.list.loadMore()
+            onAtYEndChanged: if (atYEnd && root.history.list.canLoadMore && !foot.shown) root.history.list.loadMore()
 
             T.ScrollBar.vertical: OrvScrollBar {}
+            RowFocus { target: list }
 
             delegate: DraftHistoryRow {
                 width: list.width
@@ -76,6 +77,18 @@ FocusScope {
                 canPutBack: root.history.canPutBack
                 onPutBackRequested: root.history.putBack(id)
             }
+        }
+
+        TableFoot {
+            id: foot
+            y: parent.height - height
+            loading: root.history.list.loadingMore
+            failed: root.history.list.moreFailed
+            onFailedChanged: {
+                if (failed)
+                    Announcer.say("Couldn’t load more", "rows");
+            }
+            onRetryRequested: root.history.list.loadMore()
         }
     }
 }

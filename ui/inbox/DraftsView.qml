@@ -1,5 +1,6 @@
 import QtQuick
 import Orvella.Design
+import Orvella.App
 import Orvella.Inbox
 
 /// The agent's drafts that wait for a decision, one at a time, or what was decided.
@@ -14,11 +15,25 @@ FocusScope {
         (content.item as Item)?.forceActiveFocus(Qt.OtherFocusReason);
     }
 
+    function compareCounts() {
+        const counted = Array.from(store.sections).find(section => section.key === "drafts");
+        queue.expect(counted ? counted.count : -1);
+    }
+
     Component.onCompleted: {
         drafts.appear();
         drafts.ensureLoaded();
+        compareCounts();
     }
     Component.onDestruction: drafts.disappear()
+
+    Connections {
+        target: root.store
+
+        function onSectionsChanged() {
+            root.compareCounts();
+        }
+    }
 
     InboxHead {
         id: head
@@ -58,6 +73,11 @@ FocusScope {
                 enabled: root.queue.hasNext
                 onClicked: root.queue.goForward()
             }
+        }
+
+        RefreshButton {
+            resource: root.drafts.historyShown ? root.drafts.history.list : root.queue.list
+            onClicked: root.store.act("refresh")
         }
 
         OrvButton {

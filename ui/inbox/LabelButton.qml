@@ -16,7 +16,7 @@ T.AbstractButton {
         menu.openAt(root, true);
     }
 
-    implicitWidth: Math.min(200, badge.x + (labelled ? badge.width : none.implicitWidth) + 34)
+    implicitWidth: Math.min(200, badge.x + (labelled ? badge.implicitWidth : none.implicitWidth) + 34)
     implicitHeight: Theme.controlHeight
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.6
@@ -43,6 +43,7 @@ T.AbstractButton {
             visible: root.labelled
             x: 10
             y: (parent.height - height) / 2
+            width: Math.min(implicitWidth, parent.width - x - 34)
             text: root.conversation.labelTitle
             tone: root.conversation.labelTone !== "" ? root.conversation.labelTone : "neutral"
         }

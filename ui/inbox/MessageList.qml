@@ -47,6 +47,11 @@ FocusScope {
 
         T.ScrollBar.vertical: OrvScrollBar {}
 
+        RowFocus {
+            target: view
+            onMoved: view.atLast = view.atYEnd
+        }
+
         onMovementEnded: atLast = atYEnd
         onHeightChanged: if (atLast) later.start()
         onContentHeightChanged: if (atLast) later.start()

@@ -39,7 +39,7 @@ FocusScope {
         kind: "secondary"
         iconOnly: true
         iconName: "view-filter"
-        text: "Filter by mailbox"
+        text: root.threads.mailbox === "" ? "Filter by mailbox" : "Filter by mailbox, " + mailboxes.currentLabel
         onClicked: menu.openAt(mailbox, true)
     }
 
@@ -54,6 +54,12 @@ FocusScope {
         color: Theme.accentText
     }
 
+    ChoiceList {
+        id: mailboxes
+        options: root.threads.mailboxes
+        current: root.threads.mailbox
+    }
+
     MenuLoader {
         id: menu
         sourceComponent: OrvMenu {
@@ -61,9 +67,7 @@ FocusScope {
             title: "Filter by mailbox"
 
             Instantiator {
-                model: ChoiceList {
-                    options: root.threads.mailboxes
-                }
+                model: mailboxes
 
                 OrvMenuItem {
                     required property choice modelData

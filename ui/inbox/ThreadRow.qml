@@ -112,6 +112,8 @@ OrvTableRow {
             visible: root.labelTitle !== ""
             x: 28
             y: 70
+            width: Math.min(implicitWidth, cell.edge - x - (draft.visible ? draft.width + 12 : 0)
+                - (unsent.visible ? unsent.width + 12 : 0))
             text: root.labelTitle
             tone: root.labelTone !== "" ? root.labelTone : "neutral"
         }
@@ -125,6 +127,7 @@ OrvTableRow {
         }
 
         WordMark {
+            id: unsent
             visible: root.written
             x: draft.visible ? draft.x + draft.width + 12 : draft.x
             iconName: "mail-reply-sender"

@@ -60,6 +60,13 @@ struct DraftHistoryType {
   QML_UNCREATABLE("The application model owns it.")
 };
 
+struct DraftLeftoversType {
+  Q_GADGET
+  QML_FOREIGN(orv::DraftLeftovers)
+  QML_NAMED_ELEMENT(DraftLeftovers)
+  QML_UNCREATABLE("The application model owns it.")
+};
+
 struct DraftQueueType {
   Q_GADGET
   QML_FOREIGN(orv::DraftQueue)

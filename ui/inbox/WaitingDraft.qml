@@ -84,7 +84,8 @@ Rectangle {
             TextLines {
                 document: words.textDocument
                 height: Theme.readingLine
-                text: root.conversation.draftText
+                // What is typed in the editor need not be laid out here as well.
+                text: root.editing ? "" : root.conversation.draftText
             }
 
             TextEdit {

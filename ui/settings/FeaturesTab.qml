@@ -12,6 +12,7 @@ SettingsPane {
     OrvForm {
         anchors.fill: parent
         focus: true
+        isStop: true
 
         FactList {
             width: parent.width

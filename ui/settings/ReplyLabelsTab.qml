@@ -22,6 +22,7 @@ SettingsPane {
         OrvForm {
             anchors.fill: parent
             focus: true
+            isStop: true
 
             Flow {
                 width: parent.width

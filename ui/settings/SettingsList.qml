@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Settings
 
@@ -27,13 +26,9 @@ FocusScope {
     Keys.onUpPressed: step(-1)
     Keys.onDownPressed: step(1)
 
-    Flickable {
+    ScrollPane {
         anchors.fill: parent
         contentHeight: column.height + 32
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
 
         Column {
             id: column
@@ -80,11 +75,14 @@ FocusScope {
                         width: entry.width
                         height: 28
                         text: entry.modelData.title
+                        // The list's focus is on the current one, so that it is heard.
+                        focus: entry.current
                         Accessible.role: Accessible.PageTab
+                        Accessible.focusable: true
                         Accessible.selectable: true
                         Accessible.selected: entry.current
                         onClicked: {
-                            root.forceActiveFocus(Qt.MouseFocusReason);
+                            forceActiveFocus(Qt.MouseFocusReason);
                             root.store.tab = entry.modelData.tab;
                         }
 
@@ -92,7 +90,7 @@ FocusScope {
                             anchors.fill: parent
                             radius: Theme.radiusControl
                             color: entry.current || button.down ? Theme.pressed : button.hovered ? Theme.hover : "transparent"
-                            FocusRing { visible: entry.current && root.activeFocus && !heading.activeFocus && InputMode.keyboard; inset: true }
+                            FocusRing { visible: button.activeFocus && InputMode.keyboard; inset: true }
                         }
 
                         Text {

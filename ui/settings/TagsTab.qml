@@ -21,6 +21,7 @@ SettingsPane {
         OrvForm {
             anchors.fill: parent
             focus: true
+            isStop: true
 
             FactList {
                 width: parent.width

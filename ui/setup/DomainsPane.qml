@@ -13,6 +13,11 @@ FocusScope {
     property bool editable: false
     property bool makesInboxes: false
 
+    function focusField() {
+        domains.showArchived = false;
+        field.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.bg
@@ -72,17 +77,12 @@ FocusScope {
             label: "Add domains"
             placeholder: "Paste from Sheets, or type one and press Enter"
             help: "Paste a full address and its domain joins the list."
+            text: root.domains.typed
             error: root.domains.problem !== "" ? root.domains.problem : root.problem
-
-            function add() {
-                text = root.domains.add(text);
-            }
-
-            onEdited: text => {
-                root.domains.clearProblem();
-                // What was pasted joins at once; what is typed waits for its end.
-                if (text.includes("\n"))
-                    add();
+            onEdited: text => root.domains.typed = text
+            onActiveFocusChanged: {
+                if (!activeFocus)
+                    root.domains?.addTyped();
             }
         }
     }

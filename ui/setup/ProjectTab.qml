@@ -13,8 +13,27 @@ FocusScope {
     readonly property var errors: form.draft.problems
 
     function save() {
+        store.domains.addTyped();
         form.save();
-        fields.showWrong(null);
+    }
+
+    /// To what is wrong, or else to what says why.
+    function showProblem() {
+        if (form.problem !== "")
+            Announcer.say(form.problem, "problem");
+        if (errors.domains !== undefined)
+            domains.focusField();
+        else if (fields.firstWrong(fields))
+            fields.showWrong(null);
+        else
+            fields.reveal(problem);
+    }
+
+    Connections {
+        target: root.form
+        function onRefused() {
+            root.showProblem();
+        }
     }
 
     DomainsPane {
@@ -48,6 +67,7 @@ FocusScope {
         }
 
         OrvNotice {
+            id: problem
             width: parent.width
             visible: text !== ""
             tone: "negative"
@@ -89,12 +109,15 @@ FocusScope {
         canSave: root.form.canSave
         hasErrors: Object.keys(root.errors).length > 0
         onSaveRequested: root.save()
-        onDiscardRequested: root.form.discard()
+        onDiscardRequested: {
+            root.form.discard();
+            root.store.domains.clear();
+        }
     }
 
     Shortcut {
         sequence: StandardKey.Save
-        enabled: root.form.canSave
+        enabled: root.form.canSave || (root.store.editable && root.store.domains.typed.trim() !== "")
         onActivated: root.save()
     }
 }

@@ -146,7 +146,7 @@ OrvTableRow {
         }
 
         OrvButton {
-            visible: root.isDomain && (root.canAuthorize || root.canRetry) && root.store.canWrite
+            visible: root.isDomain && (root.canAuthorize || root.canRetry) && root.store.editable
             anchors.verticalCenter: parent.verticalCenter
             size: "small"
             text: root.canAuthorize ? "Authorize" : "Run this domain"

@@ -30,7 +30,8 @@ Item {
         help: root.help
         secret: root.hidden
         text: root.secret.text
-        error: root.secret.problem
+        // The keyboard is led to what has an error.
+        error: root.secret.open ? root.secret.problem : ""
         onEdited: text => root.secret.text = text
     }
 

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 
@@ -33,14 +34,36 @@ OnDemand {
         onConfirmed: root.jobs.hide()
         onCancelled: root.jobs.hide()
 
-        Repeater {
+        ListView {
+            id: lines
+            visible: count > 0
+            width: parent.width
+            height: Math.min(contentHeight, 320)
+            clip: true
+            spacing: 10
+            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: true
+            highlightMoveDuration: 0
             model: root.job ? root.job.lines : []
+            Accessible.role: Accessible.List
+            Accessible.name: root.job ? root.job.title : ""
 
-            DialogText {
+            T.ScrollBar.vertical: OrvScrollBar {}
+
+            delegate: DialogText {
+                id: line
+
                 required property string modelData
 
+                width: lines.width - 12
                 text: modelData
                 color: Theme.text
+                Accessible.focusable: true
+
+                FocusRing {
+                    visible: line.activeFocus && InputMode.keyboard
+                    inset: true
+                }
             }
         }
     }

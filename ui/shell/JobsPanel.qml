@@ -72,6 +72,7 @@ T.Popup {
             }
 
             ListView {
+                id: list
                 width: parent.width
                 height: Math.min(contentHeight, 320)
                 boundsBehavior: Flickable.StopAtBounds
@@ -79,6 +80,9 @@ T.Popup {
                 clip: interactive
                 spacing: 12
                 model: root.jobs
+
+                RowFocus { target: list }
+
                 delegate: JobRow {
                     required property Job job
 

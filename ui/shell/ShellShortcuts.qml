@@ -10,6 +10,8 @@ Item {
     required property Router router
     required property OpenPage page
     required property Commands commands
+    /// False where the window has room for the rail only: nobody would see what was chosen.
+    property bool foldable: true
 
     Shortcut {
         sequence: "Ctrl+K"
@@ -18,12 +20,13 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+B"
+        enabled: root.foldable
         onActivated: root.router.collapsed = !root.router.collapsed
     }
 
     Shortcut {
         sequences: ["?", "Ctrl+/", "Ctrl+Shift+/"]
-        onActivated: root.router.shortcutsOpen = true
+        onActivated: root.router.shortcutsOpen = !root.router.shortcutsOpen
     }
 
     // A text that is being written has its own.

@@ -74,5 +74,6 @@ FocusScope {
         router: root.router
         page: root.app.openPage
         commands: root.commands
+        foldable: !root.railForced
     }
 }

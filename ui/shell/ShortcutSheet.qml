@@ -22,6 +22,13 @@ OnDemand {
         onAboutToShow: lines = root.commands.sheet()
         onClosed: root.router.shortcutsOpen = false
 
+        // Over the page it keeps the page's own keys away.
+        Shortcut {
+            sequences: ["?", "Ctrl+/", "Ctrl+Shift+/"]
+            enabled: sheet.modal
+            onActivated: sheet.close()
+        }
+
         Column {
             width: parent.width
 

@@ -11,15 +11,25 @@ Rectangle {
     // The browser asks instead of the step that it was opened from.
     readonly property string asks: model.waitingForGoogle ? "email" : model.step
 
+    // Whoever is asked anew finds it there already, so the step that shows it cannot tell what is new.
+    readonly property string error: model.error
+    readonly property string notice: model.notice
+    onErrorChanged: tell(error)
+    onNoticeChanged: tell(notice)
+
+    function tell(text: string) {
+        if (text !== "")
+            Announcer.say(text, "error");
+    }
+
     color: Theme.surface
 
     Component.onCompleted: model.checkMethods()
 
-    Flickable {
+    ScrollPane {
         anchors.fill: parent
         contentHeight: Math.max(height, column.height + 96)
         interactive: contentHeight > height
-        boundsBehavior: Flickable.StopAtBounds
 
         Column {
             id: column
@@ -163,6 +173,7 @@ Rectangle {
                 large: true
                 label: "Work email"
                 placeholder: "you@company.com"
+                accessibleDescription: root.model.error
                 inputMethodHints: Qt.ImhEmailCharactersOnly | Qt.ImhNoAutoUppercase
                 text: root.model.email
                 onEdited: text => root.model.email = text
@@ -187,6 +198,7 @@ Rectangle {
                 large: true
                 secret: true
                 label: "Password"
+                accessibleDescription: root.model.error
                 text: root.model.password
                 onEdited: text => root.model.password = text
                 onAccepted: root.model.submitPassword()

@@ -274,6 +274,36 @@ class PagedListTest : public QObject {
     QCOMPARE(shown().size(), 3);
   }
 
+  void aPageWhoseRowsHaveAllGoneIsStillRead() {
+    make({.keepsLost = true});
+    list->load();
+    pages->give(page({1, 2}, u"a"_s));
+    // A new row pushes the last one down: it waits to be read again, and is gone before somebody sees it there.
+    list->load();
+    pages->give(page({3, 1}, u"b"_s));
+    QCOMPARE(shown(), (QStringList{u"t3"_s, u"t1"_s, u"t2"_s}));
+    list->takeOut({u"t2"_s});
+    QVERIFY(list->canLoadMore());
+    list->loadMore();
+    QCOMPARE(pages->cursors().last(), u"b"_s);
+    pages->give(page({4, 5}, u"c"_s));
+    QCOMPARE(shown(), (QStringList{u"t3"_s, u"t1"_s, u"t4"_s, u"t5"_s}));
+
+    // The same before rows that are seen.
+    list->loadMore();
+    pages->give(page({6}));
+    QVERIFY(!list->canLoadMore());
+    list->load();
+    pages->give(page({3, 1}, u"b"_s));
+    list->takeOut({u"t4"_s, u"t5"_s});
+    list->see(0, 3);
+    QCOMPARE(pages->cursors().last(), u"b"_s);
+    pages->give(page({7}, u"c"_s));
+    QCOMPARE(pages->cursors().last(), u"c"_s);
+    pages->give(page({6}));
+    QCOMPARE(shown(), (QStringList{u"t3"_s, u"t1"_s, u"t7"_s, u"t6"_s}));
+  }
+
   void changesCrossReadings() {
     make({});
     list->load();

@@ -284,8 +284,15 @@ class CampaignTest : public QObject {
     f->api.answer(patch, refusal, 409);
     QVERIFY(store->renameForm()->shown());
     QCOMPARE(store->renameForm()->text(), u" New name "_s);
-    f->api.answer(get, campaign("running"));
-    QCOMPARE(store->name(), u"Acme Q3"_s);
+    // The name that somebody else gave is seen by now, and may be replaced.
+    f->api.answer(get, R"({"id":"c1","name":"Theirs","status":"running","version":9})");
+    QCOMPARE(store->name(), u"Theirs"_s);
+    f->api.expect(patch);
+    store->renameForm()->submit();
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(9));
+    QCOMPARE(f->api.last().request.body, R"({"name":"New name"})"_ba);
+    f->api.answer(patch, R"({"id":"c1","name":"New name","status":"running","version":10})");
+    QVERIFY(!store->renameForm()->shown());
   }
 
   void deletionIsUndone() {
@@ -359,6 +366,12 @@ class CampaignTest : public QObject {
     store->refresh();
     f->api.answer(get, campaign("running", R"(,"launchedAt":"2026-11-01T08:00:00Z")"));
     QVERIFY2(path().isEmpty() && !store->readyToLaunch(), qPrintable(path()));
+
+    // A date that cannot be read is none.
+    f->api.expect(get);
+    store->refresh();
+    f->api.answer(get, campaign("draft", R"(,"launchedAt":"soon")"));
+    QCOMPARE(store->mainAction(), u"launch"_s);
     store->close();
   }
 

@@ -6,6 +6,7 @@
 
 #include "app/campaigns/CampaignLeads.h"
 #include "tests/app/campaigns/CampaignFixture.h"
+#include "tests/support/await.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -93,6 +94,7 @@ class CampaignLeadsTest : public QObject {
     life = std::make_unique<Life>();
     f = &life->f;
     store = &life->store;
+    f->navigator.openItem(Page::campaigns, u"c1"_s);
   }
   void cleanup() { life.reset(); }
 
@@ -253,6 +255,8 @@ class CampaignLeadsTest : public QObject {
       if (verb == "good"_L1) store->removeForGood(ids.first());
       if (f->overlays.asking()) f->overlays.answer(f->overlays.token(), true);
     };
+    store->selection()->toggle(u"l2"_s);
+    store->selection()->toggle(u"l3"_s);
     f->api.expect(label);
     act();
     QVERIFY(store->bulkBusy() || !store->busyIds().isEmpty());
@@ -272,7 +276,9 @@ class CampaignLeadsTest : public QObject {
     QCOMPARE(life->refreshes, 1);
     const bool leaves = verb == "remove"_L1 || verb == "good"_L1;
     QCOMPARE(shown().size(), leaves ? 3 - ids.size() : 3);
+    QCOMPARE(ticked(), leaves && ids.contains(u"l2"_s) ? QStringList{u"l3"_s} : (QStringList{u"l2"_s, u"l3"_s}));
     f->api.answer(get, page({3}));
+    QCOMPARE(ticked(), QStringList{u"l3"_s});
     QVERIFY(!store->bulkBusy() && store->busyIds().isEmpty());
   }
 
@@ -311,9 +317,26 @@ class CampaignLeadsTest : public QObject {
     QVERIFY(store->move()->shown() && !store->move()->busy());
     QCOMPARE(store->move()->error(), u"Not now: It is being checked."_s);
 
+    // Without an answer it may have moved them, out of here and into the other.
+    QSet<QString> stale;
+    f->context->changes().watch<Campaign>(store, [&stale](const auto& change) { stale.insert(change.id); });
     f->api.expect(move);
     f->api.expect(get);
     store->move()->submit();
+    f->api.fail(move, TransportFailure::timedOut);
+    f->api.answer(get, page({1, 2}));
+    QCOMPARE(stale, (QSet<QString>{u"c1"_s, u"c2"_s}));
+
+    // Who is changed otherwise is moved after that.
+    std::optional<RecordTurns::Turn> other(await(f->context->turns().next(u"l2"_s)));
+    store->move()->submit();
+    settle();
+    QVERIFY(store->move()->busy() && !f->api.isWaiting(move));
+    f->api.expect(move);
+    other.reset();
+    settle();
+    QCOMPARE(body().value("leadIds"_L1).toArray(), (QJsonArray{u"l1"_s, u"l2"_s}));
+    f->api.expect(get);
     f->api.answer(move, R"({"moved":1,"skipped":1})");
     QVERIFY(!store->move()->shown());
     QCOMPARE(toast(), u"Moved 1 lead to There"_s);
@@ -446,6 +469,78 @@ class CampaignLeadsTest : public QObject {
     f->api.answer(detail, detailOf(lead(1, "active", R"(,"data":{"city":"Ulm"})")));
     QTRY_COMPARE(panel.fieldText(u"city"_s), u"Bonn"_s);
     QVERIFY(panel.dirty());
+
+    // Nor is a drawer seen that stands open on a page that was left.
+    f->api.expect(edit);
+    panel.save();
+    f->navigator.open(Page::dashboard);
+    f->api.answer(edit, refusal, 422);
+    QVERIFY(!panel.error().isEmpty());
+    QVERIFY(toast().endsWith(u"has unsaved changes"_s));
+    QCOMPARE(f->toasts.toasts().last().detail,
+             u"Couldn’t save the fields of p1@x.example. Not now: It is being checked."_s);
+    QVERIFY(f->context->unsaved().contains(u"c1"_s));
+    panel.discard();
+    QVERIFY(f->context->unsaved().ids().isEmpty());
+  }
+
+  void whatWasTypedWaitsForItsLeadToComeBack() {
+    const auto detail = u"GET /campaigns/c1/leads/l1"_s, remove = u"DELETE /campaigns/c1/leads/l1"_s;
+    const QByteArray withCity = detailOf(lead(1, "active", R"(,"data":{"city":"Ulm"})"));
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    settle();
+    load(page({1, 2}));
+    LeadPanel& panel = *store->panel();
+    const auto write = [&] {
+      f->api.expect(detail);
+      store->open(u"l1"_s);
+      f->api.answer(detail, withCity);
+      panel.setField(u"city"_s, u"Bonn"_s);
+    };
+    const auto removeIt = [&] {
+      f->api.expect(remove);
+      store->act(u"remove"_s, u"l1"_s);
+      f->api.expect(get);
+      f->api.answer(remove, {}, 204);
+      f->api.answer(get, page({2}));
+      QVERIFY(!panel.shown());
+    };
+    write();
+    removeIt();
+    f->api.expect(restore);
+    f->api.expect(get);
+    f->toasts.act(f->toasts.toasts().last().id);
+    f->api.answer(restore, R"({"restored":1})");
+    f->api.answer(get, page({1, 2}));
+    f->api.expect(detail);
+    store->open(u"l1"_s);
+    f->api.answer(detail, withCity);
+    QTRY_COMPARE(panel.fieldText(u"city"_s), u"Bonn"_s);
+
+    // Nobody would look for it where the lead is moved to.
+    const auto campaignList = u"GET /campaigns"_s;
+    store->beginMove({u"l1"_s, u"l2"_s});
+    QVERIFY(f->overlays.asking() && !store->move()->shown());
+    f->overlays.answer(f->overlays.token(), false);
+    QVERIFY(panel.dirty() && !store->move()->shown());
+    store->beginMove({u"l1"_s});
+    f->api.expect(campaignList);
+    f->overlays.answer(f->overlays.token(), true);
+    QVERIFY(!panel.dirty() && store->move()->shown());
+    f->api.answer(campaignList, campaigns({{"c2", "There"}}));
+    store->move()->cancel();
+
+    // For good it goes with the lead.
+    write();
+    f->clock.advance(1s);
+    QCOMPARE(f->journalFiles.files.size(), 1);
+    f->api.expect(remove);
+    store->removeForGood(u"l1"_s);
+    f->overlays.answer(f->overlays.token(), true);
+    f->api.expect(get);
+    f->api.answer(remove, {}, 204);
+    QVERIFY(!panel.shown() && f->journalFiles.files.isEmpty());
+    f->api.answer(get, page({2}));
   }
 };
 

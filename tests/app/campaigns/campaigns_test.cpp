@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "kit/models/campaigns/campaignRequests.h"
 #include "kit/models/mailboxes/mailbox.h"
 #include "tests/app/campaigns/CampaignsPage.h"
 
@@ -254,6 +255,11 @@ class CampaignsTest final : public CampaignsPage {
     QVERIFY(!store->rename()->busy());
     QCOMPARE(store->rename()->text(), u"  New name "_s);
     QCOMPARE(f->toasts.toasts().last().detail, u"Changed meanwhile"_s);
+    f->api.answer(u"GET /campaigns"_s, QByteArray(threeRows).replace("Acme Q3", "Theirs").replace("n\":4", "n\":9"));
+    QCOMPARE(names().first(), u"Theirs"_s);
+    f->api.expect(u"PATCH /campaigns/c1"_s);
+    store->rename()->submit();
+    QCOMPARE(f->api.last().request.ifMatch, 9);
   }
 
   void onlyARunningCampaignStopsSending_data() {
@@ -352,6 +358,19 @@ class CampaignsTest final : public CampaignsPage {
     f->api.expect(u"GET /campaigns"_s);
     f->context->changes().gone<Mailbox>(u"m1"_s, f->context->changes().stamp());
     f->api.answer(u"GET /campaigns"_s, threeRows);
+  }
+
+  void whatAnotherListFoundNewerIsRead() {
+    const QByteArray newer = QByteArray(threeRows).replace("gamma", "delta").replace("n\":4", "n\":5");
+    load();
+    Store elsewhere(*f->context);
+    Resource<CampaignList> other(elsewhere, [this] { return f->api.send(Requests::listCampaigns(false)); });
+    f->api.expect(u"GET /campaigns"_s);
+    other.load();
+    f->api.expect(u"GET /campaigns"_s);
+    f->api.answer(u"GET /campaigns"_s, newer);
+    f->api.answer(u"GET /campaigns"_s, newer);
+    QCOMPARE(names().last(), u"delta"_s);
   }
 
   void failedRefreshKeepsTheRowsAndSaysSo() {

@@ -66,6 +66,7 @@ class CampaignSettingsTest : public QObject {
     store = std::make_unique<CampaignStore>(u"c1"_s, *f->context);
     form = store->settings();
     schedule = form->schedule();
+    f->navigator.openItem(Page::campaigns, u"c1"_s);
   }
   void cleanup() {
     store.reset();
@@ -507,6 +508,33 @@ class CampaignSettingsTest : public QObject {
     QVERIFY(schedule->draft()->journal().isEmpty());
     QVERIFY(schedule->draft()->restore(kept));
     QCOMPARE(window(0).value(u"days"_s).value<QList<qint64>>(), (QList<qint64>{1, 2, 6}));
+  }
+
+  void aSaveThatFailsWhenItsPageWasLeftIsTold() {
+    const auto isMarked = [this] { return f->context->unsaved().contains(u"c1"_s); };
+    const auto refuse = [this] { f->api.answer(patched, R"({"title":"Not now","detail":"It is checked."})", 422); };
+    load(campaign(7));
+    form->draft()->set(u"gap"_s, u"9"_s);
+    schedule->toggleDay(0, 5);
+    f->api.expect(patched);
+    form->saveAll();
+    f->navigator.open(Page::dashboard);
+    f->api.expect(patched);
+    refuse();
+    QCOMPARE(lastToast(), u"“Acme” has unsaved changes"_s);
+    QCOMPARE(f->toasts.toasts().last().detail, u"Couldn’t save the settings. Not now: It is checked."_s);
+    refuse();
+    QCOMPARE(f->toasts.toasts().last().detail, u"Couldn’t save the schedule. Not now: It is checked."_s);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QCOMPARE(f->navigator.item, u"c1"_s);
+
+    // The row's mark stays until there is nothing left of either.
+    schedule->discard();
+    QVERIFY(isMarked());
+    f->api.expect(patched);
+    form->save();
+    f->api.answer(patched, campaign(8, R"(,"gapSeconds":540)"));
+    QVERIFY(!isMarked() && !form->unsaved());
   }
 
   void aStoreThatGoesTakesItsSavesAlong() {

@@ -284,6 +284,13 @@ class LeadAddingTest : public QObject {
     adding->dismiss();
     f->api.answer(add, refusal, 422);
     QCOMPARE(toast(), u"Couldn’t add the leads"_s);
+    // Another way of adding leaves it alone, given up or gone through.
+    adding->show(u"csv"_s);
+    adding->dismiss();
+    adding->show(u"leads"_s);
+    f->api.expect(own);
+    adding->submit();
+    f->api.answer(own, R"({"ids":[]})");
     adding->show(u"manual"_s);
     QVERIFY(!adding->form()->busy());
     QCOMPARE(names(), u"Ana"_s);

@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 
+#include "app/campaigns/CampaignsArea.h"
 #include "tests/app/campaigns/SequencePage.h"
 
 using namespace orv;
@@ -11,6 +12,15 @@ namespace {
 const auto spintax = u"POST /campaigns/spintax"_s;
 
 Task<void> keep(Task<bool> task, std::optional<bool>* outcome) { *outcome = co_await std::move(task); }
+
+/// A workspace in which one campaign's page is open.
+struct OnePage final : WorkspaceStores {
+  Store& page;
+  explicit OnePage(Store& opened) : page(opened) {}
+  WorkspaceContext& context() const override { return page.context(); }
+  Store* store(const QString&) override { return nullptr; }
+  Store* keptItem(Page, const QString&) const override { return &page; }
+};
 
 }  // namespace
 
@@ -136,6 +146,41 @@ class SequenceEditorTest final : public SequencePage {
     f->api.answer(put, campaign(step(1, "One", "new"), 8));
     f->api.answer(copy, campaign({}));
     QCOMPARE(toasts().last(), u"Acme created"_s);
+  }
+
+  void whatWasRestoredOnAnotherSequenceWaitsForAWordAndSaysSo() {
+    const auto copy = u"POST /campaigns/c1/duplicate"_s, all = u"GET /campaigns"_s;
+    const auto why = u"The sequence has unsaved changes. Save or discard them first."_s;
+    f->journal.open({u"u1"_s, u"https://service.example"_s});
+    f->journal.keep({u"acme"_s, u"campaigns/c1/sequence"_s}, [] {
+      return JournalText{5, R"({"steps":[{"id":"s1","delayMinutes":0,"sameThread":false,"variants":[
+          {"id":"v1","label":"A","subject":"One","body":"Mine","weight":1,"enabled":true}]}]})"};
+    });
+    settle();
+    load(campaign(twoSteps));
+    QTRY_COMPARE(editor->body(), u"Mine"_s);
+    QVERIFY(editor->autosave()->awaitsWord());
+    store->duplicate();
+    QCOMPARE(toasts(), QStringList{u"Couldn’t duplicate the campaign."_s});
+    QCOMPARE(f->toasts.toasts().last().detail, why);
+    // The list would copy the older text.
+    OnePage workspace(*store);
+    const std::unique_ptr<Store> list(campaignsArea().stores.first().make(workspace));
+    f->api.expect(all);
+    list->ensureLoaded();
+    f->api.answer(all, R"({"items":[{"id":"c1","name":"Acme","status":"draft","senders":0,"steps":2,"leads":0,)"
+                       R"("sent":0,"replied":0,"positive":0,"bounced":0,"createdAt":"","version":7}]})");
+    list->act(u"duplicate"_s, u"c1"_s);
+    QCOMPARE(toasts().last(), why);
+
+    f->api.expect(put);
+    editor->autosave()->save();
+    QVERIFY(!editor->autosave()->awaitsWord());
+    f->api.answer(put, campaign(step(1, "One", "Mine"), 8));
+    QVERIFY(editor->recovery()->notice().isEmpty());
+    f->api.expect(copy);
+    list->act(u"duplicate"_s, u"c1"_s);
+    f->api.answer(copy, R"({"id":"c9","name":"Copy","status":"draft"})");
   }
 
   void spintaxIsOneEditOfTheTextThatWasSent() {

@@ -154,6 +154,22 @@ class SubsequencesTest : public QObject {
     if (isTaken) f->api.answer(listed, R"({"items":[]})");
   }
 
+  void oneThatIsBroughtBackIsReadAgain() {
+    load();
+    Changes& changes = f->context->changes();
+    changes.gone<Campaign>(u"c2"_s, changes.stamp());
+    QCOMPARE(page->count(), 0);
+    Campaign restored;
+    restored.id = u"c2"_s;
+    restored.parent = Campaign::Parent{.id = u"c8"_s, .number = {}, .name = u"Other"_s};
+    changes.publish(restored, changes.stamp(), true);
+    restored.parent->id = u"c1"_s;
+    f->api.expect(listed);
+    changes.publish(restored, changes.stamp(), true);
+    f->api.answer(listed, R"({"items":[{"id":"c2","name":"Warm","status":"draft"}]})");
+    QCOMPARE(page->count(), 1);
+  }
+
   void labelsAreReadAgain() {
     load();
     f->api.expect(labels);

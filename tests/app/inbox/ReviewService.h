@@ -30,6 +30,11 @@ class ReviewService final : public APITransport {
     m_status[id] = status;
   }
   void set(const QString& id, const QString& status) { m_status[id] = status; }
+  /// What the agent has written, and what went out in its place.
+  void write(const QString& id, const QString& body) { m_body[id] = body; }
+  void send(const QString& id, const QString& body) { m_sentBody[id] = body; }
+  /// One more message in its conversation.
+  void say(const QString& id) { ++m_said[id]; }
   QString status(const QString& id) const { return m_status.at(id); }
   QStringList pending() const {
     QStringList ids = m_order;
@@ -132,11 +137,15 @@ class ReviewService final : public APITransport {
             {QStringLiteral("kind"), QStringLiteral("reply")},
             {QStringLiteral("status"), QStringLiteral("open")},
             {QStringLiteral("unread"), false},
-            {QStringLiteral("messageCount"), 1},
+            {QStringLiteral("messageCount"), 1 + (m_said.contains(id) ? m_said.at(id) : 0)},
             {QStringLiteral("pendingDrafts"), isWaiting(id) ? 1 : 0},
             {QStringLiteral("followupsSent"), 0},
             {QStringLiteral("humanTookOver"), false},
             {QStringLiteral("createdAt"), QStringLiteral("2026-11-19T09:00:00Z")}};
+  }
+  QString body(const QString& id) const {
+    if (!isWaiting(id) && m_sentBody.contains(id)) return m_sentBody.at(id);
+    return m_body.contains(id) ? m_body.at(id) : QStringLiteral("Hello ") + id;
   }
   QJsonObject draft(const QString& id) const {
     QJsonObject draft{{QStringLiteral("id"), id},
@@ -144,7 +153,7 @@ class ReviewService final : public APITransport {
                       {QStringLiteral("kind"), QStringLiteral("reply")},
                       {QStringLiteral("toAddress"), id + QStringLiteral("@b.example")},
                       {QStringLiteral("subject"), QStringLiteral("Re: Slots")},
-                      {QStringLiteral("body"), QStringLiteral("Hello ") + id},
+                      {QStringLiteral("body"), body(id)},
                       {QStringLiteral("status"), m_status.at(id)}};
     if (m_status.at(id) == QLatin1String("held"))
       draft.insert(QStringLiteral("gate"),
@@ -166,7 +175,7 @@ class ReviewService final : public APITransport {
                     {QStringLiteral("drafts"), QJsonArray{draft(id)}}})};
     }
     if (parts.value(0) == QLatin1String("setter")) return {200, {}, "{}"};
-    return decide(parts.value(2), parts.value(3));
+    return decide(parts.value(2), parts.value(3), waiting.body);
   }
   /// The first page: the last conversation stands on another.
   QJsonObject threads() const {
@@ -187,7 +196,7 @@ class ReviewService final : public APITransport {
     if (more) page.insert(QStringLiteral("nextCursor"), QStringLiteral("n"));
     return page;
   }
-  HTTPAnswer decide(const QString& id, const QString& verb) {
+  HTTPAnswer decide(const QString& id, const QString& verb, const QJsonObject& sent) {
     const QString before = m_status.at(id);
     if (verb == QLatin1String("training"))
       return {200, {}, --trainingAfter < 0 ? text(training) : QByteArray(R"({"done":false})")};
@@ -198,8 +207,14 @@ class ReviewService final : public APITransport {
                       : restores ? before == QLatin1String("rejected")
                                  : isWaiting(id) || verb == QLatin1String("reject");
     if (!fits) return {409, {}, R"({"title":"It is decided already","status":409})"};
-    if (verb == QLatin1String("approve")) m_due[id] = formatPlatformDate(m_clock.now().addSecs(60));
-    if (undoes || restores) m_due.erase(id);
+    if (verb == QLatin1String("approve")) {
+      m_due[id] = formatPlatformDate(m_clock.now().addSecs(60));
+      if (sent.contains(QLatin1String("body"))) m_sentBody[id] = sent.value(QLatin1String("body")).toString();
+    }
+    if (undoes || restores) {
+      m_due.erase(id);
+      m_sentBody.erase(id);
+    }
     m_status[id] = undoes || restores                 ? QStringLiteral("pending")
                    : verb == QLatin1String("approve") ? QStringLiteral("approved")
                                                       : QStringLiteral("rejected");
@@ -210,6 +225,9 @@ class ReviewService final : public APITransport {
   QStringList m_order;
   std::map<QString, QString> m_status;
   std::map<QString, QString> m_due;
+  std::map<QString, QString> m_body;
+  std::map<QString, QString> m_sentBody;
+  std::map<QString, int> m_said;
   std::vector<Sent> m_sent;
   std::vector<Waiting> m_waiting;
   quint64 m_last = 0;

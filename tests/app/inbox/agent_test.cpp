@@ -59,7 +59,7 @@ QByteArray campaign(const QByteArray& id) {
 }
 
 struct Agent : AppFixture {
-  Agent(const QByteArray& stored = settings(), const QByteArray& record = training(16, 13)) {
+  Agent(const QByteArray& stored = settings(), const QByteArray& record = training(16, 13), bool hasCampaigns = true) {
     context->changes().watch<InboxThread>(&store,
                                           [this](const auto& change) { conversationsTold += change.id.isEmpty(); });
     for (const QString& label : {getSettings, getTraining, getModes, getCampaigns, getLessons}) api.expect(label);
@@ -68,7 +68,10 @@ struct Agent : AppFixture {
     api.answer(getSettings, stored);
     api.answer(getTraining, record);
     api.answer(getModes, R"({"items":[{"campaignId":"c1"},{"campaignId":"c2","mode":"off"}]})");
-    api.answer(getCampaigns, R"({"items":[)" + campaign("c1") + "," + campaign("c2") + "," + campaign("c3") + "]}");
+    if (hasCampaigns)
+      answerCampaigns();
+    else
+      api.answer(getCampaigns, R"({"title":"Not now","status":503})", 503);
     api.answer(getLessons, lessonList());
   }
   ~Agent() { store.close(); }
@@ -76,6 +79,9 @@ struct Agent : AppFixture {
   AgentSettingsStore store{*context};
   /// Each says how the agent goes about it.
   int conversationsTold = 0;
+  void answerCampaigns() {
+    api.answer(getCampaigns, R"({"items":[)" + campaign("c1") + "," + campaign("c2") + "," + campaign("c3") + "]}");
+  }
   AgentForm& form() { return *store.form(); }
   QJsonObject sentBody() { return QJsonDocument::fromJson(api.last().request.body.value_or("{}")).object(); }
   static QStringList ids(AgentCampaignRows* rows) {
@@ -149,6 +155,7 @@ class AgentTest : public QObject {
     f.api.expect(getSettings);
     f.api.answer(patchSettings, R"({"title":"Changed meanwhile","status":409})", 409);
     QCOMPARE(f.form().problem(), u"Changed meanwhile"_s);
+    QCOMPARE(f.lastToast(), QString());
     f.api.answer(getSettings, settings({{u"repName"_s, u"Theirs"_s}, {u"version"_s, 5}}));
     QCOMPARE(f.form().draft()->typed().repName, u"Nora"_s);
     QVERIFY(f.form().conflict().contains(u"Rep name"_s));
@@ -158,6 +165,23 @@ class AgentTest : public QObject {
     QCOMPARE(f.api.last().request.ifMatch, std::optional<qint64>(5));
     f.api.answer(patchSettings, settings({{u"repName"_s, u"Nora"_s}, {u"version"_s, 6}}));
     QVERIFY(!f.form().dirty());
+  }
+
+  void aSaveThatWasGivenUpForLost() {
+    Agent f;
+    f.form().set(u"repName"_s, u"Nora"_s);
+    f.api.expect(patchSettings);
+    f.form().save();
+    f.store.disappear();
+    f.api.expect(getSettings);
+    f.api.fail(patchSettings, TransportFailure::timedOut);
+    // Whoever has left the section does not see it there.
+    QCOMPARE(f.lastToast(), u"Couldn’t save the agent settings"_s);
+    QVERIFY(!f.form().problem().isEmpty());
+    // It had come through.
+    f.api.answer(getSettings, settings({{u"repName"_s, u"Nora"_s}, {u"version"_s, 5}}));
+    QVERIFY(!f.form().dirty());
+    QCOMPARE(f.form().problem(), QString());
   }
 
   void autoModeIsAskedFor_data() {
@@ -244,6 +268,22 @@ class AgentTest : public QObject {
     f.api.answer(u"PUT /setter/campaigns/c2/mode"_s, R"({"title":"No","status":422})", 422);
     QVERIFY(f.ids(f.store.campaigns()->inactive()).contains(u"c2"_s));
     QCOMPARE(f.conversationsTold, 1);
+  }
+
+  void withoutTheCampaignsNobodySaysThatThereAreNone() {
+    Agent f(settings(), training(16, 13), false);
+    AgentCampaigns& campaigns = *f.store.campaigns();
+    QCOMPARE(campaigns.campaigns()->stateName(), ResourceBase::State::Error);
+    QCOMPARE(f.ids(campaigns.active()) + f.ids(campaigns.inactive()), QStringList());
+    f.api.expect(getCampaigns);
+    campaigns.campaigns()->load();
+    f.answerCampaigns();
+    QCOMPARE(f.ids(campaigns.active()), (QStringList{u"Active by default"_s, u"c1"_s, u"c3"_s}));
+    // There may be none, which is content as well.
+    f.api.expect(getCampaigns);
+    campaigns.campaigns()->load();
+    f.api.answer(getCampaigns, R"({"items":[]})");
+    QVERIFY(campaigns.campaigns()->hasContent());
   }
 
   void aCampaignThatIsBackHasTheModeItHad() {

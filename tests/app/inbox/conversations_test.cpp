@@ -11,6 +11,8 @@ using namespace orv::test;
 class ConversationsTest : public InboxFixture {
   Q_OBJECT
 
+  int unreadInTab() const { return store->threads()->tabs()[1].count; }
+
  private Q_SLOTS:
   void init() { begin(); }
   void cleanup() { life.reset(); }
@@ -177,6 +179,53 @@ class ConversationsTest : public InboxFixture {
     QCOMPARE(toast(), u"Moved back to the inbox"_s);
   }
 
+  void whatTheListHasNoLongerGoesOnToItsFirst() {
+    load();
+    open(9, detailOf(threadOf(9, {{u"unread"_s, false}})));
+    f->api.expect(patch(9));
+    f->api.expect(get(1));
+    store->act(u"archive"_s);
+    QCOMPARE(store->openId(), id(1));
+    // Archived by somebody else, one stays open without standing in the list.
+    InboxThread elsewhere = *store->threads()->find(id(1));
+    elsewhere.status = u"archived"_s;
+    f->context->changes().publish(elsewhere, f->context->changes().stamp(), false);
+    settle();
+    f->api.expect(get(2));
+    store->step(1);
+    QCOMPARE(store->openId(), id(2));
+  }
+
+  void changesOfDifferentKindsGoOneAfterAnother() {
+    load();
+    const auto answer = [this](const QJsonObject& more) { f->api.answer(patch(1), json(threadOf(1, more))); };
+    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
+    f->api.expect(patch(1));
+    store->setLabel(u"warm"_s);
+    QCOMPARE(body(), (QJsonObject{{u"label"_s, u"warm"_s}}));
+    QVERIFY(store->act(u"unread"_s));
+    QVERIFY(!store->act(u"unread"_s));
+    // Of several labels the last one counts, be it what still stands there.
+    store->setLabel(u"interested"_s);
+    store->setLabel({});
+    f->api.expect(get(3));
+    QVERIFY(store->act(u"archive"_s));
+    QCOMPARE(store->openId(), id(2));
+    QCOMPARE(store->busyIds(), QStringList{id(1)});
+    f->api.expect(patch(1));
+    answer({{u"label"_s, u"warm"_s}, {u"unread"_s, false}});
+    QCOMPARE(body(), (QJsonObject{{u"unread"_s, true}}));
+    f->api.expect(patch(1));
+    answer({{u"label"_s, u"warm"_s}});
+    QCOMPARE(body(), (QJsonObject{{u"status"_s, u"archived"_s}}));
+    f->api.expect(patch(1));
+    answer({{u"label"_s, u"warm"_s}, {u"status"_s, u"archived"_s}});
+    QCOMPARE(body(), (QJsonObject{{u"label"_s, QJsonValue::Null}}));
+    answer({{u"status"_s, u"archived"_s}});
+    QCOMPARE(toast(), u"Label cleared"_s);
+    QVERIFY(store->busyIds().isEmpty());
+  }
+
   void theArchiveGivesBack() {
     load();
     f->api.expect(list);
@@ -239,6 +288,81 @@ class ConversationsTest : public InboxFixture {
     settle();
     QVERIFY(!threads.polling());
     QCOMPARE(threads.syncedAt(), f->clock.now());
+  }
+
+  void newMailMakesWhatIsKeptOld() {
+    load();
+    open(1, detailOf(threadOf(1, {{u"unread"_s, false}})), 2);
+    const auto read = [](int n) { return detailOf(threadOf(n, {{u"unread"_s, false}, {u"messageCount"_s, 2}})); };
+    Q_EMIT f->context->mailCame(u"2026-11-21T12:00:00Z"_s);
+    // Somebody follows its notification: what was read ahead is shown and read again.
+    f->api.expect(get(2));
+    f->api.expect(get(3));
+    store->showRecord(id(2));
+    QVERIFY(store->conversation()->detail()->hasContent());
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}})));
+    f->api.answer(get(2), read(2));
+    QCOMPARE(store->conversation()->thread()->messageCount, 2);
+    // What is on the screen is read at once, the next one ahead of whoever goes on.
+    store->conversation()->detail()->appear();
+    f->api.expect(get(2));
+    Q_EMIT f->context->mailCame(u"2026-11-21T12:01:00Z"_s);
+    QCOMPARE(asked(get(2)), 3);
+    QCOMPARE(asked(get(1)) + asked(get(3)), 2);
+    f->api.expect(get(3));
+    f->api.answer(get(2), read(2));
+    store->conversation()->detail()->disappear();
+  }
+
+  void newMailIsShownWhereItCanBe() {
+    load();
+    auto& threads = *store->threads();
+    const auto come = [this] {
+      f->api.answer(list, page({}));
+      Q_EMIT f->context->mailCame(u"2026-11-21T12:00:00Z"_s);
+      f->api.expect(list);
+      store->threads()->showNewMail();
+      QVERIFY(!store->threads()->newMail());
+    };
+    f->api.expect(list);
+    threads.setTab(u"archived"_s);
+    come();
+    QCOMPARE(query(), u"limit=50"_s);
+    QCOMPARE(threads.tabName(), u"all"_s);
+    f->api.expect(list);
+    threads.setTab(u"unread"_s);
+    f->api.expect(list);
+    threads.setLabel(u"warm"_s);
+    come();
+    QCOMPARE(query(), u"limit=50&unread=1"_s);
+  }
+
+  void theTabCountsAsTheBadgesDo() {
+    load(page({threadOf(1)}, u"second"_s));
+    QSignalSpy counted(store->threads(), &ThreadList::countsChanged);
+    // There is new mail, which the list does not have yet. A further page knows no better.
+    f->context->setUnread(6);
+    Q_EMIT f->context->mailCame(u"2026-11-21T12:00:00Z"_s);
+    settle();
+    QVERIFY(!counted.isEmpty());
+    QCOMPARE(unreadInTab(), 6);
+    f->api.expect(list);
+    store->threads()->list()->loadMore();
+    f->api.answer(list, page({threadOf(2)}));
+    QCOMPARE(f->context->unread(), std::optional<qint64>(6));
+    QCOMPARE(unreadInTab(), 6);
+    f->api.expect(list);
+    store->threads()->showNewMail();
+    f->api.answer(list, page({threadOf(1)}, u"second"_s));
+    QCOMPARE(unreadInTab(), 5);
+    // Another number without mail: somebody has read elsewhere. Where the list cannot explain it, it is asked once.
+    f->api.expect(list);
+    f->context->setUnread(3);
+    settle();
+    f->api.answer(list, page({threadOf(1)}, u"second"_s));
+    f->context->setUnread(3);
+    settle();
+    QCOMPARE(unreadInTab(), 3);
   }
 
   void newThreadsPushTheOthersDown() {

@@ -1,4 +1,7 @@
+#include <QSignalSpy>
+
 #include "tests/app/inbox/InboxFixture.h"
+#include "tests/support/cell.h"
 
 using namespace orv;
 using namespace orv::test;
@@ -14,6 +17,12 @@ class RepliesTest : public InboxFixture {
     f->api.expect(reply(3));
     store->send();
     return writing;
+  }
+  /// The service has taken it, as `sent`. The list is read again.
+  void takeMine(const QJsonObject& sent) {
+    f->api.expect(list);
+    f->api.answer(reply(3), json({{u"draft"_s, sent}, {u"jobId"_s, u"j"_s}}));
+    f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
   }
 
  private Q_SLOTS:
@@ -35,8 +44,7 @@ class RepliesTest : public InboxFixture {
     QVERIFY(!store->act(u"send"_s));
     QCOMPARE(body(), (QJsonObject{{u"body"_s, u"Tuesday at ten."_s},
                                   {u"cc"_s, QJsonArray{u"a@x.example"_s, u"b@y.example"_s}}}));
-    f->api.answer(reply(3),
-                  json({{u"draft"_s, draft(u"d9"_s, 3, u"Tuesday at ten."_s, u"approved"_s)}, {u"jobId"_s, u"j"_s}}));
+    takeMine(draft(u"d9"_s, 3, u"Tuesday at ten."_s, u"approved"_s));
     QCOMPARE(toast(), u"Sending to Contact 3 from ellen@a.example"_s);
     QCOMPARE(writing.body(), QString());
     QVERIFY(!store->conversation()->replying());
@@ -58,15 +66,20 @@ class RepliesTest : public InboxFixture {
     QTest::addColumn<QStringList>("before");
     QTest::addColumn<QStringList>("after");
     QTest::addColumn<bool>("arrived");
-    QTest::newRow("arrived") << QStringList() << QStringList{u"d9"_s} << true;
-    QTest::newRow("lost") << QStringList() << QStringList() << false;
-    QTest::newRow("lost, but the same was said before") << QStringList{u"d0"_s} << QStringList{u"d0"_s} << false;
-    QTest::newRow("arrived, and was said before") << QStringList{u"d0"_s} << QStringList{u"d0"_s, u"d9"_s} << true;
+    QTest::addColumn<QString>("madeInto");
+    const QStringList none, d0{u"d0"_s}, d9{u"d9"_s};
+    QTest::newRow("arrived") << none << d9 << true << QString();
+    QTest::newRow("arrived, and is another text by now") << none << d9 << true << u"Mine. One more thing."_s;
+    QTest::newRow("lost") << none << none << false << QString();
+    QTest::newRow("lost, and is another text by now") << none << none << false << u"Mine. One more thing."_s;
+    QTest::newRow("lost, but the same was said before") << d0 << d0 << false << QString();
+    QTest::newRow("arrived, and was said before") << d0 << d0 + d9 << true << QString();
   }
   void anUnknownEndIsLookedUpFirst() {
     QFETCH(QStringList, before);
     QFETCH(QStringList, after);
     QFETCH(bool, arrived);
+    QFETCH(QString, madeInto);
     const auto sent = [](const QStringList& ids) {
       QJsonArray drafts;
       for (const QString& each : ids) drafts.append(draft(each, 3, u"Mine.\n"_s, u"approved"_s));
@@ -81,16 +94,35 @@ class RepliesTest : public InboxFixture {
     QCOMPARE(writing.body(), u"Mine."_s);
     f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
 
+    if (!madeInto.isEmpty()) writing.setBody(madeInto);
+    const QString text = writing.body();
     f->api.expect(get(3));
     store->send();
     QVERIFY(!writing.canSend());
-    if (!arrived) f->api.expect(reply(3));
+    f->api.expect(arrived ? list : reply(3));
     f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), sent(after)));
     QCOMPARE(asked(reply(3)), arrived ? 1 : 2);
-    QCOMPARE(writing.body(), arrived ? QString() : u"Mine."_s);
+    QCOMPARE(writing.body(), arrived && madeInto.isEmpty() ? QString() : text);
     if (arrived) QCOMPARE(toast(), u"Your reply had been sent already."_s);
+    if (!arrived) QCOMPARE(body(), (QJsonObject{{u"body"_s, text}}));
     if (!arrived) f->api.answer(reply(3), R"({"title":"No"})", 422);
     QVERIFY(!writing.uncertain());
+  }
+
+  void whatIsThrownAwayIsNotLookedUp() {
+    load();
+    openLast();
+    for (const bool restored : {false, true}) {
+      Writing& writing = writeMine();
+      f->api.expect(list);
+      f->api.fail(reply(3), NoAnswer(TransportFailure::timedOut, true));
+      f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
+      QVERIFY(writing.uncertain());
+      restored ? writing.recovery()->discard() : writing.discard();
+      QVERIFY(!writing.uncertain());
+    }
+    writeMine();
+    QCOMPARE(asked(get(3)), 1);
   }
 
   void anUnknownEndIsKnownToTheNextRun() {
@@ -107,13 +139,64 @@ class RepliesTest : public InboxFixture {
     QVERIFY(restored.uncertain());
     ThreadList threads(*f->context, nullptr);
     ThreadActions actions(*f->context, nullptr, threads, later);
+    // The text that was sent is looked for, and not what it has become.
+    restored.setBody(u"Mine. One more thing."_s);
     f->api.expect(get(3));
     actions.send(*store->threads()->find(id(3)), nullptr, false);
+    f->api.expect(list);
     const auto mine = [](const QString& which) { return draft(which, 3, u"Mine."_s, u"approved"_s); };
     f->api.answer(get(3), detailOf(threadOf(3, {{u"unread"_s, false}}), {mine(u"d0"_s), mine(u"d9"_s)}));
     QCOMPARE(asked(reply(3)), 1);
     QCOMPARE(toast(), u"Your reply had been sent already."_s);
-    QCOMPARE(restored.body(), QString());
+    QCOMPARE(restored.body(), u"Mine. One more thing."_s);
+    QVERIFY(!restored.uncertain());
+  }
+
+  void whatIsSentIsLookedForUntilItIsThere() {
+    const auto read = [this](const QString& draftId, bool isThere) {
+      QJsonObject one = draft(draftId, 3, u"Mine."_s, u"approved"_s);
+      one.insert(u"dueAt"_s, u"2026-11-21T12:00:30Z"_s);
+      const QJsonObject message{{u"id"_s, u"m9"_s},      {u"direction"_s, u"outbound"_s},
+                                {u"state"_s, u"sent"_s}, {u"body"_s, u"Mine."_s},
+                                {u"draftId"_s, draftId}, {u"at"_s, u"2026-11-21T12:00:30Z"_s}};
+      f->api.answer(get(3),
+                    detailOf(threadOf(3, {{u"unread"_s, false}}), {one}, isThere ? QJsonArray{message} : QJsonArray()));
+    };
+    const auto isRead = [&](const QString& draftId, bool isThere) {
+      f->api.expect(get(3));
+      f->clock.advance(5s);
+      read(draftId, isThere);
+    };
+    load();
+    openLast();
+    Conversation& open = *store->conversation();
+    open.detail()->appear();
+    f->api.expect(get(3));
+    open.refresh();
+    read(u"d9"_s, false);
+    QCOMPARE(open.outgoing(), QStringList());
+    f->clock.advance(30s);
+    QCOMPARE(open.outgoing(), QStringList{u"Sending to Contact 3"_s});
+    isRead(u"d9"_s, false);
+    isRead(u"d9"_s, true);
+    QCOMPARE(open.outgoing(), QStringList());
+    f->clock.advance(10min);
+    QCOMPARE(asked(get(3)), 4);
+
+    // Nobody asks without end, nor for what nobody looks at; whoever comes back sees how it is.
+    f->api.expect(get(3));
+    open.refresh();
+    read(u"d10"_s, false);
+    for (int n = 0; n < Conversation::sendingPace.most; ++n) isRead(u"d10"_s, false);
+    f->clock.advance(10min);
+    open.detail()->disappear();
+    f->api.expect(get(2));
+    store->step(-1);
+    f->clock.advance(10min);
+    f->api.expect(get(3));
+    store->open(id(3));
+    read(u"d10"_s, true);
+    QCOMPARE(open.outgoing(), QStringList());
   }
 
   void besideADraftItAsksFirst() {
@@ -124,12 +207,18 @@ class RepliesTest : public InboxFixture {
     store->send();
     QCOMPARE(f->overlays.title(), u"Reply anyway?"_s);
     QCOMPARE(f->overlays.confirmLabel(), u"Send email"_s);
+    QCOMPARE(f->overlays.text(), u"An AI draft is waiting in this conversation. Your reply takes its place."_s);
     f->overlays.answer(f->overlays.token(), false);
     QCOMPARE(store->conversation()->reply()->body(), u"Mine."_s);
     store->send();
     f->api.expect(reply(3));
     f->overlays.answer(f->overlays.token(), true);
     QVERIFY(store->conversation()->reply()->sending());
+    // The review has one draft less.
+    bool isTold = false;
+    f->context->changes().watch<Draft>(store, [&isTold](const auto& change) { isTold |= change.record == nullptr; });
+    takeMine(draft(u"d9"_s, 3, u"Mine."_s, u"approved"_s));
+    QVERIFY(isTold);
   }
 
   void textsAreKeptByThread() {
@@ -144,7 +233,8 @@ class RepliesTest : public InboxFixture {
     store->conversation()->reply()->setBody(u"To the second"_s);
     store->step(-1);
     QCOMPARE(store->conversation()->reply()->body(), u"To the first"_s);
-    QVERIFY(store->threads()->rows().isWritten(id(2)));
+    const QString said = cell(store->threads()->rows(), 1, "said").toString();
+    QVERIFY2(said.endsWith(u", Not sent, Yesterday"_s), qPrintable(said));
     QCOMPARE(life->writings.unsavedWork(),
              (QStringList{u"Your reply to Contact 1 was not sent."_s, u"Your reply to Contact 2 was not sent."_s}));
     f->clock.advance(1s);
@@ -192,7 +282,10 @@ class RepliesTest : public InboxFixture {
     f->overlays.answer(f->overlays.token(), true);
     QVERIFY(store->generating());
     QVERIFY(!store->act(u"generate"_s));
+    f->api.expect(list);
     f->api.answer(ask, json(draft(u"d2"_s, 3, u"Dear Contact"_s)));
+    f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"unread"_s, false}})}));
+    QCOMPARE(f->toasts.count(), 0);
     QVERIFY(!store->generating());
     QCOMPARE(store->conversation()->draftText(), u"Dear Contact"_s);
     QVERIFY(life->writings.unsavedWork().isEmpty());
@@ -205,6 +298,58 @@ class RepliesTest : public InboxFixture {
     f->api.expect(list);
     f->api.fail(ask, TransportFailure::timedOut);
     QVERIFY(isTold);
+  }
+
+  void aDraftThatIsWrittenMeanwhileIsTold() {
+    load();
+    openLast();
+    const auto ask = u"POST /inbox/threads/t3/draft"_s;
+    f->api.expect(ask);
+    store->act(u"generate"_s);
+    f->api.expect(get(2));
+    store->step(-1);
+    f->api.expect(list);
+    f->api.answer(ask, json(draft(u"d1"_s, 3, u"Hi"_s)));
+    f->api.answer(list, page({threadOf(1), threadOf(2), threadOf(3, {{u"pendingDrafts"_s, 1}})}));
+    QVERIFY(cell(store->threads()->rows(), 2, "draftReady").toBool());
+    QCOMPARE(toast(), u"The draft for Contact 3 is ready"_s);
+    f->toasts.act(f->toasts.toasts().last().id);
+    QCOMPARE(f->navigator.item, id(3));
+  }
+
+  void aDraftReadsAsItIsSent() {
+    load();
+    openLast({draft(u"d1"_s, 3, u"Hi"_s)});
+    Conversation& open = *store->conversation();
+    const auto& type = Conversation::staticMetaObject;
+    QSignalSpy told(&open, type.property(type.indexOfProperty("draftText")).notifySignal());
+    const auto reads = [&](const QString& text) {
+      const bool isTold = !told.isEmpty();
+      told.clear();
+      return isTold && open.draftText() == text;
+    };
+    open.edit()->setBody(u"Hello"_s);
+    QVERIFY(reads(u"Hello"_s));
+    open.edit()->discard();
+    QVERIFY(reads(u"Hi"_s));
+    // In the review, it is given a style; then the agent writes it anew, which this conversation has not heard of.
+    Draft draft = *open.draft();
+    open.edit()->begin(u"Hey!"_s, draft.body);
+    QVERIFY(reads(u"Hey!"_s));
+    draft.body = u"Hi again"_s;
+    life->writings.edit(draft, u"Contact 3"_s);
+    InboxThread thread = *open.thread();
+    thread.label = ThreadLabel(u"warm"_s);
+    f->context->changes().publish(thread, f->context->changes().stamp(), false);
+    QCOMPARE(open.label(), u"warm"_s);
+    QVERIFY(reads(u"Hi again"_s));
+    QVERIFY(store->act(u"approve"_s));
+    QCOMPARE(life->desk.approved.last().draft.body, u"Hi again"_s);
+    // It has heard of it, and the memory was short.
+    f->context->changes().publish(draft, f->context->changes().stamp(), false);
+    store->trim();
+    QVERIFY(open.edit());
+    QVERIFY(reads(u"Hi again"_s));
   }
 };
 

@@ -20,6 +20,8 @@ using Fault = ReviewService::Fault;
 struct Review : AppFixture {
   explicit Review(int drafts = 3) : service(clock) {
     for (int n = 1; n <= drafts; ++n) service.add(u"d%1"_s.arg(n));
+    journal.open({u"u1"_s, {}});
+    settle();
     store = std::make_unique<DraftsStore>(*own, writings);
     store->appear();
     store->ensureLoaded();
@@ -58,6 +60,18 @@ struct Review : AppFixture {
   void decide(const QString& key) {
     act(key);
     service.run();
+  }
+  /// Decides, has the answer lost, and nobody finds out what became of it.
+  void decideInDoubt(const QString& key) {
+    const QString id = picked();
+    act(key);
+    service.answer(u"POST /inbox/drafts/%1/%2"_s.arg(id, key == u"skip"_s ? u"reject"_s : key), Fault::lostAnswer);
+    service.run(Fault::broken);
+  }
+  static QStringList saidOf(DraftsStore& review) {
+    QStringList lines;
+    for (const DraftLeftoverRow& row : review.leftovers()->rows()->records()) lines.append(row.text);
+    return lines;
   }
   QString lastToast() const { return toasts.toasts().isEmpty() ? QString() : toasts.toasts().last().message; }
 };
@@ -134,12 +148,86 @@ class ReviewTest : public QObject {
   void anotherStyleAsksBeforeItTakesAnEditsPlace() {
     Review f;
     f.store->writing()->setBody(u"Mine"_s);
-    f.store->chooseStyle(u"casual"_s);
-    QVERIFY(f.overlays.asking());
-    f.overlays.answer(f.overlays.token(), false);
-    settle();
+    const auto choose = [&f](bool replaces) {
+      f.store->chooseStyle(u"casual"_s);
+      QVERIFY(f.overlays.asking());
+      f.overlays.answer(f.overlays.token(), replaces);
+      settle();
+    };
+    choose(false);
     QCOMPARE(f.store->writing()->body(), u"Mine"_s);
     QCOMPARE(f.store->style(), u"original"_s);
+    // Nothing takes its place where the style cannot be written, nor when the person has gone on.
+    choose(true);
+    f.service.run(Fault::broken);
+    QCOMPARE(f.store->writing()->body(), u"Mine"_s);
+    choose(true);
+    QCOMPARE(f.store->style(), u"casual"_s);
+    f.store->writing()->setBody(u"Mine, and more"_s);
+    f.service.run();
+    QCOMPARE(f.store->writing()->body(), u"Mine, and more"_s);
+    QCOMPARE(f.store->style(), u"original"_s);
+    choose(true);
+    QCOMPARE(f.store->writing()->body(), u"Hey!"_s);
+    QCOMPARE(f.store->style(), u"casual"_s);
+    QVERIFY(!f.store->edited());
+  }
+
+  void whatIsNewComesByItself() {
+    Review f(1);
+    f.queue().list()->appear();
+    f.store->writing()->setBody(u"Mine"_s);
+    // With the mail that it answers, or a little later.
+    f.service.add(u"d2"_s);
+    Q_EMIT f.own->mailCame({});
+    f.service.run();
+    QVERIFY(f.queue().find(u"d2"_s));
+    f.service.add(u"d3"_s);
+    f.clock.advance(DraftQueue::writing);
+    f.service.run();
+    QVERIFY(f.queue().find(u"d3"_s));
+    // Without any mail the count of conversations knows.
+    f.service.add(u"d4"_s);
+    f.queue().expect(3);
+    QVERIFY(f.service.isIdle());
+    f.queue().expect(4);
+    f.service.run();
+    QVERIFY(f.queue().find(u"d4"_s));
+    QCOMPARE(f.picked(), u"d1"_s);
+    QCOMPARE(f.store->writing()->body(), u"Mine"_s);
+
+    // What was said since in the conversation that is shown.
+    const auto thread = u"GET /inbox/threads/t-d1"_s;
+    f.store->conversation()->detail()->appear();
+    f.service.run();
+    const int before = f.service.count(thread);
+    f.service.say(u"d1"_s);
+    f.queue().list()->load();
+    f.service.run();
+    QCOMPARE(f.service.count(thread), before + 1);
+  }
+
+  void aRuleRewritesWhatWaits() {
+    Review f;
+    f.service.trainingAfter = 0;
+    f.service.training =
+        QJsonDocument::fromJson(R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})")
+            .object();
+    f.queue().list()->appear();
+    f.store->conversation()->detail()->appear();
+    f.store->chooseStyle(u"casual"_s);
+    f.service.run();
+    f.store->skip(*f.queue().find(u"d2"_s));
+    f.service.run();
+    f.service.write(u"d1"_s, u"Short."_s);
+    f.clock.advance(2s);
+    f.service.run();
+    // What is approved is what is shown, here as in the conversation.
+    QCOMPARE(f.store->writing()->body(), u"Short."_s);
+    QCOMPARE(f.store->conversation()->draft()->body, u"Short."_s);
+    QCOMPARE(f.store->style(), u"original"_s);
+    f.decide(u"approve"_s);
+    QVERIFY(!f.service.lastBody(post(u"d1"_s, u"approve"_s)).contains(u"style"_s));
   }
 
   void aMinuteToTakeItBack_data() {
@@ -245,17 +333,79 @@ class ReviewTest : public QObject {
     QCOMPARE(f.writings.editOf({.id = u"d1"_s, .threadId = u"t-d1"_s}).has_value(), isBack);
   }
 
+  void nothingIsSentTwiceUnseen_data() {
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<bool>("again");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("told");
+    const auto already = u"This draft was decided already."_s;
+    QTest::newRow("approved again") << u"approve"_s << true << u"Mine"_s << already;
+    QTest::newRow("skipped again") << u"skip"_s << true << u"Hello d1"_s << already;
+    QTest::newRow("gone from the list") << u"approve"_s << false << u"Mine"_s << already;
+    QTest::newRow("with another text, approved again") << u"approve"_s << true << u"Theirs"_s << already;
+    QTest::newRow("with another text, gone")
+        << u"approve"_s << false << u"Theirs"_s << u"Somebody else decided the draft for d1@b.example"_s;
+  }
   void nothingIsSentTwiceUnseen() {
+    QFETCH(QString, key);
+    QFETCH(bool, again);
+    QFETCH(QString, sent);
     Review f;
-    f.act(u"approve"_s);
-    f.service.answer(post(u"d1"_s, u"approve"_s), Fault::lostAnswer);
-    // Nor can the conversation be read: nobody knows.
-    f.service.run(Fault::broken);
-    QCOMPARE(f.service.status(u"d1"_s), u"approved"_s);
-    if (const ReviewDraft* back = f.queue().find(u"d1"_s)) f.store->approve(*back);
+    f.store->writing()->setBody(u"Mine"_s);
+    f.decideInDoubt(key);
+    const ReviewDraft* back = f.queue().find(u"d1"_s);
+    QVERIFY(back);
+    QVERIFY(f.writings.findEdit(back->draft)->uncertain());
+    f.service.send(u"d1"_s, sent);
+    if (!again)
+      f.store->refresh();
+    else
+      key == u"skip"_s ? f.store->skip(*back) : f.store->approve(*back);
     f.service.run();
-    QCOMPARE(f.service.count(post(u"d1"_s, u"approve"_s)), 1);
+    QCOMPARE(f.service.count(post(u"d1"_s, key == u"skip"_s ? u"reject"_s : key)), 1);
     QVERIFY(!f.queue().find(u"d1"_s));
+    QTEST(f.lastToast(), "told");
+    // What went out, or was skipped, is nobody's unsaved work. What did not is, and stays in sight.
+    const bool isLeft = sent == u"Theirs"_s;
+    QVERIFY(!f.writings.findEdit({.id = u"d1"_s, .threadId = u"t-d1"_s})->sending());
+    QCOMPARE(f.writings.unsavedWork().isEmpty(), !isLeft);
+    QCOMPARE(f.saidOf(*f.store), isLeft ? QStringList{u"Your edit was not sent: Mine"_s} : QStringList());
+  }
+
+  void whatWasDecidedWithoutItStaysUntilItIsThrownAway() {
+    Review f(4);
+    f.store->writing()->setBody(u"Mine"_s);
+    f.service.set(u"d1"_s, u"approved"_s);
+    f.act(u"refresh"_s);
+    f.service.run();
+    QCOMPARE(f.saidOf(*f.store), QStringList{u"Your edit was not sent: Mine"_s});
+    f.decide(u"skip"_s);
+    f.store->reason()->ask(u"d2"_s);
+    f.store->reason()->draft()->set(u"reason"_s, u"Too long"_s);
+    QCOMPARE(f.picked(), u"d3"_s);
+    f.store->writing()->setBody(u"Its draft waits"_s);
+    f.clock.advance(1s);
+
+    // The next run: one that nobody leads to the drafts.
+    Writings writings(*f.own);
+    DraftsStore later(*f.own, writings);
+    f.service.run();
+    QCOMPARE(f.saidOf(later),
+             (QStringList{u"Your edit was not sent: Mine"_s, u"Why you skipped a draft was not told: Too long"_s}));
+    const QString edit = later.leftovers()->rows()->records()[0].id;
+    const QString reason = later.leftovers()->rows()->records()[1].id;
+    later.leftovers()->copy(reason);
+    QCOMPARE(f.clipboard.text, u"Too long"_s);
+    later.leftovers()->discard(reason);
+    QCOMPARE(f.saidOf(later), QStringList{u"Your edit was not sent: Mine"_s});
+    later.close();
+    settle();
+
+    // In the same run the text is still held open.
+    f.store->leftovers()->discard(edit);
+    QCOMPARE(f.saidOf(*f.store), QStringList());
+    QCOMPARE(f.writings.unsavedWork().size(), 1);
+    QCOMPARE(f.journal.entries().size(), 1);
   }
 
   void conversationsCountThemWithoutBeingSeen() {
@@ -314,6 +464,42 @@ class ReviewTest : public QObject {
     QVERIFY(!f.store->reason()->form()->shown());
   }
 
+  void theHistoryFollows() {
+    Review f;
+    f.service.trainingAfter = 0;
+    f.store->setHistoryShown(true);
+    f.service.run();
+    DraftHistory& history = *f.store->history();
+    // The rows of one tab are not those of the next.
+    QVERIFY(history.list()->contains(u"d2"_s));
+    history.setTab(u"skipped"_s);
+    QVERIFY(!history.canPutBack());
+    history.putBack(u"d2"_s);
+    f.service.run();
+    QCOMPARE(f.service.count(post(u"d2"_s, u"restore"_s)), 0);
+    QVERIFY(history.canPutBack());
+
+    const auto isOld = [&] {
+      const bool was = history.list()->needsLoad();
+      history.list()->ensureLoaded();
+      f.service.run();
+      return was;
+    };
+    f.store->setHistoryShown(false);
+    QVERIFY(!isOld());
+    f.decide(u"skip"_s);
+    QVERIFY(isOld());
+    f.store->reason()->ask(u"d1"_s);
+    f.store->reason()->draft()->set(u"reason"_s, u"Too long"_s);
+    f.store->reason()->submit();
+    f.service.run();
+    QVERIFY2(isOld(), "it says why");
+    f.clock.advance(2s);
+    f.service.run();
+    QVERIFY2(isOld(), "it says what was learned");
+    QVERIFY(!isOld());
+  }
+
   void trainingIsFollowedUntilDone() {
     Review f;
     f.service.trainingAfter = 2;
@@ -344,6 +530,7 @@ class ReviewTest : public QObject {
     f.service.training =
         QJsonDocument::fromJson(R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})")
             .object();
+    f.queue().list()->appear();
     f.decide(u"skip"_s);
     f.clock.advance(1s);
     f.decide(u"approve"_s);

@@ -156,6 +156,34 @@ class SettingsTest : public QObject {
     QCOMPARE(store->workspace()->value()->timeZone, u"Europe/Berlin"_s);
   }
 
+  void whatWasSavedInOneTabIsNobodyElsesInTheOther() {
+    openWorkspaceTab(workspaceAnswer(7));
+    WorkspaceForm &form = *store->workspaceForm(), &company = *store->companyForm();
+    form.set(u"opportunityValue"_s, u"5"_s);
+    company.set(u"opportunityValue"_s, u"7"_s);
+    save(company);
+    f->api.answer(patchDetail, workspaceAnswer(8, u"Acme"_s, true, 7));
+    QCOMPARE(form.conflict(), QString());
+    save(form);
+    QCOMPARE(f->api.last().request.ifMatch, std::optional<qint64>(8));
+    // Nobody sees the form, which says so to whoever comes back.
+    f->api.expect(getDetail);
+    f->api.answer(patchDetail, "{}", 500);
+    QCOMPARE(lastToast(), form.problem());
+    QVERIFY(!form.problem().isEmpty() && form.dirty());
+  }
+
+  void theAccountAndTheSettingsAgree() {
+    openWorkspaceTab(workspaceAnswer(7));
+    QCOMPARE(f->program.readings, 0);
+    be(u"admin"_s);
+    QVERIFY2(store->workspace()->needsLoad(), "what may be done here is said by the workspace itself");
+    f->api.expect(getDetail);
+    store->refresh();
+    f->api.answer(getDetail, workspaceAnswer(8, u"Renamed"_s));
+    QVERIFY(f->program.readings > 0);
+  }
+
   void sendsNothingThatCannotBe() {
     openWorkspaceTab();
     WorkspaceForm& form = *store->workspaceForm();

@@ -1,5 +1,6 @@
 #include <QFile>
 #include <QFileInfo>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include "tests/app/setup/SetupFixture.h"
@@ -87,6 +88,20 @@ class SetupTest : public QObject {
     QVERIFY(!form.shown());
     QCOMPARE(f->navigator.item, u"sp9"_s);
     QCOMPARE(f->store.rows()->rowCount(), 1);
+    QCOMPARE(f->lastToast(), QString());
+    // Closed while it is sent: nobody is led anywhere, and the end is told all the same.
+    f->store.beginCreate();
+    form.setMode(u"new"_s);
+    form.goOn();
+    form.setName(u"Harbour"_s);
+    f->api.expect(post);
+    form.goOn();
+    form.cancel();
+    made.id = u"sp10"_s;
+    made.name = u"Harbour"_s;
+    f->api.answer(post, encodeJSON(made), 201);
+    QCOMPARE(f->lastToast(), u"Harbour created"_s);
+    QCOMPARE(f->navigator.item, u"sp9"_s);
   }
 
   void deletingCanBeTakenBack() {
@@ -113,31 +128,114 @@ class SetupTest : public QObject {
     QCOMPARE(form.draft()->problems().value(u"dailyLimit"_s).toString(), u"Enter a number from 0 to 2000"_s);
     form.set(u"dailyLimit"_s, u"30"_s);
     form.set(u"user2"_s, u" e.marsh "_s);
-    QCOMPARE(page->domains()->add(u"x@c.example\n"_s), QString());
+    page->domains()->setTyped(u"x@c.example\nnot one"_s);
+    QCOMPARE(page->domains()->typed(), u"not one"_s);
+    QCOMPARE(page->domains()->problem(), u"Not a domain: not, one"_s);
+    // Somebody else was faster, in a field that is typed in as well.
+    SetupProject theirs = someProject();
+    theirs.version = 5;
+    theirs.signature = u"Theirs"_s;
+    theirs.user2 = u"ellen2"_s;
+    const auto readAgain = [&] {
+      f->api.expect(f->one);
+      page->project()->load();
+      f->api.answer(f->one, encodeJSON(theirs));
+    };
+    readAgain();
+    QVERIFY2(form.conflict().contains(u"meanwhile: Inbox 2."_s), qPrintable(form.conflict()));
     f->api.expect(f->patch);
     form.save();
     QCOMPARE(f->api.last().request.ifMatch, 4);
     QCOMPARE(f->sentBody(), (QJsonObject{{u"dailyLimit"_s, 30},
                                          {u"domains"_s, QJsonArray{u"a.example"_s, u"b.example"_s, u"c.example"_s}},
                                          {u"user2"_s, u"e.marsh"_s}}));
-    // Somebody else was faster: what was typed stays, and a new reading brings the version.
-    SetupProject theirs = someProject();
-    theirs.version = 5;
-    theirs.signature = u"Theirs"_s;
+    // What was typed stays, and the project is read again although the list has no news of it.
+    QSignalSpy refused(&form, &SetupForm::refused);
+    f->api.expect(f->one);
     f->api.expect(f->list);
     f->api.answer(f->patch, R"({"title":"Changed","code":"version_conflict"})", 409);
+    QCOMPARE(refused.size(), 1);
+    f->api.answer(f->list, f->page({theirs}));
+    f->api.answer(f->one, encodeJSON(theirs));
     QCOMPARE(form.problem(), u"This project changed since you opened it. Reload and try again."_s);
     QCOMPARE(form.draft()->values().value(u"user2"_s).toString(), u" e.marsh "_s);
-    f->api.expect(f->one);
-    f->api.answer(f->list, f->page({theirs}));
-    page->project()->load();
-    settle();
-    while (f->api.isWaiting(f->one)) f->api.answer(f->one, encodeJSON(theirs));
     QCOMPARE(form.draft()->values().value(u"signature"_s).toString(), u"Theirs"_s);
+    readAgain();
+    QCOMPARE(form.problem(), QString());
     f->api.expect(f->patch);
     form.save();
     QCOMPARE(f->api.last().request.ifMatch, 5);
     f->api.answer(f->patch, encodeJSON(theirs));
+  }
+
+  /// Whatever a person does to a project elsewhere: what they type of it beside that goes through.
+  void nobodyConflictsWithThemselves() {
+    SetupProject project = someProject();
+    project.archivedDomains = {{u"old.example"_s, u"Taken off"_s, project.updatedAt}};
+    const auto page = f->open(project);
+    SetupForm& form = *page->form();
+    const auto isSaved = [&] {
+      ++project.version;
+      f->api.answer(f->patch, encodeJSON(project));
+      QCOMPARE(form.problem(), QString());
+      QVERIFY(!form.dirty());
+    };
+
+    const auto restore = u"POST /inbox-setup/templates/sp1/archived-domains/restore"_s;
+    page->domains()->add(u"new.example"_s);
+    f->api.expect(restore);
+    page->domains()->restore(u"old.example"_s);
+    project.domains.prepend(u"old.example"_s);
+    project.archivedDomains.clear();
+    ++project.version;
+    f->api.answer(restore, encodeJSON(project));
+    QCOMPARE(form.conflict(), QString());
+    f->api.expect(f->patch);
+    form.save();
+    QCOMPARE(f->api.last().request.ifMatch, 5);
+    project.domains = {u"a.example"_s, u"b.example"_s, u"new.example"_s, u"old.example"_s};
+    QCOMPARE(f->sentBody().value("domains"_L1), QJsonValue(QJsonArray::fromStringList(project.domains)));
+    isSaved();
+
+    // A name that is given while a save is under way, in a dialog that was opened before it.
+    QVERIFY(page->act(u"rename"_s));
+    form.set(u"signature"_s, u"Mine"_s);
+    f->api.expect(f->patch);
+    form.save();
+    page->rename()->setText(u"Harbour"_s);
+    page->rename()->submit();
+    project.signature = u"Mine"_s;
+    f->api.expect(f->patch);
+    isSaved();
+    QCOMPARE(f->api.last().request.ifMatch, 7);
+    project.name = u"Harbour"_s;
+    isSaved();
+    QCOMPARE(page->name(), u"Harbour"_s);
+  }
+
+  /// Nothing but a reading tells of the version that it makes.
+  void takingThePhotoAwayIsNoConflict() {
+    SetupProject project = someProject();
+    project.hasPhoto = true;
+    const auto photo = f->one + u"/photo"_s, del = u"DELETE /inbox-setup/templates/sp1/photo"_s;
+    f->api.expect(photo);
+    const auto page = f->open(project);
+    f->api.answer(photo, "\x89PNG\r\n\x1a\n");
+    f->api.expect(del);
+    page->photo()->remove();
+    page->form()->set(u"signature"_s, u"Mine"_s);
+    page->form()->save();
+    f->api.expect(f->one);
+    f->api.answer(del, {}, 204);
+    QCOMPARE(f->lastToast(), u"Photo removed"_s);
+    project.hasPhoto = false;
+    project.version = 5;
+    f->api.expect(f->patch);
+    f->api.answer(f->one, encodeJSON(project));
+    QCOMPARE(f->api.last().request.ifMatch, 5);
+    project.version = 6;
+    f->api.answer(f->patch, encodeJSON(project));
+    QVERIFY(!page->photo()->stored());
   }
 
   void secretsAreSentOnceAndKeptNowhere() {
@@ -153,6 +251,12 @@ class SetupTest : public QObject {
     form.save();
     QCOMPARE(form.newPassword()->problem(), u"Google needs 8 characters or more."_s);
     form.newPassword()->setText(u"longer-secret"_s);
+    // Somebody else has stored one: the field stays open over what is typed.
+    project.hasNewPassword = true;
+    f->api.expect(f->one);
+    page->project()->load();
+    f->api.answer(f->one, encodeJSON(project));
+    QVERIFY(form.newPassword()->stored() && form.newPassword()->isOpen());
     form.recoveryEmail()->clear();
     form.set(u"signature"_s, u"typed"_s);
     f->pass(2s);
@@ -164,12 +268,11 @@ class SetupTest : public QObject {
     QCOMPARE(f->sentBody(), (QJsonObject{{u"newPassword"_s, u"longer-secret"_s},
                                          {u"recoveryEmail"_s, QJsonValue::Null},
                                          {u"signature"_s, u"typed"_s}}));
-    project.hasNewPassword = true;
     project.hasRecovery = false;
     project.signature = u"typed"_s;
     project.version = 5;
     f->api.answer(f->patch, encodeJSON(project));
-    QVERIFY(form.newPassword()->text().isEmpty() && form.newPassword()->stored());
+    QVERIFY(form.newPassword()->text().isEmpty() && !form.newPassword()->isOpen());
     QVERIFY(form.recoveryEmail()->isOpen() && !form.dirty());
   }
 
@@ -177,21 +280,35 @@ class SetupTest : public QObject {
     SetupProject project = someProject();
     project.hasPassword = false;
     const auto page = f->open(project);
+    page->setTab(u"run"_s);
+    // Whoever is to show it is there by then.
+    QStringList tabs;
+    connect(page->form(), &SetupForm::refused, page.get(), [&] { tabs.append(page->tabName()); });
     QVERIFY(page->act(u"run"_s));
     QCOMPARE(page->form()->problem(), u"No admin password. Type it under Google Admin, then press Run."_s);
+    QCOMPARE(tabs, QStringList{u"project"_s});
     page->form()->password()->setText(u"secret"_s);
     f->api.expect(f->patch);
+    page->form()->save();
+    // Pressed meanwhile, with a domain typed that no Enter has ended.
+    page->domains()->setTyped(u"c.example"_s);
     QVERIFY(page->act(u"run"_s));
+    QVERIFY(page->busy());
     const auto post = u"POST /inbox-setup/runs"_s;
     project.hasPassword = true;
     project.version = 5;
+    f->api.expect(f->patch);
+    f->api.answer(f->patch, encodeJSON(project));
+    project.domains.append(u"c.example"_s);
+    project.version = 6;
     f->api.expect(post);
     f->api.answer(f->patch, encodeJSON(project));
     const QJsonObject body = f->sentBody();
+    QCOMPARE(body.value("domains"_L1).toArray().size(), 3);
     QCOMPARE(body.value("templateId"_L1).toString(), u"sp1"_s);
     QVERIFY(!body.contains("password"_L1) && !body.contains("user2"_L1));
     f->api.answer(post, encodeJSON(someRun({u"waiting"_s})), 201);
-    QCOMPARE(f->lastToast(), u"Run started on 2 domains"_s);
+    QCOMPARE(f->lastToast(), u"Run started on 3 domains"_s);
     QCOMPARE(page->tabName(), u"run"_s);
   }
 
@@ -225,9 +342,15 @@ class SetupTest : public QObject {
   }
 
   void credentialsAreForTheirReaderAlone() {
+    f->load({someProject()});
+    QVERIFY(!f->store.act(u"credentials"_s, u"sp1"_s));
+    QCOMPARE(f->lastToast(), u"Nothing has run yet."_s);
+    // The latest run has connected nothing; those before it may have.
+    f = std::make_unique<SetupFixture>();
+    const SetupRun failed = someRun({u"error"_s});
     SetupProject project = someProject();
-    project.lastRun = SetupLastRun{u"sr1"_s, {}, 6, 6, 0, 0, RunControl(u"run"_s)};
-    const auto page = f->open(project, someRun({u"connected"_s}));
+    project.lastRun = countedRun(failed);
+    const auto page = f->open(project, failed);
     QTemporaryDir folder;
     f->filePanel.folder = folder.path();
     const QString path = folder.filePath(u"Spring domains inboxes.csv"_s);

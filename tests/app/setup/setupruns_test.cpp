@@ -140,16 +140,101 @@ class SetupRunsTest : public QObject {
     f->api.answer(f->list, f->page({someProject()}));
   }
 
+  /// The page on which it is deleted stays open.
   void archivingAProjectStopsItsRun() {
-    const auto page = f->open(someProject(), someRun({u"connected"_s, u"error"_s}));
+    const QStringList states{u"connected"_s, u"error"_s};
+    const auto page = f->open(someProject(), someRun(states));
     QCOMPARE(page->runText(), u"1 failed"_s);
-    f->context->changes().gone<SetupProject>(someProject().id, f->context->changes().stamp());
-    f->api.expect(f->one);
     f->api.expect(f->latest);
-    page->ensureLoaded();
-    f->api.answer(f->one, encodeJSON(someProject()));
-    f->api.answer(f->latest, encodeJSON(someRun({u"connected"_s, u"error"_s}, u"terminated"_s)));
+    f->context->changes().gone<SetupProject>(someProject().id, f->context->changes().stamp());
+    f->api.answer(f->latest, encodeJSON(someRun(states, u"terminated"_s)));
     QCOMPARE(page->runText(), u"Stopped"_s);
+    f->api.expect(f->latest);
+    f->context->changes().gone<SetupProject>(someProject().id, f->context->changes().stamp());
+    f->api.answer(f->latest, {}, 204);
+    QCOMPARE(page->runState(), u"empty"_s);
+  }
+
+  void aRunThatHasEndedIsReadAgainWhenTheListTellsOfAnotherEnd() {
+    const SetupRun failed = someRun({u"connected"_s, u"error"_s}), mended = someRun({u"connected"_s, u"exists"_s});
+    SetupProject project = someProject();
+    project.lastRun = countedRun(failed);
+    const auto page = f->open(project, failed);
+    QCOMPARE(page->mainAction(), u"again"_s);
+    const auto tell = [&](const QString& name) {
+      project.name = name;
+      f->api.expect(f->list);
+      f->pass(10s);
+      f->api.answer(f->list, f->page({project}));
+    };
+    tell(u"Other"_s);
+    // A colleague has run the failed domain again, and it ended between two readings of the list.
+    project.lastRun = countedRun(mended);
+    f->api.expect(f->latest);
+    tell(u"Another"_s);
+    f->api.answer(f->latest, encodeJSON(mended));
+    QCOMPARE(page->runText(), u"Complete"_s);
+    QCOMPARE(page->mainAction(), u"run"_s);
+    // Where the two never agree, the run is not read again for every change of the list.
+    project.lastRun->failed = 1;
+    f->api.expect(f->latest);
+    tell(u"Third"_s);
+    f->api.answer(f->latest, encodeJSON(mended));
+    tell(u"Fourth"_s);
+  }
+
+  void aPauseHoldsOnlyWhatIsNotThrough() {
+    const SetupRun through = someRun({u"connected"_s, u"error"_s}, u"paused"_s);
+    QCOMPARE(runSummary(countedRun(through)), u"1 failed"_s);
+    QCOMPARE(runSummaryTone(countedRun(through)), u"negative"_s);
+    auto page = f->open(someProject(), through);
+    QCOMPARE(page->mainAction(), u"again"_s);
+    QVERIFY(page->runRows()->records().at(0).canRetry);
+    page.reset();
+    f = std::make_unique<SetupFixture>();
+    page = f->open(someProject(), someRun({u"error"_s, u"error"_s, u"error"_s, u"gmail"_s}, u"paused"_s));
+    QCOMPARE(page->mainAction(), u"resume"_s);
+    QVERIFY(!page->runRows()->records().at(0).canRetry);
+  }
+
+  void nothingOfAnArchivedProjectIsSetGoing() {
+    SetupProject project = someProject();
+    const auto menu = [](Store& store, const QString& record = {}) {
+      QStringList possible;
+      for (const PageAction& action : store.menu(record))
+        if (action.possible) possible.append(action.key);
+      return possible;
+    };
+    SetupRun run = someRun({u"error"_s, u"error"_s, u"error"_s, u"authorize"_s}, u"terminated"_s);
+    run.domains[1].authorizeUrl = u"https://admin.example"_s;
+    auto page = f->open(project, run);
+    QVERIFY(menu(*page, u"domain:d0.example"_s).contains(u"retry"_s));
+    QVERIFY(menu(*page, u"domain:d1.example"_s).contains(u"authorize"_s));
+    page.reset();
+    f = std::make_unique<SetupFixture>();
+    project.archivedAt = u"2026-11-22T09:00:00Z"_s;
+    page = f->open(project, run);
+    for (const auto& domain : {u"domain:d0.example"_s, u"domain:d1.example"_s})
+      QCOMPARE(menu(*page, domain), (QStringList{u"checks"_s, u"fold"_s}));
+    QCOMPARE(menu(*page), QStringList{u"restore"_s});
+  }
+
+  /// Its beginning may have come through although the answer was lost.
+  void aRunThatWasToBeginIsLookedFor() {
+    const std::optional<SetupRun> none, failed = someRun({u"connected"_s, u"error"_s});
+    for (const auto& [before, key, request] : {std::tuple(none, u"run"_s, u"POST /inbox-setup/runs"_s),
+                                               {failed, u"run"_s, u"POST /inbox-setup/runs"_s},
+                                               {failed, u"again"_s, u"POST /inbox-setup/runs/sr1/retry"_s}}) {
+      f = std::make_unique<SetupFixture>();
+      const auto page = f->open(someProject(), before);
+      f->api.expect(request);
+      QVERIFY(page->act(key));
+      f->api.expect(f->latest);
+      f->api.fail(request, TransportFailure::timedOut);
+      QVERIFY(f->store.list()->needsLoad());
+      f->api.answer(f->latest, encodeJSON(someRun(working)));
+      QCOMPARE(page->mainAction(), u"pause"_s);
+    }
   }
 
   void whatStandsStillIsAskedAboutLessOften() {

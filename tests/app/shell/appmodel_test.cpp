@@ -7,6 +7,7 @@
 #include "app/base/Undo.h"
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
+#include "app/settings/SettingsStore.h"
 #include "app/shell/AppModel.h"
 #include "kit/models/campaigns/campaignRequests.h"
 #include "tests/app/shell/shellPlatform.h"
@@ -390,6 +391,32 @@ class AppModelTest : public QObject {
     QCOMPARE(app->signIn()->notice(), u"Your session ended. Sign in again."_s);
   }
 
+  void aDeletionIsNobodyElsesDoing() {
+    using Deletion = Program::Deletion;
+    startSignedIn({u"a"_s, u"b"_s, u"c"_s});
+    app->deletesWorkspace(u"a"_s, Deletion::underWay);
+    f->api.expect(me);
+    app->refreshAccount();
+    f->api.answer(me, account({u"b"_s, u"c"_s}));
+    QVERIFY2(app->current()->slug == u"a"_s && app->toasts()->toasts().isEmpty(), "whoever waits for it hears the end");
+    // Its answer was lost, but it has come to that.
+    f->api.expect(me);
+    app->deletesWorkspace(u"a"_s, Deletion::unknown);
+    f->api.expect(remember);
+    f->api.answer(me, account({u"b"_s, u"c"_s}));
+    QCOMPARE(app->current()->slug, u"b"_s);
+    QCOMPARE(app->toasts()->toasts().last().message, u"Deleted The A"_s);
+
+    // One that is not open holds what was typed in it.
+    app->session()->store<SettingsStore>()->workspaceForm()->set(u"name"_s, u"Mine"_s);
+    open(u"c"_s);
+    f->api.expect(me);
+    app->refreshAccount();
+    f->api.answer(me, account({u"c"_s}));
+    QCOMPARE(app->toasts()->toasts().last().message, u"You’re no longer in The B"_s);
+    QVERIFY(app->toasts()->toasts().last().detail.contains(u"unsaved"_s));
+  }
+
   void lateAnswersOfAnOldSessionChangeNothing() {
     startSignedIn({u"a"_s});
     f->api.expect(campaigns);
@@ -400,8 +427,10 @@ class AppModelTest : public QObject {
     f->api.expect(methods);
     app->router()->setShortcutsOpen(true);
     app->router()->startGo();
+    app->program()->setLogShown(true);
     app->signOut();
-    QVERIFY2(!app->router()->shortcutsOpen() && !app->router()->goPending(), "nothing opens by itself for the next");
+    QVERIFY2(!app->router()->shortcutsOpen() && !app->router()->goPending() && !app->program()->logShown(),
+             "nothing opens by itself for the next");
     QCOMPARE(f->api.last().token.isEmpty(), true);
     QVERIFY(f->api.cancelled().contains(campaigns));
     QVERIFY(f->api.cancelled().contains(me));

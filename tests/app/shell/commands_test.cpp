@@ -212,6 +212,35 @@ class CommandsTest : public QObject {
     QCOMPARE(router().campaign(), u"c1"_s);
   }
 
+  void whatIsFoundMeanwhileMovesNothing() {
+    start();
+    QList<Command> known;
+    const auto record = [](const QString& name) {
+      return Command{.id = u"record."_s + name, .group = u"Campaigns"_s, .title = name, .run = [] {}};
+    };
+    f->preferences.setRecentCommands({u"record.Fair"_s});
+    CommandPalette palette(f->preferences, [&known] { return known; });
+    QAbstractItemModelTester tester(&palette, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QSignalSpy searching(&palette, &CommandPalette::searching);
+    palette.prepare();
+    QVERIFY2(searching.count() == 1, "what was chosen lately may have to be loaded");
+    known = {record(u"Autumn fair"_s), record(u"Fair"_s)};
+    palette.renew();
+    QCOMPARE(palette.count(), 1);
+    palette.setQuery(u"fair"_s);
+    const QPersistentModelIndex chosen = palette.index(palette.count() - 1);
+    const QString title = chosen.data(CommandPalette::TitleRole).toString();
+    known.prepend(record(u"Fair two"_s));
+    palette.renew();
+    known.append(record(u"Summer fair"_s));
+    palette.renew();
+    QCOMPARE(palette.count(), 4);
+    QCOMPARE(chosen.data(CommandPalette::TitleRole).toString(), title);
+    known.removeLast();
+    palette.renew();
+    QCOMPARE(palette.count(), 3);
+  }
+
   void theWayBackLeadsIntoThePage() {
     start();
     router().open(Page::campaigns);

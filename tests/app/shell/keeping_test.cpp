@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
+const auto campaigns = u"GET /campaigns"_s;
 const auto get = u"GET /campaigns/c1"_s;
 const auto put = u"PUT /campaigns/c1/steps"_s;
 const auto add = u"POST /campaigns/c1/leads"_s;
@@ -120,6 +121,55 @@ class KeepingTest : public QObject {
     QCOMPARE(closable.count(), 1);
     QVERIFY(app->mayClose() && !departure.saving());
     QVERIFY(f->journalFiles.files.isEmpty());
+  }
+
+  void aChangeUnderWayIsWaitedFor() {
+    signIn();
+    load();
+    const QPointer<CampaignStore> kept = &page();
+    f->api.expect(campaigns);
+    app->session()->store<CampaignsStore>()->ensureLoaded();
+    f->api.answer(campaigns, R"({"items":[{"id":"c1","name":"Fair","status":"running","createdAt":"","senders":1,)"
+                             R"("steps":1,"leads":1,"sent":0,"replied":0,"positive":0,"bounced":0,"tags":[]}]})");
+    const auto pause = u"POST /campaigns/c1/pause"_s;
+    const auto act = [&] {
+      f->api.expect(pause);
+      app->session()->store<CampaignsStore>()->pause(u"c1"_s);
+      Q_EMIT f->memoryPressure.pressure();
+      settle();
+      QVERIFY2(kept, "whoever acts hears of it, however short memory is");
+    };
+    act();
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    QVERIFY(!app->mayClose());
+    f->clock.advance(Departure::patience);
+    QCOMPARE(app->departure()->text(), u"A change is still being sent."_s);
+    QVERIFY(app->isFinishing());
+    f->api.fail(pause, {TransportFailure::unreachable, false});
+    settle();
+    QVERIFY2(closable.isEmpty() && !app->departure()->saving(), "who is told of a failure stays to read it");
+    QVERIFY(!app->toasts()->toasts().isEmpty());
+    QVERIFY2(!kept, "it goes once nothing is under way");
+
+    f->api.expect(pause);
+    app->session()->store<CampaignsStore>()->pause(u"c1"_s);
+    QVERIFY(!app->mayClose());
+    f->api.answer(pause, campaign(u"old"_s, 8));
+    settle();
+    QCOMPARE(closable.count(), 1);
+    QVERIFY(!app->isFinishing());
+  }
+
+  void whoStaysDoesNotStartAgain() {
+    signIn();
+    load();
+    page().settings()->draft()->set(u"gap"_s, u"9"_s);
+    app->appearance()->stepSize(1);
+    app->toasts()->act(app->toasts()->toasts().last().id);
+    QVERIFY(app->startsAgain() && !app->mayClose());
+    app->overlays()->answer(app->overlays()->token(), false);
+    settle();
+    QVERIFY(!app->startsAgain());
   }
 
   void whoeverDoesNotWaitFindsItAgain() {

@@ -285,12 +285,17 @@ class NotifierTest : public QObject {
     begin();
     finish(unread(0, ""), 1);
     QCOMPARE(desktop->shown.size(), 0);
+    QStringList heard;
+    f->context->changes().watch<Mailbox>(desktop.get(), [&heard](const Change<Mailbox>& change) {
+      if (change.record) heard.append(change.id);
+    });
     nextLook();
     f->api.expect(dashboard);
     f->api.answer(counts, unread(0, ""));
     f->api.expect(mailboxes);
     f->api.answer(dashboard, failed(2));
     f->api.answer(mailboxes, accounts({u"mb1"_s, u"mb3"_s}));
+    QVERIFY2(heard.contains(u"mb3"_s), "the page that the notification leads to shows it");
     QCOMPARE(desktop->shown.size(), 1);
     QVERIFY(desktop->shown.first().title.startsWith(u"mb3@a.example"_s));
     QCOMPARE(f->preferences.failedAccounts(u"acme"_s), (QStringList{u"mb1"_s, u"mb3"_s}));

@@ -79,7 +79,11 @@ QList<SweepRow> actionRows() {
 /// A conflict shows what somebody else made of it in place of what was typed, so that each press types as well.
 SweepRow saveRow() {
   return {u"AccountSettings::save"_s,
-          arrive,
+          [](SweepStage& s) {
+            arrive(s);
+            // Where it is not on the screen a message tells as well.
+            s.f.context->openItem(Page::accounts, u"mb1"_s);
+          },
           [](SweepStage& s) {
             page(s).settings()->set(u"displayName"_s, u"Anna"_s);
             page(s).settings()->save();

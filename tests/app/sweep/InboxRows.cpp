@@ -57,7 +57,7 @@ QVariant shown(SweepStage& s) {
                      one ? one->draftText() : QString(), one && one->reply() ? one->reply()->body() : QString()};
 }
 
-bool isBusy(SweepStage& s) { return !inbox(s).busyIds().isEmpty(); }
+bool isBusy(SweepStage& s) { return !inbox(s).busyIds().isEmpty() || inbox(s).generating(); }
 
 SweepRow onThread(const QString& name, const QString& request, const QByteArray& answer,
                   std::function<void(SweepStage&)> press) {

@@ -41,6 +41,8 @@ QList<SweepRow> workspaceRows() {
   SweepRow save{u"WorkspaceForm::save"_s,
                 [](SweepStage& s) {
                   at(u"workspace"_s)(s);
+                  // Where it is not on the screen a message tells as well.
+                  settings(s).appear();
                   settings(s).workspaceForm()->set(u"name"_s, u"New"_s);
                 },
                 [](SweepStage& s) { settings(s).workspaceForm()->save(); },

@@ -53,6 +53,23 @@ class CampaignPageTest : public ui::WindowTest {
     QVERIFY_THROWS_EXCEPTION(StageTrouble, m_stage->press(u"Save settings"_s));
   }
 
+  void whatWasRestoredOnAnotherSequenceIsSavedByLinkAndByKey() {
+    CampaignStore& campaign = open(u"running"_s, u"sequence"_s);
+    SequenceAutosave& autosave = *campaign.sequence()->autosave();
+    for (const bool byLink : {true, false}) {
+      auto kept = autosave.draft().inputs();
+      kept.last().delayMinutes += minutesPerDay;
+      const auto loaded = campaign.campaign()->value()->steps.value_or(QList<CampaignStep>());
+      QVERIFY(autosave.restore(kept, loaded, true));
+      m_stage->settle();
+      QVERIFY(autosave.awaitsWord());
+      byLink ? m_stage->press(u"Save"_s) : press(Qt::Key_S, Qt::ControlModifier);
+      QTRY_COMPARE(autosave.state(), SequenceAutosave::SaveState::saved);
+      m_stage->settle();
+      QVERIFY_THROWS_EXCEPTION(StageTrouble, m_stage->press(u"Save"_s));
+    }
+  }
+
   void sectionsAreLedToFromAnywhere() {
     CampaignStore& campaign = open(u"draft"_s, u"sequence"_s);
     for (const auto& key : {u"schedules"_s, u"senders"_s, u"dates"_s}) {

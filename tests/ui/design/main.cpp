@@ -1,6 +1,7 @@
 #include <QtQml/qqmlengine.h>
 #include <QtQml/qqmlextensionplugin.h>
 #include <QtQuickTest/quicktest.h>
+#include <QKeyEvent>
 #include <QQmlContext>
 
 #include "desktop/scenes/Contrast.h"
@@ -21,11 +22,29 @@ class Eye : public QObject {
   }
 };
 
+/// Holds a key down, as Qt Quick Test cannot.
+class Hand : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The desktop repeats it, with its release.
+  Q_INVOKABLE static void hold(QQuickItem* item, int key) {
+    for (int i = 0; i < 3; ++i) {
+      for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent event(type, key, Qt::NoModifier, key == Qt::Key_Space ? QStringLiteral(" ") : QStringLiteral("\r"),
+                        true);
+        QCoreApplication::sendEvent(item->window(), &event);
+      }
+    }
+  }
+};
+
 class Setup : public QObject {
   Q_OBJECT
 
   orv::ui::Reader m_reader;
   Eye m_eye;
+  Hand m_hand;
   QHash<QString, QByteArray> m_kept;
   orv::TableMemory m_memory{[this](const QString& table) { return m_kept.value(table); },
                             [this](const QString& table, const QByteArray& value) { m_kept.insert(table, value); }};
@@ -36,6 +55,7 @@ class Setup : public QObject {
     engine->addImportPath(QStringLiteral("qrc:/qt/qml"));
     engine->rootContext()->setContextProperty(QStringLiteral("reader"), &m_reader);
     engine->rootContext()->setContextProperty(QStringLiteral("eye"), &m_eye);
+    engine->rootContext()->setContextProperty(QStringLiteral("hand"), &m_hand);
     engine->rootContext()->setContextProperty(QStringLiteral("memory"), &m_memory);
     orv::ui::failOnWarnings(*engine);
   }

@@ -6,6 +6,8 @@ TestCase {
     id: root
 
     property string wrong: ""
+    property string problem: ""
+    property string tone: "negative"
 
     name: "Form"
     when: windowShown
@@ -13,9 +15,28 @@ TestCase {
     width: 400
     height: 300
 
+    OrvButton {
+        id: outside
+        y: 300
+        text: "Save"
+    }
+
     OrvForm {
         id: form
         anchors.fill: parent
+
+        OrvNotice {
+            id: notice
+            width: parent.width
+            visible: text !== ""
+            tone: root.tone
+            text: root.problem
+        }
+
+        OrvCheckbox {
+            id: tick
+            text: "Tick"
+        }
 
         Repeater {
             model: 8
@@ -39,7 +60,66 @@ TestCase {
     }
 
     function init() {
-        wrong = "";
+        wrong = problem = "";
+        tick.checked = false;
+        outside.forceActiveFocus(Qt.TabFocusReason);
+        form.reveal(findChild(form, "field0"));
+        waitForRendering(form);
+    }
+
+    function isSeen(item) {
+        return item.visible && item.mapToItem(form, 0, 0).y >= 0 && bottomOf(item) <= form.height;
+    }
+
+    function test_whatIsSaidOfTheWholeComesIntoSight_data() {
+        return [
+            {tag: "a save that failed", tone: "negative", writing: true, seen: true},
+            {tag: "beside a field that is shown as wrong", tone: "negative", wrong: "field7", seen: false},
+            {tag: "news", tone: "warning", seen: true},
+            {tag: "news while somebody writes", tone: "warning", writing: true, seen: false}
+        ];
+    }
+
+    function test_whatIsSaidOfTheWholeComesIntoSight(data) {
+        const field = findChild(form, "field7");
+        form.reveal(field);
+        if (data.writing)
+            field.forceActiveFocus(Qt.TabFocusReason);
+        waitForRendering(form);
+        tone = data.tone;
+        problem = "The service said no.";
+        if (data.wrong) {
+            wrong = data.wrong;
+            form.showWrong(null);
+        }
+        tryVerify(() => Announcer.waiting.some(told => told.text === problem));
+        waitForRendering(form);
+        compare(isSeen(notice), data.seen);
+        compare(isSeen(field), !data.seen);
+    }
+
+    function test_keysScroll() {
+        const first = findChild(form, "field0");
+        first.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_PageDown);
+        verify(!isSeen(first));
+        keyClick(Qt.Key_PageUp);
+        verify(isSeen(first));
+        tick.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_End);
+        verify(isSeen(findChild(form, "field7")));
+        keyClick(Qt.Key_Home);
+        verify(isSeen(tick));
+    }
+
+    function test_nothingMovesUnderThePointer() {
+        form.reveal(findChild(form, "field2"));
+        waitForRendering(form);
+        verify(!isSeen(tick));
+        // Half of it is there.
+        mouseClick(tick, 5, tick.height - 5);
+        verify(tick.checked);
+        verify(!isSeen(tick));
     }
 
     function test_theFirstWrongFieldIsInSightWithItsMessage_data() {

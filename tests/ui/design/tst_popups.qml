@@ -39,6 +39,34 @@ TestCase {
         onCancelled: root.log.push("cancelled")
     }
 
+    OrvButton { id: asker; text: "Ask"; onClicked: { root.log.push("asked"); dialog.open(); } }
+    OrvLink { id: askingLink; x: 100; text: "Ask"; onClicked: { root.log.push("asked"); dialog.open(); } }
+    OrvButton { id: namer; x: 200; text: "Name"; onClicked: { root.log.push("asked"); longDialog.open(); } }
+
+    OrvDialog {
+        id: longDialog
+        title: "Add an account"
+        initialFocus: firstField
+        confirmText: "Add"
+        onConfirmed: root.log.push("confirmed")
+
+        OrvField {
+            id: firstField
+            width: parent.width
+            label: "First"
+            onAccepted: root.log.push("accepted")
+        }
+
+        Repeater {
+            model: 12
+
+            OrvField {
+                width: parent.width
+                label: "Another"
+            }
+        }
+    }
+
     ListModel { id: results }
 
     OrvCommandPalette {
@@ -72,7 +100,9 @@ TestCase {
     function init() {
         menu.close();
         dialog.close();
+        longDialog.close();
         palette.close();
+        tryCompare(longDialog, "visible", false);
         tryCompare(menu, "visible", false);
         tryCompare(dialog, "visible", false);
         tryCompare(palette, "visible", false);
@@ -156,6 +186,56 @@ TestCase {
         dialog.close();
         tryCompare(dialog, "visible", false);
         verify(opener.activeFocus, "the focus is back");
+    }
+
+    function test_aHeldKeyAnswersNothing_data() {
+        return [
+            {tag: "a button", item: asker, asks: dialog, key: Qt.Key_Return, confirms: ["confirmed"]},
+            {tag: "a button, by space", item: asker, asks: dialog, key: Qt.Key_Space, confirms: ["confirmed"]},
+            {tag: "a link", item: askingLink, asks: dialog, key: Qt.Key_Return, confirms: ["confirmed"]},
+            {tag: "a form", item: namer, asks: longDialog, key: Qt.Key_Return, confirms: ["accepted", "confirmed"]}
+        ];
+    }
+
+    function test_aHeldKeyAnswersNothing(data) {
+        data.item.forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        hand.hold(root, data.key);
+        keyRelease(data.key);
+        compare(log, ["asked"]);
+        tryCompare(data.asks, "opened", true);
+        hand.hold(root, data.key);
+        compare(log, ["asked"]);
+        keyClick(Qt.Key_Return);
+        compare(log, ["asked", ...data.confirms]);
+    }
+
+    function isSeen(item) {
+        let pane = item;
+        while (!(pane instanceof ScrollPane)) pane = pane.parent;
+        const y = item.mapToItem(pane, 0, 0).y;
+        return y >= 0 && y + item.height <= pane.height;
+    }
+
+    function test_aLongDialogFollows() {
+        open(longDialog);
+        let walked = 0;
+        do {
+            keyClick(Qt.Key_Tab);
+            ++walked;
+            verify(!(Window.activeFocusItem instanceof TextInput) || isSeen(Window.activeFocusItem), "field " + walked);
+        } while (Window.activeFocusItem instanceof TextInput);
+        compare(walked, 13);
+        // From its buttons.
+        verify(!isSeen(firstField));
+        keyClick(Qt.Key_Home);
+        verify(isSeen(firstField));
+        keyClick(Qt.Key_PageDown);
+        verify(!isSeen(firstField));
+        keyClick(Qt.Key_Home);
+        longDialog.error = "The service said no.";
+        const error = reader.find(root.Window.window.contentItem, longDialog.error);
+        tryVerify(() => isSeen(error));
     }
 
     function test_dialogKeepsTheFocus() {

@@ -30,6 +30,22 @@ TestCase {
         }
     }
 
+    property string shortcuts: ""
+
+    // A page's own keys.
+    Repeater {
+        model: ["b", "o", "n", "x", "/", "?"]
+
+        Item {
+            required property string modelData
+
+            Shortcut {
+                sequence: modelData
+                onActivated: root.shortcuts += modelData
+            }
+        }
+    }
+
     Component {
         id: names
 
@@ -79,7 +95,10 @@ TestCase {
             {tag: "no time", select: times, typed: "99", current: "09:00"},
             {tag: "a word", select: names, typed: "bon", current: "Bonn"},
             {tag: "with a space", select: names, typed: "new y", current: "New York"},
-            {tag: "again and again", select: names, typed: "bb", current: "Bonn"}
+            {tag: "again and again", select: names, typed: "bb", current: "Bonn"},
+            {tag: "what begins no choice", select: names, typed: "x/?", current: "Berlin", shortcuts: "x/?"},
+            {tag: "a slip in a word", select: names, typed: "box/n", current: "Bonn", shortcuts: "/"},
+            {tag: "the other keys of times", select: times, typed: "9/", current: "09:00", shortcuts: "/"}
         ];
     }
     function test_typing(data) {
@@ -87,6 +106,7 @@ TestCase {
         for (const open of [false, true]) {
             const select = createTemporaryObject(data.select, root);
             select.forceActiveFocus(Qt.TabFocusReason);
+            shortcuts = "";
             if (open)
                 keyClick(Qt.Key_Down);
             for (const letter of data.typed)
@@ -94,6 +114,7 @@ TestCase {
             if (open)
                 keyClick(Qt.Key_Return);
             compare(select.current, data.current, open ? "menu" : "control");
+            compare(shortcuts, open ? "" : data.shortcuts ?? "");
             select.destroy();
         }
     }

@@ -130,6 +130,73 @@ TestCase {
             {tag: "a message", make: messages, told: ["Error: Couldn’t save Try later. Try again"]}
         ];
     }
+    property string problem: ""
+    Component { id: notice; Item { OrvNotice { visible: text !== ""; text: root.problem } } }
+    Component {
+        id: fixedNotice
+        Item { OrvNotice { visible: root.problem !== ""; text: "Couldn’t load. " + root.problem } }
+    }
+    Component { id: fieldError; Item { FieldError { text: root.problem } } }
+    Component { id: wrongField; OrvField { label: "Name"; error: root.problem } }
+    Component {
+        id: dialog
+        Item {
+            readonly property alias popup: inner
+            OrvDialog { id: inner; title: "Delete?"; warning: "For good."; error: root.problem }
+        }
+    }
+    Component {
+        id: unready
+        Item {
+            readonly property alias popup: inner
+            OrvDialog { id: inner; title: "Stages"; problem: root.problem }
+        }
+    }
+
+    function test_anErrorIsToldAsItAppears_data() {
+        return [
+            {tag: "notice", make: notice},
+            {tag: "notice that is shown", make: fixedNotice, says: "Couldn’t load. It failed."},
+            {tag: "group", make: fieldError}, {tag: "field", make: wrongField, act: item => item.forceActiveFocus()},
+            {tag: "dialog", make: dialog, act: item => item.popup.open()},
+            {tag: "why it cannot be confirmed", make: unready, act: item => item.popup.open()}
+        ];
+    }
+    function test_anErrorIsToldAsItAppears(data) {
+        problem = "";
+        told = [];
+        const item = createTemporaryObject(data.make, root);
+        data.act?.(item);
+        if (item.popup)
+            tryCompare(item.popup, "opened", true);
+        for (let again = 0; again < 2; ++again) {
+            problem = "It failed.";
+            tryVerify(() => Announcer.waiting.length === 0 && told.length > again);
+            problem = "";
+        }
+        compare(told, Array(2).fill(data.says ?? "It failed."));
+        item.popup?.close();
+    }
+
+    /// Nor does whoever hides a page and shows it again hear what is wrong with it once more.
+    function test_whatAPageIsMadeWithIsNotTold_data() {
+        return [{tag: "notice", make: notice}, {tag: "notice that is shown", make: fixedNotice},
+                {tag: "group", make: fieldError}, {tag: "dialog", make: dialog}];
+    }
+    function test_whatAPageIsMadeWithIsNotTold(data) {
+        problem = "It failed.";
+        told = [];
+        const item = createTemporaryObject(data.make, root);
+        item.popup?.open();
+        wait(0);
+        item.visible = false;
+        wait(0);
+        item.visible = true;
+        wait(300);
+        compare(told, []);
+        item.popup?.close();
+    }
+
     function test_whatHasNoFocusIsTold(data) {
         compare(reader.roleOf(voice), "Notification");
         told = [];

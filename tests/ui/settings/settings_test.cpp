@@ -1,5 +1,6 @@
 #include "app/settings/SettingsStore.h"
 
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -52,7 +53,7 @@ class SettingsWindowTest : public ui::WindowTest {
     m_stage->transport().mode = StagedTransport::Mode::offline;
     for (int left = int(m_stage->app().workspaces().size()); left > 0; --left) {
       const QString name = slug();
-      m_stage->app().workspaceDeleted(name);
+      m_stage->app().deletesWorkspace(name, Program::Deletion::done);
       m_stage->settle();
     }
     QCOMPARE(m_stage->app().phaseName(), u"signedOut"_s);
@@ -65,8 +66,10 @@ class SettingsWindowTest : public ui::WindowTest {
     m_stage->press(u"Members"_s);
     m_stage->settle();
     QCOMPARE(settings.tabName(), u"members"_s);
+    QCOMPARE(ui::Reader::nameOf(focused()), u"Members"_s);
     press(Qt::Key_Up);
     QCOMPARE(settings.tabName(), u"company"_s);
+    QCOMPARE(ui::Reader::nameOf(focused()), u"Company"_s);
     QCOMPARE(m_stage->app().router()->settingsTabName(), u"company"_s);
     m_stage->app().router()->goBack();
     m_stage->settle();

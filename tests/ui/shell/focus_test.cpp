@@ -145,6 +145,26 @@ class FocusTest : public ui::WindowTest {
     QVERIFY(!place().isEmpty());
   }
 
+  void arrowsWalkAListThatIsAllInSight() {
+    beginAt(Page::inbox);
+    store<InboxStore>().setSection(u"agent"_s);
+    m_stage->settle();
+    QStringList walked;
+    const auto isCampaign = [this] { return place().contains(", Make "_L1); };
+    for (int i = 0; i < 80 && !isCampaign(); ++i) {
+      press(Qt::Key_Tab);
+      walked.append(place());
+    }
+    QVERIFY2(isCampaign(), qPrintable(walked.join(u'\n')));
+    const QString first = place();
+    press(Qt::Key_Down);
+    QVERIFY2(isCampaign() && place() != first, qPrintable(place()));
+    const QString second = place();
+    press(Qt::Key_Enter);
+    QTRY_VERIFY(!ui::Reader::find(m_stage->window().contentItem(), second));
+    QVERIFY(ui::Reader::find(m_stage->window().contentItem(), first));
+  }
+
   void f6FindsThePagesFirstControl() {
     beginAt(Page::campaigns);
     press(Qt::Key_F6);

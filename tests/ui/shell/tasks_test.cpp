@@ -3,6 +3,7 @@
 #include "app/campaigns/CampaignStore.h"
 #include "app/campaigns/CampaignsStore.h"
 #include "tests/ui/support/WindowTest.h"
+#include "tests/ui/support/items.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace orv;
@@ -31,6 +32,9 @@ class TasksTest : public ui::WindowTest {
   }
   CampaignStore& campaign(const QString& id) {
     return *m_stage->app().session()->item<CampaignStore>(Page::campaigns, id);
+  }
+  static Task<JobOutcome> endingWith(QStringList lines) {
+    co_return JobOutcome{.title = u"2 leads added"_s, .lines = std::move(lines)};
   }
   QString firstStart(CampaignStore& campaign) {
     return campaign.settings()->schedule()->windows().value(0).toMap().value(u"start"_s).toString();
@@ -128,6 +132,24 @@ class TasksTest : public ui::WindowTest {
     QTRY_VERIFY(lastMessage().startsWith("Saved campaigns-"_L1));
     // The desktop's own panel takes one more.
     QVERIFY2(m_keys + 1 <= 3, qPrintable(QString::number(m_keys)));
+  }
+
+  void aLongResultIsReadLineByLine() {
+    beginAt(Page::campaigns);
+    QStringList lines;
+    for (int row = 1; row <= 3000; ++row) lines.append(u"Row %1 was left out"_s.arg(row));
+    Jobs& jobs = *m_stage->app().jobs();
+    jobs.show(jobs.start({.name = u"Adding leads"_s}, m_stage->app().session()->context().shared_from_this(),
+                         [&lines](Job&) { return endingWith(lines); }));
+    m_stage->settle();
+    const auto isLine = [](QQuickItem* item) { return item->property("text").toString().startsWith("Row "_L1); };
+    const auto made = ui::visibleItems(m_stage->window().contentItem(), isLine).size();
+    QVERIFY2(made > 5 && made < 60, qPrintable(QString::number(made)));
+    for (int stops = 0; stops < 4 && !isLine(focused()); ++stops) press(Qt::Key_Tab);
+    press(Qt::Key_Down);
+    QCOMPARE(focused()->property("text").toString(), lines[1]);
+    press(Qt::Key_Return);
+    QVERIFY(!jobs.shown());
   }
 
   void aResultSaysWhatCanBeDoneWithIt() {

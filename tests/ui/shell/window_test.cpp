@@ -96,7 +96,10 @@ class WindowTest : public QObject {
     QTRY_COMPARE(m_stage->app().signIn()->step(), SignInModel::Step::password);
     type(u"wrong"_s);
     press(Qt::Key_Return);
-    QTRY_COMPARE(m_stage->app().signIn()->error(), u"That password isn’t right."_s);
+    const QString error = u"That password isn’t right."_s;
+    QTRY_COMPARE(m_stage->app().signIn()->error(), error);
+    QCOMPARE(ui::Reader::descriptionOf(focused()), error);
+    QTRY_COMPARE(ui::Reader::noticeIn(focused()), error);
     press(Qt::Key_A, Qt::ControlModifier);
     type(u"northgate-demo"_s);
     press(Qt::Key_Return);
@@ -214,11 +217,43 @@ class WindowTest : public QObject {
     QTRY_COMPARE(lastMessage(), u"Brand new created"_s);
     QTRY_VERIFY(!router->campaign().isEmpty());
 
+    // There is room for the rail only: what somebody chose now they would meet elsewhere, much later.
+    press(Qt::Key_B, Qt::ControlModifier);
+    QVERIFY(!router->collapsed());
+    router->open(Page::campaigns);
+    m_stage->settle();
     press(Qt::Key_B, Qt::ControlModifier);
     QVERIFY(router->collapsed());
+  }
+
+  void theShortcutSheetComesAndGoesByItsKey_data() {
+    QTest::addColumn<int>("width");
+    QTest::newRow("beside the page") << 1280;
+    QTest::newRow("over the page") << 1024;
+  }
+  void theShortcutSheetComesAndGoesByItsKey() {
+    QFETCH(int, width);
+    open(true);
+    m_stage->window().resize(width, 700);
+    m_stage->settle();
+    auto* router = m_stage->app().router();
+    const auto scrolled = [this] {
+      const QQuickItem* item = ui::Reader::find(m_stage->window().contentItem(), u"Search or go to…, Ctrl+K"_s);
+      return item ? item->mapToScene({}).y() : 0;
+    };
     press(Qt::Key_Question);
     QVERIFY(router->shortcutsOpen());
-    QTest::qWait(0);
+    m_stage->settle();
+    const double before = scrolled();
+    QVERIFY(before > 0);
+    press(Qt::Key_PageDown);
+    QVERIFY(scrolled() < before);
+    press(Qt::Key_Question);
+    QTRY_VERIFY(!router->shortcutsOpen());
+    m_stage->settle();
+    press(Qt::Key_Question);
+    QVERIFY(router->shortcutsOpen());
+    m_stage->settle();
     press(Qt::Key_Escape);
     QTRY_VERIFY(!router->shortcutsOpen());
   }

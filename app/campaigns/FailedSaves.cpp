@@ -1,0 +1,49 @@
+#include "app/campaigns/FailedSaves.h"
+
+#include "app/base/shownName.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace orv {
+
+void FailedSaves::mark(const void* part, bool hasFailed) {
+  if (hasFailed)
+    m_parts.insert(part);
+  else
+    m_parts.remove(part);
+  if (m_parts.isEmpty())
+    m_mark.reset();
+  else if (!m_mark)
+    m_mark.emplace(m_workspace.unsaved().mark(m_id));
+}
+
+bool FailedSaves::tell(const QString& why) const {
+  if (m_workspace.openedItem(Page::campaigns) == m_id) return false;
+  const Campaign* campaign = m_campaign.value();
+  m_workspace.services().toasts.show(
+      {.message = u"“%1” has unsaved changes"_s.arg(campaign ? shownName(campaign->name) : QString()),
+       .tone = Toasts::Tone::error,
+       .actionLabel = u"Open"_s,
+       .action =
+           [there = m_workspace.weak_from_this(), id = m_id] {
+             if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
+           },
+       .detail = why});
+  return true;
+}
+
+void FailedSaves::follow(FieldDraft& draft) {
+  QObject::connect(&draft, &FieldDraft::changed, &draft, [this, &draft] {
+    if (!draft.dirty()) mark(&draft, false);
+  });
+}
+
+bool FailedSaves::failed(FieldDraft& draft, const QString& sentence, const APIError& error) {
+  draft.failed(error);
+  // What the person or the session's end has cut off is no failure of the service's.
+  if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) return false;
+  mark(&draft, true);
+  return tell(sentence + u' ' + error.message());
+}
+
+}  // namespace orv
