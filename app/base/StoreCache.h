@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
@@ -44,8 +45,11 @@ class StoreCache {
         // For when it is out of the cache by then.
         if constexpr (requires { &T::left; })
           QObject::connect(object, &T::left, object, [this, key, object] { letGo(key, object); });
+        // One that could not be saved has been told of, and waits for somebody to open it.
         if constexpr (requires { &T::sent; })
-          QObject::connect(object, &T::sent, object, [this, key, object] { letGo(key, object); });
+          QObject::connect(object, &T::sent, object, [this, key, object] {
+            if (m_waitsForAnswer.remove(key)) letGo(key, object);
+          });
       }
       m_objects.insert(key, object);
       m_keys.append(key);
@@ -87,6 +91,7 @@ class StoreCache {
   void clear() {
     m_saving.cancel();
     m_keys.clear();
+    m_waitsForAnswer.clear();
     const QList<T*> all = std::exchange(m_objects, {}).values() + std::exchange(m_aside, {}).values();
     for (T* object : all) drop(object);
   }
@@ -126,14 +131,22 @@ class StoreCache {
   void letGo(const QString& key, T* object) {
     // Whoever shows it may open it again at once, and is not to hear that it could not be saved.
     QTimer::singleShot(0, object, [this, key, object] {
-      if (m_aside.value(key) == object && !isNeeded(*object)) m_saving.start(saveAside(key, object));
+      if (m_aside.value(key) != object) return;
+      if (isNeeded(*object))
+        m_waitsForAnswer.insert(key);
+      else
+        m_saving.start(saveAside(key, object));
     });
   }
 
   Task<void> saveAside(QString key, T* object) {
     const bool saved = !isUnsaved(*object) || co_await object->flush();
     // Opened again meanwhile.
-    if (m_aside.value(key) != object || isNeeded(*object)) co_return;
+    if (m_aside.value(key) != object) co_return;
+    if (isNeeded(*object)) {
+      m_waitsForAnswer.insert(key);
+      co_return;
+    }
     if (!saved) {
       if (onNotSaved) onNotSaved(key, *object);
       co_return;
@@ -153,6 +166,8 @@ class StoreCache {
   QStringList m_keys;
   /// Evicted, and not saved yet.
   QMap<QString, T*> m_aside;
+  /// Of those the ones that could not be looked at yet, for a page showed them or a change had no answer.
+  QSet<QString> m_waitsForAnswer;
   TaskScope m_saving;
 };
 

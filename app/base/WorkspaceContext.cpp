@@ -49,14 +49,19 @@ void WorkspaceContext::needed(qint64& before, qint64 now) {
 }
 
 void WorkspaceContext::sendingEnded() {
-  if (--m_sending > 0) return;
-  // Not from within the task that has just had its answer.
+  if (--m_sending > 0 || std::exchange(m_tellsSent, true)) return;
+  // Not from within the task that has just had its answer. Who waits is told even where that task held this last.
   QMetaObject::invokeMethod(
       this,
-      [this] {
+      [this, held = weak_from_this().lock()] {
+        m_tellsSent = false;
         if (m_sending == 0) Q_EMIT sent(std::exchange(m_anyFailed, false));
       },
       Qt::QueuedConnection);
+}
+
+void WorkspaceContext::setWatched(bool watched) {
+  if (std::exchange(m_isWatched, watched) != watched) Q_EMIT watchedChanged();
 }
 
 void WorkspaceContext::close() {

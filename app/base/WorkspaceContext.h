@@ -66,7 +66,12 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
    private:
     WorkspaceContext* m_context;
   };
-  bool isSending() const { return m_sending > 0; }
+  /// Until sent() has told of it.
+  bool isSending() const { return m_sending > 0 || m_tellsSent; }
+
+  /// Somebody may be looking: the window is the active one.
+  bool isWatched() const { return m_isWatched; }
+  void setWatched(bool watched);
 
   /// A request found no connection.
   void wentOffline() { m_isOffline = true; }
@@ -91,6 +96,7 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   /// Since somebody last asked, mail has come; the newest of it then, as the service writes it.
   void mailCame(const QString& latestAt);
   void workspaceChanged();
+  void watchedChanged();
   /// There is a connection again: what could not be read can be tried anew.
   void reachable();
   /// Nothing is being sent any more, and whoever sent it has heard of it.
@@ -107,7 +113,9 @@ class WorkspaceContext final : public QObject, public std::enable_shared_from_th
   RecordTurns m_turns;
   BusySet m_unsaved;
   bool m_isOffline = false;
+  bool m_isWatched = true;
   int m_sending = 0;
+  bool m_tellsSent = false;
   bool m_anyFailed = false;
   std::optional<qint64> m_unread;
   qint64 m_failedAccounts = 0;

@@ -260,6 +260,7 @@ void CampaignsStore::beginRename(const QString& id) {
 Task<void> CampaignsStore::createTask(QString name) {
   auto submission = m_newCampaign.begin();
   const Stamp asked = context().changes().stamp();
+  WorkspaceContext::Sending sending(context());
   try {
     const Campaign campaign = co_await api().send(Requests::createCampaign({name}));
     services().toasts.success(shownName(campaign.name) + u" created"_s);
@@ -269,6 +270,7 @@ Task<void> CampaignsStore::createTask(QString name) {
     if (submission.succeed() && isHere) open(campaign.id);
   } catch (const APIError& error) {
     if (!submission.fail(error.message())) services().toasts.failure({}, error);
+    sending.failed();
     if (mayHaveActed(error)) context().changes().stale<Campaign>();
   }
 }

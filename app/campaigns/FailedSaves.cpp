@@ -5,6 +5,14 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace orv {
+namespace {
+
+/// By the person, or by the session's end: no failure of the service's.
+bool isCutOff(const APIError& error) {
+  return error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
+}
+
+}  // namespace
 
 void FailedSaves::mark(const void* part, bool hasFailed) {
   if (hasFailed)
@@ -40,10 +48,12 @@ void FailedSaves::follow(FieldDraft& draft) {
 
 bool FailedSaves::failed(FieldDraft& draft, const QString& sentence, const APIError& error) {
   draft.failed(error);
-  // What the person or the session's end has cut off is no failure of the service's.
-  if (error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized)) return false;
-  mark(&draft, true);
-  return tell(sentence + u' ' + error.message());
+  if (!isCutOff(error)) mark(&draft, true);
+  return tell(sentence, error);
+}
+
+bool FailedSaves::tell(const QString& sentence, const APIError& error) const {
+  return !isCutOff(error) && tell(sentence + u' ' + error.message());
 }
 
 }  // namespace orv

@@ -20,10 +20,12 @@ class FailedSaves final {
   void mark(const void* part, bool hasFailed);
   /// False while the campaign's own page is open, which tells of it by itself.
   bool tell(const QString& why) const;
+  /// The same of an error; `sentence` says what could not be saved.
+  bool tell(const QString& sentence, const APIError& error) const;
 
   /// What is typed there waits for its button: once a save of it has failed it counts until nothing of it is left.
   void follow(FieldDraft& draft);
-  /// A save of the draft has failed. For Actions::Tell; `sentence` says what could not be saved.
+  /// A save of the draft has failed. For Actions::Tell.
   bool failed(FieldDraft& draft, const QString& sentence, const APIError& error);
 
  private:

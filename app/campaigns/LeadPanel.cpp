@@ -193,6 +193,7 @@ Task<void> LeadPanel::saveTask() {
     co_return keep(key, typed);
   }
   if (m_lead.id == id) lead = m_lead;
+  WorkspaceContext::Sending sending(m_context.workspace);
   std::optional<APIError> failure;
   try {
     const LeadPatchBody body{wholeData(lead, sent)};
@@ -211,8 +212,10 @@ Task<void> LeadPanel::saveTask() {
     failure = error;
   }
   if (!failure) co_return;
-  // A drawer is no longer seen when the campaign's page has been left.
-  if (m_context.failedSaves.failed(m_draft, title + u'.', *failure))
+  sending.failed();
+  // A drawer is no longer seen when the campaign's page has been left. Closed, it holds nothing that could be marked.
+  FailedSaves& failed = m_context.failedSaves;
+  if (submission.isShown() ? failed.failed(m_draft, title + u'.', *failure) : failed.tell(title + u'.', *failure))
     submission.fail(failure->message());
   else
     submission.fail(m_context.services.toasts, title, *failure);

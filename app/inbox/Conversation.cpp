@@ -51,6 +51,8 @@ Conversation::Conversation(WorkspaceContext& context, QString id, Surroundings a
   });
   connect(&m_around.writings, &Writings::changed, this, [this](const QString& threadId) {
     if (threadId != m_id) return;
+    const bool isLetGo = !m_heldDraft.isEmpty() && !(m_edit && m_edit->dirty());
+    if (isLetGo) return openWritings();
     Q_EMIT writingChanged();
   });
   context.changes().watch<InboxThread>(this, [this](const auto& change) { take(change); });
@@ -192,16 +194,22 @@ void Conversation::arrived() {
 void Conversation::openWritings() {
   const InboxThread* known = thread();
   if (known && !m_reply) m_reply = m_around.writings.reply(m_id, orv::contactOf(*known));
+  const bool isTyped = m_edit && m_edit->dirty();
+  const QString before = m_editedDraft;
+  m_heldDraft = isTyped ? before : QString();
   const Draft* waiting = draft();
   const QString id = waiting ? waiting->id : QString(), body = waiting ? waiting->body : QString();
   // What was known here already is no news to a text that may have been begun on a newer one since.
   const bool isOther = std::exchange(m_editedDraft, id) != id;
   const bool isNews = std::exchange(m_editedBody, body) != body || isOther;
+  const bool isLost = isTyped && isOther && waiting && !m_edit->sending();
+  if (isOther) m_heldDraft.clear();
   m_edit = waiting && !isNews ? m_around.writings.findEdit(*waiting) : nullptr;
   if (waiting && !m_edit) m_edit = m_around.writings.edit(*waiting, contact());
   // Another draft is read before it is changed.
   if (isOther) m_editing = false;
   Q_EMIT writingChanged();
+  if (isLost) Q_EMIT m_around.writings.lost({{.id = before, .threadId = m_id}, *known});
 }
 
 QString Conversation::subject() const { return thread() ? shownName(thread()->subject) : QString(); }
@@ -239,9 +247,10 @@ QString Conversation::labelTone() const {
 
 const Draft* Conversation::draft() const {
   if (!m_detail.value()) return nullptr;
-  const auto& drafts = m_detail.value()->drafts;
-  const auto waiting = std::find_if(drafts.rbegin(), drafts.rend(), [](const Draft& one) { return one.isWaiting(); });
-  return waiting != drafts.rend() ? &*waiting : nullptr;
+  const Draft* waiting = nullptr;
+  for (const Draft& one : m_detail.value()->drafts)
+    if (one.isWaiting() && (!waiting || waiting->id != m_heldDraft)) waiting = &one;
+  return waiting;
 }
 
 QString Conversation::draftText() const {

@@ -84,7 +84,7 @@ class Conversation final : public Store {
   QString labelTone() const;
   bool archived() const { return thread() && thread()->isArchived(); }
 
-  /// The agent's draft that waits for a decision, the newest of them; null for none.
+  /// The agent's draft that waits for a decision: the one that the person is changing, or the newest; null for none.
   const Draft* draft() const;
   bool hasDraft() const { return draft() != nullptr; }
   /// As it is sent when it is approved: in the style that was chosen, with what the person made of it.
@@ -150,6 +150,8 @@ class Conversation final : public Store {
   /// What was made of it is begun on these.
   QString m_editedDraft;
   QString m_editedBody;
+  /// The same, while the person's text of it is there: a newer one does not take its place.
+  QString m_heldDraft;
   bool m_replying = false;
   bool m_editing = false;
   std::optional<InboxThread> m_listed;

@@ -47,9 +47,12 @@ class DraftLeftovers final : public Store {
     /// Why it was skipped; an edit of it otherwise.
     bool isReason;
     QString text;
+    /// By the journal; whoever holds it open knows better.
+    bool mayBeSent;
   };
 
   QList<Kept> kept() const;
+  void follow(const Change<InboxThread>& change);
   void sort();
   void show();
   QString saidOf(const Kept& one) const;
@@ -60,6 +63,8 @@ class DraftLeftovers final : public Store {
   Writings& m_writings;
   DraftLeftoverRows m_rows;
   QList<Kept> m_keptWhenAsked;
+  /// How many drafts their threads had waiting when that was last heard, by the threads.
+  QHash<QString, qint64> m_pending;
   /// By their keys.
   QSet<QString> m_over;
 };

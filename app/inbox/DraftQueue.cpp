@@ -8,25 +8,31 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
-bool has(const QList<ReviewDraft>& items, const QString& draftId) {
-  return std::ranges::any_of(items, [&](const ReviewDraft& item) { return item.draft.id == draftId; });
+const ReviewDraft* findIn(const QList<ReviewDraft>& items, const QString& draftId) {
+  const auto found = std::ranges::find_if(items, [&](const ReviewDraft& item) { return item.draft.id == draftId; });
+  return found == items.end() ? nullptr : &*found;
 }
+
+bool has(const QList<ReviewDraft>& items, const QString& draftId) { return findIn(items, draftId) != nullptr; }
 
 }  // namespace
 
-DraftQueue::DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& decisions)
+DraftQueue::DraftQueue(WorkspaceContext& context, Store* whole, DraftDecisions& decisions, const Writings& writings)
     : Store(context, whole),
       m_decisions(decisions),
+      m_writings(writings),
       m_list(*whole, [this] { return loadTask(); },
              {.failed = u"Couldn’t load your drafts"_s, .isEmpty = [this](const ReviewDraftPage& page) {
-                return std::ranges::all_of(
+                const bool isNone = std::ranges::all_of(
                     page.items, [this](const ReviewDraft& item) { return m_decisions.isGone(item.draft.id); });
+                return isNone && !(shown() && isTyped(*shown()));
               }}) {
   connect(&m_list, &ResourceBase::valueChanged, this, &DraftQueue::arrange);
   connect(&m_list, &ResourceBase::changed, this, &DraftQueue::changed);
   connect(&decisions, &DraftDecisions::changed, this, [this] {
     // Told each second while a countdown runs; the list is other than before now and then.
-    if (m_list.value() && visible().size() != m_visible.size()) m_list.amend([](ReviewDraftPage&) {});
+    const int kept = m_kept.isEmpty() || m_decisions.isGone(m_kept) ? 0 : 1;
+    if (m_list.value() && visible().size() + kept != m_visible.size()) m_list.amend([](ReviewDraftPage&) {});
   });
   connect(&decisions, &DraftDecisions::decided, this, [this] {
     // A reading under way may not know of it.
@@ -81,8 +87,26 @@ QList<ReviewDraft> DraftQueue::visible() const {
   return items;
 }
 
+bool DraftQueue::isTyped(const ReviewDraft& item) const {
+  return !m_decisions.isGone(item.draft.id) && m_writings.editOf(item.draft);
+}
+
+void DraftQueue::keepTyped(QList<ReviewDraft>& before) {
+  const ReviewDraft* shown = findIn(before, m_picked);
+  const bool isKept = shown && !has(m_visible, m_picked) && isTyped(*shown);
+  const bool wasOver = isKept && m_isOver;
+  m_kept = isKept ? m_picked : QString();
+  // Of a list that goes on nobody can tell what has left it.
+  m_isOver = isKept && !m_list.value()->nextCursor;
+  if (isKept) m_visible.insert(std::min(m_at, m_visible.size()), *shown);
+  // It has been told.
+  if (wasOver) before.removeIf([this](const ReviewDraft& item) { return item.draft.id == m_kept; });
+}
+
 void DraftQueue::arrange() {
-  const QList<ReviewDraft> before = std::exchange(m_visible, visible());
+  QList<ReviewDraft> before = std::exchange(m_visible, visible());
+  keepTyped(before);
+  const QString shownBefore = m_picked;
   qsizetype at = -1;
   for (qsizetype row = 0; row < m_visible.size(); ++row)
     if (m_visible[row].draft.id == m_picked) at = row;
@@ -93,13 +117,12 @@ void DraftQueue::arrange() {
   const bool isOther = std::exchange(m_told, now) != now;
   Q_EMIT changed();
   if (isOther) Q_EMIT shownChanged();
+  const bool isReplaced = !shownBefore.isEmpty() && m_picked != shownBefore && !m_decisions.isGone(shownBefore);
+  if (isReplaced && !m_picked.isEmpty()) Q_EMIT replaced();
   if (m_list.value()) tellDecisions(before);
 }
 
-const ReviewDraft* DraftQueue::find(const QString& draftId) const {
-  const auto found = std::ranges::find_if(m_visible, [&](const ReviewDraft& item) { return item.draft.id == draftId; });
-  return found == m_visible.end() ? nullptr : &*found;
-}
+const ReviewDraft* DraftQueue::find(const QString& draftId) const { return findIn(m_visible, draftId); }
 
 bool DraftQueue::hasBeside(const ReviewDraft& item) const {
   return std::ranges::any_of(visible(), [&](const ReviewDraft& each) {
@@ -113,7 +136,7 @@ const ReviewDraft* DraftQueue::next() const {
 }
 
 QString DraftQueue::positionText() const {
-  if (m_visible.isEmpty()) return {};
+  if (m_visible.isEmpty() || isOver()) return {};
   return u"%1 of %2 waiting"_s.arg(m_at + 1).arg(m_visible.size());
 }
 
@@ -127,6 +150,12 @@ void DraftQueue::go(int by) {
 void DraftQueue::pick(const QString& draftId) {
   m_picked = draftId;
   arrange();
+}
+
+void DraftQueue::leave() {
+  m_picked.clear();
+  // It may have been the last that there was to show.
+  m_list.amend([](ReviewDraftPage&) {});
 }
 
 void DraftQueue::takeBack(const ReviewDraft& item, DraftDecisions::Return how) {

@@ -30,7 +30,7 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
     : Store(context),
       m_writings(writings),
       m_decisions(context, this),
-      m_queue(context, this, m_decisions),
+      m_queue(context, this, m_decisions, writings),
       m_styles(context, this),
       m_reason(context, this, m_decisions),
       m_feedback(context, this),
@@ -41,7 +41,19 @@ DraftsStore::DraftsStore(WorkspaceContext& context, Writings& writings)
     giveTexts();
     Q_EMIT changed();
   });
+  connect(&m_queue, &DraftQueue::replaced, this, [this] {
+    m_decidedAt = services().clock.now();
+    m_decidedId.clear();
+    Q_EMIT replaced();
+  });
   connect(&m_queue, &DraftQueue::lost, this, [this](const ReviewDraft& item) { m_tasks.start(lostTask(item)); });
+  connect(&writings, &Writings::lost, this, [this](const ReviewDraft& item) {
+    m_tasks.start(lostTask(item));
+    m_queue.list()->load();
+  });
+  connect(&m_queue, &DraftQueue::heard, this, [this] {
+    for (const ReviewDraft& item : m_queue.list()->value()->items) m_lost.remove(item.draft.id);
+  });
   connect(&m_styles, &DraftStyles::changed, this, [this](const QString& draftId) {
     if (draftId == m_queue.picked()) showText();
     Q_EMIT changed();
@@ -88,10 +100,9 @@ void DraftsStore::showPicked() {
   const ReviewDraft* item = m_queue.shown();
   if (item && (!m_conversation || m_conversation->id() != item->thread.id)) {
     letGoOf(m_conversation);
-    if (m_next && m_next->id() == item->thread.id)
-      m_conversation = std::move(m_next);
-    else
-      m_conversation = open(*item);
+    const bool isRead = m_next && m_next->id() == item->thread.id;
+    m_conversation = isRead ? std::move(m_next) : open(*item);
+    m_listed = isRead ? m_nextListed : item->thread;
   }
   if (!item) letGoOf(m_conversation);
   // Only what the list has read anew: the conversation may have been read since.
@@ -100,6 +111,7 @@ void DraftsStore::showPicked() {
   if (next && item && next->thread.id != item->thread.id && (!m_next || m_next->id() != next->thread.id)) {
     letGoOf(m_next);
     m_next = open(*next);
+    m_nextListed = next->thread;
   }
   showText();
   Q_EMIT shownChanged();
@@ -131,6 +143,7 @@ QString DraftsStore::facts() const {
 }
 
 QStringList DraftsStore::failures() const {
+  if (m_queue.isOver()) return {alreadyDecided()};
   return m_queue.shown() ? holdReasons(m_queue.shown()->draft) : QStringList();
 }
 
@@ -150,7 +163,8 @@ QString DraftsStore::subject() const {
 QString DraftsStore::why() const { return m_queue.shown() ? draftReason(m_queue.shown()->draft) : QString(); }
 
 bool DraftsStore::canApprove() const {
-  return canWrite() && m_queue.shown() && m_writing && !styling() && !m_writing->body().trimmed().isEmpty();
+  return canWrite() && m_queue.shown() && !m_queue.isOver() && m_writing && !styling() &&
+         !m_writing->body().trimmed().isEmpty();
 }
 
 QString DraftsStore::approveText() const { return edited() ? u"Approve your edit ⌘↵"_s : u"Approve"_s; }
@@ -164,7 +178,7 @@ void DraftsStore::setHistoryShown(bool shown) {
 
 Task<void> DraftsStore::chooseStyleTask(QString style) {
   const ReviewDraft* item = m_queue.shown();
-  if (!item || !canWrite() || styling() || style == this->style()) co_return;
+  if (!item || m_queue.isOver() || !canWrite() || styling() || style == this->style()) co_return;
   const Draft draft = item->draft;
   std::optional<QString> replaced;
   if (edited()) {
@@ -199,6 +213,7 @@ void DraftsStore::decideShown(bool approves) {
   const QDateTime now = services().clock.now();
   const QDateTime before = std::exchange(m_decidedAt, now);
   if (!m_queue.shown()) return;
+  if (m_queue.isOver()) return m_queue.leave();
   const ReviewDraft item = *m_queue.shown();
   // A key held too long would decide about the next draft, which nobody has read. One that came back is as it was.
   if (m_decidedId != item.draft.id && before.isValid() && std::abs(before.msecsTo(now)) < 250) return;
@@ -215,7 +230,7 @@ void DraftsStore::approve(const ReviewDraft& item) {
   const DraftVersion* version = m_styles.versionOf(given.draft);
   if (edit && edit->trimmed().isEmpty()) return;
   Writing* writing = m_writings.findEdit(given.draft);
-  // What the person saw is what goes out, and a conversation shows the agent's own text.
+  // What the person saw is what goes out, and that need not be this version by now.
   if (version && !edit && writing && writing->body() != version->body) version = nullptr;
   m_sent[id] = edit ? std::optional(writing->typed()) : std::nullopt;
   if (version) m_styled.insert(id);
@@ -303,11 +318,15 @@ void DraftsStore::late(const DraftDecisions::Undoable& decision, const Draft& no
 /// made of it is nowhere else.
 Task<void> DraftsStore::lostTask(ReviewDraft item) {
   const auto edit = m_writings.editOf(item.draft);
-  if (!edit) co_return;
+  if (!edit || m_lost.contains(item.draft.id)) co_return;
+  m_lost.insert(item.draft.id);
   if (m_decisions.isUncertain(item.draft.id)) {
     const auto now = co_await m_decisions.readDraft(item.thread.id, item.draft.id);
     // It waits behind what the list shows.
-    if (now && now->isWaiting()) co_return;
+    if (now && now->isWaiting()) {
+      m_lost.remove(item.draft.id);
+      co_return;
+    }
     settle(item.draft, now);
     letGo(item.draft);
     const Writing* left = m_writings.findEdit(item.draft);

@@ -101,6 +101,8 @@ class DraftsStore final : public Store, public DraftDesk {
   void shownChanged();
   /// The person wants to write in the draft.
   void editRequested();
+  /// Another draft came under the hands of whoever types: the field for its text is to give up the focus.
+  void replaced();
 
  protected:
   QList<PageAction> offered(const QString& record) override;
@@ -137,11 +139,14 @@ class DraftsStore final : public Store, public DraftDesk {
   /// Read ahead, so that going on shows it at once.
   std::unique_ptr<Conversation> m_next;
   QPointer<Writing> m_writing;
-  /// As the list had it when it was last shown.
+  /// As the list had them when it was last heard of.
   std::optional<InboxThread> m_listed;
+  std::optional<InboxThread> m_nextListed;
   /// Of decisions that can be taken back: what the person had made of the draft, or that they had left it as it was.
   QHash<QString, std::optional<WrittenFields>> m_sent;
   QSet<QString> m_styled;
+  /// The person has been told that they wait no more.
+  QSet<QString> m_lost;
   QDateTime m_decidedAt;
   QString m_decidedId;
   bool m_historyShown = false;

@@ -37,6 +37,9 @@ InboxStore::InboxStore(WorkspaceContext& context, Writings& writings, Store* dra
     if (threadId == m_openId) Q_EMIT replySent();
   });
   connect(&m_campaigns, &ResourceBase::valueChanged, this, &InboxStore::tellWords);
+  connect(&context, &WorkspaceContext::watchedChanged, this, [this] {
+    if (this->context().isWatched() && isShown()) lookAtOpen();
+  });
   context.changes().watch<Campaign>(this, [this](const Change<Campaign>& change) {
     if (change.acted) m_campaigns.markStale();
   });
@@ -101,6 +104,10 @@ void InboxStore::ensureLoaded() {
 /// What was read while the page was elsewhere counts as read from now on.
 void InboxStore::lookAtOpen() {
   if (m_section != Section::conversations || !conversation()) return;
+  if (m_unseen == m_openId && context().isWatched()) {
+    m_unseen.clear();
+    m_threads.setShownRead(m_openId, true);
+  }
   conversation()->ensureLoaded();
   if (conversation()->detail()->value()) conversationRead(m_openId);
 }
@@ -204,6 +211,7 @@ void InboxStore::open(const QString& id) {
   Conversation* next = kept(id);
   next->appear();
   m_openId = id;
+  m_unseen.clear();
   Q_EMIT openChanged();
   if (before) letGo(*before);
   m_threads.setShownRead(id, true);
@@ -235,7 +243,14 @@ void InboxStore::conversationRead(const QString& id) {
   if (id != m_openId) return;
   const Conversation& open = *conversation();
   const InboxThread* thread = open.thread();
-  if (thread->unread && m_threads.rows().isShownRead(id) && canWrite() && isShown()) m_actions.markRead(*thread);
+  if (thread->unread && m_threads.rows().isShownRead(id) && canWrite() && isShown()) {
+    if (context().isWatched()) {
+      m_actions.markRead(*thread);
+    } else if (!m_actions.isMarkingRead(id)) {
+      m_unseen = id;
+      m_threads.setShownRead(id, false);
+    }
+  }
   readAhead();
   Q_EMIT busyChanged();
 }

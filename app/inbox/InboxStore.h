@@ -136,6 +136,8 @@ class InboxStore final : public Store {
   StoreCache<Conversation> m_kept{8, StoreCache<Conversation>::Order::lastOpening};
   Section m_section = Section::conversations;
   QString m_openId;
+  /// The same, where what came into it came while nobody looked at the window.
+  QString m_unseen;
   /// The one that was shut because it was to leave the list.
   QString m_shut;
   int m_direction = 1;

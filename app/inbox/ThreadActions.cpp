@@ -133,6 +133,7 @@ Task<void> ThreadActions::archiveTask(InboxThread thread) {
 Task<void> ThreadActions::undoArchive(std::shared_ptr<WorkspaceContext> context, QString id) {
   const auto turn = co_await context->turns().next(id);
   if (!turn) co_return;
+  WorkspaceContext::Sending sending(*context);
   try {
     const InboxThread thread = co_await context->api().send(Requests::updateThread(id, statusPatch(words::threadOpen)));
     context->changes().publish(thread, context->changes().stamp(), true);
@@ -141,6 +142,7 @@ Task<void> ThreadActions::undoArchive(std::shared_ptr<WorkspaceContext> context,
     context->services().toasts.success(u"Moved back to the inbox"_s);
   } catch (const APIError& error) {
     context->services().toasts.failure(u"Couldn’t move it back to the inbox."_s, error);
+    sending.failed();
     if (mayHaveActed(error)) context->changes().stale<InboxThread>();
   }
 }

@@ -36,7 +36,9 @@ Recovery::Hooks Writing::hooks() {
   Recovery::Hooks hooks = Recovery::of(m_draft);
   hooks.text = [this] {
     QJsonObject kept = m_draft.journal();
-    if (m_trace && (m_sending || m_uncertain)) {
+    const bool mayBeSent = m_sending || m_uncertain;
+    if (mayBeSent) kept.insert(mayBeSentKey, true);
+    if (m_trace && mayBeSent) {
       kept.insert(sentKey, QJsonObject::fromVariantMap(valuesOf(m_trace->sent)));
       kept.insert(beforeKey, QJsonArray::fromStringList(m_trace->leftBefore.values()));
     }
@@ -66,7 +68,7 @@ void Writing::setTrace(const Trace& trace) {
 /// Before it can have left: a second later may be too late.
 void Writing::keepWhileSending() {
   m_recovery.follow();
-  if (m_trace) m_context.services().journal.write();
+  m_context.services().journal.write();
 }
 
 void Writing::type(const QString& field, const QString& text) {

@@ -59,6 +59,8 @@ class Writing final : public QObject {
   bool sending() const { return m_sending; }
   /// It was on its way, and nobody knows whether it arrived.
   bool uncertain() const { return m_uncertain; }
+  /// In what the journal keeps of it: it may have been sent.
+  static constexpr QLatin1String mayBeSentKey{"mayBeSent"};
   void setState(bool sending, bool uncertain);
   /// By what it is found in its thread: what was sent of it, and what had left the thread before that.
   struct Trace {

@@ -5,7 +5,7 @@
 
 #include "app/base/Store.h"
 #include "app/inbox/Writing.h"
-#include "kit/models/inbox/draft.h"
+#include "kit/models/inbox/draftReview.h"
 
 namespace orv {
 
@@ -36,6 +36,8 @@ class Writings final : public Store {
  Q_SIGNALS:
   /// Something was begun, sent or thrown away.
   void changed(const QString& threadId);
+  /// Another draft has taken the place of the one that the person was changing.
+  void lost(const orv::ReviewDraft& item);
 
  private:
   Writing* open(const QString& key, const QString& threadId, const QString& about);

@@ -120,8 +120,24 @@ bool WorkspaceForm::tell(const APIError& error) {
   const bool isMute = error.is(APIError::Kind::cancelled) || error.is(APIError::Kind::unauthorized);
   if (isMute) return true;
   setProblem(isVersionConflict(error) ? workspaceConflict() : error.message());
-  if (!isSeen()) services().toasts.show({.message = m_problem, .tone = Toasts::Tone::error});
+  if (!isSeen()) tellElsewhere();
   return true;
+}
+
+void WorkspaceForm::tellElsewhere() {
+  const auto tab = m_tab == Tab::workspace ? SettingsTab::workspace : SettingsTab::company;
+  services().toasts.show(
+      {.message = u"Couldn’t save the settings of “"_s + shownName(context().workspace().name) + u'”',
+       .tone = Toasts::Tone::error,
+       .actionLabel = u"Open"_s,
+       .action =
+           [there = context().weak_from_this(), tab] {
+             const auto open = there.lock();
+             if (!open) return;
+             open->open(Page::settings);
+             open->services().navigator.openSettings(tab);
+           },
+       .detail = m_problem});
 }
 
 /// What is counted by day is another figure where days begin at other times, and what an opportunity is worth is one.

@@ -72,6 +72,7 @@ class WorkspaceForm final : public Store {
  private:
   void followRead();
   void tellOfFigures();
+  void tellElsewhere();
   void setProblem(const QString& problem);
   /// True once it has been told.
   bool tell(const APIError& error);

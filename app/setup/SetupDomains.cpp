@@ -30,6 +30,7 @@ SetupDomains::SetupDomains(QString id, Actions& actions, Resource<SetupProject>&
   connect(form.draft(), &FieldDraft::fieldChanged, this, [this](const QString& field) {
     if (field == "domains"_L1) show();
   });
+  connect(&form, &SetupForm::typedDomainsChanged, this, &SetupDomains::changed);
   connect(&m_busy, &BusySet::changed, this, &SetupDomains::changed);
 }
 
@@ -77,16 +78,15 @@ QString SetupDomains::add(const QString& text) {
 }
 
 void SetupDomains::setTyped(const QString& text) {
-  if (std::exchange(m_typed, text) == text) return;
+  if (typed() == text) return;
   m_problem.clear();
-  if (text.contains(u'\n')) return addTyped();
-  Q_EMIT changed();
+  m_form.setTypedDomains(text);
+  if (text.contains(u'\n')) addTyped();
 }
 
 void SetupDomains::addTyped() {
-  if (m_typed.isEmpty()) return;
-  m_typed = add(m_typed);
-  Q_EMIT changed();
+  if (typed().isEmpty()) return;
+  m_form.setTypedDomains(add(typed()));
 }
 
 void SetupDomains::remove(const QString& domain) {

@@ -42,7 +42,7 @@ class SetupDomains final : public Store {
   int count() const { return m_rows.rowCount(); }
   DomainRows* archivedRows() { return &m_archivedRows; }
   /// In the field that adds domains; what is pasted joins the list at once.
-  const QString& typed() const { return m_typed; }
+  const QString& typed() const { return m_form.typedDomains(); }
   void setTyped(const QString& text);
   /// What of the pasted text is no domain.
   const QString& problem() const { return m_problem; }
@@ -82,7 +82,6 @@ class SetupDomains final : public Store {
   QMap<QString, QString> m_registrars;
   /// Domains that somebody has asked about.
   QSet<QString> m_lookedUp;
-  QString m_typed;
   QString m_problem;
   bool m_showArchived = false;
 };

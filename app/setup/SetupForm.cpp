@@ -1,5 +1,6 @@
 #include "app/setup/SetupForm.h"
 
+#include <QJsonDocument>
 #include <QPointer>
 #include <algorithm>
 
@@ -12,6 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace orv {
 namespace {
 
+constexpr QLatin1String typedKey("typedDomains");
 constexpr QLatin1String stale("This project changed since you opened it. Reload and try again.");
 
 /// A body was made of them; nobody needs the copies.
@@ -24,7 +26,7 @@ SetupForm::SetupForm(QString id, Actions& actions, Resource<SetupProject>& proje
       m_id(std::move(id)),
       m_actions(actions),
       m_project(project),
-      m_recovery(whole.context(), Recovery::of(m_draft)) {
+      m_recovery(whole.context(), hooks()) {
   m_draft.setKey(u"inboxSetup/"_s + m_id + u"/project"_s);
   connect(&project, &ResourceBase::valueChanged, this, &SetupForm::follow);
   connect(&m_draft, &FieldDraft::changed, &m_recovery, &Recovery::follow);
@@ -32,6 +34,34 @@ SetupForm::SetupForm(QString id, Actions& actions, Resource<SetupProject>& proje
   connect(&m_busy, &BusySet::changed, this, &SetupForm::changed);
   connect(this, &Store::roleChanged, this, &SetupForm::changed);
   for (SecretField* secret : secrets()) connect(secret, &SecretField::changed, this, &SetupForm::changed);
+}
+
+Recovery::Hooks SetupForm::hooks() {
+  Recovery::Hooks hooks = Recovery::of(m_draft);
+  hooks.isUnsaved = [this] { return m_draft.dirty() || !m_typedDomains.trimmed().isEmpty(); };
+  hooks.text = [this] {
+    QJsonObject kept = m_draft.journal();
+    if (!m_typedDomains.isEmpty()) kept.insert(typedKey, m_typedDomains);
+    return JournalText{m_draft.version(), QJsonDocument(kept).toJson(QJsonDocument::Compact)};
+  };
+  hooks.restore = [this, restore = hooks.restore](const Recovery::Kept& kept) {
+    const auto restored = restore(kept);
+    const QString typed = QJsonDocument::fromJson(kept.text.bytes).object().value(typedKey).toString();
+    if (typed.isEmpty()) return restored;
+    setTypedDomains(typed);
+    return Recovery::Restored::shown;
+  };
+  hooks.discard = [this, discard = hooks.discard] {
+    discard();
+    setTypedDomains({});
+  };
+  return hooks;
+}
+
+void SetupForm::setTypedDomains(const QString& text) {
+  if (std::exchange(m_typedDomains, text) == text) return;
+  m_recovery.follow();
+  Q_EMIT typedDomainsChanged();
 }
 
 bool SetupForm::dirty() const {
@@ -210,7 +240,8 @@ Task<bool> SetupForm::readyToRun() {
 }
 
 QStringList SetupForm::unsavedWork() const {
-  return dirty() ? QStringList{u"An inbox setup project that is not saved"_s} : QStringList();
+  return dirty() || !m_typedDomains.trimmed().isEmpty() ? QStringList{u"An inbox setup project that is not saved"_s}
+                                                        : QStringList();
 }
 
 void SetupForm::close() {

@@ -30,6 +30,9 @@ class SetupForm final : public Store {
   SetupForm(QString id, Actions& actions, Resource<SetupProject>& project, Store& whole);
 
   DraftOf<SetupFields>* draft() { return &m_draft; }
+  /// In the field that adds domains, and not among them yet.
+  const QString& typedDomains() const { return m_typedDomains; }
+  void setTypedDomains(const QString& text);
   Recovery* recovery() { return &m_recovery; }
   SecretField* password() { return &m_password; }
   SecretField* newPassword() { return &m_newPassword; }
@@ -63,10 +66,12 @@ class SetupForm final : public Store {
 
  Q_SIGNALS:
   void changed();
+  void typedDomainsChanged();
   /// A save, or a wish to run, came to nothing: what is in its way may stand where nobody looks.
   void refused();
 
  private:
+  Recovery::Hooks hooks();
   void follow();
   void show(const std::optional<RunProblem>& problem);
   void setProblem(const QString& problem);
@@ -80,6 +85,7 @@ class SetupForm final : public Store {
   Resource<SetupProject>& m_project;
   BusySet m_busy;
   DraftOf<SetupFields> m_draft;
+  QString m_typedDomains;
   Recovery m_recovery;
   SecretField m_password;
   SecretField m_newPassword;

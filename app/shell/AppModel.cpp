@@ -219,7 +219,20 @@ void AppModel::tryAgain() {
 
 void AppModel::applyAccount(const MeResponse& account) {
   m_stored->user = *account.user;
-  m_stored->workspaces = theirs(account.workspaces);
+  const QList<WorkspaceSummary> before = std::exchange(m_stored->workspaces, theirs(account.workspaces));
+  const auto isTheirs = [&account](const QString& slug) {
+    return std::ranges::find(account.workspaces, slug, &WorkspaceSummary::slug) != account.workspaces.end();
+  };
+  QStringList deleted;
+  for (const WorkspaceSummary& known : before)
+    if (m_deletions.value(known.slug) == Program::Deletion::unknown && !isTheirs(known.slug))
+      deleted.append(shownName(known.name));
+  takeWorkspaces();
+  for (const QString& name : deleted) m_toasts.success(u"Deleted "_s + name);
+}
+
+/// Those that the account has now.
+void AppModel::takeWorkspaces() {
   if (m_stored->workspaces.isEmpty()) return leaveForNoWorkspace();
   m_workspaces.update(m_stored->workspaces);
   const auto open = std::ranges::find(m_stored->workspaces, m_current->slug, &WorkspaceSummary::slug);
@@ -278,7 +291,7 @@ void AppModel::leaveWorkspace(WorkspaceSummary lost) {
   const bool isUnsaved = !m_session->unsavedWork().isEmpty();
   // Screens let go of their stores before the stores go.
   openWorkspace(m_stored->workspaces.first().slug);
-  if (m_deletions.contains(lost.slug)) return m_toasts.success(u"Deleted "_s + shownName(lost.name));
+  if (m_deletions.contains(lost.slug)) return;
   // Of what was not saved whoever lets go of it tells.
   if (!isUnsaved) m_workspaces.tellOfLost(shownName(lost.name), {});
 }

@@ -120,6 +120,7 @@ class AppModel final : public QObject {
   /// They are in no workspace any more.
   void leaveForNoWorkspace();
   QList<WorkspaceSummary> theirs(QList<WorkspaceSummary> said) const;
+  void takeWorkspaces();
   void workspaceDeleted(const QString& slug);
   /// The open workspace is none of theirs any more.
   void leaveWorkspace(WorkspaceSummary lost);

@@ -1,5 +1,6 @@
 #include "app/shell/CommandPalette.h"
 
+#include <QSet>
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -60,31 +61,42 @@ void CommandPalette::prepare() {
 
 void CommandPalette::renew() {
   m_commands = m_source();
-  if (m_subject.isEmpty()) follow(matches());
+  if (!m_subject.isEmpty()) return;
+  QList<Command> now = matches();
+  // What stands there until something is found that was chosen lately is another list.
+  const bool isOther = m_query.isEmpty() && !m_shown.isEmpty() && !now.isEmpty() && m_shown[0].group != now[0].group;
+  if (!isOther) follow(std::move(now));
 }
 
 /// Row by row: somebody may have one of them in mind, and press Enter the next moment.
 void CommandPalette::follow(QList<Command> now) {
-  const auto isSame = [](const Command& one, const Command& other) {
-    return one.id == other.id && one.title == other.title && one.group == other.group;
+  const auto nameOf = [](const Command& command) {
+    return QString(command.id + u'\n' + command.group + u'\n' + command.title);
   };
+  QSet<QString> found, shown;
+  for (const Command& command : now) found.insert(nameOf(command));
   for (int row = int(m_shown.size()) - 1; row >= 0; --row) {
-    if (std::ranges::any_of(now, [&](const Command& command) { return isSame(command, m_shown[row]); })) continue;
+    if (const QString name = nameOf(m_shown[row]); found.contains(name)) {
+      shown.insert(name);
+      continue;
+    }
     beginRemoveRows({}, row, row);
     m_shown.removeAt(row);
     endRemoveRows();
   }
   for (int row = 0; row < now.size(); ++row) {
-    if (row < m_shown.size() && isSame(m_shown[row], now[row])) {
+    if (row < m_shown.size() && nameOf(m_shown[row]) == nameOf(now[row])) {
       m_shown[row] = now[row];
       continue;
     }
     // In another order.
-    if (std::any_of(m_shown.cbegin() + row, m_shown.cend(), [&](const auto& one) { return isSame(one, now[row]); }))
-      return show();
-    beginInsertRows({}, row, row);
-    m_shown.insert(row, now[row]);
+    if (shown.contains(nameOf(now[row]))) return show();
+    int end = row + 1;
+    while (end < now.size() && !shown.contains(nameOf(now[end]))) ++end;
+    beginInsertRows({}, row, end - 1);
+    m_shown = m_shown.mid(0, row) + now.mid(row, end - row) + m_shown.mid(row);
     endInsertRows();
+    row = end - 1;
   }
 }
 

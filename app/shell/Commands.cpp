@@ -112,10 +112,11 @@ void Commands::addGeneral(QList<Command>& commands) const {
                        app.appearance()->setTheme(theme);
                      }});
   }
-  commands.append(
-      {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
-         app.router()->setCollapsed(!app.router()->collapsed());
-       }});
+  if (app.router()->foldable())
+    commands.append(
+        {u"sidebar"_s, actions, u"Fold or unfold the sidebar"_s, {}, u"sidebar-collapse-left"_s, u"Ctrl+B"_s, [&app] {
+           app.router()->setCollapsed(!app.router()->collapsed());
+         }});
   for (const auto& [by, title, keys] : {std::tuple{1, u"Show everything larger"_s, u"Ctrl++"_s},
                                         std::tuple{-1, u"Show everything smaller"_s, u"Ctrl+-"_s},
                                         std::tuple{0, u"Show everything at its own size"_s, u"Ctrl+0"_s}}) {

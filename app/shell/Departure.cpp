@@ -37,7 +37,7 @@ QStringList Departure::lines() const {
 }
 
 void Departure::go(Words words, std::function<void()> then) {
-  m_closing = false;
+  cancel();
   m_going.start(goTask(std::move(words), std::move(then)));
 }
 
@@ -70,8 +70,10 @@ Task<void> Departure::closeTask() {
 }
 
 void Departure::cancel() {
-  m_going.cancel();
   m_closing = false;
+  if (m_going.isIdle()) return;
+  m_going.cancel();
+  Q_EMIT stayed();
 }
 
 Task<bool> Departure::mayGo(Words words) {
@@ -102,7 +104,9 @@ Task<bool> Departure::ask() {
 }
 
 Task<void> Departure::save() {
-  if (!m_work.unsaved().isEmpty() && !co_await m_work.flush()) co_return choose(Choice::notSaved);
+  const bool isSaved = m_work.unsaved().isEmpty() || co_await m_work.flush();
+  // What a button saves may be on its way, since somebody has pressed it.
+  if (!isSaved && !m_work.sending()) co_return choose(Choice::notSaved);
   Q_EMIT changed();
   m_quiet = {};
   if (!isQuiet()) co_await m_quiet.wait();

@@ -68,6 +68,7 @@ void Notifier::enter(Context context) {
   if (m_context == context) return;
   m_beat.cancel();
   m_context = std::move(context);
+  m_context->setWatched(m_watched);
   m_watcher = std::make_unique<QObject>();
   connect(m_context.get(), &WorkspaceContext::unreadChanged, m_watcher.get(), [this] {
     m_overtaken = true;
@@ -96,7 +97,8 @@ void Notifier::leave() {
 }
 
 void Notifier::setActive(bool active) {
-  m_active = active;
+  m_active = m_watched = active;
+  if (m_context) m_context->setWatched(active);
   if (active) look();
 }
 

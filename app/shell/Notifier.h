@@ -112,6 +112,8 @@ class Notifier final : public QObject {
   std::unique_ptr<QObject> m_watcher;
   bool m_begun = false;
   bool m_active = false;
+  /// What the workspace is told of that: a window that never said so is looked at.
+  bool m_watched = true;
   bool m_looking = false;
   /// Somebody changed the unread mail here while the service was being asked.
   bool m_overtaken = false;

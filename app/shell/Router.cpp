@@ -129,6 +129,10 @@ void Router::setCollapsed(bool collapsed) {
   Q_EMIT changed();
 }
 
+void Router::setFoldable(bool foldable) {
+  if (std::exchange(m_foldable, foldable) != foldable) Q_EMIT foldableChanged();
+}
+
 void Router::startGo() {
   m_goPending = true;
   m_goTimer.start(endGo());

@@ -57,6 +57,7 @@ class Router final : public QObject, public Navigator {
   Q_PROPERTY(bool paletteOpen READ paletteOpen WRITE setPaletteOpen NOTIFY changed)
   Q_PROPERTY(bool shortcutsOpen READ shortcutsOpen WRITE setShortcutsOpen NOTIFY changed)
   Q_PROPERTY(bool collapsed READ collapsed WRITE setCollapsed NOTIFY changed)
+  Q_PROPERTY(bool foldable READ foldable WRITE setFoldable NOTIFY foldableChanged)
   Q_PROPERTY(bool goPending READ goPending NOTIFY changed)
   Q_PROPERTY(bool canGoBack READ canGoBack NOTIFY changed)
   Q_PROPERTY(bool canGoForward READ canGoForward NOTIFY changed)
@@ -89,6 +90,8 @@ class Router final : public QObject, public Navigator {
   /// The sheet of keyboard shortcuts is shown.
   bool shortcutsOpen() const { return m_shortcutsOpen; }
   bool collapsed() const { return m_collapsed; }
+  /// False where the window has room for the rail only: nobody would see what they choose.
+  bool foldable() const { return m_foldable; }
   bool goPending() const { return m_goPending; }
 
   void open(Page page) override;
@@ -127,6 +130,7 @@ class Router final : public QObject, public Navigator {
   void setPaletteOpen(bool open);
   void setShortcutsOpen(bool open);
   void setCollapsed(bool collapsed);
+  void setFoldable(bool foldable);
 
   /// First key of the "go to" chord; the second is waited for briefly.
   Q_INVOKABLE void startGo();
@@ -141,6 +145,7 @@ class Router final : public QObject, public Navigator {
 
  Q_SIGNALS:
   void changed();
+  void foldableChanged();
   /// Somebody asked for the page itself, be it the open one: it shows what it begins with.
   void pageAsked(orv::Pages::Page page);
   /// Back or forward: the page shows what it showed then.
@@ -189,6 +194,7 @@ class Router final : public QObject, public Navigator {
   bool m_paletteOpen = false;
   bool m_shortcutsOpen = false;
   bool m_collapsed = false;
+  bool m_foldable = true;
   bool m_goPending = false;
   TaskSlot m_goTimer;
   /// Oldest first; the one at m_at is shown.

@@ -30,7 +30,7 @@ std::shared_ptr<WorkspaceContext> WarmWorkspaces::contextOf(const WorkspaceSumma
   const auto made =
       std::make_shared<WorkspaceContext>(workspace, token, m_api, m_services, [this, token] { onSessionEnded(token); });
   known = made;
-  QObject::connect(made.get(), &WorkspaceContext::sent, made.get(), [this](bool anyFailed) { onSent(anyFailed); });
+  QObject::connect(made.get(), &WorkspaceContext::sent, &m_hearing, [this](bool anyFailed) { onSent(anyFailed); });
   return made;
 }
 

@@ -47,6 +47,8 @@ class WarmWorkspaces final {
   Services& m_services;
   StoreCache<WorkspaceSession> m_sessions;
   QHash<QString, std::weak_ptr<WorkspaceContext>> m_contexts;
+  /// A context that has something to tell may outlive this.
+  QObject m_hearing;
 };
 
 }  // namespace orv

@@ -42,6 +42,15 @@ void decide(Stage& stage, DraftsStore& drafts, bool approves) {
   stage.settle();
 }
 
+/// An earlier run left an edit, and its draft has been decided since.
+void openLeft(Stage& stage) {
+  const Journal::Key key{stage.app().session()->slug(), u"inbox/t-gone/drafts/d-gone"_s};
+  stage.app().journal().keep(key, [] {
+    return JournalText{{}, R"({"typed":{"body":"Hi Ana, the bay on Tuesday is still free. Shall I hold it?"}})"};
+  });
+  openDrafts(stage).act(u"refresh"_s);
+}
+
 QList<Scene> draftScenes() {
   return {
       page(u"drafts"_s, [](Stage& s) { openDrafts(s); }),
@@ -78,6 +87,7 @@ QList<Scene> draftScenes() {
          decide(s, drafts, true);
          decide(s, drafts, false);
        }},
+      {u"drafts-left"_s, openLeft},
       {u"drafts-why"_s,
        [](Stage& s) {
          DraftsStore& drafts = openDrafts(s);

@@ -56,15 +56,17 @@ void stepAs(QObject& object, const QObject& other) {
     QMetaObject::invokeMethod(&object, "goForward");
 }
 
-/// The quotations that are unfolded.
+/// The quotations that are unfolded, and the domains that are folded.
 void foldAs(QObject& object, const QObject& other) {
   if (!has(object, "fold(QString)")) return;
-  const auto openIn = [](const QObject& conversation) {
+  const auto openIn = [](const QObject& page) {
     QSet<QString> open;
-    const auto* rows = valueOf(conversation, "messages").value<QAbstractItemModel*>();
-    for (int row = 0; rows && row < rows->rowCount(); ++row) {
-      const auto cell = [&](const char* role) { return rows->index(row, 0).data(rows->roleNames().key(role)); };
-      if (cell("open").toBool()) open.insert(cell("foldId").toString());
+    for (const auto& [model, flag, id] : {std::tuple{"messages", "open", "foldId"}, {"runRows", "folded", "domain"}}) {
+      const auto* rows = valueOf(page, model).value<QAbstractItemModel*>();
+      for (int row = 0; rows && row < rows->rowCount(); ++row) {
+        const auto cell = [&](const char* role) { return rows->index(row, 0).data(rows->roleNames().key(role)); };
+        if (cell(flag).toBool()) open.insert(cell(id).toString());
+      }
     }
     return open;
   };
@@ -106,8 +108,12 @@ QStringList Comparison::run(bool refreshing, std::optional<Page> only) {
     const bool isKept =
         std::ranges::find(kept, slug, [](const auto& entry) { return entry.key.workspace; }) != kept.end();
     if (!isKept && !m_shown.app().sessionOrder().contains(slug)) continue;
-    m_shown.app().openWorkspace(slug);
-    m_held.app().openWorkspace(slug);
+    for (SoakClient* client : {&m_shown, &m_held}) {
+      client->app().openWorkspace(slug);
+      // Both see the same mail, and both read it.
+      client->app().notifier()->setActive(true);
+    }
+    m_rest();
     throwAway(slug);
     comparePages(slug);
   }

@@ -51,15 +51,18 @@ Column {
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             model: root.flow.inboxes
+            // Of the rows' own ticks Tab would find only those that are made, and none that is off.
+            activeFocusOnTab: count > 0
+            highlightMoveDuration: 0
             Accessible.role: Accessible.List
             Accessible.name: "Inboxes"
 
             T.ScrollBar.vertical: OrvScrollBar {}
-            RowFocus { target: list }
 
             delegate: Item {
                 id: row
 
+                required property int index
                 required property string address
                 required property bool existing
                 required property bool picked
@@ -69,9 +72,27 @@ Column {
 
                 width: list.width
                 height: 36
+                Accessible.role: root.done ? Accessible.ListItem : Accessible.CheckBox
+                Accessible.name: (root.done ? outcome.text : address) + (statusText === "" ? "" : ", " + statusText)
+                Accessible.focusable: true
+                Accessible.checkable: tick.visible
+                Accessible.checked: tick.visible && picked
+                Accessible.onPressAction: press()
+                Accessible.onToggleAction: press()
+                Keys.onSpacePressed: event => {
+                    if (!event.isAutoRepeat)
+                        press();
+                }
+
+                function press() {
+                    if (tick.visible)
+                        tick.flip();
+                }
 
                 OrvCheckbox {
                     id: tick
+                    activeFocusOnTab: false
+                    Accessible.ignored: true
                     visible: !root.done
                     x: 12
                     width: row.width - x - badge.width - 24
@@ -80,6 +101,7 @@ Column {
                     text: row.address
                     checked: row.picked
                     onToggled: root.flow.toggle(row.address)
+                    onClicked: list.currentIndex = row.index
                 }
 
                 Text {
@@ -94,8 +116,7 @@ Column {
                     text: row.status === "connected" || row.message === "" ? row.address : row.address + " · " + row.message
                     font: Theme.body
                     color: Theme.text
-                    Accessible.role: Accessible.ListItem
-                    Accessible.name: text + ", " + row.statusText
+                    Accessible.ignored: true
 
                     OrvTooltip {
                         text: outcome.truncated ? outcome.text : ""
@@ -111,6 +132,11 @@ Column {
                         : row.status === "failed" || row.status === "invalid" ? "negative"
                         : row.status === "admin_step_missing" ? "warning" : "neutral"
                     shape: tone === "negative" ? "square" : tone === "warning" ? "diamond" : "dot"
+                }
+
+                FocusRing {
+                    visible: row.activeFocus && InputMode.keyboard
+                    inset: true
                 }
             }
         }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 import Orvella.Analytics
@@ -41,14 +40,11 @@ FocusScope {
         errorTitle: "Couldn’t load the dashboard"
         onRetryRequested: root.store.refresh()
 
-        Flickable {
+        ScrollPane {
             id: scroll
             anchors.fill: parent
             contentHeight: column.height + 24
-            boundsBehavior: Flickable.StopAtBounds
             interactive: contentHeight > height
-
-            T.ScrollBar.vertical: OrvScrollBar {}
 
             Column {
                 id: column

@@ -69,6 +69,7 @@ Column {
             }
 
             Text {
+                id: detail
                 x: label.width + 16
                 width: parent.width - x
                 height: line.height
@@ -80,6 +81,10 @@ Column {
                 font: Theme.body
                 color: Theme.text
                 Accessible.ignored: true
+
+                OrvTooltip {
+                    text: detail.truncated ? detail.text : ""
+                }
             }
         }
     }

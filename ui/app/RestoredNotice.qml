@@ -16,6 +16,7 @@ Item {
     OrvNotice {
         id: notice
         width: root.width - discard.width - 8
+        shownBy: root
         text: root.said
     }
 

@@ -77,6 +77,7 @@ Item {
             visible: root.store.tab === "sequence" || failed
             height: Theme.controlHeight
             rightPadding: 8
+            explained: root.store.tab === "sequence"
             autosave: root.store.sequence.autosave
         }
 

@@ -40,17 +40,13 @@ Column {
         clip: true
         activeFocusOnTab: interactive
         interactive: contentHeight > height
-        Keys.onPressed: event => {
-            const page = event.key === Qt.Key_PageDown ? 1 : event.key === Qt.Key_PageUp ? -1 : 0;
-            event.accepted = page !== 0;
-            if (page !== 0)
-                contentY = Math.max(0, Math.min(contentHeight - height, contentY + page * height));
-        }
+        Keys.onPressed: event => keys.take(event)
 
         Accessible.role: Accessible.List
         Accessible.name: "The file’s columns"
 
         T.ScrollBar.vertical: OrvScrollBar {}
+        ScrollKeys { id: keys; target: preview }
 
         delegate: PreviewColumn {}
     }

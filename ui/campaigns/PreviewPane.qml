@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.App
 import Orvella.Campaigns
@@ -24,6 +23,7 @@ FocusScope {
 
     Keys.onLeftPressed: editor.selectPlace(editor.place - 1)
     Keys.onRightPressed: editor.selectPlace(editor.place + 1)
+    Keys.onPressed: event => scroll.keys.take(event)
 
     Rectangle {
         anchors.fill: parent
@@ -86,17 +86,13 @@ FocusScope {
         onChosen: key => root.preview.lead = key
     }
 
-    Flickable {
+    ScrollPane {
         id: scroll
         y: 94
         width: parent.width
         height: foot.y - y
         contentHeight: column.height + 16
-        boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
 
         Column {
             id: column

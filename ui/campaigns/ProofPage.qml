@@ -37,6 +37,15 @@ FocusScope {
         grid.contentY = Math.max(cell.y + cell.height - grid.height, Math.min(grid.contentY, cell.y));
     }
 
+    /// As far up or down its column as the window shows at once.
+    function goPage(by: int) {
+        const from = place();
+        let to = from + by * columns * Math.max(1, Math.floor(grid.height / cellHeight));
+        while (to < 0) to += columns;
+        while (to >= cells.count) to -= columns;
+        go(to);
+    }
+
     Component.onCompleted: {
         wall.watched = true;
         forceActiveFocus(Qt.OtherFocusReason);
@@ -65,10 +74,14 @@ FocusScope {
         Keys.onUpPressed: root.go(root.place() - root.columns)
         Keys.onDownPressed: root.go(root.place() + root.columns)
         Keys.onPressed: event => {
-            if (event.key !== Qt.Key_Home && event.key !== Qt.Key_End)
-                return;
-            root.go(event.key === Qt.Key_Home ? 0 : cells.count - 1);
             event.accepted = true;
+            switch (event.key) {
+            case Qt.Key_Home: root.go(0); break;
+            case Qt.Key_End: root.go(cells.count - 1); break;
+            case Qt.Key_PageUp: root.goPage(-1); break;
+            case Qt.Key_PageDown: root.goPage(1); break;
+            default: event.accepted = false;
+            }
         }
 
         Repeater {

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Campaigns
 
@@ -78,24 +77,22 @@ FocusScope {
         width: root.width - 1
     }
 
-    Flickable {
+    ScrollPane {
         id: scroll
         x: 1
         y: line.y + 1
         width: root.width - 1
         height: foot.y - y
         contentHeight: list.height
-        boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
-        clip: true
-
-        T.ScrollBar.vertical: OrvScrollBar {}
+        isStop: true
 
         Column {
             id: list
             width: scroll.width
 
             Item {
+                id: failure
                 visible: root.wall.message !== ""
                 width: parent.width
                 height: notice.height + 54
@@ -106,6 +103,7 @@ FocusScope {
                     y: 14
                     width: parent.width - 32
                     tone: "negative"
+                    shownBy: failure
                     text: root.wall.message
                 }
 

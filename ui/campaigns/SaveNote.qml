@@ -7,18 +7,25 @@ Row {
     id: root
 
     required property SequenceAutosave autosave
+    /// What comes of it stands on the page as well, and is told from there.
+    property bool explained: false
     readonly property string word: autosave.saveState
     readonly property bool failed: word === "failed"
 
     spacing: 6
 
     onWordChanged: {
-        if (word === "saved" || failed)
-            Announcer.say(Accessible.name, "saved");
+        // Not by the bindings, which may still hold what was before.
+        if (word === "saved" || word === "failed")
+            Announcer.say(explained ? autosave.label : whole(), "saved");
     }
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: autosave.label + (autosave.message !== "" ? ". " + autosave.message : "")
+    Accessible.name: whole()
+
+    function whole(): string {
+        return autosave.label + (autosave.message !== "" ? ". " + autosave.message : "");
+    }
 
     Item {
         width: 16

@@ -64,7 +64,7 @@ OnDemand {
                         checked: modelData.ticked
                         onToggled: root.page.toggleLabel(modelData.key)
                         // In a dialog Enter says the verb.
-                        Keys.onReturnPressed: dialog.confirm()
+                        Keys.onReturnPressed: event => dialog.confirmBy(event)
                     }
                 }
             }

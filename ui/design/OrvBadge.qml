@@ -10,11 +10,14 @@ Rectangle {
     /// "dot", "ring", "square" or "diamond".
     property string shape: "dot"
 
+    /// Of the words, where there is room for them.
+    property real longest: 180
+
     readonly property color ink: tone === "positive" ? Theme.positive : tone === "warning" ? Theme.warning
                                : tone === "negative" ? Theme.negative : tone === "accent" ? Theme.accentText
                                : Theme.neutral
 
-    implicitWidth: label.x + Math.min(180, Math.ceil(label.implicitWidth)) + 8
+    implicitWidth: label.x + Math.min(longest, Math.ceil(label.implicitWidth)) + 8
     implicitHeight: 20
     radius: height / 2
     color: tone === "positive" ? Theme.positiveSubtle : tone === "warning" ? Theme.warningSubtle

@@ -51,11 +51,16 @@ T.CheckBox {
         }
     }
     contentItem: Text {
+        id: words
         textFormat: Text.PlainText
         text: root.text
         font: Theme.body
         color: Theme.text
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+    }
+
+    OrvTooltip {
+        text: words.truncated ? root.text : ""
     }
 }

@@ -14,6 +14,10 @@ Text {
     Accessible.name: text
     Accessible.focusable: true
 
+    OrvTooltip {
+        text: root.truncated ? root.text : ""
+    }
+
     // Around the words: the item is as wide as the header leaves it, and in some as high.
     Item {
         y: root.verticalAlignment === Text.AlignVCenter ? (root.height - height) / 2 : root.topPadding

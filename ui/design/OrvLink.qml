@@ -22,6 +22,8 @@ T.AbstractButton {
     Accessible.onPressAction: if (root.enabled) root.clicked()
     Keys.onReturnPressed: event => root.pressBy(event)
     Keys.onEnterPressed: event => root.pressBy(event)
+    Keys.onSpacePressed: event => event.accepted = event.isAutoRepeat
+    Keys.onReleased: event => event.accepted = event.key === Qt.Key_Space && event.isAutoRepeat
 
     function pressBy(event) {
         if (!event.isAutoRepeat) clicked();

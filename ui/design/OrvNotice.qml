@@ -8,6 +8,8 @@ Rectangle {
     property string text: ""
     /// "warning" or "negative".
     property string tone: "warning"
+    /// What is shown and hidden for its sake: itself, or what else belongs to it as well.
+    property Item shownBy: root
     readonly property bool negative: tone === "negative"
 
     height: label.implicitHeight + 20
@@ -18,7 +20,7 @@ Rectangle {
     Accessible.name: text
 
     SpokenError {
-        shownBy: root
+        shownBy: root.shownBy
         text: root.text
         onAppeared: root.reveal()
     }

@@ -4,6 +4,8 @@ import QtQuick
 QtObject {
     required property Flickable target
 
+    signal scrolled()
+
     function scrollTo(y: real) {
         const last = Math.max(0, target.contentHeight + target.bottomMargin - target.height);
         target.contentY = target.originY + Math.max(0, Math.min(y - target.originY, last));
@@ -21,5 +23,7 @@ QtObject {
         case Qt.Key_End: scrollTo(target.originY + target.contentHeight); break;
         default: event.accepted = false;
         }
+        if (event.accepted)
+            scrolled();
     }
 }

@@ -11,7 +11,10 @@ Flickable {
     /// Kept in view while its message is laid out, which takes a frame, until the person moves on.
     property Item followed: null
     /// For keys that come from beside it.
-    readonly property ScrollKeys keys: ScrollKeys { target: root }
+    readonly property ScrollKeys keys: ScrollKeys {
+        target: root
+        onScrolled: root.followed = null
+    }
 
     readonly property Item focused: Window.activeFocusItem
     property Item lastFocused: null
@@ -20,7 +23,9 @@ Flickable {
     clip: true
     activeFocusOnTab: isStop && contentHeight > height
 
-    T.ScrollBar.vertical: OrvScrollBar {}
+    T.ScrollBar.vertical: OrvScrollBar {
+        onPressedChanged: if (pressed) root.followed = null
+    }
 
     Keys.onPressed: event => keys.take(event)
 
@@ -35,7 +40,11 @@ Flickable {
             place();
     }
     onMovementStarted: followed = null
-    onContentHeightChanged: place()
+    // Nor what that unfolds: a button that goes away with it hands the keyboard on to the end.
+    onContentHeightChanged: {
+        if (InputMode.keyboard || followed !== focused || !(focused instanceof T.AbstractButton))
+            place();
+    }
     onHeightChanged: place()
 
     function holds(item: Item): bool {
@@ -58,7 +67,7 @@ Flickable {
     }
 
     function place() {
-        if (!followed || height <= 0)
+        if (!followed?.visible || height <= 0)
             return;
         const top = followed.mapToItem(contentItem, 0, 0).y;
         const most = Math.max(0, contentHeight - height);
@@ -67,6 +76,16 @@ Flickable {
             contentY = Math.max(0, Math.min(most, top - 40));
         else if (top + followed.height + 60 > contentY + height)
             contentY = Math.min(most, top + followed.height + 60 - height);
+    }
+
+    // A notice is for once: whoever writes on is not led back to it.
+    Connections {
+        target: root.followed instanceof OrvNotice && root.holds(root.focused) ? root.focused : null
+        ignoreUnknownSignals: true
+
+        function onTextChanged() {
+            root.followed = root.focused;
+        }
     }
 
     FocusRing {

@@ -1,8 +1,8 @@
 import QtQuick
 import Orvella.Design
 
-/// Tells somebody who listens what has gone wrong as its words appear, for nothing leads a screen reader there. Not
-/// what a page is made or shown with.
+/// Tells somebody who listens what has gone wrong as its words appear or change, for nothing leads a screen reader
+/// there. Not what a page is made or shown with.
 QtObject {
     id: root
 
@@ -16,12 +16,18 @@ QtObject {
 
     signal appeared()
 
+    onTextChanged: tellLater()
+
+    function tellLater() {
+        if (made && wasAround && shownBy.visible)
+            later.restart();
+    }
+
     readonly property Connections follower: Connections {
         target: root.shownBy
 
         function onVisibleChanged() {
-            if (root.made && root.wasAround && root.shownBy.visible)
-                root.later.restart();
+            root.tellLater();
         }
     }
 

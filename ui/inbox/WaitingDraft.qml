@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Inbox
 
@@ -48,14 +47,16 @@ Rectangle {
 
     Column {
         id: failures
-        visible: !root.folded && root.conversation.draftFailures !== ""
+        visible: !root.folded
         x: 12
         y: head.height + 8
         width: parent.width - 2 * x
-        height: visible ? implicitHeight + 8 : 0
+        height: notice.visible ? implicitHeight + 8 : 0
 
         OrvNotice {
+            id: notice
             width: parent.width
+            visible: text !== ""
             text: root.conversation.draftFailures
         }
     }
@@ -67,19 +68,16 @@ Rectangle {
 
         visible: !root.folded
         x: 15
-        y: head.height + failures.height + (failures.visible ? 8 : 0)
+        y: head.height + failures.height + (notice.visible ? 8 : 0)
         width: parent.width - 2 * x
         height: foot.y - y
 
-        Flickable {
+        ScrollPane {
             id: scroll
             anchors.fill: parent
             visible: !root.editing
             contentHeight: words.implicitHeight + 24
-            boundsBehavior: Flickable.StopAtBounds
-            clip: true
-
-            T.ScrollBar.vertical: OrvScrollBar {}
+            isStop: true
 
             TextLines {
                 document: words.textDocument

@@ -79,6 +79,7 @@ Column {
         Accessible.name: "The file’s columns"
 
         T.ScrollBar.vertical: OrvScrollBar {}
+        RowFocus { target: list }
 
         delegate: ImportColumnRow {
             x: root.bleed

@@ -90,6 +90,7 @@ FocusScope {
             Accessible.name: "Import history"
 
             T.ScrollBar.vertical: OrvScrollBar {}
+            RowFocus { target: list }
 
             delegate: ImportHistoryRow {
                 width: ListView.view.width

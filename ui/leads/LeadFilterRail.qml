@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Orvella.Design
 import Orvella.Leads
 
@@ -152,16 +151,12 @@ FocusScope {
                 width: parent.width
             }
 
-            Flickable {
+            ScrollPane {
                 id: body
                 y: 45
                 width: parent.width
                 height: parent.height - y
                 contentHeight: groups.height
-                boundsBehavior: Flickable.StopAtBounds
-                clip: true
-
-                T.ScrollBar.vertical: OrvScrollBar {}
 
                 FilterGroups {
                     id: groups

@@ -46,12 +46,14 @@ OnDemand {
             onRetryRequested: dialog.archive ? root.saved.showArchive() : root.saved.refresh()
 
             ListView {
+                id: list
                 anchors.fill: parent
                 clip: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: ChoiceList { options: dialog.rows }
 
                 T.ScrollBar.vertical: OrvScrollBar {}
+                RowFocus { target: list }
 
                 delegate: SavedSearchRow {
                     required property choice modelData

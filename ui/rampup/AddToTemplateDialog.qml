@@ -57,8 +57,10 @@ OnDemand {
             model: root.adding.rows
 
             T.ScrollBar.vertical: OrvScrollBar {}
+            RowFocus { target: list }
 
             delegate: OrvCheckbox {
+                required property int index
                 required property string id
                 required property string address
                 required property string detail
@@ -69,6 +71,8 @@ OnDemand {
                 text: address + " · " + detail
                 checked: ticked
                 onToggled: root.adding.toggle(id)
+                // The arrows go on from where Tab led.
+                onActiveFocusChanged: if (activeFocus && InputMode.keyboard) list.currentIndex = index
             }
         }
     }

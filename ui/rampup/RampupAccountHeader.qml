@@ -49,6 +49,10 @@ Item {
         Accessible.name: root.loaded ? text + ", " + badge.text : text
         Accessible.focusable: true
 
+        OrvTooltip {
+            text: title.whole ? "" : title.text
+        }
+
         FocusRing {
             visible: title.activeFocus && InputMode.keyboard
         }

@@ -25,6 +25,7 @@ SettingsPane {
             isStop: true
 
             Flow {
+                id: labels
                 width: parent.width
                 spacing: 8
 
@@ -36,6 +37,7 @@ SettingsPane {
 
                         text: modelData.name
                         tone: modelData.tone
+                        longest: labels.width - 26
                         Accessible.role: Accessible.StaticText
                         Accessible.name: text
                     }

@@ -17,16 +17,14 @@ FocusScope {
         form.save();
     }
 
-    /// To what is wrong, or else to what says why.
     function showProblem() {
+        // Told once with what the notice says, which says nothing where the tab has only now been made.
         if (form.problem !== "")
-            Announcer.say(form.problem, "problem");
+            Announcer.say(form.problem, "error");
         if (errors.domains !== undefined)
             domains.focusField();
-        else if (fields.firstWrong(fields))
-            fields.showWrong(null);
         else
-            fields.reveal(problem);
+            fields.showWrong(null);
     }
 
     Connections {
@@ -67,7 +65,6 @@ FocusScope {
         }
 
         OrvNotice {
-            id: problem
             width: parent.width
             visible: text !== ""
             tone: "negative"

@@ -45,6 +45,17 @@ OnDemand {
             activeFocusOnTab: true
             highlightMoveDuration: 0
             model: root.job ? root.job.lines : []
+            Keys.onPressed: event => {
+                const page = Math.max(1, Math.floor(count * height / contentHeight));
+                event.accepted = true;
+                switch (event.key) {
+                case Qt.Key_Home: currentIndex = 0; break;
+                case Qt.Key_End: currentIndex = count - 1; break;
+                case Qt.Key_PageUp: currentIndex = Math.max(0, currentIndex - page); break;
+                case Qt.Key_PageDown: currentIndex = Math.min(count - 1, currentIndex + page); break;
+                default: event.accepted = false;
+                }
+            }
             Accessible.role: Accessible.List
             Accessible.name: root.job ? root.job.title : ""
 

@@ -10,8 +10,6 @@ Item {
     required property Router router
     required property OpenPage page
     required property Commands commands
-    /// False where the window has room for the rail only: nobody would see what was chosen.
-    property bool foldable: true
 
     Shortcut {
         sequence: "Ctrl+K"
@@ -20,12 +18,14 @@ Item {
 
     Shortcut {
         sequence: "Ctrl+B"
-        enabled: root.foldable
+        enabled: root.router.foldable
         onActivated: root.router.collapsed = !root.router.collapsed
     }
 
     Shortcut {
         sequences: ["?", "Ctrl+/", "Ctrl+Shift+/"]
+        // One that is held would open and close it over and over.
+        autoRepeat: false
         onActivated: root.router.shortcutsOpen = !root.router.shortcutsOpen
     }
 

@@ -15,6 +15,12 @@ FocusScope {
 
     focus: true
 
+    Binding {
+        target: root.router
+        property: "foldable"
+        value: !root.railForced
+    }
+
     function focusSidebar() {
         sidebar.forceActiveFocus(Qt.TabFocusReason);
     }
@@ -31,7 +37,6 @@ FocusScope {
         id: sidebar
         app: root.app
         rail: root.railForced || root.router.collapsed
-        foldable: !root.railForced
         height: root.height
     }
 
@@ -74,6 +79,5 @@ FocusScope {
         router: root.router
         page: root.app.openPage
         commands: root.commands
-        foldable: !root.railForced
     }
 }

@@ -25,6 +25,7 @@ OnDemand {
         // Over the page it keeps the page's own keys away.
         Shortcut {
             sequences: ["?", "Ctrl+/", "Ctrl+Shift+/"]
+            autoRepeat: false
             enabled: sheet.modal
             onActivated: sheet.close()
         }

@@ -9,8 +9,6 @@ FocusScope {
 
     required property AppModel app
     property bool rail: false
-    /// False where the window is too narrow to unfold it.
-    property bool foldable: true
 
     readonly property Router router: app.router
     readonly property list<pageEntry> pages: router.pages
@@ -169,6 +167,6 @@ FocusScope {
         width: root.width - 1
         app: root.app
         rail: root.rail
-        foldable: root.foldable
+        foldable: root.router.foldable
     }
 }

@@ -228,8 +228,13 @@ Rectangle {
                     model.code = text;
                     if (whole) model.submitCode();
                 }
-                Keys.onReturnPressed: root.model.submitCode()
-                Keys.onEnterPressed: root.model.submitCode()
+                Keys.onReturnPressed: event => submitBy(event)
+                Keys.onEnterPressed: event => submitBy(event)
+
+                function submitBy(event) {
+                    if (!event.isAutoRepeat)
+                        root.model.submitCode();
+                }
             }
         }
     }

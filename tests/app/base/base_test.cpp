@@ -481,6 +481,22 @@ class BaseTest : public QObject {
     QCOMPARE(thing.value()->name, u"new"_s);
   }
 
+  void whoeverSentIsToldOfLastOfAll() {
+    AppFixture own;
+    auto context = std::move(own.context);
+    QList<bool> told;
+    connect(context.get(), &WorkspaceContext::sent, this, [&told](bool anyFailed) { told.append(anyFailed); });
+    {
+      WorkspaceContext::Sending one(*context), other(*context);
+      one.failed();
+    }
+    QVERIFY2(context->isSending() && told.isEmpty(), "who waits for it does not go before it has been told");
+    // The one that sent was the last to hold it.
+    context.reset();
+    settle();
+    QCOMPARE(told, QList<bool>{true});
+  }
+
   void cachesEvictByTheirOwnOrder() {
     QStringList closed;
     const auto open = [&](StoreCache<Kept>& cache, const QString& keys) {

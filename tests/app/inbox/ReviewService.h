@@ -25,8 +25,10 @@ class ReviewService final : public APITransport {
 
   explicit ReviewService(ManualClock& clock) : m_clock(clock) {}
 
-  void add(const QString& id, const QString& status = QStringLiteral("pending")) {
+  /// One of its own conversation, or of that of the draft `beside`.
+  void add(const QString& id, const QString& status = QStringLiteral("pending"), const QString& beside = {}) {
     m_order.append(id);
+    m_conversation[id] = beside.isEmpty() ? id : beside;
     m_status[id] = status;
   }
   void set(const QString& id, const QString& status) { m_status[id] = status; }
@@ -128,7 +130,15 @@ class ReviewService final : public APITransport {
     return status == QLatin1String("pending") || status == QLatin1String("held");
   }
   static QByteArray text(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact); }
-  QJsonObject thread(const QString& id) const {
+  /// The drafts of a conversation, which has its name from the first of them.
+  QStringList in(const QString& conversation) const {
+    QStringList ids = m_order;
+    ids.removeIf([&](const QString& id) { return m_conversation.at(id) != conversation; });
+    return ids;
+  }
+  QJsonObject thread(const QString& draftId) const {
+    const QString id = m_conversation.at(draftId);
+    const QStringList drafts = in(id);
     return {{QStringLiteral("id"), QStringLiteral("t-") + id},
             {QStringLiteral("mailboxId"), QStringLiteral("m1")},
             {QStringLiteral("mailboxAddress"), QStringLiteral("ellen@a.example")},
@@ -138,7 +148,8 @@ class ReviewService final : public APITransport {
             {QStringLiteral("status"), QStringLiteral("open")},
             {QStringLiteral("unread"), false},
             {QStringLiteral("messageCount"), 1 + (m_said.contains(id) ? m_said.at(id) : 0)},
-            {QStringLiteral("pendingDrafts"), isWaiting(id) ? 1 : 0},
+            {QStringLiteral("pendingDrafts"),
+             int(std::ranges::count_if(drafts, [this](const QString& each) { return isWaiting(each); }))},
             {QStringLiteral("followupsSent"), 0},
             {QStringLiteral("humanTookOver"), false},
             {QStringLiteral("createdAt"), QStringLiteral("2026-11-19T09:00:00Z")}};
@@ -149,7 +160,7 @@ class ReviewService final : public APITransport {
   }
   QJsonObject draft(const QString& id) const {
     QJsonObject draft{{QStringLiteral("id"), id},
-                      {QStringLiteral("threadId"), QStringLiteral("t-") + id},
+                      {QStringLiteral("threadId"), QStringLiteral("t-") + m_conversation.at(id)},
                       {QStringLiteral("kind"), QStringLiteral("reply")},
                       {QStringLiteral("toAddress"), id + QStringLiteral("@b.example")},
                       {QStringLiteral("subject"), QStringLiteral("Re: Slots")},
@@ -168,11 +179,13 @@ class ReviewService final : public APITransport {
     if (parts.size() == 1) return {200, {}, R"({"items":[]})"};
     if (parts.value(1) == QLatin1String("threads")) {
       const QString id = parts.value(2).mid(2);
+      QJsonArray drafts;
+      for (const QString& each : in(id)) drafts.append(draft(each));
       return {200,
               {},
               text({{QStringLiteral("thread"), thread(id)},
                     {QStringLiteral("messages"), QJsonArray()},
-                    {QStringLiteral("drafts"), QJsonArray{draft(id)}}})};
+                    {QStringLiteral("drafts"), drafts}})};
     }
     if (parts.value(0) == QLatin1String("setter")) return {200, {}, "{}"};
     return decide(parts.value(2), parts.value(3), waiting.body);
@@ -223,6 +236,7 @@ class ReviewService final : public APITransport {
 
   ManualClock& m_clock;
   QStringList m_order;
+  std::map<QString, QString> m_conversation;
   std::map<QString, QString> m_status;
   std::map<QString, QString> m_due;
   std::map<QString, QString> m_body;

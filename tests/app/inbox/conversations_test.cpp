@@ -130,6 +130,25 @@ class ConversationsTest : public InboxFixture {
     QCOMPARE(asked(patch(3)), 1);
   }
 
+  void whatNobodyLooksAtStaysUnread() {
+    load();
+    openLast();
+    store->conversation()->detail()->appear();
+    f->context->setWatched(false);
+    f->api.expect(get(3));
+    Q_EMIT f->context->mailCame(u"2026-11-21T12:00:00Z"_s);
+    f->api.answer(get(3), detailOf(threadOf(3, {{u"messageCount"_s, 2}})));
+    QCOMPARE(asked(patch(3)), 0);
+    QVERIFY(isUnread(3));
+    QCOMPARE(f->context->unread(), std::optional<qint64>(5));
+    f->api.expect(patch(3));
+    f->context->setWatched(true);
+    QCOMPARE(asked(patch(3)), 1);
+    QVERIFY(!isUnread(3));
+    QCOMPARE(f->context->unread(), std::optional<qint64>(4));
+    store->conversation()->detail()->disappear();
+  }
+
   void markedUnreadStaysUnread() {
     load();
     openLast();

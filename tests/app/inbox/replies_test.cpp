@@ -183,19 +183,34 @@ class RepliesTest : public InboxFixture {
     f->clock.advance(10min);
     QCOMPARE(asked(get(3)), 4);
 
-    // Nobody asks without end, nor for what nobody looks at; whoever comes back sees how it is.
+    // Nobody asks without end.
     f->api.expect(get(3));
     open.refresh();
     read(u"d10"_s, false);
     for (int n = 0; n < Conversation::sendingPace.most; ++n) isRead(u"d10"_s, false);
     f->clock.advance(10min);
+
+    // Nor for what nobody looks at, be its view still there.
+    f->api.expect(get(3));
+    open.refresh();
+    read(u"d11"_s, false);
+    isRead(u"d11"_s, false);
+    f->api.expect(get(2));
+    f->api.expect(get(3));
+    store->step(-1);
+    read(u"d11"_s, false);
+    const int before = asked(get(3));
+    f->clock.advance(10min);
+    QCOMPARE(asked(get(3)), before);
+    store->open(id(3));
+    isRead(u"d11"_s, false);
+    // Whoever comes back sees how it is.
     open.detail()->disappear();
     f->api.expect(get(2));
     store->step(-1);
-    f->clock.advance(10min);
     f->api.expect(get(3));
     store->open(id(3));
-    read(u"d10"_s, true);
+    read(u"d11"_s, true);
     QCOMPARE(open.outgoing(), QStringList());
   }
 

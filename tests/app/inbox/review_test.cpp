@@ -1,4 +1,5 @@
 #include <QRandomGenerator>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "app/inbox/DraftsStore.h"
@@ -378,6 +379,9 @@ class ReviewTest : public QObject {
     f.service.set(u"d1"_s, u"approved"_s);
     f.act(u"refresh"_s);
     f.service.run();
+    // While it is shown, it stands there.
+    QCOMPARE(f.saidOf(*f.store), QStringList());
+    f.act(u"next"_s);
     QCOMPARE(f.saidOf(*f.store), QStringList{u"Your edit was not sent: Mine"_s});
     f.decide(u"skip"_s);
     f.store->reason()->ask(u"d2"_s);
@@ -406,6 +410,104 @@ class ReviewTest : public QObject {
     QCOMPARE(f.saidOf(*f.store), QStringList());
     QCOMPARE(f.writings.unsavedWork().size(), 1);
     QCOMPARE(f.journal.entries().size(), 1);
+  }
+
+  void whatMayHaveBeenSentSaysSo() {
+    for (const bool stops : {true, false}) {
+      Review f;
+      f.store->writing()->setBody(u"Mine"_s);
+      if (stops) {
+        // The machine, while it is on its way.
+        f.act(u"approve"_s);
+        f.service.set(u"d1"_s, u"approved"_s);
+      } else {
+        f.decideInDoubt(u"approve"_s);
+      }
+      Writings writings(*f.own);
+      DraftsStore later(*f.own, writings);
+      f.service.answer(u"GET /inbox/drafts"_s, Fault::none);
+      QCOMPARE(f.saidOf(later), QStringList{u"Your edit may not have been sent: Mine"_s});
+      later.close();
+      settle();
+    }
+  }
+
+  void whatWaitsAgainIsNoLeftover() {
+    Review f;
+    InboxStore inbox(*f.own, f.writings, f.store.get(), nullptr);
+    f.store->writing()->setBody(u"Mine"_s);
+    f.service.set(u"d1"_s, u"approved"_s);
+    f.act(u"refresh"_s);
+    f.service.run();
+    f.act(u"next"_s);
+    const QStringList left{u"Your edit was not sent: Mine"_s};
+    QCOMPARE(f.saidOf(*f.store), left);
+    // What a field shows is not thrown away from elsewhere.
+    Writing& writing = *f.writings.findEdit({.id = u"d1"_s, .threadId = u"t-d1"_s});
+    writing.appear();
+    f.store->leftovers()->discard(f.store->leftovers()->rows()->records()[0].id);
+    QCOMPARE(writing.body(), u"Mine"_s);
+    writing.disappear();
+    f.act(u"refresh"_s);
+    f.service.run();
+    QCOMPARE(f.saidOf(*f.store), left);
+
+    f.service.set(u"d1"_s, u"pending"_s);
+    inbox.open(u"t-d1"_s);
+    f.service.run();
+    QCOMPARE(f.saidOf(*f.store), QStringList());
+    QVERIFY(f.queue().find(u"d1"_s));
+    // A list that goes on cannot tell, however often it is asked.
+    f.service.more = true;
+    f.service.set(u"d1"_s, u"approved"_s);
+    const int before = f.service.count(u"GET /inbox/drafts"_s);
+    for (int n = 0; n < 3; ++n) {
+      inbox.conversation()->refresh();
+      f.service.run();
+    }
+    QCOMPARE(f.service.count(u"GET /inbox/drafts"_s), before + 1);
+  }
+
+  void aNewerDraftTakesNothingOutOfAnybodysHands() {
+    Review f;
+    InboxStore inbox(*f.own, f.writings, f.store.get(), nullptr);
+    inbox.open(u"t-d2"_s);
+    f.service.run();
+    Conversation& open = *inbox.conversation();
+    open.setEditing(true);
+    open.edit()->setBody(u"Mine"_s);
+    f.service.add(u"d9"_s, u"pending"_s, u"d2"_s);
+    open.refresh();
+    f.service.run();
+    QCOMPARE(open.draft()->id, u"d2"_s);
+    QCOMPARE(open.edit()->body(), u"Mine"_s);
+    QVERIFY(open.editing());
+    // Nothing is left of it to keep.
+    open.edit()->discard();
+    QCOMPARE(open.draft()->id, u"d9"_s);
+    QCOMPARE(open.edit()->body(), u"Hello d9"_s);
+    QVERIFY(!open.editing());
+
+    open.edit()->setBody(u"Mine as well"_s);
+    f.service.set(u"d9"_s, u"rejected"_s);
+    open.refresh();
+    f.service.run();
+    QCOMPARE(open.edit()->body(), u"Hello d2"_s);
+    QCOMPARE(f.toasts.count(), 1);
+    QCOMPARE(f.lastToast(), u"Somebody else decided the draft for d2@b.example"_s);
+    f.toasts.act(f.toasts.toasts().last().id);
+    QCOMPARE(f.clipboard.text, u"Mine as well"_s);
+    QCOMPARE(f.saidOf(*f.store), QStringList{u"Your edit was not sent: Mine as well"_s});
+  }
+
+  void goingOnShowsWhatWasReadAhead() {
+    Review f;
+    f.act(u"next"_s);
+    // Since the list was read.
+    f.service.say(u"d3"_s);
+    f.service.run();
+    f.act(u"next"_s);
+    QCOMPARE(f.store->conversation()->thread()->messageCount, 2);
   }
 
   void conversationsCountThemWithoutBeingSeen() {
@@ -578,10 +680,20 @@ class ReviewTest : public QObject {
     f.service.set(u"d1"_s, u"approved"_s);
     f.act(u"refresh"_s);
     f.service.run();
-    QVERIFY(!f.queue().find(u"d1"_s));
-    QVERIFY(!f.toasts.toasts().isEmpty());
+    // Whoever types in it is not put before another one, and is told once.
+    QCOMPARE(f.picked(), u"d1"_s);
+    QCOMPARE(f.store->writing()->body(), u"Mine"_s);
+    QCOMPARE(f.store->failures(), QStringList{u"This draft was decided already."_s});
+    QVERIFY(!f.store->canApprove());
+    f.act(u"refresh"_s);
+    f.service.run();
+    QCOMPARE(f.toasts.count(), 1);
     f.toasts.act(f.toasts.toasts().last().id);
     QCOMPARE(f.clipboard.text, u"Mine"_s);
+    f.decide(u"skip"_s);
+    QCOMPARE(f.picked(), u"d2"_s);
+    QVERIFY(!f.queue().find(u"d1"_s));
+    QCOMPARE(f.service.pending().size(), 2);
     // And puts back what was skipped here.
     f.decide(u"skip"_s);
     f.service.set(u"d2"_s, u"pending"_s);
@@ -589,6 +701,35 @@ class ReviewTest : public QObject {
     f.service.run();
     QVERIFY(f.queue().find(u"d2"_s));
     QCOMPARE(f.done(), QStringList());
+  }
+
+  void theLastOneIsLeftAsWell() {
+    Review f(1);
+    f.store->writing()->setBody(u"Mine"_s);
+    f.service.set(u"d1"_s, u"approved"_s);
+    f.act(u"refresh"_s);
+    f.service.run();
+    QCOMPARE(f.queue().list()->stateName(), ResourceBase::State::Ready);
+    QCOMPARE(f.queue().waiting(), 0);
+    f.act(u"skip"_s);
+    QCOMPARE(f.picked(), QString());
+    QCOMPARE(f.queue().list()->stateName(), ResourceBase::State::Empty);
+  }
+
+  void whatComesUnderTheHandsIsNotDecided() {
+    Review f;
+    QSignalSpy replaced(f.store.get(), &DraftsStore::replaced);
+    f.service.set(u"d1"_s, u"approved"_s);
+    f.queue().list()->load();
+    f.service.run();
+    QCOMPARE(f.picked(), u"d2"_s);
+    QCOMPARE(replaced.size(), 1);
+    f.store->act(u"approve"_s);
+    f.service.run();
+    QCOMPARE(f.service.status(u"d2"_s), u"pending"_s);
+    f.decide(u"approve"_s);
+    QCOMPARE(f.service.status(u"d2"_s), u"approved"_s);
+    QCOMPARE(replaced.size(), 1);
   }
 
   void aHeldDraftSaysWhy() {

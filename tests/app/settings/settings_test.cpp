@@ -169,7 +169,8 @@ class SettingsTest : public QObject {
     // Nobody sees the form, which says so to whoever comes back.
     f->api.expect(getDetail);
     f->api.answer(patchDetail, "{}", 500);
-    QCOMPARE(lastToast(), form.problem());
+    QCOMPARE(lastToast(), u"Couldn’t save the settings of “Acme”"_s);
+    QCOMPARE(f->toasts.toasts().last().detail, form.problem());
     QVERIFY(!form.problem().isEmpty() && form.dirty());
   }
 

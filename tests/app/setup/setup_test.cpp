@@ -276,6 +276,25 @@ class SetupTest : public QObject {
     QVERIFY(form.recoveryEmail()->isOpen() && !form.dirty());
   }
 
+  void aDomainThatNoEnterHasEndedIsKept() {
+    f->journal.open({u"u1"_s, u"https://a.example"_s});
+    settle();
+    auto page = f->open(someProject());
+    page->domains()->setTyped(u"c.example"_s);
+    QCOMPARE(page->unsavedWork(), QStringList{u"An inbox setup project that is not saved"_s});
+    page.reset();
+    page = std::make_unique<SetupProjectStore>(u"sp1"_s, f->store);
+    f->api.expect(f->one);
+    page->ensureLoaded();
+    f->api.answer(f->one, encodeJSON(someProject()));
+    QCOMPARE(page->domains()->typed(), u"c.example"_s);
+    QVERIFY(!page->form()->recovery()->notice().isEmpty());
+    page->form()->recovery()->discard();
+    QCOMPARE(page->domains()->typed(), QString());
+    QCOMPARE(page->unsavedWork(), QStringList());
+    QVERIFY(f->journal.entries().isEmpty());
+  }
+
   void aRunWaitsForWhatIsUnsaved() {
     SetupProject project = someProject();
     project.hasPassword = false;

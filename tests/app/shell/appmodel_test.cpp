@@ -393,7 +393,13 @@ class AppModelTest : public QObject {
 
   void aDeletionIsNobodyElsesDoing() {
     using Deletion = Program::Deletion;
-    startSignedIn({u"a"_s, u"b"_s, u"c"_s});
+    startSignedIn({u"a"_s, u"b"_s, u"c"_s, u"d"_s});
+    // Of one that was left meanwhile, whose answer was lost.
+    f->api.expect(me);
+    app->deletesWorkspace(u"d"_s, Deletion::unknown);
+    f->api.answer(me, account({u"a"_s, u"b"_s, u"c"_s}));
+    QCOMPARE(app->toasts()->toasts().last().message, u"Deleted The D"_s);
+    app->toasts()->clear();
     app->deletesWorkspace(u"a"_s, Deletion::underWay);
     f->api.expect(me);
     app->refreshAccount();

@@ -125,6 +125,10 @@ class CommandsTest : public QObject {
     QCOMPARE(router().page(), Page::campaigns);
     QVERIFY(store().newCampaign()->shown());
     QCOMPARE(command(u"New campaign"_s)->keys, u"N"_s);
+    const auto sidebar = u"Fold or unfold the sidebar"_s;
+    QVERIFY(run(sidebar) && router().collapsed());
+    router().setFoldable(false);
+    QVERIFY(!command(sidebar));
     QVERIFY(!ids.contains(u"workspace.a"_s));
     f->api.expect(u"PUT /api/v1/auth/me/workspace"_s);
     QVERIFY(run(u"B"_s));

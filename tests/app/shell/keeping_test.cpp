@@ -20,6 +20,7 @@ namespace {
 
 const auto campaigns = u"GET /campaigns"_s;
 const auto get = u"GET /campaigns/c1"_s;
+const auto pausing = u"POST /campaigns/c1/pause"_s;
 const auto put = u"PUT /campaigns/c1/steps"_s;
 const auto add = u"POST /campaigns/c1/leads"_s;
 const auto methods = u"GET /api/v1/auth/methods"_s;
@@ -76,6 +77,12 @@ class KeepingTest : public QObject {
     page().ensureLoaded();
     f->api.answer(get, campaign(body, version));
   }
+  void loadList() {
+    f->api.expect(campaigns);
+    app->session()->store<CampaignsStore>()->ensureLoaded();
+    f->api.answer(campaigns, R"({"items":[{"id":"c1","name":"Fair","status":"running","createdAt":"","senders":1,)"
+                             R"("steps":1,"leads":1,"sent":0,"replied":0,"positive":0,"bounced":0,"tags":[]}]})");
+  }
   void crash() {
     app.reset();
     settle();
@@ -127,13 +134,9 @@ class KeepingTest : public QObject {
     signIn();
     load();
     const QPointer<CampaignStore> kept = &page();
-    f->api.expect(campaigns);
-    app->session()->store<CampaignsStore>()->ensureLoaded();
-    f->api.answer(campaigns, R"({"items":[{"id":"c1","name":"Fair","status":"running","createdAt":"","senders":1,)"
-                             R"("steps":1,"leads":1,"sent":0,"replied":0,"positive":0,"bounced":0,"tags":[]}]})");
-    const auto pause = u"POST /campaigns/c1/pause"_s;
+    loadList();
     const auto act = [&] {
-      f->api.expect(pause);
+      f->api.expect(pausing);
       app->session()->store<CampaignsStore>()->pause(u"c1"_s);
       Q_EMIT f->memoryPressure.pressure();
       settle();
@@ -145,19 +148,52 @@ class KeepingTest : public QObject {
     f->clock.advance(Departure::patience);
     QCOMPARE(app->departure()->text(), u"A change is still being sent."_s);
     QVERIFY(app->isFinishing());
-    f->api.fail(pause, {TransportFailure::unreachable, false});
+    f->api.fail(pausing, {TransportFailure::unreachable, false});
     settle();
     QVERIFY2(closable.isEmpty() && !app->departure()->saving(), "who is told of a failure stays to read it");
     QVERIFY(!app->toasts()->toasts().isEmpty());
     QVERIFY2(!kept, "it goes once nothing is under way");
 
-    f->api.expect(pause);
+    f->api.expect(pausing);
     app->session()->store<CampaignsStore>()->pause(u"c1"_s);
     QVERIFY(!app->mayClose());
-    f->api.answer(pause, campaign(u"old"_s, 8));
+    f->api.answer(pausing, campaign(u"old"_s, 8));
     settle();
     QCOMPARE(closable.count(), 1);
     QVERIFY(!app->isFinishing());
+  }
+
+  void aFormThatIsBeingSavedIsWaitedFor() {
+    signIn();
+    load();
+    page().settings()->draft()->set(u"gap"_s, u"9"_s);
+    const auto patch = u"PATCH /campaigns/c1"_s;
+    f->api.expect(patch);
+    page().settings()->save();
+    QSignalSpy closable(app.get(), &AppModel::closable);
+    QVERIFY(!app->mayClose());
+    QVERIFY2(!app->overlays()->asking(), "its button has been pressed");
+    f->api.answer(patch, campaign(u"old"_s, 8));
+    settle();
+    QCOMPARE(closable.count(), 1);
+  }
+
+  void whatCannotBeSavedIsToldOnce() {
+    signIn();
+    load();
+    loadList();
+    page().settings()->draft()->set(u"gap"_s, u"9"_s);
+    const QString told = page().unsavedWork().first();
+    Q_EMIT f->memoryPressure.pressure();
+    settle();
+    const auto& toasts = app->toasts()->toasts();
+    QCOMPARE(std::ranges::count(toasts, told, &Toasts::Toast::message), 1);
+    app->toasts()->dismiss(toasts.last().id);
+    f->api.expect(pausing);
+    app->session()->store<CampaignsStore>()->pause(u"c1"_s);
+    f->api.answer(pausing, campaign(u"old"_s, 8));
+    settle();
+    QVERIFY2(std::ranges::count(toasts, told, &Toasts::Toast::message) == 0, "other changes say nothing new of it");
   }
 
   void whoStaysDoesNotStartAgain() {

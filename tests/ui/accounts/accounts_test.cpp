@@ -101,6 +101,39 @@ class AccountsWindowTest : public ui::WindowTest {
     QTRY_VERIFY2(rowHasFocus(), "the focus is back where it was");
   }
 
+  void everyInboxOfADomainIsReachedByKeyboard() {
+    open();
+    AddAccount& adding = *accounts().adding();
+    adding.show();
+    m_stage->settle();
+    adding.choose(u"google"_s);
+    adding.setAdmin(u"it@fleet.example"_s);
+    GoogleConnect& google = *adding.google();
+    for (int asked = 0; asked < 8 && google.stage() != GoogleConnect::Stage::directory; ++asked) {
+      google.find(adding.admin());
+      m_stage->settle();
+    }
+    QCOMPARE(google.stage(), GoogleConnect::Stage::directory);
+    const auto isRow = [this] { return focused() && focused()->property("picked").isValid(); };
+    for (int stops = 0; stops < 12 && !isRow(); ++stops) press(Qt::Key_Tab);
+    QStringList reached;
+    for (int row = 0; row < google.inboxes()->rowCount(); ++row, press(Qt::Key_Down)) {
+      QVERIFY(isRow());
+      reached.append(focused()->property("address").toString());
+      const int picked = google.pickedCount();
+      press(Qt::Key_Space);
+      QCOMPARE(google.pickedCount() != picked, !focused()->property("existing").toBool());
+    }
+    QVERIFY(reached.size() > 7);
+    QCOMPARE(reached.removeDuplicates(), 0);
+    press(Qt::Key_Tab);
+    QVERIFY2(!isRow(), "one stop for all of them");
+    press(Qt::Key_Backtab);
+    QVERIFY(isRow());
+    press(Qt::Key_Backtab);
+    QVERIFY(!isRow());
+  }
+
   void whatIsSeenIsHeard() {
     open();
     QTRY_VERIFY(table());

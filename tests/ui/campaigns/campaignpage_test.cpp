@@ -1,4 +1,5 @@
 #include "app/campaigns/CampaignStore.h"
+#include "tests/ui/support/Reader.h"
 #include "tests/ui/support/WindowTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -68,6 +69,26 @@ class CampaignPageTest : public ui::WindowTest {
       m_stage->settle();
       QVERIFY_THROWS_EXCEPTION(StageTrouble, m_stage->press(u"Save"_s));
     }
+  }
+
+  void whyASaveFailedIsToldOnce() {
+    CampaignStore& campaign = open(u"running"_s, u"sequence"_s);
+    SequenceAutosave& autosave = *campaign.sequence()->autosave();
+    ui::Reader::listen();
+    m_stage->transport().mode = StagedTransport::Mode::offline;
+    campaign.sequence()->setBody(u"Hi again"_s);
+    press(Qt::Key_S, Qt::ControlModifier);
+    QStringList told;
+    const auto isTold = [&](const QString& text) {
+      const QString now = ui::Reader::noticeIn(m_stage->window().contentItem());
+      if (!told.contains(now)) told.append(now);
+      return !text.isEmpty() && told.contains(text);
+    };
+    QTRY_VERIFY(isTold(u"Not saved"_s));
+    QTRY_VERIFY(isTold(autosave.failure()));
+    QCOMPARE(told.filter(autosave.message()), QStringList{autosave.failure()});
+    ui::Reader::heard();
+    m_stage->transport().mode = StagedTransport::Mode::passing;
   }
 
   void sectionsAreLedToFromAnywhere() {

@@ -42,6 +42,10 @@ class ProofWallWindowTest : public ui::WindowTest {
     QCOMPARE(place(), 0);
     press(Qt::Key_End);
     QCOMPARE(place(), 11);
+    press(Qt::Key_PageUp);
+    QCOMPARE(place(), 2);
+    press(Qt::Key_PageDown);
+    QCOMPARE(place(), 11);
 
     // To the text for that very lead, and back to the place on the wall.
     const QString lead = wall().current();

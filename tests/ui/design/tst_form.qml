@@ -38,6 +38,12 @@ TestCase {
             text: "Tick"
         }
 
+        Item {
+            id: unfolded
+            width: 1
+            height: 100
+        }
+
         Repeater {
             model: 8
 
@@ -61,6 +67,8 @@ TestCase {
 
     function init() {
         wrong = problem = "";
+        unfolded.visible = false;
+        Announcer.waiting = [];
         tick.checked = false;
         outside.forceActiveFocus(Qt.TabFocusReason);
         form.reveal(findChild(form, "field0"));
@@ -98,10 +106,35 @@ TestCase {
         compare(isSeen(field), !data.seen);
     }
 
+    function test_whoWritesOnIsNotLedBackToWhatWasSaid() {
+        const field = findChild(form, "field7");
+        field.forceActiveFocus(Qt.TabFocusReason);
+        tone = "negative";
+        problem = "The service said no.";
+        tryVerify(() => isSeen(notice));
+        keyClick("a");
+        unfolded.visible = true;
+        waitForRendering(form);
+        verify(isSeen(field));
+    }
+
+    function test_theScrollBarLeavesBehindWhatWasFollowed() {
+        findChild(form, "field0").forceActiveFocus(Qt.TabFocusReason);
+        mouseDrag(form, form.width - 4, 10, 0, 200);
+        const at = Math.round(form.contentY);
+        verify(at > 100);
+        unfolded.visible = true;
+        waitForRendering(form);
+        compare(Math.round(form.contentY), at);
+    }
+
     function test_keysScroll() {
         const first = findChild(form, "field0");
         first.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_PageDown);
+        verify(!isSeen(first));
+        unfolded.visible = true;
+        waitForRendering(form);
         verify(!isSeen(first));
         keyClick(Qt.Key_PageUp);
         verify(isSeen(first));
@@ -120,6 +153,11 @@ TestCase {
         mouseClick(tick, 5, tick.height - 5);
         verify(tick.checked);
         verify(!isSeen(tick));
+
+        const at = form.contentY;
+        unfolded.visible = true;
+        waitForRendering(form);
+        compare(form.contentY, at);
     }
 
     function test_theFirstWrongFieldIsInSightWithItsMessage_data() {

@@ -2,7 +2,7 @@ import QtQuick
 import QtTest
 import Orvella.Design
 
-/// A link's words in little room.
+/// A link in little room, and under a key that is held.
 TestCase {
     id: root
 
@@ -26,6 +26,20 @@ TestCase {
         const path = createTemporaryObject(link, root, {text: "https://" + longestHost + "/" + "a".repeat(1500), mostLines: 8});
         verify(path.contentItem.truncated && path.contentItem.lineCount === 8);
         compare(path.Accessible.name, path.text);
+    }
+
+    function test_heldDownItActsOnce_data() {
+        return [{tag: "Enter", key: Qt.Key_Return}, {tag: "Space", key: Qt.Key_Space}];
+    }
+    function test_heldDownItActsOnce(data) {
+        let clicks = 0;
+        const item = createTemporaryObject(link, root, {text: "Send it again"});
+        item.clicked.connect(() => ++clicks);
+        item.forceActiveFocus(Qt.TabFocusReason);
+        keyPress(data.key);
+        hand.hold(root, data.key);
+        keyRelease(data.key);
+        compare(clicks, 1);
     }
 
     function test_wordsStayOnOneLine() {

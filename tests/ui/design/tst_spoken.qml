@@ -136,6 +136,16 @@ TestCase {
         id: fixedNotice
         Item { OrvNotice { visible: root.problem !== ""; text: "Couldn’t load. " + root.problem } }
     }
+    Component {
+        id: wrappedNotice
+        Item {
+            Item {
+                id: wrapper
+                visible: root.problem !== ""
+                OrvNotice { shownBy: wrapper; text: root.problem }
+            }
+        }
+    }
     Component { id: fieldError; Item { FieldError { text: root.problem } } }
     Component { id: wrongField; OrvField { label: "Name"; error: root.problem } }
     Component {
@@ -157,6 +167,7 @@ TestCase {
         return [
             {tag: "notice", make: notice},
             {tag: "notice that is shown", make: fixedNotice, says: "Couldn’t load. It failed."},
+            {tag: "notice with something beside it", make: wrappedNotice},
             {tag: "group", make: fieldError}, {tag: "field", make: wrongField, act: item => item.forceActiveFocus()},
             {tag: "dialog", make: dialog, act: item => item.popup.open()},
             {tag: "why it cannot be confirmed", make: unready, act: item => item.popup.open()}
@@ -174,14 +185,22 @@ TestCase {
             tryVerify(() => Announcer.waiting.length === 0 && told.length > again);
             problem = "";
         }
-        compare(told, Array(2).fill(data.says ?? "It failed."));
+        const says = data.says ?? "It failed.";
+        compare(told, [says, says]);
+        // And what takes its place.
+        problem = "It failed.";
+        tryVerify(() => Announcer.waiting.length === 0 && told.length > 2);
+        problem = "It failed. Twice.";
+        tryVerify(() => Announcer.waiting.length === 0 && told.length > 3);
+        compare(told.slice(2), [says, says + " Twice."]);
         item.popup?.close();
     }
 
     /// Nor does whoever hides a page and shows it again hear what is wrong with it once more.
     function test_whatAPageIsMadeWithIsNotTold_data() {
         return [{tag: "notice", make: notice}, {tag: "notice that is shown", make: fixedNotice},
-                {tag: "group", make: fieldError}, {tag: "dialog", make: dialog}];
+                {tag: "group", make: fieldError}, {tag: "dialog", make: dialog},
+                {tag: "notice with something beside it", make: wrappedNotice}];
     }
     function test_whatAPageIsMadeWithIsNotTold(data) {
         problem = "It failed.";

@@ -148,6 +148,14 @@ class TasksTest : public ui::WindowTest {
     for (int stops = 0; stops < 4 && !isLine(focused()); ++stops) press(Qt::Key_Tab);
     press(Qt::Key_Down);
     QCOMPARE(focused()->property("text").toString(), lines[1]);
+    press(Qt::Key_PageDown);
+    QVERIFY(lines.indexOf(focused()->property("text").toString()) > 5);
+    press(Qt::Key_PageUp);
+    QCOMPARE(focused()->property("text").toString(), lines[1]);
+    press(Qt::Key_End);
+    QCOMPARE(focused()->property("text").toString(), lines.last());
+    press(Qt::Key_Home);
+    QCOMPARE(focused()->property("text").toString(), lines.first());
     press(Qt::Key_Return);
     QVERIFY(!jobs.shown());
   }

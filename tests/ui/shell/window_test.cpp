@@ -244,6 +244,12 @@ class WindowTest : public QObject {
     press(Qt::Key_Question);
     QVERIFY(router->shortcutsOpen());
     m_stage->settle();
+    // Held, it is not pressed anew.
+    for (int again = 0; again < 3; ++again) {
+      QTest::simulateEvent(&m_stage->window(), true, Qt::Key_Question, {}, u"?"_s, true);
+      m_stage->settle();
+      QVERIFY(router->shortcutsOpen());
+    }
     const double before = scrolled();
     QVERIFY(before > 0);
     press(Qt::Key_PageDown);
