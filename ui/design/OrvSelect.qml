@@ -40,9 +40,12 @@ FocusScope {
 
     /// It leads to a choice or, by a slip, out of the word that led to one: none of the page's keys.
     function isForChoice(text: string, modifiers: int): bool {
+        if (!typeAhead.takes(text, modifiers))
+            return false;
         const isLetter = text.toLowerCase() !== text.toUpperCase();
-        return typeAhead.takes(text, modifiers)
-            && (typeAhead.typed !== "" && isLetter || keyNamed(typeAhead.typed + text.toLowerCase()) !== "");
+        if (isLetter && typeAhead.typed !== "")
+            return true;
+        return keyNamed(typeAhead.typed + text.toLowerCase()) !== "";
     }
 
     function keyNamed(typed: string): string {
