@@ -105,6 +105,12 @@ void walk(const Part& part, QSet<QObject*>& known, QList<Part>& parts) {
   }
 }
 
+bool isOwn(const Part& part, const QMetaProperty& property) {
+  // They count unread mail as the badges do, of which each client hears at its own minute.
+  const bool isOfBadges = part.path.endsWith("threads"_L1) && qstrcmp(property.name(), "tabs") == 0;
+  return isOfBadges || ownToEachClient.contains(property.name());
+}
+
 }  // namespace
 
 QList<Part> partsOf(QObject& root) {
@@ -123,7 +129,7 @@ Reading readingOf(QObject& root) {
       continue;
     const QString prefix = part.path.isEmpty() ? QString() : part.path + u'.';
     for (const QMetaProperty& property : propertiesOf(*part.object))
-      if (!isObject(property) && !ownToEachClient.contains(property.name()))
+      if (!isObject(property) && !isOwn(part, property))
         reading.insert(prefix + QLatin1StringView(property.name()), textOf(property.read(part.object)));
     if (const auto* model = qobject_cast<QAbstractItemModel*>(part.object)) readRows(part.path, *model, reading);
   }
