@@ -2,6 +2,7 @@
 
 #include "app/accounts/AccountTexts.h"
 #include "app/base/shownName.h"
+#include "app/base/wayTo.h"
 #include "kit/models/mailboxes/mailboxRequests.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -149,10 +150,7 @@ void AccountSettings::tell(const QString& problem) {
   services().toasts.show({.message = problem,
                           .tone = Toasts::Tone::error,
                           .actionLabel = u"Open"_s,
-                          .action =
-                              [there = context().weak_from_this(), id = m_id] {
-                                if (const auto open = there.lock()) open->openItem(Page::accounts, id);
-                              },
+                          .action = wayTo(context(), Page::accounts, m_id),
                           .detail = shownName(m_account.value()->address)});
 }
 

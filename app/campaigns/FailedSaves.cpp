@@ -1,6 +1,7 @@
 #include "app/campaigns/FailedSaves.h"
 
 #include "app/base/shownName.h"
+#include "app/base/wayTo.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,10 +33,7 @@ bool FailedSaves::tell(const QString& why) const {
       {.message = u"“%1” has unsaved changes"_s.arg(campaign ? shownName(campaign->name) : QString()),
        .tone = Toasts::Tone::error,
        .actionLabel = u"Open"_s,
-       .action =
-           [there = m_workspace.weak_from_this(), id = m_id] {
-             if (const auto open = there.lock()) open->openItem(Page::campaigns, id);
-           },
+       .action = wayTo(m_workspace, Page::campaigns, m_id),
        .detail = why});
   return true;
 }

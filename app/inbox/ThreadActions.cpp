@@ -2,6 +2,7 @@
 
 #include "app/base/Undo.h"
 #include "app/base/shownName.h"
+#include "app/base/wayTo.h"
 #include "app/inbox/addresses.h"
 #include "kit/models/inbox/inboxRequests.h"
 #include "kit/models/inbox/inboxWords.h"
@@ -237,9 +238,7 @@ void ThreadActions::tellDrafted(const InboxThread& thread) {
   services().toasts.show({.message = u"The draft for %1 is ready"_s.arg(shownName(contactOf(thread))),
                           .tone = Toasts::Tone::success,
                           .actionLabel = u"Open"_s,
-                          .action = [there = context().weak_from_this(), id = thread.id] {
-                            if (const auto open = there.lock()) open->openItem(Page::inbox, id);
-                          }});
+                          .action = wayTo(context(), Page::inbox, thread.id)});
 }
 
 /// The last sending has an unknown end. Nothing goes out twice: the thread says whether it arrived.

@@ -105,10 +105,13 @@ void walk(const Part& part, QSet<QObject*>& known, QList<Part>& parts) {
   }
 }
 
-bool isOwn(const Part& part, const QMetaProperty& property) {
-  // They count unread mail as the badges do, of which each client hears at its own minute.
-  const bool isOfBadges = part.path.endsWith("threads"_L1) && qstrcmp(property.name(), "tabs") == 0;
-  return isOfBadges || ownToEachClient.contains(property.name());
+QVariant comparedOf(const Part& part, const QMetaProperty& property) {
+  const QVariant value = property.read(part.object);
+  if (!part.path.endsWith("threads"_L1) || qstrcmp(property.name(), "tabs") != 0) return value;
+  // Unread mail is counted as the badges do, of which each client hears at its own minute.
+  auto tabs = value.value<QList<Choice>>();
+  tabs.removeIf([](const Choice& tab) { return tab.key == "unread"_L1; });
+  return QVariant::fromValue(tabs);
 }
 
 }  // namespace
@@ -129,8 +132,8 @@ Reading readingOf(QObject& root) {
       continue;
     const QString prefix = part.path.isEmpty() ? QString() : part.path + u'.';
     for (const QMetaProperty& property : propertiesOf(*part.object))
-      if (!isObject(property) && !isOwn(part, property))
-        reading.insert(prefix + QLatin1StringView(property.name()), textOf(property.read(part.object)));
+      if (!isObject(property) && !ownToEachClient.contains(property.name()))
+        reading.insert(prefix + QLatin1StringView(property.name()), textOf(comparedOf(part, property)));
     if (const auto* model = qobject_cast<QAbstractItemModel*>(part.object)) readRows(part.path, *model, reading);
   }
   return reading;
