@@ -79,6 +79,12 @@ struct Review : AppFixture {
 
 QString post(const QString& id, const QString& verb) { return u"POST /inbox/drafts/%1/%2"_s.arg(id, verb); }
 
+/// What training ends in: a rule that rewrote one of the drafts.
+QJsonObject briefRule() {
+  const char* const answer = R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})";
+  return QJsonDocument::fromJson(answer).object();
+}
+
 }  // namespace
 
 class ReviewTest : public QObject {
@@ -211,9 +217,7 @@ class ReviewTest : public QObject {
   void aRuleRewritesWhatWaits() {
     Review f;
     f.service.trainingAfter = 0;
-    f.service.training =
-        QJsonDocument::fromJson(R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})")
-            .object();
+    f.service.training = briefRule();
     f.queue().list()->appear();
     f.store->conversation()->detail()->appear();
     f.store->chooseStyle(u"casual"_s);
@@ -629,9 +633,7 @@ class ReviewTest : public QObject {
   void eachDecisionIsFollowed() {
     Review f;
     f.service.trainingAfter = 4;
-    f.service.training =
-        QJsonDocument::fromJson(R"({"done":true,"lesson":{"id":"l1","text":"Be brief.","times":1},"refreshed":1})")
-            .object();
+    f.service.training = briefRule();
     f.queue().list()->appear();
     f.decide(u"skip"_s);
     f.clock.advance(1s);
